@@ -1,0 +1,26 @@
+# korvel_room(TARGET FOLDER folder HEADERS ... SOURCES ... LINKS ...)
+#
+# One room of the house as a static library. Its headers are seen through an include
+# folder of its own that holds links to them and nothing else, so that
+# #include "folder/Header.h" compiles only where the room is linked: an arrow that the
+# design does not have is a compile error.
+function(korvel_room target)
+  cmake_parse_arguments(ROOM "" "FOLDER" "HEADERS;SOURCES;LINKS" ${ARGN})
+  set(view ${CMAKE_BINARY_DIR}/include/${target})
+  file(REMOVE_RECURSE ${view})
+  foreach(header IN LISTS ROOM_HEADERS)
+    get_filename_component(absolute ${header} ABSOLUTE)
+    get_filename_component(name ${header} NAME)
+    file(MAKE_DIRECTORY ${view}/${ROOM_FOLDER})
+    file(CREATE_LINK ${absolute} ${view}/${ROOM_FOLDER}/${name} COPY_ON_ERROR SYMBOLIC)
+  endforeach()
+  if(ROOM_SOURCES)
+    add_library(${target} STATIC ${ROOM_SOURCES})
+    target_include_directories(${target} PUBLIC ${view})
+    target_link_libraries(${target} PUBLIC ${ROOM_LINKS} PRIVATE korvel_warnings)
+  else()
+    add_library(${target} INTERFACE)
+    target_include_directories(${target} INTERFACE ${view})
+    target_link_libraries(${target} INTERFACE ${ROOM_LINKS})
+  endif()
+endfunction()

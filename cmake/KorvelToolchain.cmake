@@ -1,0 +1,26 @@
+# Language level, warnings and sanitizers: the same for every room.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(THREADS_PREFER_PTHREAD_FLAG ON)
+find_package(Threads REQUIRED)
+
+add_library(korvel_warnings INTERFACE)
+target_compile_options(korvel_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wformat=2 -Wimplicit-fallthrough)
+
+# A fused multiply-add would round differently from machine to machine; results
+# must be the same wherever the program runs.
+add_compile_options(-ffp-contract=off)
+
+if(KORVEL_SANITIZE)
+  add_compile_options(-fsanitize=${KORVEL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${KORVEL_SANITIZE})
+endif()
+if(KORVEL_BUILD_FUZZ)
+  # Coverage feedback for every room; only the targets themselves link the fuzzer's main.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+
+namespace korvel {
+
+/// Calendar time in the user's time zone.
+struct LocalTime {
+    int year = 1970;
+    int month = 1;  ///< 1 to 12
+    int day = 1;    ///< 1 to 31
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+
+    friend bool operator==(const LocalTime&, const LocalTime&) = default;
+};
+
+/// Source of ticks and of the time of day. Whoever needs either is handed a Clock, so that tests
+/// and the headless flight run on a virtual one. Implementations may be called from any thread.
+class Clock {
+ public:
+    Clock() = default;
+    Clock(const Clock&) = delete;
+    Clock& operator=(const Clock&) = delete;
+    virtual ~Clock() = default;
+
+    /// Milliseconds since an arbitrary start; never runs backwards and is always above 0.
+    virtual std::int64_t tickMs() const = 0;
+
+    /// Whole seconds since 1970-01-01T00:00:00 UTC by the wall clock, which the user may set.
+    virtual std::int64_t unixSeconds() const = 0;
+
+    /// The wall clock in the user's time zone.
+    virtual LocalTime localNow() const = 0;
+};
+
+}  // namespace korvel

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+#include <vector>
+
+namespace korvel {
+
+/// The folder the settings file lives in: the executable's own when it can be written, else the
+/// user's configuration folder for this program (created when missing). No trailing separator.
+std::filesystem::path programFolder();
+
+/// The folder of the running executable, writable or not; its `data` folder holds what the
+/// program brings with it.
+std::filesystem::path executableFolder();
+
+/// The user's documents folder, or an empty path on a system that has none.
+std::filesystem::path documentsFolder();
+
+/// Full paths of the regular files in `folder` whose names match `pattern` ("*" stands for any run
+/// of characters, letters compare without regard to ASCII case), in ascending byte order of their
+/// names. Empty when the folder cannot be read.
+std::vector<std::filesystem::path> findFiles(const std::filesystem::path& folder,
+                                             std::string_view pattern);
+
+}  // namespace korvel

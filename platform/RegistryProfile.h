@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace korvel {
+
+/// The per-user application profile under the company key: the fallback store of the settings.
+/// Main thread only.
+class RegistryProfile {
+ public:
+    RegistryProfile() = default;
+    RegistryProfile(const RegistryProfile&) = delete;
+    RegistryProfile& operator=(const RegistryProfile&) = delete;
+    virtual ~RegistryProfile() = default;
+
+    virtual int getInt(std::string_view section, std::string_view name, int fallback) = 0;
+    virtual std::string getString(std::string_view section, std::string_view name,
+                                  std::string_view fallback) = 0;
+    virtual void setInt(std::string_view section, std::string_view name, int value) = 0;
+    virtual void setString(std::string_view section, std::string_view name,
+                           std::string_view value) = 0;
+};
+
+/// The system's own profile: the registry on Windows. Elsewhere there is none: reads return the
+/// fallback and writes are dropped.
+std::unique_ptr<RegistryProfile> openRegistryProfile();
+
+}  // namespace korvel
