@@ -38,14 +38,14 @@ struct Segment {
 enum class PenStyle : std::uint8_t { Solid, Dash, Dot };
 
 struct Pen {
-    Color color = 0;
+    ColorValue color = 0;
     double width = 1;  ///< pixels
     PenStyle style = PenStyle::Solid;
 };
 
 /// A solid fill; `opacity` runs from 0 (nothing) to 1.
 struct Brush {
-    Color color = 0;
+    ColorValue color = 0;
     double opacity = 1;
 };
 
@@ -66,10 +66,10 @@ enum class AlignY : std::uint8_t { Baseline, Middle, Top };
 
 struct TextStyle {
     Font font;
-    Color color = 0;
+    ColorValue color = 0;
     AlignX alignX = AlignX::Left;
     AlignY alignY = AlignY::Baseline;
-    std::optional<Color> halo;  ///< a one-pixel rim that keeps a label readable on the map
+    std::optional<ColorValue> halo;  ///< a one-pixel rim that keeps a label readable on the map
 };
 
 struct TextExtent {

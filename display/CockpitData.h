@@ -23,7 +23,8 @@ struct CockpitData {
     std::optional<int> altitudeFt;
 
     bool simulated = false;  ///< the position comes from the simulator
-    /// Connection status for the pilot, lines separated by "\n"; empty while the receiver has a fix.
+    /// Connection status for the pilot, lines separated by "\n"; empty while the receiver has a
+    /// fix.
     std::string status;
     /// A passing message ("Auto-zoom/view disabled for 30 secs."); empty for none.
     std::string message;

@@ -5,13 +5,13 @@
 namespace korvel {
 
 /// Red in the low byte, then green, then blue; the top byte is zero.
-using Color = std::uint32_t;
+using ColorValue = std::uint32_t;
 
-constexpr Color Rgb(unsigned red, unsigned green, unsigned blue) {
+constexpr ColorValue Rgb(unsigned red, unsigned green, unsigned blue) {
     return (red & 0xFFU) | ((green & 0xFFU) << 8U) | ((blue & 0xFFU) << 16U);
 }
-constexpr unsigned RedOf(Color color) { return color & 0xFFU; }
-constexpr unsigned GreenOf(Color color) { return (color >> 8U) & 0xFFU; }
-constexpr unsigned BlueOf(Color color) { return (color >> 16U) & 0xFFU; }
+constexpr unsigned RedOf(ColorValue color) { return color & 0xFFU; }
+constexpr unsigned GreenOf(ColorValue color) { return (color >> 8U) & 0xFFU; }
+constexpr unsigned BlueOf(ColorValue color) { return (color >> 16U) & 0xFFU; }
 
 }  // namespace korvel
