@@ -69,7 +69,7 @@ struct TextStyle {
     ColorValue color = 0;
     AlignX alignX = AlignX::Left;
     AlignY alignY = AlignY::Baseline;
-    std::optional<ColorValue> halo;  ///< a one-pixel rim that keeps a label readable on the map
+    std::optional<ColorValue> halo{};  ///< a one-pixel rim that keeps a label readable on the map
 };
 
 struct TextExtent {
