@@ -10,7 +10,7 @@ fail() {
 step() { printf '\n== %s\n' "$*"; }
 
 packages_build="g++ cmake ninja-build zlib1g-dev libcli11-dev nlohmann-json3-dev qt6-base-dev"
-packages_test="$packages_build libgtest-dev libbenchmark-dev qt6-positioning-dev libsqlite3-dev"
+packages_test="$packages_build libgtest-dev libbenchmark-dev qt6-positioning-dev libsqlite3-dev locales"
 packages_fuzz="g++ cmake ninja-build clang libclang-rt-14-dev"
 packages_lint="clang-format clang-tidy"
 

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string_view>
+
+namespace korvel {
+
+// Distances are held in nautical miles, speeds in knots, altitudes in feet; these are the ways
+// out. The factors are the published definitions, as exact as they are written.
+
+inline constexpr double kStatuteMilesPerNm = 1.1507794;
+inline constexpr double kKilometresPerNm = 1.852;
+inline constexpr double kNmPerKilometre = 0.5399568;  ///< also km/h to knots
+inline constexpr double kMetresPerFoot = 0.3048;
+inline constexpr double kFeetPerMetre = 3.280839895013123;
+inline constexpr double kFeetPerNm = 6076.115485564304;
+/// Half a degree in radians: the cosine of the mean of two latitudes given in degrees is
+/// cos((latA + latB) * this).
+inline constexpr double kHalfDegreeInRadians = 0.008726646259971648;
+
+struct UnitLabels {
+    std::string_view distance;
+    std::string_view speed;
+};
+
+/// The unit of distances and speeds on the screen, one for the whole program: 1 statute miles, 2
+/// kilometres, anything else nautical miles. Set at start-up and when preferences are applied;
+/// main thread only.
+void SetDistanceUnit(int unit);
+int GetDistanceUnit();
+
+/// Nautical miles (or knots) in the unit in force, and its labels when the caller asks for them.
+double ConvertDistance(double nm, UnitLabels* labels = nullptr);
+
+}  // namespace korvel
