@@ -1,0 +1,63 @@
+#include "platform/Folders.h"
+
+#include <algorithm>
+#include <string>
+#include <system_error>
+#include <utility>
+
+namespace korvel {
+namespace {
+
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+/// Whether the whole of `name` matches; goes back to the last "*" only, which suffices since what
+/// stands before it has matched for good.
+bool matches(std::string_view name, std::string_view pattern) {
+    std::size_t n = 0;
+    std::size_t p = 0;
+    std::size_t star = std::string_view::npos;
+    std::size_t afterStar = 0;
+    while (n < name.size()) {
+        if (p < pattern.size() && pattern[p] == '*') {
+            star = p++;
+            afterStar = n;
+        } else if (p < pattern.size() && lower(pattern[p]) == lower(name[n])) {
+            ++p;
+            ++n;
+        } else if (star != std::string_view::npos) {
+            p = star + 1;
+            n = ++afterStar;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of('*', p) == std::string_view::npos;
+}
+
+}  // namespace
+
+std::vector<std::filesystem::path> findFiles(const std::filesystem::path& folder,
+                                             std::string_view pattern) {
+    std::vector<std::pair<std::string, std::filesystem::path>> found;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(folder, error);
+    while (!error && entry != std::filesystem::directory_iterator()) {
+        std::string name = entry->path().filename().string();
+        std::error_code unreadable;
+        if (matches(name, pattern) && entry->is_regular_file(unreadable)) {
+            found.emplace_back(std::move(name), entry->path());
+        }
+        entry.increment(error);
+    }
+    // char_traits<char> compares as unsigned bytes.
+    std::sort(found.begin(), found.end(),
+              [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<std::filesystem::path> paths;
+    paths.reserve(found.size());
+    for (auto& [name, path] : found) {
+        paths.push_back(std::move(path));
+    }
+    return paths;
+}
+
+}  // namespace korvel

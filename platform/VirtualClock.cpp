@@ -1,0 +1,64 @@
+#include "platform/VirtualClock.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace korvel {
+namespace {
+
+std::int64_t localMilliseconds(const LocalTime& local) {
+    using namespace std::chrono;
+    const sys_days day = year(local.year) / month(static_cast<unsigned>(local.month)) /
+                         std::chrono::day(static_cast<unsigned>(local.day));
+    const auto time = day + hours(local.hour) + minutes(local.minute) + seconds(local.second);
+    return duration_cast<milliseconds>(time.time_since_epoch()).count();
+}
+
+LocalTime calendar(std::int64_t localMs) {
+    using namespace std::chrono;
+    const sys_time<milliseconds> time{milliseconds(localMs)};
+    const auto midnight = floor<days>(time);
+    const year_month_day date(midnight);
+    const hh_mm_ss clock(floor<seconds>(time - midnight));
+    return {.year = int{date.year()},
+            .month = static_cast<int>(unsigned{date.month()}),
+            .day = static_cast<int>(unsigned{date.day()}),
+            .hour = static_cast<int>(clock.hours().count()),
+            .minute = static_cast<int>(clock.minutes().count()),
+            .second = static_cast<int>(clock.seconds().count())};
+}
+
+std::int64_t floorToSeconds(std::int64_t ms) {
+    return std::chrono::floor<std::chrono::seconds>(std::chrono::milliseconds(ms)).count();
+}
+
+}  // namespace
+
+VirtualClock::VirtualClock(const LocalTime& localStart, std::int64_t utcOffsetSeconds)
+    : state_(State{.localMs = localMilliseconds(localStart)}),
+      utcOffsetSeconds_(utcOffsetSeconds) {}
+
+std::int64_t VirtualClock::tickMs() const { return state_.lock()->tickMs; }
+
+std::int64_t VirtualClock::unixSeconds() const {
+    return floorToSeconds(state_.lock()->localMs) - utcOffsetSeconds_;
+}
+
+LocalTime VirtualClock::localNow() const { return calendar(state_.lock()->localMs); }
+
+void VirtualClock::advanceMs(std::int64_t ms) {
+    const std::int64_t step = std::max<std::int64_t>(ms, 0);
+    const auto state = state_.lock();
+    state->tickMs += step;
+    state->localMs += step;
+}
+
+void VirtualClock::setTickMs(std::int64_t tick) {
+    state_.lock()->tickMs = std::max<std::int64_t>(tick, 1);
+}
+
+void VirtualClock::setLocalNow(const LocalTime& local) {
+    state_.lock()->localMs = localMilliseconds(local);
+}
+
+}  // namespace korvel

@@ -1,0 +1,84 @@
+#include "platform/Event.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <cerrno>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace korvel {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+constexpr std::size_t kMaxWaited = 4;
+
+int descriptor(std::intptr_t native) { return static_cast<int>(native); }
+
+}  // namespace
+
+// The signal is the counter of an event descriptor, so that poll() can wait for it together with
+// a device.
+Event::Event(Reset reset) : native_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)), reset_(reset) {
+    if (native_ < 0) {
+        throw std::system_error(errno, std::generic_category(), "eventfd");
+    }
+}
+
+Event::~Event() { ::close(descriptor(native_)); }
+
+void Event::set() { ::eventfd_write(descriptor(native_), 1); }
+
+void Event::reset() {
+    eventfd_t count = 0;
+    ::eventfd_read(descriptor(native_), &count);
+}
+
+bool Event::isSet() const {
+    pollfd waited{.fd = descriptor(native_), .events = POLLIN, .revents = 0};
+    return ::poll(&waited, 1, 0) > 0;
+}
+
+bool Event::wait(milliseconds timeout) { return waitAny({this}, timeout).has_value(); }
+
+/// Whether a waiter may pass: of several at an automatic event, the one that resets it.
+bool Event::take() {
+    if (reset_ == Reset::Manual) {
+        return isSet();
+    }
+    eventfd_t count = 0;
+    return ::eventfd_read(descriptor(native_), &count) == 0;
+}
+
+std::optional<std::size_t> Event::waitAny(std::initializer_list<Event*> events,
+                                          milliseconds timeout) {
+    assert(events.size() <= kMaxWaited);
+    std::array<pollfd, kMaxWaited> waited{};
+    std::transform(events.begin(), events.end(), waited.begin(), [](const Event* event) {
+        return pollfd{.fd = descriptor(event->native_), .events = POLLIN, .revents = 0};
+    });
+    const bool limited = timeout != kInfinite;
+    const auto deadline = steady_clock::now() + (limited ? timeout : milliseconds(0));
+    for (;;) {
+        for (std::size_t i = 0; i < events.size(); ++i) {
+            if (events.begin()[i]->take()) {
+                return i;
+            }
+        }
+        int waitMs = -1;
+        if (limited) {
+            const auto left = std::chrono::ceil<milliseconds>(deadline - steady_clock::now());
+            if (left.count() <= 0) {
+                return std::nullopt;
+            }
+            waitMs = static_cast<int>(left.count());
+        }
+        ::poll(waited.data(), events.size(), waitMs);
+    }
+}
+
+}  // namespace korvel
