@@ -1,0 +1,58 @@
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "app/CommandLine.h"
+
+namespace korvel {
+namespace {
+
+std::string parse(const std::vector<std::string_view>& arguments, CommandLine& result) {
+    return parseCommandLine(arguments, result);
+}
+
+TEST(CommandLine, TakesEveryOptionInBothForms) {
+    CommandLine line;
+    EXPECT_EQ(parse({"trip.fp", "--replay=a.log", "--speed", "2.5", "--snapshot", "o.png", "--size",
+                     "800x480", "--after=0", "--page", "Map", "--scheme=<Night-Flight>", "--range",
+                     "25", "--profile-folder", "/tmp/p"},
+                    line),
+              "");
+    EXPECT_EQ(line.planFile, "trip.fp");
+    EXPECT_EQ(line.replayFile, "a.log");
+    EXPECT_EQ(line.speed, 2.5);
+    EXPECT_EQ(line.snapshotFile, "o.png");
+    EXPECT_EQ(line.width, 800);
+    EXPECT_EQ(line.height, 480);
+    EXPECT_EQ(line.afterSec, 0);
+    EXPECT_EQ(line.page, "Map");
+    EXPECT_EQ(line.scheme, "<Night-Flight>");
+    EXPECT_EQ(line.rangeNm, 25);
+    EXPECT_EQ(line.profileFolder, "/tmp/p");
+}
+
+TEST(CommandLine, SaysInOneLineWhatIsWrong) {
+    const std::vector<std::vector<std::string_view>> wrong = {
+        {"--speed", "0"},        {"--speed", "-1"},  {"--speed", "fast"},
+        {"--speed", "2x"},       {"--speed", "nan"}, {"--speed"},
+        {"--size", "800"},       {"--size", "800x"}, {"--size", "0x0"},
+        {"--size", "800x99999"}, {"--after", "-1"},  {"--after", "inf"},
+        {"--range", "2.5"},      {"--range", "0"},   {"--replay="},
+        {"--snapshot"},          {"--nonsense"},     {"--demo", "--replay", "a.log"},
+        {"a.fp", "b.fp"},
+    };
+    for (const auto& arguments : wrong) {
+        CommandLine line;
+        const std::string error = parse(arguments, line);
+        EXPECT_NE(error, "") << arguments.front();
+        EXPECT_EQ(error.find('\n'), std::string::npos);
+        EXPECT_NE(error.find(arguments.size() > 1 && !arguments.front().starts_with("--")
+                                 ? arguments.back()
+                                 : arguments.front().substr(0, 8)),
+                  std::string::npos)
+            << error;
+    }
+}
+
+}  // namespace
+}  // namespace korvel
