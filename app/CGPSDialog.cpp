@@ -1,0 +1,61 @@
+#include "app/CGPSDialog.h"
+
+#include <QPushButton>
+
+#include "app/PortSettings.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kOfferedPorts = 16;
+constexpr int kUsualBaud = 9600;
+
+}  // namespace
+
+CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings)
+    : Sheet(parent, QStringLiteral("GPS port"), QDialogButtonBox::Ok | QDialogButtonBox::Cancel) {
+    search_.setText(QStringLiteral("&Search all ports for the receiver"));
+    fixed_.setText(QStringLiteral("&Use this port and speed:"));
+    port_.setEditable(true);
+    hint_.setText(QStringLiteral("Most receivers send at 4800, 9600 or 38400 baud."));
+    for (int number = 1; number <= kOfferedPorts; ++number)
+        port_.addItem(QStringLiteral("COM%1").arg(number));
+    for (const int baud : {1200, 2400, 4800, 9600, 19200, 38400, 57600, 115200})
+        baud_.addItem(QString::number(baud), baud);
+    for (QWidget* row : std::initializer_list<QWidget*>{&search_, &fixed_, &port_, &baud_, &hint_})
+        addRow(*row);
+    setMinimumWidth(10 * kRowPixels);
+
+    const auto enable = [this] {
+        port_.setEnabled(fixed_.isChecked());
+        baud_.setEnabled(fixed_.isChecked());
+        buttons()
+            .button(QDialogButtonBox::Ok)
+            ->setEnabled(search_.isChecked() || !port_.currentText().trimmed().isEmpty());
+    };
+    connect(&fixed_, &QRadioButton::toggled, this, enable);
+    connect(&port_, &QComboBox::editTextChanged, this, enable);
+    fill(settings);
+    enable();
+}
+
+void CGPSDialog::fill(std::string_view settings) {
+    const auto current = parsePortSettings(settings);
+    search_.setChecked(!current);
+    fixed_.setChecked(current.has_value());
+    if (current)
+        port_.setCurrentText(QString::fromStdString(current->name));
+    const int baud = current ? current->baud : kUsualBaud;
+    if (baud_.findData(baud) < 0)
+        baud_.addItem(QString::number(baud), baud);
+    baud_.setCurrentIndex(baud_.findData(baud));
+}
+
+std::string CGPSDialog::settings() const {
+    if (search_.isChecked())
+        return {};
+    return formatPortSettings(
+        {port_.currentText().trimmed().toStdString(), baud_.currentData().toInt()});
+}
+
+}  // namespace korvel
