@@ -18,6 +18,9 @@ struct Row {
 constexpr std::array kTexts = {
     Row{TextId::AutoZoomDisabled, "Auto-zoom/view disabled for %d secs."},
     Row{TextId::AutoZoomEnabled, "Auto-zoom/view enabled"},
+    Row{TextId::NoGpsSignal, "No gps signal!"},
+    Row{TextId::ConnectingHelp, "Connecting to GPS...\nSelect Options.Simulator menu to test."},
+    Row{TextId::PositionLost, "POSITION LOST %s"},
     Row{TextId::DaySchemeName, "Default"},
     Row{TextId::NightSchemeName, "Night-Flight"},
 };

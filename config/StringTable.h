@@ -12,6 +12,9 @@ namespace korvel {
 enum class TextId : int {
     AutoZoomDisabled = 61100,  ///< %d: seconds
     AutoZoomEnabled = 61101,
+    NoGpsSignal = 61110,
+    ConnectingHelp = 61111,
+    PositionLost = 61112,  ///< %s: since when
     DaySchemeName = 61208,
     NightSchemeName = 61209,
 };
