@@ -117,7 +117,6 @@ CockpitData CKorvelDoc::collectData() {
     CockpitData data;
     data.status = status_;
     data.now = clock_.localNow();
-    data.gsUnit = settings_.gsUnit;
     data.altUnit = settings_.altUnit;
     collectFix(data);
     return data;

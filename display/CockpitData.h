@@ -45,8 +45,6 @@ struct CockpitData {
 
     LocalTime now;
     int altUnit = 0;  ///< 0 feet, 1 metres; the unit of speed and distance is the one in force
-    int gsUnit = 0;   ///< 0 knots and nautical miles, 1 statute, 2 metric
-    int altUnit = 0;  ///< 0 feet, 1 metres
 
     friend bool operator==(const CockpitData&, const CockpitData&) = default;
 };
