@@ -26,8 +26,15 @@ struct CockpitData {
     /// Connection status for the pilot, lines separated by "\n"; empty while the receiver has a
     /// fix.
     std::string status;
+    /// Bytes arrive from a receiver, with a fix or without. While none do, the status screen tells
+    /// how to go on without one.
+    bool receiverActive = false;
     /// A passing message ("Auto-zoom/view disabled for 30 secs."); empty for none.
     std::string message;
+
+    /// What the pilot must know about the charts at all times ("CHARTS EXPIRED 2013-05-02"), shown
+    /// at the map's edge; empty for nothing.
+    std::string databaseNotice;
 
     int fixQuality = 0;
     bool fix3D = false;
@@ -37,8 +44,9 @@ struct CockpitData {
     std::array<std::uint32_t, 12> satellites{};
 
     LocalTime now;
-    int gsUnit = 0;   ///< 0 knots and nautical miles, 1 statute, 2 metric
-    int altUnit = 0;  ///< 0 feet, 1 metres
+    int altUnit = 0;  ///< 0 feet, 1 metres; the unit of speed and distance is the one in force
+
+    friend bool operator==(const CockpitData&, const CockpitData&) = default;
 };
 
 }  // namespace korvel

@@ -14,4 +14,13 @@ constexpr unsigned RedOf(ColorValue color) { return color & 0xFFU; }
 constexpr unsigned GreenOf(ColorValue color) { return (color >> 8U) & 0xFFU; }
 constexpr unsigned BlueOf(ColorValue color) { return (color >> 16U) & 0xFFU; }
 
+/// `color` as it looks through a film of `over` that hides a share of it, 0 to 1.
+constexpr ColorValue blended(ColorValue color, ColorValue over, double share) {
+    const auto mix = [share](unsigned under, unsigned film) {
+        return static_cast<unsigned>(under * (1 - share) + film * share + 0.5);
+    };
+    return Rgb(mix(RedOf(color), RedOf(over)), mix(GreenOf(color), GreenOf(over)),
+               mix(BlueOf(color), BlueOf(over)));
+}
+
 }  // namespace korvel

@@ -12,6 +12,8 @@ inline constexpr double kNoAngle = 1000.0;
 struct GeoPoint {
     double lat = kNoPosition;
     double lon = kNoPosition;
+
+    friend bool operator==(const GeoPoint&, const GeoPoint&) = default;
 };
 
 /// True unless either coordinate holds kNoPosition exactly.

@@ -1,0 +1,160 @@
+#include "app/CKorvelDoc.h"
+
+#include <cmath>
+#include <utility>
+
+#include "nav/Geodesy.h"
+#include "nav/Units.h"
+
+namespace korvel {
+namespace {
+
+/// A value that was stored longer ago than this is not shown any more.
+constexpr std::int64_t kFreshMs = 5000;
+
+/// How long a port that was once found by scanning may stay without a fix's worth of data.
+constexpr std::int64_t kPortPatienceMs = 10000;
+
+/// Set beside "Port" when it was found by scanning, not chosen by the pilot.
+constexpr std::string_view kPortScanned = "PortScanned";
+
+/// Receivers send anything, also a latitude of 99 degrees.
+bool isOnEarth(GeoPoint point) {
+    return IsValid(point) && std::abs(point.lat) <= kPi / 2 && std::abs(point.lon) <= kPi;
+}
+
+bool isFresh(std::int64_t storedMs, std::int64_t nowMs) {
+    return storedMs != kNeverStored && nowMs - storedMs < kFreshMs;
+}
+
+}  // namespace
+
+CKorvelDoc::CKorvelDoc(const Foundations& foundations)
+    : profile_(foundations.profile),
+      clock_(foundations.clock),
+      settings_(loadSettings(foundations.profile)),
+      input_(foundations.clock, *this),
+      gpsPort_(foundations.openDevice, foundations.clock),
+      gyroPort_(foundations.openDevice, foundations.clock),
+      monitor_({gpsPort_, gyroPort_, *this, input_, *this, foundations.profile, foundations.clock}),
+      portFromScan_(foundations.profile.getInt(kOptionsSection, kPortScanned, 0) != 0),
+      lastConnectedMs_(foundations.clock.tickMs()) {
+    SetDistanceUnit(settings_.gsUnit);
+    monitor_.choosePort(portChoice(settings_.port));
+    data_ = collectData();
+}
+
+CKorvelDoc::~CKorvelDoc() {
+    gpsPort_.close();
+    gyroPort_.close();
+}
+
+void CKorvelDoc::tick() {
+    monitor_.gpsTick();
+    openGyroPort();
+    status_ = monitor_.connectionStatus(true);
+    reconsiderPort();
+    CockpitData data = collectData();
+    if (data != data_) {
+        data_ = std::move(data);
+        ++revision_;
+    }
+}
+
+void CKorvelDoc::applySettings(const Settings& changed) {
+    storeChangedSettings(profile_, settings_, changed);
+    const bool otherPort = changed.port != settings_.port;
+    settings_ = changed;
+    SetDistanceUnit(settings_.gsUnit);
+    if (otherPort) {
+        portFromScan_ = false;
+        profile_.setInt(kOptionsSection, kPortScanned, 0, true);
+        monitor_.choosePort(portChoice(settings_.port));
+    }
+    data_ = collectData();
+    ++revision_;
+}
+
+void CKorvelDoc::usePort(std::string settingsText) {
+    portFromScan_ = false;
+    monitor_.choosePort(portChoice(std::move(settingsText)));
+}
+
+void CKorvelDoc::onLine(SerialPort& /*port*/, std::string_view text) { input_.onSentence(text); }
+
+void CKorvelDoc::openGyroPort() {
+    if (settings_.viaGyro == 0 || settings_.portGyro.empty()) {
+        return;
+    }
+    if (gyroPort_.hasReadFailed()) {
+        gyroPort_.close();
+    }
+    const std::string text = settings_.portGyro + ":," + settings_.baudGyro + ",N,8,1";
+    // A failure shows as a silent receiver; the next tick tries again.
+    if (!gyroPort_.isOpen() && gyroPort_.open(text).empty()) {
+        gyroPort_.setListener(this);
+        gyroPort_.startThread();
+    }
+}
+
+void CKorvelDoc::reconsiderPort() {
+    const std::int64_t now = clock_.tickMs();
+    const GpsFix fix = input_.store().copy();
+    if ((fix.sentenceFlags & SentenceFlag::kChecksumCorrect) != 0) {
+        lastConnectedMs_ = now;
+    }
+    if (portFromScan_ && !monitor_.scanning() && now - lastConnectedMs_ >= kPortPatienceMs) {
+        portFromScan_ = false;
+        monitor_.choosePort(portChoice({}));
+    }
+}
+
+PortChoice CKorvelDoc::portChoice(std::string gps) const {
+    return {std::move(gps), settings_.viaGyro != 0, settings_.portGyro, settings_.baudGyro};
+}
+
+CockpitData CKorvelDoc::collectData() {
+    CockpitData data;
+    data.status = status_;
+    data.now = clock_.localNow();
+    data.altUnit = settings_.altUnit;
+    collectFix(data);
+    return data;
+}
+
+void CKorvelDoc::collectFix(CockpitData& data) {
+    constexpr std::int64_t kMsPerSecond = 1000;
+    const std::int64_t now = clock_.tickMs();
+    const GpsFix fix = input_.store().copy();
+    data.fixQuality = fix.fixQuality;
+    data.fix3D = fix.fix3D != 0;
+    data.satsInUse = fix.satsInUse;
+    data.satellites = fix.satellites;
+    if (input_.hasFix(false)) {
+        if (isFresh(fix.positionTickMs, now) && isOnEarth(fix.position)) {
+            data.position = fix.position;
+            lastPosition_ = fix.position;
+            lastPositionMs_ = fix.positionTickMs;
+        }
+        if (isFresh(fix.groundSpeedTickMs, now) && std::isfinite(fix.groundSpeedKt)) {
+            data.groundSpeedKt = fix.groundSpeedKt;
+        }
+        if (isFresh(fix.trackTickMs, now) && fix.trackMag != kNoAngle &&
+            std::isfinite(fix.trackMag)) {
+            data.trackMagDeg = fix.trackMag;
+            data.trackTrueDeg = input_.magneticToTrue(fix.trackMag);
+        }
+        if (isFresh(fix.altitudeTickMs, now)) {
+            data.altitudeFt = input_.correctedAltitudeFt();
+        }
+        if (!data.position && data.status.empty()) {
+            data.status = "No gps signal!";
+        }
+    }
+    if (lastPosition_) {
+        data.lastPosition = lastPosition_;
+        data.positionAgeSec = static_cast<int>((now - lastPositionMs_) / kMsPerSecond);
+    }
+}
+
+}  // namespace korvel

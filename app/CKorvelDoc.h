@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "config/ProfileFile.h"
+#include "config/Settings.h"
+#include "display/CockpitData.h"
+#include "gps/ConnectionMonitor.h"
+#include "gps/GpsInput.h"
+#include "gps/LineListener.h"
+#include "gps/SerialPort.h"
+#include "platform/Clock.h"
+#include "platform/SerialDevice.h"
+
+namespace korvel {
+
+/// The document: settings, receiver, fix and what is made of them. It knows no window and runs the
+/// same without one. Main thread only, but for onLine(), which the port's thread calls.
+class CKorvelDoc final : private LineListener, private GpsSurroundings {
+ public:
+    /// What it is built on; all of it outlives the document.
+    struct Foundations {
+        ProfileFile& profile;
+        const Clock& clock;
+        SerialDeviceOpener openDevice;
+    };
+
+    /// Reads all settings. The port is opened by the first tick.
+    explicit CKorvelDoc(const Foundations& foundations);
+    CKorvelDoc(const CKorvelDoc&) = delete;
+    CKorvelDoc& operator=(const CKorvelDoc&) = delete;
+    /// Closes the ports and ends their threads.
+    ~CKorvelDoc() override;
+
+    /// The half-second tick: decodes what has arrived, steps the connection, brings the data of
+    /// the pages up to date.
+    void tick();
+
+    /// What the pages show, as of the last tick.
+    const CockpitData& cockpitData() const { return data_; }
+    /// Grows whenever something in cockpitData() has changed.
+    std::uint64_t revision() const { return revision_; }
+
+    const Settings& settings() const { return settings_; }
+    /// Puts changed settings in force and into the profile, which reaches its file at exit. A port
+    /// among them counts as chosen by the pilot from now on.
+    void applySettings(const Settings& changed);
+
+    /// Reads this port in this run, whatever the settings say, and leaves them alone.
+    void usePort(std::string settingsText);
+
+    /// To be called at each tick while the satellites are looked at.
+    void wantSatellites() { input_.satellitesForDisplay(); }
+
+    void setTracing(bool on) { input_.store().setTracing(on); }
+    std::vector<std::string> takeTrace() { return input_.store().takeTrace(); }
+
+ private:
+    void onLine(SerialPort& port, std::string_view text) override;
+
+    bool ignoreReceiverVariation() const override { return settings_.ignoreMagVar != 0; }
+    std::string portSettings() const override { return gpsPort_.settings(); }
+    void writeToPort(std::string_view bytes) override { gpsPort_.write(bytes); }
+
+    void openGyroPort();
+    /// Goes back to scanning when a port that an earlier scan found stays silent.
+    void reconsiderPort();
+    PortChoice portChoice(std::string gps) const;
+    CockpitData collectData();
+    void collectFix(CockpitData& data);
+
+    ProfileFile& profile_;
+    const Clock& clock_;
+    Settings settings_;
+    GpsInput input_;
+    SerialPort gpsPort_;
+    SerialPort gyroPort_;
+    ConnectionMonitor monitor_;
+
+    std::string status_;  // of the connection, empty while there is a fix
+    bool portFromScan_;   // the port in use was found by an earlier run's scan
+    std::int64_t lastConnectedMs_;
+    std::optional<GeoPoint> lastPosition_;
+    std::int64_t lastPositionMs_ = 0;
+
+    CockpitData data_;
+    std::uint64_t revision_ = 1;
+};
+
+}  // namespace korvel

@@ -1,0 +1,169 @@
+#include "config/ProfileFile.h"
+
+#include <cstddef>
+#include <fstream>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+#include "config/TextBytes.h"
+#include "nav/TextNumbers.h"
+#include "platform/FileIo.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
+constexpr std::string_view kLineEnds = "\r\n";
+constexpr std::string_view kByteOrderMark = "\xFF\xFE";
+
+std::string_view trimLeft(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
+    return text;
+}
+
+std::string_view trimRight(std::string_view text) {
+    return text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
+}
+
+char withoutBit7(char byte) { return static_cast<char>(static_cast<unsigned char>(byte) & 0x7FU); }
+char withBit7(char byte) { return static_cast<char>(static_cast<unsigned char>(byte) | 0x80U); }
+
+std::string joinKey(std::string_view section, char separator, std::string_view name) {
+    std::string key(section);
+    key += separator;
+    key += name;
+    return key;
+}
+
+std::optional<int> readInt(std::string_view text) { return scanInt(text); }
+
+void parseLine(std::string_view line, ProfileEntries& entries) {
+    line = trimLeft(trimRight(line.substr(0, line.find(';'))));
+    if (line.empty())
+        return;
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos) {
+        entries.insert_or_assign(std::string(), std::string(line));
+        return;
+    }
+    entries.insert_or_assign(std::string(trimRight(line.substr(0, equals))),
+                             std::string(trimLeft(line.substr(equals + 1))));
+}
+
+}  // namespace
+
+ProfileEntries parseProfile(std::string_view bytes) {
+    std::string cleared(bytes);
+    const std::size_t start = bytes.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+    for (std::size_t i = start; i < cleared.size(); ++i)
+        cleared[i] = withoutBit7(cleared[i]);
+    const std::string text = decodeTextBytes(cleared);
+
+    ProfileEntries entries;
+    std::string_view rest = text;
+    while (!rest.empty()) {
+        // A CR LF counts as one break, but the empty line between the two would add nothing.
+        const std::size_t end = std::min(rest.find_first_of(kLineEnds), rest.size());
+        parseLine(rest.substr(0, end), entries);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return entries;
+}
+
+std::string formatProfile(const ProfileEntries& entries) {
+    std::string bytes;
+    for (const auto& [key, value] : entries) {
+        bytes += key;
+        bytes += '=';
+        bytes += value;
+        bytes += "\r\n";
+    }
+    for (char& byte : bytes)
+        byte = withBit7(byte);
+    return bytes;
+}
+
+ProfileFile::ProfileFile(const std::filesystem::path& folder, RegistryProfile& registry,
+                         std::string_view fileName)
+    : registry_(registry) {
+    const std::filesystem::path file = folder / fileName;
+    if (load(file))
+        path_ = file;
+}
+
+ProfileFile::~ProfileFile() { save(); }
+
+int ProfileFile::getInt(std::string_view section, std::string_view name, int fallback) {
+    const auto entry = entries_.find(joinKey(section, ':', name));
+    if (entry != entries_.end())
+        if (const std::optional<int> value = readInt(entry->second))
+            return *value;
+    const int value = registry_.getInt(section, name, fallback);
+    setInt(section, name, value, true);
+    return value;
+}
+
+void ProfileFile::setInt(std::string_view section, std::string_view name, int value,
+                         bool deferSave) {
+    entries_.insert_or_assign(joinKey(section, ':', name), formatInt(value));
+    if (!deferSave)
+        save();
+}
+
+std::string ProfileFile::getString(std::string_view section, std::string_view name,
+                                   std::string_view fallback) {
+    const auto entry = entries_.find(joinKey(section, '.', name));
+    if (entry != entries_.end())
+        return entry->second;
+    std::string value = registry_.getString(section, name, fallback);
+    setString(section, name, value, true);
+    return value;
+}
+
+void ProfileFile::setString(std::string_view section, std::string_view name, std::string_view value,
+                            bool deferSave) {
+    entries_.insert_or_assign(joinKey(section, '.', name), std::string(value));
+    if (!deferSave)
+        save();
+}
+
+bool ProfileFile::save() {
+    if (path_.empty()) {
+        saveToRegistry();
+        return true;
+    }
+    // Replacing the file would get around its own write protection, so that is asked first.
+    std::error_code failure;
+    if (std::filesystem::exists(path_, failure) &&
+        !std::fstream(path_, std::ios::in | std::ios::out | std::ios::binary).is_open())
+        return false;
+    return writeFileAtomically(path_, formatProfile(entries_));
+}
+
+bool ProfileFile::load(const std::filesystem::path& file) {
+    std::error_code failure;
+    if (!std::filesystem::exists(file, failure))
+        std::ofstream(file, std::ios::app | std::ios::binary).close();
+    const std::optional<std::string> bytes = readWholeFile(file);
+    if (!bytes)
+        return false;
+    entries_ = parseProfile(*bytes);
+    return true;
+}
+
+void ProfileFile::saveToRegistry() {
+    for (const auto& [key, value] : entries_) {
+        const std::string_view whole = key;
+        if (const std::size_t dot = whole.find('.'); dot != std::string_view::npos) {
+            registry_.setString(whole.substr(0, dot), whole.substr(dot + 1), value);
+            continue;
+        }
+        const std::size_t colon = whole.find(':');
+        const std::optional<int> number = readInt(value);
+        if (colon != std::string_view::npos && number)
+            registry_.setInt(whole.substr(0, colon), whole.substr(colon + 1), *number);
+    }
+}
+
+}  // namespace korvel

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "platform/RegistryProfile.h"
+
+namespace korvel {
+
+/// Every setting lies in this section.
+inline constexpr std::string_view kOptionsSection = "Options";
+
+/// Key text to value text. Integers lie under "section:name" in decimal, strings under
+/// "section.name": one section and name can have both, and existing files depend on that.
+using ProfileEntries = std::map<std::string, std::string, std::less<>>;
+
+/// The entries in the bytes of a profile file: one "key=value" a line, bit 7 of every byte set or
+/// clear. ';' starts a comment, white space around key and value does not count, a line without
+/// '=' is the value of the empty key, and the later of two equal keys stands.
+ProfileEntries parseProfile(std::string_view bytes);
+
+/// The same entries as the file holds them: CR LF behind each line, bit 7 of every byte set.
+std::string formatProfile(const ProfileEntries& entries);
+
+/// The program's settings store. What the file lacks is taken once from the registry profile, or
+/// from the caller's default, and is an entry from then on; it reaches the file with the next save.
+/// There is one for the program, made first and destroyed last. Main thread only.
+///
+/// The file keeps seven bits of each byte; values with ';', line ends or white space at their ends
+/// come back without them. Nothing here complains about that, callers do not store such values.
+class ProfileFile {
+ public:
+    /// Opens `fileName` in `folder` and creates it when it is missing. `registry` must outlive
+    /// this.
+    ProfileFile(const std::filesystem::path& folder, RegistryProfile& registry,
+                std::string_view fileName = "korvel.ini");
+    ProfileFile(const ProfileFile&) = delete;
+    ProfileFile& operator=(const ProfileFile&) = delete;
+    /// Saves.
+    ~ProfileFile();
+
+    /// The file in use; empty when it could not be opened, and then the registry is saved to.
+    const std::filesystem::path& path() const { return path_; }
+    const ProfileEntries& entries() const { return entries_; }
+
+    /// A value that does not begin with an integer counts as missing and is replaced.
+    int getInt(std::string_view section, std::string_view name, int fallback);
+    void setInt(std::string_view section, std::string_view name, int value, bool deferSave = false);
+
+    std::string getString(std::string_view section, std::string_view name,
+                          std::string_view fallback);
+    void setString(std::string_view section, std::string_view name, std::string_view value,
+                   bool deferSave = false);
+
+    /// False when the file cannot be written; it then keeps what it held.
+    bool save();
+
+ private:
+    bool load(const std::filesystem::path& file);
+    void saveToRegistry();
+
+    std::filesystem::path path_;
+    ProfileEntries entries_;
+    RegistryProfile& registry_;
+};
+
+}  // namespace korvel

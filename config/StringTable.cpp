@@ -1,0 +1,54 @@
+#include "config/StringTable.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+#include "nav/TextNumbers.h"
+
+namespace korvel {
+namespace {
+
+struct Row {
+    TextId id;
+    std::string_view text;
+};
+
+// In ascending order of the numbers.
+constexpr std::array kTexts = {
+    Row{TextId::AutoZoomDisabled, "Auto-zoom/view disabled for %d secs."},
+    Row{TextId::AutoZoomEnabled, "Auto-zoom/view enabled"},
+    Row{TextId::NoGpsSignal, "No gps signal!"},
+    Row{TextId::ConnectingHelp, "Connecting to GPS...\nSelect Options.Simulator menu to test."},
+    Row{TextId::PositionLost, "POSITION LOST %s"},
+    Row{TextId::DaySchemeName, "Default"},
+    Row{TextId::NightSchemeName, "Night-Flight"},
+};
+static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
+
+std::string argumentText(const TextArgument& argument) {
+    if (const int* number = std::get_if<int>(&argument))
+        return formatInt(*number);
+    return std::string(std::get<std::string_view>(argument));
+}
+
+}  // namespace
+
+std::string_view text(TextId id) {
+    const auto* row = std::ranges::lower_bound(kTexts, id, {}, &Row::id);
+    return row != kTexts.end() && row->id == id ? row->text : std::string_view{};
+}
+
+std::string formatText(TextId id, std::initializer_list<TextArgument> arguments) {
+    std::string result;
+    std::string_view pattern = text(id);
+    for (const TextArgument& argument : arguments) {
+        const std::size_t place = std::min(pattern.find('%'), pattern.size());
+        result += pattern.substr(0, place);
+        result += argumentText(argument);
+        pattern.remove_prefix(std::min(place + 2, pattern.size()));
+    }
+    return result += pattern;
+}
+
+}  // namespace korvel

@@ -1,0 +1,189 @@
+#include "display/FieldStrip.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <numeric>
+
+#include "display/MapColorCache.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kBorder = 1;
+constexpr double kPadding = 6;           // beside the value
+constexpr double kUnitShare = 0.46;      // of the value's type size
+constexpr double kUnitGap = 0.12;        // of the value's type size
+constexpr double kTallestCell = 150;     // in a column, where there is more room than use
+constexpr double kCapShare = 0.62;       // of the height below the header that capitals fill
+constexpr double kCapShareOfLine = 0.3;  // the same for each of two lines
+constexpr std::string_view kWidestUnit = "mph";
+
+Font valueFont(double height) { return {.height = height, .weight = FontWeight::Bold}; }
+Font unitFont(double valueHeight) { return {.height = std::max(11.0, valueHeight * kUnitShare)}; }
+
+// The width of the field's widest text in type one pixel high, unit included.
+double naturalWidth(const Canvas& canvas, const NavField& field) {
+    constexpr double kSample = 100;
+    double width = canvas.measure(field.widest, valueFont(kSample)).width;
+    if (field.lines == 1)
+        width += canvas.measure(kWidestUnit, unitFont(kSample)).width + kSample * kUnitGap;
+    return width / kSample;
+}
+
+// The room that a field asks for along a row: two lines are set at about half the size.
+double weight(const Canvas& canvas, const NavField& field) {
+    return naturalWidth(canvas, field) / (field.lines == 1 ? 1 : 1.9);
+}
+
+// The parts of one cell, inside its border.
+struct CellParts {
+    Rect header;
+    Rect value;
+};
+
+CellParts partsOf(const Rect& cell) {
+    const double headerHeight = std::clamp(std::round(cell.height * 0.29), 15.0, 30.0);
+    const Rect inside{cell.x, cell.y, cell.width - kBorder, cell.height - kBorder};
+    return {{inside.x, inside.y, inside.width, headerHeight},
+            {inside.x, inside.y + headerHeight + kBorder, inside.width,
+             inside.height - headerHeight - kBorder}};
+}
+
+// The largest type in which the field's widest text fits its cell.
+double fittingHeight(const Canvas& canvas, const NavField& field, const Rect& cell) {
+    const Rect value = partsOf(cell).value;
+    const double capPerHeight = canvas.measure("0", valueFont(100)).capHeight / 100;
+    const double byHeight =
+        value.height * (field.lines == 1 ? kCapShare : kCapShareOfLine) / capPerHeight;
+    const double byWidth = (value.width - 2 * kPadding) / naturalWidth(canvas, field);
+    return std::floor(std::min(byHeight, byWidth));
+}
+
+std::vector<Rect> rowCells(const Canvas& canvas, std::span<const NavFieldId> fields,
+                           const Rect& row) {
+    std::vector<double> ends;
+    for (const NavFieldId id : fields)
+        ends.push_back((ends.empty() ? 0 : ends.back()) + weight(canvas, navField(id)));
+    std::vector<Rect> cells;
+    double left = row.x;
+    for (const double end : ends) {
+        const double right = row.x + std::round(row.width * end / ends.back());
+        cells.push_back({left, row.y, right - left, row.height});
+        left = right;
+    }
+    return cells;
+}
+
+// Left and top borders belong to the strip, right and bottom ones to the cells.
+Rect contentArea(const Canvas& canvas) {
+    return {kBorder, kBorder, canvas.width() - kBorder, canvas.height() - kBorder};
+}
+
+class CellPainter {
+ public:
+    CellPainter(Canvas& canvas, const MapColorCache& colors) : canvas_(canvas), colors_(colors) {}
+
+    void paint(const NavField& field, const Rect& cell, double height, const CockpitData& data) {
+        const CellParts parts = partsOf(cell);
+        canvas_.rect(parts.header, Brush{colors_[ColorKey::NavHeaderBackground]}, std::nullopt);
+        canvas_.rect(parts.value, Brush{colors_[ColorKey::NavBackground]}, std::nullopt);
+        canvas_.text(
+            parts.header.center(), field.header,
+            {.font = {.height = std::round(parts.header.height * 0.8), .weight = FontWeight::Bold},
+             .color = colors_[ColorKey::NavHeader],
+             .alignX = AlignX::Center,
+             .alignY = AlignY::Middle});
+        const NavFieldText text = field.format(data);
+        if (!text.secondLine.empty())
+            paintTwoLines(text, parts.value, height);
+        else
+            paintValue(text, parts.value, height);
+    }
+
+ private:
+    TextStyle style(const Font& font) const {
+        return {.font = font, .color = colors_[ColorKey::NavText], .alignY = AlignY::Middle};
+    }
+
+    void paintTwoLines(const NavFieldText& text, const Rect& area, double height) {
+        TextStyle centered = style(valueFont(height));
+        centered.alignX = AlignX::Center;
+        const double step = area.height * 0.22;
+        canvas_.text({area.center().x, area.center().y - step}, text.value, centered);
+        canvas_.text({area.center().x, area.center().y + step}, text.secondLine, centered);
+    }
+
+    void paintValue(const NavFieldText& text, const Rect& area, double height) {
+        const TextExtent value = canvas_.measure(text.value, valueFont(height));
+        const Font small = unitFont(height);
+        const double unitWidth =
+            text.unit.empty() ? 0 : canvas_.measure(text.unit, small).width + height * kUnitGap;
+        const double left = area.center().x - (value.width + unitWidth) / 2;
+        const double middle = area.center().y;
+        canvas_.text({left, middle}, text.value, style(valueFont(height)));
+        if (text.unit.empty())
+            return;
+        TextStyle beside = style(small);
+        beside.alignY = AlignY::Baseline;
+        canvas_.text({left + value.width + height * kUnitGap, middle + value.capHeight / 2},
+                     text.unit, beside);
+    }
+
+    Canvas& canvas_;
+    const MapColorCache& colors_;
+};
+
+}  // namespace
+
+std::vector<Rect> FieldStrip::cells(const Canvas& canvas, FieldArrangement arrangement,
+                                    std::span<const NavFieldId> fields) {
+    if (fields.empty())
+        return {};
+    const Rect area = contentArea(canvas);
+    std::size_t perRow = fields.size();
+    if (arrangement == FieldArrangement::TwoRows)
+        perRow = (fields.size() + 1) / 2;
+    if (arrangement == FieldArrangement::Column)
+        perRow = 2;
+    const std::size_t rows = (fields.size() + perRow - 1) / perRow;
+    double height = area.height / static_cast<double>(rows);
+    if (arrangement == FieldArrangement::Column)
+        height = std::min(height, kTallestCell);
+    std::vector<Rect> all;
+    for (std::size_t row = 0; row < rows; ++row) {
+        const double top = std::round(static_cast<double>(row) * height);
+        const double bottom = std::round(static_cast<double>(row + 1) * height);
+        const auto inRow =
+            fields.subspan(row * perRow, std::min(perRow, fields.size() - row * perRow));
+        const std::vector<Rect> cells =
+            rowCells(canvas, inRow, {area.x, area.y + top, area.width, bottom - top});
+        all.insert(all.end(), cells.begin(), cells.end());
+    }
+    return all;
+}
+
+void FieldStrip::paint(Canvas& canvas, FieldArrangement arrangement,
+                       std::span<const NavFieldId> fields, const CockpitData& data) const {
+    const std::vector<Rect> areas = cells(canvas, arrangement, fields);
+    canvas.rect({0, 0, canvas.width(), canvas.height()}, Brush{colors_[ColorKey::NavBackground]},
+                std::nullopt);
+    if (areas.empty())
+        return;
+    canvas.rect({0, 0, canvas.width(), areas.back().bottom()}, Brush{colors_[ColorKey::NavBorder]},
+                std::nullopt);
+    // One size for all values of one line, and one for those of two.
+    double heights[2] = {kTallestCell, kTallestCell};
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const NavField& field = navField(fields[i]);
+        double& height = heights[field.lines - 1];
+        height = std::min(height, fittingHeight(canvas, field, areas[i]));
+    }
+    CellPainter painter(canvas, colors_);
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const NavField& field = navField(fields[i]);
+        painter.paint(field, areas[i], heights[field.lines - 1], data);
+    }
+}
+
+}  // namespace korvel

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "display/Canvas.h"
+#include "display/CockpitData.h"
+#include "display/NavField.h"
+#include "display/ScreenLayout.h"
+
+namespace korvel {
+
+class MapColorCache;
+
+/// The navigation fields: a header band over a value as large as fits, its unit smaller beside it.
+class FieldStrip {
+ public:
+    /// The colours must outlive the strip.
+    explicit FieldStrip(const MapColorCache& colors) : colors_(colors) {}
+
+    /// Fills the whole canvas.
+    void paint(Canvas& canvas, FieldArrangement arrangement, std::span<const NavFieldId> fields,
+               const CockpitData& data) const;
+
+    /// The cells of the fields in their order. Along a row the widths follow what the fields have
+    /// to show, so that all values can be equally large.
+    static std::vector<Rect> cells(const Canvas& canvas, FieldArrangement arrangement,
+                                   std::span<const NavFieldId> fields);
+
+ private:
+    const MapColorCache& colors_;
+};
+
+}  // namespace korvel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace korvel {
+
+// Numbers as a pilot reads them, the same in every locale.
+
+/// "N48°21.50'": hemisphere, degrees and minutes with `decimals` places. Carries into the next
+/// degree instead of showing 60 minutes. Degrees, north positive.
+std::string latitudeText(double degrees, int decimals);
+/// "E011°47.17'"; east positive, any turn of the globe.
+std::string longitudeText(double degrees, int decimals);
+
+/// A distance in the unit in force with its label: "65 nm"; below a hundred with one decimal unless
+/// that is 0: "32.5 nm".
+std::string distanceText(double nm);
+
+/// A course or track as three digits, 001 to 360 as they are flown; degrees of any turn.
+std::string courseText(double degrees);
+
+/// 7 with two digits is "07"; for numbers that are not negative.
+std::string zeroPadded(int value, std::size_t digits);
+
+/// "12 s", from a minute on "2 min 05 s", from an hour on "1 h 02 min".
+std::string ageText(int seconds);
+
+}  // namespace korvel

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "display/CockpitData.h"
+
+namespace korvel {
+
+enum class NavFieldId : std::uint8_t { GroundSpeed, Track, Altitude, Position, Time };
+
+/// What a field shows: a value and a unit beside it, or two lines without a unit.
+struct NavFieldText {
+    std::string value;
+    std::string unit;        ///< empty for none
+    std::string secondLine;  ///< empty for none
+
+    friend bool operator==(const NavFieldText&, const NavFieldText&) = default;
+};
+
+/// One kind of navigation field. A new one is a row in the table in NavField.cpp.
+struct NavField {
+    NavFieldId id;
+    std::string_view header;
+    /// The widest text that the field shows; its type is chosen by it and so does not jump.
+    std::string_view widest;
+    int lines;  ///< 1 or 2
+    NavFieldText (*format)(const CockpitData& data);
+};
+
+/// Stands where a value is unknown or too old.
+inline constexpr std::string_view kNoValue = "---";
+
+/// All fields that there are.
+std::span<const NavField> navFields();
+const NavField& navField(NavFieldId id);
+/// The fields that the strip shows unless the user chose others.
+std::span<const NavFieldId> defaultNavFields();
+
+}  // namespace korvel

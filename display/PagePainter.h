@@ -1,0 +1,32 @@
+#pragma once
+
+#include "display/Canvas.h"
+#include "display/CockpitData.h"
+#include "display/MapViewport.h"
+#include "display/PageId.h"
+
+namespace korvel {
+
+class MapColorCache;
+
+/// Paints the display pages. To add one, write its painter and name it in PagePainter.cpp.
+class PagePainter {
+ public:
+    /// The colours must outlive the painter.
+    explicit PagePainter(const MapColorCache& colors) : colors_(colors) {}
+
+    /// Fills the whole canvas with the page. The viewport is laid out for the page and the
+    /// canvas's size. `upTrueDeg` is the true direction that points up on pages that turn with the
+    /// aircraft, 0 to 359; the caller keeps the last one while no track is known. Pages that need
+    /// a position show the connection's status while there is none.
+    void paint(Canvas& canvas, PageId page, const CockpitData& data, const MapViewport& viewport,
+               int upTrueDeg) const;
+
+    /// The page turns with the aircraft; otherwise north is up.
+    static bool turns(PageId page);
+
+ private:
+    const MapColorCache& colors_;
+};
+
+}  // namespace korvel

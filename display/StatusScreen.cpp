@@ -1,0 +1,80 @@
+#include "display/StatusScreen.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+#include <vector>
+
+#include "config/StringTable.h"
+#include "display/MapColorCache.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kLineStep = 1.35;  // of the type size
+constexpr double kSmallShare = 0.6;
+
+struct Line {
+    std::string_view text;
+    bool large = true;
+};
+
+void appendLines(std::string_view text, bool large, std::vector<Line>& lines) {
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        lines.push_back({text.substr(0, end), large});
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+}
+
+std::vector<Line> linesFor(const CockpitData& data) {
+    std::vector<Line> lines;
+    if (data.lastPosition)
+        appendLines(text(TextId::NoGpsSignal), true, lines);
+    appendLines(data.status, true, lines);
+    if (!data.receiverActive) {
+        if (!lines.empty())
+            lines.push_back({"", false});
+        appendLines(text(TextId::ConnectingHelp), lines.empty(), lines);
+    }
+    return lines;
+}
+
+Font fontFor(const Line& line, double size) {
+    return {.height = line.large ? size : size * kSmallShare,
+            .weight = line.large ? FontWeight::Bold : FontWeight::Regular};
+}
+
+// The type size in which all lines fit across the canvas.
+double fittingSize(const Canvas& canvas, const std::vector<Line>& lines) {
+    double size = std::clamp(std::min(canvas.width() / 16, canvas.height() / 9), 16.0, 56.0);
+    for (const Line& line : lines) {
+        const double width = canvas.measure(line.text, fontFor(line, size)).width;
+        size *= std::min(1.0, 0.92 * canvas.width() / std::max(width, 1.0));
+    }
+    return std::floor(size);
+}
+
+}  // namespace
+
+void paintStatusScreen(Canvas& canvas, const CockpitData& data, const MapColorCache& colors) {
+    canvas.rect({0, 0, canvas.width(), canvas.height()}, Brush{colors[ColorKey::MapBackground]},
+                std::nullopt);
+    const std::vector<Line> lines = linesFor(data);
+    const double size = fittingSize(canvas, lines);
+    double total = 0;
+    for (const Line& line : lines)
+        total += fontFor(line, size).height * kLineStep;
+    double top = (canvas.height() - total) / 2;
+    for (const Line& line : lines) {
+        const Font font = fontFor(line, size);
+        canvas.text({canvas.width() / 2, top + font.height * kLineStep / 2}, line.text,
+                    {.font = font,
+                     .color = colors[ColorKey::HsiNumeral],
+                     .alignX = AlignX::Center,
+                     .alignY = AlignY::Middle});
+        top += font.height * kLineStep;
+    }
+}
+
+}  // namespace korvel

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "display/Canvas.h"
+#include "display/CockpitData.h"
+
+namespace korvel {
+
+class MapColorCache;
+
+/// Stands in for a page that has nothing to show yet: how far the connection to the receiver has
+/// come, in type for arm's length, and what to do while there is no receiver at all. Fills the
+/// whole canvas.
+void paintStatusScreen(Canvas& canvas, const CockpitData& data, const MapColorCache& colors);
+
+}  // namespace korvel
