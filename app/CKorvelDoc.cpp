@@ -130,6 +130,7 @@ void CKorvelDoc::collectFix(CockpitData& data) {
     data.fix3D = fix.fix3D != 0;
     data.satsInUse = fix.satsInUse;
     data.satellites = fix.satellites;
+    data.receiverActive = (fix.sentenceFlags & SentenceFlag::kBytesArrive) != 0;
     if (input_.hasFix(false)) {
         if (isFresh(fix.positionTickMs, now) && isOnEarth(fix.position)) {
             data.position = fix.position;
