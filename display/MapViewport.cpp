@@ -75,6 +75,9 @@ std::pair<int, int> MapProjection::projectPixel(GeoPoint point) const {
 }
 
 GeoPoint MapProjection::unproject(Point pixel) const {
+    if (pixelsPerNm_ <= 0) {
+        return center_;  // not laid out yet
+    }
     const double radiansPerPixel = kDegToRad / (kNmPerDegree * pixelsPerNm_);
     const Point northUp = turned({pixel.x - aircraft_.x, pixel.y - aircraft_.y}, angleDeg_);
     const double lat = std::clamp(center_.lat - northUp.y * radiansPerPixel, -kPi / 2, kPi / 2);

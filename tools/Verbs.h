@@ -1,0 +1,20 @@
+#pragma once
+
+#include <array>
+
+#include "tools/Invocation.h"
+
+namespace korvel {
+
+int runGeo(Invocation& call);
+int runProfile(Invocation& call);
+int runScheme(Invocation& call);
+
+/// Every verb, in the order in which the help lists them.
+inline constexpr std::array kVerbs = {
+    Verb{"geo", "Distances, courses and turns", runGeo},
+    Verb{"profile", "Read or change a settings file", runProfile},
+    Verb{"scheme", "The colours of a scheme", runScheme},
+};
+
+}  // namespace korvel
