@@ -56,7 +56,7 @@ inline constexpr std::size_t kIndexEntrySize = 20;
 inline constexpr std::size_t kMaxDirectoryEntry = 256;
 inline constexpr std::uint32_t kMaxKeys = 3;
 inline constexpr std::size_t kMaxTextLength = 1024;
-inline constexpr std::size_t kTextMask = 0x7F;
+inline constexpr std::uint8_t kTextMask = 0x7F;
 
 /// What a field's bytes mean.
 enum class FieldType : std::uint32_t {

@@ -1,0 +1,310 @@
+#include "navdb/NavDatabase.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+#include "nav/Geodesy.h"
+#include "navdb/AirportDetails.h"
+#include "navdb/DatabaseFile.h"
+#include "navdb/PlaceRows.h"
+#include "navdb/PlaceSearch.h"
+#include "navdb/UserRecordStore.h"
+
+namespace korvel {
+namespace {
+
+using RecordPtr = std::unique_ptr<DatabaseRecord>;
+
+constexpr double kFartherThanAnything = 2147483647.0;
+constexpr double kNavaidPreferenceNm = 25.0;
+constexpr double kVariationReachNm = 200.0;
+constexpr std::size_t kVariationCandidates = 5;
+constexpr std::size_t kShortestWithRegion = 4;
+
+/// The identifier as a file of this region may spell it instead.
+std::string otherSpelling(std::string_view ident, char region) {
+    if (ident.starts_with(region) && ident.size() >= kShortestWithRegion) {
+        return std::string(ident.substr(1));
+    }
+    return std::string(1, region).append(ident);
+}
+
+double distanceTo(GeoPoint from, GeoPoint to) {
+    return GreatCircleDistance(from.lat, from.lon, to.lat, to.lon);
+}
+
+enum class Preference { firstWithinReach, strictlyNearest };
+
+/// Which of two equally named places is meant.
+RecordPtr choose(RecordPtr p, RecordPtr q, const std::optional<GeoPoint>& near,
+                 Preference preference) {
+    if (!p || !q) {
+        return p ? std::move(p) : std::move(q);
+    }
+    if (!near) {
+        return p;
+    }
+    const double toP = distanceTo(*near, p->position);
+    const double toQ = distanceTo(*near, q->position);
+    if (toP < toQ) {
+        return p;
+    }
+    const bool keepsFirst = preference == Preference::firstWithinReach &&
+                            std::abs(toQ - toP) * kNmPerRadian <= kNavaidPreferenceNm;
+    return keepsFirst ? std::move(p) : std::move(q);
+}
+
+}  // namespace
+
+/// One search, and the best place so far.
+struct NavDatabase::Search {
+    std::string_view index;
+    std::string_view table;
+    std::optional<GeoPoint> near{};
+    char wanted = 0;  ///< kind letter, 0 for any
+
+    double distance = kFartherThanAnything;
+    std::optional<RowMatch> row{};               ///< the one chosen
+    const DatabaseRecord* userRecord = nullptr;  ///< chosen instead of a row
+
+    [[nodiscard]] bool isDone() const { return !near && hasFound(); }
+    [[nodiscard]] bool hasFound() const { return row || userRecord != nullptr; }
+    [[nodiscard]] bool wants(KindMask kind) const {
+        return kind != 0 && (wanted == 0 || kindLetter(kind) == wanted);
+    }
+    /// Whether a place there is the best so far. Without a reference position the first one is.
+    [[nodiscard]] bool improves(GeoPoint position) {
+        if (!near) {
+            return !hasFound();
+        }
+        const double candidate =
+            IsValid(position) ? distanceTo(*near, position) : kFartherThanAnything;
+        if (candidate < distance) {
+            distance = candidate;
+            return true;
+        }
+        return false;
+    }
+};
+
+NavDatabase::NavDatabase(const Clock& clock) : clock_(clock) {}
+NavDatabase::~NavDatabase() = default;
+
+std::string NavDatabase::openFile(const std::filesystem::path& path,
+                                  const std::function<void(int)>& progress) {
+    auto file = std::make_unique<DatabaseFile>();
+    std::string message = file->Open(path, clock_, progress);
+    if (message.empty()) {
+        files_.push_back(std::move(file));
+    }
+    return message;
+}
+
+void NavDatabase::clear() {
+    files_.clear();
+    exclusions_.clear();
+    userRecords_ = nullptr;
+    lastFound_.reset();
+    lastMatch_.reset();
+}
+
+char NavDatabase::regionLetter() const {
+    return files_.empty() ? '\0' : files_.front()->regionLetter();
+}
+
+void NavDatabase::exclude(const RowMatch& row) {
+    const auto place = std::lower_bound(exclusions_.begin(), exclusions_.end(), row);
+    if (place == exclusions_.end() || *place != row) {
+        exclusions_.insert(place, row);
+    }
+}
+
+bool NavDatabase::isExcluded(const RowMatch& row) const {
+    return std::binary_search(exclusions_.begin(), exclusions_.end(), row);
+}
+
+void NavDatabase::searchFile(int file, std::string_view ident, Search& search) const {
+    const DatabaseFile& source = *files_[static_cast<std::size_t>(file)];
+    const IndexEntry* const index = source.index(search.index);
+    const FieldEntry* const order = index != nullptr ? orderingField(*index) : nullptr;
+    if (order == nullptr || index->table->name != packName(search.table)) {
+        return;
+    }
+    const PlaceFields fields(*index->table);
+    const auto rows = source.rows();
+    std::uint32_t row = rows->firstNotBelow(*index, *order, ident);
+    while (!search.isDone() && rows->equals(*index, row, *order, ident)) {
+        const RowMatch match{.file = file, .row = index->rowPosition(row++)};
+        if (!isExcluded(match) && rows->load(*index->table, match.row) &&
+            search.wants(kindOfRow(*rows, fields)) &&
+            search.improves(positionOfRow(*rows, fields))) {
+            search.row = match;
+        }
+    }
+}
+
+void NavDatabase::searchUserRecords(std::string_view ident, Search& search) const {
+    static constexpr std::array<std::pair<std::string_view, KindMask>, 4> kKindsOfIndex{
+        {{"AptKey", kAirportKind},
+         {"NavKey", kVorKind},
+         {"NavKey", kNdbKind},
+         {"WptKey", kFixKind}}};
+    if (userRecords_ == nullptr) {
+        return;
+    }
+    for (const auto& [index, kind] : kKindsOfIndex) {
+        if (index != search.index || search.isDone() || !search.wants(kind)) {
+            continue;
+        }
+        const DatabaseRecord* const record = userRecords_->find(makeRecordKey(kind, ident));
+        if (record != nullptr && search.improves(record->position)) {
+            search.userRecord = record;
+        }
+    }
+}
+
+RecordPtr NavDatabase::recordAt(const RowMatch& match) const {
+    const DatabaseFile& file = *files_[static_cast<std::size_t>(match.file)];
+    const TableEntry* const table = file.directory().tableOfRow(match.row);
+    const auto rows = file.rows();
+    return table != nullptr && rows->load(*table, match.row)
+               ? buildRecord(*rows, *table, file, match)
+               : nullptr;
+}
+
+RecordPtr NavDatabase::FindInIndex(std::string_view ident, std::string_view index,
+                                   std::string_view table, std::optional<GeoPoint> near,
+                                   char wanted) {
+    Search search{.index = index, .table = table, .wanted = wanted};
+    if (near && IsValid(*near)) {
+        search.near = near;
+    }
+    const int count = static_cast<int>(files_.size());
+    for (int file = 0; file < count; ++file) {
+        searchFile(file, ident, search);
+    }
+    searchUserRecords(ident, search);
+    if (!search.hasFound() && (index == "AptKey" || index == "Ap2Key")) {
+        for (int file = 0; file < count; ++file) {
+            if (const char region = files_[static_cast<std::size_t>(file)]->regionLetter();
+                region != 0) {
+                searchFile(file, otherSpelling(ident, region), search);
+            }
+        }
+    }
+    if (!search.hasFound()) {
+        return nullptr;
+    }
+    RecordPtr record =
+        search.userRecord != nullptr ? search.userRecord->Clone() : recordAt(*search.row);
+    noteMatch(record.get());
+    return record;
+}
+
+/// For whoever wants more of the same row; user records have none.
+void NavDatabase::noteMatch(const DatabaseRecord* record) {
+    if (record != nullptr) {
+        lastMatch_ = record->origin.match.file == RecordOrigin::kNoFile
+                         ? std::nullopt
+                         : std::optional(record->origin.match);
+    }
+}
+
+RecordPtr NavDatabase::findAirport(std::string_view ident, std::optional<GeoPoint> near) {
+    RecordPtr found = FindInIndex(ident, "AptKey", "_APT", near, 0);
+    return found ? std::move(found) : FindInIndex(ident, "Ap2Key", "_AP2", near, 0);
+}
+
+RecordPtr NavDatabase::findBare(std::string_view ident, std::optional<GeoPoint> near) {
+    RecordPtr navaid = FindInIndex(ident, "NavKey", "_NAV", near, 0);
+    RecordPtr airport = findAirport(ident, near);
+    RecordPtr fix = FindInIndex(ident, "WptKey", "_WPT", near, 0);
+    RecordPtr place =
+        choose(std::move(navaid), std::move(airport), near, Preference::firstWithinReach);
+    place = choose(std::move(place), std::move(fix), near, Preference::strictlyNearest);
+    noteMatch(place.get());
+    return place;
+}
+
+const DatabaseRecord* NavDatabase::Find(std::string_view key, std::optional<GeoPoint> near) {
+    if (near && !IsValid(*near)) {
+        near.reset();
+    }
+    const std::string_view ident = identOfKey(key);
+    switch (hasKindPrefix(key) ? key.front() : '\0') {
+        case 'a':
+            lastFound_ = findAirport(ident, near);
+            break;
+        case 'v':
+        case 'n':
+            lastFound_ = FindInIndex(ident, "NavKey", "_NAV", near, key.front());
+            break;
+        case 'f':
+            lastFound_ = FindInIndex(ident, "WptKey", "_WPT", near, 0);
+            break;
+        default:
+            lastFound_ = findBare(ident, near);
+            break;
+    }
+    return lastFound_.get();
+}
+
+void NavDatabase::loadDetails(AirportRecord& airport) const {
+    const int file = airport.origin.match.file;
+    if (file >= 0 && file < static_cast<int>(files_.size())) {
+        readAirportDetails(*files_[static_cast<std::size_t>(file)], airport);
+    }
+}
+
+void NavDatabase::GetAirwayRoutes(std::string_view name, std::vector<std::string>& routes) const {
+    routes.clear();
+    FieldMap fields;
+    for (const auto& file : files_) {
+        const IndexEntry* const index = file->index("Airway");
+        const FieldEntry* const order = index != nullptr ? orderingField(*index) : nullptr;
+        if (file->isExpired() || order == nullptr) {
+            continue;
+        }
+        const auto rows = file->rows();
+        std::uint32_t row = rows->firstNotBelow(*index, *order, name);
+        for (; rows->equals(*index, row, *order, name) && rows->load(*index, row); ++row) {
+            rows->text(index->table->field(packName("ROUTE")), routes.emplace_back());
+        }
+    }
+}
+
+void NavDatabase::placesIn(const GeoBox& box, KindMask kinds, std::size_t limit,
+                           std::vector<Place>& places) const {
+    findPlacesIn({files_, exclusions_, userRecords_}, box, kinds, limit, places);
+}
+
+std::vector<NearPlace> NavDatabase::nearest(GeoPoint position, KindMask kinds, std::size_t count,
+                                            double withinNm) const {
+    return findNearest({files_, exclusions_, userRecords_}, position, kinds, count, withinNm);
+}
+
+RecordPtr NavDatabase::recordOf(const Place& place) const {
+    if (place.match.file != RecordOrigin::kNoFile) {
+        return recordAt(place.match);
+    }
+    const DatabaseRecord* const record =
+        userRecords_ != nullptr ? userRecords_->find(makeRecordKey(place.kind, place.ident.view()))
+                                : nullptr;
+    return record != nullptr ? record->Clone() : nullptr;
+}
+
+double NavDatabase::variationNear(GeoPoint position) const {
+    for (const NearPlace& near :
+         nearest(position, kAirportKind, kVariationCandidates, kVariationReachNm)) {
+        const auto record = recordOf(near.place);
+        const auto* airport = dynamic_cast<const AirportRecord*>(record.get());
+        if (airport != nullptr && airport->magVariationDeg != static_cast<float>(kNoAngle)) {
+            return static_cast<double>(airport->magVariationDeg);
+        }
+    }
+    return kNoAngle;
+}
+
+}  // namespace korvel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "navdb/DatabaseFile.h"
+#include "navdb/Place.h"
+#include "navdb/UserRecordStore.h"
+
+namespace korvel {
+
+/// Where a search finds its places; everything must outlive the search.
+struct PlaceSources {
+    std::span<const std::unique_ptr<DatabaseFile>> files;
+    std::span<const RowMatch> exclusions;  ///< ascending
+    const UserRecordStore* userRecords = nullptr;
+};
+
+/// Replaces `places` by those of `kinds` in the box, `limit` at most.
+void findPlacesIn(const PlaceSources& sources, const GeoBox& box, KindMask kinds, std::size_t limit,
+                  std::vector<Place>& places);
+
+/// The nearest `count` places of `kinds` within `withinNm`, nearest first.
+std::vector<NearPlace> findNearest(const PlaceSources& sources, GeoPoint position, KindMask kinds,
+                                   std::size_t count, double withinNm);
+
+}  // namespace korvel

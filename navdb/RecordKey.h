@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace korvel {
+
+/// What a place is, as bits: test with `&`. Any of the bits 8 and 16 makes an airport key; the
+/// airport record itself answers kAirportKind.
+using KindMask = unsigned;
+inline constexpr KindMask kVorKind = 1;
+inline constexpr KindMask kNdbKind = 2;
+inline constexpr KindMask kFixKind = 4;
+inline constexpr KindMask kAirportKind = 24;
+inline constexpr KindMask kAirportBit = 8;
+inline constexpr KindMask kAllKinds = kVorKind | kNdbKind | kFixKind | kAirportKind;
+
+// A RecordKey is a text: the kind's letter, '.', and the identifier ("v.OAK"). The same identifier
+// may stand under several letters.
+
+/// 'v', 'n', 'f' or 'a'; 0 for any other kind code.
+char kindLetter(KindMask kind);
+
+/// The key, empty for a kind code that has no letter.
+std::string makeRecordKey(KindMask kind, std::string_view ident);
+
+/// Whether the text begins with "a.", "v.", "n." or "f."; without that it is a bare identifier.
+bool hasKindPrefix(std::string_view key);
+
+/// What stands behind the prefix, or the whole text when there is none.
+std::string_view identOfKey(std::string_view key);
+
+}  // namespace korvel
