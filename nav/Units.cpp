@@ -9,7 +9,7 @@ std::atomic<int> distanceUnit{0};
 
 struct DistanceUnit {
     UnitLabels labels;
-    double perNm;
+    double perNm = 1;
 };
 
 constexpr DistanceUnit kNautical{{"nm", "kt"}, 1};
