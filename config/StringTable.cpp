@@ -21,6 +21,9 @@ constexpr std::array kTexts = {
     Row{TextId::NoGpsSignal, "No gps signal!"},
     Row{TextId::ConnectingHelp, "Connecting to GPS...\nSelect Options.Simulator menu to test."},
     Row{TextId::PositionLost, "POSITION LOST %s"},
+    Row{TextId::Simulator, "SIMULATOR"},
+    Row{TextId::SimulatorHasNoSatellites, "The simulator has no satellites."},
+    Row{TextId::WaitingForSatellites, "Waiting for satellite data"},
     Row{TextId::DaySchemeName, "Default"},
     Row{TextId::NightSchemeName, "Night-Flight"},
 };

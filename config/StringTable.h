@@ -15,6 +15,9 @@ enum class TextId : int {
     NoGpsSignal = 61110,
     ConnectingHelp = 61111,
     PositionLost = 61112,  ///< %s: since when
+    Simulator = 61113,
+    SimulatorHasNoSatellites = 61114,
+    WaitingForSatellites = 61115,
     DaySchemeName = 61208,
     NightSchemeName = 61209,
 };

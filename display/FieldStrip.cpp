@@ -33,7 +33,7 @@ double naturalWidth(const Canvas& canvas, const NavField& field) {
 
 // The room that a field asks for along a row: two lines are set at about half the size.
 double weight(const Canvas& canvas, const NavField& field) {
-    return naturalWidth(canvas, field) / (field.lines == 1 ? 1 : 1.9);
+    return naturalWidth(canvas, field) / (field.lines == 1 ? 1 : 1.6);
 }
 
 // The parts of one cell, inside its border.
@@ -50,14 +50,30 @@ CellParts partsOf(const Rect& cell) {
              inside.height - headerHeight - kBorder}};
 }
 
-// The largest type in which the field's widest text fits its cell.
-double fittingHeight(const Canvas& canvas, const NavField& field, const Rect& cell) {
-    const Rect value = partsOf(cell).value;
+// The type sizes of a strip: one for all values of one line, one for those of two.
+struct ValueSizes {
+    double oneLine = kTallestCell;
+    double twoLines = kTallestCell;
+};
+
+// The largest type in which the widest text of every field fits its cell.
+ValueSizes fittingSizes(const Canvas& canvas, std::span<const NavFieldId> fields,
+                        std::span<const Rect> cells) {
     const double capPerHeight = canvas.measure("0", valueFont(100)).capHeight / 100;
-    const double byHeight =
-        value.height * (field.lines == 1 ? kCapShare : kCapShareOfLine) / capPerHeight;
-    const double byWidth = (value.width - 2 * kPadding) / naturalWidth(canvas, field);
-    return std::floor(std::min(byHeight, byWidth));
+    ValueSizes sizes;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const NavField& field = navField(fields[i]);
+        const Rect value = partsOf(cells[i]).value;
+        const double byWidth =
+            std::floor((value.width - 2 * kPadding) / naturalWidth(canvas, field));
+        double& size = field.lines == 1 ? sizes.oneLine : sizes.twoLines;
+        size = std::min(size, byWidth);
+        sizes.oneLine =
+            std::min(sizes.oneLine, std::floor(value.height * kCapShare / capPerHeight));
+        sizes.twoLines =
+            std::min(sizes.twoLines, std::floor(value.height * kCapShareOfLine / capPerHeight));
+    }
+    return sizes;
 }
 
 std::vector<Rect> rowCells(const Canvas& canvas, std::span<const NavFieldId> fields,
@@ -84,7 +100,8 @@ class CellPainter {
  public:
     CellPainter(Canvas& canvas, const MapColorCache& colors) : canvas_(canvas), colors_(colors) {}
 
-    void paint(const NavField& field, const Rect& cell, double height, const CockpitData& data) {
+    void paint(const NavField& field, const Rect& cell, const ValueSizes& sizes,
+               const CockpitData& data) {
         const CellParts parts = partsOf(cell);
         canvas_.rect(parts.header, Brush{colors_[ColorKey::NavHeaderBackground]}, std::nullopt);
         canvas_.rect(parts.value, Brush{colors_[ColorKey::NavBackground]}, std::nullopt);
@@ -96,9 +113,9 @@ class CellPainter {
              .alignY = AlignY::Middle});
         const NavFieldText text = field.format(data);
         if (!text.secondLine.empty())
-            paintTwoLines(text, parts.value, height);
+            paintTwoLines(text, parts.value, sizes.twoLines);
         else
-            paintValue(text, parts.value, height);
+            paintValue(text, parts.value, sizes.oneLine);
     }
 
  private:
@@ -172,18 +189,10 @@ void FieldStrip::paint(Canvas& canvas, FieldArrangement arrangement,
         return;
     canvas.rect({0, 0, canvas.width(), areas.back().bottom()}, Brush{colors_[ColorKey::NavBorder]},
                 std::nullopt);
-    // One size for all values of one line, and one for those of two.
-    double heights[2] = {kTallestCell, kTallestCell};
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        const NavField& field = navField(fields[i]);
-        double& height = heights[field.lines - 1];
-        height = std::min(height, fittingHeight(canvas, field, areas[i]));
-    }
+    const ValueSizes sizes = fittingSizes(canvas, fields, areas);
     CellPainter painter(canvas, colors_);
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        const NavField& field = navField(fields[i]);
-        painter.paint(field, areas[i], heights[field.lines - 1], data);
-    }
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        painter.paint(navField(fields[i]), areas[i], sizes, data);
 }
 
 }  // namespace korvel

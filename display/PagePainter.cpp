@@ -1,15 +1,26 @@
 #include "display/PagePainter.h"
 
 #include "display/MapColorCache.h"
+#include "display/MapPainter.h"
+#include "display/SatellitePage.h"
 #include "display/StatusScreen.h"
 
 namespace korvel {
 
-bool PagePainter::turns(PageId page) { return page == PageId::Map || page == PageId::MapHsi; }
+bool PagePainter::turns(PageId page) { return page != PageId::NorthUp; }
 
-void PagePainter::paint(Canvas& canvas, PageId /*page*/, const CockpitData& data,
-                        const MapViewport& /*viewport*/, int /*upTrueDeg*/) const {
-    paintStatusScreen(canvas, data, colors_);
+void PagePainter::paint(Canvas& canvas, PageId page, const CockpitData& data,
+                        const MapViewport& viewport, int upTrueDeg) const {
+    if (page == PageId::Satellite) {
+        paintSatellitePage(canvas, data, colors_);
+        return;
+    }
+    if (!data.position && !data.lastPosition) {
+        paintStatusScreen(canvas, data, colors_);
+        return;
+    }
+    // Pages that are not drawn yet show the map: better than nothing in flight.
+    paintMap(canvas, {data, viewport, turns(page) ? upTrueDeg : 0, turns(page)}, colors_);
 }
 
 }  // namespace korvel

@@ -11,11 +11,13 @@ constexpr double kWidePx = 1400;
 // A finger in a glove and in turbulence needs 9 mm; 44 pixels are that on common screens.
 constexpr double kTouchMm = 9;
 constexpr double kTouchFloorPx = 44;
+constexpr double kTouchShareOfHeight = 0.06;  // large windows are looked at from further away
 // A screen that reports a nonsensical density must not lose the map to its buttons.
 constexpr double kTouchMostOfHeight = 0.2;
 
 double touchBarHeight(const ScreenRequest& request) {
-    const double wanted = std::max(kTouchFloorPx, std::ceil(kTouchMm * request.pxPerMm));
+    const double wanted = std::max({kTouchFloorPx, std::ceil(kTouchMm * request.pxPerMm),
+                                    std::round(kTouchShareOfHeight * request.height)});
     return std::min(wanted, std::floor(request.height * kTouchMostOfHeight));
 }
 

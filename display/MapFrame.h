@@ -1,0 +1,26 @@
+#pragma once
+
+#include "display/Canvas.h"
+#include "display/CockpitData.h"
+#include "display/LabelSpace.h"
+#include "display/MapColorCache.h"
+#include "display/MapFurniture.h"
+#include "display/MapViewport.h"
+
+namespace korvel {
+
+/// All that a map layer may look at while it paints one frame. Everything is const but the labels'
+/// room, which all layers share.
+struct MapFrame {
+    const CockpitData& data;
+    const MapColorCache& colors;
+    const MapProjection& projection;
+    Rect view;      ///< the canvas
+    int rangeNm;    ///< current display range
+    bool turns;     ///< the map turns with the aircraft, which then points up
+    double textPx;  ///< type size of labels
+    const MapFurniture& furniture;
+    LabelSpace& labels;
+};
+
+}  // namespace korvel

@@ -1,0 +1,135 @@
+#include "display/MapFurniture.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "config/StringTable.h"
+#include "display/GeoText.h"
+#include "display/MapLook.h"
+#include "nav/Units.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kScaleShareOfWidth = 0.2;  // the scale bar at its longest
+
+// Boxes of one size of type.
+class BoxLayout {
+ public:
+    BoxLayout(const Canvas& canvas, const Font& font)
+        : canvas_(canvas), font_(font), margin_(std::round(font.height * 0.55)) {}
+
+    double margin() const { return margin_; }
+    double height() const { return std::round(font_.height * 1.6); }
+    double width(const std::string& text) const {
+        return std::ceil(canvas_.measure(text, font_).width) + 2 * margin_;
+    }
+    InfoBox at(double left, double top, std::string text) const {
+        const double wide = width(text);
+        return {{left, top, wide, height()}, std::move(text)};
+    }
+
+ private:
+    const Canvas& canvas_;
+    Font font_;
+    double margin_;
+};
+
+ScaleBar layOutScale(const Canvas& canvas, const MapProjection& projection,
+                     const BoxLayout& boxes) {
+    const double lengthNm =
+        roundLengthNm(canvas.width() * kScaleShareOfWidth / projection.pixelsPerNm());
+    const double length = lengthNm * projection.pixelsPerNm();
+    ScaleBar scale;
+    scale.text = distanceText(lengthNm);
+    const double wide = std::max(length + 2 * boxes.margin(), boxes.width(scale.text));
+    const double high = boxes.height() + boxes.margin();
+    scale.area = {boxes.margin(), canvas.height() - boxes.margin() - high, wide, high};
+    const double left = scale.area.center().x - length / 2;
+    const double y = scale.area.bottom() - boxes.margin();
+    scale.bar = {{left, y}, {left + length, y}};
+    return scale;
+}
+
+std::string firstLine(const std::string& lines) { return lines.substr(0, lines.find('\n')); }
+std::string lastLine(const std::string& lines) { return lines.substr(lines.rfind('\n') + 1); }
+
+std::vector<std::string> noteTexts(const CockpitData& data) {
+    std::vector<std::string> texts;
+    if (!data.databaseNotice.empty())
+        texts.push_back(firstLine(data.databaseNotice));
+    if (data.simulated)
+        texts.emplace_back(text(TextId::Simulator));
+    if (!data.status.empty())
+        texts.push_back(lastLine(data.status));
+    else if (!data.position)
+        texts.emplace_back(text(TextId::NoGpsSignal));
+    return texts;
+}
+
+InfoBox layOutAlarm(const Canvas& canvas, const CockpitData& data, const BoxLayout& boxes,
+                    const MapFurniture& corners) {
+    std::string words = data.positionAgeSec
+                            ? formatText(TextId::PositionLost, {ageText(*data.positionAgeSec)})
+                            : formatText(TextId::PositionLost, {""});
+    while (words.ends_with(' '))
+        words.pop_back();
+    const double left = std::round((canvas.width() - boxes.width(words)) / 2);
+    InfoBox alarm = boxes.at(left, boxes.margin(), std::move(words));
+    const bool fits = alarm.area.x > corners.northArrow.right() + boxes.margin() &&
+                      alarm.area.right() < corners.range.area.x - boxes.margin();
+    if (!fits)
+        alarm.area.y += corners.northArrow.bottom();
+    return alarm;
+}
+
+}  // namespace
+
+std::vector<Rect> MapFurniture::areas() const {
+    std::vector<Rect> all{northArrow, range.area, scale.area};
+    for (const InfoBox& note : notes)
+        all.push_back(note.area);
+    for (const std::optional<InfoBox>& box : {message, alarm})
+        if (box)
+            all.push_back(box->area);
+    return all;
+}
+
+MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
+                             const MapProjection& projection, int rangeNm, double textPx) {
+    const BoxLayout boxes(canvas, infoFont(textPx));
+    const double margin = boxes.margin();
+    MapFurniture result;
+    const double arrow = std::round(textPx * 2.9);
+    result.northArrow = {margin, margin, arrow, arrow};
+    const std::string range = distanceText(rangeNm);
+    result.range = boxes.at(canvas.width() - margin - boxes.width(range), margin, range);
+    result.scale = layOutScale(canvas, projection, boxes);
+
+    double top = canvas.height() - margin - boxes.height();
+    for (std::string& note : noteTexts(data)) {
+        const double left = canvas.width() - margin - boxes.width(note);
+        result.notes.push_back(boxes.at(left, top, std::move(note)));
+        top -= boxes.height() + std::round(margin / 2);
+    }
+    if (!data.message.empty()) {
+        const double left = std::round((canvas.width() - boxes.width(data.message)) / 2);
+        const double above = std::min(result.scale.area.y - margin - boxes.height(), top);
+        result.message = boxes.at(left, above, data.message);
+    }
+    if (!data.position)
+        result.alarm = layOutAlarm(canvas, data, BoxLayout(canvas, alarmFont(textPx)), result);
+    return result;
+}
+
+double roundLengthNm(double longestNm) {
+    const double unit = ConvertDistance(1);
+    const double longest = longestNm * unit;
+    const double power = std::pow(10, std::floor(std::log10(longest)));
+    for (const double step : {5.0, 2.0})
+        if (step * power <= longest)
+            return step * power / unit;
+    return power / unit;
+}
+
+}  // namespace korvel

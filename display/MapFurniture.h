@@ -1,0 +1,48 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "display/Canvas.h"
+#include "display/CockpitData.h"
+#include "display/MapViewport.h"
+
+namespace korvel {
+
+/// A short text on a small box of its own.
+struct InfoBox {
+    Rect area;
+    std::string text;
+};
+
+/// A length on the map with its ticks and its text.
+struct ScaleBar {
+    Rect area;  ///< of the box around it
+    Segment bar;
+    std::string text;
+};
+
+/// What stands on top of the map along its edges, as numbers. Nothing of it comes near the
+/// aircraft, and map labels keep out of it.
+struct MapFurniture {
+    Rect northArrow;                 ///< square, top left
+    InfoBox range;                   ///< top right
+    ScaleBar scale;                  ///< bottom left
+    std::vector<InfoBox> notes;      ///< bottom right, the first one lowest: charts, source, status
+    std::optional<InfoBox> message;  ///< passing, at the lower edge
+    std::optional<InfoBox> alarm;    ///< position lost, top middle
+
+    /// All boxes.
+    std::vector<Rect> areas() const;
+};
+
+/// `textPx` is the type size of the map's labels.
+MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
+                             const MapProjection& projection, int rangeNm, double textPx);
+
+/// The longest round number (1, 2 or 5 times a power of ten) of the unit in force that is not
+/// longer than `longestNm`, in nautical miles.
+double roundLengthNm(double longestNm);
+
+}  // namespace korvel

@@ -1,0 +1,18 @@
+#include "display/MapLook.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace korvel {
+
+double mapTextPx(double width, double height) {
+    return std::clamp(std::round(std::min(width, height) / 40), 14.0, 22.0);
+}
+
+Font infoFont(double textPx) { return {.height = textPx + 2, .weight = FontWeight::Bold}; }
+
+Font alarmFont(double textPx) {
+    return {.height = std::round(textPx * 1.6), .weight = FontWeight::Bold};
+}
+
+}  // namespace korvel

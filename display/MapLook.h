@@ -1,0 +1,15 @@
+#pragma once
+
+#include "display/Canvas.h"
+
+namespace korvel {
+
+// Sizes of what stands on the map, all from the size of its labels.
+
+/// The type size of map labels on a map of that size: readable at arm's length, never below 14 px.
+double mapTextPx(double width, double height);
+
+Font infoFont(double textPx);   ///< boxes along the edges
+Font alarmFont(double textPx);  ///< what must be seen at once
+
+}  // namespace korvel

@@ -1,0 +1,57 @@
+#include "display/MapPainter.h"
+
+#include <array>
+
+#include "display/AircraftLayer.h"
+#include "display/FurnitureLayer.h"
+#include "display/GridLayer.h"
+#include "display/MapFrame.h"
+#include "display/MapLook.h"
+#include "display/RangeRingLayer.h"
+
+namespace korvel {
+namespace {
+
+void paintBackground(const MapFrame& frame, Canvas& canvas) {
+    canvas.rect(frame.view, Brush{frame.colors[ColorKey::MapBackground]}, std::nullopt);
+}
+
+constexpr int kNearest = kRangeStepsNm.front();
+constexpr int kFarthest = kRangeStepsNm.back();
+
+constexpr std::array kLayers{
+    MapLayer{"background", kNearest, kFarthest, paintBackground},
+    MapLayer{"grid", kNearest, kFarthest, paintGrid},
+    MapLayer{"range rings", kNearest, kFarthest, paintRangeRings},
+    MapLayer{"aircraft", kNearest, kFarthest, paintAircraft},
+    MapLayer{"furniture", kNearest, kFarthest, paintFurniture},
+};
+
+}  // namespace
+
+std::span<const MapLayer> mapLayers() { return kLayers; }
+
+void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors) {
+    const CockpitData& data = scene.data;
+    const GeoPoint center = data.position ? *data.position : data.lastPosition.value_or(GeoPoint{});
+    if (!IsValid(center))
+        return;
+    const MapProjection projection = scene.viewport.projection(center, scene.upTrueDeg);
+    const Rect view{0, 0, canvas.width(), canvas.height()};
+    const int rangeNm = scene.viewport.currentRangeNm();
+    const double textPx = mapTextPx(view.width, view.height);
+    const MapFurniture furniture = layOutFurniture(canvas, data, projection, rangeNm, textPx);
+
+    LabelSpace labels(view);
+    for (const Rect& area : furniture.areas())
+        labels.reserve(area);
+    labels.reserve(aircraftArea(projection.aircraft(), textPx));
+
+    const MapFrame frame{data,        colors, projection, view,  rangeNm,
+                         scene.turns, textPx, furniture,  labels};
+    for (const MapLayer& layer : mapLayers())
+        if (rangeNm >= layer.fromRangeNm && rangeNm <= layer.toRangeNm)
+            layer.paint(frame, canvas);
+}
+
+}  // namespace korvel
