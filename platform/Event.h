@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
@@ -42,8 +43,6 @@ class Event {
     std::intptr_t native() const { return native_; }
 
  private:
-    bool take();
-
     std::intptr_t native_;
     Reset reset_;
 };

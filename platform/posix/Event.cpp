@@ -19,6 +19,12 @@ constexpr std::size_t kMaxWaited = 4;
 
 int descriptor(std::intptr_t native) { return static_cast<int>(native); }
 
+/// Takes the signal; false when there is none.
+bool consume(int fd) {
+    eventfd_t count = 0;
+    return ::eventfd_read(fd, &count) == 0;
+}
+
 }  // namespace
 
 // The signal is the counter of an event descriptor, so that poll() can wait for it together with
@@ -33,10 +39,7 @@ Event::~Event() { ::close(descriptor(native_)); }
 
 void Event::set() { ::eventfd_write(descriptor(native_), 1); }
 
-void Event::reset() {
-    eventfd_t count = 0;
-    ::eventfd_read(descriptor(native_), &count);
-}
+void Event::reset() { consume(descriptor(native_)); }
 
 bool Event::isSet() const {
     pollfd waited{.fd = descriptor(native_), .events = POLLIN, .revents = 0};
@@ -44,15 +47,6 @@ bool Event::isSet() const {
 }
 
 bool Event::wait(milliseconds timeout) { return waitAny({this}, timeout).has_value(); }
-
-/// Whether a waiter may pass: of several at an automatic event, the one that resets it.
-bool Event::take() {
-    if (reset_ == Reset::Manual) {
-        return isSet();
-    }
-    eventfd_t count = 0;
-    return ::eventfd_read(descriptor(native_), &count) == 0;
-}
 
 std::optional<std::size_t> Event::waitAny(std::initializer_list<Event*> events,
                                           milliseconds timeout) {
@@ -65,7 +59,9 @@ std::optional<std::size_t> Event::waitAny(std::initializer_list<Event*> events,
     const auto deadline = steady_clock::now() + (limited ? timeout : milliseconds(0));
     for (;;) {
         for (std::size_t i = 0; i < events.size(); ++i) {
-            if (events.begin()[i]->take()) {
+            Event& event = *events.begin()[i];
+            // Of several waiters at an automatic event, the one that resets it passes.
+            if (event.reset_ == Reset::Auto ? consume(waited[i].fd) : event.isSet()) {
                 return i;
             }
         }

@@ -1,0 +1,56 @@
+#include "platform/Folders.h"
+
+#include <array>
+#include <shlobj.h>
+#include <string>
+#include <system_error>
+#include <windows.h>
+
+#include "platform/Handle.h"
+
+namespace korvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const wchar_t* kProgramName = L"Korvel Pro";
+constexpr std::size_t kLongestPath = 32768;
+
+fs::path specialFolder(int id) {
+    std::array<wchar_t, MAX_PATH> path{};
+    const bool known = SHGetSpecialFolderPathW(nullptr, path.data(), id, FALSE) != FALSE;
+    return known ? fs::path(path.data()) : fs::path();
+}
+
+/// Only making a file tells: the access lists say little under user account control.
+bool canBeWritten(const fs::path& folder) {
+    const fs::path probe = folder / (L"~korvel." + std::to_wstring(GetCurrentProcessId()));
+    const Handle file(CreateFileW(probe.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    return static_cast<bool>(file);
+}
+
+}  // namespace
+
+fs::path executableFolder() {
+    std::wstring path(kLongestPath, L'\0');
+    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    path.resize(length);
+    return fs::path(path).parent_path();
+}
+
+fs::path programFolder() {
+    fs::path own = executableFolder();
+    const fs::path base = specialFolder(CSIDL_APPDATA);
+    if (base.empty() || canBeWritten(own)) {
+        return own;
+    }
+    fs::path folder = base / kProgramName;
+    std::error_code error;
+    fs::create_directories(folder, error);
+    return folder;
+}
+
+fs::path documentsFolder() { return specialFolder(CSIDL_PERSONAL); }
+
+}  // namespace korvel
