@@ -1,0 +1,84 @@
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/FileIo.h"
+#include "platform/Folders.h"
+#include "platform/TempFolder.h"
+
+namespace korvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<std::string> namesOf(const std::vector<fs::path>& paths) {
+    std::vector<std::string> names;
+    for (const fs::path& path : paths) {
+        names.push_back(path.filename().string());
+    }
+    return names;
+}
+
+TEST(FileIo, WritesAndReadsBytesAsTheyAre) {
+    const TempFolder folder;
+    const fs::path file = folder.path() / "profile";
+    EXPECT_FALSE(readWholeFile(file));
+    const std::string bytes = std::string("\0\r\n\xff", 4) + std::string(200'000, 'x');
+    EXPECT_TRUE(writeFileAtomically(file, bytes));
+    EXPECT_EQ(readWholeFile(file), bytes);
+    EXPECT_EQ(readWholeFile(file, 3), bytes.substr(0, 3));
+    EXPECT_TRUE(writeFileAtomically(file, ""));
+    EXPECT_EQ(readWholeFile(file), "");
+    EXPECT_FALSE(readWholeFile(folder.path()));
+}
+
+TEST(FileIo, AFailedWriteLeavesWhatWasThere) {
+    const TempFolder folder;
+    const fs::path occupied = folder.path() / "taken";  // a folder cannot be renamed over
+    fs::create_directories(occupied / "inside");
+    EXPECT_FALSE(writeFileAtomically(occupied, "bytes"));
+    EXPECT_FALSE(writeFileAtomically(folder.path() / "missing" / "file", "bytes"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
+    EXPECT_TRUE(fs::is_directory(occupied / "inside"));
+}
+
+TEST(FileIo, ReplacingKeepsLinkAndPermissions) {
+    const TempFolder folder;
+    const fs::path file = folder.path() / "file";
+    const fs::path link = folder.path() / "link";
+    ASSERT_TRUE(writeFileAtomically(file, "old"));
+    fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
+    fs::create_symlink("file", link);
+    EXPECT_TRUE(writeFileAtomically(link, "new"));
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(readWholeFile(file), "new");
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST(Folders, FindsFilesByPatternInByteOrder) {
+    const TempFolder folder;
+    for (const char* name : {"b.UDB.TXT", "a.udb.txt", "B.UDB.TXT", "\xc3\xa4.udb.txt", "UDB.TXT",
+                             "a.udb.txt.bak", ".udb.txt"}) {
+        std::ofstream(folder.path() / name) << name;
+    }
+    fs::create_directory(folder.path() / "folder.udb.txt");
+    using Names = std::vector<std::string>;
+    EXPECT_EQ(namesOf(findFiles(folder.path(), "*.UDB.TXT")),
+              (Names{".udb.txt", "B.UDB.TXT", "a.udb.txt", "b.UDB.TXT", "\xc3\xa4.udb.txt"}));
+    EXPECT_EQ(namesOf(findFiles(folder.path(), "*db*.b*k")), Names{"a.udb.txt.bak"});
+    EXPECT_EQ(namesOf(findFiles(folder.path(), "udb.txt")), Names{"UDB.TXT"});
+    EXPECT_EQ(findFiles(folder.path(), "*").size(), 7U);
+    EXPECT_TRUE(findFiles(folder.path() / "missing", "*").empty());
+}
+
+TEST(Folders, TheProgramsFolderCanBeWritten) {
+    const fs::path file = programFolder() / "korvel-folder-test";
+    EXPECT_TRUE(writeFileAtomically(file, "x"));
+    fs::remove(file);
+    EXPECT_TRUE(fs::is_directory(executableFolder()));
+}
+
+}  // namespace
+}  // namespace korvel
