@@ -45,6 +45,18 @@ class Watched {
     Value value_{};
 };
 
+/// Closes the port before the listeners and traces declared above it go away.
+class [[nodiscard]] RunningPort {
+ public:
+    explicit RunningPort(SerialPort& port) : port_(port) {}
+    RunningPort(const RunningPort&) = delete;
+    RunningPort& operator=(const RunningPort&) = delete;
+    ~RunningPort() { port_.close(); }
+
+ private:
+    SerialPort& port_;
+};
+
 /// Collects lines; optionally does something on the port's thread for each.
 class LineCollector final : public LineListener {
  public:

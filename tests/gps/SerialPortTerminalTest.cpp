@@ -1,4 +1,6 @@
 // The port on real bytes: a pseudo-terminal stands for the receiver.
+#include <array>
+#include <chrono>
 #include <memory>
 #include <string>
 #include <thread>
@@ -25,10 +27,11 @@ class SerialPortTerminalTest : public testing::Test {
         return receiver_->deviceName() + "," + baud + ",N,8,1";
     }
 
-    void run(LineListener& listener) {
-        ASSERT_EQ(port_.open(settings()), "");
+    RunningPort run(LineListener& listener) {
+        EXPECT_EQ(port_.open(settings()), "");
         port_.setListener(&listener);
         port_.startThread();
+        return RunningPort(port_);
     }
 
     std::unique_ptr<PseudoTerminal> receiver_;
@@ -38,7 +41,7 @@ class SerialPortTerminalTest : public testing::Test {
 
 TEST_F(SerialPortTerminalTest, LinesArriveWholeWhateverComesBetween) {
     LineCollector lines;
-    run(lines);
+    const RunningPort running = run(lines);
     const std::vector<std::string> pieces = {"$GPGGA,1",     "\r",
                                              "\n",           std::string(200, 'x') + "\r\n",
                                              "$GPGGA,2\r\n", std::string(1100, 'x'),
@@ -56,7 +59,7 @@ TEST_F(SerialPortTerminalTest, NothingIsLostAtFullSpeed) {
         expected.push_back("$GPGSV,3,1,11," + std::to_string(i) + std::string(50, ','));
     }
     LineCollector lines;
-    run(lines);
+    const RunningPort running = run(lines);
     std::thread sender([&] {
         for (const std::string& sentence : expected) {
             EXPECT_TRUE(receiver_->write(sentence + "\r\n", kDeadline));
@@ -68,7 +71,7 @@ TEST_F(SerialPortTerminalTest, NothingIsLostAtFullSpeed) {
 
 TEST_F(SerialPortTerminalTest, BytesGoOutAsTheyAre) {
     LineCollector lines;
-    run(lines);
+    const RunningPort running = run(lines);
     const std::string bytes("$PSRF151,01*0F\r\n\0\x11\x13\xff", 20);
     port_.write(bytes);
     std::string arrived;
@@ -100,7 +103,7 @@ TEST_F(SerialPortTerminalTest, NamesWithoutASerialLineHaveTheirTexts) {
 
 TEST_F(SerialPortTerminalTest, AnUnpluggedReceiverIsNoticedAndThePortClosed) {
     LineCollector lines;
-    run(lines);
+    const RunningPort running = run(lines);
     ASSERT_TRUE(receiver_->write("$A\r\n", kDeadline));
     EXPECT_EQ(lines.waitFor(1).size(), 1U);
     receiver_->unplug();
@@ -116,7 +119,7 @@ TEST_F(SerialPortTerminalTest, AnUnpluggedReceiverIsNoticedAndThePortClosed) {
 
 TEST_F(SerialPortTerminalTest, CloseEndsAWriteThatNobodyTakes) {
     LineCollector lines;
-    run(lines);
+    const RunningPort running = run(lines);
     for (int i = 0; i < 5; ++i) {  // more than the line holds
         port_.write(std::string(4000, 'x'));
     }

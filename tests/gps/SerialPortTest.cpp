@@ -103,10 +103,11 @@ class SerialPortTest : public testing::Test {
         return bench_.script.waitUntil([](const auto& script) { return script.empty(); });
     }
 
-    void run(LineListener* listener) {
-        ASSERT_EQ(port_.open("COM3:,4800,N,8,1"), "");
+    RunningPort run(LineListener* listener) {
+        EXPECT_EQ(port_.open("COM3:,4800,N,8,1"), "");
         port_.setListener(listener);
         port_.startThread();
+        return RunningPort(port_);
     }
 
     Bench bench_;
@@ -200,14 +201,14 @@ TEST_F(SerialPortTest, ASentenceAcrossFullReadsIsNotLost) {
     }
     answer({{kNoError, sentences}});
     LineCollector lines;
-    run(&lines);
+    const RunningPort running = run(&lines);
     EXPECT_EQ(lines.waitFor(expected.size()), expected);
 }
 
 TEST_F(SerialPortTest, SixFailuresInARowEndTheReading) {
     LineCollector lines;
     answer({{87, ""}, {87, ""}, {87, ""}, {87, ""}, {87, ""}, {0, "$A\r\n"}, {87, ""}});
-    run(&lines);
+    const RunningPort running = run(&lines);
     EXPECT_EQ(lines.waitFor(1).size(), 1U);
     EXPECT_TRUE(waitUntilScriptIsUsedUp());
     EXPECT_FALSE(port_.hasReadFailed());
@@ -227,7 +228,7 @@ TEST_F(SerialPortTest, AnAbortedReadIsClearedAndRetried) {
     LineCollector lines;
     answer(std::vector<Bench::Answer>(20, {kErrorOperationAborted, ""}));
     answer({{kNoError, "$A\r\n"}});
-    run(&lines);
+    const RunningPort running = run(&lines);
     EXPECT_EQ(lines.waitFor(1), std::vector<std::string>{"$A"});
     EXPECT_EQ(bench_.errorsCleared.get(), 20);
     EXPECT_FALSE(port_.hasReadFailed());
@@ -246,7 +247,7 @@ TEST_F(SerialPortTest, ActivityIsMoreThanTwoBytesWithinFiveSeconds) {
         answer({{kNoError, bytes}});
         EXPECT_TRUE(received.waitUntil([&](std::size_t count) { return count == total; }));
     };
-    run(nullptr);
+    const RunningPort running = run(nullptr);
     send("ab", 2);
     EXPECT_FALSE(port_.isReceiving());
     send("c", 3);
@@ -271,7 +272,7 @@ TEST_F(SerialPortTest, WritesAreQueuedTracedAndSentInOrderAlsoByAListener) {
     });
     port_.write("closed");
     answer({{kNoError, "ASTRAL\r\n"}});
-    run(&lines);
+    const RunningPort running = run(&lines);
     EXPECT_TRUE(bench_.sent.waitUntil([](const auto& sent) { return sent == "one,two"; }));
     EXPECT_TRUE(traced.waitUntil([](const auto& all) { return all.size() == 4; }));
     EXPECT_EQ(traced.get(),
@@ -280,7 +281,7 @@ TEST_F(SerialPortTest, WritesAreQueuedTracedAndSentInOrderAlsoByAListener) {
 
 TEST_F(SerialPortTest, ADeviceThatTakesNoOutputHoldsUpNeitherWriterNorClose) {
     bench_.takesOutput = false;
-    run(nullptr);
+    const RunningPort running = run(nullptr);
     for (int i = 0; i < 6; ++i) {
         port_.write(std::string(255, 'x'));
     }
@@ -299,7 +300,7 @@ TEST_F(SerialPortTest, DetachingWaitsForTheDeliveryInProgress) {
         returned = true;
     });
     answer({{kNoError, "$A\r\n"}});
-    run(&lines);
+    const RunningPort running = run(&lines);
     ASSERT_TRUE(delivering.wait(kDeadline));
     std::atomic<bool> detached = false;
     std::thread owner([&] {
@@ -318,12 +319,13 @@ TEST_F(SerialPortTest, DetachingWaitsForTheDeliveryInProgress) {
 }
 
 TEST_F(SerialPortTest, LinesStayBufferedUntilSomebodyTakesThem) {
+    LineCollector lines;
     Watched<std::string> received;
     port_.setTrace([&](std::string_view bytes, std::string_view) {
         received.change([&](std::string& all) { all += bytes; });
     });
     answer({{kNoError, "$A\r\n$B\r\n"}});
-    run(nullptr);
+    const RunningPort running = run(nullptr);
     ASSERT_TRUE(received.waitUntil([](const auto& all) { return all == "$A\r\n$B\r\n"; }));
     std::array<char, 160> line{};
     int length = LineSplitter::kNoLine;
@@ -331,7 +333,6 @@ TEST_F(SerialPortTest, LinesStayBufferedUntilSomebodyTakesThem) {
         length = port_.readLine(line);
     }
     EXPECT_STREQ(line.data(), "$A");
-    LineCollector lines;
     port_.setListener(&lines);
     answer({{kNoError, "$C\r\n"}});
     EXPECT_EQ(lines.waitFor(2), (std::vector<std::string>{"$B", "$C"}));
