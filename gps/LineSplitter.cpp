@@ -89,8 +89,8 @@ int LineSplitter::readLine(std::span<char> out) {
 }
 
 void LineSplitter::dropFront(std::size_t count) {
-    const auto end = buffer_.begin() + static_cast<std::ptrdiff_t>(buffered_);
-    std::copy(buffer_.begin() + static_cast<std::ptrdiff_t>(count), end, buffer_.begin());
+    const std::string_view rest = content().substr(count);
+    std::copy(rest.begin(), rest.end(), buffer_.begin());
     buffered_ -= count;
 }
 

@@ -6,20 +6,23 @@
 namespace korvel {
 namespace {
 
+namespace chrono = std::chrono;
+using chrono::milliseconds;
+
 std::int64_t localMilliseconds(const LocalTime& local) {
-    using namespace std::chrono;
-    const sys_days day = year(local.year) / month(static_cast<unsigned>(local.month)) /
-                         std::chrono::day(static_cast<unsigned>(local.day));
-    const auto time = day + hours(local.hour) + minutes(local.minute) + seconds(local.second);
-    return duration_cast<milliseconds>(time.time_since_epoch()).count();
+    const chrono::sys_days day = chrono::year(local.year) /
+                                 chrono::month(static_cast<unsigned>(local.month)) /
+                                 chrono::day(static_cast<unsigned>(local.day));
+    const auto time = day + chrono::hours(local.hour) + chrono::minutes(local.minute) +
+                      chrono::seconds(local.second);
+    return chrono::duration_cast<milliseconds>(time.time_since_epoch()).count();
 }
 
 LocalTime calendar(std::int64_t localMs) {
-    using namespace std::chrono;
-    const sys_time<milliseconds> time{milliseconds(localMs)};
-    const auto midnight = floor<days>(time);
-    const year_month_day date(midnight);
-    const hh_mm_ss clock(floor<seconds>(time - midnight));
+    const chrono::sys_time<milliseconds> time{milliseconds(localMs)};
+    const auto midnight = chrono::floor<chrono::days>(time);
+    const chrono::year_month_day date(midnight);
+    const chrono::hh_mm_ss clock(chrono::floor<chrono::seconds>(time - midnight));
     return {.year = int{date.year()},
             .month = static_cast<int>(unsigned{date.month()}),
             .day = static_cast<int>(unsigned{date.day()}),
@@ -29,7 +32,7 @@ LocalTime calendar(std::int64_t localMs) {
 }
 
 std::int64_t floorToSeconds(std::int64_t ms) {
-    return std::chrono::floor<std::chrono::seconds>(std::chrono::milliseconds(ms)).count();
+    return chrono::floor<chrono::seconds>(milliseconds(ms)).count();
 }
 
 }  // namespace

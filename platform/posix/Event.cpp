@@ -37,8 +37,10 @@ Event::Event(Reset reset) : native_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)), r
 
 Event::~Event() { ::close(descriptor(native_)); }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): the signal is the event's state
 void Event::set() { ::eventfd_write(descriptor(native_), 1); }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): the signal is the event's state
 void Event::reset() { consume(descriptor(native_)); }
 
 bool Event::isSet() const {

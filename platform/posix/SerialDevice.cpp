@@ -75,7 +75,8 @@ enum class Wait { Ready, HungUp, TimedOut, Aborted };
 class PosixSerialDevice final : public SerialDevice {
  public:
     explicit PosixSerialDevice(FileDescriptor fd) : fd_(std::move(fd)) {}
-
+    PosixSerialDevice(const PosixSerialDevice&) = delete;
+    PosixSerialDevice& operator=(const PosixSerialDevice&) = delete;
     ~PosixSerialDevice() override {
         // Closing would wait for output that the device does not take, half a minute long.
         ::tcflush(fd_.get(), TCOFLUSH);

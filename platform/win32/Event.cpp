@@ -31,8 +31,10 @@ Event::Event(Reset reset)
 
 Event::~Event() { CloseHandle(handleOf(native_)); }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): the signal is the event's state
 void Event::set() { SetEvent(handleOf(native_)); }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): the signal is the event's state
 void Event::reset() { ResetEvent(handleOf(native_)); }
 
 bool Event::isSet() const {
