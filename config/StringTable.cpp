@@ -26,6 +26,20 @@ constexpr std::array kTexts = {
     Row{TextId::WaitingForSatellites, "Waiting for satellite data"},
     Row{TextId::DaySchemeName, "Default"},
     Row{TextId::NightSchemeName, "Night-Flight"},
+    Row{TextId::NavaidOrAirwayNotFound, "%s navaid/airway not found or data expired!"},
+    Row{TextId::NoLeadingFix, "No leading fix found for %s airway!"},
+    Row{TextId::NoTrailingFix, "No trailing fix found for %s airway!"},
+    Row{TextId::AirwayFixNotFound, "Fix %s of %s airway not found!"},
+    Row{TextId::FileOpenError, "File Open Error"},
+    Row{TextId::InvalidFormat, "Invalid format!"},
+    Row{TextId::UnsupportedFileType, "Unsupported file-type!"},
+    Row{TextId::NavaidNotFound, "%s navaid not found!"},
+    Row{TextId::NoTrackToSave, "No track to save"},
+    Row{TextId::InvalidObs, "Invalid OBS!"},
+    Row{TextId::NotFound, "Not found!"},
+    Row{TextId::DirectTo, "Direct to %s"},
+    Row{TextId::InvalidAltitude,
+        "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

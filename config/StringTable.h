@@ -20,6 +20,19 @@ enum class TextId : int {
     WaitingForSatellites = 61115,
     DaySchemeName = 61208,
     NightSchemeName = 61209,
+    NavaidOrAirwayNotFound = 61259,  ///< %s: identifier
+    NoLeadingFix = 61260,            ///< %s: airway
+    NoTrailingFix = 61261,           ///< %s: airway
+    AirwayFixNotFound = 61262,       ///< %s: fix, %s: airway
+    FileOpenError = 61300,
+    InvalidFormat = 61301,
+    UnsupportedFileType = 61302,
+    NavaidNotFound = 61303,  ///< %s: identifier
+    NoTrackToSave = 61304,
+    InvalidObs = 61310,
+    NotFound = 61311,
+    DirectTo = 61312,  ///< %s: name
+    InvalidAltitude = 61364,
 };
 
 /// The text of that number.

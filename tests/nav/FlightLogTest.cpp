@@ -1,0 +1,98 @@
+#include <gtest/gtest.h>
+
+#include "config/Settings.h"
+#include "nav/FlightLog.h"
+#include "nav/TemporaryFolder.h"
+#include "platform/VirtualClock.h"
+
+namespace korvel {
+namespace {
+
+TEST(FlightTime, RoundsMinutesAndTenthsUp) {
+    EXPECT_EQ(flightTimeText(0), "0,0.0");
+    EXPECT_EQ(flightTimeText(125), "3,0.1");
+    EXPECT_EQ(flightTimeText(7 * 60), "7,0.2");
+    EXPECT_EQ(flightTimeText(3601), "61,1.1");
+}
+
+TEST(FlightLogOptions, ApproachSpeedServesWhereNothingIsSet) {
+    Settings settings;
+    settings.approachSpeedKt = 80;
+    auto options = FlightLog::Options::from(settings);
+    EXPECT_EQ(options.startKt, 80);
+    EXPECT_EQ(options.endKt, 40);
+    settings.logStartKt = 30;
+    settings.logEndKt = 0;
+    options = FlightLog::Options::from(settings);
+    EXPECT_EQ(options.startKt, 30);
+    EXPECT_EQ(options.endKt, 0);
+    settings.logEndKt = 50;
+    EXPECT_EQ(FlightLog::Options::from(settings).endKt, 30);
+}
+
+class FlightLogTest : public testing::Test {
+ protected:
+    /// Flies at that speed, half a second a tick.
+    void fly(FlightLog& log, std::optional<double> speedKt, int seconds) {
+        for (int i = 0; i < seconds * 2; ++i) {
+            clock_.advanceMs(500);
+            log.step(options_, speedKt);
+        }
+    }
+    FlightLog open() {
+        return {clock_, folder_ / "log.txt", [this] { return place_; }};
+    }
+
+    TemporaryFolder folder_;
+    VirtualClock clock_{{.year = 2026, .month = 5, .day = 1, .hour = 9, .minute = 59}};
+    FlightLog::Options options_{.startKt = 60, .endKt = 30};
+    std::string place_ = "EDVV";
+};
+
+TEST_F(FlightLogTest, WritesOneLineForEachFlight) {
+    FlightLog log = open();
+    fly(log, 59.9, 60);
+    fly(log, 60, 300);
+    fly(log, 20, 9);
+    fly(log, std::nullopt, 60);
+    place_ = "EDDH";
+    fly(log, 45, 300);
+    EXPECT_TRUE(log.inFlight()) << "slow for less than ten seconds, then unknown";
+    fly(log, 29.9, 11);
+    EXPECT_EQ(folder_.read("log.txt"), "20260501,10:00,EDVV,10:11,EDDH,12,0.2\r\n");
+    EXPECT_FALSE(folder_.has("log.txt.flight"));
+
+    options_.enabled = false;
+    fly(log, 90, 30);
+    options_.enabled = true;
+    place_ = "";
+    fly(log, 90, 60);
+    log.close();
+    EXPECT_EQ(folder_.read("log.txt"),
+              "20260501,10:00,EDVV,10:11,EDDH,12,0.2\r\n20260501,,,10:12,,1,0.1\r\n");
+}
+
+TEST_F(FlightLogTest, AKilledProgramLosesAtMostFiveSeconds) {
+    {
+        FlightLog log = open();
+        fly(log, 0, 1);
+        fly(log, 100, 604);
+        EXPECT_FALSE(folder_.has("log.txt"));
+    }
+    const std::string journal = folder_.read("log.txt.flight");
+    const std::string line = "20260501,09:59,EDVV,10:09,EDVV,10,0.2\r\n";
+    const std::string before = "20260430,08:00,A,09:00,B,60,1.0\r\n2026043";
+    for (const std::size_t torn : {0U, 7U}) {
+        folder_.write("log.txt.flight", journal + journal.substr(0, torn));
+        folder_.write("log.txt", before);
+        open();
+        EXPECT_EQ(folder_.read("log.txt"), before + "\r\n" + line) << torn;
+        EXPECT_FALSE(folder_.has("log.txt.flight"));
+    }
+    folder_.write("log.txt.flight", journal);
+    open();
+    EXPECT_EQ(folder_.read("log.txt"), before + "\r\n" + line) << "killed after the line was done";
+}
+
+}  // namespace
+}  // namespace korvel
