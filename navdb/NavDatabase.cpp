@@ -21,15 +21,6 @@ constexpr double kFartherThanAnything = 2147483647.0;
 constexpr double kNavaidPreferenceNm = 25.0;
 constexpr double kVariationReachNm = 200.0;
 constexpr std::size_t kVariationCandidates = 5;
-constexpr std::size_t kShortestWithRegion = 4;
-
-/// The identifier as a file of this region may spell it instead.
-std::string otherSpelling(std::string_view ident, char region) {
-    if (ident.starts_with(region) && ident.size() >= kShortestWithRegion) {
-        return std::string(ident.substr(1));
-    }
-    return std::string(1, region).append(ident);
-}
 
 double distanceTo(GeoPoint from, GeoPoint to) {
     return GreatCircleDistance(from.lat, from.lon, to.lat, to.lon);

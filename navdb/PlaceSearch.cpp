@@ -21,6 +21,7 @@ constexpr double kFullTurnDeg = 360.0;
 constexpr double kHalfPi = std::numbers::pi / 2;
 constexpr double kFirstRadiusNm = 20.0;  // of the nearest search; then wider and wider
 constexpr double kRadiusGrowth = 3.0;
+constexpr double kEdge = 1e-9;  // radians: a place on a box's edge is in it
 constexpr double kHalfwayRoundNm = 10800.0;
 
 struct LocationIndexName {
@@ -37,6 +38,12 @@ struct Band {
     double south;
     double north;
 };
+
+/// In degrees, eastwards.
+double widthOf(const GeoBox& box) {
+    const double width = box.east - box.west;
+    return width < 0 ? width + kFullTurnDeg : width;
+}
 
 std::int32_t storedDegrees(double value) {
     return static_cast<std::int32_t>(std::clamp(value,
@@ -63,15 +70,11 @@ class Search {
 class BoxSearch final : public Search {
  public:
     BoxSearch(const GeoBox& box, std::size_t limit, std::vector<Place>& places)
-        : band_{.south = box.south * kDegToRad, .north = box.north * kDegToRad},
-          west_(box.west * kDegToRad),
-          width_((box.east - box.west) * kDegToRad),
+        : band_{.south = box.south * kDegToRad - kEdge, .north = box.north * kDegToRad + kEdge},
+          west_(box.west * kDegToRad - kEdge),
+          width_(widthOf(box) * kDegToRad + 2 * kEdge),
           limit_(limit),
-          places_(places) {
-        if (width_ < 0) {
-            width_ += kTwoPi;
-        }
-    }
+          places_(places) {}
 
     [[nodiscard]] bool wantsCell(int) const override { return true; }
     [[nodiscard]] Band band() const override { return band_; }
@@ -260,12 +263,8 @@ std::vector<int> cellsAround(GeoPoint centre, double radius) {
 void findPlacesIn(const PlaceSources& sources, const GeoBox& box, KindMask kinds, std::size_t limit,
                   std::vector<Place>& places) {
     places.clear();
-    double width = box.east - box.west;
-    if (width < 0) {
-        width += kFullTurnDeg;
-    }
     BoxSearch search(box, limit, places);
-    runSearch(sources, kinds, cellsFrom(box.west, width), search);
+    runSearch(sources, kinds, cellsFrom(box.west, widthOf(box)), search);
 }
 
 std::vector<NearPlace> findNearest(const PlaceSources& sources, GeoPoint position, KindMask kinds,

@@ -38,4 +38,14 @@ std::string_view identOfKey(std::string_view key) {
     return hasKindPrefix(key) ? key.substr(2) : key;
 }
 
+bool hasRegionLetter(std::string_view ident, char region) {
+    constexpr std::size_t kShortest = 4;
+    return ident.size() >= kShortest && ident.front() == region;
+}
+
+std::string otherSpelling(std::string_view ident, char region) {
+    return hasRegionLetter(ident, region) ? std::string(ident.substr(1))
+                                          : std::string(1, region).append(ident);
+}
+
 }  // namespace korvel

@@ -30,4 +30,11 @@ bool hasKindPrefix(std::string_view key);
 /// What stands behind the prefix, or the whole text when there is none.
 std::string_view identOfKey(std::string_view key);
 
+/// Whether the identifier begins with the region's letter and is long enough (4 characters) for
+/// it to be meant as one.
+bool hasRegionLetter(std::string_view ident, char region);
+
+/// The other way to spell an airport of this region: without the region's letter, or with it.
+std::string otherSpelling(std::string_view ident, char region);
+
 }  // namespace korvel

@@ -1,0 +1,134 @@
+#include "navdb/DatabaseLoader.h"
+
+#include <utility>
+
+#include "navdb/UserDatabaseReader.h"
+#include "platform/Folders.h"
+
+namespace korvel {
+namespace {
+
+bool isAirportKey(std::string_view key) { return key.starts_with("a."); }
+
+std::string notUsed(std::string_view key, std::string_view where) {
+    return std::string("Nav ").append(key).append(" not used. Already exists in a ").append(where) +
+           " file.\r\n";
+}
+
+}  // namespace
+
+DatabaseLoader::DatabaseLoader(NavDatabase& database, LoadReport& report)
+    : database_(database), report_(report) {}
+
+DatabaseLoader::~DatabaseLoader() { database_.setUserRecords(nullptr); }
+
+void DatabaseLoader::load(const std::filesystem::path& folder, const Progress& progress) {
+    report_.restart();
+    report_.AppendLoadReport("Current Korvel Load Status\r\n\r\n");
+    database_.clear();
+    records_.clear();
+    userAirportKeys_.clear();
+    openedFiles_.clear();
+    openDatabases(folder, progress);
+    loadUserFiles(folder, "*.UDB.TXT", false, progress);
+    loadUserFiles(folder, "*.NDB.TXT", true, progress);
+    MergeWithDatabase();
+}
+
+void DatabaseLoader::openDatabases(const std::filesystem::path& folder, const Progress& progress) {
+    for (const auto& path : findFiles(folder, "*.ng2")) {
+        const std::string name = path.filename().string();
+        const std::string text = "Loading " + name;
+        const std::string error = database_.openFile(path, [&](int percent) {
+            if (progress) {
+                progress(text, percent);
+            }
+        });
+        if (!error.empty()) {
+            reportFailure(path, error);
+        }
+        openedFiles_.push_back({.name = name, .error = error});
+    }
+}
+
+void DatabaseLoader::loadUserFiles(const std::filesystem::path& folder, std::string_view pattern,
+                                   bool fromSecondSource, const Progress& progress) {
+    const auto paths = findFiles(folder, pattern);
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        if (progress) {
+            progress("Loading " + paths[i].filename().string(),
+                     static_cast<int>(i * 100 / paths.size()));
+        }
+        UserDatabaseReader reader(report_, [&](std::unique_ptr<DatabaseRecord> record) {
+            AddUserRecord(std::move(record), fromSecondSource);
+        });
+        if (const std::string error = reader.LoadFile(paths[i]); !error.empty()) {
+            reportFailure(paths[i], error);
+        }
+    }
+}
+
+void DatabaseLoader::reportFailure(const std::filesystem::path& path, std::string_view message) {
+    report_.AppendLoadReport("Loading " + path.string() + "\r\n  " + std::string(message) +
+                             "\r\n\r\n");
+}
+
+void DatabaseLoader::AddUserRecord(std::unique_ptr<DatabaseRecord> record, bool fromSecondSource) {
+    const std::string key = record->key;
+    const char region = database_.regionLetter();
+    const bool standsUnderOtherKey =
+        fromSecondSource && isAirportKey(key) && region != 0 &&
+        records_.find(makeRecordKey(kAirportKind, otherSpelling(identOfKey(key), region))) !=
+            nullptr;
+    if (standsUnderOtherKey || !records_.add(std::move(record))) {
+        report_.AppendLoadReport(notUsed(key, fromSecondSource ? ".NDB or .UDB.TXT" : ".UDB.TXT"));
+    } else if (!fromSecondSource && isAirportKey(key)) {
+        userAirportKeys_.push_back(key);
+    }
+}
+
+void DatabaseLoader::MergeWithDatabase() {
+    database_.setUserRecords(nullptr);  // the files alone are asked
+    excludeReplacedAirports();
+    for (int cell = 0; cell < kCellCount; ++cell) {
+        const UserRecordStore::Bucket bucket = records_.bucket(cell);
+        for (const DatabaseRecord* const record : bucket) {
+            dropIfInDatabase(*record);
+        }
+    }
+    database_.setUserRecords(&records_);
+}
+
+void DatabaseLoader::excludeReplacedAirports() {
+    for (const std::string& key : std::exchange(userAirportKeys_, {})) {
+        const std::string_view ident = identOfKey(key);
+        bool replaces = false;
+        for (const auto& [index, table] : {std::pair{"AptKey", "_APT"}, {"Ap2Key", "_AP2"}}) {
+            // Each row found is excluded at once, so that the next search finds a further one.
+            while (database_.FindInIndex(ident, index, table, std::nullopt, 0)) {
+                database_.exclude(*database_.lastMatch());
+                replaces = true;
+            }
+        }
+        if (replaces) {
+            report_.AppendLoadReport(std::string("Airport ").append(ident) +
+                                     " in .NG2 file replaced w/ entry in .UDB.TXT file.\r\n");
+        }
+    }
+}
+
+void DatabaseLoader::dropIfInDatabase(const DatabaseRecord& record) {
+    const std::string key = record.key;
+    const std::string_view ident = identOfKey(key);
+    const char region = database_.regionLetter();
+    bool isThere = database_.Find(key) != nullptr;
+    if (!isThere && isAirportKey(key) && hasRegionLetter(ident, region)) {
+        isThere = database_.Find(makeRecordKey(kAirportKind, ident.substr(1))) != nullptr;
+    }
+    if (isThere) {
+        records_.remove(key);
+        report_.AppendLoadReport(notUsed(key, ".NG2"));
+    }
+}
+
+}  // namespace korvel

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "navdb/LoadReport.h"
+#include "navdb/NavDatabase.h"
+#include "navdb/UserRecordStore.h"
+
+namespace korvel {
+
+/// Gathers the places at start-up: opens the database files of a folder, reads the user's files
+/// and settles who wins where both name the same place. A user airport replaces the database's; a
+/// user navaid or fix gives way to it. Owns the user's records for the whole run.
+class DatabaseLoader {
+ public:
+    /// What is being loaded ("Loading NAME") and how far it has come in per cent.
+    using Progress = std::function<void(std::string_view text, int percent)>;
+
+    struct OpenedFile {
+        std::string name;   ///< bare
+        std::string error;  ///< empty when the file is open
+    };
+
+    /// Both must outlive the loader; when it goes, the database loses the user's records.
+    DatabaseLoader(NavDatabase& database, LoadReport& report);
+    ~DatabaseLoader();
+    DatabaseLoader(const DatabaseLoader&) = delete;
+    DatabaseLoader& operator=(const DatabaseLoader&) = delete;
+
+    /// Starts the report anew and replaces all that was loaded before: ".ng2" files, then
+    /// "*.UDB.TXT", then "*.NDB.TXT", each in ascending order of their names.
+    void load(const std::filesystem::path& folder, const Progress& progress = {});
+
+    /// Of two records with the same key the first one stays. `fromSecondSource` also refuses an
+    /// airport that is there with or without the region letter in front.
+    void AddUserRecord(std::unique_ptr<DatabaseRecord> record, bool fromSecondSource);
+
+    /// Settles user records against the open database files.
+    void MergeWithDatabase();
+
+    [[nodiscard]] const UserRecordStore& userRecords() const { return records_; }
+    [[nodiscard]] const std::vector<OpenedFile>& openedFiles() const { return openedFiles_; }
+
+ private:
+    void openDatabases(const std::filesystem::path& folder, const Progress& progress);
+    void loadUserFiles(const std::filesystem::path& folder, std::string_view pattern,
+                       bool fromSecondSource, const Progress& progress);
+    void reportFailure(const std::filesystem::path& path, std::string_view message);
+    void excludeReplacedAirports();
+    void dropIfInDatabase(const DatabaseRecord& record);
+
+    NavDatabase& database_;
+    LoadReport& report_;
+    UserRecordStore records_;
+    std::vector<std::string> userAirportKeys_;  ///< of the first source; emptied by the merge
+    std::vector<OpenedFile> openedFiles_;
+};
+
+}  // namespace korvel

@@ -1,0 +1,230 @@
+#include <gtest/gtest.h>
+
+#include "nav/Geodesy.h"
+#include "navdb/DatabaseFile.h"
+#include "navdb/NavDatabase.h"
+#include "navdb/NavaidRecord.h"
+#include "navdb/TestDatabase.h"
+#include "navdb/UserRecordStore.h"
+#include "platform/VirtualClock.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kNm = 1.0 / 60.0;  // of latitude, in degrees
+
+GeoPoint at(double lat, double lon) { return {.lat = lat * kDegToRad, .lon = lon * kDegToRad}; }
+
+class NavDatabaseTest : public ::testing::Test {
+ protected:
+    void open(const TestDatabase& content) {
+        const std::string name = std::to_string(database_.files().size()) + ".ng2";
+        ASSERT_EQ(database_.openFile(content.write(folder_.path(), name)), "");
+    }
+    /// "KEY FILE" of what is found, "-" for nothing.
+    std::string find(std::string_view key, std::optional<GeoPoint> near = std::nullopt) {
+        const DatabaseRecord* const record = database_.Find(key, near);
+        return record == nullptr ? "-"
+                                 : record->key + " " + std::to_string(record->origin.match.file);
+    }
+
+    TestFolder folder_;
+    VirtualClock clock_{{.year = 2024}};
+    NavDatabase database_{clock_};
+};
+
+TEST_F(NavDatabaseTest, BuildsRecordsWithAllTheirFields) {
+    TestDatabase content;
+    content.addAirport("SEA", 47.449, -122.309, "Seattle Tacoma International");
+    content.addNavaid("SEA", 47.435, -122.31, 0x62, 116.8);
+    content.addNavaid("SEA", 47.5, -122.0, 0x13, 224.5);
+    content.addFix("SEA", 47.0, -122.0, 0x85);
+    content.addRunwayEnd("SEA", 1, "16L", 11901);
+    content.addRunwayEnd("SEA", 1, "34R", 11901);
+    content.addRunwayEnd("SEA", 2, "H1", 60);
+    content.addRunwayEnd("SEAX", 1, "01", 1);
+    content.addComm("SEA", "TWR", 119.9);
+    content.addComm("SEA", "GND", 121.7);
+    open(content);
+
+    auto record = database_.Find("a.SEA")->Clone();
+    auto& airport = dynamic_cast<AirportRecord&>(*record);
+    EXPECT_EQ(airport.GetName(), "Seattle Tacoma Inter");
+    EXPECT_NEAR(airport.position.lat * kRadToDeg, 47.449, 1e-9);
+    EXPECT_NEAR(airport.position.lon * kRadToDeg, -122.309, 1e-9);
+    EXPECT_EQ(airport.magVariationDeg, -13.5F);
+    EXPECT_EQ(airport.elevationFt, 431);
+    EXPECT_EQ(airport.region, 'K');
+    EXPECT_EQ(airport.info, "Info");
+    EXPECT_EQ(airport.GetInfoText(), "Tower, hard surface");
+    EXPECT_FALSE(airport.expired);
+    EXPECT_EQ(*airport.origin.fileName, "0.ng2");
+    EXPECT_EQ(database_.lastMatch(), airport.origin.match);
+    database_.loadDetails(airport);
+    ASSERT_EQ(airport.runways.size(), 2U);
+    EXPECT_EQ(airport.runways[0].lengthFt, 11901);
+    ASSERT_EQ(airport.runways[0].ends.size(), 2U);
+    EXPECT_EQ(airport.runways[0].ends[1].id, "34R");
+    EXPECT_EQ(airport.runways[0].ends[1].magHeadingDeg, 90);
+    EXPECT_EQ(airport.runways[0].ends[1].pattern, 'R');
+    EXPECT_FALSE(airport.runways[0].ends[1].elevationFt);
+    EXPECT_FALSE(IsValid(airport.runways[0].ends[1].position));
+    EXPECT_EQ(airport.runways[1].ends.size(), 1U);
+    ASSERT_EQ(airport.comms.size(), 2U);
+    EXPECT_EQ(airport.comms[1].type, "GND");
+    EXPECT_DOUBLE_EQ(airport.comms[1].freqMhz, 121.7);
+
+    const auto* vor = dynamic_cast<const VorRecord*>(database_.Find("v.SEA"));
+    ASSERT_NE(vor, nullptr);
+    EXPECT_EQ(vor->usage, kUsageBoth);
+    EXPECT_EQ(vor->GetInfoText(), "116.8");
+    EXPECT_EQ(vor->GetName(), "SEA navaid");
+    const auto* ndb = dynamic_cast<const NdbRecord*>(database_.Find("n.SEA"));
+    ASSERT_NE(ndb, nullptr);
+    EXPECT_EQ(ndb->GetInfoText(), "224.5");
+    EXPECT_EQ(database_.Find("f.SEA")->GetName(), "SEA");
+    EXPECT_EQ(database_.variationNear(at(47.5, -122.0)), -13.5);
+    EXPECT_EQ(database_.variationNear(at(-47.5, -122.0)), kNoAngle);
+}
+
+TEST_F(NavDatabaseTest, FindsAirportsWithAndWithoutTheRegionLetter) {
+    TestDatabase first;
+    first.addAirport("SEA", 0, 0);
+    first.addAirport("KBFI", 0, 0);
+    first.addAirport("KKAL", 0, 0);
+    first.addAirport("W01", 0, 0, "", "_AP2");
+    first.addAirport("AL", 0, 0);
+    open(first);
+    TestDatabase second;
+    second.region = 'L';
+    second.addAirport("LSEA", 0, 0);
+    second.addAirport("SZH", 0, 0);
+    open(second);
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"a.SEA", "a.SEA 0"},   {"a.KSEA", "a.SEA 0"},
+        {"a.LSEA", "a.LSEA 1"}, {"a.BFI", "a.KBFI 0"},
+        {"a.KAL", "a.KKAL 0"},  {"a.KW01", "a.W01 0"},
+        {"a.LSZH", "a.SZH 1"},  {"KSEA", "a.SEA 0"},
+        {"a.sea", "-"},         {"a.SE", "-"},
+        {"a.SEAX", "-"},        {"a.", "-"},
+        {"v.SEA", "-"},         {"", "-"}};
+    for (const auto& [key, expected] : cases) {
+        EXPECT_EQ(find(key), expected) << key;
+    }
+}
+
+TEST_F(NavDatabaseTest, AddsNoLetterWhereAFileHasNone) {
+    TestDatabase world;
+    world.region = 0;
+    world.addAirport("SEA", 0, 0);
+    world.addAirport("", 0, 0);
+    open(world);
+    EXPECT_EQ(find("a.KSEA"), "-");
+    EXPECT_EQ(find("a.SEA"), "a.SEA 0");
+}
+
+TEST_F(NavDatabaseTest, ChoosesAmongEquallyNamedPlaces) {
+    const double navaidWins = 20 * kNm;
+    TestDatabase content;
+    content.addNavaid("TIE", navaidWins, 0, 0x61, 110.0);
+    content.addAirport("TIE", -10 * kNm, 0);
+    content.addNavaid("FAR", 50 * kNm, 0, 0x63, 110.0);
+    content.addAirport("FAR", -10 * kNm, 0);
+    content.addNavaid("SAME", 1, 1, 0x61, 110.0);
+    content.addFix("SAME", 1, 1);
+    content.addAirport("ALL", 3, 3);
+    content.addFix("ALL", 2, 2);
+    content.addNavaid("ALL", 60, 60, 0x61, 110.0);
+    content.addNavaid("ALL", 0, 1, 0x63, 110.0);
+    content.addNavaid("ALL", 0, -0.5, 0x61, 110.0);
+    open(content);
+    const GeoPoint here = at(0, 0);
+    EXPECT_EQ(find("TIE", here), "v.TIE 0");
+    EXPECT_EQ(find("FAR", here), "a.FAR 0");
+    EXPECT_EQ(find("SAME", here), "f.SAME 0");
+    EXPECT_EQ(find("SAME"), "v.SAME 0");
+    EXPECT_EQ(find("ALL"), "v.ALL 0");
+    EXPECT_EQ(find("ALL", GeoPoint{}), "v.ALL 0");
+    EXPECT_EQ(find("ALL", at(0, 1)), "n.ALL 0");
+    EXPECT_EQ(find("ALL", at(2, 2)), "f.ALL 0");
+    ASSERT_EQ(find("v.ALL", at(0, 0)), "v.ALL 0");
+    EXPECT_NEAR(database_.Find("v.ALL", here)->position.lon * kRadToDeg, -0.5, 1e-9);
+    EXPECT_NEAR(database_.Find("n.ALL", at(50, 50))->position.lon * kRadToDeg, 1.0, 1e-9);
+}
+
+TEST_F(NavDatabaseTest, NeverReturnsAnExcludedRow) {
+    TestDatabase content;
+    content.addAirport("ONE", 1, 1);
+    content.addAirport("TWO", 1, 1, "first");
+    content.addAirport("TWO", 2, 2, "second");
+    open(content);
+    ASSERT_EQ(find("a.ONE"), "a.ONE 0");
+    database_.exclude(*database_.lastMatch());
+    EXPECT_EQ(find("a.ONE"), "-");
+    EXPECT_EQ(find("ONE", at(1, 1)), "-");
+    ASSERT_EQ(database_.Find("a.TWO")->GetName(), "first");
+    database_.exclude(*database_.lastMatch());
+    database_.exclude(*database_.lastMatch());
+    EXPECT_EQ(database_.Find("a.TWO", at(1, 1))->GetName(), "second");
+    EXPECT_EQ(database_.exclusions().size(), 2U);
+}
+
+TEST_F(NavDatabaseTest, AsksUserRecordsLikeALastFileWithoutARegion) {
+    UserRecordStore records;
+    const auto add = [&](std::unique_ptr<DatabaseRecord> record, std::string_view ident,
+                         GeoPoint position) {
+        record->ident.assign(ident);
+        record->key = makeRecordKey(record->GetKind(), ident);
+        record->position = position;
+        records.add(std::move(record));
+    };
+    add(std::make_unique<AirportRecord>(), "STRIP", at(5, 5));
+    add(std::make_unique<VorRecord>(), "ABC", at(5, 5));
+    add(std::make_unique<NdbRecord>(), "ABC", at(6, 6));
+    database_.setUserRecords(&records);
+    EXPECT_EQ(find("a.STRIP"), "a.STRIP -1");
+    EXPECT_EQ(find("ABC"), "v.ABC -1");
+    EXPECT_EQ(find("n.ABC"), "n.ABC -1");
+
+    TestDatabase content;
+    content.addNavaid("ABC", 0, 0, 0x60, 110.0);
+    content.addAirport("KSTRIP", 0, 0);
+    open(content);
+    EXPECT_EQ(find("ABC"), "v.ABC 0");
+    EXPECT_EQ(find("ABC", at(5.9, 5.9)), "n.ABC -1");
+    EXPECT_EQ(find("v.ABC", at(5, 5)), "v.ABC -1");
+    EXPECT_EQ(database_.lastMatch(), std::nullopt);
+    EXPECT_EQ(find("a.STRIP"), "a.STRIP -1");
+    EXPECT_EQ(find("a.KSTRIP"), "a.KSTRIP 0");
+}
+
+TEST_F(NavDatabaseTest, ListsAirwayPiecesOfCurrentFilesInOrder) {
+    TestDatabase first;
+    first.addAirway("V23", "SFO OAK");
+    first.addAirway("V2", "XXX");
+    first.addAirway("V23", "OAK SAC");
+    TestDatabase expired = first;
+    expired.expiry = 20231231;
+    TestDatabase last;
+    last.expiry = 20200101;
+    last.region = 'E';
+    last.addAirway("V23", "LAX SAN");
+    last.addFix("OLD", 0, 0);
+    open(first);
+    open(expired);
+    open(last);
+    std::vector<std::string> routes{"stale"};
+    database_.GetAirwayRoutes("V23", routes);
+    EXPECT_EQ(routes, (std::vector<std::string>{"SFO OAK", "OAK SAC", "LAX SAN"}));
+    database_.GetAirwayRoutes("V", routes);
+    EXPECT_TRUE(routes.empty());
+    EXPECT_FALSE(database_.Find("f.OLD")->expired);
+    TestDatabase undated;
+    undated.expiry = 0;
+    undated.addFix("NEWER", 0, 0);
+    open(undated);
+    EXPECT_TRUE(database_.Find("f.NEWER")->expired);
+}
+
+}  // namespace
+}  // namespace korvel
