@@ -3,6 +3,7 @@
 #include <QPushButton>
 
 #include "app/PortSettings.h"
+#include "app/QtText.h"
 
 namespace korvel {
 namespace {
@@ -13,11 +14,11 @@ constexpr int kUsualBaud = 9600;
 }  // namespace
 
 CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings)
-    : Sheet(parent, QStringLiteral("GPS port"), QDialogButtonBox::Ok | QDialogButtonBox::Cancel) {
-    search_.setText(QStringLiteral("&Search all ports for the receiver"));
-    fixed_.setText(QStringLiteral("&Use this port and speed:"));
+    : Sheet(parent, toQString(TextId::PortTitle), QDialogButtonBox::Ok | QDialogButtonBox::Cancel) {
+    search_.setText(toQString(TextId::PortSearch));
+    fixed_.setText(toQString(TextId::PortChosen));
     port_.setEditable(true);
-    hint_.setText(QStringLiteral("Most receivers send at 4800, 9600 or 38400 baud."));
+    hint_.setText(toQString(TextId::PortHint));
     for (int number = 1; number <= kOfferedPorts; ++number)
         port_.addItem(QStringLiteral("COM%1").arg(number));
     for (const int baud : {1200, 2400, 4800, 9600, 19200, 38400, 57600, 115200})

@@ -40,6 +40,40 @@ constexpr std::array kTexts = {
     Row{TextId::DirectTo, "Direct to %s"},
     Row{TextId::InvalidAltitude,
         "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."},
+    Row{TextId::ProgramName, "Korvel Pro"},
+    Row{TextId::MenuFile, "&File"},
+    Row{TextId::CommandQuit, "&Quit"},
+    Row{TextId::MenuView, "&View"},
+    Row{TextId::CommandZoomIn, "Zoom &In"},
+    Row{TextId::CommandZoomOut, "Zoom &Out"},
+    Row{TextId::CommandNextPage, "&Next Page"},
+    Row{TextId::CommandBackToAircraft, "&Back to the Aircraft"},
+    Row{TextId::CommandFullScreen, "&Full Screen"},
+    Row{TextId::MenuOptions, "&Options"},
+    Row{TextId::CommandNight, "&Day or Night Colours"},
+    Row{TextId::MenuSchemes, "&Colour Scheme"},
+    Row{TextId::CommandPort, "&GPS Port..."},
+    Row{TextId::MenuHelp, "&Help"},
+    Row{TextId::CommandHelp, "&Getting Started"},
+    Row{TextId::CommandAbout, "&About Korvel Pro"},
+    Row{TextId::HelpWords,
+        "Plug in the GPS receiver: Korvel Pro searches its port by itself. As soon as the receiver "
+        "knows where it is, the map appears.\n\n"
+        "Z and Shift+Z, the wheel, two fingers, or - and + below the map: zoom\n"
+        "N or Page: next page\n"
+        "Drag the map to look around, Space to return to the aircraft\n"
+        "C: day or night colours\n"
+        "F11: full screen; a tap on the map hides the buttons and brings them back\n\n"
+        "\"---\" stands where a value is unknown or older than five seconds."},
+    Row{TextId::AboutWords,
+        "Moving-map GPS navigator for pilots of light aircraft.\n\n"
+        "A backup only: never rely on it as the only means of navigation.\n\n"
+        "Letters: B612, SIL Open Font License 1.1. Window: Qt, LGPL 3."},
+    Row{TextId::PortTitle, "GPS Port"},
+    Row{TextId::PortSearch, "&Search all ports for the receiver"},
+    Row{TextId::PortChosen, "&Use this port and speed:"},
+    Row{TextId::PortHint, "Most receivers send at 4800, 9600 or 38400 baud."},
+    Row{TextId::LookingAround, "Map moved"},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

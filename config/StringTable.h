@@ -33,6 +33,31 @@ enum class TextId : int {
     NotFound = 61311,
     DirectTo = 61312,  ///< %s: name
     InvalidAltitude = 61364,
+
+    // The window: menus with the letter behind "&" as their key, and help.
+    ProgramName = 61500,
+    MenuFile = 61501,
+    CommandQuit = 61502,
+    MenuView = 61503,
+    CommandZoomIn = 61504,
+    CommandZoomOut = 61505,
+    CommandNextPage = 61506,
+    CommandBackToAircraft = 61507,
+    CommandFullScreen = 61508,
+    MenuOptions = 61509,
+    CommandNight = 61510,
+    MenuSchemes = 61511,
+    CommandPort = 61512,
+    MenuHelp = 61513,
+    CommandHelp = 61514,
+    CommandAbout = 61515,
+    HelpWords = 61516,
+    AboutWords = 61517,
+    PortTitle = 61518,
+    PortSearch = 61519,
+    PortChosen = 61520,
+    PortHint = 61521,
+    LookingAround = 61522,
 };
 
 /// The text of that number.

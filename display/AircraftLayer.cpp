@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "display/Clip.h"
 #include "display/MapFrame.h"
 #include "nav/Geodesy.h"
 
@@ -28,7 +29,7 @@ std::optional<double> screenAngle(const MapFrame& frame) {
 }
 
 void paintLost(const MapFrame& frame, Canvas& canvas) {
-    const Point at = frame.projection.aircraft();
+    const Point at = frame.aircraft;
     const double size = halfLength(frame.textPx);
     const ColorValue background = frame.colors[ColorKey::MapBackground];
     const ColorValue danger = frame.colors[ColorKey::MapObstacleDanger];
@@ -62,11 +63,13 @@ std::vector<Point> aircraftOutline(Point center, double halfLength, double angle
 }
 
 void paintAircraft(const MapFrame& frame, Canvas& canvas) {
+    if (!grown(frame.view, 3 * halfLength(frame.textPx)).contains(frame.aircraft))
+        return;
     if (!frame.data.position) {
         paintLost(frame, canvas);
         return;
     }
-    const Point at = frame.projection.aircraft();
+    const Point at = frame.aircraft;
     const double size = halfLength(frame.textPx);
     const Brush ink{frame.colors[ColorKey::HsiAirplane]};
     const Pen rim{frame.colors[ColorKey::MapBackground], 2, PenStyle::Solid};

@@ -15,10 +15,11 @@ struct MapFrame {
     const CockpitData& data;
     const MapColorCache& colors;
     const MapProjection& projection;
-    Rect view;      ///< the canvas
-    int rangeNm;    ///< current display range
-    bool turns;     ///< the map turns with the aircraft, which then points up
-    double textPx;  ///< type size of labels
+    Point aircraft;  ///< live or last; far outside the view when the map was moved there
+    Rect view;       ///< the canvas
+    int rangeNm;     ///< current display range
+    bool turns;      ///< the map turns with the aircraft, which then points up
+    double textPx;   ///< type size of labels
     const MapFurniture& furniture;
     LabelSpace& labels;
 };

@@ -54,10 +54,12 @@ ScaleBar layOutScale(const Canvas& canvas, const MapProjection& projection,
 std::string firstLine(const std::string& lines) { return lines.substr(0, lines.find('\n')); }
 std::string lastLine(const std::string& lines) { return lines.substr(lines.rfind('\n') + 1); }
 
-std::vector<std::string> noteTexts(const CockpitData& data) {
+std::vector<std::string> noteTexts(const CockpitData& data, bool moved) {
     std::vector<std::string> texts;
     if (!data.databaseNotice.empty())
         texts.push_back(firstLine(data.databaseNotice));
+    if (moved)
+        texts.emplace_back(text(TextId::LookingAround));
     if (data.simulated)
         texts.emplace_back(text(TextId::Simulator));
     if (!data.status.empty())
@@ -96,7 +98,8 @@ std::vector<Rect> MapFurniture::areas() const {
 }
 
 MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
-                             const MapProjection& projection, int rangeNm, double textPx) {
+                             const MapProjection& projection, int rangeNm, double textPx,
+                             bool moved) {
     const BoxLayout boxes(canvas, infoFont(textPx));
     const double margin = boxes.margin();
     MapFurniture result;
@@ -107,7 +110,7 @@ MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
     result.scale = layOutScale(canvas, projection, boxes);
 
     double top = canvas.height() - margin - boxes.height();
-    for (std::string& note : noteTexts(data)) {
+    for (std::string& note : noteTexts(data, moved)) {
         const double left = canvas.width() - margin - boxes.width(note);
         result.notes.push_back(boxes.at(left, top, std::move(note)));
         top -= boxes.height() + std::round(margin / 2);

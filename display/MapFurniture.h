@@ -37,9 +37,10 @@ struct MapFurniture {
     std::vector<Rect> areas() const;
 };
 
-/// `textPx` is the type size of the map's labels.
+/// `textPx` is the type size of the map's labels; `moved`: away from the aircraft.
 MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
-                             const MapProjection& projection, int rangeNm, double textPx);
+                             const MapProjection& projection, int rangeNm, double textPx,
+                             bool moved = false);
 
 /// The longest round number (1, 2 or 5 times a power of ten) of the unit in force that is not
 /// longer than `longestNm`, in nautical miles.

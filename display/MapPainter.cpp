@@ -33,22 +33,26 @@ std::span<const MapLayer> mapLayers() { return kLayers; }
 
 void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors) {
     const CockpitData& data = scene.data;
-    const GeoPoint center = data.position ? *data.position : data.lastPosition.value_or(GeoPoint{});
-    if (!IsValid(center))
+    const GeoPoint position =
+        data.position ? *data.position : data.lastPosition.value_or(GeoPoint{});
+    if (!IsValid(position))
         return;
-    const MapProjection projection = scene.viewport.projection(center, scene.upTrueDeg);
+    const MapProjection projection =
+        scene.viewport.projection(scene.lookAt.value_or(position), scene.upTrueDeg);
+    const Point aircraft = projection.project(position);
     const Rect view{0, 0, canvas.width(), canvas.height()};
     const int rangeNm = scene.viewport.currentRangeNm();
     const double textPx = mapTextPx(view.width, view.height);
-    const MapFurniture furniture = layOutFurniture(canvas, data, projection, rangeNm, textPx);
+    const MapFurniture furniture =
+        layOutFurniture(canvas, data, projection, rangeNm, textPx, scene.lookAt.has_value());
 
     LabelSpace labels(view);
     for (const Rect& area : furniture.areas())
         labels.reserve(area);
-    labels.reserve(aircraftArea(projection.aircraft(), textPx));
+    labels.reserve(aircraftArea(aircraft, textPx));
 
-    const MapFrame frame{data,        colors, projection, view,  rangeNm,
-                         scene.turns, textPx, furniture,  labels};
+    const MapFrame frame{data,    colors,      projection, aircraft,  view,
+                         rangeNm, scene.turns, textPx,     furniture, labels};
     for (const MapLayer& layer : mapLayers())
         if (rangeNm >= layer.fromRangeNm && rangeNm <= layer.toRangeNm)
             layer.paint(frame, canvas);

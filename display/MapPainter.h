@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -38,10 +39,12 @@ struct MapScene {
     const MapViewport& viewport;  ///< laid out for the canvas's size
     int upTrueDeg = 0;            ///< true direction that points up, 0 to 359
     bool turns = true;            ///< the aircraft points up; otherwise it points along its track
+    /// What stands in the aircraft's place while the pilot looks around; none: the aircraft.
+    std::optional<GeoPoint> lookAt = std::nullopt;
 };
 
 /// Paints the map around the live position, or around the last one, which it marks as lost. One of
-/// them is there.
+/// them is there. A map that was moved away from the aircraft says so.
 void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors);
 
 }  // namespace korvel

@@ -10,7 +10,8 @@ namespace korvel {
 bool PagePainter::turns(PageId page) { return page != PageId::NorthUp; }
 
 void PagePainter::paint(Canvas& canvas, PageId page, const CockpitData& data,
-                        const MapViewport& viewport, int upTrueDeg) const {
+                        const MapViewport& viewport, int upTrueDeg,
+                        std::optional<GeoPoint> lookAt) const {
     if (page == PageId::Satellite) {
         paintSatellitePage(canvas, data, colors_);
         return;
@@ -20,7 +21,7 @@ void PagePainter::paint(Canvas& canvas, PageId page, const CockpitData& data,
         return;
     }
     // Pages that are not drawn yet show the map: better than nothing in flight.
-    paintMap(canvas, {data, viewport, turns(page) ? upTrueDeg : 0, turns(page)}, colors_);
+    paintMap(canvas, {data, viewport, turns(page) ? upTrueDeg : 0, turns(page), lookAt}, colors_);
 }
 
 }  // namespace korvel

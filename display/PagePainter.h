@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "display/Canvas.h"
 #include "display/CockpitData.h"
 #include "display/MapViewport.h"
@@ -18,9 +20,10 @@ class PagePainter {
     /// Fills the whole canvas with the page. The viewport is laid out for the page and the
     /// canvas's size. `upTrueDeg` is the true direction that points up on pages that turn with the
     /// aircraft, 0 to 359; the caller keeps the last one while no track is known. Pages that need
-    /// a position show the connection's status while there is none.
+    /// a position show the connection's status while there is none. `lookAt` stands in the
+    /// aircraft's place while the pilot looks around on the map.
     void paint(Canvas& canvas, PageId page, const CockpitData& data, const MapViewport& viewport,
-               int upTrueDeg) const;
+               int upTrueDeg, std::optional<GeoPoint> lookAt = std::nullopt) const;
 
     /// The page turns with the aircraft; otherwise north is up.
     static bool turns(PageId page);

@@ -23,7 +23,7 @@ void paintLabel(const MapFrame& frame, Canvas& canvas, double radius, double dis
                           .alignX = AlignX::Center,
                           .alignY = AlignY::Middle,
                           .halo = frame.colors[ColorKey::MapBackground]};
-    const Point center = frame.projection.aircraft();
+    const Point center = frame.aircraft;
     const TextExtent extent = canvas.measure(label, style.font);
     for (const int angle : kLabelAngles) {
         const Point place{center.x + radius * SinDeg(angle), center.y - radius * CosDeg(angle)};
@@ -45,7 +45,7 @@ void paintRangeRings(const MapFrame& frame, Canvas& canvas) {
     for (const double share : {1.0, 0.5}) {
         const double distanceNm = frame.rangeNm * share;
         const double radius = distanceNm * frame.projection.pixelsPerNm();
-        canvas.circle(frame.projection.aircraft(), radius, std::nullopt, pen);
+        canvas.circle(frame.aircraft, radius, std::nullopt, pen);
         paintLabel(frame, canvas, radius, distanceNm);
     }
 }

@@ -75,6 +75,12 @@ void planIcon(IconPen& icon) {  // three places joined by legs
         icon.dot(place, 0.22);
 }
 
+void aircraftIcon(IconPen& icon) {  // from above, nose up
+    icon.path({{0, -0.9}, {0, 0.85}});
+    icon.path({{-0.95, 0.1}, {0, -0.3}, {0.95, 0.1}});
+    icon.path({{-0.4, 0.85}, {0, 0.65}, {0.4, 0.85}});
+}
+
 void zoomOutIcon(IconPen& icon) {
     icon.ring({0, 0}, 0.88);
     icon.path({{-0.45, 0}, {0.45, 0}});
@@ -96,6 +102,7 @@ constexpr std::array kFaces{
     Face{TouchCommand::DirectTo, "Direct", directToIcon},
     Face{TouchCommand::Nearest, "Near", nearestIcon},
     Face{TouchCommand::Plan, "Plan", planIcon},
+    Face{TouchCommand::Aircraft, "Aircraft", aircraftIcon},
     Face{TouchCommand::ZoomOut, "Out", zoomOutIcon},
     Face{TouchCommand::ZoomIn, "In", zoomInIcon},
 };

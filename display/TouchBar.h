@@ -10,7 +10,15 @@ namespace korvel {
 
 class MapColorCache;
 
-enum class TouchCommand : std::uint8_t { Page, DirectTo, Nearest, Plan, ZoomOut, ZoomIn };
+enum class TouchCommand : std::uint8_t {
+    Page,
+    DirectTo,
+    Nearest,
+    Plan,
+    Aircraft,  ///< back to it
+    ZoomOut,
+    ZoomIn
+};
 
 struct TouchButton {
     TouchCommand command = TouchCommand::Page;

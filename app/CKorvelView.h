@@ -1,0 +1,124 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <QBasicTimer>
+#include <QElapsedTimer>
+#include <QWidget>
+
+#include "app/LabelCache.h"
+#include "app/MapAngle.h"
+#include "app/ZoomGesture.h"
+#include "display/FieldStrip.h"
+#include "display/MapColorCache.h"
+#include "display/MapViewport.h"
+#include "display/PagePainter.h"
+#include "display/ScreenLayout.h"
+#include "display/TouchBar.h"
+
+namespace korvel {
+
+class CKorvelDoc;
+class ColorScheme;
+class ProfileFile;
+
+/// Shows the current page with the navigation fields above and the touch bar below, and drives the
+/// document: timer 1 runs 500 ms from the end of one tick to the next, so ticks never overlap. It
+/// paints only when something changed.
+class CKorvelView final : public QWidget {
+ public:
+    static constexpr int kTickMs = 500;
+
+    /// All outlive the view.
+    CKorvelView(CKorvelDoc& document, ProfileFile& profile, const ColorScheme& scheme,
+                LabelCache& labels);
+
+    void zoomIn();
+    void zoomOut();
+    void goToNextPage();
+    void showPage(PageId page);
+    /// Shows this range until another is chosen; false when it is not a step of the ladder.
+    bool setRange(int rangeNm);
+    /// Ends panning and goes back to the configured range.
+    void backToAircraft();
+    /// In full screen the touch bar may be tapped away.
+    void setBarMayHide(bool mayHide);
+    /// Call after the colour scheme was reloaded.
+    void schemeChanged();
+    /// Keeps page and range in the profile.
+    void storeState();
+
+    PageId page() const { return page_; }
+    const MapViewport& viewport() const { return viewport_; }
+    bool isPanned() const { return panned_.has_value(); }
+
+    /// One step of the program; the timer calls it.
+    void tick();
+
+    /// Called once, after the first painting.
+    std::function<void()> onFirstPaint;
+
+ protected:
+    bool event(QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+ private:
+    /// A finger or the mouse between press and release.
+    struct Drag {
+        Point start;
+        Point last;
+        bool moving = false;
+        std::optional<std::size_t> button;  ///< of the touch bar
+    };
+
+    void layOut();
+    void zoom(int steps);
+    void say(const std::string& message);
+    bool canRun(TouchCommand command) const;
+    void run(TouchCommand command);
+    void pan(Point from, Point to);
+    bool isMapPage() const;
+    int upDeg() const;
+    std::optional<GeoPoint> mapCenter() const;
+    std::vector<TouchButton> touchButtons() const;
+    CockpitData dataToShow() const;
+
+    CKorvelDoc& document_;
+    ProfileFile& profile_;
+    const ColorScheme& scheme_;
+    LabelCache& labels_;
+    MapColorCache colors_;
+    FieldStrip fieldStrip_{colors_};
+    TouchBar touchBar_{colors_};
+    PagePainter pagePainter_;
+
+    MapViewport viewport_;
+    ScreenLayout layout_;
+    PageId page_ = PageId::Map;
+    MapAngle angle_;
+    std::optional<GeoPoint> panned_;  // what the pilot dragged to the aircraft's place
+    CockpitData data_;
+    std::uint64_t shownRevision_ = 0;
+
+    std::string message_;
+    QElapsedTimer messageAge_;
+    QBasicTimer timer_;
+    ZoomGesture wheel_;
+    ZoomGesture pinch_;
+    std::optional<Drag> drag_;
+    bool barMayHide_ = false;
+    bool barHidden_ = false;
+    bool painted_ = false;
+};
+
+}  // namespace korvel

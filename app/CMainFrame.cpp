@@ -1,0 +1,169 @@
+#include "app/CMainFrame.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+
+#include "app/AppIcon.h"
+#include "app/CGPSDialog.h"
+#include "app/CKorvelDoc.h"
+#include "app/HelpSheet.h"
+#include "app/PageCycle.h"
+#include "app/QtText.h"
+#include "app/SchemePalette.h"
+#include "app/WindowPlacement.h"
+#include "config/DataFileSearch.h"
+#include "config/ProfileFile.h"
+#include "display/ColorScheme.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kMenuPixels = 15;
+
+}  // namespace
+
+CMainFrame::CMainFrame(const FrameParts& parts)
+    : parts_(parts),
+      view_(parts.document, parts.profile, parts.scheme, parts.labels),
+      schemes_(this),
+      dayScheme_(daySchemeName()) {
+    setWindowTitle(toQString(TextId::ProgramName));
+    setWindowIcon(appIcon(parts_.scheme));
+    QApplication::setFont(parts_.labels.fonts().widgetFont(kMenuPixels));
+    addCommands();
+    const std::vector<std::string> schemes = listSchemes(parts_.dataFiles);
+    showScheme(schemes[selectedScheme(schemes, parts_.document.settings().schemeFile)]);
+    setCentralWidget(&view_);
+    view_.setFocus();
+}
+
+// Commands
+
+QAction& CMainFrame::addCommand(QMenu& menu, TextId name, const QList<QKeySequence>& keys,
+                                const Handler& handler) {
+    QAction* action = menu.addAction(toQString(name));
+    action->setShortcuts(keys);
+    connect(action, &QAction::triggered, this, handler);
+    return *action;
+}
+
+void CMainFrame::addCommands() {
+    QMenu& file = *menuBar()->addMenu(toQString(TextId::MenuFile));
+    addCommand(file, TextId::CommandQuit, {QKeySequence(Qt::CTRL | Qt::Key_Q)},
+               [this] { close(); });
+
+    QMenu& show = *menuBar()->addMenu(toQString(TextId::MenuView));
+    addCommand(show, TextId::CommandZoomIn, {Qt::Key_Z, Qt::Key_Plus}, [this] { view_.zoomIn(); });
+    addCommand(show, TextId::CommandZoomOut,
+               {QKeySequence(Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::Key_Minus)},
+               [this] { view_.zoomOut(); });
+    addCommand(show, TextId::CommandBackToAircraft, {Qt::Key_Space},
+               [this] { view_.backToAircraft(); });
+    show.addSeparator();
+    addCommand(show, TextId::CommandNextPage, {Qt::Key_N}, [this] { view_.goToNextPage(); });
+    for (const PageId page : availablePages())
+        connect(show.addAction(toQString(pageName(page))), &QAction::triggered, this,
+                [this, page] { view_.showPage(page); });
+    show.addSeparator();
+    addCommand(show, TextId::CommandFullScreen, {Qt::Key_F11}, [this] { toggleFullScreen(); });
+
+    QMenu& options = *menuBar()->addMenu(toQString(TextId::MenuOptions));
+    addCommand(options, TextId::CommandNight, {Qt::Key_C}, [this] { toggleNight(); });
+    addSchemes(*options.addMenu(toQString(TextId::MenuSchemes)));
+    options.addSeparator();
+    addCommand(options, TextId::CommandPort, {}, [this] { choosePort(); });
+
+    QMenu& help = *menuBar()->addMenu(toQString(TextId::MenuHelp));
+    addCommand(help, TextId::CommandHelp, {Qt::Key_F1},
+               [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::FirstFlight)); });
+    addCommand(help, TextId::CommandAbout, {},
+               [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::About)); });
+    // The menu bar vanishes in full screen, the keys must not.
+    for (QAction* menu : menuBar()->actions())
+        addActions(menu->menu()->actions());
+}
+
+void CMainFrame::toggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }
+
+void CMainFrame::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange)
+        return;
+    menuBar()->setVisible(!isFullScreen());
+    view_.setBarMayHide(isFullScreen());
+}
+
+void CMainFrame::openSheet(std::unique_ptr<Sheet> sheet) {
+    sheet_ = std::move(sheet);
+    sheet_->open();
+}
+
+void CMainFrame::choosePort() {
+    auto sheet = std::make_unique<CGPSDialog>(this, parts_.document.settings().port);
+    connect(sheet.get(), &QDialog::accepted, this, [this, chooser = sheet.get()] {
+        Settings settings = parts_.document.settings();
+        settings.port = chooser->settings();
+        parts_.document.applySettings(settings);
+    });
+    openSheet(std::move(sheet));
+}
+
+// Colour schemes
+
+void CMainFrame::addSchemes(QMenu& menu) {
+    for (const std::string& name : listSchemes(parts_.dataFiles)) {
+        QAction* action = schemes_.addAction(toQString(name));
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this, [this, name] { chooseScheme(name); });
+        menu.addAction(action);
+    }
+}
+
+void CMainFrame::toggleNight() {
+    chooseScheme(shownScheme_ == nightSchemeName() ? dayScheme_ : nightSchemeName());
+}
+
+void CMainFrame::chooseScheme(const std::string& name) {
+    Settings settings = parts_.document.settings();
+    settings.schemeFile = name;
+    parts_.document.applySettings(settings);
+    showScheme(name);
+}
+
+void CMainFrame::showScheme(const std::string& name) {
+    shownScheme_ = name;
+    if (name != nightSchemeName())
+        dayScheme_ = name;
+    parts_.scheme.load(name, parts_.dataFiles);
+    view_.schemeChanged();
+    QApplication::setPalette(schemePalette(parts_.scheme));
+    for (QAction* action : schemes_.actions())
+        action->setChecked(action->text() == toQString(name));
+}
+
+// The window's place
+
+void CMainFrame::showWhereItWas() {
+    const WindowPlacement placement = loadPlacement(parts_.profile);
+    QList<QRect> areas;
+    for (const QScreen* screen : QApplication::screens())
+        areas.append(screen->availableGeometry());
+    setGeometry(reachablePlace(placement.normal, areas));
+    placement.maximized ? showMaximized() : show();
+}
+
+void CMainFrame::storeState() {
+    const QRect normal = normalGeometry();
+    storePlacement(parts_.profile, {normal.isEmpty() ? geometry() : normal, isMaximized()});
+    view_.storeState();
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+    storeState();
+    QMainWindow::closeEvent(event);
+}
+
+}  // namespace korvel
