@@ -124,6 +124,7 @@ CockpitData CKorvelDoc::collectData() {
 
 void CKorvelDoc::collectFix(CockpitData& data) {
     constexpr std::int64_t kMsPerSecond = 1000;
+    constexpr double kFullCircleDeg = 360;
     const std::int64_t now = clock_.tickMs();
     const GpsFix fix = input_.store().copy();
     data.fixQuality = fix.fixQuality;
@@ -140,8 +141,8 @@ void CKorvelDoc::collectFix(CockpitData& data) {
         if (isFresh(fix.groundSpeedTickMs, now) && std::isfinite(fix.groundSpeedKt)) {
             data.groundSpeedKt = fix.groundSpeedKt;
         }
-        if (isFresh(fix.trackTickMs, now) && fix.trackMag != kNoAngle &&
-            std::isfinite(fix.trackMag)) {
+        // Neither the value for no angle nor what no angle can be.
+        if (isFresh(fix.trackTickMs, now) && fix.trackMag >= 0 && fix.trackMag <= kFullCircleDeg) {
             data.trackMagDeg = fix.trackMag;
             data.trackTrueDeg = input_.magneticToTrue(fix.trackMag);
         }

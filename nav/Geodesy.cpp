@@ -67,8 +67,8 @@ bool SamePoint(GeoPoint a, GeoPoint b) {
 
 double PositiveMod(double y, double x) {
     const double result = y - x * std::floor(y / x);
-    // A tiny negative y rounds to x itself, which is outside the range.
-    return result < x ? result : 0;
+    // A tiny negative y rounds to x itself, which is outside the range. No number stays none.
+    return result >= x ? 0 : result;
 }
 
 int RoundToInt(double value) { return static_cast<int>(value >= 0 ? value + 0.5 : value - 0.5); }

@@ -93,6 +93,7 @@ TEST(Geodesy, RoundingAndRemainders) {
     EXPECT_EQ(RoundToInt(-0.49F), 0);
     EXPECT_EQ(PositiveMod(-90, 360), 270);
     EXPECT_EQ(PositiveMod(720, 360), 0);
+    EXPECT_TRUE(std::isnan(PositiveMod(std::nan(""), 360))) << "not north";
     EXPECT_LT(PositiveMod(-1e-18, 360), 360) << "stays below the modulus when the sum rounds up";
     EXPECT_EQ(TruncTowardZero(-1.75), -1);
     EXPECT_EQ(FractionalPart(-1.75), -0.75);
