@@ -68,19 +68,18 @@ std::string ConnectionMonitor::connectionStatus(bool open) {
             return failure;
         }
     }
+    // Asked in every step, also with a fix: otherwise the bytes of the good times would count as
+    // news when the receiver has fallen silent.
+    const bool receiving = watchedPort().isReceiving();
     if (parts_.input.store().shared().lock()->fixQuality != 0) {
         storeFoundPort();
         connected_ = true;
         return {};
     }
-    if ((sentenceFlags() & SentenceFlag::kBytesArrive) == 0) {
-        // The activity test belongs to the port and is made outside the fix lock.
-        if (!watchedPort().isReceiving()) {
-            return waitingFor("No Gps Rcvr Activity");
-        }
-        parts_.input.store().shared().lock()->sentenceFlags |= SentenceFlag::kBytesArrive;
+    const std::uint32_t flags = noteActivity(receiving);
+    if ((flags & SentenceFlag::kBytesArrive) == 0) {
+        return waitingFor("No Gps Rcvr Activity");
     }
-    const std::uint32_t flags = sentenceFlags();
     if ((flags & SentenceFlag::kChecksumCorrect) == 0) {
         return waitingFor("Waiting for NMEA Data");
     }
@@ -194,8 +193,16 @@ std::string ConnectionMonitor::portLabel(bool forGps) const {
     return std::string(name) + " " + std::string(rest.substr(0, rest.find(',')));
 }
 
-std::uint32_t ConnectionMonitor::sentenceFlags() {
-    return parts_.input.store().shared().lock()->sentenceFlags;
+std::uint32_t ConnectionMonitor::noteActivity(bool receiving) {
+    const auto shared = parts_.input.store().shared().lock();
+    std::uint32_t& flags = shared->sentenceFlags;
+    if (receiving) {
+        flags |= SentenceFlag::kBytesArrive;
+    } else if ((flags & SentenceFlag::kChecksumCorrect) == 0) {
+        // Half a sentence before the plug was pulled must not look like a receiver for ever.
+        flags &= ~SentenceFlag::kBytesArrive;
+    }
+    return flags;
 }
 
 void ConnectionMonitor::gpsTick() {
@@ -205,26 +212,23 @@ void ConnectionMonitor::gpsTick() {
     bool dead = false;
     {
         const auto queue = input.queue().lock();
-        const std::int64_t now = parts_.clock.tickMs();
-        dead = silentFor5Seconds(queue->empty(), now);
+        dead = silentFor5Seconds(queue->empty());
         const int qualityBefore = store.shared().lock()->fixQuality;
-        for (const std::string& sentence : queue->sentences()) {
-            input.decoder().decodeSentence(sentence, now);
-        }
-        queue->clear();
+        input.decode(*queue);
         if (qualityBefore != 0 && store.shared().lock()->fixQuality == 0) {
             dead = true;
             lastSentenceTickMs_ = kDeclaredDead;
-            store.trace("bGpsDead=TRUE", "");
+            store.trace("bGpsDead=TRUE");
         }
     }
     if (dead && !parts_.surroundings.simulatorActive()) {
         store.reset();
-        store.trace("*** gps commands not received ***", "");
+        store.trace("*** gps commands not received ***");
     }
 }
 
-bool ConnectionMonitor::silentFor5Seconds(bool queueEmpty, std::int64_t now) {
+bool ConnectionMonitor::silentFor5Seconds(bool queueEmpty) {
+    const std::int64_t now = parts_.clock.tickMs();
     if (!queueEmpty) {
         lastSentenceTickMs_ = now;
         return false;
@@ -240,8 +244,7 @@ bool ConnectionMonitor::silentFor5Seconds(bool queueEmpty, std::int64_t now) {
         return false;
     }
     parts_.input.store().trace("bGpsDead=TRUE " + formatInt(scanIndex_) + " " + formatInt(now) +
-                                   " " + formatInt(lastSentenceTickMs_) + " " + formatInt(silence),
-                               "");
+                               " " + formatInt(lastSentenceTickMs_) + " " + formatInt(silence));
     lastSentenceTickMs_ = kDeclaredDead;
     return true;
 }

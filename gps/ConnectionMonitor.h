@@ -67,8 +67,9 @@ class ConnectionMonitor {
     std::string waitingFor(std::string_view what);
     bool deadlinePassed() const;
     SerialPort& watchedPort() { return choice_.viaGyro ? parts_.gyroPort : parts_.gpsPort; }
-    std::uint32_t sentenceFlags();
-    bool silentFor5Seconds(bool queueEmpty, std::int64_t now);
+    /// Keeps the flag that bytes arrive up to date; returns all flags.
+    std::uint32_t noteActivity(bool receiving);
+    bool silentFor5Seconds(bool queueEmpty);
 
     Parts parts_;
     PortChoice choice_;

@@ -23,13 +23,17 @@ void GpsFixStore::reset() {
 }
 
 void GpsFixStore::trace(std::string_view sentence, std::string_view tag) {
+    if (tracing_) {
+        std::string line(sentence);
+        trace(std::move(line.append(1, ':').append(tag)));
+    }
+}
+
+void GpsFixStore::trace(std::string line) {
     if (!tracing_) {
         return;
     }
     constexpr std::size_t kMostLines = 4096;
-    std::string line;
-    line.reserve(sentence.size() + 1 + tag.size());
-    line.append(sentence).append(1, ':').append(tag);
     const auto shared = shared_.lock();
     if (shared->trace.size() >= kMostLines) {
         shared->trace.erase(shared->trace.begin(), shared->trace.begin() + kMostLines / 2);

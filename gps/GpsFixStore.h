@@ -47,6 +47,8 @@ class GpsFixStore {
     /// Appends "sentence:tag" to the trace list while tracing is on. When nobody fetches the list
     /// the oldest lines are dropped. Any thread that does not hold the fix lock.
     void trace(std::string_view sentence, std::string_view tag);
+    /// The same for a line that is about no sentence.
+    void trace(std::string line);
 
     /// Hands over the trace lines, oldest first, and empties the list.
     std::vector<std::string> takeTrace();

@@ -1,5 +1,7 @@
 #include "gps/GpsInput.h"
 
+#include <string>
+
 namespace korvel {
 
 GpsInput::GpsInput(const Clock& clock, GpsSurroundings& surroundings)
@@ -7,6 +9,14 @@ GpsInput::GpsInput(const Clock& clock, GpsSurroundings& surroundings)
       surroundings_(surroundings),
       receiver_(store_, queue_, clock, surroundings),
       decoder_(store_, surroundings) {}
+
+void GpsInput::decode(SentenceQueue& held) {
+    const std::int64_t now = clock_.tickMs();
+    for (const std::string& sentence : held.sentences()) {
+        decoder_.decodeSentence(sentence, now);
+    }
+    held.clear();
+}
 
 bool GpsInput::hasFix(bool need3D) {
     if (surroundings_.simulatorActive() || surroundings_.positionFromAttitudeModule()) {

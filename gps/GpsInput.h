@@ -32,6 +32,8 @@ class GpsInput {
     // Everything below: main thread.
 
     Guarded<SentenceQueue>& queue() { return queue_; }
+    /// Decodes the sentences in order of arrival and empties the queue, which the caller holds.
+    void decode(SentenceQueue& held);
     SentenceDecoder& decoder() { return decoder_; }
     GpsFixStore& store() { return store_; }
 

@@ -28,20 +28,27 @@ std::optional<std::string_view> usedSentence(std::string_view id) {
     return found == kUsedSentences.end() ? std::nullopt : std::optional(*found);
 }
 
-/// Everything up to 'z': the few characters above it that ASCII has are refused as well.
-bool isAllowed(char c) { return c >= ' ' && c <= 'z'; }
+/// Everything up to 'z': the few characters above it that ASCII has are refused as well. Nearly
+/// every line passes, so each is looked at whole: a loop without a way out is done in vectors.
+bool areAllowed(std::string_view line) {
+    bool allowed = true;
+    for (const char c : line) {
+        allowed &= c >= ' ' && c <= 'z';
+    }
+    return allowed;
+}
 
 }  // namespace
 
 void SentenceReceiver::onSentence(std::string_view text) {
     const std::string_view line = text.substr(0, text.find('\r'));
     if (line.empty() || line.front() != '$') {
-        if (line == "ASTRAL") {
+        if (text == "ASTRAL" || text == "ASTRAL\r") {
             surroundings_.writeToPort("ASTRAL\r\n");
         }
         return;
     }
-    if (!std::all_of(line.begin(), line.end(), isAllowed)) {
+    if (!areAllowed(line)) {
         store_.trace(line, " non-ascii chars");
         return;
     }
@@ -77,7 +84,7 @@ bool SentenceReceiver::checksumCorrect(std::string_view line) {
         store_.trace(line, " no checksum");
         return false;
     }
-    unsigned sum = 0;
+    unsigned char sum = 0;
     for (const char c : line.substr(1, asterisk - 1)) {
         sum ^= static_cast<unsigned char>(c);
     }

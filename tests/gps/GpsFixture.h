@@ -44,13 +44,7 @@ struct FakeSurroundings final : GpsSurroundings {
 /// The road from a line to the fix, on a clock that stands still.
 class GpsTest : public testing::Test {
  protected:
-    void decodeQueue() {
-        const auto queue = input_.queue().lock();
-        for (const std::string& waiting : queue->sentences()) {
-            input_.decoder().decodeSentence(waiting, clock_.tickMs());
-        }
-        queue->clear();
-    }
+    void decodeQueue() { input_.decode(*input_.queue().lock()); }
     void feed(std::string_view body) {
         input_.onSentence(sentence(body));
         decodeQueue();

@@ -101,7 +101,7 @@ TEST_F(SentenceReceiverTest, SatelliteSentencesAccumulateWhileSomebodyLooks) {
 }
 
 TEST_F(SentenceReceiverTest, AnswersAndHandsOver) {
-    for (const char* line : {"ASTRAL", "ASTRAL\r", "ASTRALX", "ASTRA", "astral"}) {
+    for (const char* line : {"ASTRAL", "ASTRAL\r", "ASTRALX", "ASTRAL\rX", "ASTRA", "astral"}) {
         input_.onSentence(line);
     }
     EXPECT_EQ(surroundings_.sent, (std::vector<std::string>{"ASTRAL\r\n", "ASTRAL\r\n"}));
