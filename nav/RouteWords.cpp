@@ -1,0 +1,61 @@
+#include "nav/RouteWords.h"
+
+#include <algorithm>
+
+#include "nav/TextNumbers.h"
+
+namespace korvel {
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view kBlank = " \t\r\n\v\f";
+    const std::size_t first = std::min(text.find_first_not_of(kBlank), text.size());
+    return text.substr(first, text.find_last_not_of(kBlank) + 1 - first);
+}
+
+std::vector<std::string> SplitWords(std::string_view text) {
+    std::vector<std::string> words;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find_first_of(" \n"), text.size());
+        std::string word(text.substr(0, end));
+        std::erase(word, '\r');
+        if (const std::string_view kept = trimmed(word); !kept.empty()) {
+            words.emplace_back(kept);
+        }
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return words;
+}
+
+std::optional<std::int32_t> scanPlannedAltitude(std::string_view& text) {
+    const auto hundreds = scanDouble(text);
+    const double feet = hundreds.value_or(0.0) * 100.0;
+    if (!hundreds || !(feet >= kLowestPlannedFt && feet <= kHighestPlannedFt)) {
+        return std::nullopt;
+    }
+    return static_cast<std::int32_t>(feet);
+}
+
+std::string altitudeSuffix(std::int32_t altitudeFt) {
+    if (altitudeFt == kNoAltitudeFt) {
+        return {};
+    }
+    return '@' + formatFixed(altitudeFt * 0.01, altitudeFt % 100 == 0 ? 0 : 1);
+}
+
+RouteWord RouteWord::parse(std::string_view word) {
+    if (word.starts_with('@')) {
+        return {.ident = word.substr(1), .isAirway = true};
+    }
+    const std::size_t at = word.find('@');
+    RouteWord parsed{.ident = word.substr(0, at)};
+    if (at != std::string_view::npos) {
+        std::string_view rest = word.substr(at + 1);
+        const auto altitude = scanPlannedAltitude(rest);
+        // "45x" is a slip of the finger, not 4500 ft.
+        parsed.unreadable = !altitude || !rest.empty();
+        parsed.altitudeFt = altitude.value_or(kNoAltitudeFt);
+    }
+    return parsed;
+}
+
+}  // namespace korvel

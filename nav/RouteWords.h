@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvel {
+
+/// Stands for "no altitude" in feet.
+inline constexpr std::int32_t kNoAltitudeFt = std::numeric_limits<std::int32_t>::min();
+
+/// Planned altitudes beyond these are refused.
+inline constexpr double kLowestPlannedFt = -10000.0;
+inline constexpr double kHighestPlannedFt = 100000.0;
+
+/// Splits at spaces and line feeds; carriage returns, other white space around a word and empty
+/// words are dropped.
+std::vector<std::string> SplitWords(std::string_view text);
+
+std::string_view trimmed(std::string_view text);
+
+/// The altitude that begins the text, which is in hundreds of feet and is taken off: feet,
+/// truncated. Nothing without a number or out of range.
+std::optional<std::int32_t> scanPlannedAltitude(std::string_view& text);
+
+/// "@45" for 4500 ft, "@45.5" for 4550 ft, nothing for none.
+std::string altitudeSuffix(std::int32_t altitudeFt);
+
+/// A word of a route: [@]IDENT[@ALTITUDE].
+struct RouteWord {
+    std::string_view ident;
+    std::int32_t altitudeFt = kNoAltitudeFt;
+    bool isAirway = false;    ///< marked by a leading "@"
+    bool unreadable = false;  ///< what follows the second "@" is no altitude
+
+    /// The views point into `word`.
+    static RouteWord parse(std::string_view word);
+};
+
+}  // namespace korvel
