@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "display/Clip.h"
@@ -45,6 +47,7 @@ void paintGrid(const MapFrame& frame, Canvas& canvas) {
                           .alignY = AlignY::Middle,
                           .halo = background};
     std::vector<Segment> segments;
+    std::vector<std::pair<Point, std::string>> labels;
     for (const GridLine& line : gridLines(frame.projection, frame.view)) {
         const TextExtent extent = canvas.measure(line.label, style.font);
         const std::vector<Point> places = labelPlaces(line.segment, frame.view, extent);
@@ -58,9 +61,11 @@ void paintGrid(const MapFrame& frame, Canvas& canvas) {
             continue;
         }
         appendOutside(line.segment, boxAt(*place), segments);
-        canvas.text(*place, line.label, style);
+        labels.emplace_back(*place, line.label);
     }
     canvas.lines(segments, {.color = blended(grid, background, kFaded), .width = 1});
+    for (const auto& [place, label] : labels)
+        canvas.text(place, label, style);
 }
 
 }  // namespace korvel

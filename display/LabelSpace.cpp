@@ -3,13 +3,10 @@
 #include <algorithm>
 
 namespace korvel {
-namespace {
 
 bool overlap(const Rect& a, const Rect& b) {
     return a.x < b.right() && b.x < a.right() && a.y < b.bottom() && b.y < a.bottom();
 }
-
-}  // namespace
 
 bool LabelSpace::isFree(const Rect& box) const {
     if (box.x < view_.x || box.y < view_.y || box.right() > view_.right() ||

@@ -6,6 +6,9 @@
 
 namespace korvel {
 
+/// Rectangles that only touch do not overlap.
+bool overlap(const Rect& a, const Rect& b);
+
 /// The room that texts and symbols have taken on one picture. Whoever wants to draw a label claims
 /// its box first and leaves the label out when it is refused: what is claimed earlier wins.
 class LabelSpace {

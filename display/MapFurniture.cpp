@@ -5,6 +5,7 @@
 
 #include "config/StringTable.h"
 #include "display/GeoText.h"
+#include "display/LabelSpace.h"
 #include "display/MapLook.h"
 #include "nav/Units.h"
 
@@ -20,7 +21,7 @@ class BoxLayout {
         : canvas_(canvas), font_(font), margin_(std::round(font.height * 0.55)) {}
 
     double margin() const { return margin_; }
-    double height() const { return std::round(font_.height * 1.6); }
+    double height() const { return std::round(font_.height * 1.5); }
     double width(const std::string& text) const {
         return std::ceil(canvas_.measure(text, font_).width) + 2 * margin_;
     }
@@ -85,6 +86,18 @@ InfoBox layOutAlarm(const Canvas& canvas, const CockpitData& data, const BoxLayo
     return alarm;
 }
 
+// As low as it can be without standing on another box.
+InfoBox layOutMessage(const Canvas& canvas, const std::string& message, const BoxLayout& boxes,
+                      const std::vector<Rect>& others) {
+    const double left = std::round((canvas.width() - boxes.width(message)) / 2);
+    InfoBox box = boxes.at(left, canvas.height() - boxes.margin() - boxes.height(), message);
+    const auto under = [&box](const Rect& other) { return overlap(other, box.area); };
+    for (auto other = std::find_if(others.begin(), others.end(), under); other != others.end();
+         other = std::find_if(others.begin(), others.end(), under))
+        box.area.y = other->y - std::round(boxes.margin() / 2) - boxes.height();
+    return box;
+}
+
 }  // namespace
 
 std::vector<Rect> MapFurniture::areas() const {
@@ -115,11 +128,8 @@ MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
         result.notes.push_back(boxes.at(left, top, std::move(note)));
         top -= boxes.height() + std::round(margin / 2);
     }
-    if (!data.message.empty()) {
-        const double left = std::round((canvas.width() - boxes.width(data.message)) / 2);
-        const double above = std::min(result.scale.area.y - margin - boxes.height(), top);
-        result.message = boxes.at(left, above, data.message);
-    }
+    if (!data.message.empty())
+        result.message = layOutMessage(canvas, data.message, boxes, result.areas());
     if (!data.position)
         result.alarm = layOutAlarm(canvas, data, BoxLayout(canvas, alarmFont(textPx)), result);
     return result;

@@ -68,11 +68,12 @@ void paintStatusScreen(Canvas& canvas, const CockpitData& data, const MapColorCa
     double top = (canvas.height() - total) / 2;
     for (const Line& line : lines) {
         const Font font = fontFor(line, size);
-        canvas.text({canvas.width() / 2, top + font.height * kLineStep / 2}, line.text,
-                    {.font = font,
-                     .color = colors[ColorKey::HsiNumeral],
-                     .alignX = AlignX::Center,
-                     .alignY = AlignY::Middle});
+        if (!line.text.empty())
+            canvas.text({canvas.width() / 2, top + font.height * kLineStep / 2}, line.text,
+                        {.font = font,
+                         .color = colors[ColorKey::HsiNumeral],
+                         .alignX = AlignX::Center,
+                         .alignY = AlignY::Middle});
         top += font.height * kLineStep;
     }
 }

@@ -14,9 +14,10 @@ namespace {
 std::string toText(double value) {
     double hundredths = std::isfinite(value) ? std::round(value * 100) : 0;
     if (hundredths == 0)
-        hundredths = 0;  // not "-0"
-    std::array<char, 32> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), hundredths / 100);
+        hundredths = 0;              // not "-0"
+    std::array<char, 400> buffer{};  // the largest number without an exponent
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), hundredths / 100,
+                                   std::chars_format::fixed);
     return {buffer.data(), end.ptr};
 }
 

@@ -6,12 +6,14 @@
 
 namespace korvel {
 
+int runDraw(Invocation& call);
 int runGeo(Invocation& call);
 int runProfile(Invocation& call);
 int runScheme(Invocation& call);
 
 /// Every verb, in the order in which the help lists them.
 inline constexpr std::array kVerbs = {
+    Verb{"draw", "Pictures without a window", runDraw},
     Verb{"geo", "Distances, courses and turns", runGeo},
     Verb{"profile", "Read or change a settings file", runProfile},
     Verb{"scheme", "The colours of a scheme", runScheme},

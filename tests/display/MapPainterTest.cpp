@@ -1,0 +1,230 @@
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Cockpit.h"
+#include "display/AircraftLayer.h"
+#include "display/ColorScheme.h"
+#include "display/LabelSpace.h"
+#include "display/MapColorCache.h"
+#include "display/MapFurniture.h"
+#include "display/MapLook.h"
+#include "display/MapPainter.h"
+#include "display/PagePainter.h"
+#include "display/RecordingCanvas.h"
+#include "nav/Units.h"
+
+namespace korvel {
+namespace {
+
+using Element = RecordingCanvas::Element;
+using Kind = RecordingCanvas::Kind;
+
+// A page painted with the day scheme.
+class Page {
+ public:
+    Page(PageId page, const CockpitData& data, int rangeNm = 65, int upTrueDeg = 0, int width = 800,
+         int height = 370)
+        : colors_(scheme_), canvas_(width, height) {
+        viewport_.layout(page, width, height);
+        viewport_.chooseRange(rangeNm);
+        PagePainter(colors_).paint(canvas_, page, data, viewport_, upTrueDeg);
+    }
+
+    const RecordingCanvas& canvas() const { return canvas_; }
+    ColorValue color(std::string_view key) const { return scheme_.Color(key); }
+    Point aircraft() const {
+        return {static_cast<double>(viewport_.aircraftX()),
+                static_cast<double>(viewport_.aircraftY())};
+    }
+    std::vector<Element> ofKind(Kind kind) const {
+        std::vector<Element> found;
+        for (const Element& element : canvas_.elements())
+            if (element.kind == kind)
+                found.push_back(element);
+        return found;
+    }
+    // The aircraft's symbol: the polygon around its point that is filled with that colour.
+    const Element* symbol(std::string_view colorKey) const {
+        for (const Element& element : canvas_.elements())
+            if (element.kind == Kind::Polygon && element.fill &&
+                element.fill->color == color(colorKey) && element.area.contains(aircraft()))
+                return &element;
+        return nullptr;
+    }
+
+ private:
+    ColorScheme scheme_;
+    MapColorCache colors_;
+    MapViewport viewport_;
+    RecordingCanvas canvas_;
+};
+
+Point noseOf(const Element& symbol) { return symbol.points.front(); }
+
+TEST(MapPainter, TheBackgroundComesFirstAndEverythingStaysInTheView) {
+    for (const int range : kRangeStepsNm)
+        for (const double lat : {0.0, 60.0, 88.7, -89.8}) {
+            CockpitData data = flying();
+            data.position = atDegrees(lat, 179.9);
+            data.message = "Auto-zoom/view disabled for 30 secs.";
+            const Page page(PageId::Map, data, range, 33);
+            const Element& first = page.canvas().elements().front();
+            EXPECT_EQ(first.fill->color, page.color("map.background"));
+            EXPECT_EQ(first.area, (Rect{0, 0, 800, 370}));
+            for (const Element& element : page.canvas().elements()) {
+                if (element.kind == Kind::Circle)
+                    continue;  // the rings reach out to the sides
+                EXPECT_GE(element.area.x, -1) << element.text;
+                EXPECT_GE(element.area.y, -1) << element.text;
+                EXPECT_LE(element.area.right(), 801) << element.text;
+                EXPECT_LE(element.area.bottom(), 371) << element.text;
+            }
+        }
+}
+
+TEST(MapPainter, RingsCarryTheirDistance) {
+    const Page page(PageId::Map, flying(), 25);
+    for (const auto& [label, radius] : {std::pair{"25 nm", 215.0}, std::pair{"12.5 nm", 107.5}}) {
+        const auto rings = page.ofKind(Kind::Circle);
+        const bool drawn = std::any_of(rings.begin(), rings.end(), [&](const Element& ring) {
+            return ring.points.front() == page.aircraft() && std::abs(ring.radius - radius) < 1e-9;
+        });
+        EXPECT_TRUE(drawn) << label;
+        const auto texts = page.ofKind(Kind::Text);
+        const bool labelled = std::any_of(texts.begin(), texts.end(), [&](const Element& text) {
+            return text.text == label &&
+                   std::abs(std::hypot(text.points.front().x - page.aircraft().x,
+                                       text.points.front().y - page.aircraft().y) -
+                            radius) < 1e-6;
+        });
+        EXPECT_TRUE(labelled) << label;
+    }
+}
+
+TEST(MapPainter, TheAircraftPointsUpOnTurningPagesAndAlongItsTrackOtherwise) {
+    const Page turning(PageId::Map, flying(), 65, 86);
+    ASSERT_NE(turning.symbol("hsi.airplane"), nullptr);
+    EXPECT_NEAR(noseOf(*turning.symbol("hsi.airplane")).x, turning.aircraft().x, 1e-9);
+    EXPECT_LT(noseOf(*turning.symbol("hsi.airplane")).y, turning.aircraft().y - 15);
+
+    CockpitData east = flying();
+    east.trackTrueDeg = 90;
+    const Page northUp(PageId::NorthUp, east, 65, 86);
+    ASSERT_NE(northUp.symbol("hsi.airplane"), nullptr);
+    EXPECT_GT(noseOf(*northUp.symbol("hsi.airplane")).x, northUp.aircraft().x + 15);
+    EXPECT_NEAR(noseOf(*northUp.symbol("hsi.airplane")).y, northUp.aircraft().y, 1e-9);
+
+    east.trackTrueDeg.reset();  // no direction: no symbol that has one
+    EXPECT_EQ(Page(PageId::NorthUp, east).symbol("hsi.airplane"), nullptr);
+}
+
+TEST(MapPainter, ALostPositionNeverLooksAlive) {
+    for (const PageId id : {PageId::Map, PageId::NorthUp}) {
+        const Page page(id, lost(12), 65, 86);
+        EXPECT_EQ(page.symbol("hsi.airplane"), nullptr);
+        const Element* hollow = page.symbol("map.background");
+        ASSERT_NE(hollow, nullptr);
+        EXPECT_EQ(hollow->pen->color, page.color("hsi.airplane"));
+        int crosses = 0;
+        for (const Element& line : page.ofKind(Kind::Line))
+            crosses += line.pen->color == page.color("map.obs.danger") &&
+                               line.area.center() == page.aircraft()
+                           ? 1
+                           : 0;
+        EXPECT_EQ(crosses, 2);
+        const Element* alarm = page.canvas().findText("POSITION LOST 12 s");
+        ASSERT_NE(alarm, nullptr);
+        EXPECT_EQ(alarm->style.color, page.color("map.obs.danger"));
+        EXPECT_NE(page.canvas().findText("No gps signal!"), nullptr);
+    }
+    CockpitData searching = lost(125);
+    searching.status = "COM5 4800\nLocating Satellites";
+    const Page page(PageId::Map, searching);
+    EXPECT_NE(page.canvas().findText("POSITION LOST 2 min 05 s"), nullptr);
+    EXPECT_NE(page.canvas().findText("Locating Satellites"), nullptr);
+    EXPECT_EQ(Page(PageId::Map, flying()).canvas().texts().find("LOST"), std::string::npos);
+}
+
+TEST(MapFurniture, NothingStandsOnAnythingElseOrOnTheAircraft) {
+    CockpitData crowded = lost(125);
+    crowded.status = "COM5 4800\nWaiting for NMEA gprmc or gpvtg";
+    crowded.databaseNotice = "CHARTS EXPIRED 2013-05-02";
+    crowded.message = "Auto-zoom/view disabled for 30 secs.";
+    const std::pair<int, int> sizes[] = {{480, 570},  {640, 300},   {800, 370},
+                                         {1280, 660}, {2176, 1500}, {600, 900}};
+    for (const auto& [width, height] : sizes)
+        for (const PageId id : {PageId::Map, PageId::NorthUp}) {
+            RecordingCanvas canvas(width, height);
+            MapViewport viewport;
+            viewport.layout(id, width, height);
+            const double textPx = mapTextPx(width, height);
+            const MapProjection projection = viewport.projection(*crowded.lastPosition, 0);
+            std::vector<Rect> areas =
+                layOutFurniture(canvas, crowded, projection, 1000, textPx).areas();
+            EXPECT_EQ(areas.size(), 7U);
+            areas.push_back(aircraftArea(projection.aircraft(), textPx));
+            for (std::size_t i = 0; i < areas.size(); ++i) {
+                EXPECT_GE(areas[i].x, 0) << width << " " << i;
+                EXPECT_LE(areas[i].right(), width) << width << " " << i;
+                EXPECT_LE(areas[i].bottom(), height) << width << " " << i;
+                for (std::size_t j = 0; j < i; ++j)
+                    EXPECT_FALSE(overlap(areas[i], areas[j]))
+                        << width << "x" << height << ": " << i << " and " << j;
+            }
+        }
+}
+
+TEST(MapFurniture, TheScaleBarIsARoundLengthInTheUnitInForce) {
+    struct Case {
+        int unit;
+        double longestNm;
+        double shown;
+    };
+    const Case cases[] = {{0, 31.4, 20},    {0, 50, 50},   {0, 9.9, 5},   {0, 0.21, 0.2},
+                          {0, 199.99, 100}, {1, 31.4, 20}, {2, 31.4, 50}, {2, 0.4, 0.5}};
+    for (const Case& each : cases) {
+        SetDistanceUnit(each.unit);
+        EXPECT_NEAR(ConvertDistance(roundLengthNm(each.longestNm)), each.shown, 1e-9)
+            << each.longestNm;
+    }
+    SetDistanceUnit(0);
+    RecordingCanvas canvas(800, 370);
+    MapViewport viewport;
+    viewport.layout(PageId::Map, 800, 370);
+    const MapProjection projection = viewport.projection(*flying().position, 0);
+    const ScaleBar scale = layOutFurniture(canvas, flying(), projection, 65, 14).scale;
+    EXPECT_EQ(scale.text, "20 nm");
+    EXPECT_NEAR(scale.bar.to.x - scale.bar.from.x, 20 * projection.pixelsPerNm(), 1e-9);
+}
+
+TEST(MapFurniture, TheNorthArrowPointsNorth) {
+    const Page page(PageId::Map, flying(), 65, 90);  // east is up, north is to the left
+    const auto polygons = page.ofKind(Kind::Polygon);
+    const auto arrow = std::find_if(polygons.begin(), polygons.end(), [&](const Element& each) {
+        return each.fill && each.fill->color == page.color("map.info.text") &&
+               each.area.right() < 60;
+    });
+    ASSERT_NE(arrow, polygons.end());
+    const double middle = (arrow->area.y + arrow->area.bottom()) / 2;
+    EXPECT_NEAR(arrow->points.front().y, middle, 1e-6);
+    EXPECT_NEAR(arrow->points.front().x, arrow->area.x, 1e-6);
+}
+
+TEST(AircraftOutline, IsSymmetricAndTurnsToTheRight) {
+    const std::vector<Point> up = aircraftOutline({100, 100}, 20, 0);
+    for (std::size_t i = 1; i < up.size(); ++i) {
+        const Point& other = up[up.size() - i];
+        EXPECT_NEAR(up[i].x - 100, 100 - other.x, 1e-9);
+        EXPECT_NEAR(up[i].y, other.y, 1e-9);
+    }
+    const Point nose = aircraftOutline({100, 100}, 20, 90).front();
+    EXPECT_NEAR(nose.x, 120, 1e-9);
+    EXPECT_NEAR(nose.y, 100, 1e-9);
+}
+
+}  // namespace
+}  // namespace korvel

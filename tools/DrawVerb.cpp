@@ -1,0 +1,113 @@
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "display/ColorScheme.h"
+#include "display/MapColorCache.h"
+#include "display/MapPainter.h"
+#include "display/MapViewport.h"
+#include "display/PagePainter.h"
+#include "display/SvgCanvas.h"
+#include "nav/Geodesy.h"
+#include "platform/FileIo.h"
+#include "tools/Arguments.h"
+#include "tools/Invocation.h"
+#include "tools/Verbs.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kLargestSide = 10000;
+constexpr double kFullCircle = 360;
+
+/// What every picture needs.
+struct PictureOptions {
+    std::string size;
+    int page = 0;
+    std::string scheme;
+    std::string output;
+
+    void declare(CLI::App& app) {
+        app.add_option("--size", size, "Pixels, WIDTHxHEIGHT")->required();
+        app.add_option("--page", page, "Number of the display page")
+            ->check(CLI::Range(0, kPageCount - 1));
+        app.add_option("--scheme", scheme, "Colour scheme, built-in or a file's name");
+        app.add_option("-o,--output", output, "The SVG file to write")->required();
+    }
+};
+
+struct MapOptions {
+    PictureOptions picture;
+    std::string at;
+    std::string range;
+    std::string angle = "0";
+
+    void declare(CLI::App& app) {
+        picture.declare(app);
+        app.add_option("--at", at, "Position of the aircraft, LAT,LON")->required();
+        app.add_option("--range", range, "Miles from the aircraft to the top")->required();
+        app.add_option("--angle", angle, "True track; points up unless the page is North-Up");
+    }
+};
+
+std::pair<int, int> toSize(const std::string& text) {
+    const std::size_t cross = text.find('x');
+    if (cross == std::string::npos)
+        usageError("Not a size WIDTHxHEIGHT: " + text);
+    const std::pair size{toInt(text.substr(0, cross)), toInt(text.substr(cross + 1))};
+    for (const int side : {size.first, size.second})
+        if (side < 1 || side > kLargestSide)
+            usageError("A side of the picture is not 1 to 10000 pixels: " + text);
+    return size;
+}
+
+int toWholeAngle(const std::string& text) {
+    return RoundToInt(PositiveMod(toNumber(text), kFullCircle)) % 360;
+}
+
+MapViewport toViewport(const MapOptions& options) {
+    const auto [width, height] = toSize(options.picture.size);
+    MapViewport viewport;
+    viewport.layout(PageId{options.picture.page}, width, height);
+    const double range = toNumber(options.range);
+    if (range < 1 || range > kRangeStepsNm.back())
+        usageError("The range is not 1 to 1000 nautical miles: " + options.range);
+    viewport.setRange(range);
+    return viewport;
+}
+
+int finish(const Invocation& call, const PictureOptions& picture, const SvgCanvas& canvas) {
+    if (!writeFileAtomically(picture.output, canvas.document()))
+        return call.fail("The file cannot be written: " + picture.output);
+    return call.done({{"file", picture.output}}, "");
+}
+
+int drawMap(const Invocation& call, const MapOptions& options) {
+    CockpitData data;
+    data.position = toPosition(options.at);
+    const MapViewport viewport = toViewport(options);
+    const int angle = toWholeAngle(options.angle);
+    data.trackTrueDeg = angle;
+    ColorScheme scheme;
+    scheme.load(options.picture.scheme, call.dataFiles());
+
+    const auto [width, height] = toSize(options.picture.size);
+    SvgCanvas canvas(width, height);
+    const bool turns = PagePainter::turns(PageId{options.picture.page});
+    paintMap(canvas, {data, viewport, turns ? angle : 0, turns}, MapColorCache(scheme));
+    return finish(call, options.picture, canvas);
+}
+
+}  // namespace
+
+int runDraw(Invocation& call) {
+    MapOptions mapOptions;
+    CLI::App* map = call.options().add_subcommand("map", "The moving map");
+    map->fallthrough();
+    mapOptions.declare(*map);
+    call.options().require_subcommand(1);
+    call.parse();
+    return drawMap(call, mapOptions);
+}
+
+}  // namespace korvel
