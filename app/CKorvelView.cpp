@@ -19,7 +19,7 @@ namespace korvel {
 namespace {
 
 constexpr std::string_view kPageKey = "Page";
-constexpr int kMessageMs = 5000;
+constexpr int kMessageTicks = 5000 / CKorvelView::kTickMs;
 /// A finger that moves less than this has tapped.
 constexpr double kTapPixels = 12;
 constexpr double kMmPerInch = 25.4;
@@ -73,12 +73,12 @@ void CKorvelView::tick() {
     if (page_ == PageId::Satellite)
         document_.wantSatellites();
     document_.tick();
-    if (const std::string message = viewport_.tick(); !message.empty())
-        say(message);
-    if (!message_.empty() && messageAge_.hasExpired(kMessageMs)) {
+    if (messageTicks_ > 0 && --messageTicks_ == 0) {
         message_.clear();
         update();
     }
+    if (const std::string message = viewport_.tick(); !message.empty())
+        say(message);
     if (document_.revision() == shownRevision_)
         return;
     shownRevision_ = document_.revision();
@@ -150,7 +150,7 @@ void CKorvelView::schemeChanged() {
 
 void CKorvelView::say(const std::string& message) {
     message_ = message;
-    messageAge_.start();
+    messageTicks_ = kMessageTicks;
     update();
 }
 
@@ -279,6 +279,8 @@ void CKorvelView::mouseReleaseEvent(QMouseEvent* event) {
     } else if (!drag.moving && barMayHide_ && layout_.page.contains(drag.start)) {
         barHidden_ = !barHidden_;
         layOut();
+        if (onBarShown)
+            onBarShown(!barHidden_);
     }
 }
 

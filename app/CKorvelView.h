@@ -7,7 +7,6 @@
 #include <vector>
 
 #include <QBasicTimer>
-#include <QElapsedTimer>
 #include <QWidget>
 
 #include "app/LabelCache.h"
@@ -55,12 +54,16 @@ class CKorvelView final : public QWidget {
     PageId page() const { return page_; }
     const MapViewport& viewport() const { return viewport_; }
     bool isPanned() const { return panned_.has_value(); }
+    /// What the map says for five seconds; empty for nothing.
+    const std::string& message() const { return message_; }
 
     /// One step of the program; the timer calls it.
     void tick();
 
     /// Called once, after the first painting.
     std::function<void()> onFirstPaint;
+    /// Called when a tap in full screen hides the touch bar or brings it back.
+    std::function<void(bool)> onBarShown;
 
  protected:
     bool event(QEvent* event) override;
@@ -111,7 +114,7 @@ class CKorvelView final : public QWidget {
     std::uint64_t shownRevision_ = 0;
 
     std::string message_;
-    QElapsedTimer messageAge_;
+    int messageTicks_ = 0;  // until the message goes
     QBasicTimer timer_;
     ZoomGesture wheel_;
     ZoomGesture pinch_;

@@ -37,6 +37,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
     const std::vector<std::string> schemes = listSchemes(parts_.dataFiles);
     showScheme(schemes[selectedScheme(schemes, parts_.document.settings().schemeFile)]);
     setCentralWidget(&view_);
+    view_.onBarShown = [this](bool shown) { menuBar()->setVisible(shown); };
     view_.setFocus();
 }
 
@@ -81,7 +82,7 @@ void CMainFrame::addCommands() {
                [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::FirstFlight)); });
     addCommand(help, TextId::CommandAbout, {},
                [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::About)); });
-    // The menu bar vanishes in full screen, the keys must not.
+    // The menu bar may vanish in full screen, the keys must not.
     for (QAction* menu : menuBar()->actions())
         addActions(menu->menu()->actions());
 }
@@ -92,7 +93,8 @@ void CMainFrame::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::WindowStateChange)
         return;
-    menuBar()->setVisible(!isFullScreen());
+    // Whoever has no keyboard must find the way out of full screen: the menus go only with a tap.
+    menuBar()->show();
     view_.setBarMayHide(isFullScreen());
 }
 

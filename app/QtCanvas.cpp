@@ -119,7 +119,7 @@ void QtCanvas::polyline(std::span<const Point> points, const Pen& pen) {
     std::vector<QPointF> corners(points.size());
     std::transform(points.begin(), points.end(), corners.begin(), [](Point p) { return toQt(p); });
     // The pattern of a broken line must not start anew with each piece.
-    const bool inPieces = pen.width > 1 && pen.style == PenStyle::Solid;
+    const bool inPieces = pen.width * ratio_ > 1 && pen.style == PenStyle::Solid;
     const std::size_t longest = inPieces ? kPiecePoints : corners.size();
     for (std::size_t first = 0; first + 1 < corners.size(); first += longest - 1)
         painter_.drawPolyline(&corners[first],

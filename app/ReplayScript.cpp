@@ -66,6 +66,16 @@ bool isRepeatedInBurst(std::string_view name) {
     return name.size() != 6 || name.substr(3) == "GSV" || name.substr(3) == "GSA";
 }
 
+/// Receivers end each sentence with CR LF; logs are often kept with a bare LF.
+void appendLine(std::string& bytes, std::string_view line) {
+    const bool lacksReturn =
+        line.starts_with('$') && line.ends_with('\n') && !line.ends_with("\r\n");
+    bytes += lacksReturn ? line.substr(0, line.size() - 1) : line;
+    if (lacksReturn) {
+        bytes += "\r\n";
+    }
+}
+
 /// Decides, line by line, where a burst ends.
 class BurstFinder {
  public:
@@ -117,7 +127,7 @@ std::vector<ReplayStep> makeReplayScript(std::string_view log) {
         } else if (gap) {
             script.push_back({script.back().offsetMs + *gap, {}});
         }
-        script.back().bytes += line;
+        appendLine(script.back().bytes, line);
     }
     return script;
 }

@@ -14,7 +14,8 @@ struct ReplayStep {
 };
 
 /// Cuts a receiver's log into the bursts in which it was sent. Lines that begin with "#" are notes
-/// and are left out; any other bytes are kept as they are.
+/// and are left out and sentences that lost the CR of their line end in keeping get it back; any
+/// other bytes are kept as they are.
 ///
 /// A burst ends where the time in the sentences (RMC, GGA and GLL of any talker) changes, and the
 /// next one follows after that difference. A receiver without a fix sends no time: then a burst

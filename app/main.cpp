@@ -1,6 +1,8 @@
+#include <filesystem>
 #include <iostream>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include <QApplication>
@@ -15,6 +17,13 @@ namespace {
 int complain(std::string_view error) {
     std::cerr << "korvel: " << error << '\n';
     return 1;
+}
+
+/// Makes it when it is missing.
+bool isFolder(const std::filesystem::path& path) {
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    return std::filesystem::is_directory(path, error);
 }
 
 /// True on systems that draw windows through a display server which may be missing.
@@ -45,6 +54,8 @@ int main(int argc, char** argv) {
         return 0;
     }
     qInstallMessageHandler(dropToolkitChatter);
+    if (!line.profileFolder.empty() && !isFolder(line.profileFolder))
+        return complain(line.profileFolder + ": is no folder and cannot be made one");
     if (lacksDisplay()) {
         if (line.snapshotFile.empty())
             return complain("there is no display to open a window on (--snapshot needs none)");

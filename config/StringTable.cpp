@@ -63,7 +63,7 @@ constexpr std::array kTexts = {
         "N or Page: next page\n"
         "Drag the map to look around, Space to return to the aircraft\n"
         "C: day or night colours\n"
-        "F11: full screen; a tap on the map hides the buttons and brings them back\n\n"
+        "F11: full screen; a tap on the map hides menus and buttons and brings them back\n\n"
         "\"---\" stands where a value is unknown or older than five seconds."},
     Row{TextId::AboutWords,
         "Moving-map GPS navigator for pilots of light aircraft.\n\n"

@@ -63,6 +63,11 @@ TEST(ReplayScript, KeepsEveryByteButTheNotes) {
     EXPECT_EQ(played, binary + "$GPRMC,100000,A\r\n$GPRMC,100001,A");
 }
 
+TEST(ReplayScript, EndsSentencesAsTheReceiverDid) {
+    EXPECT_EQ(makeReplayScript("$GPRMC,1\n\xA0\n$GPGGA,1\r\n\n").front().bytes,
+              "$GPRMC,1\r\n\xA0\n$GPGGA,1\r\n\n");
+}
+
 TEST(DemoFlight, IsARoundTripAtOneBurstASecond) {
     const std::string log = makeDemoFlightLog();
     const std::vector<ReplayStep> script = makeReplayScript(log);

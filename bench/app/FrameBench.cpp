@@ -1,0 +1,123 @@
+// What one full redraw of the window's inside costs on the toolkit's raster, at 1280x800. The goal
+// is 4 ms for the map page.
+
+#include <array>
+#include <string>
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <benchmark/benchmark.h>
+
+#include "app/QtCanvas.h"
+#include "display/ColorScheme.h"
+#include "display/FieldStrip.h"
+#include "display/MapColorCache.h"
+#include "display/PagePainter.h"
+#include "display/ScreenLayout.h"
+#include "display/TouchBar.h"
+#include "nav/Geodesy.h"
+
+namespace korvel {
+namespace {
+
+/// The toolkit needs an application object before fonts can be used.
+void startToolkit() {
+    static int argc = 1;
+    static std::string name = "bench_frame";
+    static std::array<char*, 2> argv = {name.data(), nullptr};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static const QGuiApplication application(argc, argv.data());
+}
+
+CockpitData cruise() {
+    CockpitData data;
+    data.position = GeoPoint{47.45 * kDegToRad, -122.31 * kDegToRad};
+    data.groundSpeedKt = 118.4;
+    data.trackMagDeg = 206;
+    data.trackTrueDeg = 222;
+    data.altitudeFt = 4500;
+    data.fixQuality = 1;
+    data.satsInUse = 9;
+    // Number, used, signal, azimuth and elevation, packed as the pages expect them.
+    for (std::uint32_t i = 0; i < data.satellites.size(); ++i)
+        data.satellites.at(i) = (i + 1U) | 0x80U | (30U + i) << 8U | i * 29U << 16U | i * 7U << 25U;
+    return data;
+}
+
+void redraw(benchmark::State& state, PageId page, double ratio) {
+    startToolkit();
+    constexpr double kWidth = 1280;
+    constexpr double kHeight = 800;
+    QImage image(static_cast<int>(kWidth * ratio), static_cast<int>(kHeight * ratio),
+                 QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    DisplayFonts fonts{QString()};
+    LabelCache labels(fonts);
+    const ColorScheme scheme;
+    const MapColorCache colors(scheme);
+    const PagePainter pages(colors);
+    const FieldStrip fields(colors);
+    const TouchBar bar(colors);
+    const std::array<TouchButton, 3> buttons = {
+        {{TouchCommand::Page}, {TouchCommand::ZoomOut}, {TouchCommand::ZoomIn}}};
+    const ScreenLayout layout = layOutScreen({.width = kWidth,
+                                              .height = kHeight,
+                                              .pxPerMm = 0,
+                                              .fieldCount = defaultNavFields().size(),
+                                              .buttonCount = buttons.size()});
+    MapViewport viewport;
+    viewport.layout(page, static_cast<int>(layout.page.width),
+                    static_cast<int>(layout.page.height));
+    CockpitData data = cruise();
+    for (auto frame : state) {
+        // Every frame is a new situation, as in flight: nothing can be drawn from the last one.
+        data.position->lat += 1e-5;
+        QPainter painter(&image);
+        {
+            QtCanvas canvas(painter, labels, layout.page);
+            pages.paint(canvas, page, data, viewport, 222);
+        }
+        {
+            QtCanvas canvas(painter, labels, layout.fields);
+            fields.paint(canvas, layout.arrangement, defaultNavFields(), data);
+        }
+        QtCanvas canvas(painter, labels, layout.touchBar);
+        bar.paint(canvas, buttons);
+    }
+}
+
+BENCHMARK_CAPTURE(redraw, Map, PageId::Map, 1.0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(redraw, MapAtTwiceTheScale, PageId::Map, 2.0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(redraw, Satellite, PageId::Satellite, 1.0)->Unit(benchmark::kMillisecond);
+
+/// A label that is drawn for the first time, halo included.
+void newLabel(benchmark::State& state) {
+    startToolkit();
+    DisplayFonts fonts{QString()};
+    LabelCache labels(fonts);
+    const TextStyle style{.font = {13}, .color = 0, .halo = Rgb(255, 255, 255)};
+    int number = 0;
+    for (auto label : state)
+        benchmark::DoNotOptimize(labels.get("KS" + std::to_string(++number), style, 1));
+}
+BENCHMARK(newLabel)->Unit(benchmark::kMicrosecond);
+
+/// A long wide line, such as a recorded track.
+void wideTrack(benchmark::State& state) {
+    startToolkit();
+    QImage image(1280, 800, QImage::Format_RGB32);
+    DisplayFonts fonts{QString()};
+    LabelCache labels(fonts);
+    QPainter painter(&image);
+    QtCanvas canvas(painter, labels, {0, 0, 1280, 800});
+    std::vector<Point> track;
+    for (int i = 0; i < 10000; ++i)
+        track.push_back({640 + 500 * std::cos(i * 0.004), 400 + 350 * std::sin(i * 0.0052)});
+    for (auto line : state)
+        canvas.polyline(track, {.color = 0, .width = static_cast<double>(state.range(0))});
+}
+BENCHMARK(wideTrack)->Arg(1)->Arg(2)->Arg(4)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace korvel

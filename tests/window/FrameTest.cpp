@@ -1,0 +1,196 @@
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <string>
+
+#include <QAction>
+#include <QApplication>
+#include <QMouseEvent>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+
+#include "app/CKorvelDoc.h"
+#include "app/CMainFrame.h"
+#include "app/PageCycle.h"
+#include "config/DataFileSearch.h"
+#include "display/ColorScheme.h"
+#include "gps/FakePorts.h"
+#include "gps/GpsFixture.h"
+#include "platform/TempFolder.h"
+
+namespace korvel {
+namespace {
+
+/// The window on a clock that stands still and a receiver that says what the test wants.
+class FrameTest : public testing::Test {
+ protected:
+    void SetUp() override { open(); }
+
+    void open() {
+        profile_.setString(kOptionsSection, "Port", "COM3:,4800,N,8,1");
+        document_ = std::make_unique<CKorvelDoc>(
+            CKorvelDoc::Foundations{profile_, clock_, ports_.opener()});
+        frame_ = std::make_unique<CMainFrame>(
+            FrameParts{*document_, profile_, scheme_, dataFiles_, labels_});
+        frame_->showWhereItWas();
+        QApplication::processEvents();
+    }
+    void closeAndReopen() {
+        frame_->close();
+        frame_.reset();
+        document_.reset();
+        open();
+    }
+
+    CKorvelView& view() { return frame_->view(); }
+    int rangeNm() { return view().viewport().currentRangeNm(); }
+
+    void press(const QKeySequence& key) {
+        for (QAction* action : frame_->findChildren<QAction*>())
+            if (action->shortcuts().contains(key))
+                return action->trigger();
+        ADD_FAILURE() << "no command has the key " << key.toString().toStdString();
+    }
+    void mouse(QEvent::Type type, QPointF at) {
+        const bool up = type == QEvent::MouseButtonRelease;
+        QMouseEvent event(type, at, view().mapToGlobal(at), Qt::LeftButton,
+                          up ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&view(), &event);
+    }
+    void drag(QPointF from, QPointF to) {
+        mouse(QEvent::MouseButtonPress, from);
+        mouse(QEvent::MouseMove, to);
+        mouse(QEvent::MouseButtonRelease, to);
+    }
+    QPointF middle() { return QRectF(view().rect()).center(); }
+    /// The middle of a button of the touch bar, counted from the left.
+    QPointF button(int number) {
+        const double buttons = 4;
+        return {view().width() * (number + 0.5) / buttons, view().height() - 10.0};
+    }
+
+    void flyTo(const std::string& position) {
+        for (const std::string& body : {"GPRMC,1,A," + position + ",90.5,90.00,211200,,",
+                                        "GPGGA,1," + position + ",1,04,1,9,M,,,,"})
+            ports_.send(sentence(body) + "\r\n");
+        ASSERT_TRUE(eventually([&] {
+            view().tick();
+            return document_->cockpitData().position.has_value();
+        }));
+    }
+
+    TempFolder folder_;
+    VirtualClock clock_;
+    std::unique_ptr<RegistryProfile> registry_ = openRegistryProfile();
+    ProfileFile profile_{folder_.path(), *registry_};
+    DataFileSearch dataFiles_{{folder_.path()}};
+    ColorScheme scheme_{profile_, dataFiles_};
+    DisplayFonts fonts_{QString()};
+    LabelCache labels_{fonts_};
+    FakePorts ports_;
+    std::unique_ptr<CKorvelDoc> document_;
+    std::unique_ptr<CMainFrame> frame_;
+};
+
+TEST_F(FrameTest, NoKeyStandsForTwoCommands) {
+    std::set<QString> keys;
+    for (const QAction* action : frame_->findChildren<QAction*>())
+        for (const QKeySequence& key : action->shortcuts())
+            EXPECT_TRUE(keys.insert(key.toString()).second) << key.toString().toStdString();
+    EXPECT_GE(keys.size(), 8U);
+}
+
+TEST_F(FrameTest, ZoomPausesAutomaticZoomForSixtyTicks) {
+    ASSERT_EQ(rangeNm(), 65);
+    press(Qt::Key_Z);
+    EXPECT_EQ(rangeNm(), 40);
+    EXPECT_EQ(view().message(), "Auto-zoom/view disabled for 30 secs.");
+    for (int tick = 1; tick < 60; ++tick) {
+        view().tick();
+        EXPECT_EQ(view().message().empty(), tick >= 10) << tick;
+    }
+    EXPECT_TRUE(view().viewport().autoZoomPaused());
+    view().tick();
+    EXPECT_FALSE(view().viewport().autoZoomPaused());
+    EXPECT_EQ(view().message(), "Auto-zoom/view enabled");
+
+    press(QKeySequence(Qt::SHIFT | Qt::Key_Z));
+    press(Qt::Key_Minus);
+    EXPECT_EQ(rangeNm(), 100);
+    press(Qt::Key_Space);
+    EXPECT_EQ(rangeNm(), 65);
+    EXPECT_FALSE(view().viewport().autoZoomPaused());
+}
+
+TEST_F(FrameTest, AButtonActsWhenTheFingerLeavesItWhereItCameDown) {
+    mouse(QEvent::MouseButtonPress, button(3));
+    EXPECT_EQ(rangeNm(), 65);
+    mouse(QEvent::MouseButtonRelease, button(3));
+    EXPECT_EQ(rangeNm(), 40);
+    drag(button(3), button(2));  // changed its mind
+    drag(middle(), button(3));
+    EXPECT_EQ(rangeNm(), 40);
+    drag(button(0), button(0));
+    EXPECT_EQ(view().page(), availablePages()[1]);
+}
+
+TEST_F(FrameTest, TheMapIsDraggedAndComesBackToTheAircraft) {
+    drag(middle(), middle() + QPointF(100, 0));
+    EXPECT_FALSE(view().isPanned());  // there is no map yet
+
+    flyTo("4730.0,N,01015.0,E");
+    drag(middle(), middle() + QPointF(5, 0));
+    EXPECT_FALSE(view().isPanned());  // an unsteady tap
+    drag(middle(), middle() + QPointF(100, 40));
+    EXPECT_TRUE(view().isPanned());
+    press(Qt::Key_Space);
+    EXPECT_FALSE(view().isPanned());
+    drag(middle(), middle() + QPointF(100, 40));
+    press(Qt::Key_N);
+    EXPECT_FALSE(view().isPanned());
+}
+
+TEST_F(FrameTest, RemembersPageAndPlaceAndScheme) {
+    frame_->setGeometry(60, 50, 700, 480);
+    press(Qt::Key_N);
+    const PageId page = view().page();
+    ASSERT_NE(page, PageId::Map);
+    press(Qt::Key_C);
+    const ColorValue night = scheme_.Color("map.background");
+    EXPECT_EQ(QApplication::palette().color(QPalette::Base), Qt::black);
+    closeAndReopen();
+    EXPECT_EQ(frame_->geometry(), QRect(60, 50, 700, 480));
+    EXPECT_EQ(view().page(), page);
+    EXPECT_EQ(scheme_.Color("map.background"), night);
+    press(Qt::Key_C);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Base), Qt::white);
+}
+
+TEST_F(FrameTest, AtNightNothingIsBrighterThanItsText) {
+    press(Qt::Key_C);
+    const QPalette palette = QApplication::palette();
+    const auto brightness = [&](QPalette::ColorRole role) {
+        return palette.color(QPalette::Active, role).lightness();
+    };
+    for (const auto role :
+         {QPalette::Window, QPalette::Base, QPalette::Button, QPalette::Light, QPalette::Midlight,
+          QPalette::Mid, QPalette::Dark, QPalette::ToolTipBase})
+        EXPECT_LT(brightness(role), brightness(QPalette::Text) / 2) << role;
+    press(Qt::Key_C);
+}
+
+TEST(PageCycle, GoesOnceAroundWhatTheMaskLeaves) {
+    constexpr auto bit = [](PageId page) { return 1 << static_cast<int>(page); };
+    // The default mask names a page that does not exist yet: everything then.
+    for (const int mask : {0x80, 0, bit(PageId::Map)})
+        EXPECT_EQ(nextPage(nextPage(nextPage(PageId::Map, mask), mask), mask), PageId::Map);
+    const int two = bit(PageId::Map) | bit(PageId::Satellite);
+    EXPECT_EQ(nextPage(PageId::Map, two), PageId::Satellite);
+    EXPECT_EQ(nextPage(PageId::Satellite, two), PageId::Map);
+    EXPECT_EQ(nextPage(PageId::NorthUp, two), PageId::Satellite);
+    for (const int number : {-1, 3, 99})
+        EXPECT_EQ(pageOfNumber(number), PageId::Map);
+}
+
+}  // namespace
+}  // namespace korvel
