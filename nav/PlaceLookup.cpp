@@ -6,10 +6,14 @@
 namespace korvel {
 
 std::shared_ptr<const DatabaseRecord> PlaceLookup::peek(std::string_view key) const {
-    if (auto fix = fixes_.find(key)) {
+    if (auto fix = fixes_->find(key)) {
         return fix;
     }
-    const DatabaseRecord* const found = database_.Find(key, near_);
+    return peekDatabase(key);
+}
+
+std::shared_ptr<const DatabaseRecord> PlaceLookup::peekDatabase(std::string_view key) const {
+    const DatabaseRecord* const found = database_->Find(key, near_);
     // A place without a position cannot be flown to.
     return found != nullptr && IsValid(found->position) ? found->Clone() : nullptr;
 }

@@ -18,19 +18,21 @@ class NavDatabase;
 class PlaceLookup {
  public:
     PlaceLookup(NavDatabase& database, const GeneratedFixes& fixes, std::optional<GeoPoint> present)
-        : database_(database), fixes_(fixes), near_(present) {}
+        : database_(&database), fixes_(&fixes), near_(present) {}
 
     /// Null when there is none; then the next look-up is made near the same place as this one.
     std::shared_ptr<const DatabaseRecord> next(std::string_view key);
     /// The same without moving on.
     [[nodiscard]] std::shared_ptr<const DatabaseRecord> peek(std::string_view key) const;
 
+    /// The same without the generated fixes.
+    [[nodiscard]] std::shared_ptr<const DatabaseRecord> peekDatabase(std::string_view key) const;
+
     void moveTo(GeoPoint position) { near_ = position; }
-    [[nodiscard]] std::optional<GeoPoint> reference() const { return near_; }
 
  private:
-    NavDatabase& database_;
-    const GeneratedFixes& fixes_;
+    NavDatabase* database_;
+    const GeneratedFixes* fixes_;
     std::optional<GeoPoint> near_;
 };
 

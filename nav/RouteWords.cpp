@@ -1,7 +1,9 @@
 #include "nav/RouteWords.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "nav/Geodesy.h"
 #include "nav/TextNumbers.h"
 
 namespace korvel {
@@ -40,6 +42,20 @@ std::string altitudeSuffix(std::int32_t altitudeFt) {
         return {};
     }
     return '@' + formatFixed(altitudeFt * 0.01, altitudeFt % 100 == 0 ? 0 : 1);
+}
+
+std::string positionText(GeoPoint position) {
+    return formatFixed(position.lat * kRadToDeg, 6) + ' ' +
+           formatFixed(position.lon * kRadToDeg, 6);
+}
+
+GeoPoint parsePositionText(std::string_view text) {
+    const auto lat = scanDouble(text);
+    const auto lon = lat ? scanDouble(text) : std::nullopt;
+    if (!lon || !(std::abs(*lat) <= 90.0) || !(std::abs(*lon) <= 180.0)) {
+        return {};
+    }
+    return {*lat * kDegToRad, *lon * kDegToRad};
 }
 
 RouteWord RouteWord::parse(std::string_view word) {

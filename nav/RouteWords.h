@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "nav/GeoPoint.h"
+
 namespace korvel {
 
 /// Stands for "no altitude" in feet.
@@ -28,6 +30,11 @@ std::optional<std::int32_t> scanPlannedAltitude(std::string_view& text);
 
 /// "@45" for 4500 ft, "@45.5" for 4550 ft, nothing for none.
 std::string altitudeSuffix(std::int32_t altitudeFt);
+
+/// "LAT LON" in degrees with six decimals.
+std::string positionText(GeoPoint position);
+/// The other way round; not valid when there are no two numbers or they are out of range.
+GeoPoint parsePositionText(std::string_view text);
 
 /// A word of a route: [@]IDENT[@ALTITUDE].
 struct RouteWord {
