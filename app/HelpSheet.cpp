@@ -8,7 +8,7 @@ HelpSheet::HelpSheet(QWidget* parent, HelpTopic topic)
     words_.setText(toQString(topic == HelpTopic::About ? TextId::AboutWords : TextId::HelpWords));
     words_.setTextFormat(Qt::PlainText);
     words_.setWordWrap(true);
-    words_.setMinimumWidth(12 * kRowPixels);
+    words_.setMinimumWidth(14 * kRowPixels);
     addRow(words_);
 }
 

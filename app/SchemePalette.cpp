@@ -32,11 +32,13 @@ QPalette schemePalette(const ColorScheme& scheme) {
     const QColor chosen = toQColor(scheme.Color("nav.background"));
     const QColor chosenText = readable(toQColor(scheme.Color("nav.text")), chosen);
     const QColor pale = mix(ground, text, 0.5F);
+    // Fields and round buttons stand out from the window by their ground: lighter at night too.
+    const QColor field = ground.lightnessF() < 0.5F ? mix(ground, text, 0.18F) : ground;
 
     QPalette palette;
     palette.setColor(QPalette::Window, mix(ground, text, 0.08F));
     palette.setColor(QPalette::WindowText, text);
-    palette.setColor(QPalette::Base, ground);
+    palette.setColor(QPalette::Base, field);
     palette.setColor(QPalette::AlternateBase, mix(ground, text, 0.05F));
     palette.setColor(QPalette::Text, text);
     palette.setColor(QPalette::PlaceholderText, pale);

@@ -1,16 +1,17 @@
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <system_error>
 #include <vector>
 
 #include <QApplication>
-#include <QStyleFactory>
 #include <QSysInfo>
 
 #include "app/CKorvelApp.h"
 #include "app/CommandLine.h"
+#include "app/TouchStyle.h"
 
 namespace {
 
@@ -67,7 +68,7 @@ int main(int argc, char** argv) {
     const QApplication toolkit(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Tarnwick"));
     QApplication::setApplicationName(QStringLiteral("Korvel Pro"));
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(std::make_unique<korvel::TouchStyle>().release());
     korvel::CKorvelApp program(line);
     if (const std::string error = program.start(); !error.empty())
         return complain(error);

@@ -57,13 +57,13 @@ constexpr std::array kTexts = {
     Row{TextId::CommandHelp, "&Getting Started"},
     Row{TextId::CommandAbout, "&About Korvel Pro"},
     Row{TextId::HelpWords,
-        "Plug in the GPS receiver: Korvel Pro searches its port by itself. As soon as the receiver "
+        "Plug in the GPS receiver: Korvel Pro finds its port by itself. As soon as the receiver "
         "knows where it is, the map appears.\n\n"
-        "Z and Shift+Z, the wheel, two fingers, or - and + below the map: zoom\n"
-        "N or Page: next page\n"
-        "Drag the map to look around, Space to return to the aircraft\n"
-        "C: day or night colours\n"
-        "F11: full screen; a tap on the map hides menus and buttons and brings them back\n\n"
+        "Zoom: Z and Shift+Z, the wheel, two fingers, or In and Out\n"
+        "Next page: N or Page\n"
+        "Look around: drag the map; back to the aircraft: Space or Aircraft\n"
+        "Day or night colours: C\n"
+        "Full screen: F11; a tap on the map then hides menus and buttons\n\n"
         "\"---\" stands where a value is unknown or older than five seconds."},
     Row{TextId::AboutWords,
         "Moving-map GPS navigator for pilots of light aircraft.\n\n"

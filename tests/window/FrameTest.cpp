@@ -5,7 +5,10 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QMenuBar>
 #include <QMouseEvent>
+#include <QPointingDevice>
+#include <QTest>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
@@ -134,6 +137,29 @@ TEST_F(FrameTest, AButtonActsWhenTheFingerLeavesItWhereItCameDown) {
     EXPECT_EQ(view().page(), availablePages()[1]);
 }
 
+TEST_F(FrameTest, TheWheelAndTwoFingersZoom) {
+    QWheelEvent notch(middle(), view().mapToGlobal(middle()), {}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&view(), &notch);
+    EXPECT_EQ(rangeNm(), 100);
+
+    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+    const QPoint center = middle().toPoint();
+    const auto fingers = [&](int apart) { return QPoint(apart / 2, 0); };
+    QTest::touchEvent(&view(), screen.get())
+        .press(0, center - fingers(60))
+        .press(1, center + fingers(60));
+    for (int apart = 70; apart <= 180; apart += 10)
+        QTest::touchEvent(&view(), screen.get())
+            .move(0, center - fingers(apart))
+            .move(1, center + fingers(apart));
+    QTest::touchEvent(&view(), screen.get())
+        .release(0, center - fingers(180))
+        .release(1, center + fingers(180));
+    EXPECT_EQ(rangeNm(), 40);  // three times as far apart: two steps
+    EXPECT_FALSE(view().isPanned());
+}
+
 TEST_F(FrameTest, TheMapIsDraggedAndComesBackToTheAircraft) {
     drag(middle(), middle() + QPointF(100, 0));
     EXPECT_FALSE(view().isPanned());  // there is no map yet
@@ -157,13 +183,14 @@ TEST_F(FrameTest, RemembersPageAndPlaceAndScheme) {
     ASSERT_NE(page, PageId::Map);
     press(Qt::Key_C);
     const ColorValue night = scheme_.Color("map.background");
-    EXPECT_EQ(QApplication::palette().color(QPalette::Base), Qt::black);
+    EXPECT_LT(QApplication::palette().color(QPalette::Window).lightness(), 64);
     closeAndReopen();
     EXPECT_EQ(frame_->geometry(), QRect(60, 50, 700, 480));
     EXPECT_EQ(view().page(), page);
     EXPECT_EQ(scheme_.Color("map.background"), night);
     press(Qt::Key_C);
-    EXPECT_EQ(QApplication::palette().color(QPalette::Base), Qt::white);
+    QApplication::processEvents();
+    EXPECT_GT(frame_->menuBar()->palette().color(QPalette::Window).lightness(), 192);
 }
 
 TEST_F(FrameTest, AtNightNothingIsBrighterThanItsText) {

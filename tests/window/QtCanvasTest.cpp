@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include <QFontInfo>
 #include <QImage>
@@ -171,6 +173,45 @@ TEST(QtCanvas, CopiesBitmapsPixelByPixelAndRefusesShortOnes) {
     EXPECT_EQ(sheet.image.pixelColor(16, 15), QColor(0, 255, 0));
     EXPECT_EQ(sheet.image.pixelColor(16, 16), QColor(0, 0, 255));
     EXPECT_EQ(sheet.inked(), QRect(15, 15, 2, 2));
+}
+
+TEST(QtCanvas, DrawsLongWideLinesWithoutGaps) {
+    for (const double ratio : {1.0, 2.0}) {
+        Sheet sheet(ratio);
+        std::vector<Point> points;
+        for (int i = 0; i <= 180; ++i)
+            points.push_back({10.0 + i, 50 + 30 * std::sin(i * 0.1)});
+        sheet.draw(kWholeSheet,
+                   [&](Canvas& canvas) { canvas.polyline(points, {.color = kWhite, .width = 3}); });
+        for (const Point& point : points) {
+            const QColor color = sheet.image.pixelColor(static_cast<int>(point.x * ratio),
+                                                        static_cast<int>(point.y * ratio));
+            EXPECT_GT(color.red(), 200) << point.x;
+        }
+        sheet.image.fill(Qt::black);
+        sheet.draw(kWholeSheet, [&](Canvas& canvas) {
+            canvas.polyline(points, {.color = kWhite, .width = 3, .style = PenStyle::Dash});
+        });
+        EXPECT_TRUE(std::ranges::any_of(points, [&](Point point) {
+            return sheet.image.pixelColor(static_cast<int>(point.x * ratio),
+                                          static_cast<int>(point.y * ratio)) == Qt::black;
+        }));
+    }
+}
+
+TEST(QtCanvas, FillsTranslucentAreasLikeSmallOnes) {
+    // The large one takes the cheaper way; inside they must look the same.
+    for (const double side : {20.0, 98.0}) {
+        Sheet sheet;
+        const std::array<Point, 4> square = {{{1, 1}, {1 + side, 1}, {1 + side, side}, {1, side}}};
+        sheet.draw(kWholeSheet, [&](Canvas& canvas) {
+            canvas.polygon(square, Brush{kWhite, 0.5}, Pen{.color = kRed, .width = 2});
+        });
+        const int middle = static_cast<int>(side / 2);
+        EXPECT_NEAR(sheet.image.pixelColor(middle, middle).green(), 128, 1);
+        EXPECT_EQ(sheet.image.pixelColor(middle, 1), Qt::red);
+        EXPECT_EQ(sheet.image.pixelColor(static_cast<int>(side) + 5, middle), Qt::black);
+    }
 }
 
 TEST(LabelCache, StaysBoundedAndKeepsWhatIsInUse) {

@@ -1,0 +1,40 @@
+#include "app/TouchStyle.h"
+
+#include <algorithm>
+
+#include <QStyleOption>
+
+#include "app/Sheet.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kMenuBarPixels = 34;  // 9 mm at 96 dots per inch
+constexpr int kMenuBarMargin = 10;  // left and right of a menu's name
+constexpr int kKeyMargin = 24;      // between a command and its key
+
+bool isSeparator(const QStyleOption* option) {
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    return item != nullptr && item->menuItemType == QStyleOptionMenuItem::Separator;
+}
+
+}  // namespace
+
+TouchStyle::TouchStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+QSize TouchStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                   const QWidget* widget) const {
+    const QSize plain = QProxyStyle::sizeFromContents(type, option, size, widget);
+    switch (type) {
+        case CT_MenuBarItem:
+            return {plain.width() + 2 * kMenuBarMargin, std::max(plain.height(), kMenuBarPixels)};
+        case CT_MenuItem:
+            return isSeparator(option) ? plain
+                                       : QSize(plain.width() + kKeyMargin,
+                                               std::max(plain.height(), Sheet::kRowPixels));
+        default:
+            return plain;
+    }
+}
+
+}  // namespace korvel

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace korvel {
+
+/// The toolkit's plain style with menus that a finger hits in a bumpy cockpit.
+class TouchStyle final : public QProxyStyle {
+ public:
+    TouchStyle();
+
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                           const QWidget* widget) const override;
+};
+
+}  // namespace korvel

@@ -1,0 +1,136 @@
+// The program itself, started as a user starts it on a machine without a display.
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include <QImage>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QStringList>
+#include <gtest/gtest.h>
+
+#include "config/ProfileFile.h"
+#include "gps/GpsFixture.h"
+#include "platform/FileIo.h"
+#include "platform/RegistryProfile.h"
+#include "platform/TempFolder.h"
+
+namespace korvel {
+namespace {
+
+class ProgramTest : public testing::Test {
+ protected:
+    struct Outcome {
+        int exitCode;
+        std::string errors;
+    };
+
+    Outcome run(const QStringList& arguments, const QString& scale = QStringLiteral("1")) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(QString::fromLatin1(name));
+        environment.insert(QStringLiteral("QT_SCALE_FACTOR"), scale);
+        QProcess program;
+        program.setProcessEnvironment(environment);
+        program.start(QStringLiteral(KORVEL_PROGRAM),
+                      QStringList{QStringLiteral("--profile-folder"), path("profile")} + arguments);
+        EXPECT_TRUE(program.waitForFinished(60000));
+        return {program.exitCode(), program.readAllStandardError().toStdString()};
+    }
+
+    /// Takes a picture while a receiver reports this position once a second.
+    QImage picture(const QStringList& arguments, const QString& scale = QStringLiteral("1")) {
+        std::ofstream log(folder_.path() / "flight.log");
+        for (int second = 10; second < 50; ++second) {
+            const std::string time = "1000" + std::to_string(second);
+            log << sentence("GPRMC," + time + ",A,4730.0,N,01015.0,E,90.0,90.0,211200,,") << '\n'
+                << sentence("GPGGA," + time + ",4730.0,N,01015.0,E,1,08,1,100,M,,,,") << '\n';
+        }
+        log.close();
+        const Outcome outcome = run(
+            QStringList{QStringLiteral("--replay"), path("flight.log"),
+                        QStringLiteral("--snapshot"), path("picture.png"), QStringLiteral("--size"),
+                        QStringLiteral("640x480"), QStringLiteral("--after"), QStringLiteral("3")} +
+                arguments,
+            scale);
+        EXPECT_EQ(outcome.exitCode, 0);
+        EXPECT_EQ(outcome.errors, "");
+        return QImage(path("picture.png"));
+    }
+
+    QString path(const char* name) const {
+        return QString::fromStdString((folder_.path() / name).string());
+    }
+
+    TempFolder folder_;
+};
+
+TEST_F(ProgramTest, SaysInOneLineWhyItDoesNotStart) {
+    std::ofstream(folder_.path() / "empty.log") << "# no sentences\n";
+    const QStringList commands[] = {
+        {},  // no display
+        {"--snapshot", path("no such folder/a.png"), "--after", "0"},
+        {"--snapshot", path("a.png"), "--size", "0x0"},
+        {"--snapshot", path("a.png"), "--page", "Nowhere"},
+        {"--snapshot", path("a.png"), "--scheme", "Purple"},
+        {"--snapshot", path("a.png"), "--range", "30"},
+        {"--snapshot", path("a.png"), "--replay", path("missing.log")},
+        {"--snapshot", path("a.png"), "--replay", path("empty.log")},
+        {"--snapshot", path("a.png"), "--profile-folder", path("empty.log")},
+    };
+    for (const QStringList& arguments : commands) {
+        const Outcome outcome = run(arguments);
+        const std::string command = arguments.join(' ').toStdString();
+        EXPECT_EQ(outcome.exitCode, 1) << command;
+        EXPECT_TRUE(outcome.errors.starts_with("korvel: ")) << command << outcome.errors;
+        EXPECT_EQ(std::ranges::count(outcome.errors, '\n'), 1) << command << outcome.errors;
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder_.path() / "a.png"));
+}
+
+TEST_F(ProgramTest, AReplayReachesTheMapAndLeavesTheSettingsAlone) {
+    const QImage status = [&] {
+        run({"--snapshot", path("status.png"), "--size", "640x480", "--after", "0"});
+        return QImage(path("status.png"));
+    }();
+    const QImage map = picture({});
+    ASSERT_EQ(map.size(), QSize(640, 480));
+    EXPECT_EQ(status.size(), map.size());
+    // The information boxes stand on the map only; their day colour is cyan.
+    const auto cyanBelowTheFields = [](const QImage& image) {
+        int count = 0;
+        for (int y = 160; y < 425; ++y)
+            for (int x = 0; x < image.width(); ++x)
+                count += image.pixelColor(x, y) == QColor(0, 255, 255) ? 1 : 0;
+        return count;
+    };
+    EXPECT_LT(cyanBelowTheFields(status), 10);
+    EXPECT_GT(cyanBelowTheFields(map), 500);
+
+    const auto registry = openRegistryProfile();
+    ProfileFile profile(folder_.path() / "profile", *registry);
+    EXPECT_EQ(profile.getString(kOptionsSection, "Port", "?"), "");
+}
+
+TEST_F(ProgramTest, AtNightNothingIsWhiteAtAnyScale) {
+    const QImage night = picture({"--scheme", "<Night-Flight>"}, QStringLiteral("2"));
+    ASSERT_EQ(night.size(), QSize(1280, 960));
+    int brightest = 0;
+    long bright = 0;
+    for (int y = 0; y < night.height(); ++y)
+        for (int x = 0; x < night.width(); ++x) {
+            const int gray = qGray(night.pixel(x, y));
+            brightest = std::max(brightest, gray);
+            bright += gray > 150 ? 1 : 0;
+        }
+    EXPECT_GT(brightest, 200);  // the text
+    EXPECT_LT(bright, night.width() * night.height() / 20);
+    const auto registry = openRegistryProfile();
+    ProfileFile profile(folder_.path() / "profile", *registry);
+    EXPECT_EQ(profile.getString(kOptionsSection, "SchemeFile", "?"), "");
+}
+
+}  // namespace
+}  // namespace korvel
