@@ -20,7 +20,7 @@ inline std::string sentence(std::string_view body) {
     }
     char tail[8];
     std::snprintf(tail, sizeof tail, "*%02X", sum);
-    return "$" + std::string(body) + tail;
+    return std::string("$").append(body).append(tail);
 }
 
 /// What the program around the receiver does, noted down.

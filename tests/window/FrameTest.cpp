@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <memory>
 #include <set>
+#include <sstream>
 #include <string>
+#include <utility>
 
 #include <QAction>
 #include <QApplication>
@@ -73,9 +75,13 @@ class FrameTest : public testing::Test {
     }
 
     void flyTo(const std::string& position) {
-        for (const std::string& body : {"GPRMC,1,A," + position + ",90.5,90.00,211200,,",
-                                        "GPGGA,1," + position + ",1,04,1,9,M,,,,"})
-            ports_.send(sentence(body) + "\r\n");
+        for (const auto& [name, rest] : {std::pair{"GPRMC,1,A,", ",90.5,90.00,211200,,"},
+                                         std::pair{"GPGGA,1,", ",1,04,1,9,M,,,,"}}) {
+            std::ostringstream body;
+            body << name << position << rest;
+            ports_.send(sentence(body.str()));
+            ports_.send("\r\n");
+        }
         ASSERT_TRUE(eventually([&] {
             view().tick();
             return document_->cockpitData().position.has_value();

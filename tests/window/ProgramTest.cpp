@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <string>
 
 #include <QImage>
@@ -43,11 +44,13 @@ class ProgramTest : public testing::Test {
     /// Takes a picture while a receiver reports this position once a second.
     QImage picture(const QStringList& arguments, const QString& scale = QStringLiteral("1")) {
         std::ofstream log(folder_.path() / "flight.log");
-        for (int second = 10; second < 50; ++second) {
-            const std::string time = "1000" + std::to_string(second);
-            log << sentence("GPRMC," + time + ",A,4730.0,N,01015.0,E,90.0,90.0,211200,,") << '\n'
-                << sentence("GPGGA," + time + ",4730.0,N,01015.0,E,1,08,1,100,M,,,,") << '\n';
-        }
+        for (int second = 10; second < 50; ++second)
+            for (const char* rest : {",A,4730.0,N,01015.0,E,90.0,90.0,211200,,",
+                                     ",4730.0,N,01015.0,E,1,08,1,100,M,,,,"}) {
+                std::ostringstream body;
+                body << (rest[1] == 'A' ? "GPRMC,1000" : "GPGGA,1000") << second << rest;
+                log << sentence(body.str()) << '\n';
+            }
         log.close();
         const Outcome outcome = run(
             QStringList{QStringLiteral("--replay"), path("flight.log"),
