@@ -55,7 +55,7 @@ std::string SvgCanvas::document() const {
            "\n"
            R"(<svg xmlns="http://www.w3.org/2000/svg" width=")" +
            width + R"(" height=")" + height + R"(" viewBox="0 0 )" + width + " " + height +
-           R"(" font-family="B612, Korvel B612, sans-serif">)" + "\n" + body_ + "</svg>\n";
+           R"(" font-family="Korvel B612, B612, sans-serif">)" + "\n" + body_ + "</svg>\n";
 }
 
 void SvgCanvas::number(std::string_view name, double value) {
@@ -171,7 +171,7 @@ void SvgCanvas::text(Point anchor, std::string_view text, const TextStyle& style
     if (style.font.weight == FontWeight::Bold)
         body_ += R"( font-weight="bold")";
     if (style.font.monospaced)
-        body_ += R"( font-family="B612 Mono, Korvel B612 Mono, monospace")";
+        body_ += R"( font-family="Korvel B612 Mono, B612 Mono, monospace")";
     color("fill", style.color);
     if (style.halo) {
         body_ += R"( paint-order="stroke" stroke-linejoin="round")";
