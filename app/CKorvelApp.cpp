@@ -110,7 +110,8 @@ std::string CKorvelApp::applyView() {
 void CKorvelApp::takeSnapshot() {
     if (!frame_.grab().save(QString::fromStdString(line_.snapshotFile)))
         runError_ = line_.snapshotFile + ": cannot be written";
-    QApplication::quit();
+    // Not quit(), which closes the window, and a window that is closed remembers its place.
+    QApplication::exit();
 }
 
 std::string CKorvelApp::run() {

@@ -118,7 +118,8 @@ TEST_F(ProgramTest, AReplayReachesTheMapAndLeavesTheSettingsAlone) {
 }
 
 TEST_F(ProgramTest, AtNightNothingIsWhiteAtAnyScale) {
-    const QImage night = picture({"--scheme", "<Night-Flight>"}, QStringLiteral("2"));
+    const QImage night =
+        picture({"--scheme", "<Night-Flight>", "--page", "North-Up"}, QStringLiteral("2"));
     ASSERT_EQ(night.size(), QSize(1280, 960));
     int brightest = 0;
     long bright = 0;
@@ -133,6 +134,8 @@ TEST_F(ProgramTest, AtNightNothingIsWhiteAtAnyScale) {
     const auto registry = openRegistryProfile();
     ProfileFile profile(folder_.path() / "profile", *registry);
     EXPECT_EQ(profile.getString(kOptionsSection, "SchemeFile", "?"), "");
+    EXPECT_EQ(profile.getInt(kOptionsSection, "Page", -1), 0);
+    EXPECT_EQ(profile.getInt(kOptionsSection, "WindowWidth", -1), -1);
 }
 
 }  // namespace
