@@ -1,4 +1,5 @@
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -17,8 +18,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     GuardedPlan plan;
     PlanFiles files(places.database, places.generated, &places.records, plan);
     const std::string_view list(reinterpret_cast<const char*>(data), size);
-    if (files.OpenPlanFile(kFolder / "a.txt", list).empty()) {
-        files.SavePlan();
+    const std::string error = files.OpenPlanFile(kFolder / "a.txt", list);
+    if (error.empty() != plan.lock()->has_value()) {
+        std::abort();
     }
     std::filesystem::remove_all(kFolder);
     return 0;
