@@ -1,0 +1,123 @@
+#include "nav/FlightPlan.h"
+#include "nav/PlacesFixture.h"
+
+namespace korvel {
+namespace {
+
+/// Waypoints A to E on the equator, 30 NM apart from west to east.
+class FlightPlanTest : public testing::Test {
+ protected:
+    FlightPlanTest() : plan_(entries("ABCDE")) {}
+
+    static std::vector<PlanWaypoint> entries(std::string_view names) {
+        std::vector<PlanWaypoint> list;
+        for (const char name : names) {
+            auto fix = std::make_shared<FixRecord>();
+            fix->key = std::string("f.") + name;
+            fix->position = degrees(0, (name - 'A') * 0.5);
+            list.push_back({.text = fix->key, .key = fix->key, .record = fix});
+        }
+        return list;
+    }
+    /// The chosen waypoint's letter and the letter of the leg's start, "-" for none. The aircraft
+    /// stands so many NM east of A and north of the equator.
+    std::string choose(double eastNm, double northNm, double trackMag) {
+        const auto leg = plan_.ChooseActiveLeg(
+            {.position = degrees(northNm / 60, eastNm / 60), .trackMag = trackMag});
+        if (!leg) {
+            return "none";
+        }
+        std::string letters(1, leg->waypoint->key.back());
+        return letters +
+               (leg->start
+                    ? static_cast<char>('A' + RoundToInt(leg->start->lon / (0.5 * kDegToRad)))
+                    : '-');
+    }
+
+    FlightPlan plan_;
+};
+
+TEST_F(FlightPlanTest, FliesFromWaypointToWaypoint) {
+    struct Step {
+        double eastNm;
+        double northNm;
+        double trackMag;
+        std::string_view chosen;
+    };
+    constexpr Step kSteps[] = {
+        {0.5, 0, 90, "BA"},         // takes off at A
+        {28.9, 0, 90, "BA"},        // 1.1 NM before B
+        {29.1, 0, 90, "CB"},        // 0.9
+        {57.5, 1.0, 330, "CB"},     // 2.7 NM, turned away from C, but not to D
+        {62.0, -0.5, 90, "DC"},     // past C by 2 NM, on the way to D
+        {40, 0, 270, "DC"},         // going back changes nothing
+        {90, 0.5, kNoAngle, "ED"},  // the track is not known
+        {120, 0, 90, "ED"},         // the last one stays
+        {180, 0, 90, "ED"},
+    };
+    for (const Step& step : kSteps) {
+        EXPECT_EQ(choose(step.eastNm, step.northNm, step.trackMag), step.chosen) << step.eastNm;
+        EXPECT_EQ(plan_.currentKey().back(), step.chosen[0]);
+    }
+}
+
+TEST_F(FlightPlanTest, ANewPlanSearchesForWhatLiesAhead) {
+    struct Case {
+        double eastNm;
+        double northNm;
+        double trackMag;
+        std::string_view chosen;
+    };
+    constexpr Case kCases[] = {
+        {40, 0, 90, "C-"},         // straight ahead, A and B behind
+        {40, 0, 270, "A-"},        // the other way, the first of what lies there
+        {75, 20, 150, "D-"},       // near enough to the right way
+        {75, 20, kNoAngle, "A-"},  // nothing to go by
+        {30.5, 0, 90, "CB"},       // over B
+        {40, 0, 1, "C-"},          // the better side, then the nearer one
+    };
+    for (const Case& c : kCases) {
+        plan_.activate();
+        EXPECT_EQ(choose(c.eastNm, c.northNm, c.trackMag), c.chosen) << c.eastNm << c.trackMag;
+        EXPECT_EQ(choose(c.eastNm, c.northNm, 200), c.chosen) << "one search only";
+    }
+}
+
+TEST_F(FlightPlanTest, CommandsChangeTheActiveEntry) {
+    EXPECT_EQ(choose(0.5, 0, 90), "BA");
+    EXPECT_TRUE(plan_.moveTo("f.D"));
+    EXPECT_EQ(plan_.currentKey(), "f.D");
+    EXPECT_EQ(choose(1.5, 0, 90), "DA");
+    EXPECT_TRUE(plan_.moveTo("f.A")) << "back to one that was passed";
+    EXPECT_EQ(choose(10, 0, 90), "A-");
+    EXPECT_FALSE(plan_.moveTo("f.X"));
+    plan_.reverse();
+    EXPECT_EQ(plan_.entries().front().key, "f.E");
+    EXPECT_EQ(choose(130, 0, 270), "E-");
+    EXPECT_NEAR(plan_.totalNm(), 120.0, 1e-6);
+    plan_ = FlightPlan(entries("A"));
+    EXPECT_EQ(choose(0, 0, 90), "A-");
+    EXPECT_EQ(choose(50, 0, 90), "A-");
+    plan_ = FlightPlan();
+    EXPECT_EQ(choose(0, 0, 90), "none");
+}
+
+TEST_F(FlightPlanTest, FindsTheNextAltitudeAlongTheLegs) {
+    std::vector<PlanWaypoint> list = entries("ABCDE");
+    list[0].altitudeFt = 100;
+    list[3].altitudeFt = 2500;
+    plan_ = FlightPlan(std::move(list));
+    const GeoPoint present = degrees(10.0 / 60, 0.5);
+    EXPECT_FALSE(plan_.constraint(present)) << "nothing has been chosen yet";
+    choose(29, 0, 90);
+    const auto found = plan_.constraint(present);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->altitudeFt, 2500);
+    EXPECT_EQ(found->point, degrees(0, 1.5));
+    EXPECT_NEAR(found->distanceNm, DistanceNm(present, degrees(0, 1.0)) + 30.0, 1e-9);
+    plan_.moveTo("f.E");
+    EXPECT_FALSE(plan_.constraint(present));
+}
+
+}  // namespace
+}  // namespace korvel

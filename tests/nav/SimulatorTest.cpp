@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include "nav/Geodesy.h"
+#include "nav/Simulator.h"
+
+namespace korvel {
+namespace {
+
+TEST(Simulator, FliesByDeadReckoning) {
+    Simulator simulator;
+    const Variation tenEast{.databaseDeg = 10.0};
+    simulator.start({0.0, 0.0}, 80, 120.0, 3000, 1000);
+    for (std::int64_t now = 1000; now <= 61000; now += 500) {
+        simulator.step(now, tenEast);
+        simulator.updateTrack(tenEast);
+    }
+    EXPECT_NEAR(simulator.position().lat, 0.0, 1e-9);
+    EXPECT_NEAR(simulator.position().lon * kNmPerRadian, 2.0, 1e-9) << "120 kt for a minute";
+    EXPECT_EQ(simulator.trackMag(), 80.0);
+    simulator.setHeading(Simulator::kNoHeading);
+    const GeoPoint stopped = simulator.position();
+    simulator.step(100000, tenEast);
+    EXPECT_EQ(simulator.position(), stopped);
+}
+
+TEST(Simulator, TrackDoesNotFlickerBetweenTwoDegrees) {
+    Simulator simulator;
+    simulator.start({0.5, 0.5}, 181, 600.0, 0, 0);
+    std::int64_t now = 500;
+    simulator.step(now, {});
+    struct Leg {
+        std::int32_t heading;
+        double shown;
+    };
+    constexpr Leg kLegs[] = {{181, 181}, {182, 182}, {181, 182}, {182, 182},
+                             {183, 183}, {181, 181}, {0, 360},   {270, 270}};
+    for (const Leg& leg : kLegs) {
+        simulator.setHeading(leg.heading);
+        simulator.step(now += 500, {});
+        simulator.updateTrack({});
+        EXPECT_EQ(simulator.trackMag(), leg.shown) << leg.heading;
+    }
+    simulator.setSpeed(2.9);
+    simulator.setHeading(90);
+    simulator.step(now += 600000, {});
+    simulator.updateTrack({});
+    EXPECT_EQ(simulator.trackMag(), 270) << "too slow to have a track";
+    simulator.losePosition();
+    simulator.step(now += 500, {});
+    simulator.updateTrack({});
+    EXPECT_EQ(simulator.trackMag(), kNoAngle) << "no speed, no step";
+    simulator.setSpeed(0);
+    simulator.step(now += 500, {});
+    simulator.updateTrack({});
+    EXPECT_EQ(simulator.trackMag(), 360) << "standing still it points north";
+}
+
+TEST(Simulator, SteersAfterFiveSecondsByAtMostFiveDegrees) {
+    Simulator simulator;
+    simulator.start({0.5, 0.5}, 90, 600.0, 0, 1);
+    simulator.step(1, {});
+    simulator.step(501, {});
+    simulator.updateTrack({});
+    ASSERT_EQ(simulator.trackMag(), 90);
+    struct Case {
+        std::int64_t now;
+        double bearing;
+        std::int32_t heading;
+    };
+    constexpr Case kCases[] = {
+        {5000, 180, 90}, {5001, 180, 95},  {5501, kNoAngle, 95}, {6001, 94, 99},
+        {6501, 86, 95},  {7001, 90.4, 95}, {7501, 350, 90},
+    };
+    for (const Case& c : kCases) {
+        simulator.steer(c.now, c.bearing);
+        EXPECT_EQ(simulator.headingMag(), c.heading) << c.now;
+    }
+    simulator.setSteering(false);
+    simulator.steer(9000, 180);
+    EXPECT_EQ(simulator.headingMag(), 90);
+}
+
+}  // namespace
+}  // namespace korvel
