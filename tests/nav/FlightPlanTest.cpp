@@ -44,17 +44,15 @@ TEST_F(FlightPlanTest, FliesFromWaypointToWaypoint) {
         double trackMag;
         std::string_view chosen;
     };
-    constexpr Step kSteps[] = {
-        {0.5, 0, 90, "BA"},         // takes off at A
-        {28.9, 0, 90, "BA"},        // 1.1 NM before B
-        {29.1, 0, 90, "CB"},        // 0.9
-        {57.5, 1.0, 330, "CB"},     // 2.7 NM, turned away from C, but not to D
-        {62.0, -0.5, 90, "DC"},     // past C by 2 NM, on the way to D
-        {40, 0, 270, "DC"},         // going back changes nothing
-        {90, 0.5, kNoAngle, "ED"},  // the track is not known
-        {120, 0, 90, "ED"},         // the last one stays
-        {180, 0, 90, "ED"},
-    };
+    constexpr Step kSteps[] = {{0.5, 0, 90, "BA"},      // takes off at A
+                               {28.9, 0, 90, "BA"},     // 1.1 NM before B
+                               {29.1, 0, 90, "CB"},     // 0.9
+                               {57.5, 1.0, 330, "CB"},  // 2.7 NM, turned away from C, but not to D
+                               {62.0, -0.5, 90, "DC"},  // past C by 2 NM, on the way to D
+                               {40, 0, 270, "DC"},      // going back changes nothing
+                               {90, 0.5, kNoAngle, "ED"},  // the track is not known
+                               {120, 0, 90, "ED"},         // the last one stays
+                               {180, 0, 90, "ED"}};
     for (const Step& step : kSteps) {
         EXPECT_EQ(choose(step.eastNm, step.northNm, step.trackMag), step.chosen) << step.eastNm;
         EXPECT_EQ(plan_.currentKey().back(), step.chosen[0]);
@@ -74,7 +72,7 @@ TEST_F(FlightPlanTest, ANewPlanSearchesForWhatLiesAhead) {
         {75, 20, 150, "D-"},       // near enough to the right way
         {75, 20, kNoAngle, "A-"},  // nothing to go by
         {30.5, 0, 90, "CB"},       // over B
-        {40, 0, 1, "C-"},          // the better side, then the nearer one
+        {40, 0, 1, "C-"}           // the better side, then the nearer one
     };
     for (const Case& c : kCases) {
         plan_.activate();

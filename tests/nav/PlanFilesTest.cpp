@@ -44,8 +44,7 @@ TEST_F(PlanFilesTest, ReadsAndWritesEntries) {
         {"f.NOPE 9", "NOPE navaid not found!"},
         {"f.NOPE nan 0", "NOPE navaid not found!"},
         {"KAA@x", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."},
-        {"KAA@99999", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."},
-    };
+        {"KAA@99999", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."}};
     for (const Case& c : kCases) {
         EXPECT_EQ(reload(c.text), c.saved) << c.text;
     }
@@ -124,8 +123,7 @@ TEST_F(PlanFilesTest, RefusesListsThatCannotBeRead) {
         "FPL 0\nFWP u i A N 1 61 E 1 0 0\n",
         "FPL 0\nFWP u i A N -1 0 E 1 0 0\n",
         "FPL 0\nFWP u i A N 1 0 E 1 0 2000000\n",
-        "FPL 0\nFWP \n",
-    };
+        "FPL 0\nFWP \n"};
     for (const std::string_view list : kLists) {
         EXPECT_EQ(files_.OpenPlanFile(folder / "a.TXT", list), "Invalid format!") << list;
     }

@@ -3,6 +3,7 @@
 #include "nav/AirwayCrossing.h"
 #include "nav/PlacesFixture.h"
 #include "nav/RouteEntry.h"
+#include "navdb/TestDatabase.h"
 
 namespace korvel {
 namespace {
@@ -72,12 +73,10 @@ class RouteEntryTest : public PlacesFixture {
         return result.error + (result.error.empty() ? "" : "|") + textsOf(result.entries);
     }
 
-    AirwayTable airways_{
-        {"V1", {{"A", "B"}, {"A", "B", "C", "D", "E"}}},
-        {"V2", {{"N", "NN", "C", "SS", "S"}}},
-        {"V3", {{"P", "PP", "QQ", "Q"}}},
-        {"V4", {{"A", "GONE", "E"}}},
-    };
+    AirwayTable airways_{{"V1", {{"A", "B"}, {"A", "B", "C", "D", "E"}}},
+                         {"V2", {{"N", "NN", "C", "SS", "S"}}},
+                         {"V3", {{"P", "PP", "QQ", "Q"}}},
+                         {"V4", {{"A", "GONE", "E"}}}};
 };
 
 TEST_F(RouteEntryTest, ExpandsAirwaysInBothDirections) {
@@ -108,19 +107,20 @@ TEST_F(RouteEntryTest, ExpandsAirwaysInBothDirections) {
         {"A V23@20 B", "V23 navaid/airway not found or data expired!|V23@20"},
         {"V2 C V2 S", "No leading fix found for V2 airway!|V2"},
         {"A @V1", "No trailing fix found for V1 airway!|@V1"},
-        {"A@x B", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft).|A@x"},
-        {"A @V1 D@", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft).|@V1"},
-        {"A@20x", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft).|A@20x"},
         {"A @V4 E", "Fix GONE of V4 airway not found!|@V4"},
         {"N @V1 E", "Fix N of V1 airway not found!|@V1"},
         {"A @V1 N", "Fix N of V1 airway not found!|@V1"},
         {"S V2 V3 NOWHERE", "Fix V3 of V2 airway not found!|V2"},
         {"P V3 @V1 NOWHERE", "Fix NOWHERE of V1 airway not found!|@V1"},
-        {"A @V1 V3 NOWHERE", "Fix V3 of V1 airway not found!|@V1"},
-    };
+        {"A @V1 V3 NOWHERE", "Fix V3 of V1 airway not found!|@V1"}};
     for (const Case& c : kCases) {
         EXPECT_EQ(expand(c.route), c.expected) << c.route;
     }
+    const std::string invalid =
+        "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft).|";
+    EXPECT_EQ(expand("A@x B"), invalid + "A@x");
+    EXPECT_EQ(expand("A@20x"), invalid + "A@20x");
+    EXPECT_EQ(expand("A @V1 D@"), invalid + "@V1");
     EXPECT_NEAR(fixes_.find("f.F-1")->position.lon, 2.5 * kDegToRad, 1e-9);
     EXPECT_EQ(fixes_.find("f.F-2"), nullptr);
 }
@@ -134,11 +134,11 @@ TEST_F(RouteEntryTest, LooksEveryWordUpNearTheOneBefore) {
         std::string_view route;
         std::string_view expected;
     };
-    const Case cases[] = {
-        {std::nullopt, "R", "v.R"},      {degrees(0, 29), "R", "a.R"},
-        {degrees(0, 2), "FAR R", "a.R"}, {degrees(0, 29), "A R", "v.R"},
-        {GeoPoint{}, "R", "v.R"},
-    };
+    const Case cases[] = {{std::nullopt, "R", "v.R"},
+                          {degrees(0, 29), "R", "a.R"},
+                          {degrees(0, 2), "FAR R", "a.R"},
+                          {degrees(0, 29), "A R", "v.R"},
+                          {GeoPoint{}, "R", "v.R"}};
     for (const Case& c : cases) {
         const RouteResult result =
             RouteEntry(database_, fixes_, c.present).EnterRoute(c.route, true);
@@ -147,14 +147,25 @@ TEST_F(RouteEntryTest, LooksEveryWordUpNearTheOneBefore) {
     }
 }
 
-TEST_F(RouteEntryTest, DropsRepeatedWordsAndKeepsAltitudes) {
+TEST_F(RouteEntryTest, EntersRoutesFromADatabaseFile) {
+    TestDatabase file;
+    file.addAirway("V1", "A B\nC D E");
+    file.addAirway("V2", "N NN C");
+    file.addAirway("V2", "C SS S");
+    const TestFolder folder;
+    ASSERT_EQ(database_.openFile(file.write(folder.path(), "airways.ng2")), "");
     RouteEntry entry(database_, fixes_, std::nullopt);
-    const RouteResult result = entry.EnterRoute("A A B B@10 B@10", true);
-    EXPECT_EQ(textsOf(result.entries), "A B B@10");
-    EXPECT_EQ(result.entries.back().key, "B");
-    EXPECT_EQ(result.entries.back().altitudeFt, 1000);
-    database_.setUserRecords(nullptr);
-    EXPECT_EQ(entry.EnterRoute("A B", true).error, "A navaid/airway not found or data expired!");
+    EXPECT_EQ(textsOf(entry.EnterRoute("A A B@1 @V1 V2 S@10 S@10", true).entries),
+              "A B@1 C SS S@10");
+    EXPECT_EQ(textsOf(entry.EnterRoute("C @V1 V2 S", true).entries), "C SS S");
+    constexpr std::string_view kFirstWords[][2] = {
+        {"V2 C", "V2 navaid/airway not found or data expired!"},
+        {"V2 C V2 S", "No leading fix found for V2 airway!"}};
+    for (const auto& [route, message] : kFirstWords) {
+        EXPECT_EQ(entry.EnterRoute(route, true).error, message);
+    }
+    EXPECT_EQ(entry.EnterRoute("A V2 C", false).error,
+              "V2 navaid/airway not found or data expired!");
 }
 
 TEST_F(RouteEntryTest, ManyWaysToJoinDoNotTakeForEver) {
