@@ -8,6 +8,7 @@ namespace korvel {
 
 int runDraw(Invocation& call);
 int runGeo(Invocation& call);
+int runNavdb(Invocation& call);
 int runProfile(Invocation& call);
 int runScheme(Invocation& call);
 
@@ -15,6 +16,7 @@ int runScheme(Invocation& call);
 inline constexpr std::array kVerbs = {
     Verb{"draw", "Pictures without a window", runDraw},
     Verb{"geo", "Distances, courses and turns", runGeo},
+    Verb{"navdb", "Build, check and search database files", runNavdb},
     Verb{"profile", "Read or change a settings file", runProfile},
     Verb{"scheme", "The colours of a scheme", runScheme},
 };

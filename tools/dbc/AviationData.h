@@ -9,6 +9,7 @@
 #include "dbc/AiracCycle.h"
 #include "dbc/AirwayNetwork.h"
 #include "dbc/GeoDegrees.h"
+#include "navdb/DatabaseRecord.h"
 
 namespace korvel {
 
@@ -21,8 +22,8 @@ struct SourceRunwayEnd {
 };
 
 struct SourceRunway {
-    int lengthFt = 0;
-    int widthFt = 0;
+    std::optional<int> lengthFt;
+    std::optional<int> widthFt;
     std::string surface;
     bool hard = false;
     bool lighted = false;
@@ -55,9 +56,6 @@ struct SourceAirport {
 
 enum class NavaidKind : std::uint8_t { vor, vorDme, vortac, ndb, ndbDme, dmeOnly };
 
-/// Which charts show a navaid or fix; unknown until the airways have been looked at.
-enum class Usage : std::uint8_t { unknown, terminal, low, high, both, visual };
-
 struct SourceNavaid {
     NavaidKind kind = NavaidKind::vor;
     std::string ident;
@@ -67,7 +65,7 @@ struct SourceNavaid {
     GeoDegrees position;
     /// MHz for the VOR family and DME, kHz for the NDB family.
     double frequency = 0.0;
-    Usage usage = Usage::unknown;
+    Usage usage = kUsageLow;
     /// Degrees, east positive: what the station's north is aligned to.
     std::optional<double> variation;
 };
@@ -76,7 +74,8 @@ struct SourceFix {
     std::string ident;
     std::string region;
     GeoDegrees position;
-    Usage usage = Usage::unknown;
+    /// Unknown until the airways have been looked at.
+    std::optional<Usage> usage;
 };
 
 /// Everything the sources hold, before it is laid out as tables.

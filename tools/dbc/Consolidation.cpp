@@ -112,15 +112,15 @@ void dropAllRepeats(AviationData& data, ImportLog& log) {
                                              return samePlace(a.position, b.position);
                                          },
                                          [](SourceFix& kept, const SourceFix& other) {
-                                             if (kept.usage == Usage::terminal)
+                                             if (kept.usage == kUsageTerminal)
                                                  kept.usage = other.usage;
                                          }));
 }
 
 Usage usageOf(const AirwayPoint& point) {
     if (point.onHigh)
-        return point.onLow ? Usage::both : Usage::high;
-    return Usage::low;
+        return point.onLow ? kUsageBoth : kUsageHigh;
+    return kUsageLow;
 }
 
 bool fits(const AirwayPoint& point, const SourceFix& fix) {
@@ -148,7 +148,7 @@ void resolveAirwayPoints(AviationData& data, ImportLog& log) {
             navaids.find(point.ident, [&](const SourceNavaid& each) { return fits(point, each); });
         if (fix != nullptr) {
             point.position = fix->position;
-            if (fix->usage != Usage::visual)
+            if (fix->usage != kUsageVisual)
                 fix->usage = usageOf(point);
         } else if (navaid != nullptr) {
             point.position = navaid->position;
@@ -172,8 +172,8 @@ void resolveAirwayPoints(AviationData& data, ImportLog& log) {
 void settleUsage(AviationData& data) {
     const bool airwaysTell = !data.airways.airways().empty();
     for (SourceFix& fix : data.fixes)
-        if (fix.usage == Usage::unknown)
-            fix.usage = airwaysTell && fix.region.empty() ? Usage::terminal : Usage::low;
+        if (!fix.usage)
+            fix.usage = airwaysTell && fix.region.empty() ? kUsageTerminal : kUsageLow;
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ constexpr std::string_view kBlanks = " \t";
 
 template <class Number>
 std::optional<Number> whole(std::string_view text) {
-    if (text.starts_with('+'))
+    if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
     Number value{};
     const char* const end = text.data() + text.size();

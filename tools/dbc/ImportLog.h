@@ -11,6 +11,8 @@ namespace korvel {
 /// What the compiler took from its sources, what it left out and why.
 class ImportLog {
  public:
+    using Counts = std::map<std::string, std::size_t, std::less<>>;
+
     /// Of one file's malformed lines so many are reported one by one, the others as a count.
     static constexpr std::size_t kReportedLines = 200;
 
@@ -25,12 +27,15 @@ class ImportLog {
     [[nodiscard]] std::size_t taken(std::string_view what) const { return count(taken_, what); }
     [[nodiscard]] std::size_t omitted(std::string_view what) const { return count(leftOut_, what); }
     [[nodiscard]] std::size_t malformedLines() const;
+    [[nodiscard]] const Counts& takenCounts() const { return taken_; }
+    [[nodiscard]] const Counts& leftOutCounts() const { return leftOut_; }
+    /// By file.
+    [[nodiscard]] const Counts& malformedCounts() const { return malformed_; }
 
     /// Several lines for people: "Taken:", "Left out:" and "Malformed lines:", each with counts.
     [[nodiscard]] std::string summary() const;
 
  private:
-    using Counts = std::map<std::string, std::size_t, std::less<>>;
     static void add(Counts& counts, std::string_view what, std::size_t count);
     static std::size_t count(const Counts& counts, std::string_view what);
 

@@ -19,6 +19,9 @@ namespace {
 /// Of the whole work, reading takes the greater part.
 constexpr double kReadingShare = 0.8;
 
+constexpr std::string_view kOpenError = "File Open Error: ";
+constexpr std::string_view kWriteError = "File Write Error: ";
+
 struct InputFile {
     std::filesystem::path path;
     /// Reads the opened file into the data.
@@ -40,7 +43,7 @@ std::string readAll(std::vector<InputFile>& files, ImportLog& log, const BuildPr
         const std::string name = file.path.filename().string();
         auto source = openTextFile(file.path);
         if (!source)
-            return file.path.string() + ": File Open Error";
+            return std::string(kOpenError) + file.path.string();
         ImportContext context{log, {}};
         if (progress)
             context.progress = [&](double share) {
@@ -127,7 +130,7 @@ std::string buildNavdb(const NavdbBuildOptions& options, ImportLog& log,
     const std::string bytes = compileNavdb(data, header, log);
     report(0.95, "writing");
     if (!writeFileAtomically(options.output, bytes))
-        return options.output.string() + ": File Open Error";
+        return std::string(kWriteError) + options.output.string();
     report(1.0, "done");
     return {};
 }

@@ -18,23 +18,7 @@ namespace {
 constexpr std::size_t kLongestRoute = kMaxTextLength - 1;
 
 std::int32_t typeWord(PlaceType type, Usage usage) {
-    const auto high = [usage] {
-        switch (usage) {
-            case Usage::terminal:
-                return 0x10;
-            case Usage::high:
-                return 0x40;
-            case Usage::both:
-                return 0x60;
-            case Usage::visual:
-                return 0x80;
-            case Usage::low:
-            case Usage::unknown:
-                break;
-        }
-        return 0x20;
-    };
-    return high() | static_cast<std::int32_t>(type);
+    return static_cast<std::int32_t>(type) | static_cast<std::int32_t>(usage);
 }
 
 PlaceType placeType(NavaidKind kind) {
@@ -159,8 +143,8 @@ class Compilation {
             rows.begin(airport.ident);
             rows.text(writer_.addText(airport.ident));
             rows.integer(number);
-            rows.integer(runway.lengthFt);
-            rows.integer(runway.widthFt);
+            rows.integer(runway.lengthFt.value_or(kNoInteger));
+            rows.integer(runway.widthFt.value_or(kNoInteger));
             rows.text(writer_.addText(runway.surface));
             rows.text(writer_.addText(runway.info));
             rows.text(writer_.addText(here.id));
@@ -183,7 +167,7 @@ class Compilation {
 
     void addFix(const SourceFix& fix) {
         begin(fixes_, fix.ident, fix.position);
-        fixes_.integer(typeWord(PlaceType::fix, fix.usage));
+        fixes_.integer(typeWord(PlaceType::fix, fix.usage.value_or(kUsageLow)));
         log_.took("fixes");
     }
 

@@ -26,6 +26,12 @@ std::optional<GeoDegrees> position(std::string_view latText, std::string_view lo
     return GeoDegrees{*lat, *lon};
 }
 
+/// A length; the tables say 0 where they know none.
+std::optional<int> positiveFeet(std::string_view text) {
+    const auto feet = wholeFeet(text);
+    return feet && *feet > 0 ? feet : std::nullopt;
+}
+
 /// The identifier by which pilots know the airport. The table's own one is invented ("US-0571")
 /// where no other was known; then the code that receivers use is better, and in North America the
 /// local one.
@@ -103,14 +109,14 @@ std::optional<NavaidKind> navaidKind(std::string_view type) {
 
 Usage usageOf(std::string_view usage, std::string_view power) {
     if (usage == "TERMINAL")
-        return Usage::terminal;
+        return kUsageTerminal;
     if (usage == "LO")
-        return Usage::low;
+        return kUsageLow;
     if (usage == "HI")
-        return Usage::high;
+        return kUsageHigh;
     if (usage == "BOTH")
-        return Usage::both;
-    return power == "HIGH" ? Usage::both : Usage::low;
+        return kUsageBoth;
+    return power == "HIGH" ? kUsageBoth : kUsageLow;
 }
 
 template <class Take>
@@ -196,9 +202,9 @@ void OurAirportsImport::takeRunway(CsvTable& row) {
         log_.leftOut("helipads of airports with runways");
         return;
     }
-    runway.widthFt = wholeFeet(row["width_ft"]).value_or(0);
-    runway.lengthFt = wholeFeet(row["length_ft"]).value_or(0);
-    if (runway.lengthFt <= 0 && low.position && high.position)
+    runway.widthFt = positiveFeet(row["width_ft"]);
+    runway.lengthFt = positiveFeet(row["length_ft"]);
+    if (!runway.lengthFt && low.position && high.position)
         runway.lengthFt = lengthBetweenFt(*low.position, *high.position);
     runway.lighted = row["lighted"] == "1";
     setSurface(row["surface"], runway);

@@ -40,9 +40,9 @@ std::string importXPlaneFixes(XPlaneFile& file, ImportContext& /*context*/, Avia
         fix.position = {*lat, *lon};
         fix.region = fields[4];
         if (isVisual(fields[5]))
-            fix.usage = Usage::visual;
+            fix.usage = kUsageVisual;
         else if (fields.size() > 3 && fields[3] != "ENRT")
-            fix.usage = Usage::terminal;
+            fix.usage = kUsageTerminal;
         data.fixes.push_back(std::move(fix));
     }
     return file.failure();

@@ -51,8 +51,8 @@ Usage usageOf(int row, double rangeNm) {
     const double terminal = row == kNdb ? 15.0 : 25.0;
     const double high = row == kNdb ? 75.0 : 100.0;
     if (rangeNm <= terminal)
-        return Usage::terminal;
-    return rangeNm < high ? Usage::low : Usage::both;
+        return kUsageTerminal;
+    return rangeNm < high ? kUsageLow : kUsageBoth;
 }
 
 /// One line of the file; empty or why it is malformed.

@@ -1,0 +1,95 @@
+#include "tools/NavdbBuildVerb.h"
+
+#include <iostream>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dbc/AiracCycle.h"
+#include "dbc/NavdbBuild.h"
+#include "tools/Arguments.h"
+#include "tools/ProgressBar.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kOurAirports = "ourairports";
+
+Json countsOf(const ImportLog::Counts& counts) {
+    Json json = Json::object();
+    for (const auto& [what, count] : counts)
+        json[what] = count;
+    return json;
+}
+
+char regionFrom(const std::string& text) {
+    if (text.empty())
+        return kWorldRegion;
+    const bool isLetter = (text[0] >= 'A' && text[0] <= 'Z') || (text[0] >= 'a' && text[0] <= 'z');
+    if (text.size() != 1 || !isLetter)
+        usageError("--region takes one letter");
+    return text[0];
+}
+
+std::optional<int> expiryFrom(const std::string& text) {
+    if (text.empty())
+        return std::nullopt;
+    const int ymd = toInt(text);
+    if (!isDateYmd(ymd))
+        usageError("--expiry takes a date, YYYYMMDD");
+    return ymd;
+}
+
+}  // namespace
+
+NavdbBuildVerb::NavdbBuildVerb(CLI::App& verb)
+    : command_(verb.add_subcommand("build", "Compile a database from open data")) {
+    command_->fallthrough();  // "--json" may stand behind the action as well
+    command_->add_option("--from", from_, "Where the data comes from")
+        ->required()
+        ->check(CLI::IsMember(std::vector<std::string>{"xplane", std::string(kOurAirports)}));
+    command_->add_option("--apt", apt_, "X-Plane's apt.dat, plain or .gz");
+    command_->add_option("--nav", nav_, "X-Plane's nav.dat or earth_nav.dat");
+    command_->add_option("--fix", fix_, "X-Plane's fix.dat or earth_fix.dat");
+    command_->add_option("--awy", awy_, "X-Plane's awy.dat or earth_awy.dat");
+    command_->add_option("--dir", folder_, "Folder of OurAirports' CSV files");
+    command_->add_option("-o", output_, "The database to write")->required();
+    command_->add_option("--region", region_, "ICAO region letter, K for the United States");
+    command_->add_option("--expiry", expiry_, "Expiry date, YYYYMMDD");
+}
+
+int NavdbBuildVerb::run(const Invocation& call) const {
+    NavdbBuildOptions options;
+    const bool csv = from_ == kOurAirports;
+    options.source = csv ? NavdbSource::ourAirports : NavdbSource::xplane;
+    if (csv && folder_.empty())
+        usageError("--from ourairports needs --dir");
+    if (!csv && apt_.empty() && nav_.empty() && fix_.empty() && awy_.empty())
+        usageError("--from xplane needs one of --apt, --nav, --fix and --awy");
+    if (csv ? !(apt_ + nav_ + fix_ + awy_).empty() : !folder_.empty())
+        usageError("--dir goes with ourairports, the other files with xplane");
+    options.apt = apt_;
+    options.nav = nav_;
+    options.fix = fix_;
+    options.awy = awy_;
+    options.folder = folder_;
+    options.output = output_;
+    options.region = regionFrom(region_);
+    options.expiryYmd = expiryFrom(expiry_);
+
+    ProgressBar bar;
+    ImportLog log([&bar](const std::string& line) {
+        bar.clear();
+        std::cerr << line << '\n';
+    });
+    const std::string refused = buildNavdb(
+        options, log, [&bar](double share, std::string_view what) { bar.show(share, what); });
+    bar.clear();
+    const Json document = {{"taken", countsOf(log.takenCounts())},
+                           {"leftOut", countsOf(log.leftOutCounts())},
+                           {"malformed", countsOf(log.malformedCounts())}};
+    return refused.empty() ? call.done(document, log.summary()) : call.fail(refused, document);
+}
+
+}  // namespace korvel
