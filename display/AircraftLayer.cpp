@@ -19,12 +19,13 @@ constexpr std::array kRightHalf{Point{0.00, -1.00}, Point{0.08, -0.96}, Point{0.
 
 double halfLength(double textPx) { return std::round(textPx * 1.55); }
 
-// The direction on the screen, or nothing while the aircraft stands on a map that does not turn.
+// The direction on the screen; nothing while no track is known, on a turning map as well: it then
+// keeps its last angle, or lies north up, and neither is where the aircraft goes.
 std::optional<double> screenAngle(const MapFrame& frame) {
-    if (frame.turns)
-        return 0;
     if (!frame.data.trackTrueDeg)
         return std::nullopt;
+    if (frame.turns)
+        return 0;
     return *frame.data.trackTrueDeg - frame.projection.angleDeg();
 }
 

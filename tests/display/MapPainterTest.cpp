@@ -119,7 +119,8 @@ TEST(MapPainter, TheAircraftPointsUpOnTurningPagesAndAlongItsTrackOtherwise) {
     EXPECT_NEAR(noseOf(*northUp.symbol("hsi.airplane")).y, northUp.aircraft().y, 1e-9);
 
     east.trackTrueDeg.reset();  // no direction: no symbol that has one
-    EXPECT_EQ(Page(PageId::NorthUp, east).symbol("hsi.airplane"), nullptr);
+    for (const PageId id : {PageId::NorthUp, PageId::Map})
+        EXPECT_EQ(Page(id, east).symbol("hsi.airplane"), nullptr);
 }
 
 TEST(MapPainter, ALostPositionNeverLooksAlive) {
