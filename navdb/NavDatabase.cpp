@@ -96,6 +96,7 @@ std::string NavDatabase::openFile(const std::filesystem::path& path,
 void NavDatabase::clear() {
     files_.clear();
     exclusions_.clear();
+    excludedPlaces_.clear();
     userRecords_ = nullptr;
     lastFound_.reset();
     lastMatch_.reset();
@@ -107,8 +108,18 @@ char NavDatabase::regionLetter() const {
 
 void NavDatabase::exclude(const RowMatch& row) {
     const auto place = std::lower_bound(exclusions_.begin(), exclusions_.end(), row);
-    if (place == exclusions_.end() || *place != row) {
-        exclusions_.insert(place, row);
+    if (place != exclusions_.end() && *place == row) {
+        return;
+    }
+    exclusions_.insert(place, row);
+    if (const auto record = recordAt(row)) {
+        const auto byLatitude = [](double lat, const ExcludedPlace& excluded) {
+            return lat < excluded.position.lat;
+        };
+        excludedPlaces_.insert(
+            std::upper_bound(excludedPlaces_.begin(), excludedPlaces_.end(), record->position.lat,
+                             byLatitude),
+            {.file = row.file, .position = record->position, .ident = record->ident});
     }
 }
 
@@ -268,12 +279,12 @@ void NavDatabase::GetAirwayRoutes(std::string_view name, std::vector<std::string
 
 void NavDatabase::placesIn(const GeoBox& box, KindMask kinds, std::size_t limit,
                            std::vector<Place>& places) const {
-    findPlacesIn({files_, exclusions_, userRecords_}, box, kinds, limit, places);
+    findPlacesIn({files_, excludedPlaces_, userRecords_}, box, kinds, limit, places);
 }
 
 std::vector<NearPlace> NavDatabase::nearest(GeoPoint position, KindMask kinds, std::size_t count,
                                             double withinNm) const {
-    return findNearest({files_, exclusions_, userRecords_}, position, kinds, count, withinNm);
+    return findNearest({files_, excludedPlaces_, userRecords_}, position, kinds, count, withinNm);
 }
 
 RecordPtr NavDatabase::recordOf(const Place& place) const {

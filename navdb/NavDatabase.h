@@ -18,6 +18,7 @@ namespace korvel {
 
 class DatabaseFile;
 class UserRecordStore;
+struct ExcludedPlace;
 
 /// All places that the navigator knows: the rows of the open database files and, behind them as
 /// if they were one more file, the user's own records. Holds no places in memory; every call reads
@@ -102,7 +103,8 @@ class NavDatabase {
 
     const Clock& clock_;
     std::vector<std::unique_ptr<DatabaseFile>> files_;
-    std::vector<RowMatch> exclusions_;  ///< ascending
+    std::vector<RowMatch> exclusions_;           ///< ascending
+    std::vector<ExcludedPlace> excludedPlaces_;  ///< the same, by latitude
     const UserRecordStore* userRecords_ = nullptr;
     std::unique_ptr<DatabaseRecord> lastFound_;
     std::optional<RowMatch> lastMatch_;

@@ -151,6 +151,22 @@ class NearestSearch final : public Search {
     std::vector<NearPlace> found_;
 };
 
+bool isExcluded(const PlaceSources& sources, const Place& place) {
+    const auto byLatitude = [](const ExcludedPlace& excluded, double lat) {
+        return excluded.position.lat < lat;
+    };
+    auto excluded = std::lower_bound(sources.exclusions.begin(), sources.exclusions.end(),
+                                     place.position.lat, byLatitude);
+    for (; excluded != sources.exclusions.end() && excluded->position.lat == place.position.lat;
+         ++excluded) {
+        if (excluded->file == place.match.file && excluded->position.lon == place.position.lon &&
+            excluded->ident == place.ident) {
+            return true;
+        }
+    }
+    return false;
+}
+
 bool searchIndex(LocationIndex& index, RowReader& rows, const DatabaseFile& file, int fileNumber,
                  const PlaceSources& sources, KindMask kinds, std::span<const int> cells,
                  Search& search) {
@@ -166,9 +182,9 @@ bool searchIndex(LocationIndex& index, RowReader& rows, const DatabaseFile& file
         index.visitCell(cell, south, north, [&](std::uint32_t row) {
             const RowMatch match{.file = fileNumber, .row = index.index().rowPosition(row)};
             if ((kindOfRow(rows, fields) & kinds) != 0 &&
-                search.wants(positionOfRow(rows, fields)) &&
-                !std::binary_search(sources.exclusions.begin(), sources.exclusions.end(), match)) {
-                goOn = search.take(buildPlace(rows, fields, file, match));
+                search.wants(positionOfRow(rows, fields))) {
+                const Place place = buildPlace(rows, fields, file, match);
+                goOn = isExcluded(sources, place) || search.take(place);
             }
             return goOn;
         });

@@ -11,10 +11,18 @@
 
 namespace korvel {
 
+/// A place that is never to be returned. Its row stands in several indexes at different offsets,
+/// so it is known by what it says.
+struct ExcludedPlace {
+    int file = 0;
+    GeoPoint position;
+    Ident ident;
+};
+
 /// Where a search finds its places; everything must outlive the search.
 struct PlaceSources {
     std::span<const std::unique_ptr<DatabaseFile>> files;
-    std::span<const RowMatch> exclusions;  ///< ascending
+    std::span<const ExcludedPlace> exclusions;  ///< in ascending order of latitude
     const UserRecordStore* userRecords = nullptr;
 };
 

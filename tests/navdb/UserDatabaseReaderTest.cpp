@@ -1,0 +1,197 @@
+#include <gtest/gtest.h>
+
+#include "nav/Geodesy.h"
+#include "navdb/AirportRecord.h"
+#include "navdb/FixRecord.h"
+#include "navdb/NavaidRecord.h"
+#include "navdb/TestDatabase.h"
+#include "navdb/UserDatabaseReader.h"
+
+namespace korvel {
+namespace {
+
+class UserDatabaseReaderTest : public ::testing::Test {
+ protected:
+    /// Reads a file of these lines; returns what the report says between its first and last line.
+    std::string read(std::string_view text) {
+        const auto path = folder_.write("my.UDB.TXT", text);
+        records_.clear();
+        LoadReport report(folder_.path() / "report.txt");
+        report.restart();
+        UserDatabaseReader reader(report, [this](std::unique_ptr<DatabaseRecord> record) {
+            records_.push_back(std::move(record));
+        });
+        EXPECT_EQ(reader.LoadFile(path), "");
+        const auto bytes = readBytes(report.path());
+        std::string logged(bytes.begin(), bytes.end());
+        const std::string head = "Loading " + path.string() + "\r\n";
+        const std::string tail = "  Done\r\n\r\n";
+        EXPECT_TRUE(logged.starts_with(head)) << logged;
+        if (!logged.ends_with(tail)) {
+            return "(no end) " + logged.substr(head.size());
+        }
+        return logged.substr(head.size(), logged.size() - head.size() - tail.size());
+    }
+    template <class Record>
+    const Record& only() {
+        EXPECT_EQ(records_.size(), 1U);
+        return dynamic_cast<const Record&>(*records_.at(0));
+    }
+
+    TestFolder folder_;
+    std::vector<std::unique_ptr<DatabaseRecord>> records_;
+};
+
+constexpr std::string_view kVor =
+    "NAVAID_BEGIN\nID=ABC\nNAME=Alpha\nTYPE=VOR\nPOSN.LAT=47:30\nPOSN.LON=-122.5\nFREQ=113.9\n";
+
+TEST_F(UserDatabaseReaderTest, BuildsNavaidsAndFixes) {
+    EXPECT_EQ(
+        read("; mine\r\n\r\n\tNAVAID_BEGIN ; first\r\n  ID=ABC ; my field\r\nNAME=A long name "
+             "of a navaid\r\nTYPE=VOR\r\nPOSN.LAT=47:30.5\r\nPOSN.LON=-0:30\r\nUSAGE=BOTH\r\n"
+             "FREQ=110\r\nFREQ=113.90 MHz\r\nNAVAID_END\r\n"),
+        "");
+    const auto& vor = only<VorRecord>();
+    EXPECT_EQ(vor.key, "v.ABC");
+    EXPECT_EQ(vor.ident.view(), "ABC");
+    EXPECT_EQ(vor.GetName(), "A long name of a nav");
+    EXPECT_NEAR(vor.position.lat * kRadToDeg, 47.508333333, 1e-8);
+    EXPECT_NEAR(vor.position.lon * kRadToDeg, -0.5, 1e-9);
+    EXPECT_EQ(vor.usage, kUsageBoth);
+    EXPECT_EQ(vor.GetInfoText(), "113.9");
+    EXPECT_FALSE(vor.expired);
+    EXPECT_EQ(*vor.origin.fileName, "my.UDB.TXT");
+
+    EXPECT_EQ(read("NAVAID_BEGIN\nID=ELEVENCHARS\nNAME=N\nTYPE=NDB\nPOSN.LAT=0\nPOSN.LON=0\n"
+                   "FREQ=375\nNAVAID_END"),
+              "");
+    EXPECT_EQ(only<NdbRecord>().key, "n.ELEVENCHARS");
+    EXPECT_EQ(only<NdbRecord>().usage, kUsageLow);
+    EXPECT_EQ(read("NAVAID_BEGIN\nID=F\nNAME=A fix keeps a name of any length\nTYPE=FIX\n"
+                   "POSN.LAT=x\nPOSN.LON=10\nUSAGE=VRP\nNAVAID_END\n"),
+              "");
+    EXPECT_EQ(only<FixRecord>().key, "f.F");
+    EXPECT_EQ(only<FixRecord>().GetName(), "A fix keeps a name of any length");
+    EXPECT_EQ(only<FixRecord>().usage, kUsageVisual);
+    EXPECT_EQ(only<FixRecord>().position.lat, 0.0);
+}
+
+TEST_F(UserDatabaseReaderTest, BuildsAirports) {
+    EXPECT_EQ(
+        read("ARPT_BEGIN\nID=KXYZ\nNAME=Field\nPOSN.LAT=47.5\nPOSN.LON=-122\nINFO=Call first\n"
+             "MAG_VAR=15.5\nELEV=100\nELEV.UNITS=m\n"
+             "RWY1.LEN=1000\nRWY1.WIDTH=30\nRWY1.UNITS=M\nRWY1.SURFACE=GRASS\n"
+             "RWY1.LO.ID=09\nRWY1.LO.MAG_HDG=88\nRWY1.LO.POSN.LAT=47:30\n"
+             "RWY1.LO.POSN.LON=-122:1\nRWY1.LO.ELEV=50\nRWY1.LO.ELEV.UNITS=M\n"
+             "RWY1.LO.PATTERN=r\nRWY1.HI.ID=27\nRWY1.HI.PATTERN=L\nRWY3.LEN=500\n"
+             "COM1.TYPE=CTAF\nCOM1.FREQ=122.8\nCOM2.TYPE=GND\nCOM3.TYPE=TWR\nCOM3.FREQ=118\n"
+             "ARPT_END\n"),
+        "");
+    const auto& airport = only<AirportRecord>();
+    EXPECT_EQ(airport.key, "a.KXYZ");
+    EXPECT_EQ(airport.magVariationDeg, 15.5F);
+    EXPECT_EQ(airport.elevationFt, 328);
+    EXPECT_EQ(airport.info, "Call first");
+    EXPECT_EQ(airport.region, 0);
+    ASSERT_EQ(airport.runways.size(), 1U);
+    EXPECT_EQ(airport.runways[0].lengthFt, 3281);
+    EXPECT_EQ(airport.runways[0].widthFt, 98);
+    EXPECT_EQ(airport.runways[0].surface, "GRASS");
+    const RunwayEnd& low = airport.runways[0].ends.at(0);
+    const RunwayEnd& high = airport.runways[0].ends.at(1);
+    EXPECT_EQ(low.id, "09");
+    EXPECT_EQ(low.magHeadingDeg, 88);
+    EXPECT_EQ(low.elevationFt, 164);
+    EXPECT_EQ(low.pattern, 'R');
+    EXPECT_NEAR(low.position.lon * kRadToDeg, -122.0 - 1.0 / 60, 1e-9);
+    EXPECT_EQ(high.pattern, 'L');
+    EXPECT_FALSE(high.magHeadingDeg);
+    EXPECT_FALSE(IsValid(high.position));
+    ASSERT_EQ(airport.comms.size(), 1U);
+    EXPECT_EQ(airport.comms[0].type, "CTAF");
+    EXPECT_EQ(airport.comms[0].freqMhz, 122.8);
+}
+
+TEST_F(UserDatabaseReaderTest, ReportsWhatIsWrongWithItsLine) {
+    struct Case {
+        std::string text;
+        std::string logged;
+        std::size_t records;
+    };
+    const std::string vor(kVor);
+    const std::string airport = "ARPT_BEGIN\nID=A\nNAME=N\nPOSN.LAT=1\nPOSN.LON=1\n";
+    const auto error = [](int line, const std::string& text) {
+        return "  Line " + std::to_string(line) + ": ERROR " + text + "\r\n";
+    };
+    const auto warning = [](int line, const std::string& text) {
+        return "  Line " + std::to_string(line) + ": WARNING " + text + "\r\n";
+    };
+    const std::vector<Case> cases{
+        {";\n\n nonsense\n=x\n=\nA=\nA=B\n",
+         error(3, "'=' not found") + error(4, "No key value found.") +
+             error(5, "No key value found."),
+         0},
+        {"NAVAID_BEGIN\nID = ABC\nNAVAID_END\n", error(3, "ID field not found."), 0},
+        {"NAVAID_BEGIN\nID=TWELVELETTER\nNAVAID_END\n", error(3, "ID field too long."), 0},
+        {"NAVAID_BEGIN\nID=A\nNAME=\nTYPE=VOR\nNAVAID_END\n", error(5, "NAME field not found."), 0},
+        {"NAVAID_BEGIN\nID=A\nNAME=B\nNAVAID_END\n", error(4, "TYPE field not found."), 0},
+        {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=vor\nNAVAID_END\n", error(5, "Invalid TYPE field."), 0},
+        {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=FIX\nPOSN.LON=1\nNAVAID_END\n",
+         error(6, "POSN.LAT field not found."), 0},
+        {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=FIX\nPOSN.LAT=1\nNAVAID_END\n",
+         error(6, "POSN.LON field not found."), 0},
+        {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=VOR\nPOSN.LAT=1\nPOSN.LON=1\nNAVAID_END\n",
+         error(7, "FREQ field not found."), 0},
+        {vor + "FREQ=high\nNAVAID_END\n", error(9, "Invalid FREQ field."), 0},
+        {vor + "FREQ=1e99\nNAVAID_END\n", error(9, "Invalid FREQ field."), 0},
+        {vor + "USAGE=low\nNAVAID_END\n", warning(9, "Invalid USAGE field."), 1},
+        {airport + vor + "NAVAID_END\n", error(6, "Airport end-line not found"), 2},
+        {vor + airport + "ARPT_END\n", error(8, "Navaid end-line not found"), 2},
+        {vor, error(8, "File ended before record-end."), 0},
+        {airport + "ELEV=1", error(6, "File ended before record-end."), 0},
+        {"ARPT_END\n", error(1, "ID field not found."), 0},
+        {"ARPT_BEGIN\nID=A\nARPT_END\n", error(3, "NAME field not found."), 0},
+        {"ARPT_BEGIN\nID=A\nNAME=A\nPOSN.LON=1\nARPT_END\n", error(5, "POSN.LAT field not found."),
+         0},
+        {airport + "MAG_VAR=east\nELEV=high\nRWY1.LEN=-1\nRWY1.WIDTH=x\nRWY1.LO.PATTERN=LR\n"
+                   "ARPT_END\n",
+         warning(11, "Invalid MAG-VAR.") + warning(11, "Invalid ELEV.") +
+             error(11, "Invalid RWY.LEN.") + error(11, "Invalid RWY.WIDTH.") +
+             warning(11, "Invalid PATTERN field."),
+         1}};
+    for (const Case& c : cases) {
+        EXPECT_EQ(read(c.text), c.logged) << c.text;
+        EXPECT_EQ(records_.size(), c.records) << c.text;
+    }
+}
+
+TEST_F(UserDatabaseReaderTest, AnnouncesAnEmptyFileOnlyAndRefusesAMissingOne) {
+    EXPECT_EQ(read(""), "(no end) ");
+    LoadReport report(folder_.path() / "none.txt");
+    UserDatabaseReader reader(report, [](auto) {});
+    EXPECT_EQ(reader.LoadFile(folder_.path() / "missing.UDB.TXT"), "File open error.");
+    EXPECT_FALSE(std::filesystem::exists(report.path()));
+}
+
+TEST_F(UserDatabaseReaderTest, CutsLinesAcrossBlocks) {
+    const std::string comment(3000, ';');
+    EXPECT_EQ(read(comment + "\n" + std::string(kVor) + "NAME=" + std::string(70000, 'x') +
+                   "\nNAVAID_END\n"),
+              "");
+    EXPECT_EQ(only<VorRecord>().GetName(), std::string(20, 'x'));
+}
+
+TEST(UserCoordinateTest, ReadsDegreesAndMinutes) {
+    const std::vector<std::pair<std::string, double>> cases{
+        {"", 0.0},       {"47.5", 47.5},  {"47:30.5", 47.0 + 30.5 / 60},
+        {"-0:30", -0.5}, {"-5:30", -5.5}, {" -5:30", -5.5},
+        {"+5:30", 5.5},  {"5:x", 5.0},    {"5:", 5.0},
+        {"abc", 0.0},    {"nan", 0.0},    {"-122.25W", -122.25},
+        {"1:inf", 1.0},  {"47,5", 47.0}};
+    for (const auto& [text, degrees] : cases) {
+        EXPECT_NEAR(parseUserCoordinate(text), degrees, 1e-12) << text;
+    }
+}
+
+}  // namespace
+}  // namespace korvel
