@@ -1,12 +1,23 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string_view>
 
 #include "navdb/DatabaseFile.h"
+#include "navdb/RecordKey.h"
 
 namespace korvel {
+
+struct LocationIndexName {
+    std::string_view name;
+    KindMask kinds = 0;  ///< of the places in it
+};
+inline constexpr std::array<LocationIndexName, 4> kLocationIndexes{{{"ApNKey", kAirportKind},
+                                                                    {"A2NKey", kAirportKind},
+                                                                    {"NvNKey", kVorKind | kNdbKind},
+                                                                    {"WpNKey", kFixKind}}};
 
 /// Rows of one location index, read cell by cell. Uses the file's rows for as long as it lives.
 class LocationIndex {

@@ -24,15 +24,6 @@ constexpr double kRadiusGrowth = 3.0;
 constexpr double kEdge = 1e-9;  // radians: a place on a box's edge is in it
 constexpr double kHalfwayRoundNm = 10800.0;
 
-struct LocationIndexName {
-    std::string_view name;
-    KindMask kinds;
-};
-constexpr std::array<LocationIndexName, 4> kLocationIndexes{{{"ApNKey", kAirportKind},
-                                                             {"A2NKey", kAirportKind},
-                                                             {"NvNKey", kVorKind | kNdbKind},
-                                                             {"WpNKey", kFixKind}}};
-
 /// Latitudes in radians, both included.
 struct Band {
     double south;

@@ -7,6 +7,7 @@
 
 #include "navdb/DatabaseChecksum.h"
 #include "navdb/DatabaseFile.h"
+#include "navdb/DatabaseVerify.h"
 #include "navdb/LittleEndian.h"
 #include "navdb/TestDatabase.h"
 #include "platform/VirtualClock.h"
@@ -313,6 +314,37 @@ TEST_F(DatabaseFileTest, SearchesWhileSeveralThreadsTriggerTheFirstRead) {
     EXPECT_EQ(rows->firstNotBelow(index, id, "A"), 0U);
     EXPECT_EQ(rows->firstNotBelow(index, id, "G"), 2000U);
     EXPECT_EQ(rows->firstNotBelow(index, id, "F9985"), 1998U);
+}
+
+TEST_F(DatabaseFileTest, VerifyFindsWhatOpeningDoesNot) {
+    TestDatabase database;
+    for (int i = 0; i < 30; ++i) {
+        database.addFix("F" + std::to_string(i), i % 7, i * 11 % 40);
+        database.addAirport("A" + std::to_string(i), -i, -i);
+    }
+    const auto sound = database.bytes();
+    const auto verify = [&](std::size_t offset, std::uint32_t value) {
+        auto bytes = sound;
+        storeU32(bytes, offset, value);
+        fixHeaderChecksum(bytes);
+        writeBytes(path_, bytes);
+        return verifyDatabase(path_, clock_);
+    };
+    EXPECT_EQ(verify(kExpiryOffset, 20300101), "");
+    DatabaseFile file;
+    ASSERT_EQ(file.Open(path_, clock_), "");
+    const auto word = [&](std::string_view index, std::uint32_t row, std::string_view field) {
+        const IndexEntry& entry = *file.index(index);
+        return entry.rowPosition(row) + entry.table->field(packName(field))->offset;
+    };
+    EXPECT_EQ(verify(word("WptKey", 4, "ID"), 0), "Index WptKey, row 4: out of order");
+    EXPECT_EQ(verify(word("WpNKey", 9, "LON"), 0xFFFFFFFF), "Index WpNKey, row 9: out of order");
+    EXPECT_EQ(verify(word("AptKey", 3, "NAME"), 0xFFFFFFF0),
+              "Index AptKey, row 3: text outside the file");
+    EXPECT_EQ(verify(file.header().areaGrid + 40, 0xFFFFFFFF),
+              "Area grid: offset outside the file");
+    writeBytes(path_, {});
+    EXPECT_EQ(verifyDatabase(path_, clock_), "Invalid Format");
 }
 
 TEST(DataCurrencyTest, EndsWithTheDayOfTheExpiryInRegionKOnly) {
