@@ -283,7 +283,7 @@ TEST_F(DatabaseFileTest, ReadsNothingFromAFileThatWasCutWhileOpen) {
 TEST_F(DatabaseFileTest, SearchesWhileSeveralThreadsTriggerTheFirstRead) {
     TestDatabase database;
     for (int i = 0; i < 2000; ++i) {
-        database.addFix("F" + std::to_string(i / 2), 0.0, 0.0);
+        database.addFix(numbered("F", i / 2), 0.0, 0.0);
     }
     DatabaseFile file;
     ASSERT_EQ(file.Open(database.write(folder_.path(), "fixes.ng2"), clock_), "");
@@ -294,7 +294,7 @@ TEST_F(DatabaseFileTest, SearchesWhileSeveralThreadsTriggerTheFirstRead) {
     for (std::size_t t = 0; t < found.size(); ++t) {
         threads.emplace_back([&, t] {
             for (int i = 0; i < 1000; ++i) {
-                const std::string key = "F" + std::to_string(i);
+                const std::string key = numbered("F", i);
                 const auto rows = file.rows();
                 const std::uint32_t row = rows->firstNotBelow(index, id, key);
                 found[t] += rows->equals(index, row, id, key) &&
@@ -319,8 +319,8 @@ TEST_F(DatabaseFileTest, SearchesWhileSeveralThreadsTriggerTheFirstRead) {
 TEST_F(DatabaseFileTest, VerifyFindsWhatOpeningDoesNot) {
     TestDatabase database;
     for (int i = 0; i < 30; ++i) {
-        database.addFix("F" + std::to_string(i), i % 7, i * 11 % 40);
-        database.addAirport("A" + std::to_string(i), -i, -i);
+        database.addFix(numbered("F", i), i % 7, i * 11 % 40);
+        database.addAirport(numbered("A", i), -i, -i);
     }
     const auto sound = database.bytes();
     const auto verify = [&](std::size_t offset, std::uint32_t value) {

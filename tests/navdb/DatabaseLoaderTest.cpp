@@ -13,12 +13,14 @@ namespace korvel {
 namespace {
 
 std::string navaid(std::string_view ident, std::string_view type, std::string_view lon = "1") {
-    return "NAVAID_BEGIN\nID=" + std::string(ident) + "\nNAME=user\nTYPE=" + std::string(type) +
-           "\nPOSN.LAT=1\nPOSN.LON=" + std::string(lon) + "\nFREQ=110\nNAVAID_END\n";
+    std::string text("NAVAID_BEGIN\nID=");
+    text.append(ident).append("\nNAME=user\nTYPE=").append(type);
+    text.append("\nPOSN.LAT=1\nPOSN.LON=").append(lon);
+    return text + "\nFREQ=110\nNAVAID_END\n";
 }
 
 std::string airport(std::string_view ident) {
-    return "ARPT_BEGIN\nID=" + std::string(ident) +
+    return std::string("ARPT_BEGIN\nID=").append(ident) +
            "\nNAME=user\nPOSN.LAT=1\nPOSN.LON=1\nARPT_END\n";
 }
 

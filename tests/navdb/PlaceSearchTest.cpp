@@ -51,7 +51,7 @@ class PlaceSearchTest : public ::testing::Test {
     void add(std::size_t kind, double lat, double lon) {
         const double latDeg = std::round(lat * 1e6) * 1e-6;  // as a file holds them
         const double lonDeg = std::round(lon * 1e6) * 1e-6;
-        const std::string ident = "P" + std::to_string(samples_.size());
+        const std::string ident = numbered("P", samples_.size());
         static constexpr std::array<KindMask, 4> kKinds{kAirportKind, kVorKind, kFixKind, kNdbKind};
         samples_.push_back({ident, kKinds[kind], latDeg, lonDeg});
         if (samples_.size() % 10 == 0) {

@@ -61,6 +61,12 @@ class TestFolder {
     std::filesystem::path path_;
 };
 
+/// "F" and 7 make "F7".
+template <class Number>
+std::string numbered(std::string_view prefix, Number number) {
+    return std::string(prefix).append(std::to_string(number));
+}
+
 void writeBytes(const std::filesystem::path& path, const std::vector<std::uint8_t>& bytes);
 std::vector<std::uint8_t> readBytes(const std::filesystem::path& path);
 
