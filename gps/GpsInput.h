@@ -36,6 +36,7 @@ class GpsInput {
     void decode(SentenceQueue& held);
     SentenceDecoder& decoder() { return decoder_; }
     GpsFixStore& store() { return store_; }
+    const GpsFixStore& store() const { return store_; }
 
     /// Whether the position can be flown by: also true while the simulator or the attitude module
     /// supplies it. `need3D` asks for three satellites and a fix in height as well.

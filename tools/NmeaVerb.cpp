@@ -1,0 +1,245 @@
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include "gps/GpsInput.h"
+#include "nav/Geodesy.h"
+#include "nav/TextNumbers.h"
+#include "platform/VirtualClock.h"
+#include "tools/Arguments.h"
+#include "tools/Invocation.h"
+#include "tools/ProgressBar.h"
+#include "tools/Verbs.h"
+
+namespace korvel {
+namespace {
+
+struct Options {
+    std::string file;
+    std::string tickLines = "1";
+    bool each = false;
+    bool trace = false;
+    bool satellites = false;
+    std::string port;
+    bool ignoreVariation = false;
+    std::string databaseVariation;
+
+    void declare(CLI::App& app) {
+        app.add_option("file", file, "A receiver's log; - for standard input")->required();
+        app.add_option("--tick-lines", tickLines, "Decode what waits after so many lines");
+        app.add_flag("--each", each, "Print the fix after every decoding, not only the last");
+        app.add_flag("--trace", trace, "Tell what became of each line so far");
+        app.add_flag("--satellites", satellites, "Decode the satellites in view as well");
+        app.add_option("--port", port, "The port's settings text, such as COM6:,38400,N,8,1");
+        app.add_flag("--ignore-magvar", ignoreVariation, "Do not use the receiver's variation");
+        app.add_option("--db-variation", databaseVariation,
+                       "The database's variation, degrees, east positive");
+    }
+    /// Complains about wrong usage before anything is read.
+    void check() const {
+        if (toInt(tickLines) < 1) {
+            usageError("--tick-lines takes a number above 0");
+        }
+        if (!databaseVariation.empty()) {
+            toNumber(databaseVariation);
+        }
+    }
+};
+
+/// Stands for the rest of the program: nothing but settings, and a port that notes what it sends.
+class LogSurroundings final : public GpsSurroundings {
+ public:
+    explicit LogSurroundings(const Options& options)
+        : port_(options.port),
+          ignoreVariation_(options.ignoreVariation),
+          databaseVariationDeg_(
+              options.databaseVariation.empty() ? kNoAngle : toNumber(options.databaseVariation)) {}
+
+    bool ignoreReceiverVariation() const override { return ignoreVariation_; }
+    double databaseVariationDeg() const override { return databaseVariationDeg_; }
+    std::string portSettings() const override { return port_; }
+    void writeToPort(std::string_view bytes) override { sent_.emplace_back(bytes); }
+
+    const std::vector<std::string>& sent() const { return sent_; }
+
+ private:
+    std::string port_;
+    bool ignoreVariation_;
+    double databaseVariationDeg_;
+    std::vector<std::string> sent_;
+};
+
+Json angle(double degrees) { return degrees == kNoAngle ? Json() : Json(degrees); }
+
+std::string plainSatellite(std::uint32_t word) {
+    const auto bits = [word](unsigned from, std::uint32_t mask) {
+        return formatInt(word >> from & mask);
+    };
+    return "  satellite " + bits(0, 0x7F) + ": elevation " + bits(25, 0x7F) + ", azimuth " +
+           bits(16, 0x1FF) + ", signal " + bits(8, 0xFF) + " dB" +
+           ((word & 0x80U) != 0 ? ", in use" : "") + "\n";
+}
+
+std::string plainFix(const GpsFix& fix) {
+    constexpr int kDecimals = 6;
+    std::string text = "no position";
+    if (IsValid(fix.position)) {
+        text = formatFixed(fix.position.lat * kRadToDeg, kDecimals) + "," +
+               formatFixed(fix.position.lon * kRadToDeg, kDecimals);
+    }
+    text += "  " + formatFixed(fix.groundSpeedKt, 1) + " kt  track " +
+            (fix.trackMag == kNoAngle ? "---" : formatFixed(fix.trackMag, 1)) + "  " +
+            formatInt(fix.altitudeFt) + " ft  ";
+    if (fix.fixQuality == 0) {
+        text += "no fix";
+    } else {
+        text += "fix " + formatInt(fix.fixQuality) + (fix.fix3D != 0 ? " in 3D" : "");
+    }
+    return text + "  " + formatInt(fix.satsInUse) + " satellites in use\n";
+}
+
+/// The receiver's road from a line to the fix, with what came of it.
+class Decoding {
+ public:
+    explicit Decoding(const Options& options) : surroundings_(options), trace_(options.trace) {
+        input_.store().setTracing(trace_);
+        if (options.satellites) {
+            input_.satellitesForDisplay();  // wanted from here on: the clock stands still
+        }
+    }
+
+    void takeLine(std::string_view line) {
+        input_.onSentence(line);
+        collectTrace();
+    }
+    /// False when nothing waited.
+    bool decode() {
+        const auto queue = input_.queue().lock();
+        const bool waited = !queue->empty();
+        input_.decode(*queue);
+        collectTrace();
+        return waited;
+    }
+
+    Json json() const {
+        const GpsFix fix = input_.store().copy();
+        Json position;
+        if (IsValid(fix.position)) {
+            position = {{"lat", fix.position.lat * kRadToDeg},
+                        {"lon", fix.position.lon * kRadToDeg}};
+        }
+        Json document = {{"position", position},
+                         {"rmcPositionValid", fix.rmcPositionValid},
+                         {"magVariation", angle(fix.magVariation)},
+                         {"groundSpeedKt", fix.groundSpeedKt},
+                         {"trackMag", angle(fix.trackMag)},
+                         {"altitudeFt", fix.altitudeFt},
+                         {"satsInUse", fix.satsInUse},
+                         {"fixQuality", fix.fixQuality},
+                         {"fix3D", fix.fix3D},
+                         {"sentenceFlags", fix.sentenceFlags},
+                         {"satellites", fix.satellites},
+                         {"sent", surroundings_.sent()}};
+        if (trace_) {
+            document["trace"] = traceLines_;
+        }
+        return document;
+    }
+
+    std::string plain() const {
+        const GpsFix fix = input_.store().copy();
+        std::string text = plainFix(fix);
+        for (const std::uint32_t word : fix.satellites) {
+            text += word != 0 ? plainSatellite(word) : "";
+        }
+        for (const std::string& bytes : surroundings_.sent()) {
+            text += "  sent " + bytes.substr(0, bytes.find('\r')) + "\n";
+        }
+        for (const std::string& line : traceLines_) {
+            text += "  " + line + "\n";
+        }
+        return text;
+    }
+
+ private:
+    void collectTrace() {
+        if (trace_) {
+            std::vector<std::string> lines = input_.store().takeTrace();
+            traceLines_.insert(traceLines_.end(), std::make_move_iterator(lines.begin()),
+                               std::make_move_iterator(lines.end()));
+        }
+    }
+
+    VirtualClock clock_;
+    LogSurroundings surroundings_;
+    GpsInput input_{clock_, surroundings_};
+    bool trace_;
+    std::vector<std::string> traceLines_;
+};
+
+void printEach(const Invocation& call, const Decoding& decoding) {
+    if (call.json()) {
+        Invocation::printJson(decoding.json());
+    } else {
+        std::cout << decoding.plain();
+    }
+}
+
+/// A line ends with LF; a CR before it goes with the line. `size` in bytes, 0 if unknown.
+int decodeLog(const Invocation& call, const Options& options, std::istream& log,
+              std::uintmax_t size) {
+    const int tickLines = toInt(options.tickLines);
+    Decoding decoding(options);
+    const auto tick = [&] {
+        if (decoding.decode() && options.each) {
+            printEach(call, decoding);
+        }
+    };
+    ProgressBar bar;
+    std::uintmax_t bytes = 0;
+    int lines = 0;
+    for (std::string line; std::getline(log, line);) {
+        decoding.takeLine(line);
+        bytes += line.size() + 1;
+        if (size > 0 && !options.each) {
+            bar.show(static_cast<double>(bytes) / static_cast<double>(size), options.file);
+        }
+        if (++lines == tickLines) {
+            lines = 0;
+            tick();
+        }
+    }
+    tick();
+    bar.clear();
+    if (log.bad()) {
+        return call.fail("File Read Error: " + options.file);
+    }
+    return options.each ? kExitDone : call.done(decoding.json(), decoding.plain());
+}
+
+}  // namespace
+
+int runNmea(Invocation& call) {
+    Options options;
+    options.declare(call.options());
+    call.parse();
+    options.check();
+    if (options.file == "-") {
+        return decodeLog(call, options, std::cin, 0);
+    }
+    std::ifstream log(options.file, std::ios::binary);
+    if (!log || std::filesystem::is_directory(options.file)) {
+        return call.fail("File Open Error: " + options.file);
+    }
+    std::error_code unknown;
+    const std::uintmax_t size = std::filesystem::file_size(options.file, unknown);
+    return decodeLog(call, options, log, unknown ? 0 : size);
+}
+
+}  // namespace korvel
