@@ -10,9 +10,11 @@ namespace korvel {
 namespace {
 
 std::string foldCase(std::string text) {
-    for (char& letter : text)
-        if (letter >= 'A' && letter <= 'Z')
+    for (char& letter : text) {
+        if (letter >= 'A' && letter <= 'Z') {
             letter = static_cast<char>(letter - 'A' + 'a');
+        }
+    }
     return text;
 }
 
@@ -36,17 +38,21 @@ std::vector<std::filesystem::path> DataFileSearch::find(std::string_view pattern
 
 std::vector<std::string> DataFileSearch::findNames(std::string_view pattern) const {
     std::vector<std::string> names;
-    for (const std::filesystem::path& file : find(pattern))
+    for (const std::filesystem::path& file : find(pattern)) {
         names.push_back(nameOf(file));
+    }
     return names;
 }
 
 std::vector<std::filesystem::path> DataFileSearch::pathsOf(std::string_view name) const {
     std::vector<std::filesystem::path> files;
-    for (const std::filesystem::path& folder : folders_)
-        for (std::filesystem::path& file : findFiles(folder, name))
-            if (!nameOf(file).starts_with('_'))
+    for (const std::filesystem::path& folder : folders_) {
+        for (std::filesystem::path& file : findFiles(folder, name)) {
+            if (!nameOf(file).starts_with('_')) {
                 files.push_back(std::move(file));
+            }
+        }
+    }
     return files;
 }
 

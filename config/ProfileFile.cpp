@@ -40,8 +40,9 @@ std::optional<int> readInt(std::string_view text) { return scanInt(text); }
 
 void parseLine(std::string_view line, ProfileEntries& entries) {
     line = trimLeft(trimRight(line.substr(0, line.find(';'))));
-    if (line.empty())
+    if (line.empty()) {
         return;
+    }
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) {
         entries.insert_or_assign(std::string(), std::string(line));
@@ -56,8 +57,9 @@ void parseLine(std::string_view line, ProfileEntries& entries) {
 ProfileEntries parseProfile(std::string_view bytes) {
     std::string cleared(bytes);
     const std::size_t start = bytes.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
-    for (std::size_t i = start; i < cleared.size(); ++i)
+    for (std::size_t i = start; i < cleared.size(); ++i) {
         cleared[i] = withoutBit7(cleared[i]);
+    }
     const std::string text = decodeTextBytes(cleared);
 
     ProfileEntries entries;
@@ -79,8 +81,9 @@ std::string formatProfile(const ProfileEntries& entries) {
         bytes += value;
         bytes += "\r\n";
     }
-    for (char& byte : bytes)
+    for (char& byte : bytes) {
         byte = withBit7(byte);
+    }
     return bytes;
 }
 
@@ -88,17 +91,20 @@ ProfileFile::ProfileFile(const std::filesystem::path& folder, RegistryProfile& r
                          std::string_view fileName)
     : registry_(registry) {
     const std::filesystem::path file = folder / fileName;
-    if (load(file))
+    if (load(file)) {
         path_ = file;
+    }
 }
 
 ProfileFile::~ProfileFile() { save(); }
 
 int ProfileFile::getInt(std::string_view section, std::string_view name, int fallback) {
     const auto entry = entries_.find(joinKey(section, ':', name));
-    if (entry != entries_.end())
-        if (const std::optional<int> value = readInt(entry->second))
+    if (entry != entries_.end()) {
+        if (const std::optional<int> value = readInt(entry->second)) {
             return *value;
+        }
+    }
     const int value = registry_.getInt(section, name, fallback);
     setInt(section, name, value, true);
     return value;
@@ -107,15 +113,17 @@ int ProfileFile::getInt(std::string_view section, std::string_view name, int fal
 void ProfileFile::setInt(std::string_view section, std::string_view name, int value,
                          bool deferSave) {
     entries_.insert_or_assign(joinKey(section, ':', name), formatInt(value));
-    if (!deferSave)
+    if (!deferSave) {
         save();
+    }
 }
 
 std::string ProfileFile::getString(std::string_view section, std::string_view name,
                                    std::string_view fallback) {
     const auto entry = entries_.find(joinKey(section, '.', name));
-    if (entry != entries_.end())
+    if (entry != entries_.end()) {
         return entry->second;
+    }
     std::string value = registry_.getString(section, name, fallback);
     setString(section, name, value, true);
     return value;
@@ -124,8 +132,9 @@ std::string ProfileFile::getString(std::string_view section, std::string_view na
 void ProfileFile::setString(std::string_view section, std::string_view name, std::string_view value,
                             bool deferSave) {
     entries_.insert_or_assign(joinKey(section, '.', name), std::string(value));
-    if (!deferSave)
+    if (!deferSave) {
         save();
+    }
 }
 
 bool ProfileFile::save() {
@@ -136,18 +145,21 @@ bool ProfileFile::save() {
     // Replacing the file would get around its own write protection, so that is asked first.
     std::error_code failure;
     if (std::filesystem::exists(path_, failure) &&
-        !std::fstream(path_, std::ios::in | std::ios::out | std::ios::binary).is_open())
+        !std::fstream(path_, std::ios::in | std::ios::out | std::ios::binary).is_open()) {
         return false;
+    }
     return writeFileAtomically(path_, formatProfile(entries_));
 }
 
 bool ProfileFile::load(const std::filesystem::path& file) {
     std::error_code failure;
-    if (!std::filesystem::exists(file, failure))
+    if (!std::filesystem::exists(file, failure)) {
         std::ofstream(file, std::ios::app | std::ios::binary).close();
+    }
     const std::optional<std::string> bytes = readWholeFile(file);
-    if (!bytes)
+    if (!bytes) {
         return false;
+    }
     entries_ = parseProfile(*bytes);
     return true;
 }
@@ -161,8 +173,9 @@ void ProfileFile::saveToRegistry() {
         }
         const std::size_t colon = whole.find(':');
         const std::optional<int> number = readInt(value);
-        if (colon != std::string_view::npos && number)
+        if (colon != std::string_view::npos && number) {
             registry_.setInt(whole.substr(0, colon), whole.substr(colon + 1), *number);
+        }
     }
 }
 

@@ -58,8 +58,9 @@ SettingValue toStored(int number) { return number; }
 SettingValue toStored(const std::string& text) { return text; }
 SettingValue toStored(const RotateModes& modes) {
     unsigned packed = 0;
-    for (std::size_t i = 0; i < modes.size(); ++i)
+    for (std::size_t i = 0; i < modes.size(); ++i) {
         packed |= (static_cast<unsigned>(modes[i]) % kRotateModeCount) << (kBitsPerMode * i);
+    }
     return static_cast<int>(packed);
 }
 
@@ -91,21 +92,24 @@ std::span<const SettingInfo> settingsTable() { return kSettings; }
 
 Settings loadSettings(ProfileFile& profile) {
     Settings settings;
-    for (const SettingInfo& setting : kSettings)
+    for (const SettingInfo& setting : kSettings) {
         std::visit([&](auto field) { loadField(profile, setting.key, settings.*field); },
                    setting.member);
+    }
     return settings;
 }
 
 void storeChangedSettings(ProfileFile& profile, const Settings& before, const Settings& after) {
     for (const SettingInfo& setting : kSettings) {
         const SettingValue value = setting.valueIn(after);
-        if (value == setting.valueIn(before))
+        if (value == setting.valueIn(before)) {
             continue;
-        if (const int* number = std::get_if<int>(&value))
+        }
+        if (const int* number = std::get_if<int>(&value)) {
             profile.setInt(kOptionsSection, setting.key, *number, true);
-        else
+        } else {
             profile.setString(kOptionsSection, setting.key, std::get<std::string>(value), true);
+        }
     }
 }
 

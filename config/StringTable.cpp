@@ -78,8 +78,9 @@ constexpr std::array kTexts = {
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 
 std::string argumentText(const TextArgument& argument) {
-    if (const int* number = std::get_if<int>(&argument))
+    if (const int* number = std::get_if<int>(&argument)) {
         return formatInt(*number);
+    }
     return std::string(std::get<std::string_view>(argument));
 }
 

@@ -74,11 +74,12 @@ constexpr std::array kOperations = {
 
 std::string plainText(const Json& result) {
     std::string plain;
-    for (const auto& [name, value] : result.items())
+    for (const auto& [name, value] : result.items()) {
         plain += name + " " +
                  (value.is_number_integer() ? formatInt(value.get<int>())
                                             : formatFixed(value.get<double>(), kDecimals)) +
                  "\n";
+    }
     return plain;
 }
 
@@ -97,11 +98,13 @@ int runGeo(Invocation& call) {
         ->required();
     call.parse();
     const auto* operation = std::ranges::find(kOperations, name, &Operation::name);
-    if (operation == kOperations.end())
+    if (operation == kOperations.end()) {
         usageError("Unknown operation: " + name);
-    if (words.size() != operation->argumentCount)
+    }
+    if (words.size() != operation->argumentCount) {
         usageError(name + " takes " + formatInt(static_cast<int>(operation->argumentCount)) +
                    " numbers");
+    }
     Numbers numbers;
     std::ranges::transform(words, std::back_inserter(numbers), toNumber);
     const Json result = operation->compute(numbers);

@@ -1,0 +1,157 @@
+#include <filesystem>
+#include <locale>
+#include <map>
+#include <optional>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "TemporaryFolder.h"
+#include "config/FakeRegistry.h"
+#include "config/ProfileFile.h"
+#include "platform/FileIo.h"
+
+namespace korvel {
+namespace {
+
+using namespace std::string_literals;
+
+std::string bit7(std::string text) {
+    for (char& c : text) {
+        c = static_cast<char>(static_cast<unsigned char>(c) | 0x80U);
+    }
+    return text;
+}
+
+TEST(ProfileText, ReadsLines) {
+    struct Case {
+        std::string bytes;
+        ProfileEntries entries;
+    };
+    const Case cases[] = {
+        {"", {}},
+        {"Options:Port = 3 ; comment\r\n", {{"Options:Port", "3"}}},
+        {bit7("Options:Port = 3 ; comment\r\n"), {{"Options:Port", "3"}}},
+        {"a=1\rb=2\nc=3\r\n\r\nd=4", {{"a", "1"}, {"b", "2"}, {"c", "3"}, {"d", "4"}}},
+        {"a=1\na=2", {{"a", "2"}}},
+        {"a= x = y \n", {{"a", "x = y"}}},
+        {" lonely line \n", {{"", "lonely line"}}},
+        {"=of the empty key\n", {{"", "of the empty key"}}},
+        {"; a=1\n \t \n;", {}},
+        {"a =\n", {{"a", ""}}},
+        {"\xFF\xFE\x61\0=\0\x31\0"s, {{"a", "1"}}},
+        {"\xFF\xFE\x61\0=\0\x31\0\x32"s, {{"a", "1"}}},
+        {"a\0=\0\x31\0"s, {{"a", "1"}}},
+        // The high bytes count as 0 once bit 7 is off.
+        {"a\x80=\x80\x31\x80"s, {{"a", "1"}}},
+        {"a\0=\0\x31"s, {{"a\0"s, "\0\x31"s}}},
+    };
+    for (const Case& one : cases) {
+        EXPECT_EQ(parseProfile(one.bytes), one.entries) << testing::PrintToString(one.bytes);
+    }
+}
+
+TEST(ProfileText, SetsBitSevenAndComesBack) {
+    const ProfileEntries entries = {
+        {"", "x"}, {"Options.Port", "COM3:4800,N,8,1"}, {"Options:Port", "-1"}};
+    const std::string bytes = formatProfile(entries);
+    EXPECT_EQ(bytes, bit7("=x\r\nOptions.Port=COM3:4800,N,8,1\r\nOptions:Port=-1\r\n"));
+    EXPECT_EQ(parseProfile(bytes), entries);
+}
+
+class ProfileFileTest : public testing::Test {
+ protected:
+    ProfileEntries onDisk() const { return parseProfile(readWholeFile(file_).value_or("?")); }
+
+    TemporaryFolder folder_;
+    FakeRegistry registry_;
+    std::filesystem::path file_ = folder_.path() / "korvel.ini";
+};
+
+TEST_F(ProfileFileTest, CreatesTheFileAndKeepsWhatWasRead) {
+    registry_.ints["Options:Known"] = 7;
+    registry_.strings["Options.Known"] = "seven";
+    {
+        ProfileFile profile(folder_.path(), registry_);
+        EXPECT_EQ(profile.path(), file_);
+        EXPECT_EQ(std::filesystem::file_size(file_), 0U);
+        EXPECT_EQ(profile.getInt("Options", "Known", 1), 7);
+        EXPECT_EQ(profile.getString("Options", "Known", "x"), "seven");
+        EXPECT_EQ(profile.getInt("Options", "Unknown", -5), -5);
+        registry_.ints.clear();
+        EXPECT_EQ(profile.getInt("Options", "Known", 1), 7);
+        EXPECT_TRUE(onDisk().empty()) << "a read does not save";
+    }
+    EXPECT_EQ(onDisk(),
+              (ProfileEntries{
+                  {"Options:Known", "7"}, {"Options.Known", "seven"}, {"Options:Unknown", "-5"}}));
+}
+
+TEST_F(ProfileFileTest, IntegersAndStringsOfOneNameAreTwoEntries) {
+    folder_.write("korvel.ini", "Options:Port=abc\r\nOptions.Port=\r\nOptions:Tail= +12 kt\r\n");
+    ProfileFile profile(folder_.path(), registry_);
+    EXPECT_EQ(profile.getInt("Options", "Port", 4), 4);
+    EXPECT_EQ(profile.entries().at("Options:Port"), "4") << "a value that is no number is replaced";
+    EXPECT_EQ(profile.getString("Options", "Port", "x"), "") << "an empty string is a value";
+    EXPECT_EQ(profile.getInt("Options", "Tail", 0), 12);
+    EXPECT_EQ(profile.entries().at("Options:Tail"), "+12 kt");
+}
+
+TEST_F(ProfileFileTest, SettersSaveAtOnceUnlessDeferred) {
+    ProfileFile profile(folder_.path(), registry_);
+    profile.setInt("S", "Deferred", 1, true);
+    EXPECT_TRUE(onDisk().empty());
+    profile.setString("S", "Now", "x");
+    EXPECT_EQ(onDisk(), profile.entries());
+    profile.setInt("S", "Now", 1234567);
+    EXPECT_EQ(onDisk().at("S:Now"), "1234567");
+}
+
+TEST_F(ProfileFileTest, WithoutAFileTheRegistryIsSavedTo) {
+    std::filesystem::create_directory(file_);  // cannot be opened as a file
+    {
+        ProfileFile profile(folder_.path(), registry_);
+        EXPECT_TRUE(profile.path().empty());
+        profile.setInt("Options", "A", 5);
+        profile.setInt("Options", "A.b", 6, true);
+        profile.setString("Options", "C.d", "x", true);
+        profile.setString("", "", "y", true);
+        EXPECT_EQ(registry_.ints, (std::map<std::string, int>{{"Options:A", 5}}));
+    }
+    EXPECT_EQ(registry_.strings, (std::map<std::string, std::string>{
+                                     {"Options:A.b", "6"}, {"Options.C.d", "x"}, {".", "y"}}));
+}
+
+TEST_F(ProfileFileTest, AFileThatCannotBeWrittenKeepsItsContent) {
+    folder_.write("korvel.ini", "a=1");
+    ProfileFile profile(folder_.path(), registry_);
+    profile.setInt("S", "N", 1, true);
+    std::filesystem::permissions(file_, std::filesystem::perms::owner_read);
+    if (std::fstream(file_, std::ios::in | std::ios::out).is_open()) {  // the superuser may write
+        std::filesystem::remove(file_);
+        std::filesystem::create_directory(file_);
+        EXPECT_FALSE(profile.save());
+        return;
+    }
+    EXPECT_FALSE(profile.save());
+    EXPECT_EQ(readWholeFile(file_), "a=1");
+}
+
+/// A locale that groups thousands and writes a comma for the decimal point.
+struct CommaNumbers : std::numpunct<char> {
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+    char do_decimal_point() const override { return ','; }
+};
+
+TEST_F(ProfileFileTest, TheLocaleDoesNotReachTheFile) {
+    const std::locale before = std::locale::global(std::locale(std::locale(), new CommaNumbers));
+    ProfileFile profile(folder_.path(), registry_);
+    profile.setInt("S", "N", -1234567);
+    EXPECT_EQ(profile.entries().at("S:N"), "-1234567");
+    EXPECT_EQ(profile.getInt("S", "N", 0), -1234567);
+    std::locale::global(before);
+}
+
+}  // namespace
+}  // namespace korvel
