@@ -4,14 +4,14 @@
 
 #include <gtest/gtest.h>
 
-#include "TemporaryFolder.h"
 #include "config/DataFileSearch.h"
+#include "platform/TempFolder.h"
 
 namespace korvel {
 namespace {
 
 TEST(DataFileSearch, TheFirstFolderWithANameWins) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     for (const char* name : {"user/b.SCM", "user/Sand.scm", "user/_hidden.scm", "user/note.txt",
                              "own/SAND.SCM", "own/a.scm", "own/B.scm"}) {
         folder.write(name, "");

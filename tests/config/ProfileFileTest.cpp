@@ -1,15 +1,16 @@
 #include <filesystem>
-#include <locale>
+#include <fstream>
 #include <map>
 #include <optional>
 #include <string>
 
 #include <gtest/gtest.h>
 
-#include "TemporaryFolder.h"
+#include "CommaLocale.h"
 #include "config/FakeRegistry.h"
 #include "config/ProfileFile.h"
 #include "platform/FileIo.h"
+#include "platform/TempFolder.h"
 
 namespace korvel {
 namespace {
@@ -63,7 +64,8 @@ class ProfileFileTest : public testing::Test {
  protected:
     ProfileEntries onDisk() const { return parseProfile(readWholeFile(file_).value_or("?")); }
 
-    TemporaryFolder folder_;
+    CommaLocale comma_;  // must not reach the file
+    TempFolder folder_;
     FakeRegistry registry_;
     std::filesystem::path file_ = folder_.path() / "korvel.ini";
 };
@@ -135,22 +137,6 @@ TEST_F(ProfileFileTest, AFileThatCannotBeWrittenKeepsItsContent) {
     }
     EXPECT_FALSE(profile.save());
     EXPECT_EQ(readWholeFile(file_), "a=1");
-}
-
-/// A locale that groups thousands and writes a comma for the decimal point.
-struct CommaNumbers : std::numpunct<char> {
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-    char do_decimal_point() const override { return ','; }
-};
-
-TEST_F(ProfileFileTest, TheLocaleDoesNotReachTheFile) {
-    const std::locale before = std::locale::global(std::locale(std::locale(), new CommaNumbers));
-    ProfileFile profile(folder_.path(), registry_);
-    profile.setInt("S", "N", -1234567);
-    EXPECT_EQ(profile.entries().at("S:N"), "-1234567");
-    EXPECT_EQ(profile.getInt("S", "N", 0), -1234567);
-    std::locale::global(before);
 }
 
 }  // namespace

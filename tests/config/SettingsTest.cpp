@@ -4,17 +4,17 @@
 
 #include <gtest/gtest.h>
 
-#include "TemporaryFolder.h"
 #include "config/FakeRegistry.h"
 #include "config/ProfileFile.h"
 #include "config/Settings.h"
+#include "platform/TempFolder.h"
 
 namespace korvel {
 namespace {
 
 class SettingsTest : public testing::Test {
  protected:
-    TemporaryFolder folder_;
+    TempFolder folder_;
     FakeRegistry registry_;
     ProfileFile profile_{folder_.path(), registry_};
 };

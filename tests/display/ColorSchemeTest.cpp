@@ -6,11 +6,13 @@
 
 #include <gtest/gtest.h>
 
-#include "TemporaryFolder.h"
+#include "CommaLocale.h"
 #include "config/DataFileSearch.h"
 #include "config/ProfileFile.h"
 #include "display/ColorScheme.h"
 #include "display/MapColorCache.h"
+#include "platform/RegistryProfile.h"
+#include "platform/TempFolder.h"
 
 namespace korvel {
 namespace {
@@ -55,18 +57,11 @@ TEST(ColorScheme, BuiltInSchemes) {
 
     // A few of each scheme, from all of the table.
     const std::tuple<const char*, ColorValue, ColorValue> rows[] = {
-        {"hsi.airplane", Rgb(0, 0, 0), Rgb(255, 255, 255)},
         {"hsi.numeral", Rgb(0, 0, 0), Rgb(223, 223, 223)},
-        {"map.flightplan.active", Rgb(255, 0, 204), Rgb(255, 0, 255)},
-        {"map.info.background", Rgb(0, 255, 255), Rgb(51, 102, 255)},
-        {"map.obs.caution", Rgb(128, 128, 0), Rgb(255, 128, 0)},
         {"map.class_b", Rgb(0, 0, 204), Rgb(0, 0, 204)},
         {"map.class_c", Rgb(204, 0, 204), Rgb(0, 204, 0)},
-        {"map.class_x", Rgb(0, 0, 204), Rgb(0, 204, 0)},
-        {"nav.header.background", Rgb(0, 255, 255), Rgb(0, 204, 204)},
         {"geo.water", Rgb(102, 153, 255), Rgb(0, 0, 102)},
         {"geo.topo.polbnd", Rgb(153, 153, 153), Rgb(51, 51, 51)},
-        {"geo.topo.warning", Rgb(255, 204, 0), Rgb(255, 204, 0)},
         {"no.such.key", 0, 0},
     };
     const ColorScheme day;
@@ -102,6 +97,7 @@ TEST(ColorScheme, ParsesLines) {
         {"\t=1,2,3", {{"", Rgb(1, 2, 3)}}},
         {"", {}},
     };
+    const CommaLocale comma;
     for (const Case& one : cases) {
         ColorScheme scheme;
         scheme.ParseLine(one.line);
@@ -119,7 +115,7 @@ std::string utf16(std::string_view text) {
 }
 
 TEST(ColorScheme, ReadsFiles) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     const DataFileSearch files({folder.path()});
     const std::string text = "a.b=1,2,3\r\ngeo.water=4,\r5,6\n\ngeo.water=7,8,9";
     const std::string padding(20479 - text.size() - 1, ';');
@@ -145,25 +141,14 @@ TEST(ColorScheme, ReadsFiles) {
     }
 }
 
-/// The registry of a system that has none.
-class NoRegistry final : public RegistryProfile {
- public:
-    int getInt(std::string_view, std::string_view, int fallback) override { return fallback; }
-    std::string getString(std::string_view, std::string_view, std::string_view fallback) override {
-        return std::string(fallback);
-    }
-    void setInt(std::string_view, std::string_view, int) override {}
-    void setString(std::string_view, std::string_view, std::string_view) override {}
-};
-
 TEST(ColorScheme, ReloadFollowsTheSettingAndForgetsTheSchemeBefore) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     folder.write("user/sea.SCM", "own.key=1,1,1\nmap.vor=9,9,9\ngeo.land=8,8,8");
     folder.write("own/SEA.scm", "own.key=2,2,2");
     folder.write("own/_hidden.SCM", "own.key=3,3,3");
     const DataFileSearch files({folder.path() / "user", folder.path() / "own"});
-    NoRegistry registry;
-    ProfileFile profile(folder.path(), registry);
+    const auto registry = openRegistryProfile();
+    ProfileFile profile(folder.path(), *registry);
     profile.setString("Options", "SchemeFile", "sea.SCM", true);
 
     ColorScheme scheme(profile, files);

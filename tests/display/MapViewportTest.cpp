@@ -5,11 +5,11 @@
 
 #include <gtest/gtest.h>
 
-#include "TemporaryFolder.h"
 #include "config/ProfileFile.h"
 #include "display/MapViewport.h"
 #include "nav/Geodesy.h"
 #include "platform/RegistryProfile.h"
+#include "platform/TempFolder.h"
 
 namespace korvel {
 namespace {
@@ -91,7 +91,7 @@ TEST(MapViewport, SetsRangesBetweenTheSteps) {
 }
 
 TEST(MapViewport, KeepsTheConfiguredRangeInTheProfile) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     const auto registry = openRegistryProfile();
     ProfileFile profile(folder.path(), *registry);
     for (const auto& [saved, range] : {std::pair{30, 65}, {0, 65}, {1000, 1000}, {1, 1}}) {

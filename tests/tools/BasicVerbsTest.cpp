@@ -1,10 +1,11 @@
-#include <cmath>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "platform/TempFolder.h"
 #include "tools/ToolRun.h"
 
 namespace korvel {
@@ -14,7 +15,7 @@ using Json = nlohmann::ordered_json;
 using Words = std::vector<std::string>;
 
 TEST(Tool, StatusAndMessages) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     const std::string data = folder.path().string();
     struct Case {
         Words words;
@@ -95,7 +96,7 @@ TEST(Tool, Geodesy) {
 }
 
 TEST(Tool, ProfileKeepsWhatItReadsAndSets) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     const std::string file = folder.path() / "k.ini";
     const auto json = [&file](Words words) {
         words.insert(words.begin(), {"profile", file, "--json"});
@@ -126,7 +127,7 @@ TEST(Tool, ProfileKeepsWhatItReadsAndSets) {
 }
 
 TEST(Tool, SchemesComeFromTheDataFolder) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     folder.write("sea.scm", "geo.water = 300,0,0\n Geo.Water=0,0,255");
     const auto colors = [&folder](const std::string& name) {
         const ToolResult result =

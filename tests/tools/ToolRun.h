@@ -2,12 +2,13 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
 
-#include "TemporaryFolder.h"
+#include <gtest/gtest.h>
+
 #include "platform/FileIo.h"
 
 namespace korvel {
@@ -18,11 +19,10 @@ struct ToolResult {
     std::string errors;
 };
 
-/// Runs korvelctl with these arguments, each handed over as it is, and `input` as its standard
-/// input.
-inline ToolResult runTool(const std::vector<std::string>& arguments, std::string_view input = {}) {
-    const TemporaryFolder folder;
-    const auto errors = folder.path() / "errors";
+/// Runs korvelctl with these arguments, each handed over as it is, and nothing to read.
+inline ToolResult runTool(const std::vector<std::string>& arguments) {
+    const std::filesystem::path errors =
+        testing::TempDir() + "korvelctl-errors-" + std::to_string(getpid());
     std::string command = KORVELCTL;
     for (const std::string& argument : arguments) {
         command += " '";
@@ -31,7 +31,7 @@ inline ToolResult runTool(const std::vector<std::string>& arguments, std::string
         }
         command += "'";
     }
-    command += " < '" + folder.write("input", input).string() + "' 2> '" + errors.string() + "'";
+    command += " < /dev/null 2> '" + errors.string() + "'";
     ToolResult result;
     FILE* pipe = popen(command.c_str(), "r");  // NOLINT(cert-env33-c): our own program
     if (pipe == nullptr) {
@@ -44,6 +44,7 @@ inline ToolResult runTool(const std::vector<std::string>& arguments, std::string
     const int ended = pclose(pipe);
     result.status = WIFEXITED(ended) ? WEXITSTATUS(ended) : -1;
     result.errors = readWholeFile(errors).value_or("");
+    std::filesystem::remove(errors);
     return result;
 }
 
