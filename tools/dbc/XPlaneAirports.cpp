@@ -188,9 +188,15 @@ class AirportImport {
     }
 
     void addRunway(SourceRunway runway) {
-        runway.lengthFt = lengthBetweenFt(*runway.ends[0].position, *runway.ends[1].position);
+        constexpr int kShortestRunwayFt = 25;
+        const auto& [one, other] = runway.ends;
         for (const auto& end : runway.ends)
             runways_.add(*end.position);
+        runway.lengthFt = lengthBetweenFt(*one.position, *other.position);
+        if (*runway.lengthFt < kShortestRunwayFt) {
+            file_.malformed("runway whose ends are one place");
+            return;
+        }
         orderEnds(runway);
         airport_.runways.push_back(std::move(runway));
     }

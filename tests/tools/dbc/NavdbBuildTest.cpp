@@ -48,11 +48,15 @@ class NavdbBuild : public testing::Test {
     VirtualClock clock_;
 };
 
-constexpr std::string_view kOneFix = " 47.7 8.2 06TRA\n99\n";
+/// A file of one fix, with this version line.
+std::string oneFix(std::string_view version) {
+    std::string text("I\n");
+    text.append(version).append("\n 47.7 8.2 06TRA\n99\n");
+    return text;
+}
 
 TEST_F(NavdbBuild, TakesTheExpiryOfTheOldestDataCycleUnlessItIsGiven) {
-    options_.fix =
-        put("fix.dat", "I\n600 Version - data cycle 2013.10, build 1\n" + std::string(kOneFix));
+    options_.fix = put("fix.dat", oneFix("600 Version - data cycle 2013.10, build 1"));
     options_.nav = put("nav.dat", "I\n1200 Version - data cycle 2406, build 1\n99\n");
     auto header = headerOfBuild();
     EXPECT_EQ(header.expiry, 20131017U);
@@ -66,7 +70,7 @@ TEST_F(NavdbBuild, TakesTheExpiryOfTheOldestDataCycleUnlessItIsGiven) {
     EXPECT_EQ(header.region, static_cast<std::uint32_t>('K'));
     options_.expiryYmd.reset();
     options_.nav.clear();
-    options_.fix = put("fix.dat", "I\n600 Version\n" + std::string(kOneFix));
+    options_.fix = put("fix.dat", oneFix("600 Version"));
     EXPECT_EQ(headerOfBuild().expiry, 0U);
 }
 
@@ -83,7 +87,7 @@ TEST_F(NavdbBuild, LeavesAnExistingDatabaseAloneWhenItsSourcesAreRefused) {
     EXPECT_EQ(readWholeFile(options_.output), "as it was");
     options_.source = NavdbSource::xplane;
     options_.apt.clear();
-    options_.fix = put("fix.dat", "I\n600 Version\n" + std::string(kOneFix));
+    options_.fix = put("fix.dat", oneFix("600 Version"));
     options_.output = folder_ / "no folder" / "out.ng2";
     EXPECT_EQ(build(), "File Write Error: " + options_.output.string());
 }
@@ -149,7 +153,7 @@ class World : public testing::Test {
                              }),
                   "");
         EXPECT_EQ(last, 1.0);
-        EXPECT_LT(log.malformedLines(), 10U);
+        EXPECT_LT(log.malformedLines(), 25U);
     }
     static void TearDownTestSuite() { fs::remove(path()); }
     static fs::path path() { return fs::path(testing::TempDir()) / "world_test.ng2"; }

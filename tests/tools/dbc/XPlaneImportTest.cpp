@@ -111,6 +111,7 @@ TEST(XPlaneAirports, SkipsMalformedLinesAndTheRowsOfARefusedAirport) {
               "100 wide 3 0 0 0 0 0 09 50.0 8.0 0 0 0 0 0 0 27 50.0 8.01\n"
               "100 20 3 0 0 0 0 0 09 179.9 -179.99 0 0 0 0 0 0 27 50.0 8.01\n"
               "54 freq TWR\n50 1 ATIS\nx\n101\n18 1\n"
+              "101 6 0 02 50.0 180.0 20 50.00001 -180.0\n"
               "100 20 3 0 0 0 0 0 18 50.0 179.999 0 0 0 0 0 0 36 50.0 -179.999 0 0 0 0 0 0\n");
     EXPECT_EQ(in.refused, "");
     EXPECT_EQ(in.reported,
@@ -121,7 +122,8 @@ TEST(XPlaneAirports, SkipsMalformedLinesAndTheRowsOfARefusedAirport) {
                      "in.dat:9: runway end without designator or position",
                      "in.dat:10: frequency is not a number", "in.dat:11: frequency out of range",
                      "in.dat:12: row code missing", "in.dat:13: water runway without width",
-                     "in.dat:14: beacon without position"}));
+                     "in.dat:14: beacon without position",
+                     "in.dat:15: runway whose ends are one place"}));
     ASSERT_EQ(in.data.airports.size(), 1U);
     ASSERT_EQ(in.data.airports[0].runways.size(), 1U);
     EXPECT_NEAR(*in.data.airports[0].runways[0].lengthFt, 469, 2);  // not around the world
