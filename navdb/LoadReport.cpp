@@ -5,6 +5,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/FileIo.h"
+
 namespace korvel {
 namespace {
 
@@ -20,14 +22,24 @@ LoadReport::LoadReport(std::filesystem::path path) : path_(std::move(path)) {}
 
 void LoadReport::restart() {
     const std::lock_guard held(reportLock());
+    inMemory_.clear();
     std::error_code ignored;
     std::filesystem::remove(path_, ignored);
 }
 
 void LoadReport::AppendLoadReport(std::string_view text) {
     const std::lock_guard held(reportLock());
+    if (path_.empty()) {
+        inMemory_ += text;
+        return;
+    }
     std::ofstream file(path_, std::ios::binary | std::ios::app);
     file.write(text.data(), static_cast<std::streamsize>(text.size()));
+}
+
+std::string LoadReport::text() const {
+    const std::lock_guard held(reportLock());
+    return path_.empty() ? inMemory_ : readWholeFile(path_).value_or(std::string());
 }
 
 }  // namespace korvel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <string_view>
 
 namespace korvel {
@@ -10,19 +11,25 @@ namespace korvel {
 /// written is lost.
 class LoadReport {
  public:
-    /// In the program's own folder: "korvel load status.txt".
+    /// A report that is kept in memory only.
+    LoadReport() = default;
+    /// The program's is kLoadReportName in its own folder.
     explicit LoadReport(std::filesystem::path path);
 
-    /// Deletes the file.
+    /// Deletes what was reported so far.
     void restart();
 
     /// Appends the text as it stands; texts carry their own "\r\n".
     void AppendLoadReport(std::string_view text);
 
+    /// Everything reported since the start.
+    [[nodiscard]] std::string text() const;
+
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 
  private:
-    std::filesystem::path path_;
+    std::filesystem::path path_;  ///< empty for a report in memory
+    std::string inMemory_;
 };
 
 inline constexpr std::string_view kLoadReportName = "korvel load status.txt";

@@ -8,6 +8,7 @@ namespace korvel {
 
 int runDraw(Invocation& call);
 int runGeo(Invocation& call);
+int runLoad(Invocation& call);
 int runNavdb(Invocation& call);
 int runNmea(Invocation& call);
 int runProfile(Invocation& call);
@@ -17,6 +18,7 @@ int runScheme(Invocation& call);
 inline constexpr std::array kVerbs = {
     Verb{"draw", "Pictures without a window", runDraw},
     Verb{"geo", "Distances, courses and turns", runGeo},
+    Verb{"load", "Load and merge a data folder", runLoad},
     Verb{"navdb", "Build, check and search database files", runNavdb},
     Verb{"nmea", "Decode a receiver's log", runNmea},
     Verb{"profile", "Read or change a settings file", runProfile},

@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::filesystem::temp_directory_path() / ("korvel-fuzz-" + std::to_string(::getpid()));
     std::filesystem::remove(path);
     std::ofstream(path, std::ios::binary) << std::string(data, data + size);
-    LoadReport report({});  // nowhere: its lines are lost
+    LoadReport report;
     UserRecordStore records;
     UserDatabaseReader reader(report, [&](std::unique_ptr<DatabaseRecord> record) {
         (void)record->GetInfoText();

@@ -30,8 +30,7 @@ class DatabaseLoaderTest : public ::testing::Test {
     std::string load() {
         loader_.load(folder_.path(),
                      [this](std::string_view text, int) { progress_ += std::string(text) + "\n"; });
-        const auto bytes = readBytes(report_.path());
-        std::string text(bytes.begin(), bytes.end());
+        std::string text = report_.text();
         const std::string folder = folder_.path().string() + "/";
         for (auto at = text.find(folder); at != std::string::npos; at = text.find(folder)) {
             text.erase(at, folder.size());
@@ -130,8 +129,7 @@ TEST_F(DatabaseLoaderTest, ReportLinesOfSeveralThreadsDoNotInterleave) {
     for (int i = 0; i < 80; ++i) {
         expected += line;
     }
-    const auto bytes = readBytes(report_.path());
-    EXPECT_EQ(std::string(bytes.begin(), bytes.end()), expected);
+    EXPECT_EQ(report_.text(), expected);
     LoadReport(folder_.path() / "no such folder" / "x").AppendLoadReport("lost");
 }
 

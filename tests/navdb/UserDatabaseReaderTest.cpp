@@ -16,14 +16,12 @@ class UserDatabaseReaderTest : public ::testing::Test {
     std::string read(std::string_view text) {
         const auto path = folder_.write("my.UDB.TXT", text);
         records_.clear();
-        LoadReport report(folder_.path() / "report.txt");
-        report.restart();
+        LoadReport report;
         UserDatabaseReader reader(report, [this](std::unique_ptr<DatabaseRecord> record) {
             records_.push_back(std::move(record));
         });
         EXPECT_EQ(reader.LoadFile(path), "");
-        const auto bytes = readBytes(report.path());
-        std::string logged(bytes.begin(), bytes.end());
+        const std::string logged = report.text();
         const std::string head = "Loading " + path.string() + "\r\n";
         const std::string tail = "  Done\r\n\r\n";
         EXPECT_TRUE(logged.starts_with(head)) << logged;
@@ -167,10 +165,10 @@ TEST_F(UserDatabaseReaderTest, ReportsWhatIsWrongWithItsLine) {
 
 TEST_F(UserDatabaseReaderTest, AnnouncesAnEmptyFileOnlyAndRefusesAMissingOne) {
     EXPECT_EQ(read(""), "(no end) ");
-    LoadReport report(folder_.path() / "none.txt");
+    LoadReport report;
     UserDatabaseReader reader(report, [](auto) {});
     EXPECT_EQ(reader.LoadFile(folder_.path() / "missing.UDB.TXT"), "File open error.");
-    EXPECT_FALSE(std::filesystem::exists(report.path()));
+    EXPECT_EQ(report.text(), "");
 }
 
 TEST_F(UserDatabaseReaderTest, CutsLinesAcrossBlocks) {

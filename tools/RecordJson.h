@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include "navdb/DatabaseRecord.h"
+#include "tools/Invocation.h"
+
+namespace korvel {
+
+/// A record with the fields that its class has; coordinates in degrees, what is absent null.
+Json recordJson(const DatabaseRecord& record);
+
+/// The same in a line for people, without its end.
+std::string recordLine(const DatabaseRecord& record);
+
+}  // namespace korvel
