@@ -9,12 +9,13 @@
 namespace korvel {
 
 BlockCache::BlockCache(std::unique_ptr<RandomAccessFile> file)
-    : file_(std::move(file)), bytes_(kSets * kWays * kBlockSize) {
-    std::size_t at = 0;
+    : file_(std::move(file)),
+      bytes_(std::make_unique_for_overwrite<std::uint8_t[]>(kSets * kWays * kBlockSize)) {
+    std::span<std::uint8_t> rest(bytes_.get(), kSets * kWays * kBlockSize);
     for (auto& set : sets_) {
         for (Slot& slot : set) {
-            slot.bytes = std::span(bytes_).subspan(at, kBlockSize);
-            at += kBlockSize;
+            slot.bytes = rest.first(kBlockSize);
+            rest = rest.subspan(kBlockSize);
         }
     }
 }

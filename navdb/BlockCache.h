@@ -6,13 +6,12 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/RandomAccessFile.h"
 
 namespace korvel {
 
-/// A file's most recently used blocks, 256 KiB at most: a search in an index touches the same few
+/// A file's most recently used blocks, 1 MiB at most: a search in an index touches the same few
 /// blocks again and again. What the file no longer holds (it was cut while it was open) reads as
 /// absent. Not thread-safe.
 class BlockCache {
@@ -45,7 +44,7 @@ class BlockCache {
     int compareText(std::uint64_t offset, std::string_view key);
 
  private:
-    static constexpr std::size_t kSets = 16;
+    static constexpr std::size_t kSets = 64;
     static constexpr std::size_t kWays = 4;
 
     struct Slot {
@@ -68,7 +67,7 @@ class BlockCache {
     Slot& load(std::array<Slot, kWays>& set, std::uint64_t block);
 
     std::unique_ptr<RandomAccessFile> file_;
-    std::vector<std::uint8_t> bytes_;
+    std::unique_ptr<std::uint8_t[]> bytes_;  ///< memory that no block has used stays untouched
     std::array<std::array<Slot, kWays>, kSets> sets_;
     std::uint64_t useCount_ = 0;
 };

@@ -9,6 +9,9 @@
 namespace korvel {
 namespace {
 
+constexpr std::uint32_t kRowsNotRemembered = 256;  // about a block of them
+constexpr std::size_t kMostRemembered = 4096;
+
 /// What one unit of a stored integer is worth.
 double unitOf(FieldType type) {
     switch (type) {
@@ -164,13 +167,31 @@ int RowReader::compare(const IndexEntry& index, std::uint32_t row, const FieldEn
     return ready() ? cache_->compareText(std::uint64_t{stringArea_} + offset, key) : -1;
 }
 
+int RowReader::compareRemembered(const IndexEntry& index, std::uint32_t row,
+                                 const FieldEntry& field, std::string_view key) {
+    const std::uint32_t position = index.rowPosition(row);
+    if (const auto turn = turns_.find(position); turn != turns_.end()) {
+        return turn->second.view().compare(key);
+    }
+    if (turns_.size() < kMostRemembered && load(index, row)) {
+        text(&field, scratch_);
+        if (scratch_.size() <= kMaxIdentLength) {
+            return turns_.emplace(position, scratch_).first->second.view().compare(key);
+        }
+    }
+    return compare(index, row, field, key);
+}
+
 std::uint32_t RowReader::firstNotBelow(const IndexEntry& index, const FieldEntry& field,
                                        std::string_view key) {
     std::uint32_t low = 0;
     std::uint32_t high = index.rowCount();
     while (low < high) {
         const std::uint32_t middle = low + (high - low) / 2;
-        if (compare(index, middle, field, key) < 0) {
+        const int order = high - low > kRowsNotRemembered
+                              ? compareRemembered(index, middle, field, key)
+                              : compare(index, middle, field, key);
+        if (order < 0) {
             low = middle + 1;
         } else {
             high = middle;

@@ -7,10 +7,12 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "navdb/BlockCache.h"
 #include "navdb/DatabaseDirectory.h"
+#include "navdb/DatabaseRecord.h"
 #include "navdb/FieldValue.h"
 
 namespace korvel {
@@ -62,12 +64,18 @@ class RowReader {
     [[nodiscard]] bool ready();
     void fill(const FieldEntry& field, std::span<const std::uint8_t> bytes, FieldValue& value);
     void readText(std::uint32_t offset, std::string& text);
+    [[nodiscard]] int compareRemembered(const IndexEntry& index, std::uint32_t row,
+                                        const FieldEntry& field, std::string_view key);
 
     std::filesystem::path path_;
     std::uint32_t stringArea_ = 0;
     std::unique_ptr<BlockCache> cache_;
     const TableEntry* table_ = nullptr;
     std::vector<std::uint8_t> row_;
+    /// Short texts of the rows at which searches turn first, by the rows' file offsets: without
+    /// them every search would read blocks from all over the index.
+    std::unordered_map<std::uint32_t, Ident> turns_;
+    std::string scratch_;
 };
 
 /// The field that an index is ordered by as text: ID for places and airways, ARPT_ID for an

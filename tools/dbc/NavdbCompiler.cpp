@@ -82,6 +82,7 @@ class Compilation {
     Compilation(const AviationData& data, ImportLog& log) : data_(data), log_(log) {}
 
     std::string file(NavdbHeader header) {
+        addIdentsInOrder();
         for (const SourceAirport& airport : data_.airports)
             addAirport(airport);
         for (const SourceNavaid& navaid : data_.navaids)
@@ -96,6 +97,22 @@ class Compilation {
     }
 
  private:
+    /// A search in an identifier index compares texts that then stand side by side.
+    void addIdentsInOrder() {
+        std::vector<std::string_view> idents;
+        for (const SourceAirport& airport : data_.airports)
+            idents.emplace_back(airport.ident);
+        for (const SourceNavaid& navaid : data_.navaids)
+            idents.emplace_back(navaid.ident);
+        for (const SourceFix& fix : data_.fixes)
+            idents.emplace_back(fix.ident);
+        for (const auto& [name, segments] : data_.airways.airways())
+            idents.emplace_back(name);
+        std::sort(idents.begin(), idents.end());
+        for (const std::string_view ident : idents)
+            writer_.addText(ident);
+    }
+
     void begin(NavdbRows& rows, std::string_view ident, const GeoDegrees& position) {
         if (!anyPlace_)
             southernDeg_ = northernDeg_ = position.lat;
