@@ -112,7 +112,8 @@ TEST_F(DatabaseLoaderTest, LoadsUserFilesWithoutADatabaseAndStartsAnew) {
 }
 
 TEST_F(DatabaseLoaderTest, ReportLinesOfSeveralThreadsDoNotInterleave) {
-    const std::string line = std::string(300, 'x') + "\r\n";
+    std::string line(300, 'x');
+    line += "\r\n";
     std::vector<std::thread> threads;
     for (int t = 0; t < 4; ++t) {
         threads.emplace_back([&] {
