@@ -2,6 +2,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -21,11 +22,13 @@ namespace fs = std::filesystem;
 
 class NavdbBuild : public testing::Test {
  protected:
-    NavdbBuild() : folder_(fs::path(testing::TempDir()) / "navdb_build") {
+    NavdbBuild()
+        : folder_(fs::path(testing::TempDir()) / ("navdb_build." + std::to_string(getpid()))) {
         fs::remove_all(folder_);
         fs::create_directories(folder_);
         options_.output = folder_ / "out.ng2";
     }
+    ~NavdbBuild() override { fs::remove_all(folder_); }
 
     fs::path put(const std::string& name, std::string_view text) {
         std::ofstream(folder_ / name, std::ios::binary) << text;
@@ -156,7 +159,9 @@ class World : public testing::Test {
         EXPECT_LT(log.malformedLines(), 25U);
     }
     static void TearDownTestSuite() { fs::remove(path()); }
-    static fs::path path() { return fs::path(testing::TempDir()) / "world_test.ng2"; }
+    static fs::path path() {
+        return fs::path(testing::TempDir()) / ("world_test." + std::to_string(getpid()) + ".ng2");
+    }
 
     void SetUp() override { ASSERT_EQ(database_.openFile(path()), ""); }
 
