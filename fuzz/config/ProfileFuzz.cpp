@@ -17,9 +17,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             }
         }
     }
-    // A text of NULs alone may look like UTF-16 when it is read again; others are themselves.
-    if (bytes.find('\0') == std::string::npos && bytes.find('\x80') == std::string::npos &&
-        korvel::parseProfile(korvel::formatProfile(entries)) != entries) {
+    // NULs, and a first key that begins with DEL '~', can pass for UTF-16 when they are read again.
+    const std::string written = korvel::formatProfile(entries);
+    if (written.find('\x80') == std::string::npos && !written.starts_with("\xFF\xFE") &&
+        korvel::parseProfile(written) != entries) {
         std::abort();
     }
     return 0;
