@@ -2,10 +2,15 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "display/NearAirport.h"
+#include "display/PlanView.h"
 #include "nav/GeoPoint.h"
+#include "nav/Track.h"
 #include "platform/Clock.h"
 
 namespace korvel {
@@ -21,6 +26,36 @@ struct CockpitData {
     std::optional<double> trackMagDeg;   ///< 0 to 360, magnetic
     std::optional<double> trackTrueDeg;  ///< 0 to 360, true
     std::optional<int> altitudeFt;
+    std::optional<int> verticalSpeedFpm;  ///< from the altitudes of the last seconds; up positive
+    std::optional<double> variationDeg;   ///< where the aircraft is, east positive
+
+    // The leg that is flown. All of it is absent while there is no waypoint or no position.
+    std::string activeKey;   ///< RecordKey; empty for none or for a point without a record
+    std::string activeName;  ///< empty when nothing is flown to
+    std::optional<GeoPoint> activeWaypoint;
+    std::optional<GeoPoint> legStart;
+    std::optional<double> bearingMagDeg;  ///< to the waypoint
+    std::optional<double> distanceNm;     ///< to the waypoint
+    std::optional<double> crossTrackNm;   ///< positive when the aircraft is left of the course
+    std::optional<double> desiredTrackTrueDeg;
+    std::optional<double> desiredTrackMagDeg;
+    std::optional<double> obsCourseMagDeg;  ///< set by the pilot with direct-to
+    std::optional<double> offCourseDeg;     ///< from the bearing to the track
+    std::optional<int> targetAltitudeFt;    ///< wanted at the end of the descent path
+    std::optional<int> pathAltitudeFt;      ///< of the descent path at the active waypoint
+    bool directLeg = false;                 ///< direct-to or a course to a point, not the plan's
+    bool approachMode = false;
+    double fullScaleNm = 5.0;  ///< cross-track at the HSI's outermost mark
+
+    /// Null when there is no plan.
+    std::shared_ptr<const PlanView> plan;
+    /// Null when there is none; `trackSlots` tells painters and comparisons that it has grown.
+    std::shared_ptr<const Track> track;
+    std::size_t trackSlots = 0;
+    /// Nearest first; null until they are wanted or when there is no position.
+    std::shared_ptr<const std::vector<NearAirport>> nearAirports;
+    /// What needs the pilot's attention, most urgent first; shown until acknowledged.
+    std::vector<std::string> alarms;
 
     bool simulated = false;  ///< the position comes from the simulator
     /// Connection status for the pilot, lines separated by "\n"; empty while the receiver has a
