@@ -110,7 +110,9 @@ void CKorvelView::paintEvent(QPaintEvent* /*event*/) {
     const CockpitData shown = dataToShow();
     {
         QtCanvas canvas(painter, labels_, layout_.page);
-        pagePainter_.paint(canvas, page_, shown, viewport_, upDeg(), panned_);
+        pagePainter_.paint(
+            canvas, page_,
+            {.data = shown, .viewport = viewport_, .upTrueDeg = upDeg(), .lookAt = panned_});
     }
     {
         QtCanvas canvas(painter, labels_, layout_.fields);

@@ -9,6 +9,8 @@
 
 namespace korvel {
 
+struct PlaceSet;
+
 /// All that a map layer may look at while it paints one frame. Everything is const but the labels'
 /// room, which all layers share.
 struct MapFrame {
@@ -22,6 +24,7 @@ struct MapFrame {
     double textPx;   ///< type size of labels
     const MapFurniture& furniture;
     LabelSpace& labels;
+    const PlaceSet* places = nullptr;  ///< from the databases; null for none
 };
 
 }  // namespace korvel

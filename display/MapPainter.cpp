@@ -51,8 +51,17 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
         labels.reserve(area);
     labels.reserve(aircraftArea(aircraft, textPx));
 
-    const MapFrame frame{data,    colors,      projection, aircraft,  view,
-                         rangeNm, scene.turns, textPx,     furniture, labels};
+    const MapFrame frame{.data = data,
+                         .colors = colors,
+                         .projection = projection,
+                         .aircraft = aircraft,
+                         .view = view,
+                         .rangeNm = rangeNm,
+                         .turns = scene.turns,
+                         .textPx = textPx,
+                         .furniture = furniture,
+                         .labels = labels,
+                         .places = scene.places};
     for (const MapLayer& layer : mapLayers())
         if (rangeNm >= layer.fromRangeNm && rangeNm <= layer.toRangeNm)
             layer.paint(frame, canvas);

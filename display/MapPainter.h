@@ -12,6 +12,7 @@ namespace korvel {
 
 class MapColorCache;
 struct MapFrame;
+struct PlaceSet;
 
 /// One layer of the map: a function that paints a frame, and the display ranges at which it shows.
 struct MapLayer {
@@ -41,6 +42,7 @@ struct MapScene {
     bool turns = true;            ///< the aircraft points up; otherwise it points along its track
     /// What stands in the aircraft's place while the pilot looks around; none: the aircraft.
     std::optional<GeoPoint> lookAt = std::nullopt;
+    const PlaceSet* places = nullptr;  ///< from the databases; null for none
 };
 
 /// Paints the map around the live position, or around the last one, which it marks as lost. One of

@@ -9,9 +9,8 @@ namespace korvel {
 
 bool PagePainter::turns(PageId page) { return page != PageId::NorthUp; }
 
-void PagePainter::paint(Canvas& canvas, PageId page, const CockpitData& data,
-                        const MapViewport& viewport, int upTrueDeg,
-                        std::optional<GeoPoint> lookAt) const {
+void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) const {
+    const CockpitData& data = scene.data;
     if (page == PageId::Satellite) {
         paintSatellitePage(canvas, data, colors_);
         return;
@@ -21,7 +20,14 @@ void PagePainter::paint(Canvas& canvas, PageId page, const CockpitData& data,
         return;
     }
     // Pages that are not drawn yet show the map: better than nothing in flight.
-    paintMap(canvas, {data, viewport, turns(page) ? upTrueDeg : 0, turns(page), lookAt}, colors_);
+    paintMap(canvas,
+             {.data = data,
+              .viewport = scene.viewport,
+              .upTrueDeg = turns(page) ? scene.upTrueDeg : 0,
+              .turns = turns(page),
+              .lookAt = scene.lookAt,
+              .places = scene.places},
+             colors_);
 }
 
 }  // namespace korvel

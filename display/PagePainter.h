@@ -10,6 +10,19 @@
 namespace korvel {
 
 class MapColorCache;
+struct PlaceSet;
+
+/// What to draw a page from. Pages take what they show of it.
+struct PageScene {
+    const CockpitData& data;
+    const MapViewport& viewport;  ///< laid out for the page and the canvas's size
+    /// The true direction that points up on pages that turn with the aircraft, 0 to 359; the
+    /// caller keeps the last one while no track is known.
+    int upTrueDeg = 0;
+    /// What stands in the aircraft's place while the pilot looks around on the map.
+    std::optional<GeoPoint> lookAt = std::nullopt;
+    const PlaceSet* places = nullptr;  ///< from the databases; null for none
+};
 
 /// Paints the display pages. To add one, write its painter and name it in PagePainter.cpp.
 class PagePainter {
@@ -17,13 +30,9 @@ class PagePainter {
     /// The colours must outlive the painter.
     explicit PagePainter(const MapColorCache& colors) : colors_(colors) {}
 
-    /// Fills the whole canvas with the page. The viewport is laid out for the page and the
-    /// canvas's size. `upTrueDeg` is the true direction that points up on pages that turn with the
-    /// aircraft, 0 to 359; the caller keeps the last one while no track is known. Pages that need
-    /// a position show the connection's status while there is none. `lookAt` stands in the
-    /// aircraft's place while the pilot looks around on the map.
-    void paint(Canvas& canvas, PageId page, const CockpitData& data, const MapViewport& viewport,
-               int upTrueDeg, std::optional<GeoPoint> lookAt = std::nullopt) const;
+    /// Fills the whole canvas with the page. Pages that need a position show the connection's
+    /// status while there is none.
+    void paint(Canvas& canvas, PageId page, const PageScene& scene) const;
 
     /// The page turns with the aircraft; otherwise north is up.
     static bool turns(PageId page);

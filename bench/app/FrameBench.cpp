@@ -76,7 +76,7 @@ void redraw(benchmark::State& state, PageId page, double ratio) {
         QPainter painter(&image);
         {
             QtCanvas canvas(painter, labels, layout.page);
-            pages.paint(canvas, page, data, viewport, 222);
+            pages.paint(canvas, page, {.data = data, .viewport = viewport, .upTrueDeg = 222});
         }
         {
             QtCanvas canvas(painter, labels, layout.fields);

@@ -32,7 +32,7 @@ void paintPage(benchmark::State& state, PageId page) {
     for (auto frame : state) {
         data.position->lat += 1e-5;
         canvas.clear();
-        painter.paint(canvas, page, data, viewport, 86);
+        painter.paint(canvas, page, {.data = data, .viewport = viewport, .upTrueDeg = 86});
         benchmark::DoNotOptimize(canvas.elements().data());
     }
 }

@@ -31,7 +31,8 @@ class Page {
         : colors_(scheme_), canvas_(width, height) {
         viewport_.layout(page, width, height);
         viewport_.chooseRange(rangeNm);
-        PagePainter(colors_).paint(canvas_, page, data, viewport_, upTrueDeg);
+        PagePainter(colors_).paint(canvas_, page,
+                                   {.data = data, .viewport = viewport_, .upTrueDeg = upTrueDeg});
     }
 
     const RecordingCanvas& canvas() const { return canvas_; }

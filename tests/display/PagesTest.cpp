@@ -31,7 +31,7 @@ struct PaintedPage {
         const MapColorCache colors(scheme);
         MapViewport viewport;
         viewport.layout(page, width, height);
-        PagePainter(colors).paint(canvas, page, data, viewport, 0);
+        PagePainter(colors).paint(canvas, page, {.data = data, .viewport = viewport});
     }
 };
 

@@ -1,0 +1,127 @@
+#include "display/PlaceClass.h"
+
+#include "config/Settings.h"
+#include "navdb/DatabaseRecord.h"
+#include "navdb/DatabaseTables.h"
+
+namespace korvel {
+namespace {
+
+// Ranks are in feet of runway: a tower is worth a longer runway, and a navaid for long distances
+// stands between the large airports and the small ones.
+constexpr std::array<PlaceRule, kPlaceClassCount> kRules{{
+    {PlaceClass::TowerAirport, 1000, 1000, 9000},
+    {PlaceClass::HardAirport, 100, 100, 2500},
+    {PlaceClass::SoftAirport, 65, 40, 0},
+    {PlaceClass::SeaplaneBase, 40, 25, -1000},
+    {PlaceClass::Heliport, 15, 8, -5000},
+    {PlaceClass::HighVor, 250, 250, 9000},
+    {PlaceClass::BothVor, 250, 250, 10000},
+    {PlaceClass::LowVor, 100, 100, 8500},
+    {PlaceClass::TerminalVor, 65, 40, 5000},
+    {PlaceClass::Ndb, 65, 40, 4000},
+    {PlaceClass::RouteFix, 40, 25, -2000},
+    {PlaceClass::TerminalFix, 8, 8, -6000},
+    {PlaceClass::VisualPoint, 25, 25, 3000},
+}};
+
+constexpr bool rulesAreInOrder() {
+    for (std::size_t i = 0; i < kRules.size(); ++i)
+        if (static_cast<std::size_t>(kRules.at(i).placeClass) != i)
+            return false;
+    return true;
+}
+static_assert(rulesAreInOrder());
+
+constexpr unsigned kAirportsClass = 1U << 0U;
+constexpr unsigned kNavaidsClass = 1U << 1U;
+constexpr unsigned kFixesClass = 1U << 3U;
+
+PlaceClass classOfAirport(std::uint32_t flags) {
+    if ((flags & kAirportHeliport) != 0)
+        return PlaceClass::Heliport;
+    if ((flags & kAirportSeaplaneBase) != 0)
+        return PlaceClass::SeaplaneBase;
+    if ((flags & kAirportHardSurface) == 0)
+        return PlaceClass::SoftAirport;
+    return (flags & kAirportTower) != 0 ? PlaceClass::TowerAirport : PlaceClass::HardAirport;
+}
+
+PlaceClass classOfVor(std::uint32_t usage) {
+    switch (usage) {
+        case kUsageHigh:
+            return PlaceClass::HighVor;
+        case kUsageBoth:
+            return PlaceClass::BothVor;
+        case kUsageTerminal:
+            return PlaceClass::TerminalVor;
+        default:
+            return PlaceClass::LowVor;
+    }
+}
+
+unsigned classBitOf(PlaceClass placeClass) {
+    if (isAirport(placeClass))
+        return kAirportsClass;
+    return isVor(placeClass) || placeClass == PlaceClass::Ndb ? kNavaidsClass : kFixesClass;
+}
+
+PlaceLayerBit layerOf(PlaceClass placeClass) {
+    if (isAirport(placeClass))
+        return PlaceLayerBit::Airports;
+    if (isVor(placeClass))
+        return PlaceLayerBit::Vors;
+    if (placeClass == PlaceClass::Ndb)
+        return PlaceLayerBit::Ndbs;
+    return placeClass == PlaceClass::VisualPoint ? PlaceLayerBit::VisualPoints
+                                                 : PlaceLayerBit::Fixes;
+}
+
+}  // namespace
+
+PlaceClass classOf(const Place& place) {
+    if (place.kind == kAirportKind)
+        return classOfAirport(place.flags);
+    if (place.flags == kUsageVisual)
+        return PlaceClass::VisualPoint;
+    if (place.kind == kVorKind)
+        return classOfVor(place.flags);
+    if (place.kind == kNdbKind)
+        return PlaceClass::Ndb;
+    const bool onRoutes = (place.flags & kUsageBoth) != 0;
+    return onRoutes ? PlaceClass::RouteFix : PlaceClass::TerminalFix;
+}
+
+const PlaceRule& ruleOf(PlaceClass placeClass) {
+    return kRules.at(static_cast<std::size_t>(placeClass));
+}
+
+MapPlaceOptions MapPlaceOptions::from(const Settings& settings) {
+    MapPlaceOptions options;
+    options.icons = settings.icons;
+    options.highNavaids = settings.highNavaids;
+    options.visualPoints = settings.vrpNavaids;
+    options.privateAirports = settings.displayPrivateAirports != 0;
+    options.classMask = static_cast<unsigned>(settings.viewMask);
+    options.layerMask = static_cast<unsigned>(settings.mapMask);
+    return options;
+}
+
+bool isShown(const Place& place, PlaceClass placeClass, int rangeNm,
+             const MapPlaceOptions& options) {
+    if (rangeNm > ruleOf(placeClass).symbolToNm ||
+        (options.classMask & classBitOf(placeClass)) == 0 || !options.shows(layerOf(placeClass)))
+        return false;
+    if (isAirport(placeClass))
+        return options.privateAirports || (place.flags & kAirportPrivate) == 0;
+    if (placeClass == PlaceClass::VisualPoint)
+        return options.visualPoints;
+    // Fixes and NDBs of high altitude alone go with the VORs.
+    return options.highNavaids || place.flags != kUsageHigh;
+}
+
+bool isLabelled(PlaceClass placeClass, int rangeNm, const MapPlaceOptions& options) {
+    return rangeNm <= ruleOf(placeClass).labelToNm && options.labels(layerOf(placeClass));
+}
+
+}  // namespace korvel
