@@ -48,10 +48,12 @@ CKorvelApp::CKorvelApp(const CommandLine& line)
       labels_(fonts_),
       dataFiles_({documentsFolder(), programFolder()}),
       scheme_(profile_, dataFiles_),
-      document_({profile_, clock_, systemSerialDeviceOpener(profileFolder(line) / "ports")}),
+      document_({profile_, clock_, systemSerialDeviceOpener(profileFolder(line) / "ports"),
+                 profileFolder(line)}),
       frame_({document_, profile_, scheme_, dataFiles_, labels_}) {}
 
 std::string CKorvelApp::start() {
+    document_.navigator().loadDatabases(dataFolders());
     if (!line_.planFile.empty())
         return line_.planFile + ": flight plans cannot be opened yet";
     for (const auto step : {&CKorvelApp::startReplay, &CKorvelApp::applyView})

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "config/StringTable.h"
 #include "nav/Geodesy.h"
 #include "nav/Units.h"
 
@@ -37,6 +38,7 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
       gpsPort_(foundations.openDevice, foundations.clock),
       gyroPort_(foundations.openDevice, foundations.clock),
       monitor_({gpsPort_, gyroPort_, *this, input_, *this, foundations.profile, foundations.clock}),
+      navigator_(foundations.clock, foundations.folder),
       portFromScan_(foundations.profile.getInt(kOptionsSection, kPortScanned, 0) != 0),
       lastConnectedMs_(foundations.clock.tickMs()) {
     SetDistanceUnit(settings_.gsUnit);
@@ -54,6 +56,7 @@ void CKorvelDoc::tick() {
     openGyroPort();
     status_ = monitor_.connectionStatus(true);
     reconsiderPort();
+    navigator_.tick(settings_, variation(), received());
     CockpitData data = collectData();
     if (data != data_) {
         data_ = std::move(data);
@@ -113,49 +116,74 @@ PortChoice CKorvelDoc::portChoice(std::string gps) const {
     return {std::move(gps), settings_.viaGyro != 0, settings_.portGyro, settings_.baudGyro};
 }
 
+Variation CKorvelDoc::variation() const {
+    const double receiver = input_.store().own().magVariation;
+    // The receiver counts east as negative.
+    return {.receiverDeg = receiver == kNoAngle ? kNoAngle : -receiver,
+            .databaseDeg = navigator_.databaseVariationDeg(),
+            .ignoreReceiver = settings_.ignoreMagVar != 0};
+}
+
+ActiveNavigation::Aircraft CKorvelDoc::received() {
+    constexpr double kFullCircleDeg = 360;
+    ActiveNavigation::Aircraft aircraft;
+    // While the simulator runs the question is answered for it.
+    if (simulatorActive() || !input_.hasFix(false)) {
+        return aircraft;
+    }
+    const std::int64_t now = clock_.tickMs();
+    const GpsFix& fix = input_.store().own();
+    if (isFresh(fix.positionTickMs, now) && isOnEarth(fix.position)) {
+        aircraft.position = fix.position;
+    }
+    if (isFresh(fix.groundSpeedTickMs, now) && std::isfinite(fix.groundSpeedKt)) {
+        aircraft.groundSpeedKt = fix.groundSpeedKt;
+    }
+    // Neither the value for no angle nor what no angle can be.
+    if (isFresh(fix.trackTickMs, now) && fix.trackMag >= 0 && fix.trackMag <= kFullCircleDeg) {
+        aircraft.trackMag = fix.trackMag;
+    }
+    if (isFresh(fix.altitudeTickMs, now)) {
+        aircraft.altitudeFt = input_.correctedAltitudeFt();
+    }
+    return aircraft;
+}
+
 CockpitData CKorvelDoc::collectData() {
     CockpitData data;
     data.status = status_;
     data.now = clock_.localNow();
     data.altUnit = settings_.altUnit;
     collectFix(data);
+    navigator_.collect(data, variation());
     return data;
 }
 
 void CKorvelDoc::collectFix(CockpitData& data) {
     constexpr std::int64_t kMsPerSecond = 1000;
-    constexpr double kFullCircleDeg = 360;
-    const std::int64_t now = clock_.tickMs();
     const GpsFix fix = input_.store().copy();
     data.fixQuality = fix.fixQuality;
     data.fix3D = fix.fix3D != 0;
     data.satsInUse = fix.satsInUse;
     data.satellites = fix.satellites;
     data.receiverActive = (fix.sentenceFlags & SentenceFlag::kBytesArrive) != 0;
-    if (input_.hasFix(false)) {
-        if (isFresh(fix.positionTickMs, now) && isOnEarth(fix.position)) {
-            data.position = fix.position;
-            lastPosition_ = fix.position;
-            lastPositionMs_ = fix.positionTickMs;
-        }
-        if (isFresh(fix.groundSpeedTickMs, now) && std::isfinite(fix.groundSpeedKt)) {
-            data.groundSpeedKt = fix.groundSpeedKt;
-        }
-        // Neither the value for no angle nor what no angle can be.
-        if (isFresh(fix.trackTickMs, now) && fix.trackMag >= 0 && fix.trackMag <= kFullCircleDeg) {
-            data.trackMagDeg = fix.trackMag;
-            data.trackTrueDeg = input_.magneticToTrue(fix.trackMag);
-        }
-        if (isFresh(fix.altitudeTickMs, now)) {
-            data.altitudeFt = input_.correctedAltitudeFt();
-        }
-        if (!data.position && data.status.empty()) {
-            data.status = "No gps signal!";
-        }
+    const ActiveNavigation::Aircraft aircraft = received();
+    if (IsValid(aircraft.position)) {
+        data.position = aircraft.position;
+        lastPosition_ = aircraft.position;
+        lastPositionMs_ = fix.positionTickMs;
+    } else if (data.status.empty()) {
+        data.status = text(TextId::NoGpsSignal);
+    }
+    data.groundSpeedKt = aircraft.groundSpeedKt;
+    data.altitudeFt = aircraft.altitudeFt;
+    if (aircraft.trackMag != kNoAngle) {
+        data.trackMagDeg = aircraft.trackMag;
+        data.trackTrueDeg = input_.magneticToTrue(aircraft.trackMag);
     }
     if (lastPosition_) {
         data.lastPosition = lastPosition_;
-        data.positionAgeSec = static_cast<int>((now - lastPositionMs_) / kMsPerSecond);
+        data.positionAgeSec = static_cast<int>((clock_.tickMs() - lastPositionMs_) / kMsPerSecond);
     }
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "app/Navigator.h"
 #include "config/ProfileFile.h"
 #include "config/Settings.h"
 #include "display/CockpitData.h"
@@ -27,6 +29,8 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
         ProfileFile& profile;
         const Clock& clock;
         SerialDeviceOpener openDevice;
+        /// For the load report, the flight log and the journals; empty: nothing of them is kept.
+        std::filesystem::path folder{};
     };
 
     /// Reads all settings. The port is opened by the first tick.
@@ -36,9 +40,13 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     /// Closes the ports and ends their threads.
     ~CKorvelDoc() override;
 
-    /// The half-second tick: decodes what has arrived, steps the connection, brings the data of
-    /// the pages up to date.
+    /// The half-second tick: decodes what has arrived, steps the connection, flies the plan and
+    /// brings the data of the pages up to date.
     void tick();
+
+    /// Places, plan, simulator, track. What is done there shows with the next tick.
+    Navigator& navigator() { return navigator_; }
+    const Navigator& navigator() const { return navigator_; }
 
     /// What the pages show, as of the last tick.
     const CockpitData& cockpitData() const { return data_; }
@@ -62,6 +70,11 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
  private:
     void onLine(SerialPort& port, std::string_view text) override;
 
+    bool simulatorActive() const override { return navigator_.simulator().running(); }
+    std::int32_t simulatedAltitudeFt() const override {
+        return navigator_.simulator().altitudeFt();
+    }
+    double databaseVariationDeg() const override { return navigator_.databaseVariationDeg(); }
     bool ignoreReceiverVariation() const override { return settings_.ignoreMagVar != 0; }
     std::string portSettings() const override { return gpsPort_.settings(); }
     void writeToPort(std::string_view bytes) override { gpsPort_.write(bytes); }
@@ -70,6 +83,9 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     /// Goes back to scanning when a port that an earlier scan found stays silent.
     void reconsiderPort();
     PortChoice portChoice(std::string gps) const;
+    Variation variation() const;
+    /// What of the fix is fresh; nothing without one.
+    ActiveNavigation::Aircraft received();
     CockpitData collectData();
     void collectFix(CockpitData& data);
 
@@ -80,6 +96,7 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     SerialPort gpsPort_;
     SerialPort gyroPort_;
     ConnectionMonitor monitor_;
+    Navigator navigator_;
 
     std::string status_;  // of the connection, empty while there is a fix
     bool portFromScan_;   // the port in use was found by an earlier run's scan

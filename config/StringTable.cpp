@@ -74,6 +74,9 @@ constexpr std::array kTexts = {
     Row{TextId::PortChosen, "&Use this port and speed:"},
     Row{TextId::PortHint, "Most receivers send at 4800, 9600 or 38400 baud."},
     Row{TextId::LookingAround, "Map moved"},
+    Row{TextId::NoDatabase, "NO CHARTS LOADED"},
+    Row{TextId::ChartsUndated, "CHARTS WITHOUT A DATE"},
+    Row{TextId::ChartsExpired, "CHARTS EXPIRED %s"},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

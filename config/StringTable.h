@@ -58,6 +58,9 @@ enum class TextId : int {
     PortChosen = 61520,
     PortHint = 61521,
     LookingAround = 61522,
+    NoDatabase = 61523,
+    ChartsUndated = 61524,
+    ChartsExpired = 61525,  ///< %s: date
 };
 
 /// The text of that number.

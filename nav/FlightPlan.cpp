@@ -64,14 +64,17 @@ bool FlightPlan::moveTo(std::string_view recordKey) {
             return false;
         }
     }
-    const auto index = static_cast<std::size_t>(found - entries_.begin());
+    moveToEntry(static_cast<std::size_t>(found - entries_.begin()));
+    return true;
+}
+
+void FlightPlan::moveToEntry(std::size_t index) {
     // Also what had been passed: the pilot goes back to it.
     std::fill(progress_.begin() + static_cast<std::ptrdiff_t>(index), progress_.end(),
               Progress{.state = State::ahead});
     flyFrom(index);
     choicesUntilSearch_ = 0;
     legTo(index);
-    return true;
 }
 
 FlightPlan::Sight FlightPlan::sight(std::size_t index, const Motion& motion) const {

@@ -55,6 +55,8 @@ class FlightPlan {
     /// Makes the first waypoint with this key the active one, from the present one on if it is
     /// there. False when the plan has none.
     bool moveTo(std::string_view recordKey);
+    /// Makes this entry the active one; there must be one at `index`.
+    void moveToEntry(std::size_t index);
 
     /// The leg to fly, to be asked at every tick; nothing for an empty plan. A new or changed plan
     /// searches for the entry that lies best ahead of the aircraft; from then on an entry is flown

@@ -1,5 +1,7 @@
 #include "navdb/DatabaseLoader.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "navdb/UserDatabaseReader.h"
@@ -15,6 +17,17 @@ std::string notUsed(std::string_view key, std::string_view where) {
            " file.\r\n";
 }
 
+std::vector<std::filesystem::path> filesIn(std::span<const std::filesystem::path> folders,
+                                           std::string_view pattern) {
+    std::vector<std::filesystem::path> paths;
+    for (const auto& folder : folders) {
+        if (!folder.empty()) {
+            std::ranges::move(findFiles(folder, pattern), std::back_inserter(paths));
+        }
+    }
+    return paths;
+}
+
 }  // namespace
 
 DatabaseLoader::DatabaseLoader(NavDatabase& database, LoadReport& report)
@@ -22,21 +35,23 @@ DatabaseLoader::DatabaseLoader(NavDatabase& database, LoadReport& report)
 
 DatabaseLoader::~DatabaseLoader() { database_.setUserRecords(nullptr); }
 
-void DatabaseLoader::load(const std::filesystem::path& folder, const Progress& progress) {
+void DatabaseLoader::load(std::span<const std::filesystem::path> folders,
+                          const Progress& progress) {
     report_.restart();
     report_.AppendLoadReport("Current Korvel Load Status\r\n\r\n");
     database_.clear();
     records_.clear();
     userAirportKeys_.clear();
     openedFiles_.clear();
-    openDatabases(folder, progress);
-    loadUserFiles(folder, "*.UDB.TXT", false, progress);
-    loadUserFiles(folder, "*.NDB.TXT", true, progress);
+    openDatabases(filesIn(folders, "*.ng2"), progress);
+    loadUserFiles(filesIn(folders, "*.UDB.TXT"), false, progress);
+    loadUserFiles(filesIn(folders, "*.NDB.TXT"), true, progress);
     MergeWithDatabase();
 }
 
-void DatabaseLoader::openDatabases(const std::filesystem::path& folder, const Progress& progress) {
-    for (const auto& path : findFiles(folder, "*.ng2")) {
+void DatabaseLoader::openDatabases(std::span<const std::filesystem::path> paths,
+                                   const Progress& progress) {
+    for (const auto& path : paths) {
         const std::string name = path.filename().string();
         const std::string text = "Loading " + name;
         const std::string error = database_.openFile(path, [&](int percent) {
@@ -51,9 +66,8 @@ void DatabaseLoader::openDatabases(const std::filesystem::path& folder, const Pr
     }
 }
 
-void DatabaseLoader::loadUserFiles(const std::filesystem::path& folder, std::string_view pattern,
+void DatabaseLoader::loadUserFiles(std::span<const std::filesystem::path> paths,
                                    bool fromSecondSource, const Progress& progress) {
-    const auto paths = findFiles(folder, pattern);
     for (std::size_t i = 0; i < paths.size(); ++i) {
         if (progress) {
             progress("Loading " + paths[i].filename().string(),

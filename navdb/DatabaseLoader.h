@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,8 +34,12 @@ class DatabaseLoader {
     DatabaseLoader& operator=(const DatabaseLoader&) = delete;
 
     /// Starts the report anew and replaces all that was loaded before: ".ng2" files, then
-    /// "*.UDB.TXT", then "*.NDB.TXT", each in ascending order of their names.
-    void load(const std::filesystem::path& folder, const Progress& progress = {});
+    /// "*.UDB.TXT", then "*.NDB.TXT", each folder by folder and in ascending order of their names.
+    /// Empty paths and folders that are not there hold nothing.
+    void load(std::span<const std::filesystem::path> folders, const Progress& progress = {});
+    void load(const std::filesystem::path& folder, const Progress& progress = {}) {
+        load(std::span(&folder, 1), progress);
+    }
 
     /// Of two records with the same key the first one stays. `fromSecondSource` also refuses an
     /// airport that is there with or without the region letter in front.
@@ -47,9 +52,9 @@ class DatabaseLoader {
     [[nodiscard]] const std::vector<OpenedFile>& openedFiles() const { return openedFiles_; }
 
  private:
-    void openDatabases(const std::filesystem::path& folder, const Progress& progress);
-    void loadUserFiles(const std::filesystem::path& folder, std::string_view pattern,
-                       bool fromSecondSource, const Progress& progress);
+    void openDatabases(std::span<const std::filesystem::path> paths, const Progress& progress);
+    void loadUserFiles(std::span<const std::filesystem::path> paths, bool fromSecondSource,
+                       const Progress& progress);
     void reportFailure(const std::filesystem::path& path, std::string_view message);
     void excludeReplacedAirports();
     void dropIfInDatabase(const DatabaseRecord& record);

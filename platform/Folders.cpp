@@ -36,6 +36,10 @@ bool matches(std::string_view name, std::string_view pattern) {
 
 }  // namespace
 
+std::vector<std::filesystem::path> dataFolders() {
+    return {documentsFolder(), executableFolder() / "data"};
+}
+
 std::vector<std::filesystem::path> findFiles(const std::filesystem::path& folder,
                                              std::string_view pattern) {
     std::vector<std::pair<std::string, std::filesystem::path>> found;

@@ -47,16 +47,11 @@ LocalTime Invocation::now() const {
     return now_.empty() ? SystemClock().localNow() : toLocalTime(now_);
 }
 
-std::filesystem::path Invocation::dataFolder() const {
-    return dataFolder_ ? *dataFolder_ : executableFolder() / "data";
+std::vector<std::filesystem::path> Invocation::dataFolders() const {
+    return dataFolder_ ? std::vector{*dataFolder_} : korvel::dataFolders();
 }
 
-DataFileSearch Invocation::dataFiles() const {
-    if (dataFolder_) {
-        return DataFileSearch({*dataFolder_});
-    }
-    return DataFileSearch({documentsFolder(), dataFolder()});
-}
+DataFileSearch Invocation::dataFiles() const { return DataFileSearch(dataFolders()); }
 
 void Invocation::printJson(const Json& document) {
     // Bytes that are not UTF-8 come from users' files; they must not stop the output.

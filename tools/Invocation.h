@@ -52,8 +52,8 @@ class Invocation {
 
     bool json() const { return json_; }
     LocalTime now() const;
-    /// The folder that holds the databases.
-    std::filesystem::path dataFolder() const;
+    /// The folders that hold the databases.
+    std::vector<std::filesystem::path> dataFolders() const;
     /// The search for files that the user may supply.
     DataFileSearch dataFiles() const;
 

@@ -3,7 +3,7 @@
 namespace korvel {
 
 LoadedDatabase::LoadedDatabase(const Invocation& call) : clock(call.now()) {
-    loader.load(call.dataFolder());
+    loader.load(call.dataFolders());
 }
 
 std::unique_ptr<DatabaseRecord> LoadedDatabase::withDetails(const DatabaseRecord& record) const {

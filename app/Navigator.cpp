@@ -1,0 +1,229 @@
+#include "app/Navigator.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "config/Settings.h"
+#include "config/StringTable.h"
+#include "nav/Geodesy.h"
+#include "nav/TextNumbers.h"
+#include "navdb/DatabaseFile.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kFlightLogName = "korvel-log.txt";
+constexpr std::string_view kTrackJournalName = "track.journal";
+/// The variation changes by a tenth of a degree over this distance at most, poles left out.
+constexpr double kVariationStepNm = 5;
+/// Off and on places of the flight log lie this near an airport.
+constexpr double kAtAirportNm = 3;
+/// Boeing Field, Seattle.
+constexpr GeoPoint kDefaultField{47.53 * kDegToRad, -122.302 * kDegToRad};
+
+std::filesystem::path inFolder(const std::filesystem::path& folder, std::string_view name) {
+    return folder.empty() ? folder : folder / name;
+}
+
+std::string dateText(std::uint32_t yyyymmdd) {
+    std::string text = formatInt(yyyymmdd);
+    if (text.size() == 8) {
+        text.insert(6, "-").insert(4, "-");
+    }
+    return text;
+}
+
+std::uint32_t dateNumber(const LocalTime& time) {
+    return static_cast<std::uint32_t>((time.year * 100 + time.month) * 100 + time.day);
+}
+
+std::optional<double> known(double value, double sentinel) {
+    return value == sentinel ? std::nullopt : std::optional(value);
+}
+
+std::optional<int> known(std::int32_t feet) {
+    return feet == kNoAltitudeFt ? std::nullopt : std::optional<int>(feet);
+}
+
+std::optional<GeoPoint> known(GeoPoint point) {
+    return IsValid(point) ? std::optional(point) : std::nullopt;
+}
+
+}  // namespace
+
+Navigator::Navigator(const Clock& clock, const std::filesystem::path& folder)
+    : clock_(clock),
+      database_(clock),
+      report_(folder.empty() ? LoadReport() : LoadReport(folder / kLoadReportName)),
+      plan_(database_, loader_.userRecords(), [this] { navigation_.planChanged(); }),
+      track_(clock_, inFolder(folder, kTrackJournalName)),
+      log_(clock_, inFolder(folder, kFlightLogName), [this] { return placeHere(); }),
+      navigation_({.clock = clock_,
+                   .database = database_,
+                   .fixes = plan_.fixes(),
+                   .plan = plan_.plan(),
+                   .simulator = simulator_,
+                   .track = track_,
+                   .log = log_}) {
+    updateDatabaseNotice();
+}
+
+Navigator::~Navigator() {
+    log_.close();
+    track_.endSession();
+}
+
+// Databases
+
+void Navigator::loadDatabases(std::span<const std::filesystem::path> folders,
+                              const DatabaseLoader::Progress& progress) {
+    loader_.load(folders, progress);
+    variationPoint_ = {};
+    updateDatabaseNotice();
+}
+
+void Navigator::updateDatabaseNotice() {
+    const auto& files = database_.files();
+    databaseNotice_.clear();
+    if (files.empty()) {
+        databaseNotice_ = text(TextId::NoDatabase);
+        return;
+    }
+    const std::uint32_t today = dateNumber(clock_.localNow());
+    std::uint32_t oldest = today;
+    for (const auto& file : files) {
+        oldest = std::min(oldest, file->header().expiry);
+    }
+    if (oldest == 0) {
+        databaseNotice_ = text(TextId::ChartsUndated);
+    } else if (oldest < today) {
+        databaseNotice_ = formatText(TextId::ChartsExpired, {std::string_view(dateText(oldest))});
+    }
+}
+
+void Navigator::lookUpVariation() {
+    const GeoPoint here = navigation_.present().position;
+    if (!IsValid(here) ||
+        (IsValid(variationPoint_) && DistanceNm(here, variationPoint_) < kVariationStepNm)) {
+        return;
+    }
+    variationPoint_ = here;
+    variationDeg_ = database_.variationNear(here);
+}
+
+std::string Navigator::placeHere() const {
+    const GeoPoint here = navigation_.present().position;
+    if (!IsValid(here)) {
+        return {};
+    }
+    const auto near = database_.nearest(here, kAirportKind, 1, kAtAirportNm);
+    return near.empty() ? std::string() : std::string(near.front().place.ident.view());
+}
+
+// Simulator
+
+SimulatorStart Navigator::simulatorStart(const Settings& settings) const {
+    SimulatorStart start{.position = kDefaultField};
+    const double lat = ParseDouble(settings.simLat);
+    const double lon = ParseDouble(settings.simLon);
+    const bool isOnEarth = std::abs(lat) <= 90 && std::abs(lon) <= 180;
+    const std::vector<PlanWaypoint> entries = plan_.entries();
+    if (isOnEarth && (lat != 0 || lon != 0)) {
+        start.position = {lat * kDegToRad, lon * kDegToRad};
+    } else if (!entries.empty()) {
+        start.position = entries.front().position();
+    }
+    const auto away = std::ranges::find_if(entries, [&](const PlanWaypoint& entry) {
+        return !SamePoint(entry.position(), start.position);
+    });
+    if (away != entries.end()) {
+        const double course = TrueCourseDeg(start.position, away->position());
+        start.headingMag = RoundToInt(
+            Variation{.databaseDeg = database_.variationNear(start.position)}.TrueToMagnetic(
+                course));
+    }
+    return start;
+}
+
+void Navigator::startSimulator(const SimulatorStart& start) {
+    simulator_.start(start.position, start.headingMag, start.speedKt, start.altitudeFt,
+                     clock_.tickMs());
+    plan_.activate();
+}
+
+void Navigator::stopSimulator() {
+    simulator_.stop();
+    timeFactor_ = 1;
+}
+
+void Navigator::setTimeFactor(int factor) { timeFactor_ = std::clamp(factor, 1, kFastestTime); }
+
+// The tick
+
+void Navigator::tick(const Settings& settings, const Variation& variation,
+                     const ActiveNavigation::Aircraft& received) {
+    navigation_.setOptions({.variation = variation,
+                            .tracking = settings.tracking,
+                            .log = FlightLog::Options::from(settings)});
+    const int steps = simulator_.running() ? timeFactor_ : 1;
+    for (int step = 0; step < steps; ++step) {
+        if (step > 0) {
+            clock_.advanceMs(kTickMs);
+        }
+        navigation_.NavUpdate(received);
+        verticalSpeed_.add(clock_.tickMs(), navigation_.present().altitudeFt);
+    }
+    plan_.setPresent(known(navigation_.present().position));
+    lookUpVariation();
+}
+
+void Navigator::collectSimulated(CockpitData& data, const Variation& variation) const {
+    const ActiveNavigation::Aircraft& present = navigation_.present();
+    data.simulated = true;
+    data.status.clear();
+    data.position = known(present.position);
+    data.lastPosition = data.position;
+    data.positionAgeSec = 0;
+    data.groundSpeedKt = present.groundSpeedKt;
+    data.trackMagDeg = known(present.trackMag, kNoAngle);
+    data.trackTrueDeg = known(variation.MagneticToTrue(present.trackMag), kNoAngle);
+    data.altitudeFt = present.altitudeFt;
+}
+
+void Navigator::collect(CockpitData& data, const Variation& variation) const {
+    if (simulator_.running()) {
+        collectSimulated(data, variation);
+    }
+    data.databaseNotice = databaseNotice_;
+    data.track = track_.track();
+    data.trackSlots = data.track ? data.track->read()->slots.size() : 0;
+    if (!data.position) {
+        return;
+    }
+    data.variationDeg = variation.inForceDeg();
+    data.verticalSpeedFpm = verticalSpeed_.feetPerMinute();
+    collectLeg(data, variation);
+}
+
+void Navigator::collectLeg(CockpitData& data, const Variation& variation) const {
+    const NavigationState state = navigation_.state();
+    if (state.activeKey.empty() && !navigation_.directLeg()) {
+        return;
+    }
+    data.activeKey = state.activeKey;
+    data.activeName = state.activeName;
+    data.activeWaypoint = known(state.activeWaypoint);
+    data.legStart = known(state.legStart);
+    data.bearingMagDeg = known(state.bearingMag, kNoAngle);
+    data.distanceNm = known(state.distanceNm, kNoDistanceNm);
+    data.crossTrackNm = known(state.crossTrackNm, kNoDistanceNm);
+    data.desiredTrackTrueDeg = known(state.desiredTrack, kNoAngle);
+    data.desiredTrackMagDeg = known(variation.TrueToMagnetic(state.desiredTrack), kNoAngle);
+    data.obsCourseMagDeg = known(state.obsCourse, kNoAngle);
+    data.offCourseDeg = known(state.offCourseDeg, kNoAngle);
+    data.targetAltitudeFt = known(state.pathTargetAltFt);
+    data.pathAltitudeFt = known(state.pathAltFt);
+    data.directLeg = navigation_.directLeg();
+}
+
+}  // namespace korvel

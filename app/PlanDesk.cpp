@@ -1,0 +1,113 @@
+#include "app/PlanDesk.h"
+
+#include <utility>
+
+#include "config/StringTable.h"
+#include "nav/RouteEntry.h"
+#include "platform/FileIo.h"
+
+namespace korvel {
+
+PlanDesk::PlanDesk(NavDatabase& database, const UserRecordStore& userRecords,
+                   std::function<void()> onChange)
+    : database_(database),
+      files_(database, fixes_, &userRecords, plan_),
+      onChange_(std::move(onChange)) {}
+
+std::vector<PlanWaypoint> PlanDesk::entries() const {
+    const auto plan = plan_.lock();
+    return plan->has_value() ? (*plan)->entries() : std::vector<PlanWaypoint>();
+}
+
+void PlanDesk::setPresent(std::optional<GeoPoint> present) {
+    present_ = present;
+    files_.setPresent(present);
+}
+
+void PlanDesk::comeIntoForce(bool changed) {
+    changed_ = changed;
+    ++revision_;
+    onChange_();
+}
+
+std::string PlanDesk::enterRoute(std::string_view line) {
+    RouteResult result = RouteEntry(database_, fixes_, present_).EnterRoute(line, true);
+    if (result.error.empty()) {
+        replace(std::move(result.entries));
+    }
+    return result.error;
+}
+
+void PlanDesk::replace(std::vector<PlanWaypoint> entries) {
+    if (entries.empty()) {
+        plan_.lock()->reset();
+    } else {
+        *plan_.lock() = FlightPlan(std::move(entries));
+    }
+    comeIntoForce(true);
+}
+
+template <class Change>
+bool PlanDesk::changePlan(Change change) {
+    const auto plan = plan_.lock();
+    if (!plan->has_value()) {
+        return false;
+    }
+    change(**plan);
+    return true;
+}
+
+void PlanDesk::reverse() {
+    if (changePlan([](FlightPlan& plan) { plan.reverse(); })) {
+        comeIntoForce(true);
+    }
+}
+
+void PlanDesk::activate() {
+    if (changePlan([](FlightPlan& plan) { plan.activate(); })) {
+        comeIntoForce(changed_);
+    }
+}
+
+void PlanDesk::flyTo(std::size_t index) {
+    if (index < entries().size() &&
+        changePlan([index](FlightPlan& plan) { plan.moveToEntry(index); })) {
+        comeIntoForce(changed_);
+    }
+}
+
+void PlanDesk::clear() {
+    plan_.lock()->reset();
+    file_.clear();
+    comeIntoForce(false);
+}
+
+std::string PlanDesk::open(const std::filesystem::path& path) {
+    const auto bytes = readWholeFile(path);
+    if (!bytes) {
+        return std::string(text(TextId::FileOpenError));
+    }
+    std::string error = files_.OpenPlanFile(path, *bytes);
+    file_ = error.empty() ? path : std::filesystem::path();
+    if (error.empty() && path.extension() != ".fp" && path.extension() != ".FP") {
+        file_.replace_extension(".fp");  // what a list was converted into
+    }
+    comeIntoForce(false);
+    return error;
+}
+
+std::string PlanDesk::exportTo(const std::filesystem::path& path) const {
+    return files_.savePlanAs(path);
+}
+
+std::string PlanDesk::saveAs(const std::filesystem::path& path) {
+    std::string error = files_.savePlanAs(path);
+    if (error.empty()) {
+        file_ = path;
+        changed_ = false;
+        ++revision_;
+    }
+    return error;
+}
+
+}  // namespace korvel

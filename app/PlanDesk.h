@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "nav/FlightPlan.h"
+#include "nav/GeneratedFixes.h"
+#include "nav/PlanFiles.h"
+
+namespace korvel {
+
+class NavDatabase;
+class UserRecordStore;
+
+/// The active plan and what the pilot does with it. Every command returns the message for the
+/// pilot, empty on success; one that is refused leaves the plan as it was. Main thread only.
+class PlanDesk {
+ public:
+    /// Both must outlive the desk. `onChange` is called when another plan has come into force.
+    PlanDesk(NavDatabase& database, const UserRecordStore& userRecords,
+             std::function<void()> onChange);
+
+    GuardedPlan& plan() { return plan_; }
+    GeneratedFixes& fixes() { return fixes_; }
+    /// A copy of the plan's entries; empty without a plan.
+    [[nodiscard]] std::vector<PlanWaypoint> entries() const;
+    /// Grows with every change of the plan.
+    [[nodiscard]] std::uint64_t revision() const { return revision_; }
+
+    /// Where the aircraft is: identifiers that repeat are looked up near it.
+    void setPresent(std::optional<GeoPoint> present);
+
+    /// Replaces the plan by a line of identifiers and airways.
+    [[nodiscard]] std::string enterRoute(std::string_view line);
+    /// Puts edited entries in force; none of them is no plan.
+    void replace(std::vector<PlanWaypoint> entries);
+    void reverse();
+    /// Flies the plan anew from where the aircraft is.
+    void activate();
+    /// Flies to this entry next; does nothing when there is none at `index`.
+    void flyTo(std::size_t index);
+    void clear();
+
+    /// Opens a ".fp" or ".TXT" file. A file that cannot be read as a plan leaves none; one that
+    /// cannot be opened changes nothing.
+    [[nodiscard]] std::string open(const std::filesystem::path& path);
+    /// Saves to this file, which becomes the plan's file.
+    [[nodiscard]] std::string saveAs(const std::filesystem::path& path);
+    /// Writes the plan to a file without making it the plan's own.
+    [[nodiscard]] std::string exportTo(const std::filesystem::path& path) const;
+
+    /// Empty for a plan that has no file yet.
+    [[nodiscard]] const std::filesystem::path& file() const { return file_; }
+    /// There is something that no file holds.
+    [[nodiscard]] bool changed() const { return changed_; }
+
+ private:
+    /// Under the plan's lock; false without a plan.
+    template <class Change>
+    bool changePlan(Change change);
+    void comeIntoForce(bool changed);
+
+    NavDatabase& database_;
+    GeneratedFixes fixes_;
+    GuardedPlan plan_;
+    PlanFiles files_;
+    std::function<void()> onChange_;
+    std::optional<GeoPoint> present_;
+    std::filesystem::path file_;
+    bool changed_ = false;
+    std::uint64_t revision_ = 0;
+};
+
+}  // namespace korvel
