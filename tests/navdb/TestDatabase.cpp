@@ -15,7 +15,7 @@
 namespace korvel {
 namespace {
 
-constexpr std::int32_t kPaddedLength = 4;
+constexpr std::int32_t kDeclaredLength = 4;
 
 std::int32_t millionths(double degrees) {
     return static_cast<std::int32_t>(std::lround(degrees * 1e6));
@@ -84,6 +84,54 @@ std::vector<TestDatabase::Row> cellRuns(const std::vector<const Index*>& locatio
     return runs;
 }
 
+/// Returns the offset of each table's entry.
+std::vector<std::uint32_t> writeTables(Output& out) {
+    std::vector<std::uint32_t> offsets;
+    for (const Table& table : kTables) {
+        offsets.push_back(out.size());
+        out.name(table.name);
+        out.word(static_cast<std::uint32_t>(table.fields.size() * 4));
+        out.word(static_cast<std::uint32_t>(table.fields.size()));
+        for (const FieldLayout& field : table.fields) {
+            out.name(field.name);
+            out.word(static_cast<std::uint32_t>(field.type));
+            out.word(kDeclaredLength);
+        }
+        out.word(0);
+    }
+    out.bytes.push_back(0);
+    return offsets;
+}
+
+/// The directory, and behind it the rows of all indexes.
+void writeIndexes(Output& out, const std::vector<Index>& indexes,
+                  const std::vector<std::uint32_t>& tableOffsets) {
+    auto dataAt = static_cast<std::uint32_t>(out.size() + indexes.size() * kIndexEntrySize + 1);
+    for (const Index& index : indexes) {
+        const auto length =
+            static_cast<std::uint32_t>(index.rows.size() * kTables[index.table].fields.size() * 4);
+        out.name(index.name);
+        out.word(tableOffsets[index.table]);
+        out.word(dataAt);
+        out.word(length);
+        dataAt += length;
+    }
+    out.bytes.push_back(0);
+    for (const Index& index : indexes) {
+        out.rows(index.rows);
+    }
+}
+
+/// The cells' rows have just been written.
+void writeGridBehindRuns(Output& out) {
+    constexpr std::uint32_t kRunRow = 4 * kCellFields.size();
+    const std::uint32_t runsAt = out.size() - (kCellCount + 1) * kRunRow;
+    out.word(kCellCount - 1);
+    for (std::uint32_t cell = 0; cell <= kCellCount; ++cell) {
+        out.word(runsAt + cell * kRunRow);
+    }
+}
+
 }  // namespace
 
 std::int32_t TestDatabase::text(std::string_view text) {
@@ -133,15 +181,16 @@ void TestDatabase::addComm(std::string_view arptId, std::string_view type, doubl
          {text(arptId), text(type), static_cast<std::int32_t>(std::lround(mhz * 1e4))}});
 }
 
+std::vector<TestDatabase::Row> TestDatabase::byKey(std::vector<Keyed> keyed) {
+    std::stable_sort(keyed.begin(), keyed.end(),
+                     [](const Keyed& a, const Keyed& b) { return a.key < b.key; });
+    std::vector<Row> rows;
+    std::transform(keyed.begin(), keyed.end(), std::back_inserter(rows),
+                   [](Keyed& entry) { return std::move(entry.row); });
+    return rows;
+}
+
 std::vector<std::uint8_t> TestDatabase::bytes() const {
-    const auto byKey = [](std::vector<Keyed> keyed) {
-        std::stable_sort(keyed.begin(), keyed.end(),
-                         [](const Keyed& a, const Keyed& b) { return a.key < b.key; });
-        std::vector<Row> rows;
-        std::transform(keyed.begin(), keyed.end(), std::back_inserter(rows),
-                       [](Keyed& entry) { return std::move(entry.row); });
-        return rows;
-    };
     std::vector<Index> indexes{{"AptKey", 0, byKey(airports_)},
                                {"Ap2Key", 1, byKey(secondAirports_)},
                                {"NavKey", 2, byKey(navaids_)},
@@ -162,52 +211,16 @@ std::vector<std::uint8_t> TestDatabase::bytes() const {
     out.patch(kRegionOffset, region);
     out.patch(kExpiryOffset, expiry);
     out.patch(kTableDirectoryOffset, out.size());
-    std::vector<std::uint32_t> tableOffsets;
-    for (const Table& table : kTables) {
-        tableOffsets.push_back(out.size());
-        out.name(table.name);
-        out.word(static_cast<std::uint32_t>(table.fields.size() * 4));
-        out.word(static_cast<std::uint32_t>(table.fields.size()));
-        for (const FieldLayout& field : table.fields) {
-            out.name(field.name);
-            out.word(static_cast<std::uint32_t>(field.type));
-            out.word(kPaddedLength);
-        }
-        out.word(0);
-    }
-    out.bytes.push_back(0);
+    const auto tableOffsets = writeTables(out);
     out.patch(kIndexDirectoryOffset, out.size());
-    auto dataAt = static_cast<std::uint32_t>(out.size() + indexes.size() * kIndexEntrySize + 1);
-    for (const Index& index : indexes) {
-        const auto length =
-            static_cast<std::uint32_t>(index.rows.size() * kTables[index.table].fields.size() * 4);
-        out.name(index.name);
-        out.word(tableOffsets[index.table]);
-        out.word(dataAt);
-        out.word(length);
-        dataAt += length;
-    }
-    out.bytes.push_back(0);
-    for (const Index& index : indexes) {
-        out.rows(index.rows);
-    }
+    writeIndexes(out, indexes, tableOffsets);
     if (hasAreaGrid) {
         out.patch(kAreaGridOffset, out.size());
-        constexpr std::uint32_t kRunRow = 4 * kCellFields.size();
-        const std::uint32_t runsAt = dataAt - (kCellCount + 1) * kRunRow;
-        out.word(kCellCount - 1);
-        for (std::uint32_t cell = 0; cell <= kCellCount; ++cell) {
-            out.word(runsAt + cell * kRunRow);
-        }
+        writeGridBehindRuns(out);
     }
     out.patch(kStringAreaOffset, out.size());
     out.bytes.insert(out.bytes.end(), strings_.begin(), strings_.end());
     out.patch(kHeaderChecksumOffset, headerChecksum(out.bytes, out.size()));
-    if (hasFullChecksum) {
-        DatabaseChecksum sum;
-        sum.add(std::span<const std::uint8_t>(out.bytes).subspan(kRegionOffset));
-        out.patch(kFullChecksumOffset, sum.value());
-    }
     return out.bytes;
 }
 

@@ -17,7 +17,6 @@ class TestDatabase {
     std::string version = "NavDb4.7";
     std::uint32_t region = 'K';
     std::uint32_t expiry = 20991231;
-    bool hasFullChecksum = false;
     bool hasAreaGrid = true;
 
     using Row = std::vector<std::int32_t>;
@@ -41,12 +40,13 @@ class TestDatabase {
         Row row;
     };
     std::int32_t text(std::string_view text);
+    static std::vector<Row> byKey(std::vector<Keyed> keyed);
 
     std::string strings_ = std::string(1, '\0');
     std::vector<Keyed> airports_, secondAirports_, navaids_, fixes_, airways_, runways_, comms_;
 };
 
-/// A folder of a test's own, empty at the start and gone at the end.
+/// A folder of a test's or benchmark's own, empty at the start and gone at the end.
 class TestFolder {
  public:
     TestFolder();
