@@ -11,7 +11,7 @@ step() { printf '\n== %s\n' "$*"; }
 
 packages_build="g++ cmake ninja-build zlib1g-dev libcli11-dev nlohmann-json3-dev qt6-base-dev"
 packages_test="$packages_build libgtest-dev libbenchmark-dev qt6-positioning-dev libsqlite3-dev locales"
-packages_fuzz="g++ cmake ninja-build clang libclang-rt-14-dev"
+packages_fuzz="g++ cmake ninja-build zlib1g-dev clang libclang-rt-14-dev"
 packages_lint="clang-format clang-tidy"
 
 # need PACKAGE...: installs what is missing, as root or through sudo.

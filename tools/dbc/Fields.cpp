@@ -41,6 +41,8 @@ std::optional<double> latitudeDeg(std::string_view text) { return within(text, 9
 
 std::optional<double> longitudeDeg(std::string_view text) { return within(text, 180.0); }
 
+std::optional<double> variationDeg(std::string_view text) { return within(text, 180.0); }
+
 std::string_view trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(kBlanks);
     if (first == std::string_view::npos)

@@ -15,6 +15,8 @@ std::optional<int> wholeInt(std::string_view text);
 /// A latitude or longitude in degrees within its range, else nothing.
 std::optional<double> latitudeDeg(std::string_view text);
 std::optional<double> longitudeDeg(std::string_view text);
+/// A magnetic variation in degrees, -180 to 180, else nothing.
+std::optional<double> variationDeg(std::string_view text);
 
 std::string_view trimmed(std::string_view text);
 

@@ -260,9 +260,9 @@ void OurAirportsImport::takeNavaid(CsvTable& row) {
     }
     navaid.usage = usageOf(row["usageType"], row["power"]);
     // What the station is aligned to; the variation of its place where that is not given.
-    navaid.variation = wholeDouble(row["slaved_variation_deg"]);
+    navaid.variation = variationDeg(row["slaved_variation_deg"]);
     if (!navaid.variation)
-        navaid.variation = wholeDouble(row["magnetic_variation_deg"]);
+        navaid.variation = variationDeg(row["magnetic_variation_deg"]);
     data_.navaids.push_back(std::move(navaid));
 }
 
