@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "display/Canvas.h"
@@ -14,17 +15,26 @@ bool overlap(const Rect& a, const Rect& b);
 class LabelSpace {
  public:
     /// Boxes that reach out of `view` are refused.
-    explicit LabelSpace(const Rect& view) : view_(view) {}
+    explicit LabelSpace(const Rect& view);
 
     /// Takes the box if it is free.
     bool claim(const Rect& box);
     /// Takes the box whatever is there.
-    void reserve(const Rect& box) { taken_.push_back(box); }
+    void reserve(const Rect& box);
+    /// Nothing of the box is taken, and all of it lies in the view.
     bool isFree(const Rect& box) const;
+    /// Some of the box is taken; it may reach out of the view.
+    bool isTaken(const Rect& box) const;
 
  private:
+    /// Calls `visit` with each square of the view that the box touches until that answers true.
+    template <class Visit>
+    bool anySquare(const Rect& box, Visit visit) const;
+
     Rect view_;
-    std::vector<Rect> taken_;
+    std::size_t columns_;
+    std::size_t rows_;
+    std::vector<std::vector<Rect>> squares_;  ///< the boxes taken in each, row after row
 };
 
 }  // namespace korvel

@@ -7,7 +7,10 @@
 #include "display/GridLayer.h"
 #include "display/MapFrame.h"
 #include "display/MapLook.h"
+#include "display/PlaceClass.h"
+#include "display/PlaceLayer.h"
 #include "display/RangeRingLayer.h"
+#include "display/RunwayLayer.h"
 
 namespace korvel {
 namespace {
@@ -23,6 +26,9 @@ constexpr std::array kLayers{
     MapLayer{"background", kNearest, kFarthest, paintBackground},
     MapLayer{"grid", kNearest, kFarthest, paintGrid},
     MapLayer{"range rings", kNearest, kFarthest, paintRangeRings},
+    MapLayer{"compass roses", kNearest, kRosesToNm, paintCompassRoses},
+    MapLayer{"runways", kNearest, kRunwaysToNm, paintRunways},
+    MapLayer{"places", kNearest, kFarthest, paintPlaces},
     MapLayer{"aircraft", kNearest, kFarthest, paintAircraft},
     MapLayer{"furniture", kNearest, kFarthest, paintFurniture},
 };

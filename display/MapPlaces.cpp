@@ -28,7 +28,7 @@ struct KindCap {
     std::size_t most;
 };
 constexpr std::array kCaps{KindCap{kAirportKind, 1000, 1500},
-                           KindCap{kVorKind | kNdbKind, 250, 600}, KindCap{kFixKind, 40, 1500}};
+                           KindCap{kVorKind | kNdbKind, 250, 600}, KindCap{kFixKind, 25, 1500}};
 
 double widthOf(const GeoBox& box) {
     const double width = box.east - box.west;
@@ -46,8 +46,10 @@ bool isMoreImportant(const MapPlace& a, const MapPlace& b) {
 bool needsDetails(const MapPlace& each, int rangeNm) {
     if (each.details)
         return false;
-    return isAirport(each.placeClass) ||
-           (each.place.kind != kFixKind && rangeNm <= kFrequenciesToNm);
+    // Far out only the large ones have a rank worth knowing.
+    if (isAirport(each.placeClass))
+        return rangeNm < kNamedOnlyFromNm || each.placeClass == PlaceClass::TowerAirport;
+    return each.place.kind != kFixKind && rangeNm <= kFrequenciesToNm;
 }
 
 }  // namespace

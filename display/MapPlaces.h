@@ -24,7 +24,7 @@ class NavDatabase;
 class MapPlaces {
  public:
     /// Records read by one update: they take a few milliseconds.
-    static constexpr std::size_t kRecordsPerUpdate = 96;
+    static constexpr std::size_t kRecordsPerUpdate = 200;
 
     /// The database must outlive this.
     explicit MapPlaces(const NavDatabase& database) : database_(database) {}

@@ -11,17 +11,17 @@ namespace {
 // stands between the large airports and the small ones.
 constexpr std::array<PlaceRule, kPlaceClassCount> kRules{{
     {PlaceClass::TowerAirport, 1000, 1000, 9000},
-    {PlaceClass::HardAirport, 100, 100, 2500},
+    {PlaceClass::HardAirport, 500, 500, 2500},
     {PlaceClass::SoftAirport, 65, 40, 0},
     {PlaceClass::SeaplaneBase, 40, 25, -1000},
     {PlaceClass::Heliport, 15, 8, -5000},
     {PlaceClass::HighVor, 250, 250, 9000},
     {PlaceClass::BothVor, 250, 250, 10000},
-    {PlaceClass::LowVor, 100, 100, 8500},
+    {PlaceClass::LowVor, 250, 250, 8500},
     {PlaceClass::TerminalVor, 65, 40, 5000},
     {PlaceClass::Ndb, 65, 40, 4000},
-    {PlaceClass::RouteFix, 40, 25, -2000},
-    {PlaceClass::TerminalFix, 8, 8, -6000},
+    {PlaceClass::RouteFix, 25, 25, -2000},
+    {PlaceClass::TerminalFix, 4, 4, -6000},
     {PlaceClass::VisualPoint, 25, 25, 3000},
 }};
 

@@ -50,6 +50,9 @@ inline constexpr int kRunwaysToNm = 15;  ///< runways to scale
 inline constexpr int kRosesToNm = 25;    ///< compass roses of VORs
 /// From here on what would stand on something more important is left out, the symbol as well.
 inline constexpr int kSparseFromNm = 40;
+/// From here on a place that cannot be named is left out, too, and the lesser ones show only where
+/// there is nothing else around: a strip on an island.
+inline constexpr int kNamedOnlyFromNm = 250;
 
 /// The layers of places by their bits in the setting "MapMask2"; a layer's labels have their bit
 /// sixteen places higher.

@@ -5,6 +5,7 @@
 #include "display/ColorScheme.h"
 #include "display/MapColorCache.h"
 #include "display/MapPainter.h"
+#include "display/MapPlaces.h"
 #include "display/MapViewport.h"
 #include "display/PagePainter.h"
 #include "display/SvgCanvas.h"
@@ -12,6 +13,7 @@
 #include "platform/FileIo.h"
 #include "tools/Arguments.h"
 #include "tools/Invocation.h"
+#include "tools/LoadedDatabase.h"
 #include "tools/Verbs.h"
 
 namespace korvel {
@@ -93,8 +95,21 @@ int drawMap(const Invocation& call, const MapOptions& options) {
 
     const auto [width, height] = toSize(options.picture.size);
     SvgCanvas canvas(width, height);
-    const bool turns = PagePainter::turns(PageId{options.picture.page});
-    paintMap(canvas, {data, viewport, turns ? angle : 0, turns}, MapColorCache(scheme));
+    const PageId page{options.picture.page};
+    const LoadedDatabase loaded(call);
+    MapPlaces places(loaded.database);
+    const int upDeg = PagePainter::turns(page) ? angle : 0;
+    do {
+        places.update(viewport.projection(*data.position, upDeg),
+                      {0, 0, canvas.width(), canvas.height()}, viewport.currentRangeNm(), {});
+    } while (!places.isComplete());
+    paintMap(canvas,
+             {.data = data,
+              .viewport = viewport,
+              .upTrueDeg = upDeg,
+              .turns = PagePainter::turns(page),
+              .places = &places.set()},
+             MapColorCache(scheme));
     return finish(call, options.picture, canvas);
 }
 

@@ -13,10 +13,13 @@
 #include "display/ColorScheme.h"
 #include "display/FieldStrip.h"
 #include "display/MapColorCache.h"
+#include "display/MapPlaces.h"
 #include "display/PagePainter.h"
 #include "display/ScreenLayout.h"
 #include "display/TouchBar.h"
 #include "nav/Geodesy.h"
+#include "navdb/NavDatabase.h"
+#include "platform/SystemClock.h"
 
 namespace korvel {
 namespace {
@@ -90,6 +93,103 @@ void redraw(benchmark::State& state, PageId page, double ratio) {
 BENCHMARK_CAPTURE(redraw, Map, PageId::Map, 1.0)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(redraw, MapAtTwiceTheScale, PageId::Map, 2.0)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(redraw, Satellite, PageId::Satellite, 1.0)->Unit(benchmark::kMillisecond);
+
+// The map of the busiest regions at every range, their places from the bundled database.
+
+struct Region {
+    std::string_view name;
+    double lat;
+    double lon;
+};
+constexpr std::array kBusiest{Region{"New York", 40.7, -73.9}, Region{"Frankfurt", 50.03, 8.57}};
+
+const NavDatabase& world() {
+    static const SystemClock clock;
+    static NavDatabase database(clock);
+    static const std::string error = database.openFile(KORVEL_WORLD_DATABASE);
+    return database;
+}
+
+/// Looking at one of the regions, at one of the ranges.
+struct BusyView {
+    explicit BusyView(const benchmark::State& state)
+        : region(kBusiest.at(static_cast<std::size_t>(state.range(0)))) {
+        viewport.layout(PageId::Map, 1280, 800);
+        viewport.chooseRange(static_cast<int>(state.range(1)));
+        data.position = GeoPoint{region.lat * kDegToRad, region.lon * kDegToRad};
+    }
+    MapProjection projection() const { return viewport.projection(*data.position, 222); }
+    bool update(MapPlaces& places) const {
+        return places.update(projection(), {0, 0, 1280, 800}, viewport.currentRangeNm(),
+                             {.privateAirports = true});
+    }
+
+    Region region;
+    MapViewport viewport;
+    CockpitData data = cruise();
+};
+
+void busyMap(benchmark::State& state) {
+    startToolkit();
+    QImage image(1280, 800, QImage::Format_RGB32);
+    DisplayFonts fonts{QString()};
+    LabelCache labels(fonts);
+    const ColorScheme scheme;
+    const MapColorCache colors(scheme);
+    const PagePainter pages(colors);
+    BusyView view(state);
+    MapPlaces places(world());
+    while (view.update(places) || !places.isComplete()) {
+    }
+    for (auto frame : state) {
+        view.data.position->lat += 1e-7;
+        QPainter painter(&image);
+        QtCanvas canvas(painter, labels, {0, 0, 1280, 800});
+        pages.paint(canvas, PageId::Map,
+                    {.data = view.data,
+                     .viewport = view.viewport,
+                     .upTrueDeg = 222,
+                     .places = &places.set()});
+    }
+    state.SetLabel(std::string(view.region.name) + ", " +
+                   std::to_string(places.set().places.size()) + " places");
+}
+
+/// The places of a view that was not seen before; the records of the most important ones.
+void fetchPlaces(benchmark::State& state) {
+    const BusyView view(state);
+    for (auto fetch : state) {
+        MapPlaces places(world());
+        benchmark::DoNotOptimize(view.update(places));
+    }
+}
+
+/// What is left of the records, for one update.
+void readRecords(benchmark::State& state) {
+    const BusyView view(state);
+    double updates = 0;
+    for (auto fetch : state) {
+        state.PauseTiming();
+        MapPlaces places(world());
+        view.update(places);
+        state.ResumeTiming();
+        while (!places.isComplete()) {
+            view.update(places);
+            ++updates;
+        }
+    }
+    state.counters["updates"] = benchmark::Counter(updates, benchmark::Counter::kAvgIterations);
+}
+
+void everyRange(benchmark::internal::Benchmark* bench) {
+    bench->Unit(benchmark::kMillisecond);
+    for (int region = 0; region < static_cast<int>(kBusiest.size()); ++region)
+        for (const int rangeNm : kRangeStepsNm)
+            bench->Args({region, rangeNm});
+}
+BENCHMARK(busyMap)->Apply(everyRange);
+BENCHMARK(fetchPlaces)->Apply(everyRange);
+BENCHMARK(readRecords)->Apply(everyRange);
 
 /// A label that is drawn for the first time, halo included.
 void newLabel(benchmark::State& state) {
