@@ -114,7 +114,7 @@ std::string PlanFiles::LoadPlanText(std::string_view text) {
         std::string line(text.substr(0, text.find('\n')));
         text.remove_prefix(std::min(line.size() + 1, text.size()));
         std::erase(line, '\r');
-        const std::string_view content = trimmed(line);
+        const std::string_view content = stripped(line);
         if (content.empty() || content.starts_with(';')) {
             continue;
         }

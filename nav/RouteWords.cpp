@@ -8,7 +8,7 @@
 
 namespace korvel {
 
-std::string_view trimmed(std::string_view text) {
+std::string_view stripped(std::string_view text) {
     constexpr std::string_view kBlank = " \t\r\n\v\f";
     const std::size_t first = std::min(text.find_first_not_of(kBlank), text.size());
     return text.substr(first, text.find_last_not_of(kBlank) + 1 - first);
@@ -20,7 +20,7 @@ std::vector<std::string> SplitWords(std::string_view text) {
         const std::size_t end = std::min(text.find_first_of(" \n"), text.size());
         std::string word(text.substr(0, end));
         std::erase(word, '\r');
-        if (const std::string_view kept = trimmed(word); !kept.empty()) {
+        if (const std::string_view kept = stripped(word); !kept.empty()) {
             words.emplace_back(kept);
         }
         text.remove_prefix(std::min(end + 1, text.size()));

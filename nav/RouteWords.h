@@ -22,7 +22,7 @@ inline constexpr double kHighestPlannedFt = 100000.0;
 /// words are dropped.
 std::vector<std::string> SplitWords(std::string_view text);
 
-std::string_view trimmed(std::string_view text);
+std::string_view stripped(std::string_view text);
 
 /// The altitude that begins the text, which is in hundreds of feet and is taken off: feet,
 /// truncated. Nothing without a number or out of range.

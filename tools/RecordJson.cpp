@@ -27,12 +27,6 @@ Json orNull(const std::optional<Value>& value) {
     return value ? Json(*value) : Json(nullptr);
 }
 
-void addPosition(Json& json, const GeoPoint& position) {
-    const bool valid = IsValid(position);
-    json["lat"] = valid ? Json(position.lat * kRadToDeg) : Json(nullptr);
-    json["lon"] = valid ? Json(position.lon * kRadToDeg) : Json(nullptr);
-}
-
 std::string letterText(char letter) { return letter == 0 ? "" : std::string(1, letter); }
 
 Json runwayJson(const RunwayRecord& runway) {
@@ -71,6 +65,12 @@ void addAirport(Json& json, const AirportRecord& airport) {
 }
 
 }  // namespace
+
+void addPosition(Json& json, const GeoPoint& position) {
+    const bool valid = IsValid(position);
+    json["lat"] = valid ? Json(position.lat * kRadToDeg) : Json(nullptr);
+    json["lon"] = valid ? Json(position.lon * kRadToDeg) : Json(nullptr);
+}
 
 Json recordJson(const DatabaseRecord& record) {
     Json json{{"key", record.key},

@@ -7,6 +7,9 @@
 
 namespace korvel {
 
+/// "lat" and "lon" in degrees, null for no position.
+void addPosition(Json& json, const GeoPoint& position);
+
 /// A record with the fields that its class has; coordinates in degrees, what is absent null.
 Json recordJson(const DatabaseRecord& record);
 

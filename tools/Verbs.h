@@ -11,8 +11,11 @@ int runGeo(Invocation& call);
 int runLoad(Invocation& call);
 int runNavdb(Invocation& call);
 int runNmea(Invocation& call);
+int runPlan(Invocation& call);
 int runProfile(Invocation& call);
+int runRoute(Invocation& call);
 int runScheme(Invocation& call);
+int runTrack(Invocation& call);
 
 /// Every verb, in the order in which the help lists them.
 inline constexpr std::array kVerbs = {
@@ -21,8 +24,11 @@ inline constexpr std::array kVerbs = {
     Verb{"load", "Load and merge a data folder", runLoad},
     Verb{"navdb", "Build, check and search database files", runNavdb},
     Verb{"nmea", "Decode a receiver's log", runNmea},
+    Verb{"plan", "Read a flight plan", runPlan},
     Verb{"profile", "Read or change a settings file", runProfile},
+    Verb{"route", "Turn a line of identifiers and airways into a plan", runRoute},
     Verb{"scheme", "The colours of a scheme", runScheme},
+    Verb{"track", "Read a recorded track", runTrack},
 };
 
 }  // namespace korvel

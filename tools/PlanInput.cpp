@@ -1,0 +1,27 @@
+#include "tools/PlanInput.h"
+
+#include "config/StringTable.h"
+#include "platform/FileIo.h"
+#include "tools/RecordJson.h"
+
+namespace korvel {
+
+PlanInput::PlanInput(LoadedDatabase& loaded, const std::string& file)
+    : files(loaded.database, fixes, &loaded.loader.userRecords(), plan) {
+    const auto bytes = readWholeFile(file);
+    error = bytes ? files.OpenPlanFile(file, *bytes)
+                  : std::string(text(TextId::FileOpenError)) + ": " + file;
+}
+
+void addWaypoint(Json& json, const PlanWaypoint& entry) {
+    json["key"] = entry.key;
+    json["altitudeFt"] = entry.altitudeFt != kNoAltitudeFt ? Json(entry.altitudeFt) : Json(nullptr);
+    addPosition(json, entry.position());
+}
+
+std::string waypointLine(const PlanWaypoint& entry) {
+    return entry.key + altitudeSuffix(entry.altitudeFt) + "  " + positionText(entry.position()) +
+           "  " + std::string(entry.record->GetName()) + "\n";
+}
+
+}  // namespace korvel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "nav/GeneratedFixes.h"
+#include "nav/PlanFiles.h"
+#include "tools/Invocation.h"
+#include "tools/LoadedDatabase.h"
+
+namespace korvel {
+
+/// A plan file read as the program does it: a ".fp" file, or a ".TXT" list that is converted into
+/// ".fp" files beside it.
+struct PlanInput {
+    /// The database must outlive the plan.
+    PlanInput(LoadedDatabase& loaded, const std::string& file);
+
+    std::string error;  ///< empty on success
+    GeneratedFixes fixes;
+    GuardedPlan plan;
+    PlanFiles files;
+};
+
+/// Adds key, altitude and position of an entry.
+void addWaypoint(Json& json, const PlanWaypoint& entry);
+/// An entry in a line for people, with its end.
+std::string waypointLine(const PlanWaypoint& entry);
+
+}  // namespace korvel
