@@ -1,0 +1,71 @@
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "platform/FileIo.h"
+#include "platform/TempFolder.h"
+#include "tools/ToolRun.h"
+
+namespace korvel {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr std::string_view kPlaces =
+    "NAVAID_BEGIN\nID=XVR\nNAME=Own\nTYPE=VOR\nPOSN.LAT=47\nPOSN.LON=-122\nFREQ=113.9\nNAVAID_END\n"
+    "NAVAID_BEGIN\nID=XFIX\nNAME=Fix\nTYPE=FIX\nPOSN.LAT=48\nPOSN.LON=-122\nNAVAID_END\n";
+
+TEST(PlanVerbs, RoutePlanAndTrack) {
+    const TempFolder folder;
+    folder.write("own.UDB.TXT", kPlaces);
+    const auto run = [&folder](std::vector<std::string> words, int status) {
+        words.insert(words.begin(), {"--data", folder.path().string()});
+        words.emplace_back("--json");
+        const ToolResult result = runTool(words);
+        EXPECT_EQ(result.status, status) << result.errors;
+        return Json::parse(result.output);
+    };
+    const Json route = run({"route", "XVR@4.5 XFIX"}, 0);
+    EXPECT_EQ(route["error"], "");
+    EXPECT_EQ(route["entries"][0]["text"], "XVR@4.5");
+    EXPECT_EQ(route["entries"][0]["key"], "XVR");
+    EXPECT_EQ(route["entries"][0]["altitudeFt"], 450);
+    EXPECT_EQ(route["entries"][1]["altitudeFt"], nullptr);
+    EXPECT_NEAR(route["entries"][1]["lat"].get<double>(), 48, 1e-6);
+    const Json refused = run({"route", "XVR V99", "--no-airways"}, 1);
+    EXPECT_EQ(refused["error"], "V99 navaid/airway not found or data expired!");
+    EXPECT_EQ(refused["entries"], Json::parse(R"([{"text":"V99"}])"));
+
+    const std::string saved = (folder.path() / "out.fp").string();
+    const std::string file =
+        folder.write("in.fp", "; remark\nv.XVR@45.5\r\nXFIX\r\nf.MINE 47.5 -122.5\n").string();
+    const Json plan = run({"plan", file, "--save", saved}, 0);
+    EXPECT_EQ(plan["entries"][0], Json::parse(R"({"key":"v.XVR","altitudeFt":4550,"lat":47.0,
+                                                  "lon":-122.0})"));
+    EXPECT_NEAR(plan["totalNm"].get<double>(), 96.1, 0.1);
+    // A key with its kind, a bare identifier, and a place of its own: with its position.
+    EXPECT_EQ(readWholeFile(saved), "v.XVR@45.5\r\nXFIX\r\nf.MINE 47.500000 -122.500000\r\n");
+    EXPECT_EQ(run({"plan", folder.write("bad.fp", "NONE\n").string()}, 1)["error"],
+              "NONE navaid not found!");
+    run({"plan", (folder.path() / "gone.fp").string()}, 1);
+
+    const std::string lines =
+        "20260228,235959,47.500000,-122.250000,101,359,4500\r\n"
+        "00000000,000000,0.0,0.0,0,0,0\r\n"
+        "20260301,000004,47.600000,-122.250000,0,0,-12\r\n";
+    const std::string copy = (folder.path() / "copy.trk").string();
+    const Json track = run({"track", folder.write("a.trk", lines).string(), "--save", copy}, 0);
+    EXPECT_EQ(track["base"], "2026-02-28T23:59:59");
+    EXPECT_EQ(track["points"].size(), 3U);
+    EXPECT_EQ(track["points"][1], nullptr);
+    EXPECT_EQ(track["points"][2]["time"], "2026-03-01T00:00:04");
+    EXPECT_EQ(track["points"][2]["altitudeFt"], -12);
+    EXPECT_EQ(readWholeFile(copy), lines);
+    EXPECT_EQ(run({"track", folder.write("b.trk", "2026\r\n").string()}, 1)["error"],
+              "Invalid format!");
+}
+
+}  // namespace
+}  // namespace korvel
