@@ -56,7 +56,12 @@ void CKorvelDoc::tick() {
     openGyroPort();
     status_ = monitor_.connectionStatus(true);
     reconsiderPort();
-    navigator_.tick(settings_, variation(), received());
+    const ActiveNavigation::Aircraft aircraft = received();
+    navigator_.lookAround(aircraft);
+    if (beforeNavigation) {
+        beforeNavigation();
+    }
+    navigator_.tick(settings_, variation(), aircraft);
     CockpitData data = collectData();
     if (data != data_) {
         data_ = std::move(data);

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -43,6 +44,10 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     /// The half-second tick: decodes what has arrived, steps the connection, flies the plan and
     /// brings the data of the pages up to date.
     void tick();
+
+    /// Called within each tick when the position is known and nothing is made of it yet: the
+    /// moment for commands that shall count in this very tick.
+    std::function<void()> beforeNavigation;
 
     /// Places, plan, simulator, track. What is done there shows with the next tick.
     Navigator& navigator() { return navigator_; }

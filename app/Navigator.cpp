@@ -160,6 +160,12 @@ void Navigator::setTimeFactor(int factor) { timeFactor_ = std::clamp(factor, 1, 
 
 // The tick
 
+void Navigator::lookAround(const ActiveNavigation::Aircraft& received) {
+    navigation_.lookAround(received);
+    plan_.setPresent(known(navigation_.present().position));
+    lookUpVariation();
+}
+
 void Navigator::tick(const Settings& settings, const Variation& variation,
                      const ActiveNavigation::Aircraft& received) {
     navigation_.setOptions({.variation = variation,
@@ -173,8 +179,6 @@ void Navigator::tick(const Settings& settings, const Variation& variation,
         navigation_.NavUpdate(received);
         verticalSpeed_.add(clock_.tickMs(), navigation_.present().altitudeFt);
     }
-    plan_.setPresent(known(navigation_.present().position));
-    lookUpVariation();
 }
 
 void Navigator::collectSimulated(CockpitData& data, const Variation& variation) const {

@@ -75,7 +75,10 @@ class Navigator {
     void setTimeFactor(int factor);
     int timeFactor() const { return timeFactor_; }
 
-    /// The half-second tick. `received` holds only values that are fresh and belong to a fix.
+    /// Takes up where the aircraft is; the tick's first step. `received` holds only values that
+    /// are fresh and belong to a fix.
+    void lookAround(const ActiveNavigation::Aircraft& received);
+    /// The half-second tick, behind lookAround().
     void tick(const Settings& settings, const Variation& variation,
               const ActiveNavigation::Aircraft& received);
     /// The database's variation near the aircraft, degrees, east positive; kNoAngle if unknown.

@@ -60,6 +60,8 @@ class ActiveNavigation {
     void setSuspended(bool on) { suspended_ = on; }
     [[nodiscard]] bool suspended() const { return suspended_; }
 
+    /// Takes up where the aircraft is, so that commands before the tick know it.
+    void lookAround(const Aircraft& received);
     /// The tick. While the simulator runs, `received` does not count.
     void NavUpdate(const Aircraft& received);
     /// Chooses the leg and brings the descent path up to date.
@@ -91,7 +93,6 @@ class ActiveNavigation {
         std::optional<FlightPlan::AltitudeConstraint> constraint;
     };
 
-    void lookAround(const Aircraft& received);
     bool planTakesOver();
     std::optional<Choice> choose();
     void flyTo(const Choice& choice);

@@ -7,6 +7,7 @@
 namespace korvel {
 
 int runDraw(Invocation& call);
+int runFly(Invocation& call);
 int runGeo(Invocation& call);
 int runLoad(Invocation& call);
 int runNavdb(Invocation& call);
@@ -20,6 +21,7 @@ int runTrack(Invocation& call);
 /// Every verb, in the order in which the help lists them.
 inline constexpr std::array kVerbs = {
     Verb{"draw", "Pictures without a window", runDraw},
+    Verb{"fly", "Run the navigator without a window", runFly},
     Verb{"geo", "Distances, courses and turns", runGeo},
     Verb{"load", "Load and merge a data folder", runLoad},
     Verb{"navdb", "Build, check and search database files", runNavdb},
