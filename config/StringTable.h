@@ -18,6 +18,11 @@ enum class TextId : int {
     Simulator = 61113,
     SimulatorHasNoSatellites = 61114,
     WaitingForSatellites = 61115,
+    NearestAirports = 61130,
+    NoAirportNear = 61131,
+    NearestNotKnown = 61132,
+    Expired = 61133,
+    NoRunwayKnown = 61134,
     DaySchemeName = 61208,
     NightSchemeName = 61209,
     NavaidOrAirwayNotFound = 61259,  ///< %s: identifier

@@ -43,12 +43,12 @@ bool isMoreImportant(const MapPlace& a, const MapPlace& b) {
            std::tuple(b.place.ident.view(), b.place.match, b.place.position.lat);
 }
 
-bool needsDetails(const MapPlace& each, int rangeNm) {
+/// `all`: there are few enough of them to read every airport's.
+bool needsDetails(const MapPlace& each, int rangeNm, bool all) {
     if (each.details)
         return false;
-    // Far out only the large ones have a rank worth knowing.
     if (isAirport(each.placeClass))
-        return rangeNm < kNamedOnlyFromNm || each.placeClass == PlaceClass::TowerAirport;
+        return all || each.placeClass == PlaceClass::TowerAirport;
     return each.place.kind != kFixKind && rangeNm <= kFrequenciesToNm;
 }
 
@@ -143,9 +143,10 @@ void MapPlaces::add(KindMask kinds, std::size_t most, const GeoBox& box, int ran
 
 /// Reads the next few records, the most important places' first; true when one was read.
 bool MapPlaces::readDetails(int rangeNm) {
+    const bool all = rangeNm < kNamedOnlyFromNm || set_.places.size() <= kRecordsPerUpdate;
     std::size_t count = 0;
     for (MapPlace& each : set_.places) {
-        if (!needsDetails(each, rangeNm))
+        if (!needsDetails(each, rangeNm, all))
             continue;
         if (count++ == kRecordsPerUpdate)
             break;

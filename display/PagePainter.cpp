@@ -19,6 +19,10 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
         paintStatusScreen(canvas, data, colors_);
         return;
     }
+    if (page == PageId::NearestAirport) {
+        paintNearestPage(canvas, data, scene.nearest, colors_);
+        return;
+    }
     // Pages that are not drawn yet show the map: better than nothing in flight.
     paintMap(canvas,
              {.data = data,

@@ -5,6 +5,7 @@
 #include "display/Canvas.h"
 #include "display/CockpitData.h"
 #include "display/MapViewport.h"
+#include "display/NearestPage.h"
 #include "display/PageId.h"
 
 namespace korvel {
@@ -22,6 +23,7 @@ struct PageScene {
     /// What stands in the aircraft's place while the pilot looks around on the map.
     std::optional<GeoPoint> lookAt = std::nullopt;
     const PlaceSet* places = nullptr;  ///< from the databases; null for none
+    NearestView nearest{};             ///< where the pilot is in the list of airports
 };
 
 /// Paints the display pages. To add one, write its painter and name it in PagePainter.cpp.

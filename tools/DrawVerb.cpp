@@ -2,6 +2,7 @@
 #include <string>
 #include <utility>
 
+#include "config/StringTable.h"
 #include "display/ColorScheme.h"
 #include "display/MapColorCache.h"
 #include "display/MapPainter.h"
@@ -97,6 +98,8 @@ int drawMap(const Invocation& call, const MapOptions& options) {
     SvgCanvas canvas(width, height);
     const PageId page{options.picture.page};
     const LoadedDatabase loaded(call);
+    if (loaded.database.files().empty())
+        data.databaseNotice = text(TextId::NoDatabase);
     MapPlaces places(loaded.database);
     const int upDeg = PagePainter::turns(page) ? angle : 0;
     do {
