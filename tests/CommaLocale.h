@@ -12,9 +12,7 @@ class CommaLocale {
  public:
     CommaLocale() : streams_(std::locale::global(std::locale(std::locale(), new CommaNumbers))) {
         for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "de_DE"}) {
-            if (std::setlocale(LC_ALL, name) != nullptr) {
-                break;
-            }
+            if (std::setlocale(LC_ALL, name) != nullptr) { break; }
         }
     }
     CommaLocale(const CommaLocale&) = delete;

@@ -1,7 +1,4 @@
 #include <cmath>
-#include <memory>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -13,8 +10,7 @@
 #include "platform/RegistryProfile.h"
 #include "platform/TempFolder.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 /// The document at work on a receiver that says what the test wants.
 class CKorvelDocTest : public testing::Test {
@@ -22,8 +18,7 @@ class CKorvelDocTest : public testing::Test {
     void start(const char* port, bool portScanned = false) {
         profile_.setString(kOptionsSection, "Port", port);
         profile_.setInt(kOptionsSection, "PortScanned", portScanned ? 1 : 0);
-        doc_ = std::make_unique<CKorvelDoc>(
-            CKorvelDoc::Foundations{profile_, clock_, ports_.opener()});
+        doc_ = std::make_unique<CKorvelDoc>(CKorvelDoc::Foundations{profile_, clock_, ports_.opener()});
         doc_->setTracing(true);
     }
     const CockpitData& data() const { return doc_->cockpitData(); }
@@ -35,9 +30,7 @@ class CKorvelDocTest : public testing::Test {
     /// line that nobody uses behind them tells by its trace.
     void say(const std::vector<std::string>& bodies) {
         doc_->tick();  // opens the port
-        for (const std::string& body : bodies) {
-            ports_.send(sentence(body) + "\r\n");
-        }
+        for (const std::string& body : bodies) { ports_.send(sentence(body) + "\r\n"); }
         ports_.send(sentence("KVEND") + "\r\n");
         const std::string end = sentence("KVEND") + ": not used";
         ASSERT_TRUE(eventually([&] {
@@ -47,9 +40,7 @@ class CKorvelDocTest : public testing::Test {
         doc_->tick();
     }
 
-    static std::string rmc(const std::string& position) {
-        return "GPRMC,1,A," + position + ",10.5,89.68,211200,,";
-    }
+    static std::string rmc(const std::string& position) { return "GPRMC,1,A," + position + ",10.5,89.68,211200,,"; }
     static std::string gga(const std::string& position, int quality = 1) {
         return "GPGGA,1," + position + "," + std::to_string(quality) + ",04,1.2,100.0,M,,,,";
     }
@@ -77,8 +68,8 @@ TEST_F(CKorvelDocTest, ValuesVanishFiveSecondsAfterTheLastSentence) {
     tickAfter(4999);
     EXPECT_TRUE(data().position && data().groundSpeedKt && data().trackMagDeg && data().altitudeFt);
     tickAfter(1);
-    EXPECT_FALSE(data().position || data().groundSpeedKt || data().trackMagDeg ||
-                 data().trackTrueDeg || data().altitudeFt);
+    EXPECT_FALSE(data().position || data().groundSpeedKt || data().trackMagDeg || data().trackTrueDeg ||
+                 data().altitudeFt);
     EXPECT_EQ(data().fixQuality, 0);
     EXPECT_NE(data().status, "");
     tickAfter(60000);
@@ -174,5 +165,4 @@ TEST_F(CKorvelDocTest, OnlyAPortThatAScanFoundIsLookedForAgain) {
     }
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,19 +1,16 @@
 #include <filesystem>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "config/DataFileSearch.h"
 #include "platform/TempFolder.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 TEST(DataFileSearch, TheFirstFolderWithANameWins) {
     const TempFolder folder;
-    for (const char* name : {"user/b.SCM", "user/Sand.scm", "user/_hidden.scm", "user/note.txt",
-                             "own/SAND.SCM", "own/a.scm", "own/B.scm"}) {
+    for (const char* name : {"user/b.SCM", "user/Sand.scm", "user/_hidden.scm", "user/note.txt", "own/SAND.SCM",
+                             "own/a.scm", "own/B.scm"}) {
         folder.write(name, "");
     }
     const auto user = folder.path() / "user";
@@ -28,5 +25,4 @@ TEST(DataFileSearch, TheFirstFolderWithANameWins) {
     EXPECT_EQ(search.pathsOf("../user/b.SCM"), Paths{}) << "a name is no way out of the folder";
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

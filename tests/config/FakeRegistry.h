@@ -15,16 +15,14 @@ class FakeRegistry final : public RegistryProfile {
         const auto found = ints.find(key(section, ':', name));
         return found == ints.end() ? fallback : found->second;
     }
-    std::string getString(std::string_view section, std::string_view name,
-                          std::string_view fallback) override {
+    std::string getString(std::string_view section, std::string_view name, std::string_view fallback) override {
         const auto found = strings.find(key(section, '.', name));
         return found == strings.end() ? std::string(fallback) : found->second;
     }
     void setInt(std::string_view section, std::string_view name, int value) override {
         ints[key(section, ':', name)] = value;
     }
-    void setString(std::string_view section, std::string_view name,
-                   std::string_view value) override {
+    void setString(std::string_view section, std::string_view name, std::string_view value) override {
         strings[key(section, '.', name)] = value;
     }
 

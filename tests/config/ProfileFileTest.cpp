@@ -1,8 +1,5 @@
 #include <filesystem>
 #include <fstream>
-#include <map>
-#include <optional>
-#include <string>
 
 #include <gtest/gtest.h>
 
@@ -12,15 +9,12 @@
 #include "platform/FileIo.h"
 #include "platform/TempFolder.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 using namespace std::string_literals;
 
 std::string bit7(std::string text) {
-    for (char& c : text) {
-        c = static_cast<char>(static_cast<unsigned char>(c) | 0x80U);
-    }
+    for (char& c : text) { c = static_cast<char>(static_cast<unsigned char>(c) | 0x80U); }
     return text;
 }
 
@@ -53,8 +47,7 @@ TEST(ProfileText, ReadsLines) {
 }
 
 TEST(ProfileText, SetsBitSevenAndComesBack) {
-    const ProfileEntries entries = {
-        {"", "x"}, {"Options.Port", "COM3:4800,N,8,1"}, {"Options:Port", "-1"}};
+    const ProfileEntries entries = {{"", "x"}, {"Options.Port", "COM3:4800,N,8,1"}, {"Options:Port", "-1"}};
     const std::string bytes = formatProfile(entries);
     EXPECT_EQ(bytes, bit7("=x\r\nOptions.Port=COM3:4800,N,8,1\r\nOptions:Port=-1\r\n"));
     EXPECT_EQ(parseProfile(bytes), entries);
@@ -85,8 +78,7 @@ TEST_F(ProfileFileTest, CreatesTheFileAndKeepsWhatWasRead) {
         EXPECT_TRUE(onDisk().empty()) << "a read does not save";
     }
     EXPECT_EQ(onDisk(),
-              (ProfileEntries{
-                  {"Options:Known", "7"}, {"Options.Known", "seven"}, {"Options:Unknown", "-5"}}));
+              (ProfileEntries{{"Options:Known", "7"}, {"Options.Known", "seven"}, {"Options:Unknown", "-5"}}));
 }
 
 TEST_F(ProfileFileTest, IntegersAndStringsOfOneNameAreTwoEntries) {
@@ -120,8 +112,8 @@ TEST_F(ProfileFileTest, WithoutAFileTheRegistryIsSavedTo) {
         profile.setString("", "", "y", true);
         EXPECT_EQ(registry_.ints, (std::map<std::string, int>{{"Options:A", 5}}));
     }
-    EXPECT_EQ(registry_.strings, (std::map<std::string, std::string>{
-                                     {"Options:A.b", "6"}, {"Options.C.d", "x"}, {".", "y"}}));
+    EXPECT_EQ(registry_.strings,
+              (std::map<std::string, std::string>{{"Options:A.b", "6"}, {"Options.C.d", "x"}, {".", "y"}}));
 }
 
 TEST_F(ProfileFileTest, AFileThatCannotBeWrittenKeepsItsContent) {
@@ -139,5 +131,4 @@ TEST_F(ProfileFileTest, AFileThatCannotBeWrittenKeepsItsContent) {
     EXPECT_EQ(readWholeFile(file_), "a=1");
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,5 +1,4 @@
 #include <array>
-#include <string>
 #include <variant>
 
 #include <gtest/gtest.h>
@@ -9,8 +8,7 @@
 #include "config/Settings.h"
 #include "platform/TempFolder.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 class SettingsTest : public testing::Test {
  protected:
@@ -32,8 +30,7 @@ TEST_F(SettingsTest, AnEmptyProfileTakesAllDefaultsInOrder) {
     for (const SettingInfo& setting : settingsTable()) {
         const SettingValue value = setting.valueIn(settings);
         const bool isText = std::holds_alternative<std::string>(value);
-        const std::string text =
-            isText ? std::get<std::string>(value) : std::to_string(std::get<int>(value));
+        const std::string text = isText ? std::get<std::string>(value) : std::to_string(std::get<int>(value));
         values += std::string(setting.key) + "=" + text + " ";
         const std::string stored = "Options" + std::string(isText ? "." : ":") + setting.key.data();
         ASSERT_EQ(profile_.entries().count(stored), 1U) << stored;
@@ -49,8 +46,8 @@ TEST_F(SettingsTest, FlagsAndRotationModesAreReducedOnlyInMemory) {
         int mask;
         std::array<int, 3> modes;
     };
-    for (const Case& one : {Case{263168, {0, 4, 4}}, Case{0x070707, {2, 2, 2}},
-                            Case{0x030201, {1, 2, 3}}, Case{-1, {0, 0, 0}}}) {
+    for (const Case& one :
+         {Case{263168, {0, 4, 4}}, Case{0x070707, {2, 2, 2}}, Case{0x030201, {1, 2, 3}}, Case{-1, {0, 0, 0}}}) {
         profile_.setInt("Options", "RotateMask", one.mask, true);
         EXPECT_EQ(loadSettings(profile_).rotateModes, one.modes) << one.mask;
     }
@@ -77,5 +74,4 @@ TEST_F(SettingsTest, StoresOnlyWhatChanged) {
     EXPECT_EQ(loadSettings(profile_), after);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

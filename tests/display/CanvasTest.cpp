@@ -1,6 +1,4 @@
 #include <array>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -10,8 +8,7 @@
 #include "display/SvgCanvas.h"
 #include "display/TextBox.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 constexpr Pen kPen{Rgb(255, 0, 16), 1.5, PenStyle::Solid};
 
@@ -44,8 +41,7 @@ TEST(SvgCanvas, WritesPlainElementsInPixels) {
               "<circle cx=\"5\" cy=\"6\" r=\"7\" fill=\"none\" stroke=\"#ff0010\" "
               "stroke-width=\"1.5\"/>\n");
     EXPECT_EQ(svgOf([](Canvas& c) {
-                  c.polygon(std::array{Point{0, 0}, Point{1e6, 0}, Point{0, 2.5}}, Brush{0},
-                            std::nullopt);
+                  c.polygon(std::array{Point{0, 0}, Point{1e6, 0}, Point{0, 2.5}}, Brush{0}, std::nullopt);
               }),
               "<polygon points=\"0,0 1000000,0 0,2.5\" fill-rule=\"evenodd\" "
               "fill=\"#000000\"/>\n");
@@ -99,17 +95,14 @@ TEST(B612Metrics, WidthsAreThoseOfTheTypeface) {
         bool monospaced;
         double width;
     };
-    const Case cases[] =
-        {
-            {"", false, 0},          {"0", false, 65},    {"0123456789", false, 650},
-            {"I", false, 30},        {"W", false, 95},    {"iW", true, 130},
-            {"48°", false, 160},     {"→", false, 75},    {"ü", false, 60},
-            {"漢", false, 65},       {"\xC2", false, 65},  // cut off in the middle of a letter
-            {"\xFF\x80", false, 65},
-        };
+    const Case cases[] = {
+        {"", false, 0},          {"0", false, 65},  {"0123456789", false, 650}, {"I", false, 30},
+        {"W", false, 95},        {"iW", true, 130}, {"48°", false, 160},        {"→", false, 75},
+        {"ü", false, 60},        {"漢", false, 65}, {"\xC2", false, 65},  // cut off in the middle of a letter
+        {"\xFF\x80", false, 65},
+    };
     for (const Case& each : cases)
-        EXPECT_NEAR(measureB612(each.text, {.height = 100, .monospaced = each.monospaced}).width,
-                    each.width, 1e-9)
+        EXPECT_NEAR(measureB612(each.text, {.height = 100, .monospaced = each.monospaced}).width, each.width, 1e-9)
             << each.text;
     EXPECT_NEAR(measureB612("x", {.height = 100}).capHeight, 75, 1e-9);
 }
@@ -147,5 +140,4 @@ TEST(AreaCanvas, MovesEverythingIntoItsArea) {
     EXPECT_EQ(whole.elements()[3].points[2], (Point{51, 21}));
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

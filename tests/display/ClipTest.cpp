@@ -2,14 +2,12 @@
 #include <cmath>
 #include <limits>
 #include <random>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "display/Clip.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 constexpr Rect kView{10, 20, 100, 50};
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -41,8 +39,7 @@ TEST(Clip, SegmentsAreCutAtTheEdges) {
     for (const Case& each : cases) {
         const std::optional<Segment> result = clipSegment(each.segment, kView);
         ASSERT_EQ(result.has_value(), each.inside.has_value()) << each.segment.to.x;
-        if (!result)
-            continue;
+        if (!result) continue;
         EXPECT_NEAR(result->from.x, each.inside->from.x, 1e-6);
         EXPECT_NEAR(result->from.y, each.inside->from.y, 1e-6);
         EXPECT_NEAR(result->to.x, each.inside->to.x, 1e-6);
@@ -55,11 +52,9 @@ TEST(Clip, RandomSegmentsKeepExactlyWhatLiesInside) {
     std::mt19937 random(7);
     std::uniform_real_distribution<double> anywhere(-100, 250);
     for (int round = 0; round < 2000; ++round) {
-        const Segment segment{{anywhere(random), anywhere(random)},
-                              {anywhere(random), anywhere(random)}};
+        const Segment segment{{anywhere(random), anywhere(random)}, {anywhere(random), anywhere(random)}};
         const std::optional<Segment> clipped = clipSegment(segment, kView);
-        const double length =
-            std::hypot(segment.to.x - segment.from.x, segment.to.y - segment.from.y);
+        const double length = std::hypot(segment.to.x - segment.from.x, segment.to.y - segment.from.y);
         int inside = 0;
         constexpr int kSteps = 1000;
         for (int i = 0; i < kSteps; ++i) {
@@ -69,13 +64,9 @@ TEST(Clip, RandomSegmentsKeepExactlyWhatLiesInside) {
                           ? 1
                           : 0;
         }
-        const double kept =
-            clipped ? std::hypot(clipped->to.x - clipped->from.x, clipped->to.y - clipped->from.y)
-                    : 0;
+        const double kept = clipped ? std::hypot(clipped->to.x - clipped->from.x, clipped->to.y - clipped->from.y) : 0;
         ASSERT_NEAR(kept, length * inside / kSteps, 2.1 * length / kSteps);
-        if (clipped) {
-            ASSERT_TRUE(isInside(clipped->from) && isInside(clipped->to));
-        }
+        if (clipped) { ASSERT_TRUE(isInside(clipped->from) && isInside(clipped->to)); }
     }
 }
 
@@ -83,12 +74,9 @@ TEST(Clip, APolylineFallsIntoItsVisiblePieces) {
     const std::vector<Point> wave{{20, 30}, {30, 30},  {30, 0},    {50, 0},  {50, 30},
                                   {60, 30}, {500, 30}, {kNan, 30}, {70, 30}, {80, 30}};
     std::vector<std::vector<Point>> pieces;
-    clipPolyline(wave, kView, [&](std::span<const Point> piece) {
-        pieces.emplace_back(piece.begin(), piece.end());
-    });
-    const std::vector<std::vector<Point>> expected{{{20, 30}, {30, 30}, {30, 20}},
-                                                   {{50, 20}, {50, 30}, {60, 30}, {110, 30}},
-                                                   {{70, 30}, {80, 30}}};
+    clipPolyline(wave, kView, [&](std::span<const Point> piece) { pieces.emplace_back(piece.begin(), piece.end()); });
+    const std::vector<std::vector<Point>> expected{
+        {{20, 30}, {30, 30}, {30, 20}}, {{50, 20}, {50, 30}, {60, 30}, {110, 30}}, {{70, 30}, {80, 30}}};
     EXPECT_EQ(pieces, expected);
 }
 
@@ -118,8 +106,7 @@ TEST(Clip, PolygonsKeepTheirAreaInsideTheView) {
     for (const Case& each : cases) {
         const std::vector<Point> clipped = clipPolygon(each.polygon, kView);
         EXPECT_NEAR(areaOf(clipped), each.area, 1e-3);
-        EXPECT_TRUE(
-            std::all_of(clipped.begin(), clipped.end(), [](Point p) { return isInside(p); }));
+        EXPECT_TRUE(std::all_of(clipped.begin(), clipped.end(), [](Point p) { return isInside(p); }));
     }
 }
 
@@ -128,8 +115,7 @@ TEST(Clip, AHoleLeavesTheEndsOfALine) {
         std::vector<Segment> parts;
         appendOutside(segment, kView, parts);
         double length = 0;
-        for (const Segment& part : parts)
-            length += std::hypot(part.to.x - part.from.x, part.to.y - part.from.y);
+        for (const Segment& part : parts) length += std::hypot(part.to.x - part.from.x, part.to.y - part.from.y);
         return std::pair(parts.size(), length);
     };
     struct Case {
@@ -147,5 +133,4 @@ TEST(Clip, AHoleLeavesTheEndsOfALine) {
     }
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

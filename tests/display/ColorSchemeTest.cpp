@@ -1,9 +1,3 @@
-#include <map>
-#include <string>
-#include <string_view>
-#include <tuple>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "CommaLocale.h"
@@ -14,15 +8,12 @@
 #include "platform/RegistryProfile.h"
 #include "platform/TempFolder.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 using namespace std::string_literals;
 using Colors = std::map<std::string, ColorValue, std::less<>>;
 
-Colors colorsOf(const ColorScheme& scheme) {
-    return {scheme.entries().begin(), scheme.entries().end()};
-}
+Colors colorsOf(const ColorScheme& scheme) { return {scheme.entries().begin(), scheme.entries().end()}; }
 
 /// What a scheme changes in the day scheme.
 Colors changes(const ColorScheme& scheme) {
@@ -30,9 +21,7 @@ Colors changes(const ColorScheme& scheme) {
     const ColorScheme day;
     for (const auto& [key, color] : day.entries()) {
         const auto same = changed.find(key);
-        if (same != changed.end() && same->second == color) {
-            changed.erase(same);
-        }
+        if (same != changed.end() && same->second == color) { changed.erase(same); }
     }
     return changed;
 }
@@ -57,12 +46,9 @@ TEST(ColorScheme, BuiltInSchemes) {
 
     // A few of each scheme, from all of the table.
     const std::tuple<const char*, ColorValue, ColorValue> rows[] = {
-        {"hsi.numeral", Rgb(0, 0, 0), Rgb(223, 223, 223)},
-        {"map.class_b", Rgb(0, 0, 204), Rgb(0, 0, 204)},
-        {"map.class_c", Rgb(204, 0, 204), Rgb(0, 204, 0)},
-        {"geo.water", Rgb(102, 153, 255), Rgb(0, 0, 102)},
-        {"geo.topo.polbnd", Rgb(153, 153, 153), Rgb(51, 51, 51)},
-        {"no.such.key", 0, 0},
+        {"hsi.numeral", Rgb(0, 0, 0), Rgb(223, 223, 223)},        {"map.class_b", Rgb(0, 0, 204), Rgb(0, 0, 204)},
+        {"map.class_c", Rgb(204, 0, 204), Rgb(0, 204, 0)},        {"geo.water", Rgb(102, 153, 255), Rgb(0, 0, 102)},
+        {"geo.topo.polbnd", Rgb(153, 153, 153), Rgb(51, 51, 51)}, {"no.such.key", 0, 0},
     };
     const ColorScheme day;
     const ColorScheme night = named("<Night-Flight>");
@@ -136,8 +122,7 @@ TEST(ColorScheme, ReadsFiles) {
     const Colors expected = {{"a.b", Rgb(1, 2, 3)}, {"geo.water", Rgb(7, 8, 9)}};
     for (const Case& one : cases) {
         folder.write("my.scm", one.bytes);
-        EXPECT_EQ(changes(named("MY.SCM", files)), one.read ? expected : Colors{})
-            << one.bytes.size();
+        EXPECT_EQ(changes(named("MY.SCM", files)), one.read ? expected : Colors{}) << one.bytes.size();
     }
 }
 
@@ -172,15 +157,11 @@ TEST(ColorScheme, ReloadFollowsTheSettingAndForgetsTheSchemeBefore) {
     EXPECT_EQ(cache.plainSymbolBackground(), 0U);
 
     const std::vector<std::string> list = listSchemes(files);
-    EXPECT_EQ(list,
-              (std::vector<std::string>{"<Default>", "<Default2>", "<Night-Flight>", "sea.SCM"}));
+    EXPECT_EQ(list, (std::vector<std::string>{"<Default>", "<Default2>", "<Night-Flight>", "sea.SCM"}));
     const std::pair<const char*, std::size_t> selections[] = {
         {"", 0},        {"<DEFAULT2>", 1}, {"<Default", 0}, {"<night-flight>", 2},
         {"SEA.scm", 3}, {"se", 3},         {"gone.SCM", 0}, {"sea.SCM.old", 0}};
-    for (const auto& [stored, index] : selections) {
-        EXPECT_EQ(selectedScheme(list, stored), index) << stored;
-    }
+    for (const auto& [stored, index] : selections) { EXPECT_EQ(selectedScheme(list, stored), index) << stored; }
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,6 +1,3 @@
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "Cockpit.h"
@@ -13,8 +10,7 @@
 #include "display/TouchBar.h"
 #include "nav/Units.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 class Units : public testing::Test {
  protected:
@@ -41,10 +37,9 @@ TEST_F(Units, DistancesAreNeverRoundedToAWrongNumber) {
         double nm;
         std::string_view text;
     };
-    const Case cases[] = {{0, 65, "65 nm"},    {0, 32.5, "32.5 nm"}, {0, 12.5, "12.5 nm"},
-                          {0, 0.5, "0.5 nm"},  {0, 250, "250 nm"},   {1, 65, "74.8 mi"},
-                          {1, 100, "115 mi"},  {2, 1, "1.9 km"},     {2, 50 / 1.852, "50 km"},
-                          {9, 99.96, "100 nm"}};
+    const Case cases[] = {{0, 65, "65 nm"},         {0, 32.5, "32.5 nm"}, {0, 12.5, "12.5 nm"}, {0, 0.5, "0.5 nm"},
+                          {0, 250, "250 nm"},       {1, 65, "74.8 mi"},   {1, 100, "115 mi"},   {2, 1, "1.9 km"},
+                          {2, 50 / 1.852, "50 km"}, {9, 99.96, "100 nm"}};
     for (const Case& each : cases) {
         SetDistanceUnit(each.unit);
         EXPECT_EQ(distanceText(each.nm), each.text);
@@ -72,9 +67,7 @@ TEST_F(Units, FieldsShowTheirValuesOrDashes) {
         {NavFieldId::GroundSpeed, {"118", "kt", ""}, {"219", "kph", ""}},
         {NavFieldId::Track, {"083", "°M", ""}, {"083", "°M", ""}},
         {NavFieldId::Altitude, {"5500", "ft", ""}, {"1676", "m", ""}},
-        {NavFieldId::Position,
-         {"N48°21.22'", "", "E011°47.17'"},
-         {"N48°21.22'", "", "E011°47.17'"}},
+        {NavFieldId::Position, {"N48°21.22'", "", "E011°47.17'"}, {"N48°21.22'", "", "E011°47.17'"}},
         {NavFieldId::Time, {"14:05", "07", ""}, {"14:05", "07", ""}},
     };
     CockpitData nothing = lost(20);  // the last position must not show as a value
@@ -99,10 +92,9 @@ struct Size {
     double smallestValue;  // type size in pixels
 };
 
-constexpr Size kStrips[] = {
-    {800, 62, FieldArrangement::OneRow, 28},   {1280, 92, FieldArrangement::OneRow, 44},
-    {480, 124, FieldArrangement::TwoRows, 28}, {640, 124, FieldArrangement::TwoRows, 32},
-    {384, 1000, FieldArrangement::Column, 40}, {300, 800, FieldArrangement::Column, 28}};
+constexpr Size kStrips[] = {{800, 62, FieldArrangement::OneRow, 28},   {1280, 92, FieldArrangement::OneRow, 44},
+                            {480, 124, FieldArrangement::TwoRows, 28}, {640, 124, FieldArrangement::TwoRows, 32},
+                            {384, 1000, FieldArrangement::Column, 40}, {300, 800, FieldArrangement::Column, 28}};
 
 TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
     const ColorScheme scheme;
@@ -115,12 +107,10 @@ TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
         for (const CockpitData& data : {widest, lost(7)}) {
             RecordingCanvas canvas(size.width, size.height);
             FieldStrip(colors).paint(canvas, size.arrangement, defaultNavFields(), data);
-            const std::vector<Rect> cells =
-                FieldStrip::cells(canvas, size.arrangement, defaultNavFields());
+            const std::vector<Rect> cells = FieldStrip::cells(canvas, size.arrangement, defaultNavFields());
             ASSERT_EQ(cells.size(), defaultNavFields().size());
             for (const RecordingCanvas::Element& element : canvas.elements()) {
-                if (element.kind != RecordingCanvas::Kind::Text)
-                    continue;
+                if (element.kind != RecordingCanvas::Kind::Text) continue;
                 int holders = 0;
                 for (const Rect& cell : cells)
                     holders += cell.contains({element.area.x, element.area.y}) &&
@@ -145,12 +135,10 @@ TEST(FieldStrip, UsesTheColoursOfTheFields) {
     const auto groundAt = [&](Point point) {
         ColorValue color = 0;
         for (const RecordingCanvas::Element& element : canvas.elements())
-            if (element.fill && element.area.contains(point))
-                color = element.fill->color;
+            if (element.fill && element.area.contains(point)) color = element.fill->color;
         return color;
     };
-    EXPECT_EQ(groundAt(canvas.findText("GS")->area.center()),
-              scheme.Color("nav.header.background"));
+    EXPECT_EQ(groundAt(canvas.findText("GS")->area.center()), scheme.Color("nav.header.background"));
     EXPECT_EQ(groundAt(canvas.findText("118")->area.center()), scheme.Color("nav.background"));
     EXPECT_EQ(groundAt({0, 40}), scheme.Color("nav.border"));
 }
@@ -169,12 +157,9 @@ TEST(TouchBar, WordsAndStatesCanBeToldApart) {
             const auto* word = canvas.findText(touchWord(buttons[i].command));
             ASSERT_NE(word, nullptr);
             EXPECT_TRUE(cells[i].contains({word->area.x, word->area.y})) << word->text;
-            EXPECT_TRUE(cells[i].contains({word->area.right(), word->area.bottom()}))
-                << word->text << " at " << width;
+            EXPECT_TRUE(cells[i].contains({word->area.right(), word->area.bottom()})) << word->text << " at " << width;
         }
-        const auto inkOf = [&](TouchCommand command) {
-            return canvas.findText(touchWord(command))->style.color;
-        };
+        const auto inkOf = [&](TouchCommand command) { return canvas.findText(touchWord(command))->style.color; };
         EXPECT_EQ(inkOf(TouchCommand::Page), scheme.Color("nav.text"));
         EXPECT_EQ(inkOf(TouchCommand::ZoomIn), scheme.Color("nav.header"));
         EXPECT_NE(inkOf(TouchCommand::DirectTo), scheme.Color("nav.text"));
@@ -182,5 +167,4 @@ TEST(TouchBar, WordsAndStatesCanBeToldApart) {
     }
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,7 +1,5 @@
 #include <algorithm>
 #include <cmath>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -10,8 +8,7 @@
 #include "display/MapGrid.h"
 #include "display/MapViewport.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 constexpr double kHalf = 1e-6;
 
@@ -23,15 +20,13 @@ MapViewport viewportOf(int width, int height, int rangeNm, PageId page = PageId:
 }
 
 std::vector<GridLine> gridOf(const MapViewport& viewport, GeoPoint center, int angle = 0) {
-    return gridLines(
-        viewport.projection(center, angle),
-        {0, 0, static_cast<double>(viewport.width()), static_cast<double>(viewport.height())});
+    return gridLines(viewport.projection(center, angle),
+                     {0, 0, static_cast<double>(viewport.width()), static_cast<double>(viewport.height())});
 }
 
 std::vector<std::string> labelsOf(const std::vector<GridLine>& lines) {
     std::vector<std::string> labels;
-    for (const GridLine& line : lines)
-        labels.push_back(line.label);
+    for (const GridLine& line : lines) labels.push_back(line.label);
     return labels;
 }
 
@@ -71,11 +66,9 @@ TEST(MapGrid, LinesRunWhereTheProjectionPutsThem) {
         ASSERT_TRUE(parallel != lines.end() && meridian != lines.end()) << angle;
         const MapProjection projection = viewport.projection(center, angle);
         for (const double lon : {10.5, 12.9})
-            EXPECT_LT(distanceFrom(parallel->segment, projection.project(atDegrees(48, lon))),
-                      kHalf);
+            EXPECT_LT(distanceFrom(parallel->segment, projection.project(atDegrees(48, lon))), kHalf);
         for (const double lat : {47.5, 49.2})
-            EXPECT_LT(distanceFrom(meridian->segment, projection.project(atDegrees(lat, 12))),
-                      kHalf);
+            EXPECT_LT(distanceFrom(meridian->segment, projection.project(atDegrees(lat, 12))), kHalf);
     }
 }
 
@@ -85,8 +78,8 @@ TEST(MapGrid, AFewLinesShowAtEveryRangeSizeAndAngle) {
         for (const int range : kRangeStepsNm)
             for (const double lat : {0.0, 48.0, -60.0})
                 for (const int angle : {0, 45}) {
-                    const auto lines = gridOf(viewportOf(width, height, range, PageId::Map),
-                                              atDegrees(lat, 7.3), angle);
+                    const auto lines =
+                        gridOf(viewportOf(width, height, range, PageId::Map), atDegrees(lat, 7.3), angle);
                     const auto parallels = std::count_if(lines.begin(), lines.end(), isLatitude);
                     const auto meridians = static_cast<long>(lines.size()) - parallels;
                     EXPECT_GE(parallels, 1) << width << " " << range << " " << lat;
@@ -111,12 +104,10 @@ TEST(MapGrid, TheStepStaysWhileTheMapTurns) {
 }
 
 TEST(MapGrid, CrossesTheDateLine) {
-    const std::vector<std::string> labels =
-        labelsOf(gridOf(viewportOf(1280, 660, 100), atDegrees(-17.7, 179.6)));
+    const std::vector<std::string> labels = labelsOf(gridOf(viewportOf(1280, 660, 100), atDegrees(-17.7, 179.6)));
     for (const char* label : {"E179°00'", "E180°00'", "W179°00'", "S18°00'"})
         EXPECT_EQ(std::count(labels.begin(), labels.end(), label), 1) << label;
-    const std::vector<std::string> fromTheEast =
-        labelsOf(gridOf(viewportOf(1280, 660, 100), atDegrees(-17.7, -179.6)));
+    const std::vector<std::string> fromTheEast = labelsOf(gridOf(viewportOf(1280, 660, 100), atDegrees(-17.7, -179.6)));
     EXPECT_EQ(std::count(fromTheEast.begin(), fromTheEast.end(), "E180°00'"), 1);
 }
 
@@ -153,5 +144,4 @@ TEST(LabelSpace, TheFirstComeKeepTheirRoom) {
     EXPECT_TRUE(space.isFree({60, 60, 10, 10}));
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

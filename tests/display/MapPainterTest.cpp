@@ -1,7 +1,5 @@
 #include <algorithm>
 #include <cmath>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -17,8 +15,7 @@
 #include "display/RecordingCanvas.h"
 #include "nav/Units.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 using Element = RecordingCanvas::Element;
 using Kind = RecordingCanvas::Kind;
@@ -26,33 +23,29 @@ using Kind = RecordingCanvas::Kind;
 // A page painted with the day scheme.
 class Page {
  public:
-    Page(PageId page, const CockpitData& data, int rangeNm = 65, int upTrueDeg = 0, int width = 800,
-         int height = 370)
+    Page(PageId page, const CockpitData& data, int rangeNm = 65, int upTrueDeg = 0, int width = 800, int height = 370)
         : colors_(scheme_), canvas_(width, height) {
         viewport_.layout(page, width, height);
         viewport_.chooseRange(rangeNm);
-        PagePainter(colors_).paint(canvas_, page,
-                                   {.data = data, .viewport = viewport_, .upTrueDeg = upTrueDeg});
+        PagePainter(colors_).paint(canvas_, page, {.data = data, .viewport = viewport_, .upTrueDeg = upTrueDeg});
     }
 
     const RecordingCanvas& canvas() const { return canvas_; }
     ColorValue color(std::string_view key) const { return scheme_.Color(key); }
     Point aircraft() const {
-        return {static_cast<double>(viewport_.aircraftX()),
-                static_cast<double>(viewport_.aircraftY())};
+        return {static_cast<double>(viewport_.aircraftX()), static_cast<double>(viewport_.aircraftY())};
     }
     std::vector<Element> ofKind(Kind kind) const {
         std::vector<Element> found;
         for (const Element& element : canvas_.elements())
-            if (element.kind == kind)
-                found.push_back(element);
+            if (element.kind == kind) found.push_back(element);
         return found;
     }
     // The aircraft's symbol: the polygon around its point that is filled with that colour.
     const Element* symbol(std::string_view colorKey) const {
         for (const Element& element : canvas_.elements())
-            if (element.kind == Kind::Polygon && element.fill &&
-                element.fill->color == color(colorKey) && element.area.contains(aircraft()))
+            if (element.kind == Kind::Polygon && element.fill && element.fill->color == color(colorKey) &&
+                element.area.contains(aircraft()))
                 return &element;
         return nullptr;
     }
@@ -77,8 +70,7 @@ TEST(MapPainter, TheBackgroundComesFirstAndEverythingStaysInTheView) {
             EXPECT_EQ(first.fill->color, page.color("map.background"));
             EXPECT_EQ(first.area, (Rect{0, 0, 800, 370}));
             for (const Element& element : page.canvas().elements()) {
-                if (element.kind == Kind::Circle)
-                    continue;  // the rings reach out to the sides
+                if (element.kind == Kind::Circle) continue;  // the rings reach out to the sides
                 EXPECT_GE(element.area.x, -1) << element.text;
                 EXPECT_GE(element.area.y, -1) << element.text;
                 EXPECT_LE(element.area.right(), 801) << element.text;
@@ -97,10 +89,9 @@ TEST(MapPainter, RingsCarryTheirDistance) {
         EXPECT_TRUE(drawn) << label;
         const auto texts = page.ofKind(Kind::Text);
         const bool labelled = std::any_of(texts.begin(), texts.end(), [&](const Element& text) {
-            return text.text == label &&
-                   std::abs(std::hypot(text.points.front().x - page.aircraft().x,
-                                       text.points.front().y - page.aircraft().y) -
-                            radius) < 1e-6;
+            return text.text == label && std::abs(std::hypot(text.points.front().x - page.aircraft().x,
+                                                             text.points.front().y - page.aircraft().y) -
+                                                  radius) < 1e-6;
         });
         EXPECT_TRUE(labelled) << label;
     }
@@ -120,8 +111,7 @@ TEST(MapPainter, TheAircraftPointsUpOnTurningPagesAndAlongItsTrackOtherwise) {
     EXPECT_NEAR(noseOf(*northUp.symbol("hsi.airplane")).y, northUp.aircraft().y, 1e-9);
 
     east.trackTrueDeg.reset();  // no direction: no symbol that has one
-    for (const PageId id : {PageId::NorthUp, PageId::Map})
-        EXPECT_EQ(Page(id, east).symbol("hsi.airplane"), nullptr);
+    for (const PageId id : {PageId::NorthUp, PageId::Map}) EXPECT_EQ(Page(id, east).symbol("hsi.airplane"), nullptr);
 }
 
 TEST(MapPainter, ALostPositionNeverLooksAlive) {
@@ -133,10 +123,7 @@ TEST(MapPainter, ALostPositionNeverLooksAlive) {
         EXPECT_EQ(hollow->pen->color, page.color("hsi.airplane"));
         int crosses = 0;
         for (const Element& line : page.ofKind(Kind::Line))
-            crosses += line.pen->color == page.color("map.obs.danger") &&
-                               line.area.center() == page.aircraft()
-                           ? 1
-                           : 0;
+            crosses += line.pen->color == page.color("map.obs.danger") && line.area.center() == page.aircraft() ? 1 : 0;
         EXPECT_EQ(crosses, 2);
         const Element* alarm = page.canvas().findText("POSITION LOST 12 s");
         ASSERT_NE(alarm, nullptr);
@@ -156,8 +143,7 @@ TEST(MapFurniture, NothingStandsOnAnythingElseOrOnTheAircraft) {
     crowded.status = "COM5 4800\nWaiting for NMEA gprmc or gpvtg";
     crowded.databaseNotice = "CHARTS EXPIRED 2013-05-02";
     crowded.message = "Auto-zoom/view disabled for 30 secs.";
-    const std::pair<int, int> sizes[] = {{480, 570},  {640, 300},   {800, 370},
-                                         {1280, 660}, {2176, 1500}, {600, 900}};
+    const std::pair<int, int> sizes[] = {{480, 570}, {640, 300}, {800, 370}, {1280, 660}, {2176, 1500}, {600, 900}};
     for (const auto& [width, height] : sizes)
         for (const PageId id : {PageId::Map, PageId::NorthUp}) {
             RecordingCanvas canvas(width, height);
@@ -165,8 +151,7 @@ TEST(MapFurniture, NothingStandsOnAnythingElseOrOnTheAircraft) {
             viewport.layout(id, width, height);
             const double textPx = mapTextPx(width, height);
             const MapProjection projection = viewport.projection(*crowded.lastPosition, 0);
-            std::vector<Rect> areas =
-                layOutFurniture(canvas, crowded, projection, 1000, textPx).areas();
+            std::vector<Rect> areas = layOutFurniture(canvas, crowded, projection, 1000, textPx).areas();
             EXPECT_EQ(areas.size(), 7U);
             areas.push_back(aircraftArea(projection.aircraft(), textPx));
             for (std::size_t i = 0; i < areas.size(); ++i) {
@@ -174,8 +159,7 @@ TEST(MapFurniture, NothingStandsOnAnythingElseOrOnTheAircraft) {
                 EXPECT_LE(areas[i].right(), width) << width << " " << i;
                 EXPECT_LE(areas[i].bottom(), height) << width << " " << i;
                 for (std::size_t j = 0; j < i; ++j)
-                    EXPECT_FALSE(overlap(areas[i], areas[j]))
-                        << width << "x" << height << ": " << i << " and " << j;
+                    EXPECT_FALSE(overlap(areas[i], areas[j])) << width << "x" << height << ": " << i << " and " << j;
             }
         }
 }
@@ -190,8 +174,7 @@ TEST(MapFurniture, TheScaleBarIsARoundLengthInTheUnitInForce) {
                           {0, 199.99, 100}, {1, 31.4, 20}, {2, 31.4, 50}, {2, 0.4, 0.5}};
     for (const Case& each : cases) {
         SetDistanceUnit(each.unit);
-        EXPECT_NEAR(ConvertDistance(roundLengthNm(each.longestNm)), each.shown, 1e-9)
-            << each.longestNm;
+        EXPECT_NEAR(ConvertDistance(roundLengthNm(each.longestNm)), each.shown, 1e-9) << each.longestNm;
     }
     SetDistanceUnit(0);
     RecordingCanvas canvas(800, 370);
@@ -207,8 +190,7 @@ TEST(MapFurniture, TheNorthArrowPointsNorth) {
     const Page page(PageId::Map, flying(), 65, 90);  // east is up, north is to the left
     const auto polygons = page.ofKind(Kind::Polygon);
     const auto arrow = std::find_if(polygons.begin(), polygons.end(), [&](const Element& each) {
-        return each.fill && each.fill->color == page.color("map.info.text") &&
-               each.area.right() < 60;
+        return each.fill && each.fill->color == page.color("map.info.text") && each.area.right() < 60;
     });
     ASSERT_NE(arrow, polygons.end());
     const double middle = (arrow->area.y + arrow->area.bottom()) / 2;
@@ -228,5 +210,4 @@ TEST(AircraftOutline, IsSymmetricAndTurnsToTheRight) {
     EXPECT_NEAR(nose.y, 100, 1e-9);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

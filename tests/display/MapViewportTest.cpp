@@ -1,7 +1,5 @@
 #include <cmath>
 #include <random>
-#include <string>
-#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -11,8 +9,7 @@
 #include "platform/RegistryProfile.h"
 #include "platform/TempFolder.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 GeoPoint degrees(double lat, double lon) { return {lat * kDegToRad, lon * kDegToRad}; }
 
@@ -23,12 +20,9 @@ TEST(MapViewport, LaysOutEachPage) {
         int evenWidth, evenHeight, x, y;
     };
     const Case cases[] = {
-        {PageId::Map, 801, 601, 802, 602, 401, 331},
-        {PageId::Map, 800, 600, 800, 600, 400, 330},
-        {PageId::NorthUp, 800, 600, 800, 600, 400, 300},
-        {PageId::Efis, 800, 600, 800, 600, 400, 480},
-        {PageId::Efis, 801, 601, 802, 602, 401, 481},
-        {PageId::Attitude, 1, 0, 2, 0, 1, 30},
+        {PageId::Map, 801, 601, 802, 602, 401, 331},     {PageId::Map, 800, 600, 800, 600, 400, 330},
+        {PageId::NorthUp, 800, 600, 800, 600, 400, 300}, {PageId::Efis, 800, 600, 800, 600, 400, 480},
+        {PageId::Efis, 801, 601, 802, 602, 401, 481},    {PageId::Attitude, 1, 0, 2, 0, 1, 30},
     };
     for (const Case& one : cases) {
         MapViewport view;
@@ -81,9 +75,7 @@ TEST(MapViewport, SetsRangesBetweenTheSteps) {
     view.setRange(30);
     view.zoomOut(false);
     EXPECT_EQ(view.currentRangeNm(), 40);
-    for (const double unusable : {0.0, -3.0, std::nan("")}) {
-        EXPECT_FALSE(view.setRange(unusable));
-    }
+    for (const double unusable : {0.0, -3.0, std::nan("")}) { EXPECT_FALSE(view.setRange(unusable)); }
     EXPECT_EQ(view.currentRangeNm(), 40);
     EXPECT_TRUE(view.setRange(1e300));
     EXPECT_EQ(view.currentRangeNm(), 1000);
@@ -149,8 +141,7 @@ TEST(MapProjection, RastersAgreeAndTheWayBackLeadsHome) {
         MapViewport view;
         view.layout(PageId::Map, 1280, 800);
         const GeoPoint center = degrees(lat(random), lon(random));
-        const GeoPoint point{center.lat + offset(random) * kDegToRad,
-                             center.lon + offset(random) * kDegToRad};
+        const GeoPoint point{center.lat + offset(random) * kDegToRad, center.lon + offset(random) * kDegToRad};
         const MapProjection projection = view.projection(center, angle(random));
         const Point exact = projection.project(point);
         const auto [x, y] = projection.projectPixel(point);
@@ -175,5 +166,4 @@ TEST(MapProjection, HoldsAtThePolesAndBeforeTheFirstLayout) {
     EXPECT_DOUBLE_EQ(early.lon, 2 * kDegToRad);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,6 +1,3 @@
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "Cockpit.h"
@@ -10,14 +7,12 @@
 #include "display/RecordingCanvas.h"
 #include "display/SatellitePage.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 using Element = RecordingCanvas::Element;
 using Kind = RecordingCanvas::Kind;
 
-constexpr std::uint32_t word(unsigned number, bool used, unsigned signal, unsigned azimuth,
-                             unsigned elevation) {
+constexpr std::uint32_t word(unsigned number, bool used, unsigned signal, unsigned azimuth, unsigned elevation) {
     return (((elevation << 9U | azimuth) << 8U | signal) << 8U | number) | (used ? 0x80U : 0U);
 }
 
@@ -25,8 +20,7 @@ constexpr std::uint32_t word(unsigned number, bool used, unsigned signal, unsign
 struct PaintedPage {
     RecordingCanvas canvas;
 
-    PaintedPage(PageId page, const CockpitData& data, int width = 800, int height = 370)
-        : canvas(width, height) {
+    PaintedPage(PageId page, const CockpitData& data, int width = 800, int height = 370) : canvas(width, height) {
         const ColorScheme scheme;
         const MapColorCache colors(scheme);
         MapViewport viewport;
@@ -35,9 +29,7 @@ struct PaintedPage {
     }
 };
 
-std::string textsOf(PageId page, const CockpitData& data) {
-    return PaintedPage(page, data).canvas.texts();
-}
+std::string textsOf(PageId page, const CockpitData& data) { return PaintedPage(page, data).canvas.texts(); }
 
 TEST(StatusScreen, SaysHowFarTheConnectionIs) {
     CockpitData data;
@@ -48,8 +40,7 @@ TEST(StatusScreen, SaysHowFarTheConnectionIs) {
     data.receiverActive = true;
     data.status = "Locating Satellites";
     EXPECT_EQ(textsOf(PageId::NorthUp, data), "Locating Satellites\n");
-    EXPECT_EQ(textsOf(PageId::Hsi, {}),
-              "Connecting to GPS...\nSelect Options.Simulator menu to test.\n");
+    EXPECT_EQ(textsOf(PageId::Hsi, {}), "Connecting to GPS...\nSelect Options.Simulator menu to test.\n");
 }
 
 TEST(StatusScreen, FitsAnyWindow) {
@@ -69,8 +60,7 @@ TEST(SatellitePage, UnpacksTheWordsInOrderOfTheirNumbers) {
     words[1] = word(31, false, 0, 359, 91);
     words[4] = word(127, true, 255, 0, 0);
     words[11] = word(2, true, 44, 45, 60);
-    const std::vector<Satellite> expected{
-        {2, true, 44, 45, 60}, {31, false, 0, 359, 91}, {127, true, 255, 0, 0}};
+    const std::vector<Satellite> expected{{2, true, 44, 45, 60}, {31, false, 0, 359, 91}, {127, true, 255, 0, 0}};
     EXPECT_EQ(unpackSatellites(words), expected);
     EXPECT_TRUE(expected[0].inSky());
     EXPECT_FALSE(expected[1].inSky()) << "below the horizon";
@@ -109,8 +99,7 @@ TEST(SatellitePage, UsedOnesAreFilledAndEachShowsItsSignal) {
     int hollow = 0;
     std::vector<Rect> bars;
     for (const Element& element : canvas.elements()) {
-        if (element.kind == Kind::Circle && element.fill)
-            ++(element.fill->color == used ? filled : hollow);
+        if (element.kind == Kind::Circle && element.fill) ++(element.fill->color == used ? filled : hollow);
         if (element.kind == Kind::Rect && element.area.width < 100 && element.fill->color == used)
             bars.push_back(element.area);
     }
@@ -125,23 +114,18 @@ TEST(SatellitePage, UsedOnesAreFilledAndEachShowsItsSignal) {
 TEST(SatellitePage, SaysWhyItIsEmpty) {
     CockpitData data;
     EXPECT_EQ(fixText(data), "No fix, 0 satellites");
-    EXPECT_NE(textsOf(PageId::Satellite, data).find("Waiting for satellite data"),
-              std::string::npos);
+    EXPECT_NE(textsOf(PageId::Satellite, data).find("Waiting for satellite data"), std::string::npos);
     data.simulated = true;
-    EXPECT_NE(textsOf(PageId::Satellite, data).find("The simulator has no satellites."),
-              std::string::npos);
+    EXPECT_NE(textsOf(PageId::Satellite, data).find("The simulator has no satellites."), std::string::npos);
     data.status = "COM5 4800\nNo Gps Rcvr Activity";
-    EXPECT_NE(textsOf(PageId::Satellite, data).find("\nCOM5 4800\nNo Gps Rcvr Activity\n"),
-              std::string::npos);
+    EXPECT_NE(textsOf(PageId::Satellite, data).find("\nCOM5 4800\nNo Gps Rcvr Activity\n"), std::string::npos);
     data.fixQuality = 1;
     data.satsInUse = 1;
     EXPECT_EQ(fixText(data), "2D fix, 1 satellite");
 }
 
 TEST(PagePainter, EveryPageShowsSomethingInFlight) {
-    for (int page = 0; page < kPageCount; ++page)
-        EXPECT_FALSE(textsOf(PageId{page}, flying()).empty()) << page;
+    for (int page = 0; page < kPageCount; ++page) EXPECT_FALSE(textsOf(PageId{page}, flying()).empty()) << page;
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

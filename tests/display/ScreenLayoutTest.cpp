@@ -5,8 +5,7 @@
 
 #include "display/ScreenLayout.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 double area(const Rect& rect) { return rect.width * rect.height; }
 
@@ -24,8 +23,7 @@ TEST(ScreenLayout, FieldsStandWhereThereIsRoom) {
         {1600, 2560, FieldArrangement::Column},
     };
     for (const Case& each : cases) {
-        const ScreenLayout layout =
-            layOutScreen({.width = each.width, .height = each.height, .fieldCount = 5});
+        const ScreenLayout layout = layOutScreen({.width = each.width, .height = each.height, .fieldCount = 5});
         EXPECT_EQ(layout.arrangement, each.arrangement) << each.width << "x" << each.height;
         EXPECT_EQ(layout.fields.right(), each.width);
         EXPECT_EQ(layout.fields.y, 0);
@@ -43,8 +41,8 @@ TEST(ScreenLayout, ButtonsAreLargeEnoughForAFinger) {
         {800, 5.03, 48}, {1600, 0, 96}, {480, 1000, 96},  // a screen that lies about its size
     };
     for (const Case& each : cases) {
-        const ScreenLayout layout = layOutScreen(
-            {.width = 800, .height = each.height, .pxPerMm = each.pxPerMm, .buttonCount = 6});
+        const ScreenLayout layout =
+            layOutScreen({.width = 800, .height = each.height, .pxPerMm = each.pxPerMm, .buttonCount = 6});
         EXPECT_EQ(layout.touchBar.height, each.barHeight) << each.height << " " << each.pxPerMm;
     }
 }
@@ -55,8 +53,7 @@ TEST(ScreenLayout, PartsFillTheWindowWithoutOverlap) {
             for (const std::size_t fields : {0U, 5U})
                 for (const std::size_t buttons : {0U, 1U, 6U}) {
                     const ScreenLayout layout = layOutScreen({width, height, 5, fields, buttons});
-                    EXPECT_EQ(area(layout.fields) + area(layout.page) + area(layout.touchBar),
-                              width * height);
+                    EXPECT_EQ(area(layout.fields) + area(layout.page) + area(layout.touchBar), width * height);
                     EXPECT_GE(area(layout.page), width * height * 0.4) << width << "x" << height;
                     double buttonArea = 0;
                     for (const Rect& button : layout.buttons) {
@@ -69,8 +66,7 @@ TEST(ScreenLayout, PartsFillTheWindowWithoutOverlap) {
 }
 
 TEST(ScreenLayout, ATapFindsItsButton) {
-    const ScreenLayout layout =
-        layOutScreen({.width = 800, .height = 480, .fieldCount = 5, .buttonCount = 6});
+    const ScreenLayout layout = layOutScreen({.width = 800, .height = 480, .fieldCount = 5, .buttonCount = 6});
     EXPECT_EQ(layout.buttonAt({0, 479}), 0U);
     EXPECT_EQ(layout.buttonAt({132.9, 440}), 0U);
     EXPECT_EQ(layout.buttonAt({133, 440}), 1U);
@@ -79,5 +75,4 @@ TEST(ScreenLayout, ATapFindsItsButton) {
     EXPECT_EQ(layout.buttonAt({800, 440}), std::nullopt);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,8 +1,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <string>
-#include <vector>
 
 #include "gps/ConnectionMonitor.h"
 #include "gps/FakePorts.h"
@@ -12,8 +10,7 @@
 #include "platform/RegistryProfile.h"
 #include "platform/TempFolder.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 namespace fs = std::filesystem;
 
@@ -47,9 +44,7 @@ class ConnectionMonitorTest : public GpsTest, protected LineListener {
     }
     /// The receiver says so, and the next tick decodes it.
     void say(std::initializer_list<const char*> bodies) {
-        for (const char* body : bodies) {
-            input_.onSentence(sentence(body));
-        }
+        for (const char* body : bodies) { input_.onSentence(sentence(body)); }
         monitor().gpsTick();
     }
     void setFlags(std::uint32_t flags, int fixQuality = 0) {
@@ -57,16 +52,13 @@ class ConnectionMonitorTest : public GpsTest, protected LineListener {
         shared->sentenceFlags = flags;
         shared->fixQuality = fixQuality;
     }
-    ProfileEntries storedEntries() const {
-        return parseProfile(readWholeFile(profile_.path()).value_or(""));
-    }
+    ProfileEntries storedEntries() const { return parseProfile(readWholeFile(profile_.path()).value_or("")); }
 
     struct Rig {
         Rig(ConnectionMonitorTest& test, const SerialDeviceOpener& opener)
             : gpsPort(opener, test.clock_),
               gyroPort(opener, test.clock_),
-              monitor({gpsPort, gyroPort, test, test.input_, test.surroundings_, test.profile_,
-                       test.clock_}) {}
+              monitor({gpsPort, gyroPort, test, test.input_, test.surroundings_, test.profile_, test.clock_}) {}
         ~Rig() { gpsPort.close(); }
 
         SerialPort gpsPort;
@@ -120,24 +112,21 @@ TEST_F(ConnectionMonitorTest, StatusTellsHowFarTheConnectionHasCome) {
 TEST_F(ConnectionMonitorTest, LabelNamesThePortInUse) {
     EXPECT_EQ(monitor().portLabel(true), "");
     EXPECT_EQ(monitor().connectionStatus(false), "No Gps Rcvr Activity");
-    for (const auto& [setting, label] : {std::pair{"COM12:,115200,N,8,1", "COM12 115200"},
-                                         {"COM1:,9600", "COM1 9600"},
-                                         {"COM1", "COM1"}}) {
+    for (const auto& [setting, label] :
+         {std::pair{"COM12:,115200,N,8,1", "COM12 115200"}, {"COM1:,9600", "COM1 9600"}, {"COM1", "COM1"}}) {
         monitor().choosePort({.gps = setting, .gyroPort = "COM7", .gyroBaud = "57600"});
         EXPECT_EQ(monitor().portLabel(true), label);
         EXPECT_EQ(monitor().portLabel(false), "COM7 57600");
     }
-    monitor().choosePort(
-        {.gps = "COM1:,9600,N,8,1", .viaGyro = true, .gyroPort = "COM7", .gyroBaud = "57600"});
+    monitor().choosePort({.gps = "COM1:,9600,N,8,1", .viaGyro = true, .gyroPort = "COM7", .gyroBaud = "57600"});
     EXPECT_EQ(status(), "COM7 57600\nNo Gps Rcvr Activity") << "the port that carries the data";
 }
 
 TEST_F(ConnectionMonitorTest, ScanTriesEveryPortAndDwellsLongerEachTime) {
-    const char* const table[] = {"COM1: 9600", "COM1: 4800", "COM2: 9600",  "COM2: 4800",
-                                 "COM3: 9600", "COM3: 4800", "COM4: 9600",  "COM4: 4800",
-                                 "COM5: 9600", "COM5: 4800", "COM6: 38400", "COM6: 9600",
-                                 "COM6: 4800", "COM7: 9600", "COM7: 4800",  "COM8: 9600",
-                                 "COM8: 4800", "COM9: 9600", "COM9: 4800"};
+    const char* const table[] = {"COM1: 9600",  "COM1: 4800", "COM2: 9600", "COM2: 4800", "COM3: 9600",
+                                 "COM3: 4800",  "COM4: 9600", "COM4: 4800", "COM5: 9600", "COM5: 4800",
+                                 "COM6: 38400", "COM6: 9600", "COM6: 4800", "COM7: 9600", "COM7: 4800",
+                                 "COM8: 9600",  "COM8: 4800", "COM9: 9600", "COM9: 4800"};
     std::vector<std::string> expected;
     for (const std::int64_t dwellMs : {3000, 3500, 4000}) {
         for (const std::string entry : table) {
@@ -153,11 +142,10 @@ TEST_F(ConnectionMonitorTest, ScanTriesEveryPortAndDwellsLongerEachTime) {
 }
 
 TEST_F(ConnectionMonitorTest, ScanPassesOverPortsThatDoNotOpen) {
-    const std::pair<SystemError, const char*> failures[] = {
-        {kErrorFileNotFound, "Invalid Port"},
-        {kErrorAccessDenied, "Port already open!"},
-        {kErrorDeviceDoesNotExist, "Used or Non-existent Port!"},
-        {31, "Port Open Failed=31"}};
+    const std::pair<SystemError, const char*> failures[] = {{kErrorFileNotFound, "Invalid Port"},
+                                                            {kErrorAccessDenied, "Port already open!"},
+                                                            {kErrorDeviceDoesNotExist, "Used or Non-existent Port!"},
+                                                            {31, "Port Open Failed=31"}};
     std::vector<std::string> expected;
     for (int port = 1; port <= 9; ++port) {
         const std::string name = "COM" + std::to_string(port);
@@ -207,8 +195,7 @@ TEST_F(ConnectionMonitorTest, SilentReceiverIsDeadAfterFiveSeconds) {
     EXPECT_EQ(fix().groundSpeedKt, 10.5) << "what was told stays, its age tells";
     EXPECT_EQ(status(), "COM3 4800\nNo Gps Rcvr Activity");
     tickAfter(20000);
-    EXPECT_EQ(trace(), (std::vector<std::string>{"bGpsDead=TRUE -1 5001 1 5000",
-                                                 "*** gps commands not received ***"}))
+    EXPECT_EQ(trace(), (std::vector<std::string>{"bGpsDead=TRUE -1 5001 1 5000", "*** gps commands not received ***"}))
         << "declared once";
 
     say({kRmc, kGga});
@@ -258,13 +245,10 @@ TEST_F(ConnectionMonitorTest, FindsAReceiverOnARealLine) {
     device.pop_back();  // the colon
     // Links that lead nowhere stand before the one that does, whatever this machine has.
     for (int port = 1; port <= 9; ++port) {
-        fs::create_symlink(port == 6 ? device : "/nonexistent",
-                           folder_.path() / ("com" + std::to_string(port)));
+        fs::create_symlink(port == 6 ? device : "/nonexistent", folder_.path() / ("com" + std::to_string(port)));
     }
     use(systemSerialDeviceOpener(folder_.path()));
-    for (int port = 1; port <= 5; ++port) {
-        EXPECT_EQ(status(), "COM" + std::to_string(port) + " 9600\nInvalid Port");
-    }
+    for (int port = 1; port <= 5; ++port) { EXPECT_EQ(status(), "COM" + std::to_string(port) + " 9600\nInvalid Port"); }
     EXPECT_EQ(status(), "COM6 38400\nNo Gps Rcvr Activity");
     for (const char* body : {kRmc, kGga}) {
         ASSERT_TRUE(receiver->write(sentence(body) + "\r\n", std::chrono::seconds(30)));
@@ -275,5 +259,4 @@ TEST_F(ConnectionMonitorTest, FindsAReceiverOnARealLine) {
     EXPECT_EQ(storedEntries().at("Options.Port"), "COM6:,38400,N,8,1");
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -20,9 +20,7 @@ template <class Condition>
 bool eventually(const Condition& holds) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
     while (!holds()) {
-        if (std::chrono::steady_clock::now() > deadline) {
-            return false;
-        }
+        if (std::chrono::steady_clock::now() > deadline) { return false; }
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     return true;
@@ -43,9 +41,7 @@ class FakePorts {
         };
     }
 
-    void refuse(const std::string& name, SystemError error) {
-        state_.lock()->refusals[name] = error;
-    }
+    void refuse(const std::string& name, SystemError error) { state_.lock()->refusals[name] = error; }
     void send(std::string_view bytes) { state_.lock()->arriving += bytes; }
     /// What reads answer from now on; for a device that is gone.
     void fail(SystemError error) { state_.lock()->readError = error; }

@@ -1,12 +1,8 @@
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "gps/LineSplitter.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 /// All whole lines; "<long>" for each that is dropped.
 std::vector<std::string> takeLines(LineSplitter& splitter, std::size_t longest = 159) {
@@ -40,12 +36,8 @@ TEST(LineSplitter, CutsLinesOutOfChunks) {
         {"its end in two chunks", {flood, "tail\r", "\n$A\r\n"}, {"$A"}},
         {"a second CR before the LF", {flood, "tail\r", "\r\n$A\r\n"}, {"$A"}},
         {"no LF after the CR", {flood, "tail\r", "$B\r\n$A\r\n"}, {"$A"}},
-        {"the match starts again at the overflow",
-         {std::string(1023, 'x') + "\r", "\n$B\r\n$A\r\n"},
-         {"$A"}},
-        {"an exactly full buffer is none",
-         {std::string(1022, 'x'), "\r\n", "$A\r\n"},
-         {"<long>", "$A"}},
+        {"the match starts again at the overflow", {std::string(1023, 'x') + "\r", "\n$B\r\n$A\r\n"}, {"$A"}},
+        {"an exactly full buffer is none", {std::string(1022, 'x'), "\r\n", "$A\r\n"}, {"<long>", "$A"}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -53,9 +45,7 @@ TEST(LineSplitter, CutsLinesOutOfChunks) {
         std::vector<std::string> lines;
         for (const std::string& chunk : c.chunks) {
             splitter.append(chunk);
-            for (std::string& line : takeLines(splitter)) {
-                lines.push_back(std::move(line));
-            }
+            for (std::string& line : takeLines(splitter)) { lines.push_back(std::move(line)); }
         }
         EXPECT_EQ(lines, c.lines);
         EXPECT_FALSE(splitter.isResyncing());
@@ -102,5 +92,4 @@ TEST(LineSplitter, OtherDelimiters) {
     EXPECT_EQ(takeLines(splitter, 4), (std::vector<std::string>{"byte", "s\r\n"}));
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -60,14 +60,11 @@ class [[nodiscard]] RunningPort {
 /// Collects lines; optionally does something on the port's thread for each.
 class LineCollector final : public LineListener {
  public:
-    explicit LineCollector(std::function<void(SerialPort&, std::string_view)> also = {})
-        : also_(std::move(also)) {}
+    explicit LineCollector(std::function<void(SerialPort&, std::string_view)> also = {}) : also_(std::move(also)) {}
 
     void onLine(SerialPort& port, std::string_view text) override {
         lines_.change([&](auto& lines) { lines.emplace_back(text.data()); });
-        if (also_) {
-            also_(port, text);
-        }
+        if (also_) { also_(port, text); }
     }
 
     /// The lines once there are `count`, or as many as came until the deadline.

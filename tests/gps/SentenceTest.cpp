@@ -5,12 +5,10 @@
 #include "GpsFixture.h"
 #include "nav/Geodesy.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 constexpr std::string_view kRmc = "GPRMC,092204.999,A,4250.5589,S,14718.5084,E,10.5,89.68,211200,,";
-constexpr std::string_view kGga =
-    "GPGGA,092204.999,4730.0000,N,01015.0000,E,1,04,24.4,100.0,M,,,,0000";
+constexpr std::string_view kGga = "GPGGA,092204.999,4730.0000,N,01015.0000,E,1,04,24.4,100.0,M,,,,0000";
 
 double latDeg(const GpsFix& fix) { return fix.position.lat * kRadToDeg; }
 double lonDeg(const GpsFix& fix) { return fix.position.lon * kRadToDeg; }
@@ -53,9 +51,7 @@ TEST_F(SentenceReceiverTest, SaysWhyALineIsRefused) {
         input.onSentence(c.line);
         const std::vector<std::string> lines = input.store().takeTrace();
         ASSERT_EQ(lines.size(), c.tag.empty() ? 0U : 1U) << c.line;
-        if (!c.tag.empty()) {
-            EXPECT_EQ(lines[0], c.line.substr(0, c.line.find('\r')) + ":" + c.tag);
-        }
+        if (!c.tag.empty()) { EXPECT_EQ(lines[0], c.line.substr(0, c.line.find('\r')) + ":" + c.tag); }
         EXPECT_EQ(input.store().copy().sentenceFlags, c.flags) << c.line;
     }
 }
@@ -138,9 +134,8 @@ TEST_F(SentenceDecoderTest, VariationTurnsTheTrack) {
     };
     // Each one follows the one before.
     const Case cases[] = {
-        {"10.0,010100,3.1,E", -3.1, 6.9},   {"10.0,010100,,E", -3.1, 6.9},
-        {"2.0,010100,3.0,E", -3.0, 359},    {"358,010100,5,W,A", 5, 3},
-        {"10.0,010100,3.1,", kNoAngle, 10}, {"10.0,010100,3.1,e", kNoAngle, 10},
+        {"10.0,010100,3.1,E", -3.1, 6.9}, {"10.0,010100,,E", -3.1, 6.9},      {"2.0,010100,3.0,E", -3.0, 359},
+        {"358,010100,5,W,A", 5, 3},       {"10.0,010100,3.1,", kNoAngle, 10}, {"10.0,010100,3.1,e", kNoAngle, 10},
         {"1000,010100,3,W", 3, kNoAngle},
     };
     for (const Case& c : cases) {
@@ -214,25 +209,20 @@ TEST_F(SentenceDecoderTest, SatelliteCycleFillsTheTable) {
     EXPECT_EQ(table[8], (((90U << 9 | 1U) << 8 | 50U) << 8 | 40U) | 0x80U);
 
     feed("GPGSV,1,1,02,15,45,200,38,02,45,010,20");
-    EXPECT_EQ(fix().satellites[0], ((45U << 9 | 200U) << 8 | 38U) << 8 | 15U)
-        << "the used list ends with its cycle";
+    EXPECT_EQ(fix().satellites[0], ((45U << 9 | 200U) << 8 | 38U) << 8 | 15U) << "the used list ends with its cycle";
     EXPECT_EQ(fix().satellites[8], 0U);
 }
 
 TEST_F(SentenceDecoderTest, OddSatelliteSentencesStayWithinTheTable) {
     input_.satellitesForDisplay();
-    for (const char* numbers :
-         {"4,4", "0,0", "-1,-1", "2147483647,2147483647", "-2147483648,-2147483648"}) {
+    for (const char* numbers : {"4,4", "0,0", "-1,-1", "2147483647,2147483647", "-2147483648,-2147483648"}) {
         feed("GPGSV,3,1,12,15,45,200,38");
         feed(std::string("GPGSV,") + numbers + ",12,16,45,200,38");
         EXPECT_EQ(fix().satellites[0] & 0x7FU, 15U) << numbers << " completes the cycle";
-        for (std::size_t i = 1; i < kSatelliteSlots; ++i) {
-            EXPECT_EQ(fix().satellites.at(i), 0U) << numbers;
-        }
+        for (std::size_t i = 1; i < kSatelliteSlots; ++i) { EXPECT_EQ(fix().satellites.at(i), 0U) << numbers; }
     }
     feed("GPGSV,1,1,1,-99999999999,999,-999,999");
-    EXPECT_EQ(fix().satellites[0],
-              ((999U & 0x7F) << 25) | ((0U - 999U) & 0x1FF) << 16 | (999U & 0xFF) << 8);
+    EXPECT_EQ(fix().satellites[0], ((999U & 0x7F) << 25) | ((0U - 999U) & 0x1FF) << 16 | (999U & 0xFF) << 8);
 }
 
 TEST_F(SentenceDecoderTest, TooShortSentencesChangeNothing) {
@@ -244,8 +234,7 @@ TEST_F(SentenceDecoderTest, TooShortSentencesChangeNothing) {
     input_.store().setTracing(true);
     for (const Case& c :
          {Case{"GPRMC,1,A,4250.5589,S,14718.5084,E,10.5,89.68,211200,", " RMC FAILED"},
-          Case{"GPVTG,1,T,2,M,3,N,4", " VTG FAILED"},
-          Case{"GPGGA,1,4730.0,N,01015.0,E,1,04,1,9,M,,", " GGA FAILED"},
+          Case{"GPVTG,1,T,2,M,3,N,4", " VTG FAILED"}, Case{"GPGGA,1,4730.0,N,01015.0,E,1,04,1,9,M,,", " GGA FAILED"},
           Case{"GPGSA,A,3,1,2,3,,,,,,,,,,1,1", " GSA FAILED"}, Case{"GPGSV,1,1,01", " GSV FAILED"},
           Case{"GPGSV,3,1,12,1,2,3,4,1,2,3,4,1,2,3,4,1,2,3", " GSV FAILED"},
           Case{"GPRMC,1,V,,,,,,,,,", " RMC NOT LOCKED"}}) {
@@ -290,8 +279,7 @@ TEST(SbasStart, IsDecidedOnceByPlaceAndSpeed) {
         surroundings.port = c.port;
         GpsInput input(clock, surroundings);
         for (int repeat = 0; repeat < 2; ++repeat) {
-            const std::string gga =
-                sentence("GPGGA,1," + std::string(c.position) + ",1,04,1,9,M,,,,");
+            const std::string gga = sentence("GPGGA,1," + std::string(c.position) + ",1,04,1,9,M,,,,");
             input.decoder().decodeSentence(gga, clock.tickMs());
         }
         EXPECT_EQ(surroundings.sent, c.sent) << c.port << " at " << c.position;
@@ -322,17 +310,15 @@ TEST_P(ReceiverLogs, EndWhereAnotherDecoderSaysTheyDo) {
     EXPECT_EQ(fix().satsInUse, expected.satsInUse);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Nmea, ReceiverLogs,
-    testing::Values(LogCase{"garmin25lp.log", 42.356496667, 13.367966667, 2447, 1, 3},
-                    LogCase{"navika-100-fix.log", 37.965442500, -122.532424333, 30, 1, 5},
-                    LogCase{"ublox-lea-5h.log", 51.925886167, 4.577625333, 4, 1, 8}),
-    [](const auto& test) {
-        std::string name = test.param.file;
-        name.resize(name.find('.'));
-        std::erase(name, '-');
-        return name;
-    });
+INSTANTIATE_TEST_SUITE_P(Nmea, ReceiverLogs,
+                         testing::Values(LogCase{"garmin25lp.log", 42.356496667, 13.367966667, 2447, 1, 3},
+                                         LogCase{"navika-100-fix.log", 37.965442500, -122.532424333, 30, 1, 5},
+                                         LogCase{"ublox-lea-5h.log", 51.925886167, 4.577625333, 4, 1, 8}),
+                         [](const auto& test) {
+                             std::string name = test.param.file;
+                             name.resize(name.find('.'));
+                             std::erase(name, '-');
+                             return name;
+                         });
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,10 +1,7 @@
 #include <array>
 #include <atomic>
 #include <deque>
-#include <string>
 #include <thread>
-#include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -13,8 +10,7 @@
 #include "platform/Event.h"
 #include "platform/VirtualClock.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 /// What a fake device is told, and what it answers; outlives the device, which the port owns.
 struct Bench {
@@ -59,16 +55,12 @@ class FakeDevice final : public SerialDevice {
     Transfer read(std::span<char> into) override {
         Transfer transfer;
         bench_.script.change([&](auto& script) {
-            if (script.empty()) {
-                return;
-            }
+            if (script.empty()) { return; }
             Bench::Answer& answer = script.front();
             transfer.error = answer.error;
             transfer.count = answer.bytes.copy(into.data(), into.size());
             answer.bytes.erase(0, transfer.count);
-            if (answer.bytes.empty()) {
-                script.pop_front();
-            }
+            if (answer.bytes.empty()) { script.pop_front(); }
         });
         return transfer;
     }
@@ -95,8 +87,7 @@ class SerialPortTest : public testing::Test {
  protected:
     /// As if the device sent these, one after the other.
     void answer(const std::vector<Bench::Answer>& answers) {
-        bench_.script.change(
-            [&](auto& script) { script.insert(script.end(), answers.begin(), answers.end()); });
+        bench_.script.change([&](auto& script) { script.insert(script.end(), answers.begin(), answers.end()); });
     }
 
     bool waitUntilScriptIsUsedUp() {
@@ -136,8 +127,7 @@ TEST_F(SerialPortTest, OpensAt4800AsTheTimeoutsWant) {
     EXPECT_EQ(port_.devicePath(), R"(\\.\COM3:)");
     EXPECT_EQ(port_.portNumber(), 3);
     EXPECT_EQ(port_.settings(), "COM3:,4800,E,7,2");
-    EXPECT_EQ(bench_.line,
-              (LineSettings{.baud = 4800, .xonXoffOutput = true, .replaceErrors = true}));
+    EXPECT_EQ(bench_.line, (LineSettings{.baud = 4800, .xonXoffOutput = true, .replaceErrors = true}));
     EXPECT_EQ(bench_.timeouts, (SerialTimeouts{4, 3, 5, 0, 0}));
 
     EXPECT_EQ(port_.open("COM4:,4800"), "Port already open!");
@@ -148,9 +138,8 @@ TEST_F(SerialPortTest, OpensAt4800AsTheTimeoutsWant) {
 
 TEST_F(SerialPortTest, TheSpeedIsWhatTheTextBeginsWith) {
     const std::vector<std::pair<std::string, std::uint32_t>> cases = {
-        {"9600", 9600},   {"4800,N", 4800},    {"2400", 2400},   {"14400", 14400},
-        {"19200", 19200}, {"38400", 38400},    {"57600", 57600}, {"115200", 115200},
-        {"1200", 1200},   {"1152000", 115200}, {"12000", 1200}};
+        {"9600", 9600},   {"4800,N", 4800},   {"2400", 2400}, {"14400", 14400},    {"19200", 19200}, {"38400", 38400},
+        {"57600", 57600}, {"115200", 115200}, {"1200", 1200}, {"1152000", 115200}, {"12000", 1200}};
     for (const auto& [text, baud] : cases) {
         EXPECT_EQ(port_.open("COM1:," + text), "") << text;
         EXPECT_EQ(bench_.line.baud, baud) << text;
@@ -213,8 +202,7 @@ TEST_F(SerialPortTest, SixFailuresInARowEndTheReading) {
     EXPECT_TRUE(waitUntilScriptIsUsedUp());
     EXPECT_FALSE(port_.hasReadFailed());
 
-    answer(
-        {{0, "$B\r\n"}, {87, ""}, {87, ""}, {87, ""}, {87, ""}, {87, ""}, {87, ""}, {0, "$C\r\n"}});
+    answer({{0, "$B\r\n"}, {87, ""}, {87, ""}, {87, ""}, {87, ""}, {87, ""}, {87, ""}, {0, "$C\r\n"}});
     bench_.script.waitUntil([](const auto& script) { return script.size() == 1; });
     port_.write("still served");
     EXPECT_TRUE(bench_.sent.waitUntil([](const auto& sent) { return sent == "still served"; }));
@@ -262,8 +250,7 @@ TEST_F(SerialPortTest, ActivityIsMoreThanTwoBytesWithinFiveSeconds) {
 TEST_F(SerialPortTest, WritesAreQueuedTracedAndSentInOrderAlsoByAListener) {
     Watched<std::vector<std::string>> traced;
     port_.setTrace([&](std::string_view bytes, std::string_view tag) {
-        traced.change(
-            [&](auto& lines) { lines.push_back(std::string(tag) + " " + std::string(bytes)); });
+        traced.change([&](auto& lines) { lines.push_back(std::string(tag) + " " + std::string(bytes)); });
     });
     LineCollector lines([](SerialPort& port, std::string_view) {
         port.write("one,");
@@ -275,16 +262,13 @@ TEST_F(SerialPortTest, WritesAreQueuedTracedAndSentInOrderAlsoByAListener) {
     const RunningPort running = run(&lines);
     EXPECT_TRUE(bench_.sent.waitUntil([](const auto& sent) { return sent == "one,two"; }));
     EXPECT_TRUE(traced.waitUntil([](const auto& all) { return all.size() == 4; }));
-    EXPECT_EQ(traced.get(),
-              (std::vector<std::string>{"rcv ASTRAL\r\n", "wrt one,", "wrt two", "xmt one,two"}));
+    EXPECT_EQ(traced.get(), (std::vector<std::string>{"rcv ASTRAL\r\n", "wrt one,", "wrt two", "xmt one,two"}));
 }
 
 TEST_F(SerialPortTest, ADeviceThatTakesNoOutputHoldsUpNeitherWriterNorClose) {
     bench_.takesOutput = false;
     const RunningPort running = run(nullptr);
-    for (int i = 0; i < 6; ++i) {
-        port_.write(std::string(255, 'x'));
-    }
+    for (int i = 0; i < 6; ++i) { port_.write(std::string(255, 'x')); }
     port_.close();
     EXPECT_TRUE(bench_.closed);
     EXPECT_EQ(bench_.sent.get(), "");
@@ -321,9 +305,8 @@ TEST_F(SerialPortTest, DetachingWaitsForTheDeliveryInProgress) {
 TEST_F(SerialPortTest, LinesStayBufferedUntilSomebodyTakesThem) {
     LineCollector lines;
     Watched<std::string> received;
-    port_.setTrace([&](std::string_view bytes, std::string_view) {
-        received.change([&](std::string& all) { all += bytes; });
-    });
+    port_.setTrace(
+        [&](std::string_view bytes, std::string_view) { received.change([&](std::string& all) { all += bytes; }); });
     answer({{kNoError, "$A\r\n$B\r\n"}});
     const RunningPort running = run(nullptr);
     ASSERT_TRUE(received.waitUntil([](const auto& all) { return all == "$A\r\n$B\r\n"; }));
@@ -338,5 +321,4 @@ TEST_F(SerialPortTest, LinesStayBufferedUntilSomebodyTakesThem) {
     EXPECT_EQ(lines.waitFor(2), (std::vector<std::string>{"$B", "$C"}));
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -8,8 +8,7 @@
 #include "nav/TemporaryFolder.h"
 #include "nav/TrackRecorder.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 using Vector = std::array<double, 3>;
 
@@ -77,9 +76,7 @@ TEST_F(ActiveNavigationTest, CrossTrackAgreesWithVectors) {
     for (int i = 0; i < 200; ++i) {
         const GeoPoint start = degrees(60 + 20 * unit(random), 10 + 60 * unit(random));
         const GeoPoint far = degrees(60, 10);
-        if (DistanceNm(start, far) < 60) {
-            continue;
-        }
+        if (DistanceNm(start, far) < 60) { continue; }
         aircraft_.position = start;
         navigation_.NavUpdate(aircraft_);
         ASSERT_EQ(navigation_.DirectTo("FAR", ""), "Direct to FAR name");
@@ -88,8 +85,7 @@ TEST_F(ActiveNavigationTest, CrossTrackAgreesWithVectors) {
         const NavigationState state = at(lat, lon);
         const double expected = crossTrackByVectors(start, far, degrees(lat, lon));
         EXPECT_NEAR(state.crossTrackNm, expected, 1e-6);
-        EXPECT_NEAR(state.offCourseDeg,
-                    std::asin(expected / DistanceNm(degrees(lat, lon), far)) * kRadToDeg, 1e-6);
+        EXPECT_NEAR(state.offCourseDeg, std::asin(expected / DistanceNm(degrees(lat, lon), far)) * kRadToDeg, 1e-6);
         EXPECT_NEAR(state.desiredTrack, TrueCourseDeg(start, far), 1e-9);
     }
 }
@@ -195,9 +191,7 @@ TEST_F(ActiveNavigationTest, DescendsToTheNextAltitudeOfThePlan) {
 TEST_F(ActiveNavigationTest, RecordsTheTrackAndTheFlight) {
     ActiveNavigation::Options options{.tracking = true};
     const auto flyOn = [&](int ticks) {
-        for (int i = 0; i < ticks; ++i) {
-            at(0, aircraft_.position.lon * kRadToDeg + 0.001);
-        }
+        for (int i = 0; i < ticks; ++i) { at(0, aircraft_.position.lon * kRadToDeg + 0.001); }
     };
     aircraft_.position = degrees(0, 0);
     flyOn(1);
@@ -229,5 +223,4 @@ TEST_F(ActiveNavigationTest, TheSimulatorFindsItsWay) {
     EXPECT_FALSE(log_.inFlight()) << "simulated flights are not logged";
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

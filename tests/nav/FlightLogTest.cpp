@@ -5,8 +5,7 @@
 #include "nav/TemporaryFolder.h"
 #include "platform/VirtualClock.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 TEST(FlightTime, RoundsMinutesAndTenthsUp) {
     EXPECT_EQ(flightTimeText(0), "0,0.0");
@@ -68,8 +67,7 @@ TEST_F(FlightLogTest, WritesOneLineForEachFlight) {
     place_ = "";
     fly(log, 90, 60);
     log.close();
-    EXPECT_EQ(folder_.read("log.txt"),
-              "20260501,10:00,EDVV,10:11,EDDH,12,0.2\r\n20260501,,,10:12,,1,0.1\r\n");
+    EXPECT_EQ(folder_.read("log.txt"), "20260501,10:00,EDVV,10:11,EDDH,12,0.2\r\n20260501,,,10:12,,1,0.1\r\n");
 }
 
 TEST_F(FlightLogTest, AKilledProgramLosesAtMostFiveSeconds) {
@@ -94,5 +92,4 @@ TEST_F(FlightLogTest, AKilledProgramLosesAtMostFiveSeconds) {
     EXPECT_EQ(folder_.read("log.txt"), before + "\r\n" + line) << "killed after the line was done";
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,8 +1,7 @@
 #include "nav/FlightPlan.h"
 #include "nav/PlacesFixture.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 /// Waypoints A to E on the equator, 30 NM apart from west to east.
 class FlightPlanTest : public testing::Test {
@@ -22,16 +21,10 @@ class FlightPlanTest : public testing::Test {
     /// The chosen waypoint's letter and the letter of the leg's start, "-" for none. The aircraft
     /// stands so many NM east of A and north of the equator.
     std::string choose(double eastNm, double northNm, double trackMag) {
-        const auto leg = plan_.ChooseActiveLeg(
-            {.position = degrees(northNm / 60, eastNm / 60), .trackMag = trackMag});
-        if (!leg) {
-            return "none";
-        }
+        const auto leg = plan_.ChooseActiveLeg({.position = degrees(northNm / 60, eastNm / 60), .trackMag = trackMag});
+        if (!leg) { return "none"; }
         std::string letters(1, leg->waypoint->key.back());
-        return letters +
-               (leg->start
-                    ? static_cast<char>('A' + RoundToInt(leg->start->lon / (0.5 * kDegToRad)))
-                    : '-');
+        return letters + (leg->start ? static_cast<char>('A' + RoundToInt(leg->start->lon / (0.5 * kDegToRad))) : '-');
     }
 
     FlightPlan plan_;
@@ -44,12 +37,12 @@ TEST_F(FlightPlanTest, FliesFromWaypointToWaypoint) {
         double trackMag;
         std::string_view chosen;
     };
-    constexpr Step kSteps[] = {{0.5, 0, 90, "BA"},      // takes off at A
-                               {28.9, 0, 90, "BA"},     // 1.1 NM before B
-                               {29.1, 0, 90, "CB"},     // 0.9
-                               {57.5, 1.0, 330, "CB"},  // 2.7 NM, turned away from C, but not to D
-                               {62.0, -0.5, 90, "DC"},  // past C by 2 NM, on the way to D
-                               {40, 0, 270, "DC"},      // going back changes nothing
+    constexpr Step kSteps[] = {{0.5, 0, 90, "BA"},         // takes off at A
+                               {28.9, 0, 90, "BA"},        // 1.1 NM before B
+                               {29.1, 0, 90, "CB"},        // 0.9
+                               {57.5, 1.0, 330, "CB"},     // 2.7 NM, turned away from C, but not to D
+                               {62.0, -0.5, 90, "DC"},     // past C by 2 NM, on the way to D
+                               {40, 0, 270, "DC"},         // going back changes nothing
                                {90, 0.5, kNoAngle, "ED"},  // the track is not known
                                {120, 0, 90, "ED"},         // the last one stays
                                {180, 0, 90, "ED"}};
@@ -117,5 +110,4 @@ TEST_F(FlightPlanTest, FindsTheNextAltitudeAlongTheLegs) {
     EXPECT_FALSE(plan_.constraint(present));
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -8,8 +8,7 @@
 #include "nav/Variation.h"
 #include "nav/WholeDegreeTrig.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 constexpr double kMetre = 1 / 6371000.0;  // in radians of arc
 
@@ -104,9 +103,8 @@ TEST(Geodesy, HeadingDifferenceTurnsTheShorterWay) {
         double from, to;
         int turn;
     };
-    for (const Case& c :
-         {Case{10, 350, -20}, Case{350, 10, 20}, Case{0, 180, 180}, Case{180, 0, -180},
-          Case{359.6, 0.4, 0}, Case{90, 271, -179}, Case{271, 90, 179}, Case{1, 182, -179}}) {
+    for (const Case& c : {Case{10, 350, -20}, Case{350, 10, 20}, Case{0, 180, 180}, Case{180, 0, -180},
+                          Case{359.6, 0.4, 0}, Case{90, 271, -179}, Case{271, 90, 179}, Case{1, 182, -179}}) {
         EXPECT_EQ(HeadingDifferenceDeg(c.from, c.to), c.turn) << c.from << " to " << c.to;
     }
 }
@@ -148,5 +146,4 @@ TEST(Variation, ReceiverFirstThenDatabaseThenNone) {
     EXPECT_EQ(variation.MagneticToTrue(kNoAngle), kNoAngle);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

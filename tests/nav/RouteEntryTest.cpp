@@ -5,8 +5,7 @@
 #include "nav/RouteEntry.h"
 #include "navdb/TestDatabase.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 TEST(RouteWords, SplitAtSpacesAndLineFeeds) {
     EXPECT_EQ(SplitWords(" A\r\nB  \tC\t D\rE\n"), (std::vector<std::string>{"A", "B", "C", "DE"}));
@@ -53,9 +52,7 @@ TEST(AirwayCrossing, FindsWhereSegmentsCross) {
 class RouteEntryTest : public PlacesFixture {
  protected:
     RouteEntryTest() {
-        for (int i = 0; i < 5; ++i) {
-            place("f." + std::string(1, static_cast<char>('A' + i)), 0, i);
-        }
+        for (int i = 0; i < 5; ++i) { place("f." + std::string(1, static_cast<char>('A' + i)), 0, i); }
         place("v.N", 2, 2.0);
         place("f.NN", 1, 2.0);
         place("f.SS", -1, 2.0);
@@ -84,40 +81,36 @@ TEST_F(RouteEntryTest, ExpandsAirwaysInBothDirections) {
         std::string_view route;
         std::string_view expected;
     };
-    constexpr Case kCases[] = {
-        {"", ""},
-        {"KX A", "KX A"},
-        {"A @V1 D", "A B C D"},
-        {"E @V1 B@-1.5 KX", "E D C B@-1.5 KX"},
-        {"A@4.5 @V1 B", "A@4.5 B"},
-        {"f.A @V1 f.C", "f.A B f.C"},
-        {"A V1 D", "A V1 D"},  // there is a place of that name
-        // joined at the common fix
-        {"B @V1 @V2 S", "B C SS S"},
-        {"E @V1 V2 N@20", "E D C NN N@20"},
-        {"C @V1 V2 N", "C C NN N"},
-        // joined where they cross
-        {"A @V1 V3 Q", "A B C f.F-1 QQ Q"},
-        {"E @V1 V3 P", "E D f.F-1 PP P"},
-        {"P V3 @V1 A", "P PP f.F-1 C B A"},
-        {"P V3 @V1 V2 S", "P PP f.F-1 C SS S"},
-        {"f.F-1 A", "f.F-1 A"},
-        // the errors, with the word to be shown
-        {"V23 A", "V23 navaid/airway not found or data expired!|V23"},
-        {"A V23@20 B", "V23 navaid/airway not found or data expired!|V23@20"},
-        {"V2 C V2 S", "No leading fix found for V2 airway!|V2"},
-        {"A @V1", "No trailing fix found for V1 airway!|@V1"},
-        {"A @V4 E", "Fix GONE of V4 airway not found!|@V4"},
-        {"N @V1 E", "Fix N of V1 airway not found!|@V1"},
-        {"A @V1 N", "Fix N of V1 airway not found!|@V1"},
-        {"S V2 V3 NOWHERE", "Fix V3 of V2 airway not found!|V2"},
-        {"P V3 @V1 NOWHERE", "Fix NOWHERE of V1 airway not found!|@V1"},
-        {"A @V1 V3 NOWHERE", "Fix V3 of V1 airway not found!|@V1"}};
-    for (const Case& c : kCases) {
-        EXPECT_EQ(expand(c.route), c.expected) << c.route;
-    }
-    const std::string invalid =
-        "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft).|";
+    constexpr Case kCases[] = {{"", ""},
+                               {"KX A", "KX A"},
+                               {"A @V1 D", "A B C D"},
+                               {"E @V1 B@-1.5 KX", "E D C B@-1.5 KX"},
+                               {"A@4.5 @V1 B", "A@4.5 B"},
+                               {"f.A @V1 f.C", "f.A B f.C"},
+                               {"A V1 D", "A V1 D"},  // there is a place of that name
+                               // joined at the common fix
+                               {"B @V1 @V2 S", "B C SS S"},
+                               {"E @V1 V2 N@20", "E D C NN N@20"},
+                               {"C @V1 V2 N", "C C NN N"},
+                               // joined where they cross
+                               {"A @V1 V3 Q", "A B C f.F-1 QQ Q"},
+                               {"E @V1 V3 P", "E D f.F-1 PP P"},
+                               {"P V3 @V1 A", "P PP f.F-1 C B A"},
+                               {"P V3 @V1 V2 S", "P PP f.F-1 C SS S"},
+                               {"f.F-1 A", "f.F-1 A"},
+                               // the errors, with the word to be shown
+                               {"V23 A", "V23 navaid/airway not found or data expired!|V23"},
+                               {"A V23@20 B", "V23 navaid/airway not found or data expired!|V23@20"},
+                               {"V2 C V2 S", "No leading fix found for V2 airway!|V2"},
+                               {"A @V1", "No trailing fix found for V1 airway!|@V1"},
+                               {"A @V4 E", "Fix GONE of V4 airway not found!|@V4"},
+                               {"N @V1 E", "Fix N of V1 airway not found!|@V1"},
+                               {"A @V1 N", "Fix N of V1 airway not found!|@V1"},
+                               {"S V2 V3 NOWHERE", "Fix V3 of V2 airway not found!|V2"},
+                               {"P V3 @V1 NOWHERE", "Fix NOWHERE of V1 airway not found!|@V1"},
+                               {"A @V1 V3 NOWHERE", "Fix V3 of V1 airway not found!|@V1"}};
+    for (const Case& c : kCases) { EXPECT_EQ(expand(c.route), c.expected) << c.route; }
+    const std::string invalid = "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft).|";
     EXPECT_EQ(expand("A@x B"), invalid + "A@x");
     EXPECT_EQ(expand("A@20x"), invalid + "A@20x");
     EXPECT_EQ(expand("A @V1 D@"), invalid + "@V1");
@@ -140,8 +133,7 @@ TEST_F(RouteEntryTest, LooksEveryWordUpNearTheOneBefore) {
                           {degrees(0, 29), "A R", "v.R"},
                           {GeoPoint{}, "R", "v.R"}};
     for (const Case& c : cases) {
-        const RouteResult result =
-            RouteEntry(database_, fixes_, c.present).EnterRoute(c.route, true);
+        const RouteResult result = RouteEntry(database_, fixes_, c.present).EnterRoute(c.route, true);
         ASSERT_EQ(result.error, "");
         EXPECT_EQ(result.entries.back().record->key, c.expected) << c.route;
     }
@@ -155,17 +147,12 @@ TEST_F(RouteEntryTest, EntersRoutesFromADatabaseFile) {
     const TestFolder folder;
     ASSERT_EQ(database_.openFile(file.write(folder.path(), "airways.ng2")), "");
     RouteEntry entry(database_, fixes_, std::nullopt);
-    EXPECT_EQ(textsOf(entry.EnterRoute("A A B@1 @V1 V2 S@10 S@10", true).entries),
-              "A B@1 C SS S@10");
+    EXPECT_EQ(textsOf(entry.EnterRoute("A A B@1 @V1 V2 S@10 S@10", true).entries), "A B@1 C SS S@10");
     EXPECT_EQ(textsOf(entry.EnterRoute("C @V1 V2 S", true).entries), "C SS S");
-    constexpr std::string_view kFirstWords[][2] = {
-        {"V2 C", "V2 navaid/airway not found or data expired!"},
-        {"V2 C V2 S", "No leading fix found for V2 airway!"}};
-    for (const auto& [route, message] : kFirstWords) {
-        EXPECT_EQ(entry.EnterRoute(route, true).error, message);
-    }
-    EXPECT_EQ(entry.EnterRoute("A V2 C", false).error,
-              "V2 navaid/airway not found or data expired!");
+    constexpr std::string_view kFirstWords[][2] = {{"V2 C", "V2 navaid/airway not found or data expired!"},
+                                                   {"V2 C V2 S", "No leading fix found for V2 airway!"}};
+    for (const auto& [route, message] : kFirstWords) { EXPECT_EQ(entry.EnterRoute(route, true).error, message); }
+    EXPECT_EQ(entry.EnterRoute("A V2 C", false).error, "V2 navaid/airway not found or data expired!");
 }
 
 TEST_F(RouteEntryTest, ManyWaysToJoinDoNotTakeForEver) {
@@ -190,5 +177,4 @@ TEST(GeneratedFixes, AreOnePerPosition) {
     EXPECT_EQ(named->position.lat, degrees(1, 1).lat);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -3,8 +3,7 @@
 #include "nav/Geodesy.h"
 #include "nav/Simulator.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 TEST(Simulator, FliesByDeadReckoning) {
     Simulator simulator;
@@ -67,9 +66,8 @@ TEST(Simulator, SteersAfterFiveSecondsByAtMostFiveDegrees) {
         double bearing;
         std::int32_t heading;
     };
-    constexpr Case kCases[] = {{5000, 180, 90}, {5001, 180, 95}, {5501, kNoAngle, 95},
-                               {6001, 94, 99},  {6501, 86, 95},  {7001, 90.4, 95},
-                               {7501, 350, 90}};
+    constexpr Case kCases[] = {{5000, 180, 90}, {5001, 180, 95},  {5501, kNoAngle, 95}, {6001, 94, 99},
+                               {6501, 86, 95},  {7001, 90.4, 95}, {7501, 350, 90}};
     for (const Case& c : kCases) {
         simulator.steer(c.now, c.bearing);
         EXPECT_EQ(simulator.headingMag(), c.heading) << c.now;
@@ -79,5 +77,4 @@ TEST(Simulator, SteersAfterFiveSecondsByAtMostFiveDegrees) {
     EXPECT_EQ(simulator.headingMag(), 90);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

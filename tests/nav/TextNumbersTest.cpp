@@ -3,14 +3,12 @@
 #include <cstdio>
 #include <limits>
 #include <random>
-#include <string>
 
 #include <gtest/gtest.h>
 
 #include "nav/TextNumbers.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 /// What the C library makes of the text: the value and how many characters it took.
 struct LibraryScan {
@@ -44,20 +42,17 @@ void expectLikeLibrary(const std::string& text) {
 
 TEST(TextNumbers, ScansDecimalsLikeTheLibrary) {
     for (const char* text :
-         {"",      " ",      "+",      "-",         ".",       "-.",       "x",    "1",
-          " 1.5x", "\t-.5",  "5.",     "+7",        "--1",     "1e3",      "1E-3", "1e",
-          "1e+",   "1e-x",   "1.e2",   ".e2",       "0x1A",    "0x1.8p3",  "0X.8", "0x",
-          "0xg",   "0x1p",   "inf",    "-Infinity", "infin",   "infx",     "nan",  "NaNx",
-          "1e400", "-1e400", "1e-400", "1,5",       "4916.45", "00012.50", "1 2",  "1_000"}) {
+         {"",     " ",       "+",     "-",      ".",      "-.",   "x",       "1",         " 1.5x", "\t-.5",
+          "5.",   "+7",      "--1",   "1e3",    "1E-3",   "1e",   "1e+",     "1e-x",      "1.e2",  ".e2",
+          "0x1A", "0x1.8p3", "0X.8",  "0x",     "0xg",    "0x1p", "inf",     "-Infinity", "infin", "infx",
+          "nan",  "NaNx",    "1e400", "-1e400", "1e-400", "1,5",  "4916.45", "00012.50",  "1 2",   "1_000"}) {
         expectLikeLibrary(text);
     }
     std::mt19937 random(20260101);
     const std::string alphabet = "0123456789.+-eE inf";
     for (int i = 0; i < 200000; ++i) {
         std::string text;
-        for (std::size_t length = random() % 9; length > 0; --length) {
-            text += alphabet[random() % alphabet.size()];
-        }
+        for (std::size_t length = random() % 9; length > 0; --length) { text += alphabet[random() % alphabet.size()]; }
         expectLikeLibrary(text);
     }
 }
@@ -93,14 +88,9 @@ TEST(TextNumbers, ScansHexadecimal) {
         const char* text;
         std::optional<unsigned> value;
     };
-    const Case cases[] = {{"FF00ff", 0xFF00FFU},
-                          {" 0x255 0 0", 0x255U},
-                          {"255,1", 0x255U},
-                          {"#00FF", std::nullopt},
-                          {"g", std::nullopt},
-                          {"-1", 0xFFFFFFFFU},
-                          {"0x", 0U},
-                          {"123456789A", 0xFFFFFFFFU}};
+    const Case cases[] = {
+        {"FF00ff", 0xFF00FFU}, {" 0x255 0 0", 0x255U}, {"255,1", 0x255U}, {"#00FF", std::nullopt},
+        {"g", std::nullopt},   {"-1", 0xFFFFFFFFU},    {"0x", 0U},        {"123456789A", 0xFFFFFFFFU}};
     for (const Case& c : cases) {
         std::string_view rest = c.text;
         EXPECT_EQ(scanHex(rest), c.value) << c.text;
@@ -111,13 +101,9 @@ TEST(TextNumbers, IgnoresTheUsersLocale) {
     const char* comma = nullptr;
     for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8"}) {
         comma = std::setlocale(LC_ALL, name);
-        if (comma != nullptr) {
-            break;
-        }
+        if (comma != nullptr) { break; }
     }
-    if (comma == nullptr) {
-        GTEST_SKIP() << "this system has no locale with a decimal comma";
-    }
+    if (comma == nullptr) { GTEST_SKIP() << "this system has no locale with a decimal comma"; }
     EXPECT_EQ(scanWithLibrary("1,5").value, 1.5) << "the locale is in force";
     EXPECT_EQ(ParseDouble("1.5"), 1.5);
     EXPECT_EQ(ParseDouble("1,5"), 1.0);
@@ -126,5 +112,4 @@ TEST(TextNumbers, IgnoresTheUsersLocale) {
     std::setlocale(LC_ALL, "C");
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

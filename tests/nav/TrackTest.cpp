@@ -5,11 +5,9 @@
 #include "nav/TrackRecorder.h"
 #include "platform/VirtualClock.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
-constexpr LocalTime kStart{
-    .year = 2026, .month = 12, .day = 31, .hour = 23, .minute = 59, .second = 57};
+constexpr LocalTime kStart{.year = 2026, .month = 12, .day = 31, .hour = 23, .minute = 59, .second = 57};
 constexpr std::string_view kBreak = "00000000,000000,0.0,0.0,0,0,0\r\n";
 
 GeoPoint at(double latDeg, double lonDeg) { return {latDeg * kDegToRad, lonDeg * kDegToRad}; }
@@ -50,8 +48,7 @@ TEST_F(TrackTest, KeepsCalendarTimesAndBreaksThroughItsText) {
     track_.setPendingBreak();
     offerAfter(0, 37);
     EXPECT_EQ(offerAfter(5999, 38.1234567), 2U) << "the break was waiting for a point before it";
-    const std::string text = "20261231,235957,37.000000,-122.500000,95,270,-12\r\n" +
-                             std::string(kBreak) +
+    const std::string text = "20261231,235957,37.000000,-122.500000,95,270,-12\r\n" + std::string(kBreak) +
                              "20270101,000002,38.123457,-122.500000,95,270,-12\r\n";
     EXPECT_EQ(written(), text);
     ASSERT_TRUE(track_.ReadTrackText("; remark\r\n" + text));
@@ -62,23 +59,22 @@ TEST_F(TrackTest, KeepsCalendarTimesAndBreaksThroughItsText) {
 
 TEST_F(TrackTest, RefusesATextWithAMalformedLine) {
     const std::string good = "20070110,120000,1.5,2.5,1,2,3\r\n";
-    constexpr std::string_view kBadLines[] = {
-        "",
-        "2007011,120000,1,2,1,2,3",
-        "20070110,12000,1,2,1,2,3",
-        "20070110,1200000,1,2,1,2,3",
-        "20070230,120000,1,2,1,2,3",
-        "20070110,240000,1,2,1,2,3",
-        "2007011x,120000,1,2,1,2,3",
-        "20070110,120000,90.1,2,1,2,3",
-        "20070110,120000,1,-180.1,1,2,3",
-        "20070110,120000,nan,2,1,2,3",
-        "20070110,120000,1,2,1,2",
-        "20070110,120000,1,2,1,2,x",
-        "20070110,120000,,2,1,2,3",
-        "20070110,115959,1,2,1,2,3",
-        "00000000,000000",
-        "20070110,120000,1,2,1,2,3\n20070110,120005,1,2,1,2,3"};
+    constexpr std::string_view kBadLines[] = {"",
+                                              "2007011,120000,1,2,1,2,3",
+                                              "20070110,12000,1,2,1,2,3",
+                                              "20070110,1200000,1,2,1,2,3",
+                                              "20070230,120000,1,2,1,2,3",
+                                              "20070110,240000,1,2,1,2,3",
+                                              "2007011x,120000,1,2,1,2,3",
+                                              "20070110,120000,90.1,2,1,2,3",
+                                              "20070110,120000,1,-180.1,1,2,3",
+                                              "20070110,120000,nan,2,1,2,3",
+                                              "20070110,120000,1,2,1,2",
+                                              "20070110,120000,1,2,1,2,x",
+                                              "20070110,120000,,2,1,2,3",
+                                              "20070110,115959,1,2,1,2,3",
+                                              "00000000,000000",
+                                              "20070110,120000,1,2,1,2,3\n20070110,120005,1,2,1,2,3"};
     for (const std::string_view bad : kBadLines) {
         EXPECT_FALSE(track_.ReadTrackText(good + std::string(bad) + "\r\n" + good)) << bad;
         EXPECT_EQ(written(), "") << bad;
@@ -118,8 +114,7 @@ TEST_F(TrackTest, AKilledRecorderFindsItsTrackAgain) {
     folder.write("now.trk", expected + "20270101,0000");
     TrackRecorder next(clock_, folder / "now.trk");
     next.offer(at(9, 0), 9, 0, 0);
-    EXPECT_EQ(folder.read("now.trk"),
-              expected + std::string(kBreak) + "20270101,000012,9.000000,0.000000,9,0,0\r\n");
+    EXPECT_EQ(folder.read("now.trk"), expected + std::string(kBreak) + "20270101,000012,9.000000,0.000000,9,0,0\r\n");
     next.endSession();
     EXPECT_FALSE(folder.has("now.trk"));
     EXPECT_TRUE(folder.has("last-now.trk"));
@@ -128,5 +123,4 @@ TEST_F(TrackTest, AKilledRecorderFindsItsTrackAgain) {
     EXPECT_EQ(folder.read("now.trk.bad"), "not a track\r\n");
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

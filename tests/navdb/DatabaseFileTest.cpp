@@ -12,8 +12,7 @@
 #include "navdb/TestDatabase.h"
 #include "platform/VirtualClock.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 /// A whole file, laid out and summed up by hand: one table with a field of every type, two rows.
 constexpr std::string_view kTinyFile =
@@ -43,13 +42,10 @@ constexpr std::string_view kTinyFile =
 // clang-format on
 
 std::vector<std::uint8_t> tinyFile() {
-    const auto digit = [](char c) {
-        return static_cast<unsigned>(std::string_view("0123456789abcdef").find(c));
-    };
+    const auto digit = [](char c) { return static_cast<unsigned>(std::string_view("0123456789abcdef").find(c)); };
     std::vector<std::uint8_t> bytes;
     for (std::size_t i = 0; i < kTinyFile.size(); i += 2) {
-        bytes.push_back(
-            static_cast<std::uint8_t>(digit(kTinyFile[i]) * 16 + digit(kTinyFile[i + 1])));
+        bytes.push_back(static_cast<std::uint8_t>(digit(kTinyFile[i]) * 16 + digit(kTinyFile[i + 1])));
     }
     return bytes;
 }
@@ -58,8 +54,7 @@ constexpr std::uint32_t kTinyFullChecksum = 43852;
 constexpr std::size_t kTinyRow = 254;
 
 void fixHeaderChecksum(std::vector<std::uint8_t>& bytes) {
-    storeU32(bytes, kHeaderChecksumOffset,
-             headerChecksum(bytes, static_cast<std::uint32_t>(bytes.size())));
+    storeU32(bytes, kHeaderChecksumOffset, headerChecksum(bytes, static_cast<std::uint32_t>(bytes.size())));
 }
 
 class DatabaseFileTest : public ::testing::Test {
@@ -132,9 +127,7 @@ TEST_F(DatabaseFileTest, DecodesEveryTypeByItsWidth) {
         EXPECT_TRUE(rows->load(*file.index("NavKey"), row));
         rows->decode(fields);
         Printed texts;
-        for (const auto& [name, value] : fields) {
-            texts[name] = value.print();
-        }
+        for (const auto& [name, value] : fields) { texts[name] = value.print(); }
         return texts;
     };
     EXPECT_EQ(printed(0), (Printed{{"ID", "OAK"},
@@ -186,9 +179,7 @@ TEST_F(DatabaseFileTest, OpensReadableVersionsOnly) {
         {"NavDbx", update},       {"NavDbnan", update},
         {"NavDb-4.7", update},    {"NavDB4.7", "Incorrect Format"},
         {"", "Incorrect Format"}, {"NavD", "Incorrect Format"}};
-    for (const auto& [version, message] : cases) {
-        EXPECT_EQ(openVersion(version), message) << version;
-    }
+    for (const auto& [version, message] : cases) { EXPECT_EQ(openVersion(version), message) << version; }
 }
 
 TEST_F(DatabaseFileTest, TellsWhyAFileCannotBeOpened) {
@@ -237,22 +228,21 @@ TEST_F(DatabaseFileTest, FullTestCoversEveryByteAndIsMarkedFromVersion45On) {
 }
 
 TEST_F(DatabaseFileTest, RefusesDirectoriesThatLeadOutOfTheFile) {
-    const std::vector<std::pair<std::size_t, std::uint32_t>> patches{
-        {kTableDirectoryOffset, 365},
-        {kIndexDirectoryOffset, 0xFFFFFFFF},
-        {kStringAreaOffset, 365},
-        {kAreaGridOffset, 361},
-        {72, 0},
-        {72, 33},  // row size
-        {72, 0x10000000},
-        {76, 10},  // field count
-        {76, 0xFFFFFFFF},
-        {204, 0xFFFFFFF0},  // length of the byte block
-        {224, 4},           // key count
-        {241, 65},          // the index's table
-        {245, 364},
-        {249, 111},  // data start and length
-        {249, 0xFFFFFFFF}};
+    const std::vector<std::pair<std::size_t, std::uint32_t>> patches{{kTableDirectoryOffset, 365},
+                                                                     {kIndexDirectoryOffset, 0xFFFFFFFF},
+                                                                     {kStringAreaOffset, 365},
+                                                                     {kAreaGridOffset, 361},
+                                                                     {72, 0},
+                                                                     {72, 33},  // row size
+                                                                     {72, 0x10000000},
+                                                                     {76, 10},  // field count
+                                                                     {76, 0xFFFFFFFF},
+                                                                     {204, 0xFFFFFFF0},  // length of the byte block
+                                                                     {224, 4},           // key count
+                                                                     {241, 65},          // the index's table
+                                                                     {245, 364},
+                                                                     {249, 111},  // data start and length
+                                                                     {249, 0xFFFFFFFF}};
     for (const auto& [offset, value] : patches) {
         auto bytes = tinyFile();
         storeU32(bytes, offset, value);
@@ -282,9 +272,7 @@ TEST_F(DatabaseFileTest, ReadsNothingFromAFileThatWasCutWhileOpen) {
 
 TEST_F(DatabaseFileTest, SearchesWhileSeveralThreadsTriggerTheFirstRead) {
     TestDatabase database;
-    for (int i = 0; i < 2000; ++i) {
-        database.addFix(numbered("F", i / 2), 0.0, 0.0);
-    }
+    for (int i = 0; i < 2000; ++i) { database.addFix(numbered("F", i / 2), 0.0, 0.0); }
     DatabaseFile file;
     ASSERT_EQ(file.Open(database.write(folder_.path(), "fixes.ng2"), clock_), "");
     const IndexEntry& index = *file.index("WptKey");
@@ -297,8 +285,7 @@ TEST_F(DatabaseFileTest, SearchesWhileSeveralThreadsTriggerTheFirstRead) {
                 const std::string key = numbered("F", i);
                 const auto rows = file.rows();
                 const std::uint32_t row = rows->firstNotBelow(index, id, key);
-                found[t] += rows->equals(index, row, id, key) &&
-                                    rows->equals(index, row + 1, id, key) &&
+                found[t] += rows->equals(index, row, id, key) && rows->equals(index, row + 1, id, key) &&
                                     !rows->equals(index, row + 2, id, key) &&
                                     (row == 0 || !rows->equals(index, row - 1, id, key))
                                 ? 1
@@ -306,9 +293,7 @@ TEST_F(DatabaseFileTest, SearchesWhileSeveralThreadsTriggerTheFirstRead) {
             }
         });
     }
-    for (auto& thread : threads) {
-        thread.join();
-    }
+    for (auto& thread : threads) { thread.join(); }
     EXPECT_EQ(found, (std::array{1000, 1000, 1000, 1000}));
     const auto rows = file.rows();
     EXPECT_EQ(rows->firstNotBelow(index, id, "A"), 0U);
@@ -339,17 +324,14 @@ TEST_F(DatabaseFileTest, VerifyFindsWhatOpeningDoesNot) {
     };
     EXPECT_EQ(verify(word("WptKey", 4, "ID"), 0), "Index WptKey, row 4: out of order");
     EXPECT_EQ(verify(word("WpNKey", 9, "LON"), 0xFFFFFFFF), "Index WpNKey, row 9: out of order");
-    EXPECT_EQ(verify(word("AptKey", 3, "NAME"), 0xFFFFFFF0),
-              "Index AptKey, row 3: text outside the file");
-    EXPECT_EQ(verify(file.header().areaGrid + 40, 0xFFFFFFFF),
-              "Area grid: offset outside the file");
+    EXPECT_EQ(verify(word("AptKey", 3, "NAME"), 0xFFFFFFF0), "Index AptKey, row 3: text outside the file");
+    EXPECT_EQ(verify(file.header().areaGrid + 40, 0xFFFFFFFF), "Area grid: offset outside the file");
     writeBytes(path_, {});
     EXPECT_EQ(verifyDatabase(path_, clock_), "Invalid Format");
 }
 
 TEST(DataCurrencyTest, EndsWithTheDayOfTheExpiryInRegionKOnly) {
-    const LocalTime lastSecond{
-        .year = 2007, .month = 3, .day = 15, .hour = 23, .minute = 59, .second = 59};
+    const LocalTime lastSecond{.year = 2007, .month = 3, .day = 15, .hour = 23, .minute = 59, .second = 59};
     const LocalTime midnight{.year = 2007, .month = 3, .day = 16};
     EXPECT_FALSE(isOutOfDate(20070315, 'K', lastSecond));
     EXPECT_TRUE(isOutOfDate(20070315, 'K', midnight));
@@ -379,5 +361,4 @@ TEST(LocationCellTest, WrapsAt180Degrees) {
     }
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -9,8 +9,7 @@
 #include "navdb/TestDatabase.h"
 #include "platform/VirtualClock.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 std::string navaid(std::string_view ident, std::string_view type, std::string_view lon = "1") {
     std::string text("NAVAID_BEGIN\nID=");
@@ -20,16 +19,14 @@ std::string navaid(std::string_view ident, std::string_view type, std::string_vi
 }
 
 std::string airport(std::string_view ident) {
-    return std::string("ARPT_BEGIN\nID=").append(ident) +
-           "\nNAME=user\nPOSN.LAT=1\nPOSN.LON=1\nARPT_END\n";
+    return std::string("ARPT_BEGIN\nID=").append(ident) + "\nNAME=user\nPOSN.LAT=1\nPOSN.LON=1\nARPT_END\n";
 }
 
 class DatabaseLoaderTest : public ::testing::Test {
  protected:
     /// Loads the folder; returns the report without the folder's path.
     std::string load() {
-        loader_.load(folder_.path(),
-                     [this](std::string_view text, int) { progress_ += std::string(text) + "\n"; });
+        loader_.load(folder_.path(), [this](std::string_view text, int) { progress_ += std::string(text) + "\n"; });
         std::string text = report_.text();
         const std::string folder = folder_.path().string() + "/";
         for (auto at = text.find(folder); at != std::string::npos; at = text.find(folder)) {
@@ -55,13 +52,12 @@ TEST_F(DatabaseLoaderTest, MergesAndReports) {
     content.addAirport("WAY", 10, 10, "database");
     content.write(folder_.path(), "b.NG2");
     folder_.write("a.ng2", "not a database, although it is as long as the header of one: 64 bytes");
-    folder_.write("one.UDB.TXT",
-                  navaid("ABC", "VOR") + airport("KXYZ") + navaid("OLD", "VOR", "-1"));
-    folder_.write("two.udb.txt", navaid("ABC", "VOR") + navaid("ABC", "NDB") + airport("KOWN") +
-                                     navaid("BACK", "FIX", "179:30"));
+    folder_.write("one.UDB.TXT", navaid("ABC", "VOR") + airport("KXYZ") + navaid("OLD", "VOR", "-1"));
+    folder_.write("two.udb.txt",
+                  navaid("ABC", "VOR") + navaid("ABC", "NDB") + airport("KOWN") + navaid("BACK", "FIX", "179:30"));
     folder_.write("zero.UDB.TXT", "");
-    folder_.write("x.NDB.TXT", airport("OWN") + airport("KWAY") + navaid("ABC", "NDB") +
-                                   airport("KEEP") + airport("NEW"));
+    folder_.write("x.NDB.TXT",
+                  airport("OWN") + airport("KWAY") + navaid("ABC", "NDB") + airport("KEEP") + airport("NEW"));
     EXPECT_EQ(load(),
               "Current Korvel Load Status\r\n\r\n"
               "Loading a.ng2\r\n  Incorrect Format\r\n\r\n"
@@ -95,9 +91,7 @@ TEST_F(DatabaseLoaderTest, MergesAndReports) {
     EXPECT_EQ(database_.Find("a.KXYZ")->GetName(), "user");
     EXPECT_EQ(database_.Find("a.XYZ"), nullptr);
     EXPECT_EQ(database_.Find("a.KEEP")->GetName(), "database");
-    EXPECT_EQ(database_.nearest({.lat = 10 * kDegToRad, .lon = 10 * kDegToRad}, kAirportKind, 9, 99)
-                  .size(),
-              2U);
+    EXPECT_EQ(database_.nearest({.lat = 10 * kDegToRad, .lon = 10 * kDegToRad}, kAirportKind, 9, 99).size(), 2U);
 }
 
 TEST_F(DatabaseLoaderTest, LoadsUserFilesWithoutADatabaseAndStartsAnew) {
@@ -118,21 +112,14 @@ TEST_F(DatabaseLoaderTest, ReportLinesOfSeveralThreadsDoNotInterleave) {
     for (int t = 0; t < 4; ++t) {
         threads.emplace_back([&] {
             LoadReport same(report_.path());
-            for (int i = 0; i < 20; ++i) {
-                same.AppendLoadReport(line);
-            }
+            for (int i = 0; i < 20; ++i) { same.AppendLoadReport(line); }
         });
     }
-    for (auto& thread : threads) {
-        thread.join();
-    }
+    for (auto& thread : threads) { thread.join(); }
     std::string expected;
-    for (int i = 0; i < 80; ++i) {
-        expected += line;
-    }
+    for (int i = 0; i < 80; ++i) { expected += line; }
     EXPECT_EQ(report_.text(), expected);
     LoadReport(folder_.path() / "no such folder" / "x").AppendLoadReport("lost");
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -8,8 +8,7 @@
 #include "navdb/UserRecordStore.h"
 #include "platform/VirtualClock.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 constexpr double kNm = 1.0 / 60.0;  // of latitude, in degrees
 
@@ -24,8 +23,7 @@ class NavDatabaseTest : public ::testing::Test {
     /// "KEY FILE" of what is found, "-" for nothing.
     std::string find(std::string_view key, std::optional<GeoPoint> near = std::nullopt) {
         const DatabaseRecord* const record = database_.Find(key, near);
-        return record == nullptr ? "-"
-                                 : record->key + " " + std::to_string(record->origin.match.file);
+        return record == nullptr ? "-" : record->key + " " + std::to_string(record->origin.match.file);
     }
 
     TestFolder folder_;
@@ -100,17 +98,14 @@ TEST_F(NavDatabaseTest, FindsAirportsWithAndWithoutTheRegionLetter) {
     second.addAirport("LSEA", 0, 0);
     second.addAirport("SZH", 0, 0);
     open(second);
-    const std::vector<std::pair<std::string, std::string>> cases{
-        {"a.SEA", "a.SEA 0"},   {"a.KSEA", "a.SEA 0"},
-        {"a.LSEA", "a.LSEA 1"}, {"a.BFI", "a.KBFI 0"},
-        {"a.KAL", "a.KKAL 0"},  {"a.KW01", "a.W01 0"},
-        {"a.LSZH", "a.SZH 1"},  {"KSEA", "a.SEA 0"},
-        {"a.sea", "-"},         {"a.SE", "-"},
-        {"a.SEAX", "-"},        {"a.", "-"},
-        {"v.SEA", "-"},         {"", "-"}};
-    for (const auto& [key, expected] : cases) {
-        EXPECT_EQ(find(key), expected) << key;
-    }
+    const std::vector<std::pair<std::string, std::string>> cases{{"a.SEA", "a.SEA 0"},   {"a.KSEA", "a.SEA 0"},
+                                                                 {"a.LSEA", "a.LSEA 1"}, {"a.BFI", "a.KBFI 0"},
+                                                                 {"a.KAL", "a.KKAL 0"},  {"a.KW01", "a.W01 0"},
+                                                                 {"a.LSZH", "a.SZH 1"},  {"KSEA", "a.SEA 0"},
+                                                                 {"a.sea", "-"},         {"a.SE", "-"},
+                                                                 {"a.SEAX", "-"},        {"a.", "-"},
+                                                                 {"v.SEA", "-"},         {"", "-"}};
+    for (const auto& [key, expected] : cases) { EXPECT_EQ(find(key), expected) << key; }
 }
 
 TEST_F(NavDatabaseTest, AddsNoLetterWhereAFileHasNone) {
@@ -171,8 +166,7 @@ TEST_F(NavDatabaseTest, NeverReturnsAnExcludedRow) {
 
 TEST_F(NavDatabaseTest, AsksUserRecordsLikeALastFileWithoutARegion) {
     UserRecordStore records;
-    const auto add = [&](std::unique_ptr<DatabaseRecord> record, std::string_view ident,
-                         GeoPoint position) {
+    const auto add = [&](std::unique_ptr<DatabaseRecord> record, std::string_view ident, GeoPoint position) {
         record->ident.assign(ident);
         record->key = makeRecordKey(record->GetKind(), ident);
         record->position = position;
@@ -226,5 +220,4 @@ TEST_F(NavDatabaseTest, ListsAirwayPiecesOfCurrentFilesInOrder) {
     EXPECT_TRUE(database_.Find("f.NEWER")->expired);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

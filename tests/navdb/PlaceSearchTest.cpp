@@ -2,7 +2,6 @@
 #include <array>
 #include <cmath>
 #include <random>
-#include <set>
 
 #include <gtest/gtest.h>
 
@@ -14,8 +13,7 @@
 #include "navdb/TestDatabase.h"
 #include "platform/VirtualClock.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 /// A known place: what the searches are checked against.
 struct Sample {
@@ -24,9 +22,7 @@ struct Sample {
     double latDeg;
     double lonDeg;
 
-    [[nodiscard]] GeoPoint position() const {
-        return {.lat = latDeg * kDegToRad, .lon = lonDeg * kDegToRad};
-    }
+    [[nodiscard]] GeoPoint position() const { return {.lat = latDeg * kDegToRad, .lon = lonDeg * kDegToRad}; }
 };
 
 class PlaceSearchTest : public ::testing::Test {
@@ -35,18 +31,14 @@ class PlaceSearchTest : public ::testing::Test {
         std::mt19937 random(20070315);
         std::uniform_int_distribution<int> lat(-90000000, 90000000);
         std::uniform_int_distribution<int> lon(-180000000, 180000000);
-        for (std::size_t i = 0; i < 3000; ++i) {
-            add(i % 4, lat(random) * 1e-6, lon(random) * 1e-6);
-        }
+        for (std::size_t i = 0; i < 3000; ++i) { add(i % 4, lat(random) * 1e-6, lon(random) * 1e-6); }
         // Whole degrees, both names of the 180th meridian, the poles, a cluster.
         for (const double edge : {-180.0, -179.0, -1.0, 0.0, 1.0, 179.999999, 180.0}) {
             for (const double latitude : {-90.0, -89.999, 0.0, 51.5, 90.0}) {
                 add(samples_.size() % 4, latitude, edge);
             }
         }
-        for (std::size_t i = 0; i < 400; ++i) {
-            add(i % 4, 51.0 + lat(random) * 1e-8, lon(random) * 1e-8);
-        }
+        for (std::size_t i = 0; i < 400; ++i) { add(i % 4, 51.0 + lat(random) * 1e-8, lon(random) * 1e-8); }
     }
     void add(std::size_t kind, double lat, double lon) {
         const double latDeg = std::round(lat * 1e6) * 1e-6;  // as a file holds them
@@ -62,8 +54,7 @@ class PlaceSearchTest : public ::testing::Test {
             record->position = samples_.back().position();
             userRecords_.add(std::move(record));
         } else if (kind == 0) {
-            content_.addAirport(ident, latDeg, lonDeg, "",
-                                samples_.size() % 3 == 0 ? "_AP2" : "_APT");
+            content_.addAirport(ident, latDeg, lonDeg, "", samples_.size() % 3 == 0 ? "_AP2" : "_APT");
         } else if (kind == 2) {
             content_.addFix(ident, latDeg, lonDeg);
         } else {
@@ -79,9 +70,7 @@ class PlaceSearchTest : public ::testing::Test {
         std::vector<double> expected;
         for (const Sample& sample : samples_) {
             const double distance = DistanceNm(here, sample.position());
-            if ((sample.kind & kinds) != 0 && distance <= withinNm) {
-                expected.push_back(distance);
-            }
+            if ((sample.kind & kinds) != 0 && distance <= withinNm) { expected.push_back(distance); }
         }
         std::sort(expected.begin(), expected.end());
         expected.resize(std::min(expected.size(), count));
@@ -98,17 +87,15 @@ class PlaceSearchTest : public ::testing::Test {
         std::set<std::string> expected;
         for (const Sample& sample : samples_) {
             const double past = PositiveMod(sample.lonDeg - box.west, 360);
-            if ((sample.kind & kinds) != 0 && sample.latDeg >= box.south &&
-                sample.latDeg <= box.north && (past <= width || width >= 360)) {
+            if ((sample.kind & kinds) != 0 && sample.latDeg >= box.south && sample.latDeg <= box.north &&
+                (past <= width || width >= 360)) {
                 expected.insert(sample.ident);
             }
         }
         std::vector<Place> places;
         database_.placesIn(box, kinds, 100000, places);
         std::set<std::string> found;
-        for (const Place& place : places) {
-            found.insert(std::string(place.ident.view()));
-        }
+        for (const Place& place : places) { found.insert(std::string(place.ident.view())); }
         EXPECT_EQ(found.size(), places.size());
         EXPECT_EQ(found, expected) << box.west << ' ' << box.east;
     }
@@ -193,5 +180,4 @@ TEST_F(PlaceSearchTest, LeavesOutExcludedRowsAndStopsAtTheLimit) {
     EXPECT_TRUE(database_.nearest(GeoPoint{}, kAllKinds, 3, 100).empty());
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,5 +1,3 @@
-#include <tuple>
-
 #include <gtest/gtest.h>
 
 #include "navdb/AirportRecord.h"
@@ -8,16 +6,13 @@
 #include "navdb/NavaidRecord.h"
 #include "navdb/RecordKey.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 TEST(RecordKeyTest, PutsTheKindInFront) {
     EXPECT_EQ(makeRecordKey(kVorKind, "OAK"), "v.OAK");
     EXPECT_EQ(makeRecordKey(kNdbKind, "OAK"), "n.OAK");
     EXPECT_EQ(makeRecordKey(kFixKind, "OAK"), "f.OAK");
-    for (const KindMask kind : {8U, 16U, 24U}) {
-        EXPECT_EQ(makeRecordKey(kind, "KOAK"), "a.KOAK");
-    }
+    for (const KindMask kind : {8U, 16U, 24U}) { EXPECT_EQ(makeRecordKey(kind, "KOAK"), "a.KOAK"); }
     EXPECT_EQ(makeRecordKey(3, "OAK"), "");
     EXPECT_EQ(identOfKey("v.OAK"), "OAK");
     EXPECT_EQ(identOfKey("x.OAK"), "x.OAK");
@@ -63,5 +58,4 @@ TEST(RecordTest, KeepsTwentyCharactersOfANameAndClonesDeeply) {
     EXPECT_EQ(fix.Clone()->GetName(), longName);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -7,7 +7,6 @@
 #include <fstream>
 #include <iterator>
 #include <span>
-#include <utility>
 
 #include "navdb/DatabaseChecksum.h"
 #include "navdb/LittleEndian.h"
@@ -17,9 +16,7 @@ namespace {
 
 constexpr std::int32_t kDeclaredLength = 4;
 
-std::int32_t millionths(double degrees) {
-    return static_cast<std::int32_t>(std::lround(degrees * 1e6));
-}
+std::int32_t millionths(double degrees) { return static_cast<std::int32_t>(std::lround(degrees * 1e6)); }
 
 /// Bytes that grow at the end.
 class Output {
@@ -37,9 +34,7 @@ class Output {
     }
     void rows(const std::vector<TestDatabase::Row>& rows) {
         for (const auto& row : rows) {
-            for (const std::int32_t value : row) {
-                word(static_cast<std::uint32_t>(value));
-            }
+            for (const std::int32_t value : row) { word(static_cast<std::uint32_t>(value)); }
         }
     }
     void patch(std::size_t offset, std::uint32_t value) { storeU32(bytes, offset, value); }
@@ -75,9 +70,9 @@ std::vector<TestDatabase::Row> cellRuns(const std::vector<const Index*>& locatio
     for (int cell = 0; cell <= kCellCount; ++cell) {
         TestDatabase::Row row;
         for (const Index* location : locations) {
-            row.push_back(static_cast<std::int32_t>(
-                std::count_if(location->rows.begin(), location->rows.end(),
-                              [cell](const auto& place) { return cellOf(place) < cell; })));
+            row.push_back(
+                static_cast<std::int32_t>(std::count_if(location->rows.begin(), location->rows.end(),
+                                                        [cell](const auto& place) { return cellOf(place) < cell; })));
         }
         runs.push_back(row);
     }
@@ -104,12 +99,10 @@ std::vector<std::uint32_t> writeTables(Output& out) {
 }
 
 /// The directory, and behind it the rows of all indexes.
-void writeIndexes(Output& out, const std::vector<Index>& indexes,
-                  const std::vector<std::uint32_t>& tableOffsets) {
+void writeIndexes(Output& out, const std::vector<Index>& indexes, const std::vector<std::uint32_t>& tableOffsets) {
     auto dataAt = static_cast<std::uint32_t>(out.size() + indexes.size() * kIndexEntrySize + 1);
     for (const Index& index : indexes) {
-        const auto length =
-            static_cast<std::uint32_t>(index.rows.size() * kTables[index.table].fields.size() * 4);
+        const auto length = static_cast<std::uint32_t>(index.rows.size() * kTables[index.table].fields.size() * 4);
         out.name(index.name);
         out.word(tableOffsets[index.table]);
         out.word(dataAt);
@@ -117,9 +110,7 @@ void writeIndexes(Output& out, const std::vector<Index>& indexes,
         dataAt += length;
     }
     out.bytes.push_back(0);
-    for (const Index& index : indexes) {
-        out.rows(index.rows);
-    }
+    for (const Index& index : indexes) { out.rows(index.rows); }
 }
 
 /// The cells' rows have just been written.
@@ -127,17 +118,13 @@ void writeGridBehindRuns(Output& out) {
     constexpr std::uint32_t kRunRow = 4 * kCellFields.size();
     const std::uint32_t runsAt = out.size() - (kCellCount + 1) * kRunRow;
     out.word(kCellCount - 1);
-    for (std::uint32_t cell = 0; cell <= kCellCount; ++cell) {
-        out.word(runsAt + cell * kRunRow);
-    }
+    for (std::uint32_t cell = 0; cell <= kCellCount; ++cell) { out.word(runsAt + cell * kRunRow); }
 }
 
 }  // namespace
 
 std::int32_t TestDatabase::text(std::string_view text) {
-    if (text.empty()) {
-        return 0;
-    }
+    if (text.empty()) { return 0; }
     const auto offset = static_cast<std::int32_t>(strings_.size());
     strings_.append(text).push_back('\0');
     return offset;
@@ -148,16 +135,15 @@ void TestDatabase::addAirport(std::string_view ident, double lat, double lon, st
     const std::int32_t ident0 = text(ident);
     auto& rows = table == "_APT" ? airports_ : secondAirports_;
     rows.push_back({std::string(ident),
-                    {ident0, millionths(lat), millionths(lon), ident0, -13 * 65536 - 32768, 431,
-                     text(name), text("Info"), kAirportTower | kAirportHardSurface}});
+                    {ident0, millionths(lat), millionths(lon), ident0, -13 * 65536 - 32768, 431, text(name),
+                     text("Info"), kAirportTower | kAirportHardSurface}});
 }
 
-void TestDatabase::addNavaid(std::string_view ident, double lat, double lon, int type,
-                             double frequency) {
-    navaids_.push_back({std::string(ident),
-                        {text(ident), millionths(lat), millionths(lon), type,
-                         static_cast<std::int32_t>(std::lround(frequency * 1e4)),
-                         text(std::string(ident) + " navaid")}});
+void TestDatabase::addNavaid(std::string_view ident, double lat, double lon, int type, double frequency) {
+    navaids_.push_back(
+        {std::string(ident),
+         {text(ident), millionths(lat), millionths(lon), type, static_cast<std::int32_t>(std::lround(frequency * 1e4)),
+          text(std::string(ident) + " navaid")}});
 }
 
 void TestDatabase::addFix(std::string_view ident, double lat, double lon, int type) {
@@ -168,22 +154,19 @@ void TestDatabase::addAirway(std::string_view name, std::string_view route) {
     airways_.push_back({std::string(name), {text(name), text(route)}});
 }
 
-void TestDatabase::addRunwayEnd(std::string_view arptId, int number, std::string_view end,
-                                int lengthFt) {
+void TestDatabase::addRunwayEnd(std::string_view arptId, int number, std::string_view end, int lengthFt) {
     runways_.push_back({std::string(arptId),
-                        {text(arptId), number, lengthFt, 100, text("ASPH"), 0, text(end), 90,
-                         millionths(47.5), kNoInteger, kNoInteger, 'R'}});
+                        {text(arptId), number, lengthFt, 100, text("ASPH"), 0, text(end), 90, millionths(47.5),
+                         kNoInteger, kNoInteger, 'R'}});
 }
 
 void TestDatabase::addComm(std::string_view arptId, std::string_view type, double mhz) {
     comms_.push_back(
-        {std::string(arptId),
-         {text(arptId), text(type), static_cast<std::int32_t>(std::lround(mhz * 1e4))}});
+        {std::string(arptId), {text(arptId), text(type), static_cast<std::int32_t>(std::lround(mhz * 1e4))}});
 }
 
 std::vector<TestDatabase::Row> TestDatabase::byKey(std::vector<Keyed> keyed) {
-    std::stable_sort(keyed.begin(), keyed.end(),
-                     [](const Keyed& a, const Keyed& b) { return a.key < b.key; });
+    std::stable_sort(keyed.begin(), keyed.end(), [](const Keyed& a, const Keyed& b) { return a.key < b.key; });
     std::vector<Row> rows;
     std::transform(keyed.begin(), keyed.end(), std::back_inserter(rows),
                    [](Keyed& entry) { return std::move(entry.row); });
@@ -202,8 +185,7 @@ std::vector<std::uint8_t> TestDatabase::bytes() const {
                                {"Airway", 4, byKey(airways_)},
                                {"RwyKey", 5, byKey(runways_)},
                                {"ComKey", 6, byKey(comms_)}};
-    indexes.push_back(
-        {"CellRun", 7, cellRuns({&indexes[4], &indexes[5], &indexes[6], &indexes[7]})});
+    indexes.push_back({"CellRun", 7, cellRuns({&indexes[4], &indexes[5], &indexes[6], &indexes[7]})});
 
     Output out;
     out.bytes.resize(kHeaderSize);
@@ -224,8 +206,7 @@ std::vector<std::uint8_t> TestDatabase::bytes() const {
     return out.bytes;
 }
 
-std::filesystem::path TestDatabase::write(const std::filesystem::path& folder,
-                                          std::string_view name) const {
+std::filesystem::path TestDatabase::write(const std::filesystem::path& folder, std::string_view name) const {
     const auto path = folder / name;
     writeBytes(path, bytes());
     return path;
@@ -234,9 +215,7 @@ std::filesystem::path TestDatabase::write(const std::filesystem::path& folder,
 TestFolder::TestFolder() {
     static std::atomic<int> count{0};
     const auto stamp = std::filesystem::temp_directory_path() / "korvel-navdb-";
-    do {
-        path_ = stamp.string() + std::to_string(++count);
-    } while (!std::filesystem::create_directory(path_));
+    do { path_ = stamp.string() + std::to_string(++count); } while (!std::filesystem::create_directory(path_));
 }
 
 TestFolder::~TestFolder() {
@@ -254,8 +233,7 @@ void writeBytes(const std::filesystem::path& path, const std::vector<std::uint8_
     // A file that is cut and written again is flushed to the disk by some file systems.
     std::filesystem::remove(path);
     std::ofstream file(path, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
+    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
 
 std::vector<std::uint8_t> readBytes(const std::filesystem::path& path) {

@@ -7,8 +7,7 @@
 #include "navdb/TestDatabase.h"
 #include "navdb/UserDatabaseReader.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 class UserDatabaseReaderTest : public ::testing::Test {
  protected:
@@ -17,17 +16,14 @@ class UserDatabaseReaderTest : public ::testing::Test {
         const auto path = folder_.write("my.UDB.TXT", text);
         records_.clear();
         LoadReport report;
-        UserDatabaseReader reader(report, [this](std::unique_ptr<DatabaseRecord> record) {
-            records_.push_back(std::move(record));
-        });
+        UserDatabaseReader reader(
+            report, [this](std::unique_ptr<DatabaseRecord> record) { records_.push_back(std::move(record)); });
         EXPECT_EQ(reader.LoadFile(path), "");
         const std::string logged = report.text();
         const std::string head = "Loading " + path.string() + "\r\n";
         const std::string tail = "  Done\r\n\r\n";
         EXPECT_TRUE(logged.starts_with(head)) << logged;
-        if (!logged.ends_with(tail)) {
-            return "(no end) " + logged.substr(head.size());
-        }
+        if (!logged.ends_with(tail)) { return "(no end) " + logged.substr(head.size()); }
         return logged.substr(head.size(), logged.size() - head.size() - tail.size());
     }
     template <class Record>
@@ -44,11 +40,10 @@ constexpr std::string_view kVor =
     "NAVAID_BEGIN\nID=ABC\nNAME=Alpha\nTYPE=VOR\nPOSN.LAT=47:30\nPOSN.LON=-122.5\nFREQ=113.9\n";
 
 TEST_F(UserDatabaseReaderTest, BuildsNavaidsAndFixes) {
-    EXPECT_EQ(
-        read("; mine\r\n\r\n\tNAVAID_BEGIN ; first\r\n  ID=ABC ; my field\r\nNAME=A long name "
-             "of a navaid\r\nTYPE=VOR\r\nPOSN.LAT=47:30.5\r\nPOSN.LON=-0:30\r\nUSAGE=BOTH\r\n"
-             "FREQ=110\r\nFREQ=113.90 MHz\r\nNAVAID_END\r\n"),
-        "");
+    EXPECT_EQ(read("; mine\r\n\r\n\tNAVAID_BEGIN ; first\r\n  ID=ABC ; my field\r\nNAME=A long name "
+                   "of a navaid\r\nTYPE=VOR\r\nPOSN.LAT=47:30.5\r\nPOSN.LON=-0:30\r\nUSAGE=BOTH\r\n"
+                   "FREQ=110\r\nFREQ=113.90 MHz\r\nNAVAID_END\r\n"),
+              "");
     const auto& vor = only<VorRecord>();
     EXPECT_EQ(vor.key, "v.ABC");
     EXPECT_EQ(vor.ident.view(), "ABC");
@@ -75,16 +70,15 @@ TEST_F(UserDatabaseReaderTest, BuildsNavaidsAndFixes) {
 }
 
 TEST_F(UserDatabaseReaderTest, BuildsAirports) {
-    EXPECT_EQ(
-        read("ARPT_BEGIN\nID=KXYZ\nNAME=Field\nPOSN.LAT=47.5\nPOSN.LON=-122\nINFO=Call first\n"
-             "MAG_VAR=15.5\nELEV=100\nELEV.UNITS=m\n"
-             "RWY1.LEN=1000\nRWY1.WIDTH=30\nRWY1.UNITS=M\nRWY1.SURFACE=GRASS\n"
-             "RWY1.LO.ID=09\nRWY1.LO.MAG_HDG=88\nRWY1.LO.POSN.LAT=47:30\n"
-             "RWY1.LO.POSN.LON=-122:1\nRWY1.LO.ELEV=50\nRWY1.LO.ELEV.UNITS=M\n"
-             "RWY1.LO.PATTERN=r\nRWY1.HI.ID=27\nRWY1.HI.PATTERN=L\nRWY3.LEN=500\n"
-             "COM1.TYPE=CTAF\nCOM1.FREQ=122.8\nCOM2.TYPE=GND\nCOM3.TYPE=TWR\nCOM3.FREQ=118\n"
-             "ARPT_END\n"),
-        "");
+    EXPECT_EQ(read("ARPT_BEGIN\nID=KXYZ\nNAME=Field\nPOSN.LAT=47.5\nPOSN.LON=-122\nINFO=Call first\n"
+                   "MAG_VAR=15.5\nELEV=100\nELEV.UNITS=m\n"
+                   "RWY1.LEN=1000\nRWY1.WIDTH=30\nRWY1.UNITS=M\nRWY1.SURFACE=GRASS\n"
+                   "RWY1.LO.ID=09\nRWY1.LO.MAG_HDG=88\nRWY1.LO.POSN.LAT=47:30\n"
+                   "RWY1.LO.POSN.LON=-122:1\nRWY1.LO.ELEV=50\nRWY1.LO.ELEV.UNITS=M\n"
+                   "RWY1.LO.PATTERN=r\nRWY1.HI.ID=27\nRWY1.HI.PATTERN=L\nRWY3.LEN=500\n"
+                   "COM1.TYPE=CTAF\nCOM1.FREQ=122.8\nCOM2.TYPE=GND\nCOM3.TYPE=TWR\nCOM3.FREQ=118\n"
+                   "ARPT_END\n"),
+              "");
     const auto& airport = only<AirportRecord>();
     EXPECT_EQ(airport.key, "a.KXYZ");
     EXPECT_EQ(airport.magVariationDeg, 15.5F);
@@ -126,18 +120,14 @@ TEST_F(UserDatabaseReaderTest, ReportsWhatIsWrongWithItsLine) {
     };
     const std::vector<Case> cases{
         {";\n\n nonsense\n=x\n=\nA=\nA=B\n",
-         error(3, "'=' not found") + error(4, "No key value found.") +
-             error(5, "No key value found."),
-         0},
+         error(3, "'=' not found") + error(4, "No key value found.") + error(5, "No key value found."), 0},
         {"NAVAID_BEGIN\nID = ABC\nNAVAID_END\n", error(3, "ID field not found."), 0},
         {"NAVAID_BEGIN\nID=TWELVELETTER\nNAVAID_END\n", error(3, "ID field too long."), 0},
         {"NAVAID_BEGIN\nID=A\nNAME=\nTYPE=VOR\nNAVAID_END\n", error(5, "NAME field not found."), 0},
         {"NAVAID_BEGIN\nID=A\nNAME=B\nNAVAID_END\n", error(4, "TYPE field not found."), 0},
         {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=vor\nNAVAID_END\n", error(5, "Invalid TYPE field."), 0},
-        {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=FIX\nPOSN.LON=1\nNAVAID_END\n",
-         error(6, "POSN.LAT field not found."), 0},
-        {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=FIX\nPOSN.LAT=1\nNAVAID_END\n",
-         error(6, "POSN.LON field not found."), 0},
+        {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=FIX\nPOSN.LON=1\nNAVAID_END\n", error(6, "POSN.LAT field not found."), 0},
+        {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=FIX\nPOSN.LAT=1\nNAVAID_END\n", error(6, "POSN.LON field not found."), 0},
         {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=VOR\nPOSN.LAT=1\nPOSN.LON=1\nNAVAID_END\n",
          error(7, "FREQ field not found."), 0},
         {vor + "FREQ=high\nNAVAID_END\n", error(9, "Invalid FREQ field."), 0},
@@ -149,13 +139,11 @@ TEST_F(UserDatabaseReaderTest, ReportsWhatIsWrongWithItsLine) {
         {airport + "ELEV=1", error(6, "File ended before record-end."), 0},
         {"ARPT_END\n", error(1, "ID field not found."), 0},
         {"ARPT_BEGIN\nID=A\nARPT_END\n", error(3, "NAME field not found."), 0},
-        {"ARPT_BEGIN\nID=A\nNAME=A\nPOSN.LON=1\nARPT_END\n", error(5, "POSN.LAT field not found."),
-         0},
+        {"ARPT_BEGIN\nID=A\nNAME=A\nPOSN.LON=1\nARPT_END\n", error(5, "POSN.LAT field not found."), 0},
         {airport + "MAG_VAR=east\nELEV=high\nRWY1.LEN=-1\nRWY1.WIDTH=x\nRWY1.LO.PATTERN=LR\n"
                    "ARPT_END\n",
-         warning(11, "Invalid MAG-VAR.") + warning(11, "Invalid ELEV.") +
-             error(11, "Invalid RWY.LEN.") + error(11, "Invalid RWY.WIDTH.") +
-             warning(11, "Invalid PATTERN field."),
+         warning(11, "Invalid MAG-VAR.") + warning(11, "Invalid ELEV.") + error(11, "Invalid RWY.LEN.") +
+             error(11, "Invalid RWY.WIDTH.") + warning(11, "Invalid PATTERN field."),
          1}};
     for (const Case& c : cases) {
         EXPECT_EQ(read(c.text), c.logged) << c.text;
@@ -173,9 +161,7 @@ TEST_F(UserDatabaseReaderTest, AnnouncesAnEmptyFileOnlyAndRefusesAMissingOne) {
 
 TEST_F(UserDatabaseReaderTest, CutsLinesAcrossBlocks) {
     const std::string comment(3000, ';');
-    EXPECT_EQ(read(comment + "\n" + std::string(kVor) + "NAME=" + std::string(70000, 'x') +
-                   "\nNAVAID_END\n"),
-              "");
+    EXPECT_EQ(read(comment + "\n" + std::string(kVor) + "NAME=" + std::string(70000, 'x') + "\nNAVAID_END\n"), "");
     EXPECT_EQ(only<VorRecord>().GetName(), std::string(20, 'x'));
 }
 
@@ -186,10 +172,7 @@ TEST(UserCoordinateTest, ReadsDegreesAndMinutes) {
         {"+5:30", 5.5},  {"5:x", 5.0},    {"5:", 5.0},
         {"abc", 0.0},    {"nan", 0.0},    {"-122.25W", -122.25},
         {"1:inf", 1.0},  {"47,5", 47.0}};
-    for (const auto& [text, degrees] : cases) {
-        EXPECT_NEAR(parseUserCoordinate(text), degrees, 1e-12) << text;
-    }
+    for (const auto& [text, degrees] : cases) { EXPECT_NEAR(parseUserCoordinate(text), degrees, 1e-12) << text; }
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -3,8 +3,7 @@
 #include "platform/SystemClock.h"
 #include "platform/VirtualClock.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 TEST(VirtualClock, LocalTimeAndUnixSecondsMoveWithTheTicks) {
     VirtualClock clock({2024, 2, 28, 23, 59, 58}, 3600);
@@ -39,9 +38,7 @@ TEST(SystemClock, IsConsistent) {
     EXPECT_GE(clock.tickMs(), before);
     // No zone is more than a day from UTC.
     VirtualClock local(clock.localNow());
-    EXPECT_NEAR(static_cast<double>(local.unixSeconds()), static_cast<double>(clock.unixSeconds()),
-                86400.0);
+    EXPECT_NEAR(static_cast<double>(local.unixSeconds()), static_cast<double>(clock.unixSeconds()), 86400.0);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,6 +1,4 @@
 #include <fstream>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -8,16 +6,13 @@
 #include "platform/Folders.h"
 #include "platform/TempFolder.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 namespace fs = std::filesystem;
 
 std::vector<std::string> namesOf(const std::vector<fs::path>& paths) {
     std::vector<std::string> names;
-    for (const fs::path& path : paths) {
-        names.push_back(path.filename().string());
-    }
+    for (const fs::path& path : paths) { names.push_back(path.filename().string()); }
     return names;
 }
 
@@ -59,8 +54,8 @@ TEST(FileIo, ReplacingKeepsLinkAndPermissions) {
 
 TEST(Folders, FindsFilesByPatternInByteOrder) {
     const TempFolder folder;
-    for (const char* name : {"b.UDB.TXT", "a.udb.txt", "B.UDB.TXT", "\xc3\xa4.udb.txt", "UDB.TXT",
-                             "a.udb.txt.bak", ".udb.txt"}) {
+    for (const char* name :
+         {"b.UDB.TXT", "a.udb.txt", "B.UDB.TXT", "\xc3\xa4.udb.txt", "UDB.TXT", "a.udb.txt.bak", ".udb.txt"}) {
         std::ofstream(folder.path() / name) << name;
     }
     fs::create_directory(folder.path() / "folder.udb.txt");
@@ -80,5 +75,4 @@ TEST(Folders, TheProgramsFolderCanBeWritten) {
     EXPECT_TRUE(fs::is_directory(executableFolder()));
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

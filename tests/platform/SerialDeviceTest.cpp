@@ -1,8 +1,6 @@
 #include <array>
 #include <chrono>
 #include <future>
-#include <string>
-#include <string_view>
 
 #include <gtest/gtest.h>
 
@@ -10,8 +8,7 @@
 #include "platform/SerialDevice.h"
 #include "platform/TempFolder.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 constexpr std::chrono::seconds kDeadline{30};
 
@@ -42,8 +39,7 @@ class SerialDeviceTest : public testing::Test {
 };
 
 TEST_F(SerialDeviceTest, EverySpeedAndSettingReachesTheLine) {
-    for (const std::uint32_t baud :
-         {1200U, 2400U, 4800U, 9600U, 14400U, 19200U, 38400U, 57600U, 115200U}) {
+    for (const std::uint32_t baud : {1200U, 2400U, 4800U, 9600U, 14400U, 19200U, 38400U, 57600U, 115200U}) {
         for (const bool xonXoff : {false, true}) {
             const LineSettings wanted{.baud = baud, .xonXoffOutput = xonXoff};
             ASSERT_EQ(device_->applyLineSettings(wanted), kNoError);
@@ -117,5 +113,4 @@ TEST_F(SerialDeviceTest, AWriteEndsByItsTimeout) {
     EXPECT_LT(sent.count, flood.size());
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,14 +1,10 @@
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "platform/FileIo.h"
 #include "platform/SerialPorts.h"
 #include "platform/TempFolder.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 namespace fs = std::filesystem;
 
@@ -25,9 +21,7 @@ class SerialPortsTest : public testing::Test {
         fs::create_directories(device);
         fs::create_directories(folders_.sysfs / name);
         fs::create_directory_symlink(device, folders_.sysfs / name / "device");
-        if (!type.empty()) {
-            ASSERT_TRUE(writeFileAtomically(folders_.sysfs / name / "type", type + "\n"));
-        }
+        if (!type.empty()) { ASSERT_TRUE(writeFileAtomically(folders_.sysfs / name / "type", type + "\n")); }
     }
 
     std::string fileOf(const std::string& name) const {
@@ -35,8 +29,7 @@ class SerialPortsTest : public testing::Test {
     }
 
     TempFolder root_;
-    SerialFolders folders_{
-        .ports = root_.path() / "ports", .sysfs = root_.path() / "tty", .dev = "/dev"};
+    SerialFolders folders_{.ports = root_.path() / "ports", .sysfs = root_.path() / "tty", .dev = "/dev"};
 };
 
 TEST_F(SerialPortsTest, UsbComesFirstBySocketThenPortsWithHardware) {
@@ -47,8 +40,8 @@ TEST_F(SerialPortsTest, UsbComesFirstBySocketThenPortsWithHardware) {
     addDevice("ttyUSB7", "usb1/1-2/1-2:1.0/ttyUSB7", "");
     addDevice("ttyACM0", "usb1/1-3/1-3:1.0", "");
     fs::create_directories(folders_.sysfs / "tty1");
-    const std::vector<fs::path> expected = {"/dev/ttyUSB7", "/dev/ttyACM0", "/dev/ttyUSB0",
-                                            "/dev/ttyS2", "/dev/ttyS10"};
+    const std::vector<fs::path> expected = {"/dev/ttyUSB7", "/dev/ttyACM0", "/dev/ttyUSB0", "/dev/ttyS2",
+                                            "/dev/ttyS10"};
     EXPECT_EQ(listSerialDevices(folders_), expected);
     EXPECT_EQ(fileOf("COM1"), "/dev/ttyUSB7");
     EXPECT_EQ(fileOf("com5"), "/dev/ttyS10");
@@ -64,11 +57,9 @@ TEST_F(SerialPortsTest, ALinkHoldsEvenWhileItLeadsNowhere) {
 
 TEST_F(SerialPortsTest, OtherNames) {
     EXPECT_EQ(fileOf("/dev/pts/3"), "/dev/pts/3");
-    for (const char* name :
-         {"", "COM", "COM0", "COM-1", "COM1x", "COM99999999999", "COM1:", "tty"}) {
+    for (const char* name : {"", "COM", "COM0", "COM-1", "COM1x", "COM99999999999", "COM1:", "tty"}) {
         EXPECT_EQ(fileOf(name), "none") << name;
     }
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -15,9 +15,8 @@ class TempFolder {
  public:
     TempFolder() {
         const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
-        path_ = std::filesystem::path(testing::TempDir()) /
-                (std::string("korvel-") + test->test_suite_name() + "-" + test->name() + "-" +
-                 std::to_string(getpid()));
+        path_ = std::filesystem::path(testing::TempDir()) / (std::string("korvel-") + test->test_suite_name() + "-" +
+                                                             test->name() + "-" + std::to_string(getpid()));
         std::filesystem::remove_all(path_);
         std::filesystem::create_directories(path_);
     }

@@ -7,8 +7,7 @@
 #include "platform/Event.h"
 #include "platform/ReadTimer.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 using std::chrono::milliseconds;
 
@@ -80,5 +79,4 @@ TEST(ReadTimer, EndsAtTheGapOrAtTheWhole) {
     EXPECT_EQ(gapOnly.left(at(104)), milliseconds(0));
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,6 +1,4 @@
 #include <filesystem>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -8,8 +6,7 @@
 #include "platform/TempFolder.h"
 #include "tools/ToolRun.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 using Json = nlohmann::ordered_json;
 using Words = std::vector<std::string>;
@@ -56,9 +53,7 @@ TEST(Tool, StatusAndMessages) {
         EXPECT_EQ(result.status, one.status) << call;
         EXPECT_EQ(result.errors.substr(0, one.error.size()), one.error) << call;
         EXPECT_EQ(result.errors.empty(), one.status == 0) << call << result.errors;
-        if (!one.output.empty()) {
-            EXPECT_EQ(result.output, one.output) << call;
-        }
+        if (!one.output.empty()) { EXPECT_EQ(result.output, one.output) << call; }
     }
     EXPECT_TRUE(std::filesystem::is_empty(folder.path())) << "refusals leave no files behind";
     const Json refusal = Json::parse(runTool({"profile", data, "--json"}).output);
@@ -72,10 +67,8 @@ TEST(Tool, Geodesy) {
     };
     // Los Angeles to New York as Ed Williams' formulary works it out, and mirror images of it.
     const Case cases[] = {
-        {{"distance", "33.95", "-118.4", "40.633333", "-73.783333"},
-         {{"rad", 0.623585}, {"nm", 2143.727}}},
-        {{"distance", "-33.95", "118.4", "-40.633333", "73.783333"},
-         {{"rad", 0.623585}, {"nm", 2143.727}}},
+        {{"distance", "33.95", "-118.4", "40.633333", "-73.783333"}, {{"rad", 0.623585}, {"nm", 2143.727}}},
+        {{"distance", "-33.95", "118.4", "-40.633333", "73.783333"}, {{"rad", 0.623585}, {"nm", 2143.727}}},
         {{"course", "33.95", "-118.4", "40.633333", "-73.783333"}, {{"deg", 65.892}}},
         {{"point", "33.95", "-118.4", "100", "66"}, {{"lat", 34.614086}, {"lon", -116.549901}}},
         {{"point", "-.5", "179.5", "60", "90"}, {{"lat", -0.499924}, {"lon", -179.499962}}},
@@ -122,16 +115,14 @@ TEST(Tool, ProfileKeepsWhatItReadsAndSets) {
     const Json entries = json({})["entries"];
     EXPECT_EQ(entries.size(), 38U) << "37 settings and the integer \"Port\"";
     EXPECT_EQ(entries["Options:RotateMask"], "460551");
-    EXPECT_EQ(runTool({"profile", file, "get-string", "Options", "SimLon", "x"}).output,
-              "-118.4\n");
+    EXPECT_EQ(runTool({"profile", file, "get-string", "Options", "SimLon", "x"}).output, "-118.4\n");
 }
 
 TEST(Tool, SchemesComeFromTheDataFolder) {
     const TempFolder folder;
     folder.write("sea.scm", "geo.water = 300,0,0\n Geo.Water=0,0,255");
     const auto colors = [&folder](const std::string& name) {
-        const ToolResult result =
-            runTool({"--data", folder.path().string(), "scheme", "--json", name});
+        const ToolResult result = runTool({"--data", folder.path().string(), "scheme", "--json", name});
         EXPECT_EQ(result.status, 0) << result.errors;
         return Json::parse(result.output)["colors"];
     };
@@ -142,5 +133,4 @@ TEST(Tool, SchemesComeFromTheDataFolder) {
     EXPECT_EQ(colors("<Night-Flight>")["map.class_c"], (Json{0, 204, 0}));
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,6 +1,4 @@
 #include <sstream>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -9,8 +7,7 @@
 #include "platform/TempFolder.h"
 #include "tools/ToolRun.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 using Json = nlohmann::ordered_json;
 
@@ -26,10 +23,9 @@ class NavdbVerbs : public testing::Test {
         content.addRunwayEnd("SEA", 1, "16L", 11901);
         content.addComm("SEA", "TWR", 119.9);
         content.write(folder_.path(), "k.ng2");
-        folder_.write(
-            "my.UDB.TXT",
-            "ARPT_BEGIN\nID=KSEA\nNAME=Mine\nPOSN.LAT=47:30\nPOSN.LON=-122:15\nARPT_END\n"
-            "NAVAID_BEGIN\nID=FOO\nNAME=x\nTYPE=FIX\nPOSN.LAT=1\nPOSN.LON=1\nNAVAID_END\n");
+        folder_.write("my.UDB.TXT",
+                      "ARPT_BEGIN\nID=KSEA\nNAME=Mine\nPOSN.LAT=47:30\nPOSN.LON=-122:15\nARPT_END\n"
+                      "NAVAID_BEGIN\nID=FOO\nNAME=x\nTYPE=FIX\nPOSN.LAT=1\nPOSN.LON=1\nNAVAID_END\n");
     }
     /// Runs with the data folder and "--json"; returns the lines.
     std::vector<Json> run(std::vector<std::string> words, int status = 0) {
@@ -39,9 +35,7 @@ class NavdbVerbs : public testing::Test {
         EXPECT_EQ(result.status, status) << result.output << result.errors;
         std::vector<Json> documents;
         std::istringstream lines(result.output);
-        for (std::string line; std::getline(lines, line);) {
-            documents.push_back(Json::parse(line));
-        }
+        for (std::string line; std::getline(lines, line);) { documents.push_back(Json::parse(line)); }
         return documents;
     }
     std::string file() const { return (folder_.path() / "k.ng2").string(); }
@@ -56,8 +50,7 @@ TEST_F(NavdbVerbs, TellWhatAFileHolds) {
     EXPECT_EQ(info["region"], "K");
     EXPECT_EQ(info["expiry"], 20991231);
     EXPECT_EQ(info["expired"], true);
-    EXPECT_EQ(info["tables"][4],
-              Json::parse(R"({"name":"_AWY","rowSize":8,"fields":[{"name":"ID","type":3,"length":4},
+    EXPECT_EQ(info["tables"][4], Json::parse(R"({"name":"_AWY","rowSize":8,"fields":[{"name":"ID","type":3,"length":4},
                               {"name":"ROUTE","type":3,"length":4}]})"));
     EXPECT_EQ(info["indexes"][2], Json::parse(R"({"name":"NavKey","table":"_NAV","rows":1})"));
     EXPECT_EQ(run({"navdb", "verify", file()}).at(0), Json::parse(R"({"error":""})"));
@@ -99,5 +92,4 @@ TEST_F(NavdbVerbs, SearchTheDataFolder) {
         "Nav f.FOO not used. Already exists in a .NG2 file.\r\n"));
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

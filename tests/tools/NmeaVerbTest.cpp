@@ -1,7 +1,5 @@
 #include <fstream>
 #include <sstream>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -10,8 +8,7 @@
 #include "platform/TempFolder.h"
 #include "tools/ToolRun.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 using Json = nlohmann::ordered_json;
 using Words = std::vector<std::string>;
@@ -23,9 +20,7 @@ std::vector<Json> decoded(const std::string& file, Words words) {
     EXPECT_EQ(result.status, 0) << result.errors;
     std::vector<Json> documents;
     std::istringstream output(result.output);
-    for (std::string line; std::getline(output, line);) {
-        documents.push_back(Json::parse(line));
-    }
+    for (std::string line; std::getline(output, line);) { documents.push_back(Json::parse(line)); }
     return documents;
 }
 
@@ -54,13 +49,11 @@ TEST(NmeaVerb, DecodesAReceiversLog) {
         {"sentenceFlags", 2 | 4 | 8},
         {"satellites",
          {word(1, 10, 158, 45) | kUsed, word(3, 72, 164, 42) | kUsed, word(11, 24, 279, 0),
-          word(14, 30, 119, 47) | kUsed, word(15, 33, 70, 39), word(16, 5, 184, 0),
-          word(18, 20, 46, 0), word(19, 73, 304, 0), word(22, 50, 54, 0), 0, 0, 0}},
+          word(14, 30, 119, 47) | kUsed, word(15, 33, 70, 39), word(16, 5, 184, 0), word(18, 20, 46, 0),
+          word(19, 73, 304, 0), word(22, 50, 54, 0), 0, 0, 0}},
         {"sent", Json::array()},
     };
-    for (const auto& [name, value] : expected.items()) {
-        EXPECT_EQ(fix[name], value) << name;
-    }
+    for (const auto& [name, value] : expected.items()) { EXPECT_EQ(fix[name], value) << name; }
     EXPECT_EQ(fix.size(), expected.size() + 2) << "position and track";
 
     const std::vector<Json> each = decoded(log, {"--each", "--satellites", "--tick-lines", "6"});
@@ -98,5 +91,4 @@ TEST(NmeaVerb, OptionsReachTheDecoder) {
               "  sent ASTRAL\n");
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

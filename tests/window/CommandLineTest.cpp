@@ -1,11 +1,8 @@
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "app/CommandLine.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 std::string parse(const std::vector<std::string_view>& arguments, CommandLine& result) {
     return parseCommandLine(arguments, result);
@@ -13,11 +10,11 @@ std::string parse(const std::vector<std::string_view>& arguments, CommandLine& r
 
 TEST(CommandLine, TakesEveryOptionInBothForms) {
     CommandLine line;
-    EXPECT_EQ(parse({"trip.fp", "--replay=a.log", "--speed", "2.5", "--snapshot", "o.png", "--size",
-                     "800x480", "--after=0", "--page", "Map", "--scheme=<Night-Flight>", "--range",
-                     "25", "--profile-folder", "/tmp/p"},
-                    line),
-              "");
+    EXPECT_EQ(
+        parse({"trip.fp", "--replay=a.log", "--speed", "2.5", "--snapshot", "o.png", "--size", "800x480", "--after=0",
+               "--page", "Map", "--scheme=<Night-Flight>", "--range", "25", "--profile-folder", "/tmp/p"},
+              line),
+        "");
     EXPECT_EQ(line.planFile, "trip.fp");
     EXPECT_EQ(line.replayFile, "a.log");
     EXPECT_EQ(line.speed, 2.5);
@@ -46,13 +43,12 @@ TEST(CommandLine, SaysInOneLineWhatIsWrong) {
         const std::string error = parse(arguments, line);
         EXPECT_NE(error, "") << arguments.front();
         EXPECT_EQ(error.find('\n'), std::string::npos);
-        EXPECT_NE(error.find(arguments.size() > 1 && !arguments.front().starts_with("--")
-                                 ? arguments.back()
-                                 : arguments.front().substr(0, 8)),
-                  std::string::npos)
+        EXPECT_NE(
+            error.find(arguments.size() > 1 && !arguments.front().starts_with("--") ? arguments.back()
+                                                                                    : arguments.front().substr(0, 8)),
+            std::string::npos)
             << error;
     }
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,9 +1,5 @@
 #include <algorithm>
-#include <memory>
-#include <set>
 #include <sstream>
-#include <string>
-#include <utility>
 
 #include <QAction>
 #include <QApplication>
@@ -23,8 +19,7 @@
 #include "gps/GpsFixture.h"
 #include "platform/TempFolder.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 /// The window on a clock that stands still and a receiver that says what the test wants.
 class FrameTest : public testing::Test {
@@ -33,10 +28,8 @@ class FrameTest : public testing::Test {
 
     void open() {
         profile_.setString(kOptionsSection, "Port", "COM3:,4800,N,8,1");
-        document_ = std::make_unique<CKorvelDoc>(
-            CKorvelDoc::Foundations{profile_, clock_, ports_.opener()});
-        frame_ = std::make_unique<CMainFrame>(
-            FrameParts{*document_, profile_, scheme_, dataFiles_, labels_});
+        document_ = std::make_unique<CKorvelDoc>(CKorvelDoc::Foundations{profile_, clock_, ports_.opener()});
+        frame_ = std::make_unique<CMainFrame>(FrameParts{*document_, profile_, scheme_, dataFiles_, labels_});
         frame_->showWhereItWas();
         QApplication::processEvents();
     }
@@ -52,14 +45,13 @@ class FrameTest : public testing::Test {
 
     void press(const QKeySequence& key) {
         for (QAction* action : frame_->findChildren<QAction*>())
-            if (action->shortcuts().contains(key))
-                return action->trigger();
+            if (action->shortcuts().contains(key)) return action->trigger();
         ADD_FAILURE() << "no command has the key " << key.toString().toStdString();
     }
     void mouse(QEvent::Type type, QPointF at) {
         const bool up = type == QEvent::MouseButtonRelease;
-        QMouseEvent event(type, at, view().mapToGlobal(at), Qt::LeftButton,
-                          up ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+        QMouseEvent event(type, at, view().mapToGlobal(at), Qt::LeftButton, up ? Qt::NoButton : Qt::LeftButton,
+                          Qt::NoModifier);
         QApplication::sendEvent(&view(), &event);
     }
     void drag(QPointF from, QPointF to) {
@@ -75,8 +67,8 @@ class FrameTest : public testing::Test {
     }
 
     void flyTo(const std::string& position) {
-        for (const auto& [name, rest] : {std::pair{"GPRMC,1,A,", ",90.5,90.00,211200,,"},
-                                         std::pair{"GPGGA,1,", ",1,04,1,9,M,,,,"}}) {
+        for (const auto& [name, rest] :
+             {std::pair{"GPRMC,1,A,", ",90.5,90.00,211200,,"}, std::pair{"GPGGA,1,", ",1,04,1,9,M,,,,"}}) {
             std::ostringstream body;
             body << name << position << rest;
             ports_.send(sentence(body.str()));
@@ -144,24 +136,18 @@ TEST_F(FrameTest, AButtonActsWhenTheFingerLeavesItWhereItCameDown) {
 }
 
 TEST_F(FrameTest, TheWheelAndTwoFingersZoom) {
-    QWheelEvent notch(middle(), view().mapToGlobal(middle()), {}, {0, -120}, Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QWheelEvent notch(middle(), view().mapToGlobal(middle()), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
     QApplication::sendEvent(&view(), &notch);
     EXPECT_EQ(rangeNm(), 100);
 
     const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
     const QPoint center = middle().toPoint();
     const auto fingers = [&](int apart) { return QPoint(apart / 2, 0); };
-    QTest::touchEvent(&view(), screen.get())
-        .press(0, center - fingers(60))
-        .press(1, center + fingers(60));
+    QTest::touchEvent(&view(), screen.get()).press(0, center - fingers(60)).press(1, center + fingers(60));
     for (int apart = 70; apart <= 180; apart += 10)
-        QTest::touchEvent(&view(), screen.get())
-            .move(0, center - fingers(apart))
-            .move(1, center + fingers(apart));
-    QTest::touchEvent(&view(), screen.get())
-        .release(0, center - fingers(180))
-        .release(1, center + fingers(180));
+        QTest::touchEvent(&view(), screen.get()).move(0, center - fingers(apart)).move(1, center + fingers(apart));
+    QTest::touchEvent(&view(), screen.get()).release(0, center - fingers(180)).release(1, center + fingers(180));
     EXPECT_EQ(rangeNm(), 40);  // three times as far apart: two steps
     EXPECT_FALSE(view().isPanned());
 }
@@ -202,12 +188,9 @@ TEST_F(FrameTest, RemembersPageAndPlaceAndScheme) {
 TEST_F(FrameTest, AtNightNothingIsBrighterThanItsText) {
     press(Qt::Key_C);
     const QPalette palette = QApplication::palette();
-    const auto brightness = [&](QPalette::ColorRole role) {
-        return palette.color(QPalette::Active, role).lightness();
-    };
-    for (const auto role :
-         {QPalette::Window, QPalette::Base, QPalette::Button, QPalette::Light, QPalette::Midlight,
-          QPalette::Mid, QPalette::Dark, QPalette::ToolTipBase})
+    const auto brightness = [&](QPalette::ColorRole role) { return palette.color(QPalette::Active, role).lightness(); };
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button, QPalette::Light, QPalette::Midlight,
+                            QPalette::Mid, QPalette::Dark, QPalette::ToolTipBase})
         EXPECT_LT(brightness(role), brightness(QPalette::Text) / 2) << role;
     press(Qt::Key_C);
 }
@@ -221,9 +204,7 @@ TEST(PageCycle, GoesOnceAroundWhatTheMaskLeaves) {
     EXPECT_EQ(nextPage(PageId::Map, two), PageId::Satellite);
     EXPECT_EQ(nextPage(PageId::Satellite, two), PageId::Map);
     EXPECT_EQ(nextPage(PageId::NorthUp, two), PageId::Satellite);
-    for (const int number : {-1, 3, 99})
-        EXPECT_EQ(pageOfNumber(number), PageId::Map);
+    for (const int number : {-1, 3, 99}) EXPECT_EQ(pageOfNumber(number), PageId::Map);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
-#include <string>
 
 #include <QImage>
 #include <QProcess>
@@ -18,8 +17,7 @@
 #include "platform/RegistryProfile.h"
 #include "platform/TempFolder.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 class ProgramTest : public testing::Test {
  protected:
@@ -45,27 +43,25 @@ class ProgramTest : public testing::Test {
     QImage picture(const QStringList& arguments, const QString& scale = QStringLiteral("1")) {
         std::ofstream log(folder_.path() / "flight.log");
         for (int second = 10; second < 50; ++second)
-            for (const char* rest : {",A,4730.0,N,01015.0,E,90.0,90.0,211200,,",
-                                     ",4730.0,N,01015.0,E,1,08,1,100,M,,,,"}) {
+            for (const char* rest :
+                 {",A,4730.0,N,01015.0,E,90.0,90.0,211200,,", ",4730.0,N,01015.0,E,1,08,1,100,M,,,,"}) {
                 std::ostringstream body;
                 body << (rest[1] == 'A' ? "GPRMC,1000" : "GPGGA,1000") << second << rest;
                 log << sentence(body.str()) << '\n';
             }
         log.close();
-        const Outcome outcome = run(
-            QStringList{QStringLiteral("--replay"), path("flight.log"),
-                        QStringLiteral("--snapshot"), path("picture.png"), QStringLiteral("--size"),
-                        QStringLiteral("640x480"), QStringLiteral("--after"), QStringLiteral("3")} +
-                arguments,
-            scale);
+        const Outcome outcome =
+            run(QStringList{QStringLiteral("--replay"), path("flight.log"), QStringLiteral("--snapshot"),
+                            path("picture.png"), QStringLiteral("--size"), QStringLiteral("640x480"),
+                            QStringLiteral("--after"), QStringLiteral("3")} +
+                    arguments,
+                scale);
         EXPECT_EQ(outcome.exitCode, 0);
         EXPECT_EQ(outcome.errors, "");
         return QImage(path("picture.png"));
     }
 
-    QString path(const char* name) const {
-        return QString::fromStdString((folder_.path() / name).string());
-    }
+    QString path(const char* name) const { return QString::fromStdString((folder_.path() / name).string()); }
 
     TempFolder folder_;
 };
@@ -105,8 +101,7 @@ TEST_F(ProgramTest, AReplayReachesTheMapAndLeavesTheSettingsAlone) {
     const auto cyanBelowTheFields = [](const QImage& image) {
         int count = 0;
         for (int y = 160; y < 425; ++y)
-            for (int x = 0; x < image.width(); ++x)
-                count += image.pixelColor(x, y) == QColor(0, 255, 255) ? 1 : 0;
+            for (int x = 0; x < image.width(); ++x) count += image.pixelColor(x, y) == QColor(0, 255, 255) ? 1 : 0;
         return count;
     };
     EXPECT_LT(cyanBelowTheFields(status), 10);
@@ -118,8 +113,7 @@ TEST_F(ProgramTest, AReplayReachesTheMapAndLeavesTheSettingsAlone) {
 }
 
 TEST_F(ProgramTest, AtNightNothingIsWhiteAtAnyScale) {
-    const QImage night =
-        picture({"--scheme", "<Night-Flight>", "--page", "North-Up"}, QStringLiteral("2"));
+    const QImage night = picture({"--scheme", "<Night-Flight>", "--page", "North-Up"}, QStringLiteral("2"));
     ASSERT_EQ(night.size(), QSize(1280, 960));
     int brightest = 0;
     long bright = 0;
@@ -138,5 +132,4 @@ TEST_F(ProgramTest, AtNightNothingIsWhiteAtAnyScale) {
     EXPECT_EQ(profile.getInt(kOptionsSection, "WindowWidth", -1), -1);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,9 +1,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
-#include <string>
-#include <vector>
 
 #include <QFontInfo>
 #include <QImage>
@@ -12,8 +9,7 @@
 
 #include "app/QtCanvas.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 constexpr ColorValue kRed = Rgb(255, 0, 0);
 constexpr ColorValue kWhite = Rgb(255, 255, 255);
@@ -21,8 +17,7 @@ constexpr ColorValue kWhite = Rgb(255, 255, 255);
 /// A black raster of 200 by 100 device-independent pixels.
 struct Sheet {
     explicit Sheet(double ratio = 1)
-        : image(static_cast<int>(200 * ratio), static_cast<int>(100 * ratio),
-                QImage::Format_RGB32) {
+        : image(static_cast<int>(200 * ratio), static_cast<int>(100 * ratio), QImage::Format_RGB32) {
         image.setDevicePixelRatio(ratio);
         image.fill(Qt::black);
     }
@@ -39,8 +34,7 @@ struct Sheet {
         QRect around;
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x)
-                if (image.pixelColor(x, y) != Qt::black)
-                    around = around.united(QRect(x, y, 1, 1));
+                if (image.pixelColor(x, y) != Qt::black) around = around.united(QRect(x, y, 1, 1));
         return around;
     }
 
@@ -59,8 +53,7 @@ TEST(DisplayFonts, BringsItsOwnFacesWithTabularDigits) {
             const FontFace& face = fonts.face({40, weight, monospaced});
             EXPECT_EQ(QFontInfo(face.font).exactMatch(), true);
             EXPECT_EQ(QFontInfo(face.font).bold(), weight == FontWeight::Bold);
-            for (const char* digit : {"1", "4", "7"})
-                EXPECT_DOUBLE_EQ(face.advance(digit), face.advance("0")) << digit;
+            for (const char* digit : {"1", "4", "7"}) EXPECT_DOUBLE_EQ(face.advance(digit), face.advance("0")) << digit;
             EXPECT_EQ(face.advance("i") == face.advance("M"), monospaced);
         }
 }
@@ -96,15 +89,13 @@ TEST(QtCanvas, PutsTheAnchorWhereTheAlignmentSays) {
         AlignY alignY;
         double left, bottom;  // of the ink, in widths and capital heights from the anchor
     };
-    for (const Case& c : {Case{AlignX::Left, AlignY::Baseline, 0, 0},
-                          Case{AlignX::Center, AlignY::Middle, -0.5, 0.5},
+    for (const Case& c : {Case{AlignX::Left, AlignY::Baseline, 0, 0}, Case{AlignX::Center, AlignY::Middle, -0.5, 0.5},
                           Case{AlignX::Right, AlignY::Top, -1, 1}}) {
         Sheet sheet;
         TextExtent extent;
         sheet.draw({20, 10, 160, 80}, [&](Canvas& canvas) {
             extent = canvas.measure("HH", {24});
-            canvas.text({80, 40}, "HH",
-                        {.font = {24}, .color = kWhite, .alignX = c.alignX, .alignY = c.alignY});
+            canvas.text({80, 40}, "HH", {.font = {24}, .color = kWhite, .alignX = c.alignX, .alignY = c.alignY});
         });
         EXPECT_NEAR(sheet.inked().left(), 100 + c.left * extent.width, 4);
         EXPECT_NEAR(sheet.inked().bottom() + 1, 50 + c.bottom * extent.capHeight, 1.5);
@@ -179,13 +170,11 @@ TEST(QtCanvas, DrawsLongWideLinesWithoutGaps) {
     for (const double ratio : {1.0, 2.0}) {
         Sheet sheet(ratio);
         std::vector<Point> points;
-        for (int i = 0; i <= 180; ++i)
-            points.push_back({10.0 + i, 50 + 30 * std::sin(i * 0.1)});
-        sheet.draw(kWholeSheet,
-                   [&](Canvas& canvas) { canvas.polyline(points, {.color = kWhite, .width = 3}); });
+        for (int i = 0; i <= 180; ++i) points.push_back({10.0 + i, 50 + 30 * std::sin(i * 0.1)});
+        sheet.draw(kWholeSheet, [&](Canvas& canvas) { canvas.polyline(points, {.color = kWhite, .width = 3}); });
         for (const Point& point : points) {
-            const QColor color = sheet.image.pixelColor(static_cast<int>(point.x * ratio),
-                                                        static_cast<int>(point.y * ratio));
+            const QColor color =
+                sheet.image.pixelColor(static_cast<int>(point.x * ratio), static_cast<int>(point.y * ratio));
             EXPECT_GT(color.red(), 200) << point.x;
         }
         sheet.image.fill(Qt::black);
@@ -193,8 +182,8 @@ TEST(QtCanvas, DrawsLongWideLinesWithoutGaps) {
             canvas.polyline(points, {.color = kWhite, .width = 3, .style = PenStyle::Dash});
         });
         EXPECT_TRUE(std::ranges::any_of(points, [&](Point point) {
-            return sheet.image.pixelColor(static_cast<int>(point.x * ratio),
-                                          static_cast<int>(point.y * ratio)) == Qt::black;
+            return sheet.image.pixelColor(static_cast<int>(point.x * ratio), static_cast<int>(point.y * ratio)) ==
+                   Qt::black;
         }));
     }
 }
@@ -237,11 +226,9 @@ TEST(LabelCache, TellsStylesApart) {
     red.color = kRed;
     TextStyle rimmed = style;
     rimmed.halo = 0;
-    for (const TextStyle& other : {bold, red, rimmed})
-        EXPECT_NE(labels.get("KSEA", other, 1).image, plain);
+    for (const TextStyle& other : {bold, red, rimmed}) EXPECT_NE(labels.get("KSEA", other, 1).image, plain);
     EXPECT_NE(labels.get("KSEA", style, 2).image.size(), plain.size());
     EXPECT_EQ(labels.get("KSEA", style, 1).image, plain);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

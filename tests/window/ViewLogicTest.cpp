@@ -4,8 +4,7 @@
 #include "app/MapAngle.h"
 #include "app/ZoomGesture.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 CockpitData flying(double trackTrueDeg, double groundSpeedKt) {
     CockpitData data;
@@ -36,8 +35,7 @@ TEST(ZoomGesture, AddsUpFineMovementsAndTurnsAtOnce) {
     EXPECT_EQ(zoom.wheel(120), 1);
     EXPECT_EQ(zoom.wheel(-240), -2);
     int steps = 0;
-    for (int i = 0; i < 16; ++i)
-        steps += zoom.wheel(15);
+    for (int i = 0; i < 16; ++i) steps += zoom.wheel(15);
     EXPECT_EQ(steps, 2);
     EXPECT_EQ(zoom.wheel(90), 0);
     EXPECT_EQ(zoom.wheel(-90), 0);  // would be one step in, were the 90 not forgotten
@@ -45,8 +43,7 @@ TEST(ZoomGesture, AddsUpFineMovementsAndTurnsAtOnce) {
 
     zoom.reset();
     steps = 0;
-    for (int i = 0; i < 40; ++i)
-        steps += zoom.pinch(1.0242);  // 40 times: a factor of 2.6, two steps
+    for (int i = 0; i < 40; ++i) steps += zoom.pinch(1.0242);  // 40 times: a factor of 2.6, two steps
     EXPECT_EQ(steps, 2);
     zoom.reset();
     EXPECT_EQ(zoom.pinch(0.5), -1);
@@ -54,13 +51,11 @@ TEST(ZoomGesture, AddsUpFineMovementsAndTurnsAtOnce) {
 }
 
 TEST(CGPSDialog, GivesBackWhatItWasGivenUnlessThePilotChanges) {
-    for (const std::string settings :
-         {"", "COM1:,4800,N,8,1", "COM77:,38400,N,8,1", "/dev/ttyACM0:,14400,N,8,1"})
+    for (const std::string settings : {"", "COM1:,4800,N,8,1", "COM77:,38400,N,8,1", "/dev/ttyACM0:,14400,N,8,1"})
         EXPECT_EQ(CGPSDialog(nullptr, settings).settings(), settings);
     // What cannot be read is no port: search.
     for (const std::string settings : {"COM1", ":,9600,N,8,1", "COM1:,fast,N,8,1", "COM1:,0"})
         EXPECT_EQ(CGPSDialog(nullptr, settings).settings(), "");
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

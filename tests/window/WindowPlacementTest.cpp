@@ -2,17 +2,15 @@
 
 #include "app/WindowPlacement.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 const QRect kLeftScreen(0, 0, 1280, 770);
 const QRect kRightScreen(1280, 0, 1920, 1080);
 
 TEST(WindowPlacement, KeepsAPlaceWhoseTopEdgeCanBeGrabbed) {
     const QList<QRect> screens = {kLeftScreen, kRightScreen};
-    for (const QRect& place :
-         {QRect(100, 50, 800, 600), QRect(2000, 300, 800, 600), QRect(-500, 10, 800, 600),
-          QRect(1000, 10, 800, 600), QRect(0, 0, 1280, 770)})
+    for (const QRect& place : {QRect(100, 50, 800, 600), QRect(2000, 300, 800, 600), QRect(-500, 10, 800, 600),
+                               QRect(1000, 10, 800, 600), QRect(0, 0, 1280, 770)})
         EXPECT_EQ(reachablePlace(place, screens), place);
 }
 
@@ -34,5 +32,4 @@ TEST(WindowPlacement, BringsBackWhatNoScreenShows) {
     EXPECT_EQ(first.center(), kLeftScreen.center());
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,13 +1,10 @@
 #include <sstream>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "dbc/AirwayChains.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 /// Segments written "A-B" between points named by a letter; the letter sets the position: column
 /// and row on a grid of ten, one degree apart, "A" at the south-west corner.
@@ -19,14 +16,11 @@ std::vector<std::string> chainsOf(const std::string& text) {
                                {static_cast<double>(place / 10), static_cast<double>(place % 10)});
     };
     std::istringstream words(text);
-    for (std::string word; words >> word;)
-        network.addSegment("V1", point(word.front()), point(word.back()));
+    for (std::string word; words >> word;) network.addSegment("V1", point(word.front()), point(word.back()));
     std::vector<std::string> chains;
-    for (const auto& chain :
-         chainSegments(network.airways().find("V1")->second, network.points())) {
+    for (const auto& chain : chainSegments(network.airways().find("V1")->second, network.points())) {
         chains.emplace_back();
-        for (const auto index : chain)
-            chains.back() += network.points()[index].ident;
+        for (const auto index : chain) chains.back() += network.points()[index].ident;
     }
     return chains;
 }
@@ -50,8 +44,7 @@ TEST(AirwayChains, JoinsSegmentsInAnyOrderAndDirection) {
         // Two parallel ways from B to E.
         {"A-B B-C C-D D-E E-F B-M M-N N-E", {"ABCDEF", "BMNE"}},
     };
-    for (const auto& [segments, chains] : cases)
-        EXPECT_EQ(chainsOf(segments), chains) << segments;
+    for (const auto& [segments, chains] : cases) EXPECT_EQ(chainsOf(segments), chains) << segments;
 }
 
 TEST(AirwayChains, GoesStraightOnAcrossTheDateLine) {
@@ -72,8 +65,7 @@ TEST(AirwayChains, GoesStraightOnAcrossTheDateLine) {
 TEST(AirwayChains, CutsLongRoutesIntoPiecesThatShareAFix) {
     constexpr std::size_t kLongest = 1023;
     std::vector<std::string> names;
-    for (int i = 0; i < 500; ++i)
-        names.push_back("FX" + std::to_string(100 + i));
+    for (int i = 0; i < 500; ++i) names.push_back("FX" + std::to_string(100 + i));
     const std::vector<std::string_view> idents(names.begin(), names.end());
     const auto texts = routeTexts(idents, kLongest);
     ASSERT_EQ(texts.size(), 3U);
@@ -87,16 +79,13 @@ TEST(AirwayChains, CutsLongRoutesIntoPiecesThatShareAFix) {
             EXPECT_EQ(word, joined.back());
             joined.pop_back();
         }
-        do
-            joined.push_back(word);
+        do joined.push_back(word);
         while (words >> word);
     }
     EXPECT_EQ(joined, names);
     // 6 bytes a fix: 170 fill 1019 bytes, and the piece is as full as it can be.
     EXPECT_GT(texts[0].size() + 6, kLongest);
-    EXPECT_EQ(routeTexts(std::vector<std::string_view>{"A", "B"}, 3),
-              std::vector<std::string>{"A B"});
+    EXPECT_EQ(routeTexts(std::vector<std::string_view>{"A", "B"}, 3), std::vector<std::string>{"A B"});
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,48 +1,37 @@
-#include <optional>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "dbc/Consolidation.h"
 #include "dbc/VariationField.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
-SourceNavaid navaid(NavaidKind kind, const char* ident, GeoDegrees position,
-                    std::optional<double> variation = {}) {
+SourceNavaid navaid(NavaidKind kind, const char* ident, GeoDegrees position, std::optional<double> variation = {}) {
     return {kind, ident, "", "ED", position, 110.0, kUsageLow, variation};
 }
 
-SourceFix fix(const char* ident, GeoDegrees position, std::optional<Usage> usage = {},
-              const char* region = "") {
+SourceFix fix(const char* ident, GeoDegrees position, std::optional<Usage> usage = {}, const char* region = "") {
     return {ident, region, position, usage};
 }
 
 const SourceFix* findFix(const AviationData& data, std::string_view ident) {
     for (const auto& each : data.fixes)
-        if (each.ident == ident)
-            return &each;
+        if (each.ident == ident) return &each;
     return nullptr;
 }
 
 TEST(Consolidation, ShowsAStationAndItsDmeAsOne) {
     AviationData data;
-    data.navaids = {navaid(NavaidKind::dmeOnly, "OSN", {52.2, 8.2}),
-                    navaid(NavaidKind::vor, "OSN", {52.201, 8.201}),
-                    navaid(NavaidKind::ndb, "RK", {50.0, 8.0}),
-                    navaid(NavaidKind::dmeOnly, "RK", {50.001, 8.0}),
-                    navaid(NavaidKind::vortac, "SEA", {47.4, -122.3}),
-                    navaid(NavaidKind::dmeOnly, "SEA", {47.4, -122.3}),
-                    navaid(NavaidKind::vor, "OSN", {10.0, 8.2}),     // a namesake
-                    navaid(NavaidKind::vor, "SEA", {47.4, -122.3}),  // given twice
-                    navaid(NavaidKind::dmeOnly, "LCH", {48.2, 10.9})};
+    data.navaids = {
+        navaid(NavaidKind::dmeOnly, "OSN", {52.2, 8.2}),   navaid(NavaidKind::vor, "OSN", {52.201, 8.201}),
+        navaid(NavaidKind::ndb, "RK", {50.0, 8.0}),        navaid(NavaidKind::dmeOnly, "RK", {50.001, 8.0}),
+        navaid(NavaidKind::vortac, "SEA", {47.4, -122.3}), navaid(NavaidKind::dmeOnly, "SEA", {47.4, -122.3}),
+        navaid(NavaidKind::vor, "OSN", {10.0, 8.2}),     // a namesake
+        navaid(NavaidKind::vor, "SEA", {47.4, -122.3}),  // given twice
+        navaid(NavaidKind::dmeOnly, "LCH", {48.2, 10.9})};
     ImportLog log;
     consolidate(data, log);
-    const std::pair<const char*, NavaidKind> left[] = {{"OSN", NavaidKind::vorDme},
-                                                       {"RK", NavaidKind::ndbDme},
-                                                       {"SEA", NavaidKind::vortac},
-                                                       {"OSN", NavaidKind::vor}};
+    const std::pair<const char*, NavaidKind> left[] = {
+        {"OSN", NavaidKind::vorDme}, {"RK", NavaidKind::ndbDme}, {"SEA", NavaidKind::vortac}, {"OSN", NavaidKind::vor}};
     ASSERT_EQ(data.navaids.size(), std::size(left));
     for (std::size_t i = 0; i < std::size(left); ++i) {
         EXPECT_EQ(data.navaids[i].ident, left[i].first);
@@ -54,8 +43,7 @@ TEST(Consolidation, ShowsAStationAndItsDmeAsOne) {
 
 TEST(Consolidation, GivesFixesTheUsageOfTheirAirwaysAndAirwaysTheirFixes) {
     AviationData data;
-    data.navaids = {navaid(NavaidKind::vor, "VOR", {50.0, 8.0}),
-                    navaid(NavaidKind::dmeOnly, "TAC", {50.0, 9.0})};
+    data.navaids = {navaid(NavaidKind::vor, "VOR", {50.0, 8.0}), navaid(NavaidKind::dmeOnly, "TAC", {50.0, 9.0})};
     data.fixes = {fix("LOW", {50.0, 8.5}), fix("BOTH", {50.0, 8.6}), fix("OFF", {51.0, 8.0}),
                   fix("LOW", {10.0, 8.5}),  // a namesake far away
                   fix("VRP", {50.0, 8.8}, kUsageVisual)};
@@ -63,8 +51,7 @@ TEST(Consolidation, GivesFixesTheUsageOfTheirAirwaysAndAirwaysTheirFixes) {
     const auto chain = {airways.pointAt("VOR", {50.0, 8.0}),  airways.pointAt("LOW", {50.0, 8.5}),
                         airways.pointAt("BOTH", {50.0, 8.6}), airways.pointAt("VRP", {50.0, 8.8}),
                         airways.pointAt("TAC", {50.0, 9.0}),  airways.pointAt("ONLY", {50.0, 9.5})};
-    for (const auto point : chain)
-        airways.markUse(point, false);
+    for (const auto point : chain) airways.markUse(point, false);
     airways.markUse(*(chain.begin() + 2), true);
     airways.addSegment("V1", *chain.begin(), *(chain.begin() + 1));
     ImportLog log;
@@ -82,8 +69,7 @@ TEST(Consolidation, GivesFixesTheUsageOfTheirAirwaysAndAirwaysTheirFixes) {
 
 TEST(Consolidation, FindsAirwayPointsByRegionWhereNoPositionIsGiven) {
     AviationData data;
-    data.fixes = {fix("ABBEY", {40.0, 8.0}, kUsageTerminal, "LI"),
-                  fix("ABBEY", {52.0, 8.0}, kUsageTerminal, "ED"),
+    data.fixes = {fix("ABBEY", {40.0, 8.0}, kUsageTerminal, "LI"), fix("ABBEY", {52.0, 8.0}, kUsageTerminal, "ED"),
                   fix("ABBEY", {52.0, 8.0}, std::nullopt, "ED"),  // used en route as well
                   fix("ENRTE", {53.0, 8.0}, std::nullopt, "ED")};
     const auto abbey = data.airways.pointIn("ABBEY", "ED", AirwayPointType::fix);
@@ -112,11 +98,10 @@ TEST(Consolidation, KeepsTheFirstOfAirportsOfOneIdentifier) {
 }
 
 TEST(VariationField, TakesTheNearestStationThatKnowsIt) {
-    const std::vector<SourceNavaid> stations{navaid(NavaidKind::vor, "SEA", {47.4, -122.3}, 19.0),
-                                             navaid(NavaidKind::vor, "BOS", {42.3, -71.0}, -16.0),
-                                             navaid(NavaidKind::vor, "ZERO", {42.4, -71.1}, 0.0),
-                                             navaid(NavaidKind::vor, "NONE", {47.5, -122.3}),
-                                             navaid(NavaidKind::vor, "FIJI", {-17.0, 179.8}, 12.5)};
+    const std::vector<SourceNavaid> stations{
+        navaid(NavaidKind::vor, "SEA", {47.4, -122.3}, 19.0), navaid(NavaidKind::vor, "BOS", {42.3, -71.0}, -16.0),
+        navaid(NavaidKind::vor, "ZERO", {42.4, -71.1}, 0.0), navaid(NavaidKind::vor, "NONE", {47.5, -122.3}),
+        navaid(NavaidKind::vor, "FIJI", {-17.0, 179.8}, 12.5)};
     const VariationField field(stations);
     EXPECT_EQ(field.at({47.5, -122.3}), 19.0);
     EXPECT_EQ(field.at({42.4, -71.1}), -16.0);
@@ -125,5 +110,4 @@ TEST(VariationField, TakesTheNearestStationThatKnowsIt) {
     EXPECT_EQ(field.at({47.4 + 4.2, -122.3}), std::nullopt);  // 252 NM
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -24,8 +24,7 @@ struct Imported {
         ImportContext context{log, {}};
         XPlaneFile file("in.dat", openText(text), context);
         refused = importer(file, context, data);
-        if (file.cycle())
-            data.cycle = file.cycle();
+        if (file.cycle()) data.cycle = file.cycle();
     }
 };
 

@@ -1,9 +1,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
-#include <string>
 #include <unistd.h>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -15,15 +13,13 @@
 #include "platform/FileIo.h"
 #include "platform/VirtualClock.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 namespace fs = std::filesystem;
 
 class NavdbBuild : public testing::Test {
  protected:
-    NavdbBuild()
-        : folder_(fs::path(testing::TempDir()) / ("navdb_build." + std::to_string(getpid()))) {
+    NavdbBuild() : folder_(fs::path(testing::TempDir()) / ("navdb_build." + std::to_string(getpid()))) {
         fs::remove_all(folder_);
         fs::create_directories(folder_);
         options_.output = folder_ / "out.ng2";
@@ -196,12 +192,10 @@ TEST_F(World, KnowsSeattlesAirport) {
         EXPECT_NEAR(*ends[1].magHeadingDeg, 344, 4);
     }
     std::vector<double> frequencies;
-    for (const auto& comm : sea.comms)
-        frequencies.push_back(comm.freqMhz);
+    for (const auto& comm : sea.comms) frequencies.push_back(comm.freqMhz);
     const std::vector<double> expected{118.0, 122.95, 128.0, 121.7, 119.9, 119.2, 120.1};
     ASSERT_EQ(frequencies.size(), expected.size());
-    for (std::size_t i = 0; i < expected.size(); ++i)
-        EXPECT_NEAR(frequencies[i], expected[i], 1e-6);
+    for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_NEAR(frequencies[i], expected[i], 1e-6);
     EXPECT_EQ(database_.Find("a.SSS"), nullptr) << "not Singapore's WSSS";
 }
 
@@ -231,10 +225,8 @@ TEST_F(World, FindsWhatIsNearAcrossTheDateLine) {
     ASSERT_EQ(near.size(), 5U);
     bool east = false;
     bool west = false;
-    for (const auto& place : near)
-        (place.place.position.lon > 0 ? east : west) = true;
+    for (const auto& place : near) (place.place.position.lon > 0 ? east : west) = true;
     EXPECT_TRUE(east && west) << "Fiji lies on both sides";
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

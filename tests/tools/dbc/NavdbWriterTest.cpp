@@ -1,20 +1,15 @@
 #include <array>
-#include <cstdint>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "dbc/NavdbCompiler.h"
 #include "dbc/NavdbWriter.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 std::uint32_t wordAt(const std::string& file, std::size_t offset) {
     std::uint32_t value = 0;
-    for (std::size_t i = 4; i-- > 0;)
-        value = value << 8U | static_cast<std::uint8_t>(file.at(offset + i));
+    for (std::size_t i = 4; i-- > 0;) value = value << 8U | static_cast<std::uint8_t>(file.at(offset + i));
     return value;
 }
 
@@ -30,10 +25,10 @@ std::uint32_t sumOf(std::string_view bytes) {
     return sum;
 }
 
-constexpr std::array kTinyFields{
-    FieldLayout{"ID", FieldType::text}, FieldLayout{"LAT", FieldType::degrees},
-    FieldLayout{"MAG_VAR", FieldType::fixed16}, FieldLayout{"FREQ", FieldType::tenThousandths},
-    FieldLayout{"ELEV", FieldType::integer}};
+constexpr std::array kTinyFields{FieldLayout{"ID", FieldType::text}, FieldLayout{"LAT", FieldType::degrees},
+                                 FieldLayout{"MAG_VAR", FieldType::fixed16},
+                                 FieldLayout{"FREQ", FieldType::tenThousandths},
+                                 FieldLayout{"ELEV", FieldType::integer}};
 
 // One table of five fields, one index of two rows, no grid. By hand: header 64; table entry
 // 8 + 4 + 4 + 5 x 16 + 4 = 100 and an end of 8; index entry 20 and an end of 8; strings "", "B",
@@ -59,8 +54,7 @@ TEST(NavdbWriter, WritesATinyDatabaseByteForByte) {
 
     std::string expected;
     const auto word = [&expected](std::uint32_t value) {
-        for (unsigned shift = 0; shift < 32; shift += 8)
-            expected += static_cast<char>(value >> shift & 0xFFU);
+        for (unsigned shift = 0; shift < 32; shift += 8) expected += static_cast<char>(value >> shift & 0xFFU);
     };
     const auto name = [&expected](std::string text) {
         text.resize(8, '\0');
@@ -68,8 +62,7 @@ TEST(NavdbWriter, WritesATinyDatabaseByteForByte) {
     };
     expected += std::string("NavDb4.7\0\0", 10);
     word(0);  // the full checksum, compared apart
-    for (const std::uint32_t value :
-         {0x77U, 64U, 172U, 200U, 20131017U, 0xFAA2B580U, 75500000U, 1310U, 0U, 0U})
+    for (const std::uint32_t value : {0x77U, 64U, 172U, 200U, 20131017U, 0xFAA2B580U, 75500000U, 1310U, 0U, 0U})
         word(value);
     expected.resize(64, '\0');
     name("_T");
@@ -90,10 +83,8 @@ TEST(NavdbWriter, WritesATinyDatabaseByteForByte) {
     word(40);
     name("");
     expected += std::string("\0B\0AB\0", 6);
-    for (const std::uint32_t value : {3U, 1U, 19U << 16U, 3750000U, 433U})
-        word(value);
-    for (const std::uint32_t value : {1U, 0xFD2B3520U, 0xFFEFC000U, 1168000U, 0xFFFFFFF4U})
-        word(value);
+    for (const std::uint32_t value : {3U, 1U, 19U << 16U, 3750000U, 433U}) word(value);
+    for (const std::uint32_t value : {1U, 0xFD2B3520U, 0xFFEFC000U, 1168000U, 0xFFFFFFF4U}) word(value);
 
     ASSERT_EQ(file.size(), 246U);
     std::string summed = file.substr(14, 36);
@@ -130,8 +121,7 @@ TEST(NavdbRows, OrdersByTextAndByCellThenLatitude) {
     }
     const auto numbers = [](const std::vector<std::uint8_t>& bytes) {
         std::string out;
-        for (std::size_t i = 0; i < bytes.size(); i += 4)
-            out += static_cast<char>('0' + bytes[i]);
+        for (std::size_t i = 0; i < bytes.size(); i += 4) out += static_cast<char>('0' + bytes[i]);
         return out;
     };
     EXPECT_EQ(numbers(rows.inTextOrder()), "345210");
@@ -150,15 +140,12 @@ TEST(NavdbRows, OrdersByTextAndByCellThenLatitude) {
 // The grid's word of a cell leads to the row that tells where the cell's places begin.
 TEST(NavdbCompiler, PointsTheGridAtEachCellsRun) {
     AviationData data;
-    for (const double lon : {-180.0, 8.2, 8.7})
-        data.fixes.push_back({"FIX", "", {50.0, lon}, kUsageLow});
+    for (const double lon : {-180.0, 8.2, 8.7}) data.fixes.push_back({"FIX", "", {50.0, lon}, kUsageLow});
     ImportLog log;
     const std::string file = compileNavdb(data, {}, log);
     const std::uint32_t grid = wordAt(file, 46);
     EXPECT_EQ(wordAt(file, grid), 359U);
-    const auto fixesBefore = [&](std::uint32_t cell) {
-        return wordAt(file, wordAt(file, grid + 4 + 4 * cell) + 12);
-    };
+    const auto fixesBefore = [&](std::uint32_t cell) { return wordAt(file, wordAt(file, grid + 4 + 4 * cell) + 12); };
     EXPECT_EQ(fixesBefore(0), 0U);
     EXPECT_EQ(fixesBefore(1), 1U);
     EXPECT_EQ(fixesBefore(188), 1U);
@@ -166,5 +153,4 @@ TEST(NavdbCompiler, PointsTheGridAtEachCellsRun) {
     EXPECT_EQ(fixesBefore(360), 3U);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -3,8 +3,7 @@
 #include "dbc/OurAirportsImport.h"
 #include "tools/dbc/ImportHarness.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 constexpr std::string_view kAirports =
     "\"id\",\"ident\",\"type\",\"name\",\"latitude_deg\",\"longitude_deg\",\"elevation_ft\","
@@ -53,9 +52,7 @@ constexpr std::string_view kNavaids =
 
 class OurAirports : public testing::Test {
  protected:
-    CsvTable table(const char* name, std::string_view text) {
-        return {name, openText(text), context_};
-    }
+    CsvTable table(const char* name, std::string_view text) { return {name, openText(text), context_}; }
     test::Imported in_;
     ImportContext context_{in_.log, {}};
     OurAirportsImport import_{in_.log, in_.data};
@@ -65,10 +62,9 @@ TEST_F(OurAirports, AttachesRunwaysAndFrequenciesToTheirAirports) {
     ASSERT_EQ(import_.importAirports(table("airports.csv", kAirports)), "");
     ASSERT_EQ(import_.importRunways(table("runways.csv", kRunways)), "");
     ASSERT_EQ(import_.importFrequencies(table("airport-frequencies.csv", kFrequencies)), "");
-    EXPECT_EQ(in_.reported, (std::vector<std::string>{
-                                "airports.csv:6: airport without position or usable identifier",
-                                "runways.csv:8: runway without designator",
-                                "airport-frequencies.csv:4: frequency missing or out of range"}));
+    EXPECT_EQ(in_.reported, (std::vector<std::string>{"airports.csv:6: airport without position or usable identifier",
+                                                      "runways.csv:8: runway without designator",
+                                                      "airport-frequencies.csv:4: frequency missing or out of range"}));
     ASSERT_EQ(in_.data.airports.size(), 3U);
     const auto& dus = in_.data.airports[0];
     EXPECT_EQ(dus.name, "Dusseldorf Airport");
@@ -117,16 +113,13 @@ TEST_F(OurAirports, ReadsNavaidsWithTheirUsage) {
     EXPECT_EQ(aalborg.variation, 2.1);
     EXPECT_EQ(in_.data.navaids[2].kind, NavaidKind::dmeOnly);
     EXPECT_EQ(in_.reported,
-              (std::vector<std::string>{
-                  "navaids.csv:5: navaid without type, position, frequency or identifier",
-                  "navaids.csv:6: frequency out of range"}));
+              (std::vector<std::string>{"navaids.csv:5: navaid without type, position, frequency or identifier",
+                                        "navaids.csv:6: frequency out of range"}));
 }
 
 TEST_F(OurAirports, RefusesATableWithoutItsColumns) {
-    EXPECT_EQ(import_.importRunways(table("runways.csv", kFrequencies)),
-              "runways.csv: column length_ft is missing");
+    EXPECT_EQ(import_.importRunways(table("runways.csv", kFrequencies)), "runways.csv: column length_ft is missing");
     EXPECT_EQ(import_.importAirports(table("airports.csv", "")), "airports.csv: the file is empty");
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -1,5 +1,3 @@
-#include <string>
-#include <vector>
 #include <zlib.h>
 
 #include <gtest/gtest.h>
@@ -12,8 +10,7 @@
 #include "dbc/LineReader.h"
 #include "platform/FileIo.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 std::vector<std::string> linesOf(std::unique_ptr<ByteSource> source, bool* failed = nullptr) {
     LineReader reader(std::move(source));
@@ -23,8 +20,7 @@ std::vector<std::string> linesOf(std::unique_ptr<ByteSource> source, bool* faile
         EXPECT_EQ(reader.number(), lines.size() + 1);
         lines.emplace_back(line);
     }
-    if (failed != nullptr)
-        *failed = reader.failed();
+    if (failed != nullptr) *failed = reader.failed();
     return lines;
 }
 
@@ -41,8 +37,7 @@ TEST(LineReader, TakesEveryKindOfLineEnd) {
         {"a\n\r\nb", {"a", "", "b"}},
         {"\xEF\xBB\xBFid,name\n\xEF\xBB\xBF", {"id,name", "\xEF\xBB\xBF"}},
     };
-    for (const auto& [text, lines] : cases)
-        EXPECT_EQ(linesOf(openText(text)), lines) << text;
+    for (const auto& [text, lines] : cases) EXPECT_EQ(linesOf(openText(text)), lines) << text;
 }
 
 // The lines are longer together than a block, so CR and LF fall on its edge somewhere.
@@ -98,8 +93,7 @@ TEST(AsciiText, FoldsNamesToPlainLetters) {
         {"  tab\tand   blanks \n", "tab and blanks"},
         {"cut \xE7", "cut c"},
     };
-    for (const auto& [text, plain] : cases)
-        EXPECT_EQ(toAsciiText(text), plain);
+    for (const auto& [text, plain] : cases) EXPECT_EQ(toAsciiText(text), plain);
     EXPECT_TRUE(isIdentifier("US-0571"));
     EXPECT_TRUE(isIdentifier("ABCDEFGHIJK"));
     for (const auto* text : {"", "ABCDEFGHIJKL", "A B", "A@B", "\xC0\xCE", "A;B"})
@@ -124,12 +118,11 @@ TEST(AiracCycle, ExpiresWhenTheNextOneTakesOver) {
         EXPECT_EQ(cycle->yycc(), yycc);
         EXPECT_EQ(cycle->expiryYmd(), expiry);
     }
-    for (const auto* header : {"1100 Version", "data cycle unknown", "data cycle 2113.0",
-                               "data cycle 2114", "data cycle 2400", "data cycle 1310."})
+    for (const auto* header : {"1100 Version", "data cycle unknown", "data cycle 2113.0", "data cycle 2114",
+                               "data cycle 2400", "data cycle 1310."})
         EXPECT_FALSE(AiracCycle::namedIn(header)) << header;
     EXPECT_TRUE(isDateYmd(20240229));
-    for (const int ymd : {0, 20230229, 20231301, 2023, -20230101})
-        EXPECT_FALSE(isDateYmd(ymd)) << ymd;
+    for (const int ymd : {0, 20230229, 20231301, 2023, -20230101}) EXPECT_FALSE(isDateYmd(ymd)) << ymd;
 }
 
 TEST(CsvTable, ReadsQuotesColumnsInAnyOrderAndReportsShortRows) {
@@ -146,8 +139,7 @@ TEST(CsvTable, ReadsQuotesColumnsInAnyOrderAndReportsShortRows) {
     CsvTable table("in.csv", openText(kText), context);
     const std::string_view needed[] = {"ident", "name"};
     ASSERT_EQ(table.readHeader(needed), "");
-    const std::pair<const char*, const char*> rows[] = {
-        {"A, \"B\"", "X1"}, {"two lines", "X2"}, {"", "X3"}};
+    const std::pair<const char*, const char*> rows[] = {{"A, \"B\"", "X1"}, {"two lines", "X2"}, {"", "X3"}};
     for (const auto& [name, ident] : rows) {
         ASSERT_TRUE(table.next());
         EXPECT_EQ(table["name"], name);
@@ -163,12 +155,10 @@ TEST(CsvTable, ReadsQuotesColumnsInAnyOrderAndReportsShortRows) {
 
 TEST(AirportRules, TellsPrivateFieldsByTheirIdentifiers) {
     const GeoDegrees ohio{40.0, -83.0};
-    for (const auto* ident : {"CA54", "81CA", "1OK8", "00AA"})
-        EXPECT_TRUE(isPrivateIdentifier(ident, ohio)) << ident;
+    for (const auto* ident : {"CA54", "81CA", "1OK8", "00AA"}) EXPECT_TRUE(isPrivateIdentifier(ident, ohio)) << ident;
     for (const auto* ident : {"KSEA", "S50", "1T7", "A1B2", "123A", "AB1"})
         EXPECT_FALSE(isPrivateIdentifier(ident, ohio)) << ident;
     EXPECT_FALSE(isPrivateIdentifier("CA54", {48.0, 11.0}));
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -2,8 +2,7 @@
 
 #include "tools/dbc/ImportHarness.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 using test::Imported;
 using Lines = std::vector<std::string>;
@@ -30,32 +29,31 @@ TEST(XPlaneFile, RefusesOtherFilesAndOtherVersions) {
 
 TEST(XPlaneAirports, ReadsRunwaysFrequenciesAndMetadataOfAllVersions) {
     Imported in;
-    in.xplane(
-        importXPlaneAirports,
-        "I\n1000 Version - data cycle 2013.10, build 20131335\n\n"
-        "1      433 1 0 KSEA Seattle Tacoma Intl\n"
-        "100   46.02   2   1 0.00 1 3 0 34R  47.43117533 -122.30804122  121.92    0.00 3  8 1 "
-        "0 16L  47.46379733 -122.30775222    0.00   46.02 3  2 1 1\n"
-        "18   47.44358633 -122.30281222 1 BCN\n"
-        "50 11800 ATIS\n"
-        "54 11992 SEATTLE\n"
-        "1054 119905 SEATTLE TWR\n"
-        "21 1 2 3 a row of no interest\n"
-        "102 H1 47.0 -122.0 0 20 20 1 0 0 0 0\n"
-        "16 0 0 0 W55 [S] Kenmore Air Harbor Seaplane Base\n"
-        "101 609.60 0 16 47.620 -122.340 34   47.615 -122.338\n"
-        "17 120 0 0 XWA1 [H] Hospital\n"
-        "102 H1 47.1 -122.1 90.08 20.12 20.12 33 0 0 0.00 1\n"
-        "1 15 1 0 VHXX [X] CLOSED Kai Tak\n"
-        "100 54.86 2 0 0 1 3 0 13 22.3 114.1 0 0 3 0 0 2 31 22.3 114.2 0 0 3 1 0 2\n"
-        "1 10 0 0 XLD42 Strip\n"
-        "100 20 38 0 0 0 0 0 09 50.0 8.0 0 0 0 0 0 0 27 50.0 8.01 0 0 0 0 0 0\n"
-        "1302 icao_code EDXX\n1302 datum_lat 50.5\n1302 datum_lon 8.5\n1302 city\n"
-        "1 10 0 0 XOLD Gone\n"
-        "100 20 3 0 0 0 0 0 09 50.0 8.0 0 0 0 0 0 0 27 50.0 8.01 0 0 0 0 0 0\n"
-        "1302 closed 1\n"
-        "1 10 0 0 XNONE Without a runway\n"
-        "99\n1 10 0 0 LATE Behind the end\n");
+    in.xplane(importXPlaneAirports,
+              "I\n1000 Version - data cycle 2013.10, build 20131335\n\n"
+              "1      433 1 0 KSEA Seattle Tacoma Intl\n"
+              "100   46.02   2   1 0.00 1 3 0 34R  47.43117533 -122.30804122  121.92    0.00 3  8 1 "
+              "0 16L  47.46379733 -122.30775222    0.00   46.02 3  2 1 1\n"
+              "18   47.44358633 -122.30281222 1 BCN\n"
+              "50 11800 ATIS\n"
+              "54 11992 SEATTLE\n"
+              "1054 119905 SEATTLE TWR\n"
+              "21 1 2 3 a row of no interest\n"
+              "102 H1 47.0 -122.0 0 20 20 1 0 0 0 0\n"
+              "16 0 0 0 W55 [S] Kenmore Air Harbor Seaplane Base\n"
+              "101 609.60 0 16 47.620 -122.340 34   47.615 -122.338\n"
+              "17 120 0 0 XWA1 [H] Hospital\n"
+              "102 H1 47.1 -122.1 90.08 20.12 20.12 33 0 0 0.00 1\n"
+              "1 15 1 0 VHXX [X] CLOSED Kai Tak\n"
+              "100 54.86 2 0 0 1 3 0 13 22.3 114.1 0 0 3 0 0 2 31 22.3 114.2 0 0 3 1 0 2\n"
+              "1 10 0 0 XLD42 Strip\n"
+              "100 20 38 0 0 0 0 0 09 50.0 8.0 0 0 0 0 0 0 27 50.0 8.01 0 0 0 0 0 0\n"
+              "1302 icao_code EDXX\n1302 datum_lat 50.5\n1302 datum_lon 8.5\n1302 city\n"
+              "1 10 0 0 XOLD Gone\n"
+              "100 20 3 0 0 0 0 0 09 50.0 8.0 0 0 0 0 0 0 27 50.0 8.01 0 0 0 0 0 0\n"
+              "1302 closed 1\n"
+              "1 10 0 0 XNONE Without a runway\n"
+              "99\n1 10 0 0 LATE Behind the end\n");
     EXPECT_EQ(in.refused, "");
     EXPECT_EQ(in.reported, Lines{});
     ASSERT_EQ(in.data.airports.size(), 4U);
@@ -117,12 +115,10 @@ TEST(XPlaneAirports, SkipsMalformedLinesAndTheRowsOfARefusedAirport) {
     EXPECT_EQ(in.reported,
               (Lines{"in.dat:3: runway before the first airport",
                      "in.dat:4: airport without elevation or identifier; its rows are skipped",
-                     "in.dat:7: runway end without designator or position",
-                     "in.dat:8: runway without width or surface",
-                     "in.dat:9: runway end without designator or position",
-                     "in.dat:10: frequency is not a number", "in.dat:11: frequency out of range",
-                     "in.dat:12: row code missing", "in.dat:13: water runway without width",
-                     "in.dat:14: beacon without position",
+                     "in.dat:7: runway end without designator or position", "in.dat:8: runway without width or surface",
+                     "in.dat:9: runway end without designator or position", "in.dat:10: frequency is not a number",
+                     "in.dat:11: frequency out of range", "in.dat:12: row code missing",
+                     "in.dat:13: water runway without width", "in.dat:14: beacon without position",
                      "in.dat:15: runway whose ends are one place"}));
     ASSERT_EQ(in.data.airports.size(), 1U);
     ASSERT_EQ(in.data.airports[0].runways.size(), 1U);
@@ -138,34 +134,13 @@ TEST(XPlaneNavaids, ReadsBothColumnLayouts) {
     } cases[] = {
         {"810",
          "3  47.43538889 -122.30961111    354 11680 130   19.0 SEA  SEATTLE VORTAC",
-         {NavaidKind::vortac,
-          "SEA",
-          "SEATTLE",
-          "",
-          {47.43538889, -122.30961111},
-          116.8,
-          kUsageBoth,
-          19.0}},
+         {NavaidKind::vortac, "SEA", "SEATTLE", "", {47.43538889, -122.30961111}, 116.8, kUsageBoth, 19.0}},
         {"810",
          "3  42.35744444 -070.98955556     20 11270  40  -16.0 BOS  BOSTON VOR-DME",
-         {NavaidKind::vorDme,
-          "BOS",
-          "BOSTON",
-          "",
-          {42.35744444, -70.98955556},
-          112.7,
-          kUsageLow,
-          -16.0}},
+         {NavaidKind::vorDme, "BOS", "BOSTON", "", {42.35744444, -70.98955556}, 112.7, kUsageLow, -16.0}},
         {"810",
          "2  38.08777778 -077.32491667      0   396  15    0.0 APH  A P HILL NDB",
-         {NavaidKind::ndb,
-          "APH",
-          "A P HILL",
-          "",
-          {38.08777778, -77.32491667},
-          396.0,
-          kUsageTerminal,
-          {}}},
+         {NavaidKind::ndb, "APH", "A P HILL", "", {38.08777778, -77.32491667}, 396.0, kUsageTerminal, {}}},
         {"1100",
          "2  57.1 9.6 0 398 75 0.0 GL   ENRT EK AALBORG NDB/DME",
          {NavaidKind::ndbDme, "GL", "AALBORG", "EK", {57.1, 9.6}, 398.0, kUsageBoth, {}}},
@@ -213,12 +188,11 @@ TEST(XPlaneNavaids, LeavesLandingSystemsOutAndReportsMalformedLines) {
     EXPECT_TRUE(in.data.navaids.empty());
     EXPECT_EQ(in.log.omitted("parts of instrument landing systems"), 3U);
     EXPECT_EQ(in.log.omitted("navaid rows of other kinds"), 1U);
-    EXPECT_EQ(in.reported, (Lines{"in.dat:7: latitude or longitude missing or out of range",
-                                  "in.dat:8: frequency out of range",
-                                  "in.dat:9: frequency, range or variation is not a number",
-                                  "in.dat:10: frequency, range or variation is not a number",
-                                  "in.dat:11: identifier missing or not usable",
-                                  "in.dat:12: row code missing"}));
+    EXPECT_EQ(in.reported,
+              (Lines{"in.dat:7: latitude or longitude missing or out of range", "in.dat:8: frequency out of range",
+                     "in.dat:9: frequency, range or variation is not a number",
+                     "in.dat:10: frequency, range or variation is not a number",
+                     "in.dat:11: identifier missing or not usable", "in.dat:12: row code missing"}));
 }
 
 TEST(XPlaneFixes, ReadsAllColumnLayouts) {
@@ -281,5 +255,4 @@ TEST(XPlaneAirways, ReadsBothColumnLayouts) {
     EXPECT_EQ(now.data.cycle->yycc(), 1802);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel
