@@ -37,7 +37,7 @@ QIcon appIcon(const ColorScheme& scheme) {
     painter.drawPolygon(right);
     painter.drawPolygon(QTransform(-1, 0, 0, 1, 64, 0).map(right));
     painter.end();
-    return QIcon(picture);
+    return {picture};
 }
 
 }  // namespace korvel

@@ -13,7 +13,7 @@ class ProfileFile;
 /// The document's lasting settings, each with its default. Display units, masks and page bits mean
 /// what the rooms that use them say.
 struct Settings {
-    std::string port;  ///< "COM%d:%d,N,8,1": the GPS port and its speed
+    std::string port;  ///< "COM%d:,%d,N,8,1": the GPS port and its speed
     bool showHints = true;
     bool icons = false;  ///< draw navaids as icons
     bool autozoom = true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 
 namespace korvel {
@@ -15,9 +16,9 @@ constexpr unsigned GreenOf(ColorValue color) { return (color >> 8U) & 0xFFU; }
 constexpr unsigned BlueOf(ColorValue color) { return (color >> 16U) & 0xFFU; }
 
 /// `color` as it looks through a film of `over` that hides a share of it, 0 to 1.
-constexpr ColorValue blended(ColorValue color, ColorValue over, double share) {
+inline ColorValue blended(ColorValue color, ColorValue over, double share) {
     const auto mix = [share](unsigned under, unsigned film) {
-        return static_cast<unsigned>(under * (1 - share) + film * share + 0.5);
+        return static_cast<unsigned>(std::lround(under * (1 - share) + film * share));
     };
     return Rgb(mix(RedOf(color), RedOf(over)), mix(GreenOf(color), GreenOf(over)),
                mix(BlueOf(color), BlueOf(over)));

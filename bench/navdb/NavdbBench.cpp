@@ -5,7 +5,6 @@
 #include <cmath>
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -78,15 +77,6 @@ void dropFromCache(const std::filesystem::path& path) {
     ::close(fd);
 }
 
-/// Resident memory of this process in KiB.
-double residentKib() {
-    std::ifstream statm("/proc/self/statm");
-    double total = 0;
-    double resident = 0;
-    statm >> total >> resident;
-    return resident * static_cast<double>(::sysconf(_SC_PAGESIZE)) / 1024;
-}
-
 struct Opened {
     NavDatabase database{systemClock()};
     Opened() { (void)database.openFile(kWorld); }
@@ -132,7 +122,6 @@ void ColdKeySqlite(benchmark::State& state) {
 }
 
 void FindKeysNg2(benchmark::State& state, bool few) {
-    const double before = residentKib();
     Opened opened;
     std::size_t i = 0;
     for (auto _ : state) {
@@ -140,7 +129,6 @@ void FindKeysNg2(benchmark::State& state, bool few) {
         benchmark::DoNotOptimize(opened.database.Find(key));
         ++i;
     }
-    state.counters["residentKiB"] = residentKib() - before;
 }
 void FindKeysSqlite(benchmark::State& state, bool few) {
     SqlitePlaces places(sqliteFile());
