@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "AllocationCount.h"
+#include "TempFolder.h"
 #include "nav/ActiveNavigation.h"
 #include "nav/GeneratedFixes.h"
 #include "nav/Geodesy.h"
@@ -33,7 +34,7 @@ struct World {
         }
         error = database.openFile(file.write(folder.path(), "world.ng2"));
     }
-    TestFolder folder;
+    TempFolder folder;
     VirtualClock clock;
     NavDatabase database{clock};
     GeneratedFixes fixes;

@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "app/CKorvelDoc.h"
 #include "gps/FakePorts.h"
 #include "gps/GpsFixture.h"
 #include "nav/Geodesy.h"
 #include "platform/FileIo.h"
 #include "platform/RegistryProfile.h"
-#include "platform/TempFolder.h"
 
 namespace korvel { namespace {
 
@@ -68,8 +68,8 @@ TEST_F(CKorvelDocTest, ValuesVanishFiveSecondsAfterTheLastSentence) {
     tickAfter(4999);
     EXPECT_TRUE(data().position && data().groundSpeedKt && data().trackMagDeg && data().altitudeFt);
     tickAfter(1);
-    EXPECT_FALSE(data().position || data().groundSpeedKt || data().trackMagDeg || data().trackTrueDeg ||
-                 data().altitudeFt);
+    EXPECT_FALSE(
+        data().position || data().groundSpeedKt || data().trackMagDeg || data().trackTrueDeg || data().altitudeFt);
     EXPECT_EQ(data().fixQuality, 0);
     EXPECT_NE(data().status, "");
     tickAfter(60000);
@@ -91,13 +91,8 @@ TEST_F(CKorvelDocTest, ASentenceThatStaysAwayTakesItsValuesWithIt) {
 }
 
 TEST_F(CKorvelDocTest, OnlyAPositionWithAFixOnThisEarthIsLive) {
-    struct Case {
-        const char* what;
-        std::vector<std::string> said;
-        bool live;
-    };
     const char* const zero = "0000.000,N,00000.000,E";
-    const Case cases[] = {
+    const std::tuple<const char*, std::vector<std::string>, bool> cases[] = {
         {"no fix", {"GPRMC,1,V,0000.000,N,00000.000,E,0,0,,,", gga(zero, 0)}, false},
         {"no fix, called active", {rmc(zero), gga(zero, 0)}, false},
         {"no quality known", {rmc(zero)}, false},
@@ -107,13 +102,13 @@ TEST_F(CKorvelDocTest, OnlyAPositionWithAFixOnThisEarthIsLive) {
         {"the very corner", {rmc("9000.0,S,18000.0,W"), gga(kHere)}, true},
         {"a fix where the meridian meets the equator", {rmc(zero), gga(zero)}, true},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, said, live] : cases) {
+        SCOPED_TRACE(what);
         start("COM3:,4800,N,8,1");
-        say(c.said);
-        EXPECT_EQ(data().position.has_value(), c.live);
-        EXPECT_EQ(data().lastPosition.has_value(), c.live);
-        EXPECT_EQ(data().status.empty(), c.live) << data().status;
+        say(said);
+        EXPECT_EQ(data().position.has_value(), live);
+        EXPECT_EQ(data().lastPosition.has_value(), live);
+        EXPECT_EQ(data().status.empty(), live) << data().status;
     }
 }
 

@@ -21,13 +21,11 @@ struct PaceCase {
 TEST(ReplayScript, FollowsTheTimesInTheSentences) {
     const PaceCase cases[] = {
         {"one burst a second, sentences of one time together",
-         "$GPGGA,100000,1\n$GPGSA,A\n$GPRMC,100000,A\n$GPGGA,100001,1\n$GPRMC,100001,A\n",
-         {0, 1000}},
+            "$GPGGA,100000,1\n$GPGSA,A\n$GPRMC,100000,A\n$GPGGA,100001,1\n$GPRMC,100001,A\n", {0, 1000}},
         {"ten a second", "$GPRMC,100000.00,A\n$GPRMC,100000.10,A\n$GPRMC,100000.2,A\n", {0, 100, 200}},
         {"midnight", "$GNRMC,235959.50,A\n$GNRMC,000000.50,A\n", {0, 1000}},
-        {"an interrupted log and one that runs backwards",
-         "$GPRMC,100000,A\n$GPRMC,113000,A\n$GPRMC,112959,A\n",
-         {0, 1000, 2000}},
+        {"an interrupted log and one that runs backwards", "$GPRMC,100000,A\n$GPRMC,113000,A\n$GPRMC,112959,A\n",
+            {0, 1000, 2000}},
         {"no fix and so no time", "$GPGGA,,,\n$GPGSV,2,1\n$GPGSV,2,2\n$GPRMC,,V\n$GPGGA,,,\n$GPRMC,,V\n", {0, 1000}},
         {"time lost and found", "$GPRMC,100000,A\n$GPRMC,,V\n$GPRMC,,V\n$GPRMC,100007,A\n", {0, 1000, 2000, 3000}},
         {"time in GLL's fifth field", "$GPGLL,1,N,2,E,100000,A\n$GPGLL,1,N,2,E,100001,A\n", {0, 1000}},

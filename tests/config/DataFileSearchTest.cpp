@@ -2,15 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "config/DataFileSearch.h"
-#include "platform/TempFolder.h"
 
 namespace korvel { namespace {
 
 TEST(DataFileSearch, TheFirstFolderWithANameWins) {
     const TempFolder folder;
     for (const char* name : {"user/b.SCM", "user/Sand.scm", "user/_hidden.scm", "user/note.txt", "own/SAND.SCM",
-                             "own/a.scm", "own/B.scm"}) {
+             "own/a.scm", "own/B.scm"}) {
         folder.write(name, "");
     }
     const auto user = folder.path() / "user";

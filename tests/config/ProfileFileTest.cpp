@@ -4,10 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "CommaLocale.h"
+#include "TempFolder.h"
 #include "config/FakeRegistry.h"
 #include "config/ProfileFile.h"
 #include "platform/FileIo.h"
-#include "platform/TempFolder.h"
 
 namespace korvel { namespace {
 
@@ -19,11 +19,7 @@ std::string bit7(std::string text) {
 }
 
 TEST(ProfileText, ReadsLines) {
-    struct Case {
-        std::string bytes;
-        ProfileEntries entries;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string, ProfileEntries> cases[] = {
         {"", {}},
         {"Options:Port = 3 ; comment\r\n", {{"Options:Port", "3"}}},
         {bit7("Options:Port = 3 ; comment\r\n"), {{"Options:Port", "3"}}},
@@ -41,8 +37,8 @@ TEST(ProfileText, ReadsLines) {
         {"a\x80=\x80\x31\x80"s, {{"a", "1"}}},
         {"a\0=\0\x31"s, {{"a\0"s, "\0\x31"s}}},
     };
-    for (const Case& one : cases) {
-        EXPECT_EQ(parseProfile(one.bytes), one.entries) << testing::PrintToString(one.bytes);
+    for (const auto& [bytes, entries] : cases) {
+        EXPECT_EQ(parseProfile(bytes), entries) << testing::PrintToString(bytes);
     }
 }
 
@@ -77,8 +73,8 @@ TEST_F(ProfileFileTest, CreatesTheFileAndKeepsWhatWasRead) {
         EXPECT_EQ(profile.getInt("Options", "Known", 1), 7);
         EXPECT_TRUE(onDisk().empty()) << "a read does not save";
     }
-    EXPECT_EQ(onDisk(),
-              (ProfileEntries{{"Options:Known", "7"}, {"Options.Known", "seven"}, {"Options:Unknown", "-5"}}));
+    EXPECT_EQ(
+        onDisk(), (ProfileEntries{{"Options:Known", "7"}, {"Options.Known", "seven"}, {"Options:Unknown", "-5"}}));
 }
 
 TEST_F(ProfileFileTest, IntegersAndStringsOfOneNameAreTwoEntries) {
@@ -113,7 +109,7 @@ TEST_F(ProfileFileTest, WithoutAFileTheRegistryIsSavedTo) {
         EXPECT_EQ(registry_.ints, (std::map<std::string, int>{{"Options:A", 5}}));
     }
     EXPECT_EQ(registry_.strings,
-              (std::map<std::string, std::string>{{"Options:A.b", "6"}, {"Options.C.d", "x"}, {".", "y"}}));
+        (std::map<std::string, std::string>{{"Options:A.b", "6"}, {"Options.C.d", "x"}, {".", "y"}}));
 }
 
 TEST_F(ProfileFileTest, AFileThatCannotBeWrittenKeepsItsContent) {

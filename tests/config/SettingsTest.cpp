@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "config/FakeRegistry.h"
 #include "config/ProfileFile.h"
 #include "config/Settings.h"
-#include "platform/TempFolder.h"
 
 namespace korvel { namespace {
 
@@ -47,7 +47,7 @@ TEST_F(SettingsTest, FlagsAndRotationModesAreReducedOnlyInMemory) {
         std::array<int, 3> modes;
     };
     for (const Case& one :
-         {Case{263168, {0, 4, 4}}, Case{0x070707, {2, 2, 2}}, Case{0x030201, {1, 2, 3}}, Case{-1, {0, 0, 0}}}) {
+        {Case{263168, {0, 4, 4}}, Case{0x070707, {2, 2, 2}}, Case{0x030201, {1, 2, 3}}, Case{-1, {0, 0, 0}}}) {
         profile_.setInt("Options", "RotateMask", one.mask, true);
         EXPECT_EQ(loadSettings(profile_).rotateModes, one.modes) << one.mask;
     }
@@ -66,10 +66,8 @@ TEST_F(SettingsTest, StoresOnlyWhatChanged) {
     after.autozoom = false;
     after.logEndKt = 35;
     storeChangedSettings(profile_, before, after);
-    EXPECT_EQ(profile_.entries(), (ProfileEntries{{"Options.Port", "COM3:4800,N,8,1"},
-                                                  {"Options:RotateMask", "197121"},
-                                                  {"Options:Autozoom", "0"},
-                                                  {"Options:LogEndVal", "35"}}));
+    EXPECT_EQ(profile_.entries(), (ProfileEntries{{"Options.Port", "COM3:4800,N,8,1"}, {"Options:RotateMask", "197121"},
+                                      {"Options:Autozoom", "0"}, {"Options:LogEndVal", "35"}}));
     EXPECT_EQ(std::filesystem::file_size(profile_.path()), 0U) << "saved later";
     EXPECT_EQ(loadSettings(profile_), after);
 }

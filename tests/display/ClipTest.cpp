@@ -19,11 +19,7 @@ bool isInside(Point p, double slack = 1e-6) {
 }
 
 TEST(Clip, SegmentsAreCutAtTheEdges) {
-    struct Case {
-        Segment segment;
-        std::optional<Segment> inside;
-    };
-    const Case cases[] = {
+    const std::tuple<Segment, std::optional<Segment>> cases[] = {
         {{{20, 30}, {50, 60}}, Segment{{20, 30}, {50, 60}}},
         {{{0, 40}, {200, 40}}, Segment{{10, 40}, {110, 40}}},
         {{{200, 40}, {0, 40}}, Segment{{110, 40}, {10, 40}}},  // keeps its direction
@@ -36,14 +32,14 @@ TEST(Clip, SegmentsAreCutAtTheEdges) {
         {{{60, 40}, {kNan, 40}}, std::nullopt},
         {{{60, 40}, {kInfinity, 40}}, std::nullopt},
     };
-    for (const Case& each : cases) {
-        const std::optional<Segment> result = clipSegment(each.segment, kView);
-        ASSERT_EQ(result.has_value(), each.inside.has_value()) << each.segment.to.x;
+    for (const auto& [segment, inside] : cases) {
+        const std::optional<Segment> result = clipSegment(segment, kView);
+        ASSERT_EQ(result.has_value(), inside.has_value()) << segment.to.x;
         if (!result) continue;
-        EXPECT_NEAR(result->from.x, each.inside->from.x, 1e-6);
-        EXPECT_NEAR(result->from.y, each.inside->from.y, 1e-6);
-        EXPECT_NEAR(result->to.x, each.inside->to.x, 1e-6);
-        EXPECT_NEAR(result->to.y, each.inside->to.y, 1e-6);
+        EXPECT_NEAR(result->from.x, inside->from.x, 1e-6);
+        EXPECT_NEAR(result->from.y, inside->from.y, 1e-6);
+        EXPECT_NEAR(result->to.x, inside->to.x, 1e-6);
+        EXPECT_NEAR(result->to.y, inside->to.y, 1e-6);
     }
 }
 
@@ -60,7 +56,7 @@ TEST(Clip, RandomSegmentsKeepExactlyWhatLiesInside) {
         for (int i = 0; i < kSteps; ++i) {
             const double share = (i + 0.5) / kSteps;
             inside += isInside({segment.from.x + share * (segment.to.x - segment.from.x),
-                                segment.from.y + share * (segment.to.y - segment.from.y)})
+                          segment.from.y + share * (segment.to.y - segment.from.y)})
                           ? 1
                           : 0;
         }
@@ -71,8 +67,8 @@ TEST(Clip, RandomSegmentsKeepExactlyWhatLiesInside) {
 }
 
 TEST(Clip, APolylineFallsIntoItsVisiblePieces) {
-    const std::vector<Point> wave{{20, 30}, {30, 30},  {30, 0},    {50, 0},  {50, 30},
-                                  {60, 30}, {500, 30}, {kNan, 30}, {70, 30}, {80, 30}};
+    const std::vector<Point> wave{
+        {20, 30}, {30, 30}, {30, 0}, {50, 0}, {50, 30}, {60, 30}, {500, 30}, {kNan, 30}, {70, 30}, {80, 30}};
     std::vector<std::vector<Point>> pieces;
     clipPolyline(wave, kView, [&](std::span<const Point> piece) { pieces.emplace_back(piece.begin(), piece.end()); });
     const std::vector<std::vector<Point>> expected{
@@ -90,11 +86,7 @@ double areaOf(std::span<const Point> points) {
 }
 
 TEST(Clip, PolygonsKeepTheirAreaInsideTheView) {
-    struct Case {
-        std::vector<Point> polygon;
-        double area;
-    };
-    const Case cases[] = {
+    const std::tuple<std::vector<Point>, double> cases[] = {
         {{{20, 30}, {40, 30}, {40, 50}}, 200},
         {{{-1e7, -1e7}, {1e7, -1e7}, {1e7, 1e7}, {-1e7, 1e7}}, 5000},  // all around the view
         {{{60, 20}, {300, 20}, {300, 70}, {60, 70}}, 2500},
@@ -103,9 +95,9 @@ TEST(Clip, PolygonsKeepTheirAreaInsideTheView) {
         {{{20, 30}, {kNan, 30}, {40, 50}}, 0},
         {{{20, 30}}, 0},
     };
-    for (const Case& each : cases) {
-        const std::vector<Point> clipped = clipPolygon(each.polygon, kView);
-        EXPECT_NEAR(areaOf(clipped), each.area, 1e-3);
+    for (const auto& [polygon, area] : cases) {
+        const std::vector<Point> clipped = clipPolygon(polygon, kView);
+        EXPECT_NEAR(areaOf(clipped), area, 1e-3);
         EXPECT_TRUE(std::all_of(clipped.begin(), clipped.end(), [](Point p) { return isInside(p); }));
     }
 }
@@ -118,18 +110,11 @@ TEST(Clip, AHoleLeavesTheEndsOfALine) {
         for (const Segment& part : parts) length += std::hypot(part.to.x - part.from.x, part.to.y - part.from.y);
         return std::pair(parts.size(), length);
     };
-    struct Case {
-        Segment segment;
-        std::size_t parts;
-        double length;
-    };
-    const Case cases[] = {{{{0, 40}, {200, 40}}, 2, 100},
-                          {{{50, 40}, {200, 40}}, 1, 90},
-                          {{{50, 40}, {60, 40}}, 0, 0},
-                          {{{0, 0}, {200, 0}}, 1, 200}};
-    for (const Case& each : cases) {
-        EXPECT_EQ(outside(each.segment).first, each.parts) << each.length;
-        EXPECT_NEAR(outside(each.segment).second, each.length, 1e-9);
+    const std::tuple<Segment, std::size_t, double> cases[] = {{{{0, 40}, {200, 40}}, 2, 100},
+        {{{50, 40}, {200, 40}}, 1, 90}, {{{50, 40}, {60, 40}}, 0, 0}, {{{0, 0}, {200, 0}}, 1, 200}};
+    for (const auto& [segment, parts, length] : cases) {
+        EXPECT_EQ(outside(segment).first, parts) << length;
+        EXPECT_NEAR(outside(segment).second, length, 1e-9);
     }
 }
 

@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "CommaLocale.h"
+#include "TempFolder.h"
 #include "config/DataFileSearch.h"
 #include "config/ProfileFile.h"
 #include "display/ColorScheme.h"
 #include "display/MapColorCache.h"
 #include "platform/RegistryProfile.h"
-#include "platform/TempFolder.h"
 
 namespace korvel { namespace {
 
@@ -37,18 +37,19 @@ TEST(ColorScheme, BuiltInSchemes) {
         EXPECT_EQ(changes(named(name)), Colors{}) << name;
     }
     EXPECT_EQ(colorsOf(ColorScheme()).size(), 43U);
-    EXPECT_EQ(changes(named("<Default2>")), (Colors{{"map.vor", Rgb(255, 255, 255)},
-                                                    {"geo.land", Rgb(0, 192, 128)},
-                                                    {"geo.populated", Rgb(238, 232, 170)},
-                                                    {"map.airport", Rgb(153, 0, 204)},
-                                                    {"map.obs.caution", Rgb(255, 204, 0)},
-                                                    {"hsi.bearing", Rgb(255, 102, 0)}}));
+    EXPECT_EQ(
+        changes(named("<Default2>")), (Colors{{"map.vor", Rgb(255, 255, 255)}, {"geo.land", Rgb(0, 192, 128)},
+                                          {"geo.populated", Rgb(238, 232, 170)}, {"map.airport", Rgb(153, 0, 204)},
+                                          {"map.obs.caution", Rgb(255, 204, 0)}, {"hsi.bearing", Rgb(255, 102, 0)}}));
 
     // A few of each scheme, from all of the table.
     const std::tuple<const char*, ColorValue, ColorValue> rows[] = {
-        {"hsi.numeral", Rgb(0, 0, 0), Rgb(223, 223, 223)},        {"map.class_b", Rgb(0, 0, 204), Rgb(0, 0, 204)},
-        {"map.class_c", Rgb(204, 0, 204), Rgb(0, 204, 0)},        {"geo.water", Rgb(102, 153, 255), Rgb(0, 0, 102)},
-        {"geo.topo.polbnd", Rgb(153, 153, 153), Rgb(51, 51, 51)}, {"no.such.key", 0, 0},
+        {"hsi.numeral", Rgb(0, 0, 0), Rgb(223, 223, 223)},
+        {"map.class_b", Rgb(0, 0, 204), Rgb(0, 0, 204)},
+        {"map.class_c", Rgb(204, 0, 204), Rgb(0, 204, 0)},
+        {"geo.water", Rgb(102, 153, 255), Rgb(0, 0, 102)},
+        {"geo.topo.polbnd", Rgb(153, 153, 153), Rgb(51, 51, 51)},
+        {"no.such.key", 0, 0},
     };
     const ColorScheme day;
     const ColorScheme night = named("<Night-Flight>");
@@ -60,11 +61,7 @@ TEST(ColorScheme, BuiltInSchemes) {
 }
 
 TEST(ColorScheme, ParsesLines) {
-    struct Case {
-        std::string_view line;
-        Colors changed;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string_view, Colors> cases[] = {
         {"geo.water = 0, 0, 128 ; comment", {{"geo.water", Rgb(0, 0, 128)}}},
         {"geo.water = 300,0,0", {{"geo.water", Rgb(44, 0, 0)}}},
         {"geo.water=-1,256,511", {{"geo.water", Rgb(255, 0, 255)}}},
@@ -84,10 +81,10 @@ TEST(ColorScheme, ParsesLines) {
         {"", {}},
     };
     const CommaLocale comma;
-    for (const Case& one : cases) {
+    for (const auto& [line, changed] : cases) {
         ColorScheme scheme;
-        scheme.ParseLine(one.line);
-        EXPECT_EQ(changes(scheme), one.changed) << one.line;
+        scheme.ParseLine(line);
+        EXPECT_EQ(changes(scheme), changed) << line;
     }
 }
 
@@ -105,11 +102,7 @@ TEST(ColorScheme, ReadsFiles) {
     const DataFileSearch files({folder.path()});
     const std::string text = "a.b=1,2,3\r\ngeo.water=4,\r5,6\n\ngeo.water=7,8,9";
     const std::string padding(20479 - text.size() - 1, ';');
-    struct Case {
-        std::string bytes;
-        bool read;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string, bool> cases[] = {
         {text, true},
         {utf16(text), true},
         {"\xFF\xFE" + utf16(text), true},
@@ -120,9 +113,9 @@ TEST(ColorScheme, ReadsFiles) {
         {"", false},
     };
     const Colors expected = {{"a.b", Rgb(1, 2, 3)}, {"geo.water", Rgb(7, 8, 9)}};
-    for (const Case& one : cases) {
-        folder.write("my.scm", one.bytes);
-        EXPECT_EQ(changes(named("MY.SCM", files)), one.read ? expected : Colors{}) << one.bytes.size();
+    for (const auto& [bytes, read] : cases) {
+        folder.write("my.scm", bytes);
+        EXPECT_EQ(changes(named("MY.SCM", files)), read ? expected : Colors{}) << bytes.size();
     }
 }
 
@@ -158,9 +151,8 @@ TEST(ColorScheme, ReloadFollowsTheSettingAndForgetsTheSchemeBefore) {
 
     const std::vector<std::string> list = listSchemes(files);
     EXPECT_EQ(list, (std::vector<std::string>{"<Default>", "<Default2>", "<Night-Flight>", "sea.SCM"}));
-    const std::pair<const char*, std::size_t> selections[] = {
-        {"", 0},        {"<DEFAULT2>", 1}, {"<Default", 0}, {"<night-flight>", 2},
-        {"SEA.scm", 3}, {"se", 3},         {"gone.SCM", 0}, {"sea.SCM.old", 0}};
+    const std::pair<const char*, std::size_t> selections[] = {{"", 0}, {"<DEFAULT2>", 1}, {"<Default", 0},
+        {"<night-flight>", 2}, {"SEA.scm", 3}, {"se", 3}, {"gone.SCM", 0}, {"sea.SCM.old", 0}};
     for (const auto& [stored, index] : selections) { EXPECT_EQ(selectedScheme(list, stored), index) << stored; }
 }
 

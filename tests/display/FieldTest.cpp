@@ -37,9 +37,9 @@ TEST_F(Units, DistancesAreNeverRoundedToAWrongNumber) {
         double nm;
         std::string_view text;
     };
-    const Case cases[] = {{0, 65, "65 nm"},         {0, 32.5, "32.5 nm"}, {0, 12.5, "12.5 nm"}, {0, 0.5, "0.5 nm"},
-                          {0, 250, "250 nm"},       {1, 65, "74.8 mi"},   {1, 100, "115 mi"},   {2, 1, "1.9 km"},
-                          {2, 50 / 1.852, "50 km"}, {9, 99.96, "100 nm"}};
+    const Case cases[] = {{0, 65, "65 nm"}, {0, 32.5, "32.5 nm"}, {0, 12.5, "12.5 nm"}, {0, 0.5, "0.5 nm"},
+        {0, 250, "250 nm"}, {1, 65, "74.8 mi"}, {1, 100, "115 mi"}, {2, 1, "1.9 km"}, {2, 50 / 1.852, "50 km"},
+        {9, 99.96, "100 nm"}};
     for (const Case& each : cases) {
         SetDistanceUnit(each.unit);
         EXPECT_EQ(distanceText(each.nm), each.text);
@@ -92,9 +92,9 @@ struct Size {
     double smallestValue;  // type size in pixels
 };
 
-constexpr Size kStrips[] = {{800, 62, FieldArrangement::OneRow, 28},   {1280, 92, FieldArrangement::OneRow, 44},
-                            {480, 124, FieldArrangement::TwoRows, 28}, {640, 124, FieldArrangement::TwoRows, 32},
-                            {384, 1000, FieldArrangement::Column, 40}, {300, 800, FieldArrangement::Column, 28}};
+constexpr Size kStrips[] = {{800, 62, FieldArrangement::OneRow, 28}, {1280, 92, FieldArrangement::OneRow, 44},
+    {480, 124, FieldArrangement::TwoRows, 28}, {640, 124, FieldArrangement::TwoRows, 32},
+    {384, 1000, FieldArrangement::Column, 40}, {300, 800, FieldArrangement::Column, 28}};
 
 TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
     const ColorScheme scheme;
@@ -146,9 +146,8 @@ TEST(FieldStrip, UsesTheColoursOfTheFields) {
 TEST(TouchBar, WordsAndStatesCanBeToldApart) {
     const ColorScheme scheme;
     const MapColorCache colors(scheme);
-    const std::vector<TouchButton> buttons{
-        {TouchCommand::Page},    {TouchCommand::DirectTo, false},    {TouchCommand::Nearest},
-        {TouchCommand::ZoomOut}, {TouchCommand::ZoomIn, true, true}, {TouchCommand::Plan}};
+    const std::vector<TouchButton> buttons{{TouchCommand::Page}, {TouchCommand::DirectTo, false},
+        {TouchCommand::Nearest}, {TouchCommand::ZoomOut}, {TouchCommand::ZoomIn, true, true}, {TouchCommand::Plan}};
     for (const double width : {320.0, 800.0, 2560.0}) {
         RecordingCanvas canvas(width, 48);
         TouchBar(colors).paint(canvas, buttons);

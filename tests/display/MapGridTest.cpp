@@ -21,7 +21,7 @@ MapViewport viewportOf(int width, int height, int rangeNm, PageId page = PageId:
 
 std::vector<GridLine> gridOf(const MapViewport& viewport, GeoPoint center, int angle = 0) {
     return gridLines(viewport.projection(center, angle),
-                     {0, 0, static_cast<double>(viewport.width()), static_cast<double>(viewport.height())});
+        {0, 0, static_cast<double>(viewport.width()), static_cast<double>(viewport.height())});
 }
 
 std::vector<std::string> labelsOf(const std::vector<GridLine>& lines) {
@@ -40,15 +40,11 @@ double distanceFrom(const Segment& line, Point p) {
 }
 
 TEST(MapGrid, StepsAreRoundAndFarEnoughApart) {
-    struct Case {
-        double pixelsPerDegree;
-        int stepSec;
-    };
-    const Case cases[] = {{100000, 30}, {6000, 60},    {5999, 120}, {300, 1200}, {100, 3600},
-                          {99, 7200},   {1.2, 324000}, {1, 0},      {0.1, 0},    {0, 0}};
-    for (const Case& each : cases) {
-        const int step = gridStepSec(each.pixelsPerDegree, 100);
-        EXPECT_EQ(step, each.stepSec) << each.pixelsPerDegree;
+    const std::tuple<double, int> cases[] = {{100000, 30}, {6000, 60}, {5999, 120}, {300, 1200}, {100, 3600},
+        {99, 7200}, {1.2, 324000}, {1, 0}, {0.1, 0}, {0, 0}};
+    for (const auto& [pixelsPerDegree, stepSec] : cases) {
+        const int step = gridStepSec(pixelsPerDegree, 100);
+        EXPECT_EQ(step, stepSec) << pixelsPerDegree;
     }
 }
 
@@ -58,8 +54,8 @@ TEST(MapGrid, LinesRunWhereTheProjectionPutsThem) {
         const GeoPoint center = atDegrees(48.35, 11.8);
         const std::vector<GridLine> lines = gridOf(viewport, center, angle);
         const auto find = [&](std::string_view label) {
-            return std::find_if(lines.begin(), lines.end(),
-                                [label](const GridLine& line) { return line.label == label; });
+            return std::find_if(
+                lines.begin(), lines.end(), [label](const GridLine& line) { return line.label == label; });
         };
         const auto parallel = find("N48°00'");
         const auto meridian = find("E012°00'");

@@ -90,7 +90,7 @@ TEST(MapPainter, RingsCarryTheirDistance) {
         const auto texts = page.ofKind(Kind::Text);
         const bool labelled = std::any_of(texts.begin(), texts.end(), [&](const Element& text) {
             return text.text == label && std::abs(std::hypot(text.points.front().x - page.aircraft().x,
-                                                             text.points.front().y - page.aircraft().y) -
+                                                      text.points.front().y - page.aircraft().y) -
                                                   radius) < 1e-6;
         });
         EXPECT_TRUE(labelled) << label;
@@ -165,16 +165,11 @@ TEST(MapFurniture, NothingStandsOnAnythingElseOrOnTheAircraft) {
 }
 
 TEST(MapFurniture, TheScaleBarIsARoundLengthInTheUnitInForce) {
-    struct Case {
-        int unit;
-        double longestNm;
-        double shown;
-    };
-    const Case cases[] = {{0, 31.4, 20},    {0, 50, 50},   {0, 9.9, 5},   {0, 0.21, 0.2},
-                          {0, 199.99, 100}, {1, 31.4, 20}, {2, 31.4, 50}, {2, 0.4, 0.5}};
-    for (const Case& each : cases) {
-        SetDistanceUnit(each.unit);
-        EXPECT_NEAR(ConvertDistance(roundLengthNm(each.longestNm)), each.shown, 1e-9) << each.longestNm;
+    const std::tuple<int, double, double> cases[] = {{0, 31.4, 20}, {0, 50, 50}, {0, 9.9, 5}, {0, 0.21, 0.2},
+        {0, 199.99, 100}, {1, 31.4, 20}, {2, 31.4, 50}, {2, 0.4, 0.5}};
+    for (const auto& [unit, longestNm, shown] : cases) {
+        SetDistanceUnit(unit);
+        EXPECT_NEAR(ConvertDistance(roundLengthNm(longestNm)), shown, 1e-9) << longestNm;
     }
     SetDistanceUnit(0);
     RecordingCanvas canvas(800, 370);
@@ -196,18 +191,6 @@ TEST(MapFurniture, TheNorthArrowPointsNorth) {
     const double middle = (arrow->area.y + arrow->area.bottom()) / 2;
     EXPECT_NEAR(arrow->points.front().y, middle, 1e-6);
     EXPECT_NEAR(arrow->points.front().x, arrow->area.x, 1e-6);
-}
-
-TEST(AircraftOutline, IsSymmetricAndTurnsToTheRight) {
-    const std::vector<Point> up = aircraftOutline({100, 100}, 20, 0);
-    for (std::size_t i = 1; i < up.size(); ++i) {
-        const Point& other = up[up.size() - i];
-        EXPECT_NEAR(up[i].x - 100, 100 - other.x, 1e-9);
-        EXPECT_NEAR(up[i].y, other.y, 1e-9);
-    }
-    const Point nose = aircraftOutline({100, 100}, 20, 90).front();
-    EXPECT_NEAR(nose.x, 120, 1e-9);
-    EXPECT_NEAR(nose.y, 100, 1e-9);
 }
 
 }}  // namespace korvel

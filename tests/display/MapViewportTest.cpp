@@ -3,11 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "config/ProfileFile.h"
 #include "display/MapViewport.h"
 #include "nav/Geodesy.h"
 #include "platform/RegistryProfile.h"
-#include "platform/TempFolder.h"
 
 namespace korvel { namespace {
 
@@ -20,9 +20,12 @@ TEST(MapViewport, LaysOutEachPage) {
         int evenWidth, evenHeight, x, y;
     };
     const Case cases[] = {
-        {PageId::Map, 801, 601, 802, 602, 401, 331},     {PageId::Map, 800, 600, 800, 600, 400, 330},
-        {PageId::NorthUp, 800, 600, 800, 600, 400, 300}, {PageId::Efis, 800, 600, 800, 600, 400, 480},
-        {PageId::Efis, 801, 601, 802, 602, 401, 481},    {PageId::Attitude, 1, 0, 2, 0, 1, 30},
+        {PageId::Map, 801, 601, 802, 602, 401, 331},
+        {PageId::Map, 800, 600, 800, 600, 400, 330},
+        {PageId::NorthUp, 800, 600, 800, 600, 400, 300},
+        {PageId::Efis, 800, 600, 800, 600, 400, 480},
+        {PageId::Efis, 801, 601, 802, 602, 401, 481},
+        {PageId::Attitude, 1, 0, 2, 0, 1, 30},
     };
     for (const Case& one : cases) {
         MapViewport view;

@@ -35,8 +35,8 @@ TEST(StatusScreen, SaysHowFarTheConnectionIs) {
     CockpitData data;
     data.status = "COM5 4800\nNo Gps Rcvr Activity";
     EXPECT_EQ(textsOf(PageId::Map, data),
-              "COM5 4800\nNo Gps Rcvr Activity\n"
-              "Connecting to GPS...\nSelect Options.Simulator menu to test.\n");
+        "COM5 4800\nNo Gps Rcvr Activity\n"
+        "Connecting to GPS...\nSelect Options.Simulator menu to test.\n");
     data.receiverActive = true;
     data.status = "Locating Satellites";
     EXPECT_EQ(textsOf(PageId::NorthUp, data), "Locating Satellites\n");
@@ -74,11 +74,8 @@ TEST(SatellitePage, PutsTheZenithInTheMiddleAndEastAtTheRight) {
         int elevation;
         Point place;
     };
-    const Case cases[] = {{0, 0, {100, 50}},
-                          {90, 0, {150, 100}},
-                          {180, 45, {100, 125}},
-                          {270, 60, {83.3333, 100}},
-                          {123, 90, {100, 100}}};
+    const Case cases[] = {{0, 0, {100, 50}}, {90, 0, {150, 100}}, {180, 45, {100, 125}}, {270, 60, {83.3333, 100}},
+        {123, 90, {100, 100}}};
     for (const Case& each : cases) {
         const Point place = skyPoint({1, true, 40, each.azimuth, each.elevation}, {100, 100}, 50);
         EXPECT_NEAR(place.x, each.place.x, 1e-3) << each.azimuth;

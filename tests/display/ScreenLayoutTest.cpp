@@ -10,40 +10,34 @@ namespace korvel { namespace {
 double area(const Rect& rect) { return rect.width * rect.height; }
 
 TEST(ScreenLayout, FieldsStandWhereThereIsRoom) {
-    struct Case {
-        double width;
-        double height;
-        FieldArrangement arrangement;
-    };
-    const Case cases[] = {
-        {800, 480, FieldArrangement::OneRow},   {640, 480, FieldArrangement::TwoRows},
-        {700, 480, FieldArrangement::OneRow},   {699, 480, FieldArrangement::TwoRows},
-        {768, 1024, FieldArrangement::TwoRows}, {1400, 900, FieldArrangement::OneRow},
-        {1401, 900, FieldArrangement::Column},  {2560, 1600, FieldArrangement::Column},
+    const std::tuple<double, double, FieldArrangement> cases[] = {
+        {800, 480, FieldArrangement::OneRow},
+        {640, 480, FieldArrangement::TwoRows},
+        {700, 480, FieldArrangement::OneRow},
+        {699, 480, FieldArrangement::TwoRows},
+        {768, 1024, FieldArrangement::TwoRows},
+        {1400, 900, FieldArrangement::OneRow},
+        {1401, 900, FieldArrangement::Column},
+        {2560, 1600, FieldArrangement::Column},
         {1600, 2560, FieldArrangement::Column},
     };
-    for (const Case& each : cases) {
-        const ScreenLayout layout = layOutScreen({.width = each.width, .height = each.height, .fieldCount = 5});
-        EXPECT_EQ(layout.arrangement, each.arrangement) << each.width << "x" << each.height;
-        EXPECT_EQ(layout.fields.right(), each.width);
+    for (const auto& [width, height, arrangement] : cases) {
+        const ScreenLayout layout = layOutScreen({.width = width, .height = height, .fieldCount = 5});
+        EXPECT_EQ(layout.arrangement, arrangement) << width << "x" << height;
+        EXPECT_EQ(layout.fields.right(), width);
         EXPECT_EQ(layout.fields.y, 0);
     }
 }
 
 TEST(ScreenLayout, ButtonsAreLargeEnoughForAFinger) {
-    struct Case {
-        double height;
-        double pxPerMm;
-        double barHeight;
+    const std::tuple<double, double, double> cases[] = {
+        {480, 0, 44}, {480, 4, 44}, {480, 6, 54}, {800, 5.03, 48}, {1600, 0, 96},
+        {480, 1000, 96},  // a screen that lies about its size
     };
-    const Case cases[] = {
-        {480, 0, 44},    {480, 4, 44},  {480, 6, 54},
-        {800, 5.03, 48}, {1600, 0, 96}, {480, 1000, 96},  // a screen that lies about its size
-    };
-    for (const Case& each : cases) {
+    for (const auto& [height, pxPerMm, barHeight] : cases) {
         const ScreenLayout layout =
-            layOutScreen({.width = 800, .height = each.height, .pxPerMm = each.pxPerMm, .buttonCount = 6});
-        EXPECT_EQ(layout.touchBar.height, each.barHeight) << each.height << " " << each.pxPerMm;
+            layOutScreen({.width = 800, .height = height, .pxPerMm = pxPerMm, .buttonCount = 6});
+        EXPECT_EQ(layout.touchBar.height, barHeight) << height << " " << pxPerMm;
     }
 }
 

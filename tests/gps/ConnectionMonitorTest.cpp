@@ -2,13 +2,13 @@
 #include <fstream>
 #include <iterator>
 
+#include "TempFolder.h"
 #include "gps/ConnectionMonitor.h"
 #include "gps/FakePorts.h"
 #include "gps/GpsFixture.h"
 #include "platform/FileIo.h"
 #include "platform/PseudoTerminal.h"
 #include "platform/RegistryProfile.h"
-#include "platform/TempFolder.h"
 
 namespace korvel { namespace {
 
@@ -75,11 +75,7 @@ class ConnectionMonitorTest : public GpsTest, protected LineListener {
 };
 
 TEST_F(ConnectionMonitorTest, StatusTellsHowFarTheConnectionHasCome) {
-    struct Case {
-        std::uint32_t flags;
-        const char* text;
-    };
-    const Case cases[] = {
+    const std::tuple<std::uint32_t, const char*> cases[] = {
         {0, "COM3 4800\nNo Gps Rcvr Activity"},
         {8 | 4, "COM3 4800\nNo Gps Rcvr Activity"},
         {1 | 4, "COM3 4800\nNo Gps Rcvr Activity"},
@@ -89,10 +85,10 @@ TEST_F(ConnectionMonitorTest, StatusTellsHowFarTheConnectionHasCome) {
         {1 | 2 | 4 | 8, "Locating Satellites"},
     };
     monitor().choosePort({.gps = "COM3:,4800,N,8,1", .gyroPort = {}, .gyroBaud = {}});
-    ASSERT_EQ(status(), cases[0].text);
-    for (const Case& c : cases) {
-        setFlags(c.flags);
-        EXPECT_EQ(status(), c.text) << c.flags;
+    ASSERT_EQ(status(), "COM3 4800\nNo Gps Rcvr Activity");
+    for (const auto& [flags, text] : cases) {
+        setFlags(flags);
+        EXPECT_EQ(status(), text) << flags;
     }
     EXPECT_FALSE(monitor().connected());
     setFlags(0, 1);
@@ -113,7 +109,7 @@ TEST_F(ConnectionMonitorTest, LabelNamesThePortInUse) {
     EXPECT_EQ(monitor().portLabel(true), "");
     EXPECT_EQ(monitor().connectionStatus(false), "No Gps Rcvr Activity");
     for (const auto& [setting, label] :
-         {std::pair{"COM12:,115200,N,8,1", "COM12 115200"}, {"COM1:,9600", "COM1 9600"}, {"COM1", "COM1"}}) {
+        {std::pair{"COM12:,115200,N,8,1", "COM12 115200"}, {"COM1:,9600", "COM1 9600"}, {"COM1", "COM1"}}) {
         monitor().choosePort({.gps = setting, .gyroPort = "COM7", .gyroBaud = "57600"});
         EXPECT_EQ(monitor().portLabel(true), label);
         EXPECT_EQ(monitor().portLabel(false), "COM7 57600");
@@ -123,10 +119,9 @@ TEST_F(ConnectionMonitorTest, LabelNamesThePortInUse) {
 }
 
 TEST_F(ConnectionMonitorTest, ScanTriesEveryPortAndDwellsLongerEachTime) {
-    const char* const table[] = {"COM1: 9600",  "COM1: 4800", "COM2: 9600", "COM2: 4800", "COM3: 9600",
-                                 "COM3: 4800",  "COM4: 9600", "COM4: 4800", "COM5: 9600", "COM5: 4800",
-                                 "COM6: 38400", "COM6: 9600", "COM6: 4800", "COM7: 9600", "COM7: 4800",
-                                 "COM8: 9600",  "COM8: 4800", "COM9: 9600", "COM9: 4800"};
+    const char* const table[] = {"COM1: 9600", "COM1: 4800", "COM2: 9600", "COM2: 4800", "COM3: 9600", "COM3: 4800",
+        "COM4: 9600", "COM4: 4800", "COM5: 9600", "COM5: 4800", "COM6: 38400", "COM6: 9600", "COM6: 4800", "COM7: 9600",
+        "COM7: 4800", "COM8: 9600", "COM8: 4800", "COM9: 9600", "COM9: 4800"};
     std::vector<std::string> expected;
     for (const std::int64_t dwellMs : {3000, 3500, 4000}) {
         for (const std::string entry : table) {
@@ -143,9 +138,8 @@ TEST_F(ConnectionMonitorTest, ScanTriesEveryPortAndDwellsLongerEachTime) {
 
 TEST_F(ConnectionMonitorTest, ScanPassesOverPortsThatDoNotOpen) {
     const std::pair<SystemError, const char*> failures[] = {{kErrorFileNotFound, "Invalid Port"},
-                                                            {kErrorAccessDenied, "Port already open!"},
-                                                            {kErrorDeviceDoesNotExist, "Used or Non-existent Port!"},
-                                                            {31, "Port Open Failed=31"}};
+        {kErrorAccessDenied, "Port already open!"}, {kErrorDeviceDoesNotExist, "Used or Non-existent Port!"},
+        {31, "Port Open Failed=31"}};
     std::vector<std::string> expected;
     for (int port = 1; port <= 9; ++port) {
         const std::string name = "COM" + std::to_string(port);

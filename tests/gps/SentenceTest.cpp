@@ -134,8 +134,12 @@ TEST_F(SentenceDecoderTest, VariationTurnsTheTrack) {
     };
     // Each one follows the one before.
     const Case cases[] = {
-        {"10.0,010100,3.1,E", -3.1, 6.9}, {"10.0,010100,,E", -3.1, 6.9},      {"2.0,010100,3.0,E", -3.0, 359},
-        {"358,010100,5,W,A", 5, 3},       {"10.0,010100,3.1,", kNoAngle, 10}, {"10.0,010100,3.1,e", kNoAngle, 10},
+        {"10.0,010100,3.1,E", -3.1, 6.9},
+        {"10.0,010100,,E", -3.1, 6.9},
+        {"2.0,010100,3.0,E", -3.0, 359},
+        {"358,010100,5,W,A", 5, 3},
+        {"10.0,010100,3.1,", kNoAngle, 10},
+        {"10.0,010100,3.1,e", kNoAngle, 10},
         {"1000,010100,3,W", 3, kNoAngle},
     };
     for (const Case& c : cases) {
@@ -185,12 +189,8 @@ TEST_F(SentenceDecoderTest, GgaCountsOnlyBesideRmcOrVtg) {
 }
 
 TEST_F(SentenceDecoderTest, AltitudesThatNoIntegerHolds) {
-    for (const auto& [metres, feet] : {std::pair{"-0.2", 0},
-                                       {"-100", -328},
-                                       {"1e300", 2147483647},
-                                       {"-inf", -2147483647 - 1},
-                                       {"nan", 0},
-                                       {"junk", 0}}) {
+    for (const auto& [metres, feet] : {std::pair{"-0.2", 0}, {"-100", -328}, {"1e300", 2147483647},
+             {"-inf", -2147483647 - 1}, {"nan", 0}, {"junk", 0}}) {
         feed(std::string("GPGGA,1,4730.0,N,01015.0,E,1,04,1,") + metres + ",M,,,,");
         EXPECT_EQ(fix().altitudeFt, feet) << metres;
     }
@@ -232,12 +232,11 @@ TEST_F(SentenceDecoderTest, TooShortSentencesChangeNothing) {
     };
     input_.satellitesForDisplay();
     input_.store().setTracing(true);
-    for (const Case& c :
-         {Case{"GPRMC,1,A,4250.5589,S,14718.5084,E,10.5,89.68,211200,", " RMC FAILED"},
-          Case{"GPVTG,1,T,2,M,3,N,4", " VTG FAILED"}, Case{"GPGGA,1,4730.0,N,01015.0,E,1,04,1,9,M,,", " GGA FAILED"},
-          Case{"GPGSA,A,3,1,2,3,,,,,,,,,,1,1", " GSA FAILED"}, Case{"GPGSV,1,1,01", " GSV FAILED"},
-          Case{"GPGSV,3,1,12,1,2,3,4,1,2,3,4,1,2,3,4,1,2,3", " GSV FAILED"},
-          Case{"GPRMC,1,V,,,,,,,,,", " RMC NOT LOCKED"}}) {
+    for (const Case& c : {Case{"GPRMC,1,A,4250.5589,S,14718.5084,E,10.5,89.68,211200,", " RMC FAILED"},
+             Case{"GPVTG,1,T,2,M,3,N,4", " VTG FAILED"}, Case{"GPGGA,1,4730.0,N,01015.0,E,1,04,1,9,M,,", " GGA FAILED"},
+             Case{"GPGSA,A,3,1,2,3,,,,,,,,,,1,1", " GSA FAILED"}, Case{"GPGSV,1,1,01", " GSV FAILED"},
+             Case{"GPGSV,3,1,12,1,2,3,4,1,2,3,4,1,2,3,4,1,2,3", " GSV FAILED"},
+             Case{"GPRMC,1,V,,,,,,,,,", " RMC NOT LOCKED"}}) {
         feed(c.body);
         const std::vector<std::string> lines = trace();
         ASSERT_EQ(lines.size(), 2U) << c.body;
@@ -260,12 +259,7 @@ TEST_F(SentenceDecoderTest, SimulatorShutsTheReceiverOut) {
 
 TEST(SbasStart, IsDecidedOnceByPlaceAndSpeed) {
     const std::string both[] = {"$PSRF151,01*0F\r\n", "$PSRF103,05,00,00,01*21\r\n"};
-    struct Case {
-        const char* port;
-        const char* position;
-        std::vector<std::string> sent;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, std::vector<std::string>> cases[] = {
         {"COM6:,38400,N,8,1", "4000.0,N,10000.0,W", {both[0], both[1]}},
         {"COM6:,38400,N,8,1", "4000.0,N,01000.0,E", {both[1]}},
         {"COM6:,38400,N,8,1", "4000.0,S,10000.0,W", {}},
@@ -273,52 +267,42 @@ TEST(SbasStart, IsDecidedOnceByPlaceAndSpeed) {
         {"COM6:,38400", "4000.0,N,10000.0,W", {}},
         {"", "4000.0,N,10000.0,W", {}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [port, position, sent] : cases) {
         VirtualClock clock;
         FakeSurroundings surroundings;
-        surroundings.port = c.port;
+        surroundings.port = port;
         GpsInput input(clock, surroundings);
         for (int repeat = 0; repeat < 2; ++repeat) {
-            const std::string gga = sentence("GPGGA,1," + std::string(c.position) + ",1,04,1,9,M,,,,");
+            const std::string gga = sentence("GPGGA,1," + std::string(position) + ",1,04,1,9,M,,,,");
             input.decoder().decodeSentence(gga, clock.tickMs());
         }
-        EXPECT_EQ(surroundings.sent, c.sent) << c.port << " at " << c.position;
+        EXPECT_EQ(surroundings.sent, sent) << port << " at " << position;
     }
 }
 
-struct LogCase {
-    const char* file;
-    double lat, lon;  // degrees, where gpsd puts the receiver at the end
-    int altitudeFt, fixQuality, satsInUse;
-};
-
-class ReceiverLogs : public GpsTest, public testing::WithParamInterface<LogCase> {};
-
-TEST_P(ReceiverLogs, EndWhereAnotherDecoderSaysTheyDo) {
-    const LogCase& expected = GetParam();
-    std::ifstream log(std::string(KORVEL_TEST_DATA "/nmea/") + expected.file, std::ios::binary);
-    ASSERT_TRUE(log);
-    std::string line;
-    while (std::getline(log, line)) {
-        input_.onSentence(line);
-        decodeQueue();
+TEST_F(SentenceDecoderTest, LogsEndWhereAnotherDecoderSaysTheyDo) {
+    struct Case {
+        const char* file;
+        double lat, lon;  // degrees, where gpsd puts the receiver at the end
+        int altitudeFt, fixQuality, satsInUse;
+    };
+    for (const Case& c : {Case{"garmin25lp.log", 42.356496667, 13.367966667, 2447, 1, 3},
+             Case{"navika-100-fix.log", 37.965442500, -122.532424333, 30, 1, 5},
+             Case{"ublox-lea-5h.log", 51.925886167, 4.577625333, 4, 1, 8}}) {
+        GpsInput input(clock_, surroundings_);
+        std::ifstream log(std::string(KORVEL_TEST_DATA "/nmea/") + c.file, std::ios::binary);
+        ASSERT_TRUE(log) << c.file;
+        for (std::string line; std::getline(log, line);) {
+            input.onSentence(line);
+            input.decode(*input.queue().lock());
+        }
+        const GpsFix end = input.store().copy();
+        EXPECT_NEAR(latDeg(end), c.lat, 1e-7) << c.file;
+        EXPECT_NEAR(lonDeg(end), c.lon, 1e-7) << c.file;
+        EXPECT_EQ(end.altitudeFt, c.altitudeFt) << c.file;
+        EXPECT_EQ(end.fixQuality, c.fixQuality) << c.file;
+        EXPECT_EQ(end.satsInUse, c.satsInUse) << c.file;
     }
-    EXPECT_NEAR(latDeg(fix()), expected.lat, 1e-7);
-    EXPECT_NEAR(lonDeg(fix()), expected.lon, 1e-7);
-    EXPECT_EQ(fix().altitudeFt, expected.altitudeFt);
-    EXPECT_EQ(fix().fixQuality, expected.fixQuality);
-    EXPECT_EQ(fix().satsInUse, expected.satsInUse);
 }
-
-INSTANTIATE_TEST_SUITE_P(Nmea, ReceiverLogs,
-                         testing::Values(LogCase{"garmin25lp.log", 42.356496667, 13.367966667, 2447, 1, 3},
-                                         LogCase{"navika-100-fix.log", 37.965442500, -122.532424333, 30, 1, 5},
-                                         LogCase{"ublox-lea-5h.log", 51.925886167, 4.577625333, 4, 1, 8}),
-                         [](const auto& test) {
-                             std::string name = test.param.file;
-                             name.resize(name.find('.'));
-                             std::erase(name, '-');
-                             return name;
-                         });
 
 }}  // namespace korvel

@@ -38,9 +38,8 @@ class SerialPortTerminalTest : public testing::Test {
 TEST_F(SerialPortTerminalTest, LinesArriveWholeWhateverComesBetween) {
     LineCollector lines;
     const RunningPort running = run(lines);
-    const std::vector<std::string> pieces = {
-        "$GPGGA,1", "\r",          "\n", std::string(200, 'x') + "\r\n", "$GPGGA,2\r\n", std::string(1100, 'x'),
-        "tail\r\n", "$GPGGA,3\r\n"};
+    const std::vector<std::string> pieces = {"$GPGGA,1", "\r", "\n", std::string(200, 'x') + "\r\n", "$GPGGA,2\r\n",
+        std::string(1100, 'x'), "tail\r\n", "$GPGGA,3\r\n"};
     for (const std::string& piece : pieces) { ASSERT_TRUE(receiver_->write(piece, kDeadline)); }
     EXPECT_EQ(lines.waitFor(3), (std::vector<std::string>{"$GPGGA,1", "$GPGGA,2", "$GPGGA,3"}));
 }

@@ -2,10 +2,10 @@
 #include <cmath>
 #include <random>
 
+#include "TempFolder.h"
 #include "nav/ActiveNavigation.h"
 #include "nav/PlacesFixture.h"
 #include "nav/RouteEntry.h"
-#include "nav/TemporaryFolder.h"
 #include "nav/TrackRecorder.h"
 
 namespace korvel { namespace {
@@ -48,7 +48,7 @@ class ActiveNavigationTest : public PlacesFixture {
         return navigation_.state();
     }
 
-    TemporaryFolder folder_;
+    TempFolder folder_;
     GuardedPlan plan_;
     Simulator simulator_;
     TrackRecorder track_{clock_};

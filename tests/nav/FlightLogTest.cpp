@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "config/Settings.h"
 #include "nav/FlightLog.h"
-#include "nav/TemporaryFolder.h"
 #include "platform/VirtualClock.h"
 
 namespace korvel { namespace {
@@ -42,7 +42,7 @@ class FlightLogTest : public testing::Test {
         return {clock_, folder_ / "log.txt", [this] { return place_; }};
     }
 
-    TemporaryFolder folder_;
+    TempFolder folder_;
     VirtualClock clock_{{.year = 2026, .month = 5, .day = 1, .hour = 9, .minute = 59}};
     FlightLog::Options options_{.startKt = 60, .endKt = 30};
     std::string place_ = "EDVV";

@@ -31,35 +31,23 @@ class FlightPlanTest : public testing::Test {
 };
 
 TEST_F(FlightPlanTest, FliesFromWaypointToWaypoint) {
-    struct Step {
-        double eastNm;
-        double northNm;
-        double trackMag;
-        std::string_view chosen;
-    };
-    constexpr Step kSteps[] = {{0.5, 0, 90, "BA"},         // takes off at A
-                               {28.9, 0, 90, "BA"},        // 1.1 NM before B
-                               {29.1, 0, 90, "CB"},        // 0.9
-                               {57.5, 1.0, 330, "CB"},     // 2.7 NM, turned away from C, but not to D
-                               {62.0, -0.5, 90, "DC"},     // past C by 2 NM, on the way to D
-                               {40, 0, 270, "DC"},         // going back changes nothing
-                               {90, 0.5, kNoAngle, "ED"},  // the track is not known
-                               {120, 0, 90, "ED"},         // the last one stays
-                               {180, 0, 90, "ED"}};
-    for (const Step& step : kSteps) {
-        EXPECT_EQ(choose(step.eastNm, step.northNm, step.trackMag), step.chosen) << step.eastNm;
-        EXPECT_EQ(plan_.currentKey().back(), step.chosen[0]);
+    constexpr std::tuple<double, double, double, std::string_view> kSteps[] = {{0.5, 0, 90, "BA"},  // takes off at A
+        {28.9, 0, 90, "BA"},                                                                        // 1.1 NM before B
+        {29.1, 0, 90, "CB"},                                                                        // 0.9
+        {57.5, 1.0, 330, "CB"},     // 2.7 NM, turned away from C, but not to D
+        {62.0, -0.5, 90, "DC"},     // past C by 2 NM, on the way to D
+        {40, 0, 270, "DC"},         // going back changes nothing
+        {90, 0.5, kNoAngle, "ED"},  // the track is not known
+        {120, 0, 90, "ED"},         // the last one stays
+        {180, 0, 90, "ED"}};
+    for (const auto& [eastNm, northNm, trackMag, chosen] : kSteps) {
+        EXPECT_EQ(choose(eastNm, northNm, trackMag), chosen) << eastNm;
+        EXPECT_EQ(plan_.currentKey().back(), chosen[0]);
     }
 }
 
 TEST_F(FlightPlanTest, ANewPlanSearchesForWhatLiesAhead) {
-    struct Case {
-        double eastNm;
-        double northNm;
-        double trackMag;
-        std::string_view chosen;
-    };
-    constexpr Case kCases[] = {
+    constexpr std::tuple<double, double, double, std::string_view> kCases[] = {
         {40, 0, 90, "C-"},         // straight ahead, A and B behind
         {40, 0, 270, "A-"},        // the other way, the first of what lies there
         {75, 20, 150, "D-"},       // near enough to the right way
@@ -67,10 +55,10 @@ TEST_F(FlightPlanTest, ANewPlanSearchesForWhatLiesAhead) {
         {30.5, 0, 90, "CB"},       // over B
         {40, 0, 1, "C-"}           // the better side, then the nearer one
     };
-    for (const Case& c : kCases) {
+    for (const auto& [eastNm, northNm, trackMag, chosen] : kCases) {
         plan_.activate();
-        EXPECT_EQ(choose(c.eastNm, c.northNm, c.trackMag), c.chosen) << c.eastNm << c.trackMag;
-        EXPECT_EQ(choose(c.eastNm, c.northNm, 200), c.chosen) << "one search only";
+        EXPECT_EQ(choose(eastNm, northNm, trackMag), chosen) << eastNm << trackMag;
+        EXPECT_EQ(choose(eastNm, northNm, 200), chosen) << "one search only";
     }
 }
 

@@ -44,11 +44,8 @@ TEST(Geodesy, DistanceAndCourseAtTheEdgesOfTheWorld) {
     };
     const Case cases[] = {
         {"a point and itself", at(12, 34), at(12, 34), 0, 0},
-        {"closer than the same point's tolerance",
-         at(12, 34),
-         {at(12, 34).lat + 1e-6, at(12, 34).lon},
-         3437.7467707849396e-6,
-         0},
+        {"closer than the same point's tolerance", at(12, 34), {at(12, 34).lat + 1e-6, at(12, 34).lon},
+            3437.7467707849396e-6, 0},
         {"east along the equator", at(0, 10), at(0, 11), 60, 90},
         {"west along the equator", at(0, 11), at(0, 10), 60, 270},
         {"across the antimeridian", at(0, 179.5), at(0, -179.5), 60, 90},
@@ -104,7 +101,7 @@ TEST(Geodesy, HeadingDifferenceTurnsTheShorterWay) {
         int turn;
     };
     for (const Case& c : {Case{10, 350, -20}, Case{350, 10, 20}, Case{0, 180, 180}, Case{180, 0, -180},
-                          Case{359.6, 0.4, 0}, Case{90, 271, -179}, Case{271, 90, 179}, Case{1, 182, -179}}) {
+             Case{359.6, 0.4, 0}, Case{90, 271, -179}, Case{271, 90, 179}, Case{1, 182, -179}}) {
         EXPECT_EQ(HeadingDifferenceDeg(c.from, c.to), c.turn) << c.from << " to " << c.to;
     }
 }

@@ -1,6 +1,6 @@
+#include "TempFolder.h"
 #include "nav/PlacesFixture.h"
 #include "nav/PlanFiles.h"
-#include "nav/TemporaryFolder.h"
 
 namespace korvel { namespace {
 
@@ -22,28 +22,20 @@ class PlanFilesTest : public PlacesFixture {
 };
 
 TEST_F(PlanFilesTest, ReadsAndWritesEntries) {
-    struct Case {
-        std::string_view text;
-        std::string_view saved;
-    };
-    constexpr Case kCases[] = {{"", ""},
-                               {"; remark\r\n\r\n  KAA\t\r\n  ;KBB\nVOR", "KAA\r\nVOR\r\n"},
-                               {"a.KAA@45\r\nv.VOR@45.5\r\nKAA", "a.KAA@45\r\nv.VOR@45.5\r\nKAA\r\n"},
-                               {"KAA@1.23\nKAA@0.29\nKAA@-2\n", "KAA@1.2\r\nKAA@0.3\r\nKAA@-2\r\n"},
-                               {"KAA 1 2\n", "KAA\r\n"},
-                               {"f.OWN@10 1 2\nOWN", "f.OWN@10 12.000000 -20.500000\r\nOWN\r\n"},
-                               {"f.F-1@20 -33.5 151.25\nf.F-1",
-                                "f.F-1@20 -33.500000 151.250000\r\n"
-                                "f.F-1 -33.500000 151.250000\r\n"},
-                               {"NEW 5 6\n", "f.NEW 5.000000 6.000000\r\n"},
-                               {"f.OTHER 5.00001 6\n", "f.NEW 5.000000 6.000000\r\n"},
-                               {"KAA\nv.NOPE\n", "NOPE navaid not found!"},
-                               {"f.NOPE 91 0", "NOPE navaid not found!"},
-                               {"f.NOPE 9", "NOPE navaid not found!"},
-                               {"f.NOPE nan 0", "NOPE navaid not found!"},
-                               {"KAA@x", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."},
-                               {"KAA@99999", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."}};
-    for (const Case& c : kCases) { EXPECT_EQ(reload(c.text), c.saved) << c.text; }
+    constexpr std::tuple<std::string_view, std::string_view> kCases[] = {{"", ""},
+        {"; remark\r\n\r\n  KAA\t\r\n  ;KBB\nVOR", "KAA\r\nVOR\r\n"},
+        {"a.KAA@45\r\nv.VOR@45.5\r\nKAA", "a.KAA@45\r\nv.VOR@45.5\r\nKAA\r\n"},
+        {"KAA@1.23\nKAA@0.29\nKAA@-2\n", "KAA@1.2\r\nKAA@0.3\r\nKAA@-2\r\n"}, {"KAA 1 2\n", "KAA\r\n"},
+        {"f.OWN@10 1 2\nOWN", "f.OWN@10 12.000000 -20.500000\r\nOWN\r\n"},
+        {"f.F-1@20 -33.5 151.25\nf.F-1",
+            "f.F-1@20 -33.500000 151.250000\r\n"
+            "f.F-1 -33.500000 151.250000\r\n"},
+        {"NEW 5 6\n", "f.NEW 5.000000 6.000000\r\n"}, {"f.OTHER 5.00001 6\n", "f.NEW 5.000000 6.000000\r\n"},
+        {"KAA\nv.NOPE\n", "NOPE navaid not found!"}, {"f.NOPE 91 0", "NOPE navaid not found!"},
+        {"f.NOPE 9", "NOPE navaid not found!"}, {"f.NOPE nan 0", "NOPE navaid not found!"},
+        {"KAA@x", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."},
+        {"KAA@99999", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."}};
+    for (const auto& [text, saved] : kCases) { EXPECT_EQ(reload(text), saved) << text; }
     EXPECT_FALSE(plan_.lock()->has_value()) << "a plan that failed leaves none";
     EXPECT_EQ(reload("KAA@0.29"), "KAA@0.3\r\n");
     const PlanWaypoint& entry = (*plan_.lock())->entries().front();
@@ -63,7 +55,7 @@ TEST_F(PlanFilesTest, LooksIdentifiersUpNearTheAircraft) {
 }
 
 TEST_F(PlanFilesTest, OpensByName) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     EXPECT_EQ(files_.OpenPlanFile("x.Fp", "KAA"), "");
     EXPECT_EQ(files_.savePlanAs(folder / "x.fp"), "");
     EXPECT_EQ(folder.read("x.fp"), "KAA\r\n");
@@ -75,7 +67,7 @@ TEST_F(PlanFilesTest, OpensByName) {
 }
 
 TEST_F(PlanFilesTest, ConvertsWaypointLists) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     const std::string list =
         "# remark\r\nnoise\r\n\r\n"
         "FPL 0\r\n"
@@ -100,25 +92,19 @@ TEST_F(PlanFilesTest, ConvertsWaypointLists) {
     const std::string two = list.substr(0, list.find("FPL 0\n"));
     EXPECT_EQ(files_.OpenPlanFile(path, two), "");
     EXPECT_EQ(folder.read("my.trip.fp"),
-              "a.KAA@45.0\r\nv.VOR\r\nf.F-VOR 11.200000 20.000000\r\nKAA@1.5\r\n"
-              "f.F-GONE -1.500000 -2.250000\r\n");
+        "a.KAA@45.0\r\nv.VOR\r\nf.F-VOR 11.200000 20.000000\r\nKAA@1.5\r\n"
+        "f.F-GONE -1.500000 -2.250000\r\n");
     EXPECT_EQ(folder.read("my.trip_1.fp"), "f.F-LAKE@12.3 52.475000 -9.337500\r\n");
     EXPECT_EQ((*plan_.lock())->entries().size(), 5U);
 }
 
 TEST_F(PlanFilesTest, RefusesListsThatCannotBeRead) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     constexpr std::string_view kLists[] = {"FPL x\n",
-                                           "FPL 1\nFWP u i A N 1 0 E 1 0 0\n",  // there is no plan 0 to open
-                                           "FPL 0\nFWP u i A N 1 0 E 1 0\n",
-                                           "FPL 0\nFWP u i A N 1 0 E x 0 0\n",
-                                           "FPL 0\nFWP u i A N 90 0.1 E 1 0 0\n",
-                                           "FPL 0\nFWP u i A N 1 0 E 180 1 0\n",
-                                           "FPL 0\nFWP u i A N 1 nan E 1 0 0\n",
-                                           "FPL 0\nFWP u i A N 1 61 E 1 0 0\n",
-                                           "FPL 0\nFWP u i A N -1 0 E 1 0 0\n",
-                                           "FPL 0\nFWP u i A N 1 0 E 1 0 2000000\n",
-                                           "FPL 0\nFWP \n"};
+        "FPL 1\nFWP u i A N 1 0 E 1 0 0\n",  // there is no plan 0 to open
+        "FPL 0\nFWP u i A N 1 0 E 1 0\n", "FPL 0\nFWP u i A N 1 0 E x 0 0\n", "FPL 0\nFWP u i A N 90 0.1 E 1 0 0\n",
+        "FPL 0\nFWP u i A N 1 0 E 180 1 0\n", "FPL 0\nFWP u i A N 1 nan E 1 0 0\n", "FPL 0\nFWP u i A N 1 61 E 1 0 0\n",
+        "FPL 0\nFWP u i A N -1 0 E 1 0 0\n", "FPL 0\nFWP u i A N 1 0 E 1 0 2000000\n", "FPL 0\nFWP \n"};
     for (const std::string_view list : kLists) {
         EXPECT_EQ(files_.OpenPlanFile(folder / "a.TXT", list), "Invalid format!") << list;
     }

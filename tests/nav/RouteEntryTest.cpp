@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "TempFolder.h"
 #include "nav/AirwayCrossing.h"
 #include "nav/PlacesFixture.h"
 #include "nav/RouteEntry.h"
@@ -13,17 +14,12 @@ TEST(RouteWords, SplitAtSpacesAndLineFeeds) {
 }
 
 TEST(RouteWords, AltitudesAreHundredsOfFeet) {
-    struct Case {
-        std::string_view text;
-        std::int32_t feet;
-        std::string_view suffix;
-    };
-    constexpr Case kCases[] = {{"45", 4500, "@45"},  {"45.5", 4550, "@45.5"}, {"1.23", 123, "@1.2"},
-                               {"0.29", 28, "@0.3"}, {"-5", -500, "@-5"},     {"0", 0, "@0"}};
-    for (const Case& c : kCases) {
-        std::string_view rest = c.text;
-        EXPECT_EQ(scanPlannedAltitude(rest), c.feet) << c.text;
-        EXPECT_EQ(altitudeSuffix(c.feet), c.suffix);
+    constexpr std::tuple<std::string_view, std::int32_t, std::string_view> kCases[] = {{"45", 4500, "@45"},
+        {"45.5", 4550, "@45.5"}, {"1.23", 123, "@1.2"}, {"0.29", 28, "@0.3"}, {"-5", -500, "@-5"}, {"0", 0, "@0"}};
+    for (const auto& [text, feet, suffix] : kCases) {
+        std::string_view rest = text;
+        EXPECT_EQ(scanPlannedAltitude(rest), feet) << text;
+        EXPECT_EQ(altitudeSuffix(feet), suffix);
     }
     for (std::string_view bad : {"", "x", "nan", "inf", "1001", "-101", "1e300"}) {
         EXPECT_FALSE(scanPlannedAltitude(bad)) << bad;
@@ -70,46 +66,28 @@ class RouteEntryTest : public PlacesFixture {
         return result.error + (result.error.empty() ? "" : "|") + textsOf(result.entries);
     }
 
-    AirwayTable airways_{{"V1", {{"A", "B"}, {"A", "B", "C", "D", "E"}}},
-                         {"V2", {{"N", "NN", "C", "SS", "S"}}},
-                         {"V3", {{"P", "PP", "QQ", "Q"}}},
-                         {"V4", {{"A", "GONE", "E"}}}};
+    AirwayTable airways_{{"V1", {{"A", "B"}, {"A", "B", "C", "D", "E"}}}, {"V2", {{"N", "NN", "C", "SS", "S"}}},
+        {"V3", {{"P", "PP", "QQ", "Q"}}}, {"V4", {{"A", "GONE", "E"}}}};
 };
 
 TEST_F(RouteEntryTest, ExpandsAirwaysInBothDirections) {
-    struct Case {
-        std::string_view route;
-        std::string_view expected;
-    };
-    constexpr Case kCases[] = {{"", ""},
-                               {"KX A", "KX A"},
-                               {"A @V1 D", "A B C D"},
-                               {"E @V1 B@-1.5 KX", "E D C B@-1.5 KX"},
-                               {"A@4.5 @V1 B", "A@4.5 B"},
-                               {"f.A @V1 f.C", "f.A B f.C"},
-                               {"A V1 D", "A V1 D"},  // there is a place of that name
-                               // joined at the common fix
-                               {"B @V1 @V2 S", "B C SS S"},
-                               {"E @V1 V2 N@20", "E D C NN N@20"},
-                               {"C @V1 V2 N", "C C NN N"},
-                               // joined where they cross
-                               {"A @V1 V3 Q", "A B C f.F-1 QQ Q"},
-                               {"E @V1 V3 P", "E D f.F-1 PP P"},
-                               {"P V3 @V1 A", "P PP f.F-1 C B A"},
-                               {"P V3 @V1 V2 S", "P PP f.F-1 C SS S"},
-                               {"f.F-1 A", "f.F-1 A"},
-                               // the errors, with the word to be shown
-                               {"V23 A", "V23 navaid/airway not found or data expired!|V23"},
-                               {"A V23@20 B", "V23 navaid/airway not found or data expired!|V23@20"},
-                               {"V2 C V2 S", "No leading fix found for V2 airway!|V2"},
-                               {"A @V1", "No trailing fix found for V1 airway!|@V1"},
-                               {"A @V4 E", "Fix GONE of V4 airway not found!|@V4"},
-                               {"N @V1 E", "Fix N of V1 airway not found!|@V1"},
-                               {"A @V1 N", "Fix N of V1 airway not found!|@V1"},
-                               {"S V2 V3 NOWHERE", "Fix V3 of V2 airway not found!|V2"},
-                               {"P V3 @V1 NOWHERE", "Fix NOWHERE of V1 airway not found!|@V1"},
-                               {"A @V1 V3 NOWHERE", "Fix V3 of V1 airway not found!|@V1"}};
-    for (const Case& c : kCases) { EXPECT_EQ(expand(c.route), c.expected) << c.route; }
+    constexpr std::tuple<std::string_view, std::string_view> kCases[] = {{"", ""}, {"KX A", "KX A"},
+        {"A @V1 D", "A B C D"}, {"E @V1 B@-1.5 KX", "E D C B@-1.5 KX"}, {"A@4.5 @V1 B", "A@4.5 B"},
+        {"f.A @V1 f.C", "f.A B f.C"}, {"A V1 D", "A V1 D"},  // there is a place of that name
+        // joined at the common fix
+        {"B @V1 @V2 S", "B C SS S"}, {"E @V1 V2 N@20", "E D C NN N@20"}, {"C @V1 V2 N", "C C NN N"},
+        // joined where they cross
+        {"A @V1 V3 Q", "A B C f.F-1 QQ Q"}, {"E @V1 V3 P", "E D f.F-1 PP P"}, {"P V3 @V1 A", "P PP f.F-1 C B A"},
+        {"P V3 @V1 V2 S", "P PP f.F-1 C SS S"}, {"f.F-1 A", "f.F-1 A"},
+        // the errors, with the word to be shown
+        {"V23 A", "V23 navaid/airway not found or data expired!|V23"},
+        {"A V23@20 B", "V23 navaid/airway not found or data expired!|V23@20"},
+        {"V2 C V2 S", "No leading fix found for V2 airway!|V2"}, {"A @V1", "No trailing fix found for V1 airway!|@V1"},
+        {"A @V4 E", "Fix GONE of V4 airway not found!|@V4"}, {"N @V1 E", "Fix N of V1 airway not found!|@V1"},
+        {"A @V1 N", "Fix N of V1 airway not found!|@V1"}, {"S V2 V3 NOWHERE", "Fix V3 of V2 airway not found!|V2"},
+        {"P V3 @V1 NOWHERE", "Fix NOWHERE of V1 airway not found!|@V1"},
+        {"A @V1 V3 NOWHERE", "Fix V3 of V1 airway not found!|@V1"}};
+    for (const auto& [route, expected] : kCases) { EXPECT_EQ(expand(route), expected) << route; }
     const std::string invalid = "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft).|";
     EXPECT_EQ(expand("A@x B"), invalid + "A@x");
     EXPECT_EQ(expand("A@20x"), invalid + "A@20x");
@@ -122,20 +100,13 @@ TEST_F(RouteEntryTest, LooksEveryWordUpNearTheOneBefore) {
     place("v.R", 0, 1);
     place("a.R", 0, 30);
     place("f.FAR", 0, 31);
-    struct Case {
-        std::optional<GeoPoint> present;
-        std::string_view route;
-        std::string_view expected;
-    };
-    const Case cases[] = {{std::nullopt, "R", "v.R"},
-                          {degrees(0, 29), "R", "a.R"},
-                          {degrees(0, 2), "FAR R", "a.R"},
-                          {degrees(0, 29), "A R", "v.R"},
-                          {GeoPoint{}, "R", "v.R"}};
-    for (const Case& c : cases) {
-        const RouteResult result = RouteEntry(database_, fixes_, c.present).EnterRoute(c.route, true);
+    const std::tuple<std::optional<GeoPoint>, std::string_view, std::string_view> cases[] = {{std::nullopt, "R", "v.R"},
+        {degrees(0, 29), "R", "a.R"}, {degrees(0, 2), "FAR R", "a.R"}, {degrees(0, 29), "A R", "v.R"},
+        {GeoPoint{}, "R", "v.R"}};
+    for (const auto& [present, route, expected] : cases) {
+        const RouteResult result = RouteEntry(database_, fixes_, present).EnterRoute(route, true);
         ASSERT_EQ(result.error, "");
-        EXPECT_EQ(result.entries.back().record->key, c.expected) << c.route;
+        EXPECT_EQ(result.entries.back().record->key, expected) << route;
     }
 }
 
@@ -144,13 +115,13 @@ TEST_F(RouteEntryTest, EntersRoutesFromADatabaseFile) {
     file.addAirway("V1", "A B\nC D E");
     file.addAirway("V2", "N NN C");
     file.addAirway("V2", "C SS S");
-    const TestFolder folder;
+    const TempFolder folder;
     ASSERT_EQ(database_.openFile(file.write(folder.path(), "airways.ng2")), "");
     RouteEntry entry(database_, fixes_, std::nullopt);
     EXPECT_EQ(textsOf(entry.EnterRoute("A A B@1 @V1 V2 S@10 S@10", true).entries), "A B@1 C SS S@10");
     EXPECT_EQ(textsOf(entry.EnterRoute("C @V1 V2 S", true).entries), "C SS S");
-    constexpr std::string_view kFirstWords[][2] = {{"V2 C", "V2 navaid/airway not found or data expired!"},
-                                                   {"V2 C V2 S", "No leading fix found for V2 airway!"}};
+    constexpr std::string_view kFirstWords[][2] = {
+        {"V2 C", "V2 navaid/airway not found or data expired!"}, {"V2 C V2 S", "No leading fix found for V2 airway!"}};
     for (const auto& [route, message] : kFirstWords) { EXPECT_EQ(entry.EnterRoute(route, true).error, message); }
     EXPECT_EQ(entry.EnterRoute("A V2 C", false).error, "V2 navaid/airway not found or data expired!");
 }

@@ -27,17 +27,13 @@ TEST(Simulator, TrackDoesNotFlickerBetweenTwoDegrees) {
     simulator.start({0.5, 0.5}, 181, 600.0, 0, 0);
     std::int64_t now = 500;
     simulator.step(now, {});
-    struct Leg {
-        std::int32_t heading;
-        double shown;
-    };
-    constexpr Leg kLegs[] = {{181, 181}, {182, 182}, {181, 182}, {182, 182},
-                             {183, 183}, {181, 181}, {0, 360},   {270, 270}};
-    for (const Leg& leg : kLegs) {
-        simulator.setHeading(leg.heading);
+    constexpr std::tuple<std::int32_t, double> kLegs[] = {
+        {181, 181}, {182, 182}, {181, 182}, {182, 182}, {183, 183}, {181, 181}, {0, 360}, {270, 270}};
+    for (const auto& [heading, shown] : kLegs) {
+        simulator.setHeading(heading);
         simulator.step(now += 500, {});
         simulator.updateTrack({});
-        EXPECT_EQ(simulator.trackMag(), leg.shown) << leg.heading;
+        EXPECT_EQ(simulator.trackMag(), shown) << heading;
     }
     simulator.setSpeed(2.9);
     simulator.setHeading(90);
@@ -61,16 +57,11 @@ TEST(Simulator, SteersAfterFiveSecondsByAtMostFiveDegrees) {
     simulator.step(501, {});
     simulator.updateTrack({});
     ASSERT_EQ(simulator.trackMag(), 90);
-    struct Case {
-        std::int64_t now;
-        double bearing;
-        std::int32_t heading;
-    };
-    constexpr Case kCases[] = {{5000, 180, 90}, {5001, 180, 95},  {5501, kNoAngle, 95}, {6001, 94, 99},
-                               {6501, 86, 95},  {7001, 90.4, 95}, {7501, 350, 90}};
-    for (const Case& c : kCases) {
-        simulator.steer(c.now, c.bearing);
-        EXPECT_EQ(simulator.headingMag(), c.heading) << c.now;
+    constexpr std::tuple<std::int64_t, double, std::int32_t> kCases[] = {{5000, 180, 90}, {5001, 180, 95},
+        {5501, kNoAngle, 95}, {6001, 94, 99}, {6501, 86, 95}, {7001, 90.4, 95}, {7501, 350, 90}};
+    for (const auto& [now, bearing, heading] : kCases) {
+        simulator.steer(now, bearing);
+        EXPECT_EQ(simulator.headingMag(), heading) << now;
     }
     simulator.setSteering(false);
     simulator.steer(9000, 180);

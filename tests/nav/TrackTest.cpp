@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "nav/TemporaryFolder.h"
+#include "TempFolder.h"
 #include "nav/Track.h"
 #include "nav/TrackRecorder.h"
 #include "platform/VirtualClock.h"
@@ -59,22 +59,12 @@ TEST_F(TrackTest, KeepsCalendarTimesAndBreaksThroughItsText) {
 
 TEST_F(TrackTest, RefusesATextWithAMalformedLine) {
     const std::string good = "20070110,120000,1.5,2.5,1,2,3\r\n";
-    constexpr std::string_view kBadLines[] = {"",
-                                              "2007011,120000,1,2,1,2,3",
-                                              "20070110,12000,1,2,1,2,3",
-                                              "20070110,1200000,1,2,1,2,3",
-                                              "20070230,120000,1,2,1,2,3",
-                                              "20070110,240000,1,2,1,2,3",
-                                              "2007011x,120000,1,2,1,2,3",
-                                              "20070110,120000,90.1,2,1,2,3",
-                                              "20070110,120000,1,-180.1,1,2,3",
-                                              "20070110,120000,nan,2,1,2,3",
-                                              "20070110,120000,1,2,1,2",
-                                              "20070110,120000,1,2,1,2,x",
-                                              "20070110,120000,,2,1,2,3",
-                                              "20070110,115959,1,2,1,2,3",
-                                              "00000000,000000",
-                                              "20070110,120000,1,2,1,2,3\n20070110,120005,1,2,1,2,3"};
+    constexpr std::string_view kBadLines[] = {"", "2007011,120000,1,2,1,2,3", "20070110,12000,1,2,1,2,3",
+        "20070110,1200000,1,2,1,2,3", "20070230,120000,1,2,1,2,3", "20070110,240000,1,2,1,2,3",
+        "2007011x,120000,1,2,1,2,3", "20070110,120000,90.1,2,1,2,3", "20070110,120000,1,-180.1,1,2,3",
+        "20070110,120000,nan,2,1,2,3", "20070110,120000,1,2,1,2", "20070110,120000,1,2,1,2,x",
+        "20070110,120000,,2,1,2,3", "20070110,115959,1,2,1,2,3", "00000000,000000",
+        "20070110,120000,1,2,1,2,3\n20070110,120005,1,2,1,2,3"};
     for (const std::string_view bad : kBadLines) {
         EXPECT_FALSE(track_.ReadTrackText(good + std::string(bad) + "\r\n" + good)) << bad;
         EXPECT_EQ(written(), "") << bad;
@@ -84,7 +74,7 @@ TEST_F(TrackTest, RefusesATextWithAMalformedLine) {
 }
 
 TEST_F(TrackTest, RecorderSavesAndOpensFiles) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     TrackRecorder recorder(clock_);
     EXPECT_EQ(recorder.saveTrack(folder / "a.trk"), "No track to save");
     recorder.offer(at(1, 2), 3, 4, 5);
@@ -100,7 +90,7 @@ TEST_F(TrackTest, RecorderSavesAndOpensFiles) {
 }
 
 TEST_F(TrackTest, AKilledRecorderFindsItsTrackAgain) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     std::string expected;
     {
         TrackRecorder recorder(clock_, folder / "now.trk");

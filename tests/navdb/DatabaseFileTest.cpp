@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "navdb/DatabaseChecksum.h"
 #include "navdb/DatabaseFile.h"
 #include "navdb/DatabaseVerify.h"
@@ -71,7 +72,7 @@ class DatabaseFileTest : public ::testing::Test {
         return open(bytes);
     }
 
-    TestFolder folder_;
+    TempFolder folder_;
     std::filesystem::path path_ = folder_.path() / "tiny.ng2";
     VirtualClock clock_{{.year = 2007, .month = 3, .day = 1}};
 };
@@ -130,29 +131,17 @@ TEST_F(DatabaseFileTest, DecodesEveryTypeByItsWidth) {
         for (const auto& [name, value] : fields) { texts[name] = value.print(); }
         return texts;
     };
-    EXPECT_EQ(printed(0), (Printed{{"ID", "OAK"},
-                                   {"LAT", "37.725947"},
-                                   {"LON", "-122.223611"},
-                                   {"TYPE", "97"},
-                                   {"FREQ", "116.8000"},
-                                   {"VAR", "-2.000000"},
-                                   {"NOTE", "note"},
-                                   {"RAW", "01 02 ab 04 05 00 "},
-                                   {"NAME", ""}}));
+    EXPECT_EQ(printed(0),
+        (Printed{{"ID", "OAK"}, {"LAT", "37.725947"}, {"LON", "-122.223611"}, {"TYPE", "97"}, {"FREQ", "116.8000"},
+            {"VAR", "-2.000000"}, {"NOTE", "note"}, {"RAW", "01 02 ab 04 05 00 "}, {"NAME", ""}}));
     EXPECT_EQ(std::get<MarkedText>(fields["NOTE"].content).word, 13U);
     // The walk for one field takes 4 bytes for the block and so meets its last two for the name.
     EXPECT_EQ(rows->readNamedField("LAT")->print(), "37.725947");
     EXPECT_EQ(rows->readNamedField("NAME")->print(), "OAKLAND");  // 0xC1 is read as 'A'
     EXPECT_FALSE(rows->readNamedField("NOPE"));
-    EXPECT_EQ(printed(1), (Printed{{"ID", "OAK"},
-                                   {"LAT", "-0.000001"},
-                                   {"LON", "0.000001"},
-                                   {"TYPE", "35"},
-                                   {"FREQ", "-375.0000"},
-                                   {"VAR", "1.500000"},
-                                   {"NOTE", ""},
-                                   {"RAW", "00 00 00 00 00 00 "},
-                                   {"NAME", "OAKLAND"}}));
+    EXPECT_EQ(printed(1),
+        (Printed{{"ID", "OAK"}, {"LAT", "-0.000001"}, {"LON", "0.000001"}, {"TYPE", "35"}, {"FREQ", "-375.0000"},
+            {"VAR", "1.500000"}, {"NOTE", ""}, {"RAW", "00 00 00 00 00 00 "}, {"NAME", "OAKLAND"}}));
 }
 
 TEST_F(DatabaseFileTest, CutsATextAt1024Bytes) {
@@ -171,13 +160,9 @@ TEST_F(DatabaseFileTest, CutsATextAt1024Bytes) {
 
 TEST_F(DatabaseFileTest, OpensReadableVersionsOnly) {
     const std::string update = "Incorrect Format...Update!";
-    const std::vector<std::pair<std::string, std::string>> cases{
-        {"NavDb4.3", ""},         {"NavDb4.7", ""},
-        {"NavDb4.9", ""},         {"NavDb 4.50", ""},
-        {"NavDb4.2", update},     {"NavDb4.29", update},
-        {"NavDb5.0", update},     {"NavDb", update},
-        {"NavDbx", update},       {"NavDbnan", update},
-        {"NavDb-4.7", update},    {"NavDB4.7", "Incorrect Format"},
+    const std::vector<std::pair<std::string, std::string>> cases{{"NavDb4.3", ""}, {"NavDb4.7", ""}, {"NavDb4.9", ""},
+        {"NavDb 4.50", ""}, {"NavDb4.2", update}, {"NavDb4.29", update}, {"NavDb5.0", update}, {"NavDb", update},
+        {"NavDbx", update}, {"NavDbnan", update}, {"NavDb-4.7", update}, {"NavDB4.7", "Incorrect Format"},
         {"", "Incorrect Format"}, {"NavD", "Incorrect Format"}};
     for (const auto& [version, message] : cases) { EXPECT_EQ(openVersion(version), message) << version; }
 }
@@ -229,20 +214,14 @@ TEST_F(DatabaseFileTest, FullTestCoversEveryByteAndIsMarkedFromVersion45On) {
 
 TEST_F(DatabaseFileTest, RefusesDirectoriesThatLeadOutOfTheFile) {
     const std::vector<std::pair<std::size_t, std::uint32_t>> patches{{kTableDirectoryOffset, 365},
-                                                                     {kIndexDirectoryOffset, 0xFFFFFFFF},
-                                                                     {kStringAreaOffset, 365},
-                                                                     {kAreaGridOffset, 361},
-                                                                     {72, 0},
-                                                                     {72, 33},  // row size
-                                                                     {72, 0x10000000},
-                                                                     {76, 10},  // field count
-                                                                     {76, 0xFFFFFFFF},
-                                                                     {204, 0xFFFFFFF0},  // length of the byte block
-                                                                     {224, 4},           // key count
-                                                                     {241, 65},          // the index's table
-                                                                     {245, 364},
-                                                                     {249, 111},  // data start and length
-                                                                     {249, 0xFFFFFFFF}};
+        {kIndexDirectoryOffset, 0xFFFFFFFF}, {kStringAreaOffset, 365}, {kAreaGridOffset, 361}, {72, 0},
+        {72, 33},                             // row size
+        {72, 0x10000000}, {76, 10},           // field count
+        {76, 0xFFFFFFFF}, {204, 0xFFFFFFF0},  // length of the byte block
+        {224, 4},                             // key count
+        {241, 65},                            // the index's table
+        {245, 364}, {249, 111},               // data start and length
+        {249, 0xFFFFFFFF}};
     for (const auto& [offset, value] : patches) {
         auto bytes = tinyFile();
         storeU32(bytes, offset, value);

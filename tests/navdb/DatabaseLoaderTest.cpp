@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "nav/Geodesy.h"
 #include "navdb/AirportRecord.h"
 #include "navdb/DatabaseFile.h"
@@ -35,7 +36,7 @@ class DatabaseLoaderTest : public ::testing::Test {
         return text;
     }
 
-    TestFolder folder_;
+    TempFolder folder_;
     VirtualClock clock_{{.year = 2024}};
     NavDatabase database_{clock_};
     LoadReport report_{folder_.path() / kLoadReportName};
@@ -53,29 +54,29 @@ TEST_F(DatabaseLoaderTest, MergesAndReports) {
     content.write(folder_.path(), "b.NG2");
     folder_.write("a.ng2", "not a database, although it is as long as the header of one: 64 bytes");
     folder_.write("one.UDB.TXT", navaid("ABC", "VOR") + airport("KXYZ") + navaid("OLD", "VOR", "-1"));
-    folder_.write("two.udb.txt",
-                  navaid("ABC", "VOR") + navaid("ABC", "NDB") + airport("KOWN") + navaid("BACK", "FIX", "179:30"));
+    folder_.write(
+        "two.udb.txt", navaid("ABC", "VOR") + navaid("ABC", "NDB") + airport("KOWN") + navaid("BACK", "FIX", "179:30"));
     folder_.write("zero.UDB.TXT", "");
-    folder_.write("x.NDB.TXT",
-                  airport("OWN") + airport("KWAY") + navaid("ABC", "NDB") + airport("KEEP") + airport("NEW"));
+    folder_.write(
+        "x.NDB.TXT", airport("OWN") + airport("KWAY") + navaid("ABC", "NDB") + airport("KEEP") + airport("NEW"));
     EXPECT_EQ(load(),
-              "Current Korvel Load Status\r\n\r\n"
-              "Loading a.ng2\r\n  Incorrect Format\r\n\r\n"
-              "Loading one.UDB.TXT\r\n  Done\r\n\r\n"
-              "Loading two.udb.txt\r\n"
-              "Nav v.ABC not used. Already exists in a .UDB.TXT file.\r\n"
-              "  Done\r\n\r\n"
-              "Loading zero.UDB.TXT\r\n"
-              "Loading x.NDB.TXT\r\n"
-              "Nav a.OWN not used. Already exists in a .NDB or .UDB.TXT file.\r\n"
-              "Nav n.ABC not used. Already exists in a .NDB or .UDB.TXT file.\r\n"
-              "  Done\r\n\r\n"
-              "Airport KXYZ in .NG2 file replaced w/ entry in .UDB.TXT file.\r\n"
-              "Nav v.OLD not used. Already exists in a .NG2 file.\r\n"
-              "Nav a.KWAY not used. Already exists in a .NG2 file.\r\n"
-              "Nav a.KEEP not used. Already exists in a .NG2 file.\r\n");
+        "Current Korvel Load Status\r\n\r\n"
+        "Loading a.ng2\r\n  Incorrect Format\r\n\r\n"
+        "Loading one.UDB.TXT\r\n  Done\r\n\r\n"
+        "Loading two.udb.txt\r\n"
+        "Nav v.ABC not used. Already exists in a .UDB.TXT file.\r\n"
+        "  Done\r\n\r\n"
+        "Loading zero.UDB.TXT\r\n"
+        "Loading x.NDB.TXT\r\n"
+        "Nav a.OWN not used. Already exists in a .NDB or .UDB.TXT file.\r\n"
+        "Nav n.ABC not used. Already exists in a .NDB or .UDB.TXT file.\r\n"
+        "  Done\r\n\r\n"
+        "Airport KXYZ in .NG2 file replaced w/ entry in .UDB.TXT file.\r\n"
+        "Nav v.OLD not used. Already exists in a .NG2 file.\r\n"
+        "Nav a.KWAY not used. Already exists in a .NG2 file.\r\n"
+        "Nav a.KEEP not used. Already exists in a .NG2 file.\r\n");
     EXPECT_EQ(loader_.userRecords().keys(),
-              (std::vector<std::string>{"a.KOWN", "a.KXYZ", "a.NEW", "f.BACK", "n.ABC", "v.ABC"}));
+        (std::vector<std::string>{"a.KOWN", "a.KXYZ", "a.NEW", "f.BACK", "n.ABC", "v.ABC"}));
     EXPECT_EQ(loader_.userRecords().bucket(359).size(), 1U);
     EXPECT_EQ(loader_.userRecords().bucket(179).size(), 0U);
     ASSERT_EQ(loader_.openedFiles().size(), 2U);

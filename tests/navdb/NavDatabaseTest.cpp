@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "nav/Geodesy.h"
 #include "navdb/DatabaseFile.h"
 #include "navdb/NavDatabase.h"
@@ -26,7 +27,7 @@ class NavDatabaseTest : public ::testing::Test {
         return record == nullptr ? "-" : record->key + " " + std::to_string(record->origin.match.file);
     }
 
-    TestFolder folder_;
+    TempFolder folder_;
     VirtualClock clock_{{.year = 2024}};
     NavDatabase database_{clock_};
 };
@@ -98,13 +99,10 @@ TEST_F(NavDatabaseTest, FindsAirportsWithAndWithoutTheRegionLetter) {
     second.addAirport("LSEA", 0, 0);
     second.addAirport("SZH", 0, 0);
     open(second);
-    const std::vector<std::pair<std::string, std::string>> cases{{"a.SEA", "a.SEA 0"},   {"a.KSEA", "a.SEA 0"},
-                                                                 {"a.LSEA", "a.LSEA 1"}, {"a.BFI", "a.KBFI 0"},
-                                                                 {"a.KAL", "a.KKAL 0"},  {"a.KW01", "a.W01 0"},
-                                                                 {"a.LSZH", "a.SZH 1"},  {"KSEA", "a.SEA 0"},
-                                                                 {"a.sea", "-"},         {"a.SE", "-"},
-                                                                 {"a.SEAX", "-"},        {"a.", "-"},
-                                                                 {"v.SEA", "-"},         {"", "-"}};
+    const std::vector<std::pair<std::string, std::string>> cases{{"a.SEA", "a.SEA 0"}, {"a.KSEA", "a.SEA 0"},
+        {"a.LSEA", "a.LSEA 1"}, {"a.BFI", "a.KBFI 0"}, {"a.KAL", "a.KKAL 0"}, {"a.KW01", "a.W01 0"},
+        {"a.LSZH", "a.SZH 1"}, {"KSEA", "a.SEA 0"}, {"a.sea", "-"}, {"a.SE", "-"}, {"a.SEAX", "-"}, {"a.", "-"},
+        {"v.SEA", "-"}, {"", "-"}};
     for (const auto& [key, expected] : cases) { EXPECT_EQ(find(key), expected) << key; }
 }
 

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "nav/Geodesy.h"
 #include "navdb/LittleEndian.h"
 #include "navdb/NavDatabase.h"
@@ -103,10 +104,8 @@ class PlaceSearchTest : public ::testing::Test {
         std::mt19937 random(4);
         std::uniform_real_distribution<double> lat(-90, 90);
         std::uniform_real_distribution<double> lon(-180, 180);
-        std::vector<GeoPoint> points{{.lat = kPi / 2, .lon = 0},   {.lat = -kPi / 2, .lon = 1},
-                                     {.lat = 1.5707, .lon = 3},    {.lat = 0, .lon = kPi},
-                                     {.lat = 0, .lon = -kPi},      {.lat = 0.89, .lon = 0},
-                                     {.lat = 1.2, .lon = -3.14159}};
+        std::vector<GeoPoint> points{{.lat = kPi / 2, .lon = 0}, {.lat = -kPi / 2, .lon = 1}, {.lat = 1.5707, .lon = 3},
+            {.lat = 0, .lon = kPi}, {.lat = 0, .lon = -kPi}, {.lat = 0.89, .lon = 0}, {.lat = 1.2, .lon = -3.14159}};
         for (int i = 0; i < 40; ++i) {
             points.push_back({.lat = lat(random) * kDegToRad, .lon = lon(random) * kDegToRad});
         }
@@ -115,20 +114,15 @@ class PlaceSearchTest : public ::testing::Test {
             checkNearest(point, kAirportKind, 5, 20000);
             checkNearest(point, kVorKind | kFixKind, 1000, 700);
         }
-        for (const GeoBox& box : {GeoBox{-90, -180, 90, 180},
-                                  {-10, 170, 10, -170},
-                                  {50, -1.5, 52, 1.5},
-                                  {80, -200, 90, 160},
-                                  {-5, 179.5, 5, 181},
-                                  {0, 0, 0, 0},
-                                  {-60, 10, 60, 9.5}}) {
+        for (const GeoBox& box : {GeoBox{-90, -180, 90, 180}, {-10, 170, 10, -170}, {50, -1.5, 52, 1.5},
+                 {80, -200, 90, 160}, {-5, 179.5, 5, 181}, {0, 0, 0, 0}, {-60, 10, 60, 9.5}}) {
             checkBox(box, kAllKinds);
             checkBox(box, kNdbKind);
             checkBox(box, kAirportKind);
         }
     }
 
-    TestFolder folder_;
+    TempFolder folder_;
     VirtualClock clock_;
     TestDatabase content_;
     UserRecordStore userRecords_;

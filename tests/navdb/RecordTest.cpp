@@ -23,10 +23,9 @@ TEST(RecordKeyTest, PutsTheKindInFront) {
 }
 
 TEST(RecordTest, PrintsFrequencies) {
-    const std::vector<std::tuple<float, std::string, std::string>> cases{
-        {113.9F, "113.9", "113.9"},  {115.0F, "115.0", "115"},      {375.0F, "375.0", "375"},
-        {415.5F, "415.5", "415.5"},  {117.95F, "117.95", "117.95"}, {0.0F, "", ""},
-        {1000.0F, "1000.0", "1000"}, {0.00001F, "0.0", "0"}};
+    const std::vector<std::tuple<float, std::string, std::string>> cases{{113.9F, "113.9", "113.9"},
+        {115.0F, "115.0", "115"}, {375.0F, "375.0", "375"}, {415.5F, "415.5", "415.5"}, {117.95F, "117.95", "117.95"},
+        {0.0F, "", ""}, {1000.0F, "1000.0", "1000"}, {0.00001F, "0.0", "0"}};
     for (const auto& [frequency, asVor, asNdb] : cases) {
         VorRecord vor;
         NdbRecord ndb;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cmath>
 #include <fstream>
 #include <iterator>
@@ -51,17 +50,15 @@ struct Table {
     std::span<const FieldLayout> fields;
 };
 
-constexpr std::array kTables{Table{"_APT", kAirportFields}, Table{"_AP2", kAirportFields},
-                             Table{"_NAV", kNavaidFields},  Table{"_WPT", kFixFields},
-                             Table{"_AWY", kAirwayFields},  Table{"Runway", kRunwayEndFields},
-                             Table{"Comm", kCommFields},    Table{"_CELL", kCellFields}};
+constexpr std::array kTables{Table{"_APT", kAirportFields}, Table{"_AP2", kAirportFields}, Table{"_NAV", kNavaidFields},
+    Table{"_WPT", kFixFields}, Table{"_AWY", kAirwayFields}, Table{"Runway", kRunwayEndFields},
+    Table{"Comm", kCommFields}, Table{"_CELL", kCellFields}};
 
 int cellOf(const TestDatabase::Row& row) { return cellOfStored(row[2]); }
 
 std::vector<TestDatabase::Row> byLocation(std::vector<TestDatabase::Row> rows) {
-    std::stable_sort(rows.begin(), rows.end(), [](const auto& a, const auto& b) {
-        return std::pair(cellOf(a), a[1]) < std::pair(cellOf(b), b[1]);
-    });
+    std::stable_sort(rows.begin(), rows.end(),
+        [](const auto& a, const auto& b) { return std::pair(cellOf(a), a[1]) < std::pair(cellOf(b), b[1]); });
     return rows;
 }
 
@@ -70,9 +67,8 @@ std::vector<TestDatabase::Row> cellRuns(const std::vector<const Index*>& locatio
     for (int cell = 0; cell <= kCellCount; ++cell) {
         TestDatabase::Row row;
         for (const Index* location : locations) {
-            row.push_back(
-                static_cast<std::int32_t>(std::count_if(location->rows.begin(), location->rows.end(),
-                                                        [cell](const auto& place) { return cellOf(place) < cell; })));
+            row.push_back(static_cast<std::int32_t>(std::count_if(location->rows.begin(), location->rows.end(),
+                [cell](const auto& place) { return cellOf(place) < cell; })));
         }
         runs.push_back(row);
     }
@@ -130,20 +126,18 @@ std::int32_t TestDatabase::text(std::string_view text) {
     return offset;
 }
 
-void TestDatabase::addAirport(std::string_view ident, double lat, double lon, std::string_view name,
-                              std::string_view table) {
+void TestDatabase::addAirport(
+    std::string_view ident, double lat, double lon, std::string_view name, std::string_view table) {
     const std::int32_t ident0 = text(ident);
     auto& rows = table == "_APT" ? airports_ : secondAirports_;
-    rows.push_back({std::string(ident),
-                    {ident0, millionths(lat), millionths(lon), ident0, -13 * 65536 - 32768, 431, text(name),
-                     text("Info"), kAirportTower | kAirportHardSurface}});
+    rows.push_back({std::string(ident), {ident0, millionths(lat), millionths(lon), ident0, -13 * 65536 - 32768, 431,
+                                            text(name), text("Info"), kAirportTower | kAirportHardSurface}});
 }
 
 void TestDatabase::addNavaid(std::string_view ident, double lat, double lon, int type, double frequency) {
-    navaids_.push_back(
-        {std::string(ident),
-         {text(ident), millionths(lat), millionths(lon), type, static_cast<std::int32_t>(std::lround(frequency * 1e4)),
-          text(std::string(ident) + " navaid")}});
+    navaids_.push_back({std::string(ident),
+        {text(ident), millionths(lat), millionths(lon), type, static_cast<std::int32_t>(std::lround(frequency * 1e4)),
+            text(std::string(ident) + " navaid")}});
 }
 
 void TestDatabase::addFix(std::string_view ident, double lat, double lon, int type) {
@@ -155,9 +149,8 @@ void TestDatabase::addAirway(std::string_view name, std::string_view route) {
 }
 
 void TestDatabase::addRunwayEnd(std::string_view arptId, int number, std::string_view end, int lengthFt) {
-    runways_.push_back({std::string(arptId),
-                        {text(arptId), number, lengthFt, 100, text("ASPH"), 0, text(end), 90, millionths(47.5),
-                         kNoInteger, kNoInteger, 'R'}});
+    runways_.push_back({std::string(arptId), {text(arptId), number, lengthFt, 100, text("ASPH"), 0, text(end), 90,
+                                                 millionths(47.5), kNoInteger, kNoInteger, 'R'}});
 }
 
 void TestDatabase::addComm(std::string_view arptId, std::string_view type, double mhz) {
@@ -168,23 +161,17 @@ void TestDatabase::addComm(std::string_view arptId, std::string_view type, doubl
 std::vector<TestDatabase::Row> TestDatabase::byKey(std::vector<Keyed> keyed) {
     std::stable_sort(keyed.begin(), keyed.end(), [](const Keyed& a, const Keyed& b) { return a.key < b.key; });
     std::vector<Row> rows;
-    std::transform(keyed.begin(), keyed.end(), std::back_inserter(rows),
-                   [](Keyed& entry) { return std::move(entry.row); });
+    std::transform(
+        keyed.begin(), keyed.end(), std::back_inserter(rows), [](Keyed& entry) { return std::move(entry.row); });
     return rows;
 }
 
 std::vector<std::uint8_t> TestDatabase::bytes() const {
-    std::vector<Index> indexes{{"AptKey", 0, byKey(airports_)},
-                               {"Ap2Key", 1, byKey(secondAirports_)},
-                               {"NavKey", 2, byKey(navaids_)},
-                               {"WptKey", 3, byKey(fixes_)},
-                               {"ApNKey", 0, byLocation(byKey(airports_))},
-                               {"A2NKey", 1, byLocation(byKey(secondAirports_))},
-                               {"NvNKey", 2, byLocation(byKey(navaids_))},
-                               {"WpNKey", 3, byLocation(byKey(fixes_))},
-                               {"Airway", 4, byKey(airways_)},
-                               {"RwyKey", 5, byKey(runways_)},
-                               {"ComKey", 6, byKey(comms_)}};
+    std::vector<Index> indexes{{"AptKey", 0, byKey(airports_)}, {"Ap2Key", 1, byKey(secondAirports_)},
+        {"NavKey", 2, byKey(navaids_)}, {"WptKey", 3, byKey(fixes_)}, {"ApNKey", 0, byLocation(byKey(airports_))},
+        {"A2NKey", 1, byLocation(byKey(secondAirports_))}, {"NvNKey", 2, byLocation(byKey(navaids_))},
+        {"WpNKey", 3, byLocation(byKey(fixes_))}, {"Airway", 4, byKey(airways_)}, {"RwyKey", 5, byKey(runways_)},
+        {"ComKey", 6, byKey(comms_)}};
     indexes.push_back({"CellRun", 7, cellRuns({&indexes[4], &indexes[5], &indexes[6], &indexes[7]})});
 
     Output out;
@@ -209,23 +196,6 @@ std::vector<std::uint8_t> TestDatabase::bytes() const {
 std::filesystem::path TestDatabase::write(const std::filesystem::path& folder, std::string_view name) const {
     const auto path = folder / name;
     writeBytes(path, bytes());
-    return path;
-}
-
-TestFolder::TestFolder() {
-    static std::atomic<int> count{0};
-    const auto stamp = std::filesystem::temp_directory_path() / "korvel-navdb-";
-    do { path_ = stamp.string() + std::to_string(++count); } while (!std::filesystem::create_directory(path_));
-}
-
-TestFolder::~TestFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
-std::filesystem::path TestFolder::write(std::string_view name, std::string_view content) const {
-    const auto path = path_ / name;
-    writeBytes(path, {content.begin(), content.end()});
     return path;
 }
 

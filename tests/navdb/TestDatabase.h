@@ -22,7 +22,7 @@ class TestDatabase {
     using Row = std::vector<std::int32_t>;
 
     void addAirport(std::string_view ident, double lat, double lon, std::string_view name = "Name",
-                    std::string_view table = "_APT");
+        std::string_view table = "_APT");
     /// `type` as stored: nibble and usage.
     void addNavaid(std::string_view ident, double lat, double lon, int type, double frequency);
     void addFix(std::string_view ident, double lat, double lon, int type = 0x25);
@@ -44,21 +44,6 @@ class TestDatabase {
 
     std::string strings_ = std::string(1, '\0');
     std::vector<Keyed> airports_, secondAirports_, navaids_, fixes_, airways_, runways_, comms_;
-};
-
-/// A folder of a test's or benchmark's own, empty at the start and gone at the end.
-class TestFolder {
- public:
-    TestFolder();
-    ~TestFolder();
-    TestFolder(const TestFolder&) = delete;
-    TestFolder& operator=(const TestFolder&) = delete;
-
-    [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-    std::filesystem::path write(std::string_view name, std::string_view content) const;
-
- private:
-    std::filesystem::path path_;
 };
 
 /// "F" and 7 make "F7".

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "nav/Geodesy.h"
 #include "navdb/AirportRecord.h"
 #include "navdb/FixRecord.h"
@@ -32,7 +33,7 @@ class UserDatabaseReaderTest : public ::testing::Test {
         return dynamic_cast<const Record&>(*records_.at(0));
     }
 
-    TestFolder folder_;
+    TempFolder folder_;
     std::vector<std::unique_ptr<DatabaseRecord>> records_;
 };
 
@@ -43,7 +44,7 @@ TEST_F(UserDatabaseReaderTest, BuildsNavaidsAndFixes) {
     EXPECT_EQ(read("; mine\r\n\r\n\tNAVAID_BEGIN ; first\r\n  ID=ABC ; my field\r\nNAME=A long name "
                    "of a navaid\r\nTYPE=VOR\r\nPOSN.LAT=47:30.5\r\nPOSN.LON=-0:30\r\nUSAGE=BOTH\r\n"
                    "FREQ=110\r\nFREQ=113.90 MHz\r\nNAVAID_END\r\n"),
-              "");
+        "");
     const auto& vor = only<VorRecord>();
     EXPECT_EQ(vor.key, "v.ABC");
     EXPECT_EQ(vor.ident.view(), "ABC");
@@ -57,12 +58,12 @@ TEST_F(UserDatabaseReaderTest, BuildsNavaidsAndFixes) {
 
     EXPECT_EQ(read("NAVAID_BEGIN\nID=ELEVENCHARS\nNAME=N\nTYPE=NDB\nPOSN.LAT=0\nPOSN.LON=0\n"
                    "FREQ=375\nNAVAID_END"),
-              "");
+        "");
     EXPECT_EQ(only<NdbRecord>().key, "n.ELEVENCHARS");
     EXPECT_EQ(only<NdbRecord>().usage, kUsageLow);
     EXPECT_EQ(read("NAVAID_BEGIN\nID=F\nNAME=A fix keeps a name of any length\nTYPE=FIX\n"
                    "POSN.LAT=x\nPOSN.LON=10\nUSAGE=VRP\nNAVAID_END\n"),
-              "");
+        "");
     EXPECT_EQ(only<FixRecord>().key, "f.F");
     EXPECT_EQ(only<FixRecord>().GetName(), "A fix keeps a name of any length");
     EXPECT_EQ(only<FixRecord>().usage, kUsageVisual);
@@ -78,7 +79,7 @@ TEST_F(UserDatabaseReaderTest, BuildsAirports) {
                    "RWY1.LO.PATTERN=r\nRWY1.HI.ID=27\nRWY1.HI.PATTERN=L\nRWY3.LEN=500\n"
                    "COM1.TYPE=CTAF\nCOM1.FREQ=122.8\nCOM2.TYPE=GND\nCOM3.TYPE=TWR\nCOM3.FREQ=118\n"
                    "ARPT_END\n"),
-              "");
+        "");
     const auto& airport = only<AirportRecord>();
     EXPECT_EQ(airport.key, "a.KXYZ");
     EXPECT_EQ(airport.magVariationDeg, 15.5F);
@@ -105,11 +106,6 @@ TEST_F(UserDatabaseReaderTest, BuildsAirports) {
 }
 
 TEST_F(UserDatabaseReaderTest, ReportsWhatIsWrongWithItsLine) {
-    struct Case {
-        std::string text;
-        std::string logged;
-        std::size_t records;
-    };
     const std::string vor(kVor);
     const std::string airport = "ARPT_BEGIN\nID=A\nNAME=N\nPOSN.LAT=1\nPOSN.LON=1\n";
     const auto error = [](int line, const std::string& text) {
@@ -118,9 +114,9 @@ TEST_F(UserDatabaseReaderTest, ReportsWhatIsWrongWithItsLine) {
     const auto warning = [](int line, const std::string& text) {
         return "  Line " + std::to_string(line) + ": WARNING " + text + "\r\n";
     };
-    const std::vector<Case> cases{
+    const std::vector<std::tuple<std::string, std::string, std::size_t>> cases{
         {";\n\n nonsense\n=x\n=\nA=\nA=B\n",
-         error(3, "'=' not found") + error(4, "No key value found.") + error(5, "No key value found."), 0},
+            error(3, "'=' not found") + error(4, "No key value found.") + error(5, "No key value found."), 0},
         {"NAVAID_BEGIN\nID = ABC\nNAVAID_END\n", error(3, "ID field not found."), 0},
         {"NAVAID_BEGIN\nID=TWELVELETTER\nNAVAID_END\n", error(3, "ID field too long."), 0},
         {"NAVAID_BEGIN\nID=A\nNAME=\nTYPE=VOR\nNAVAID_END\n", error(5, "NAME field not found."), 0},
@@ -129,7 +125,7 @@ TEST_F(UserDatabaseReaderTest, ReportsWhatIsWrongWithItsLine) {
         {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=FIX\nPOSN.LON=1\nNAVAID_END\n", error(6, "POSN.LAT field not found."), 0},
         {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=FIX\nPOSN.LAT=1\nNAVAID_END\n", error(6, "POSN.LON field not found."), 0},
         {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=VOR\nPOSN.LAT=1\nPOSN.LON=1\nNAVAID_END\n",
-         error(7, "FREQ field not found."), 0},
+            error(7, "FREQ field not found."), 0},
         {vor + "FREQ=high\nNAVAID_END\n", error(9, "Invalid FREQ field."), 0},
         {vor + "FREQ=1e99\nNAVAID_END\n", error(9, "Invalid FREQ field."), 0},
         {vor + "USAGE=low\nNAVAID_END\n", warning(9, "Invalid USAGE field."), 1},
@@ -142,12 +138,12 @@ TEST_F(UserDatabaseReaderTest, ReportsWhatIsWrongWithItsLine) {
         {"ARPT_BEGIN\nID=A\nNAME=A\nPOSN.LON=1\nARPT_END\n", error(5, "POSN.LAT field not found."), 0},
         {airport + "MAG_VAR=east\nELEV=high\nRWY1.LEN=-1\nRWY1.WIDTH=x\nRWY1.LO.PATTERN=LR\n"
                    "ARPT_END\n",
-         warning(11, "Invalid MAG-VAR.") + warning(11, "Invalid ELEV.") + error(11, "Invalid RWY.LEN.") +
-             error(11, "Invalid RWY.WIDTH.") + warning(11, "Invalid PATTERN field."),
-         1}};
-    for (const Case& c : cases) {
-        EXPECT_EQ(read(c.text), c.logged) << c.text;
-        EXPECT_EQ(records_.size(), c.records) << c.text;
+            warning(11, "Invalid MAG-VAR.") + warning(11, "Invalid ELEV.") + error(11, "Invalid RWY.LEN.") +
+                error(11, "Invalid RWY.WIDTH.") + warning(11, "Invalid PATTERN field."),
+            1}};
+    for (const auto& [text, logged, records] : cases) {
+        EXPECT_EQ(read(text), logged) << text;
+        EXPECT_EQ(records_.size(), records) << text;
     }
 }
 
@@ -166,12 +162,9 @@ TEST_F(UserDatabaseReaderTest, CutsLinesAcrossBlocks) {
 }
 
 TEST(UserCoordinateTest, ReadsDegreesAndMinutes) {
-    const std::vector<std::pair<std::string, double>> cases{
-        {"", 0.0},       {"47.5", 47.5},  {"47:30.5", 47.0 + 30.5 / 60},
-        {"-0:30", -0.5}, {"-5:30", -5.5}, {" -5:30", -5.5},
-        {"+5:30", 5.5},  {"5:x", 5.0},    {"5:", 5.0},
-        {"abc", 0.0},    {"nan", 0.0},    {"-122.25W", -122.25},
-        {"1:inf", 1.0},  {"47,5", 47.0}};
+    const std::vector<std::pair<std::string, double>> cases{{"", 0.0}, {"47.5", 47.5}, {"47:30.5", 47.0 + 30.5 / 60},
+        {"-0:30", -0.5}, {"-5:30", -5.5}, {" -5:30", -5.5}, {"+5:30", 5.5}, {"5:x", 5.0}, {"5:", 5.0}, {"abc", 0.0},
+        {"nan", 0.0}, {"-122.25W", -122.25}, {"1:inf", 1.0}, {"47,5", 47.0}};
     for (const auto& [text, degrees] : cases) { EXPECT_NEAR(parseUserCoordinate(text), degrees, 1e-12) << text; }
 }
 

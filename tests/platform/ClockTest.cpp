@@ -20,17 +20,6 @@ TEST(VirtualClock, LocalTimeAndUnixSecondsMoveWithTheTicks) {
     EXPECT_EQ(clock.tickMs(), 2001);
 }
 
-TEST(VirtualClock, TicksAndWallClockCanBeSetApart) {
-    VirtualClock clock;
-    clock.setTickMs(5'000'000'000);
-    EXPECT_EQ(clock.localNow(), (LocalTime{.year = 2026}));
-    clock.setLocalNow({1969, 12, 31, 23, 59, 59});
-    EXPECT_EQ(clock.unixSeconds(), -1);
-    EXPECT_EQ(clock.tickMs(), 5'000'000'000);
-    clock.setTickMs(-7);
-    EXPECT_EQ(clock.tickMs(), 1);
-}
-
 TEST(SystemClock, IsConsistent) {
     const SystemClock clock;
     const std::int64_t before = clock.tickMs();

@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "platform/PseudoTerminal.h"
 #include "platform/SerialDevice.h"
-#include "platform/TempFolder.h"
 
 namespace korvel { namespace {
 

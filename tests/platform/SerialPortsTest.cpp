@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "platform/FileIo.h"
 #include "platform/SerialPorts.h"
-#include "platform/TempFolder.h"
 
 namespace korvel { namespace {
 
@@ -40,8 +40,8 @@ TEST_F(SerialPortsTest, UsbComesFirstBySocketThenPortsWithHardware) {
     addDevice("ttyUSB7", "usb1/1-2/1-2:1.0/ttyUSB7", "");
     addDevice("ttyACM0", "usb1/1-3/1-3:1.0", "");
     fs::create_directories(folders_.sysfs / "tty1");
-    const std::vector<fs::path> expected = {"/dev/ttyUSB7", "/dev/ttyACM0", "/dev/ttyUSB0", "/dev/ttyS2",
-                                            "/dev/ttyS10"};
+    const std::vector<fs::path> expected = {
+        "/dev/ttyUSB7", "/dev/ttyACM0", "/dev/ttyUSB0", "/dev/ttyS2", "/dev/ttyS10"};
     EXPECT_EQ(listSerialDevices(folders_), expected);
     EXPECT_EQ(fileOf("COM1"), "/dev/ttyUSB7");
     EXPECT_EQ(fileOf("com5"), "/dev/ttyS10");

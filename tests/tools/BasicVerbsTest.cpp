@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "platform/TempFolder.h"
+#include "TempFolder.h"
 #include "tools/ToolRun.h"
 
 namespace korvel { namespace {

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "TempFolder.h"
 #include "navdb/TestDatabase.h"
-#include "platform/TempFolder.h"
 #include "tools/ToolRun.h"
 
 namespace korvel { namespace {
@@ -24,8 +24,8 @@ class NavdbVerbs : public testing::Test {
         content.addComm("SEA", "TWR", 119.9);
         content.write(folder_.path(), "k.ng2");
         folder_.write("my.UDB.TXT",
-                      "ARPT_BEGIN\nID=KSEA\nNAME=Mine\nPOSN.LAT=47:30\nPOSN.LON=-122:15\nARPT_END\n"
-                      "NAVAID_BEGIN\nID=FOO\nNAME=x\nTYPE=FIX\nPOSN.LAT=1\nPOSN.LON=1\nNAVAID_END\n");
+            "ARPT_BEGIN\nID=KSEA\nNAME=Mine\nPOSN.LAT=47:30\nPOSN.LON=-122:15\nARPT_END\n"
+            "NAVAID_BEGIN\nID=FOO\nNAME=x\nTYPE=FIX\nPOSN.LAT=1\nPOSN.LON=1\nNAVAID_END\n");
     }
     /// Runs with the data folder and "--json"; returns the lines.
     std::vector<Json> run(std::vector<std::string> words, int status = 0) {
@@ -56,7 +56,7 @@ TEST_F(NavdbVerbs, TellWhatAFileHolds) {
     EXPECT_EQ(run({"navdb", "verify", file()}).at(0), Json::parse(R"({"error":""})"));
     EXPECT_EQ(run({"navdb", "verify", file() + "x"}, 1).at(0)["error"], "File Open Error");
     EXPECT_EQ(run({"navdb", "rows", file(), "WptKey", "--key", "FOO"}).at(0),
-              Json::parse(R"({"ID":"FOO","LAT":48.5,"LON":-122.5,"TYPE":133})"));
+        Json::parse(R"({"ID":"FOO","LAT":48.5,"LON":-122.5,"TYPE":133})"));
     EXPECT_EQ(run({"navdb", "rows", file(), "WptKey", "--key", "FO"}, 1).size(), 1U);
     EXPECT_EQ(run({"navdb", "rows", file(), "NoKey"}, 1).size(), 1U);
 }

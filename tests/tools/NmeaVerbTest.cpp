@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "TempFolder.h"
 #include "gps/GpsFixture.h"
-#include "platform/TempFolder.h"
 #include "tools/ToolRun.h"
 
 namespace korvel { namespace {
@@ -47,10 +47,9 @@ TEST(NmeaVerb, DecodesAReceiversLog) {
         {"fixQuality", 1},
         {"fix3D", 0},
         {"sentenceFlags", 2 | 4 | 8},
-        {"satellites",
-         {word(1, 10, 158, 45) | kUsed, word(3, 72, 164, 42) | kUsed, word(11, 24, 279, 0),
-          word(14, 30, 119, 47) | kUsed, word(15, 33, 70, 39), word(16, 5, 184, 0), word(18, 20, 46, 0),
-          word(19, 73, 304, 0), word(22, 50, 54, 0), 0, 0, 0}},
+        {"satellites", {word(1, 10, 158, 45) | kUsed, word(3, 72, 164, 42) | kUsed, word(11, 24, 279, 0),
+                           word(14, 30, 119, 47) | kUsed, word(15, 33, 70, 39), word(16, 5, 184, 0),
+                           word(18, 20, 46, 0), word(19, 73, 304, 0), word(22, 50, 54, 0), 0, 0, 0}},
         {"sent", Json::array()},
     };
     for (const auto& [name, value] : expected.items()) { EXPECT_EQ(fix[name], value) << name; }
@@ -76,7 +75,7 @@ TEST(NmeaVerb, OptionsReachTheDecoder) {
     EXPECT_EQ(fix({"--db-variation", "-5"})["trackMag"], 7.0);
     EXPECT_EQ(fix({})["sent"], Json{"ASTRAL\r\n"});
     EXPECT_EQ(fix({"--port", "COM6:,38400,N,8,1"})["sent"],
-              (Json{"ASTRAL\r\n", "$PSRF151,01*0F\r\n", "$PSRF103,05,00,00,01*21\r\n"}));
+        (Json{"ASTRAL\r\n", "$PSRF151,01*0F\r\n", "$PSRF103,05,00,00,01*21\r\n"}));
     const Json trace = fix({"--trace", "--tick-lines", "100"})["trace"];
     ASSERT_EQ(trace.size(), 3U);
     EXPECT_EQ(trace[1], sentence("GPGLL,1") + ": not used");
@@ -87,8 +86,8 @@ TEST(NmeaVerb, OptionsReachTheDecoder) {
         EXPECT_EQ(runTool({"nmea", file + "x", words[0], words[1]}).status, 2) << words[0];
     }
     EXPECT_EQ(runTool({"nmea", file}).output,
-              "40.000000,-100.000000  9.0 kt  track 7.0  32 ft  fix 1  4 satellites in use\n"
-              "  sent ASTRAL\n");
+        "40.000000,-100.000000  9.0 kt  track 7.0  32 ft  fix 1  4 satellites in use\n"
+        "  sent ASTRAL\n");
 }
 
 }}  // namespace korvel

@@ -4,12 +4,11 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "TempFolder.h"
 #include "platform/FileIo.h"
-#include "platform/TempFolder.h"
 #include "tools/ToolRun.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 using Json = nlohmann::ordered_json;
 
@@ -39,16 +38,14 @@ TEST(PlanVerbs, RoutePlanAndTrack) {
     EXPECT_EQ(refused["entries"], Json::parse(R"([{"text":"V99"}])"));
 
     const std::string saved = (folder.path() / "out.fp").string();
-    const std::string file =
-        folder.write("in.fp", "; remark\nv.XVR@45.5\r\nXFIX\r\nf.MINE 47.5 -122.5\n").string();
+    const std::string file = folder.write("in.fp", "; remark\nv.XVR@45.5\r\nXFIX\r\nf.MINE 47.5 -122.5\n").string();
     const Json plan = run({"plan", file, "--save", saved}, 0);
     EXPECT_EQ(plan["entries"][0], Json::parse(R"({"key":"v.XVR","altitudeFt":4550,"lat":47.0,
                                                   "lon":-122.0})"));
     EXPECT_NEAR(plan["totalNm"].get<double>(), 96.1, 0.1);
     // A key with its kind, a bare identifier, and a place of its own: with its position.
     EXPECT_EQ(readWholeFile(saved), "v.XVR@45.5\r\nXFIX\r\nf.MINE 47.500000 -122.500000\r\n");
-    EXPECT_EQ(run({"plan", folder.write("bad.fp", "NONE\n").string()}, 1)["error"],
-              "NONE navaid not found!");
+    EXPECT_EQ(run({"plan", folder.write("bad.fp", "NONE\n").string()}, 1)["error"], "NONE navaid not found!");
     run({"plan", (folder.path() / "gone.fp").string()}, 1);
 
     const std::string lines =
@@ -63,9 +60,7 @@ TEST(PlanVerbs, RoutePlanAndTrack) {
     EXPECT_EQ(track["points"][2]["time"], "2026-03-01T00:00:04");
     EXPECT_EQ(track["points"][2]["altitudeFt"], -12);
     EXPECT_EQ(readWholeFile(copy), lines);
-    EXPECT_EQ(run({"track", folder.write("b.trk", "2026\r\n").string()}, 1)["error"],
-              "Invalid format!");
+    EXPECT_EQ(run({"track", folder.write("b.trk", "2026\r\n").string()}, 1)["error"], "Invalid format!");
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

@@ -12,8 +12,8 @@ TEST(CommandLine, TakesEveryOptionInBothForms) {
     CommandLine line;
     EXPECT_EQ(
         parse({"trip.fp", "--replay=a.log", "--speed", "2.5", "--snapshot", "o.png", "--size", "800x480", "--after=0",
-               "--page", "Map", "--scheme=<Night-Flight>", "--range", "25", "--profile-folder", "/tmp/p"},
-              line),
+                  "--page", "Map", "--scheme=<Night-Flight>", "--range", "25", "--profile-folder", "/tmp/p"},
+            line),
         "");
     EXPECT_EQ(line.planFile, "trip.fp");
     EXPECT_EQ(line.replayFile, "a.log");
@@ -30,12 +30,24 @@ TEST(CommandLine, TakesEveryOptionInBothForms) {
 
 TEST(CommandLine, SaysInOneLineWhatIsWrong) {
     const std::vector<std::vector<std::string_view>> wrong = {
-        {"--speed", "0"},        {"--speed", "-1"},  {"--speed", "fast"},
-        {"--speed", "2x"},       {"--speed", "nan"}, {"--speed"},
-        {"--size", "800"},       {"--size", "800x"}, {"--size", "0x0"},
-        {"--size", "800x99999"}, {"--after", "-1"},  {"--after", "inf"},
-        {"--range", "2.5"},      {"--range", "0"},   {"--replay="},
-        {"--snapshot"},          {"--nonsense"},     {"--demo", "--replay", "a.log"},
+        {"--speed", "0"},
+        {"--speed", "-1"},
+        {"--speed", "fast"},
+        {"--speed", "2x"},
+        {"--speed", "nan"},
+        {"--speed"},
+        {"--size", "800"},
+        {"--size", "800x"},
+        {"--size", "0x0"},
+        {"--size", "800x99999"},
+        {"--after", "-1"},
+        {"--after", "inf"},
+        {"--range", "2.5"},
+        {"--range", "0"},
+        {"--replay="},
+        {"--snapshot"},
+        {"--nonsense"},
+        {"--demo", "--replay", "a.log"},
         {"a.fp", "b.fp"},
     };
     for (const auto& arguments : wrong) {

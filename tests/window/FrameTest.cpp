@@ -10,6 +10,7 @@
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "app/CKorvelDoc.h"
 #include "app/CMainFrame.h"
 #include "app/PageCycle.h"
@@ -17,7 +18,6 @@
 #include "display/ColorScheme.h"
 #include "gps/FakePorts.h"
 #include "gps/GpsFixture.h"
-#include "platform/TempFolder.h"
 
 namespace korvel { namespace {
 
@@ -50,8 +50,8 @@ class FrameTest : public testing::Test {
     }
     void mouse(QEvent::Type type, QPointF at) {
         const bool up = type == QEvent::MouseButtonRelease;
-        QMouseEvent event(type, at, view().mapToGlobal(at), Qt::LeftButton, up ? Qt::NoButton : Qt::LeftButton,
-                          Qt::NoModifier);
+        QMouseEvent event(
+            type, at, view().mapToGlobal(at), Qt::LeftButton, up ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(&view(), &event);
     }
     void drag(QPointF from, QPointF to) {
@@ -68,7 +68,7 @@ class FrameTest : public testing::Test {
 
     void flyTo(const std::string& position) {
         for (const auto& [name, rest] :
-             {std::pair{"GPRMC,1,A,", ",90.5,90.00,211200,,"}, std::pair{"GPGGA,1,", ",1,04,1,9,M,,,,"}}) {
+            {std::pair{"GPRMC,1,A,", ",90.5,90.00,211200,,"}, std::pair{"GPGGA,1,", ",1,04,1,9,M,,,,"}}) {
             std::ostringstream body;
             body << name << position << rest;
             ports_.send(sentence(body.str()));
@@ -136,8 +136,8 @@ TEST_F(FrameTest, AButtonActsWhenTheFingerLeavesItWhereItCameDown) {
 }
 
 TEST_F(FrameTest, TheWheelAndTwoFingersZoom) {
-    QWheelEvent notch(middle(), view().mapToGlobal(middle()), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
+    QWheelEvent notch(
+        middle(), view().mapToGlobal(middle()), {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&view(), &notch);
     EXPECT_EQ(rangeNm(), 100);
 
@@ -190,7 +190,7 @@ TEST_F(FrameTest, AtNightNothingIsBrighterThanItsText) {
     const QPalette palette = QApplication::palette();
     const auto brightness = [&](QPalette::ColorRole role) { return palette.color(QPalette::Active, role).lightness(); };
     for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button, QPalette::Light, QPalette::Midlight,
-                            QPalette::Mid, QPalette::Dark, QPalette::ToolTipBase})
+             QPalette::Mid, QPalette::Dark, QPalette::ToolTipBase})
         EXPECT_LT(brightness(role), brightness(QPalette::Text) / 2) << role;
     press(Qt::Key_C);
 }

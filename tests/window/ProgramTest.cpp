@@ -11,11 +11,11 @@
 #include <QStringList>
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "config/ProfileFile.h"
 #include "gps/GpsFixture.h"
 #include "platform/FileIo.h"
 #include "platform/RegistryProfile.h"
-#include "platform/TempFolder.h"
 
 namespace korvel { namespace {
 
@@ -34,7 +34,7 @@ class ProgramTest : public testing::Test {
         QProcess program;
         program.setProcessEnvironment(environment);
         program.start(QStringLiteral(KORVEL_PROGRAM),
-                      QStringList{QStringLiteral("--profile-folder"), path("profile")} + arguments);
+            QStringList{QStringLiteral("--profile-folder"), path("profile")} + arguments);
         EXPECT_TRUE(program.waitForFinished(60000));
         return {program.exitCode(), program.readAllStandardError().toStdString()};
     }
@@ -44,18 +44,17 @@ class ProgramTest : public testing::Test {
         std::ofstream log(folder_.path() / "flight.log");
         for (int second = 10; second < 50; ++second)
             for (const char* rest :
-                 {",A,4730.0,N,01015.0,E,90.0,90.0,211200,,", ",4730.0,N,01015.0,E,1,08,1,100,M,,,,"}) {
+                {",A,4730.0,N,01015.0,E,90.0,90.0,211200,,", ",4730.0,N,01015.0,E,1,08,1,100,M,,,,"}) {
                 std::ostringstream body;
                 body << (rest[1] == 'A' ? "GPRMC,1000" : "GPGGA,1000") << second << rest;
                 log << sentence(body.str()) << '\n';
             }
         log.close();
-        const Outcome outcome =
-            run(QStringList{QStringLiteral("--replay"), path("flight.log"), QStringLiteral("--snapshot"),
-                            path("picture.png"), QStringLiteral("--size"), QStringLiteral("640x480"),
-                            QStringLiteral("--after"), QStringLiteral("3")} +
-                    arguments,
-                scale);
+        const Outcome outcome = run(QStringList{QStringLiteral("--replay"), path("flight.log"),
+                                        QStringLiteral("--snapshot"), path("picture.png"), QStringLiteral("--size"),
+                                        QStringLiteral("640x480"), QStringLiteral("--after"), QStringLiteral("3")} +
+                                        arguments,
+            scale);
         EXPECT_EQ(outcome.exitCode, 0);
         EXPECT_EQ(outcome.errors, "");
         return QImage(path("picture.png"));

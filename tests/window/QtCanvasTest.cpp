@@ -90,7 +90,7 @@ TEST(QtCanvas, PutsTheAnchorWhereTheAlignmentSays) {
         double left, bottom;  // of the ink, in widths and capital heights from the anchor
     };
     for (const Case& c : {Case{AlignX::Left, AlignY::Baseline, 0, 0}, Case{AlignX::Center, AlignY::Middle, -0.5, 0.5},
-                          Case{AlignX::Right, AlignY::Top, -1, 1}}) {
+             Case{AlignX::Right, AlignY::Top, -1, 1}}) {
         Sheet sheet;
         TextExtent extent;
         sheet.draw({20, 10, 160, 80}, [&](Canvas& canvas) {
@@ -178,9 +178,8 @@ TEST(QtCanvas, DrawsLongWideLinesWithoutGaps) {
             EXPECT_GT(color.red(), 200) << point.x;
         }
         sheet.image.fill(Qt::black);
-        sheet.draw(kWholeSheet, [&](Canvas& canvas) {
-            canvas.polyline(points, {.color = kWhite, .width = 3, .style = PenStyle::Dash});
-        });
+        sheet.draw(kWholeSheet,
+            [&](Canvas& canvas) { canvas.polyline(points, {.color = kWhite, .width = 3, .style = PenStyle::Dash}); });
         EXPECT_TRUE(std::ranges::any_of(points, [&](Point point) {
             return sheet.image.pixelColor(static_cast<int>(point.x * ratio), static_cast<int>(point.y * ratio)) ==
                    Qt::black;

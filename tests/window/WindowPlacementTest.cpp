@@ -10,7 +10,7 @@ const QRect kRightScreen(1280, 0, 1920, 1080);
 TEST(WindowPlacement, KeepsAPlaceWhoseTopEdgeCanBeGrabbed) {
     const QList<QRect> screens = {kLeftScreen, kRightScreen};
     for (const QRect& place : {QRect(100, 50, 800, 600), QRect(2000, 300, 800, 600), QRect(-500, 10, 800, 600),
-                               QRect(1000, 10, 800, 600), QRect(0, 0, 1280, 770)})
+             QRect(1000, 10, 800, 600), QRect(0, 0, 1280, 770)})
         EXPECT_EQ(reachablePlace(place, screens), place);
 }
 

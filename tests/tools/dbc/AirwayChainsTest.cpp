@@ -12,8 +12,8 @@ std::vector<std::string> chainsOf(const std::string& text) {
     AirwayNetwork network;
     const auto point = [&](char name) {
         const int place = name - 'A';
-        return network.pointAt(std::string(1, name),
-                               {static_cast<double>(place / 10), static_cast<double>(place % 10)});
+        return network.pointAt(
+            std::string(1, name), {static_cast<double>(place / 10), static_cast<double>(place % 10)});
     };
     std::istringstream words(text);
     for (std::string word; words >> word;) network.addSegment("V1", point(word.front()), point(word.back()));
@@ -27,10 +27,7 @@ std::vector<std::string> chainsOf(const std::string& text) {
 
 TEST(AirwayChains, JoinsSegmentsInAnyOrderAndDirection) {
     using Chains = std::vector<std::string>;
-    const struct {
-        const char* segments;
-        Chains chains;
-    } cases[] = {
+    const std::tuple<const char*, Chains> cases[] = {
         {"A-B", {"AB"}},
         {"A-B B-C C-D", {"ABCD"}},
         {"C-B D-C A-B", {"DCBA"}},

@@ -21,9 +21,8 @@ const SourceFix* findFix(const AviationData& data, std::string_view ident) {
 
 TEST(Consolidation, ShowsAStationAndItsDmeAsOne) {
     AviationData data;
-    data.navaids = {
-        navaid(NavaidKind::dmeOnly, "OSN", {52.2, 8.2}),   navaid(NavaidKind::vor, "OSN", {52.201, 8.201}),
-        navaid(NavaidKind::ndb, "RK", {50.0, 8.0}),        navaid(NavaidKind::dmeOnly, "RK", {50.001, 8.0}),
+    data.navaids = {navaid(NavaidKind::dmeOnly, "OSN", {52.2, 8.2}), navaid(NavaidKind::vor, "OSN", {52.201, 8.201}),
+        navaid(NavaidKind::ndb, "RK", {50.0, 8.0}), navaid(NavaidKind::dmeOnly, "RK", {50.001, 8.0}),
         navaid(NavaidKind::vortac, "SEA", {47.4, -122.3}), navaid(NavaidKind::dmeOnly, "SEA", {47.4, -122.3}),
         navaid(NavaidKind::vor, "OSN", {10.0, 8.2}),     // a namesake
         navaid(NavaidKind::vor, "SEA", {47.4, -122.3}),  // given twice
@@ -45,12 +44,12 @@ TEST(Consolidation, GivesFixesTheUsageOfTheirAirwaysAndAirwaysTheirFixes) {
     AviationData data;
     data.navaids = {navaid(NavaidKind::vor, "VOR", {50.0, 8.0}), navaid(NavaidKind::dmeOnly, "TAC", {50.0, 9.0})};
     data.fixes = {fix("LOW", {50.0, 8.5}), fix("BOTH", {50.0, 8.6}), fix("OFF", {51.0, 8.0}),
-                  fix("LOW", {10.0, 8.5}),  // a namesake far away
-                  fix("VRP", {50.0, 8.8}, kUsageVisual)};
+        fix("LOW", {10.0, 8.5}),  // a namesake far away
+        fix("VRP", {50.0, 8.8}, kUsageVisual)};
     auto& airways = data.airways;
-    const auto chain = {airways.pointAt("VOR", {50.0, 8.0}),  airways.pointAt("LOW", {50.0, 8.5}),
-                        airways.pointAt("BOTH", {50.0, 8.6}), airways.pointAt("VRP", {50.0, 8.8}),
-                        airways.pointAt("TAC", {50.0, 9.0}),  airways.pointAt("ONLY", {50.0, 9.5})};
+    const auto chain = {airways.pointAt("VOR", {50.0, 8.0}), airways.pointAt("LOW", {50.0, 8.5}),
+        airways.pointAt("BOTH", {50.0, 8.6}), airways.pointAt("VRP", {50.0, 8.8}), airways.pointAt("TAC", {50.0, 9.0}),
+        airways.pointAt("ONLY", {50.0, 9.5})};
     for (const auto point : chain) airways.markUse(point, false);
     airways.markUse(*(chain.begin() + 2), true);
     airways.addSegment("V1", *chain.begin(), *(chain.begin() + 1));
@@ -70,8 +69,8 @@ TEST(Consolidation, GivesFixesTheUsageOfTheirAirwaysAndAirwaysTheirFixes) {
 TEST(Consolidation, FindsAirwayPointsByRegionWhereNoPositionIsGiven) {
     AviationData data;
     data.fixes = {fix("ABBEY", {40.0, 8.0}, kUsageTerminal, "LI"), fix("ABBEY", {52.0, 8.0}, kUsageTerminal, "ED"),
-                  fix("ABBEY", {52.0, 8.0}, std::nullopt, "ED"),  // used en route as well
-                  fix("ENRTE", {53.0, 8.0}, std::nullopt, "ED")};
+        fix("ABBEY", {52.0, 8.0}, std::nullopt, "ED"),  // used en route as well
+        fix("ENRTE", {53.0, 8.0}, std::nullopt, "ED")};
     const auto abbey = data.airways.pointIn("ABBEY", "ED", AirwayPointType::fix);
     const auto gone = data.airways.pointIn("GONE", "ED", AirwayPointType::fix);
     data.airways.markUse(abbey, true);
@@ -98,10 +97,9 @@ TEST(Consolidation, KeepsTheFirstOfAirportsOfOneIdentifier) {
 }
 
 TEST(VariationField, TakesTheNearestStationThatKnowsIt) {
-    const std::vector<SourceNavaid> stations{
-        navaid(NavaidKind::vor, "SEA", {47.4, -122.3}, 19.0), navaid(NavaidKind::vor, "BOS", {42.3, -71.0}, -16.0),
-        navaid(NavaidKind::vor, "ZERO", {42.4, -71.1}, 0.0), navaid(NavaidKind::vor, "NONE", {47.5, -122.3}),
-        navaid(NavaidKind::vor, "FIJI", {-17.0, 179.8}, 12.5)};
+    const std::vector<SourceNavaid> stations{navaid(NavaidKind::vor, "SEA", {47.4, -122.3}, 19.0),
+        navaid(NavaidKind::vor, "BOS", {42.3, -71.0}, -16.0), navaid(NavaidKind::vor, "ZERO", {42.4, -71.1}, 0.0),
+        navaid(NavaidKind::vor, "NONE", {47.5, -122.3}), navaid(NavaidKind::vor, "FIJI", {-17.0, 179.8}, 12.5)};
     const VariationField field(stations);
     EXPECT_EQ(field.at({47.5, -122.3}), 19.0);
     EXPECT_EQ(field.at({42.4, -71.1}), -16.0);

@@ -1,10 +1,10 @@
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "dbc/NavdbBuild.h"
 #include "nav/Geodesy.h"
 #include "navdb/DatabaseFile.h"
@@ -19,17 +19,9 @@ namespace fs = std::filesystem;
 
 class NavdbBuild : public testing::Test {
  protected:
-    NavdbBuild() : folder_(fs::path(testing::TempDir()) / ("navdb_build." + std::to_string(getpid()))) {
-        fs::remove_all(folder_);
-        fs::create_directories(folder_);
-        options_.output = folder_ / "out.ng2";
-    }
-    ~NavdbBuild() override { fs::remove_all(folder_); }
+    NavdbBuild() { options_.output = folder_ / "out.ng2"; }
 
-    fs::path put(const std::string& name, std::string_view text) {
-        std::ofstream(folder_ / name, std::ios::binary) << text;
-        return folder_ / name;
-    }
+    fs::path put(const std::string& name, std::string_view text) { return folder_.write(name, text); }
 
     std::string build() { return buildNavdb(options_, log_); }
 
@@ -41,7 +33,7 @@ class NavdbBuild : public testing::Test {
         return file.header();
     }
 
-    fs::path folder_;
+    TempFolder folder_;
     NavdbBuildOptions options_;
     ImportLog log_;
     VirtualClock clock_;
@@ -81,19 +73,19 @@ TEST_F(NavdbBuild, LeavesAnExistingDatabaseAloneWhenItsSourcesAreRefused) {
     options_.apt = put("apt.dat", "nothing of the kind\n");
     EXPECT_EQ(build(), "apt.dat: not an X-Plane data file");
     options_.source = NavdbSource::ourAirports;
-    options_.folder = folder_;
+    options_.folder = folder_.path();
     EXPECT_EQ(build(), "File Open Error: " + (folder_ / "airports.csv").string());
     EXPECT_EQ(readWholeFile(options_.output), "as it was");
     options_.source = NavdbSource::xplane;
     options_.apt.clear();
     options_.fix = put("fix.dat", oneFix("600 Version"));
-    options_.output = folder_ / "no folder" / "out.ng2";
+    options_.output = folder_ / "no folder/out.ng2";
     EXPECT_EQ(build(), "File Write Error: " + options_.output.string());
 }
 
 TEST_F(NavdbBuild, CompilesOurAirportsTables) {
     options_.source = NavdbSource::ourAirports;
-    options_.folder = folder_;
+    options_.folder = folder_.path();
     put("airports.csv",
         "ident,type,name,latitude_deg,longitude_deg,elevation_ft\n"
         "EDDL,large_airport,Düsseldorf Airport International,51.2895,6.7668,147\n"
@@ -146,11 +138,11 @@ class World : public testing::Test {
         ImportLog log;
         double last = 0.0;
         ASSERT_EQ(buildNavdb(options, log,
-                             [&](double share, std::string_view) {
-                                 EXPECT_GE(share, last);
-                                 last = share;
-                             }),
-                  "");
+                      [&](double share, std::string_view) {
+                          EXPECT_GE(share, last);
+                          last = share;
+                      }),
+            "");
         EXPECT_EQ(last, 1.0);
         EXPECT_LT(log.malformedLines(), 25U);
     }

@@ -26,9 +26,8 @@ std::uint32_t sumOf(std::string_view bytes) {
 }
 
 constexpr std::array kTinyFields{FieldLayout{"ID", FieldType::text}, FieldLayout{"LAT", FieldType::degrees},
-                                 FieldLayout{"MAG_VAR", FieldType::fixed16},
-                                 FieldLayout{"FREQ", FieldType::tenThousandths},
-                                 FieldLayout{"ELEV", FieldType::integer}};
+    FieldLayout{"MAG_VAR", FieldType::fixed16}, FieldLayout{"FREQ", FieldType::tenThousandths},
+    FieldLayout{"ELEV", FieldType::integer}};
 
 // One table of five fields, one index of two rows, no grid. By hand: header 64; table entry
 // 8 + 4 + 4 + 5 x 16 + 4 = 100 and an end of 8; index entry 20 and an end of 8; strings "", "B",
@@ -111,8 +110,8 @@ TEST(NavdbRows, OrdersByTextAndByCellThenLatitude) {
     const struct {
         const char* text;
         double lat, lon;
-    } places[] = {{"b", 10.0, 0.5},       {"B", 20.0, 180.0},  {"AA", 5.0, -179.5},
-                  {"A", -5.0, -0.000001}, {"A", 50.0, 179.99}, {"A-", 1.0, 0.0}};
+    } places[] = {{"b", 10.0, 0.5}, {"B", 20.0, 180.0}, {"AA", 5.0, -179.5}, {"A", -5.0, -0.000001},
+        {"A", 50.0, 179.99}, {"A-", 1.0, 0.0}};
     NavdbRows rows{kFields};
     for (std::int32_t i = 0; i < std::ssize(places); ++i) {
         const auto& place = places[i];

@@ -63,8 +63,8 @@ TEST_F(OurAirports, AttachesRunwaysAndFrequenciesToTheirAirports) {
     ASSERT_EQ(import_.importRunways(table("runways.csv", kRunways)), "");
     ASSERT_EQ(import_.importFrequencies(table("airport-frequencies.csv", kFrequencies)), "");
     EXPECT_EQ(in_.reported, (std::vector<std::string>{"airports.csv:6: airport without position or usable identifier",
-                                                      "runways.csv:8: runway without designator",
-                                                      "airport-frequencies.csv:4: frequency missing or out of range"}));
+                                "runways.csv:8: runway without designator",
+                                "airport-frequencies.csv:4: frequency missing or out of range"}));
     ASSERT_EQ(in_.data.airports.size(), 3U);
     const auto& dus = in_.data.airports[0];
     EXPECT_EQ(dus.name, "Dusseldorf Airport");
@@ -112,9 +112,9 @@ TEST_F(OurAirports, ReadsNavaidsWithTheirUsage) {
     EXPECT_EQ(aalborg.usage, kUsageLow);
     EXPECT_EQ(aalborg.variation, 2.1);
     EXPECT_EQ(in_.data.navaids[2].kind, NavaidKind::dmeOnly);
-    EXPECT_EQ(in_.reported,
-              (std::vector<std::string>{"navaids.csv:5: navaid without type, position, frequency or identifier",
-                                        "navaids.csv:6: frequency out of range"}));
+    EXPECT_EQ(
+        in_.reported, (std::vector<std::string>{"navaids.csv:5: navaid without type, position, frequency or identifier",
+                          "navaids.csv:6: frequency out of range"}));
 }
 
 TEST_F(OurAirports, RefusesATableWithoutItsColumns) {

@@ -25,10 +25,7 @@ std::vector<std::string> linesOf(std::unique_ptr<ByteSource> source, bool* faile
 }
 
 TEST(LineReader, TakesEveryKindOfLineEnd) {
-    const struct {
-        std::string_view text;
-        std::vector<std::string> lines;
-    } cases[] = {
+    const std::tuple<std::string_view, std::vector<std::string>> cases[] = {
         {"", {}},
         {"a", {"a"}},
         {"a\n", {"a"}},
@@ -79,10 +76,7 @@ TEST(Fields, ReadsWholeNumbersOnly) {
 }
 
 TEST(AsciiText, FoldsNamesToPlainLetters) {
-    const struct {
-        const char* text;
-        const char* plain;
-    } cases[] = {
+    const std::tuple<const char*, const char*> cases[] = {
         {"Zürich", "Zurich"},
         {"Malm\xF6 Sturup", "Malmo Sturup"},  // Latin-1
         {"Ørland Ærø Straße", "Orland AEro Strasse"},
@@ -101,14 +95,9 @@ TEST(AsciiText, FoldsNamesToPlainLetters) {
 }
 
 TEST(AiracCycle, ExpiresWhenTheNextOneTakesOver) {
-    const struct {
-        const char* header;
-        int yycc;
-        int expiry;
-    } cases[] = {
+    const std::tuple<const char*, int, int> cases[] = {
         {"1000 Version - data cycle 2013.10, build 20131335", 1310, 20131017},
-        {"1200 Version - data cycle 2406, build 20251002", 2406, 20240711},
-        {"data cycle 0702", 702, 20070315},
+        {"1200 Version - data cycle 2406, build 20251002", 2406, 20240711}, {"data cycle 0702", 702, 20070315},
         {"data cycle 2001", 2001, 20200130},     // effective on 2 January 2020
         {"data cycle 2020.14", 2014, 20210128},  // a year with fourteen
     };
@@ -119,7 +108,7 @@ TEST(AiracCycle, ExpiresWhenTheNextOneTakesOver) {
         EXPECT_EQ(cycle->expiryYmd(), expiry);
     }
     for (const auto* header : {"1100 Version", "data cycle unknown", "data cycle 2113.0", "data cycle 2114",
-                               "data cycle 2400", "data cycle 1310."})
+             "data cycle 2400", "data cycle 1310."})
         EXPECT_FALSE(AiracCycle::namedIn(header)) << header;
     EXPECT_TRUE(isDateYmd(20240229));
     for (const int ymd : {0, 20230229, 20231301, 2023, -20230101}) EXPECT_FALSE(isDateYmd(ymd)) << ymd;

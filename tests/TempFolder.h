@@ -1,23 +1,21 @@
 #pragma once
 
+#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <string_view>
 #include <unistd.h>
 
-#include <gtest/gtest.h>
+#include "platform/FileIo.h"
 
 namespace korvel {
 
-/// An empty folder of the running test, removed with all that is in it.
+/// A folder of a test's or benchmark's own, empty at the start and gone at the end.
 class TempFolder {
  public:
-    TempFolder() {
-        const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
-        path_ = std::filesystem::path(testing::TempDir()) / (std::string("korvel-") + test->test_suite_name() + "-" +
-                                                             test->name() + "-" + std::to_string(getpid()));
-        std::filesystem::remove_all(path_);
+    TempFolder() : path_(std::filesystem::temp_directory_path() / name()) {
+        std::filesystem::remove_all(path_);  // of a process that was killed
         std::filesystem::create_directories(path_);
     }
     TempFolder(const TempFolder&) = delete;
@@ -28,6 +26,9 @@ class TempFolder {
     }
 
     const std::filesystem::path& path() const { return path_; }
+    std::filesystem::path operator/(std::string_view name) const { return path_ / name; }
+    std::string read(std::string_view name) const { return readWholeFile(path_ / name).value_or("(no file)"); }
+    bool has(std::string_view name) const { return std::filesystem::exists(path_ / name); }
 
     /// Writes a file of the folder, and the folders on the way to it.
     std::filesystem::path write(std::string_view name, std::string_view bytes) const {
@@ -38,6 +39,11 @@ class TempFolder {
     }
 
  private:
+    static std::string name() {
+        static std::atomic<int> count{0};
+        return "korvel-test-" + std::to_string(getpid()) + "-" + std::to_string(++count);
+    }
+
     std::filesystem::path path_;
 };
 
