@@ -10,6 +10,7 @@
 #include "navdb/DatabaseFile.h"
 #include "navdb/PlaceRows.h"
 #include "navdb/PlaceSearch.h"
+#include "navdb/PrefixSearch.h"
 #include "navdb/UserRecordStore.h"
 
 namespace korvel {
@@ -285,6 +286,12 @@ void NavDatabase::placesIn(const GeoBox& box, KindMask kinds, std::size_t limit,
 std::vector<NearPlace> NavDatabase::nearest(GeoPoint position, KindMask kinds, std::size_t count,
                                             double withinNm) const {
     return findNearest({files_, excludedPlaces_, userRecords_}, position, kinds, count, withinNm);
+}
+
+bool NavDatabase::placesBeginning(std::string_view beginning, KindMask kinds, std::size_t rowLimit,
+                                  std::vector<Place>& places) const {
+    return findPlacesBeginning({files_, excludedPlaces_, userRecords_}, beginning, kinds, rowLimit,
+                               places);
 }
 
 RecordPtr NavDatabase::recordOf(const Place& place) const {

@@ -82,6 +82,12 @@ class NavDatabase {
     [[nodiscard]] std::vector<NearPlace> nearest(GeoPoint position, KindMask kinds,
                                                  std::size_t count, double withinNm) const;
 
+    /// Replaces `places` by those of `kinds` whose identifiers begin with this text, at most
+    /// `rowLimit` of each kind and file, in the order of the identifiers. False when it left some
+    /// out.
+    bool placesBeginning(std::string_view beginning, KindMask kinds, std::size_t rowLimit,
+                         std::vector<Place>& places) const;
+
     /// The full record of a place; null when its file can no longer be read.
     [[nodiscard]] std::unique_ptr<DatabaseRecord> recordOf(const Place& place) const;
 

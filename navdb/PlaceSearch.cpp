@@ -142,22 +142,6 @@ class NearestSearch final : public Search {
     std::vector<NearPlace> found_;
 };
 
-bool isExcluded(const PlaceSources& sources, const Place& place) {
-    const auto byLatitude = [](const ExcludedPlace& excluded, double lat) {
-        return excluded.position.lat < lat;
-    };
-    auto excluded = std::lower_bound(sources.exclusions.begin(), sources.exclusions.end(),
-                                     place.position.lat, byLatitude);
-    for (; excluded != sources.exclusions.end() && excluded->position.lat == place.position.lat;
-         ++excluded) {
-        if (excluded->file == place.match.file && excluded->position.lon == place.position.lon &&
-            excluded->ident == place.ident) {
-            return true;
-        }
-    }
-    return false;
-}
-
 bool searchIndex(LocationIndex& index, RowReader& rows, const DatabaseFile& file, int fileNumber,
                  const PlaceSources& sources, KindMask kinds, std::span<const int> cells,
                  Search& search) {
@@ -216,12 +200,7 @@ void searchUserRecords(const PlaceSources& sources, KindMask kinds, std::span<co
     for (const int cell : cells) {
         for (const DatabaseRecord* const record : sources.userRecords->bucket(cell)) {
             if ((record->GetKind() & kinds) != 0 && search.wants(record->position) &&
-                !search.take({.position = record->position,
-                              .kind = record->GetKind(),
-                              .flags = flagsOf(*record),
-                              .expired = record->expired,
-                              .ident = record->ident,
-                              .match = record->origin.match})) {
+                !search.take(placeOfUser(*record))) {
                 return;
             }
         }
@@ -266,6 +245,31 @@ std::vector<int> cellsAround(GeoPoint centre, double radius) {
 }
 
 }  // namespace
+
+bool isExcluded(const PlaceSources& sources, const Place& place) {
+    const auto byLatitude = [](const ExcludedPlace& excluded, double lat) {
+        return excluded.position.lat < lat;
+    };
+    auto excluded = std::lower_bound(sources.exclusions.begin(), sources.exclusions.end(),
+                                     place.position.lat, byLatitude);
+    for (; excluded != sources.exclusions.end() && excluded->position.lat == place.position.lat;
+         ++excluded) {
+        if (excluded->file == place.match.file && excluded->position.lon == place.position.lon &&
+            excluded->ident == place.ident) {
+            return true;
+        }
+    }
+    return false;
+}
+
+Place placeOfUser(const DatabaseRecord& record) {
+    return {.position = record.position,
+            .kind = record.GetKind(),
+            .flags = flagsOf(record),
+            .expired = record.expired,
+            .ident = record.ident,
+            .match = record.origin.match};
+}
 
 void findPlacesIn(const PlaceSources& sources, const GeoBox& box, KindMask kinds, std::size_t limit,
                   std::vector<Place>& places) {

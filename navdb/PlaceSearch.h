@@ -26,6 +26,9 @@ struct PlaceSources {
     const UserRecordStore* userRecords = nullptr;
 };
 
+[[nodiscard]] bool isExcluded(const PlaceSources& sources, const Place& place);
+[[nodiscard]] Place placeOfUser(const DatabaseRecord& record);
+
 /// Replaces `places` by those of `kinds` in the box, `limit` at most.
 void findPlacesIn(const PlaceSources& sources, const GeoBox& box, KindMask kinds, std::size_t limit,
                   std::vector<Place>& places);
