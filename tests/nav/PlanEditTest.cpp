@@ -1,0 +1,131 @@
+#include "config/StringTable.h"
+#include "nav/PlaceMatches.h"
+#include "nav/PlacesFixture.h"
+#include "nav/PlanEdit.h"
+#include "nav/RouteCheck.h"
+#include "nav/RouteEntry.h"
+#include "navdb/TestDatabase.h"
+
+namespace korvel {
+namespace {
+
+class PlanEditTest : public PlacesFixture {
+ protected:
+    PlanEditTest() {
+        // Airway V1: A1 B1 C1 D1 along the equator; B1 exists twice.
+        TestDatabase file;
+        for (int i = 0; i < 4; ++i) {
+            file.addFix(std::string(1, static_cast<char>('A' + i)) + "1", 0, i);
+        }
+        file.addFix("B1", 50, 100);
+        file.addAirway("V1", "A1 B1 C1 D1");
+        EXPECT_EQ(database_.openFile(file.write(folder_.path(), "w.ng2")), "");
+        place("f.LONE", 10, 10);
+    }
+
+    PlanEntries route(std::string_view line) {
+        return RouteEntry(database_, fixes_, degrees(0, 0)).EnterRoute(line, true).entries;
+    }
+    PlanEditResult insert(std::string_view line, std::size_t row, std::string_view words) {
+        return insertWords(route(line), row, words, database_, fixes_, std::nullopt);
+    }
+
+    TestFolder folder_;
+};
+
+TEST_F(PlanEditTest, Rows) {
+    EXPECT_EQ(textsOf(insert("A1 LONE", 1, "B1@45").entries), "A1 B1@45 LONE");
+    EXPECT_EQ(textsOf(insert("A1 LONE", 1, "V1 D1").entries), "A1 B1 C1 D1 LONE");
+    EXPECT_EQ(textsOf(insert("LONE", 0, "A1").entries), "A1 LONE");
+    EXPECT_EQ(textsOf(insert("LONE", 9, "A1 A1").entries), "LONE A1");
+    EXPECT_EQ(textsOf(insert("LONE", 1, "LONE").entries), "LONE");
+    EXPECT_EQ(textsOf(insert("LONE", 1, "").entries), "LONE");
+    // The nearer one of two.
+    const PlanEditResult near = insert("C1", 1, "B1");
+    EXPECT_NEAR(near.entries[1].position().lon * kRadToDeg, 1, 1e-6);
+    const PlanEditResult refused = insert("A1 LONE", 1, "B1 GONE");
+    EXPECT_EQ(refused.error, "GONE navaid/airway not found or data expired!");
+    EXPECT_EQ(textsOf(refused.entries), "A1 LONE");
+
+    EXPECT_EQ(textsOf(withRecord(route("A1 C1"), 1, places_.find("f.LONE")->Clone())),
+              "A1 f.LONE C1");
+    EXPECT_EQ(textsOf(withoutRow(route("A1 B1 A1 C1"), 1)), "A1 C1");
+    EXPECT_EQ(textsOf(withoutRow(route("A1"), 1)), "A1");
+    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1 C1"), 2, true)), "A1 C1 B1");
+    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1 C1"), 0, false)), "B1 A1 C1");
+    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1"), 0, true)), "A1 B1");
+    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1"), 1, false)), "A1 B1");
+    EXPECT_EQ(textsOf(reversed(route("A1@5 B1"))), "B1 A1@5");
+
+    EXPECT_EQ(textsOf(withAltitude(route("A1 B1"), 1, 4550).entries), "A1 B1@45.5");
+    EXPECT_EQ(textsOf(withAltitude(route("A1@9"), 0, kNoAltitudeFt).entries), "A1");
+    EXPECT_EQ(withAltitude(route("A1"), 0, 100001).error, text(TextId::InvalidAltitude));
+}
+
+TEST_F(PlanEditTest, HistoryIsBounded) {
+    PlanHistory history;
+    EXPECT_FALSE(history.undo({}));
+    for (std::size_t i = 0; i <= PlanHistory::kMostSteps; ++i) {
+        history.remember(PlanEntries(i));
+    }
+    EXPECT_EQ(history.undo(PlanEntries(99))->size(), PlanHistory::kMostSteps);
+    EXPECT_EQ(history.redo(PlanEntries(PlanHistory::kMostSteps))->size(), 99U);
+    EXPECT_FALSE(history.canRedo());
+    history.undo({});
+    history.remember({});
+    EXPECT_FALSE(history.canRedo());
+    std::size_t steps = 0;
+    while (history.undo({})) {
+        ++steps;
+    }
+    EXPECT_EQ(steps, PlanHistory::kMostSteps);
+}
+
+TEST_F(PlanEditTest, TypedLineIsChecked) {
+    using Kind = CheckedWord::Kind;
+    const auto kinds = [this](std::string_view line) {
+        const RouteCheck check = checkRoute(line, database_, fixes_, degrees(0, 0));
+        std::string found;
+        for (const CheckedWord& word : check.words) {
+            found += "PAUB"[static_cast<std::size_t>(word.kind)];
+            found += word.message.empty() ? "" : "!";
+        }
+        return found + (check.error.empty() ? "" : " refused");
+    };
+    static_assert(static_cast<int>(Kind::BadAltitude) == 3);
+    EXPECT_EQ(kinds("A1 V1 D1@55 LONE"), "PAPP");
+    EXPECT_EQ(kinds("A1 V1"), "PA! refused");
+    EXPECT_EQ(kinds("LONE V1 D1"), "PA!P refused");
+    EXPECT_EQ(kinds("V1 D1 GO"), "U!PU! refused");
+    EXPECT_EQ(kinds("A1@ B1@x"), "B!B! refused");
+    EXPECT_EQ(kinds(""), "");
+    const RouteCheck check = checkRoute("A1 V1 D1", database_, fixes_, degrees(0, 0));
+    EXPECT_EQ(check.count, 4U);
+    EXPECT_NEAR(check.totalNm, 180, 0.01);
+}
+
+TEST_F(PlanEditTest, WordsAreCompleted) {
+    const auto keys = [this](std::string_view typed, std::optional<GeoPoint> near,
+                             std::size_t limit) {
+        std::string found;
+        for (const PlaceMatch& match : placeMatches(database_, typed, near, limit)) {
+            found += match.key + ' ';
+        }
+        return found;
+    };
+    place("f.B", 60, 60);
+    place("v.BX", 0, 1.1);
+    EXPECT_EQ(keys("b", degrees(0, 0), 9), "f.B f.B1 v.BX f.B1 ");
+    EXPECT_EQ(keys("b", degrees(0, 0), 2), "f.B f.B1 ");
+    EXPECT_EQ(keys("v.b", degrees(0, 0), 9), "v.BX ");
+    EXPECT_EQ(keys("B1", std::nullopt, 9), "f.B1 f.B1 ");
+    EXPECT_EQ(keys("", std::nullopt, 9), "");
+    EXPECT_EQ(keys("ZZ", std::nullopt, 9), "");
+    const auto first = placeMatches(database_, "lo", degrees(10, 9), 1);
+    ASSERT_EQ(first.size(), 1U);
+    EXPECT_EQ(first[0].name, "LONE name");
+    EXPECT_NEAR(first[0].distanceNm.value_or(0), 59.1, 0.1);
+}
+
+}  // namespace
+}  // namespace korvel
