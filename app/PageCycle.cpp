@@ -6,7 +6,7 @@
 namespace korvel {
 namespace {
 
-constexpr std::array kPages = {PageId::Map, PageId::NorthUp, PageId::Satellite};
+constexpr std::array kPages = {PageId::Map, PageId::NorthUp, PageId::FlightPlan, PageId::Satellite};
 
 bool isIn(int mask, PageId page) {
     return (static_cast<unsigned>(mask) >> static_cast<unsigned>(page) & 1U) != 0;

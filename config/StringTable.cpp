@@ -29,6 +29,7 @@ constexpr std::array kTexts = {
     Row{TextId::NearestNotKnown, "Nearest airports not known yet"},
     Row{TextId::Expired, "EXPIRED"},
     Row{TextId::NoRunwayKnown, "No runway known"},
+    Row{TextId::NoFlightPlan, "No flight plan: press F or open a file"},
     Row{TextId::DaySchemeName, "Default"},
     Row{TextId::NightSchemeName, "Night-Flight"},
     Row{TextId::NavaidOrAirwayNotFound, "%s navaid/airway not found or data expired!"},

@@ -23,6 +23,7 @@ enum class TextId : int {
     NearestNotKnown = 61132,
     Expired = 61133,
     NoRunwayKnown = 61134,
+    NoFlightPlan = 61140,
     DaySchemeName = 61208,
     NightSchemeName = 61209,
     NavaidOrAirwayNotFound = 61259,  ///< %s: identifier

@@ -55,6 +55,11 @@ std::string distanceText(double nm) {
     return number + " " + std::string(labels.distance);
 }
 
+std::string altitudeText(int feet, int altUnit) {
+    return altUnit == 1 ? formatInt(RoundToInt(feet * kMetresPerFoot)) + " m"
+                        : formatInt(feet) + " ft";
+}
+
 std::string courseText(double degrees) {
     const int whole = RoundToInt(PositiveMod(degrees, 360));
     return zeroPadded(whole == 0 ? 360 : whole, 3);

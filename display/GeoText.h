@@ -17,6 +17,9 @@ std::string longitudeText(double degrees, int decimals);
 /// that is 0: "32.5 nm".
 std::string distanceText(double nm);
 
+/// "4500 ft", or in metres "1372 m" where `altUnit` is 1.
+std::string altitudeText(int feet, int altUnit);
+
 /// A course or track as three digits, 001 to 360 as they are flown; degrees of any turn.
 std::string courseText(double degrees);
 

@@ -1,14 +1,18 @@
 #pragma once
 
+#include <span>
+
 #include "display/Canvas.h"
 #include "display/CockpitData.h"
 #include "display/LabelSpace.h"
 #include "display/MapColorCache.h"
 #include "display/MapFurniture.h"
 #include "display/MapViewport.h"
+#include "display/PlanMarks.h"
 
 namespace korvel {
 
+class TrackLevels;
 struct PlaceSet;
 
 /// All that a map layer may look at while it paints one frame. Everything is const but the labels'
@@ -24,7 +28,9 @@ struct MapFrame {
     double textPx;   ///< type size of labels
     const MapFurniture& furniture;
     LabelSpace& labels;
-    const PlaceSet* places = nullptr;  ///< from the databases; null for none
+    const PlaceSet* places = nullptr;       ///< from the databases; null for none
+    const TrackLevels* track = nullptr;     ///< of CockpitData::track; null for none
+    std::span<const PlanMark> planMarks{};  ///< with the room that their labels have
 };
 
 }  // namespace korvel

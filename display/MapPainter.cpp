@@ -1,6 +1,7 @@
 #include "display/MapPainter.h"
 
 #include <array>
+#include <vector>
 
 #include "display/AircraftLayer.h"
 #include "display/FurnitureLayer.h"
@@ -9,8 +10,10 @@
 #include "display/MapLook.h"
 #include "display/PlaceClass.h"
 #include "display/PlaceLayer.h"
+#include "display/PlanLayer.h"
 #include "display/RangeRingLayer.h"
 #include "display/RunwayLayer.h"
+#include "display/TrackLayer.h"
 
 namespace korvel {
 namespace {
@@ -29,6 +32,8 @@ constexpr std::array kLayers{
     MapLayer{"compass roses", kNearest, kRosesToNm, paintCompassRoses},
     MapLayer{"runways", kNearest, kRunwaysToNm, paintRunways},
     MapLayer{"places", kNearest, kFarthest, paintPlaces},
+    MapLayer{"track", kNearest, kFarthest, paintTrack},
+    MapLayer{"plan", kNearest, kFarthest, paintPlan},
     MapLayer{"aircraft", kNearest, kFarthest, paintAircraft},
     MapLayer{"furniture", kNearest, kFarthest, paintFurniture},
 };
@@ -56,6 +61,9 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
     for (const Rect& area : furniture.areas())
         labels.reserve(area);
     labels.reserve(aircraftArea(aircraft, textPx));
+    // Before all layers: no name on the map is more important than those of the plan.
+    const std::vector<PlanMark> planMarks =
+        layOutPlan(canvas, data, projection, view, textPx, labels);
 
     const MapFrame frame{.data = data,
                          .colors = colors,
@@ -67,7 +75,9 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
                          .textPx = textPx,
                          .furniture = furniture,
                          .labels = labels,
-                         .places = scene.places};
+                         .places = scene.places,
+                         .track = scene.track,
+                         .planMarks = planMarks};
     for (const MapLayer& layer : mapLayers())
         if (rangeNm >= layer.fromRangeNm && rangeNm <= layer.toRangeNm)
             layer.paint(frame, canvas);

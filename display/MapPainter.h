@@ -12,6 +12,7 @@ namespace korvel {
 
 class MapColorCache;
 struct MapFrame;
+class TrackLevels;
 struct PlaceSet;
 
 /// One layer of the map: a function that paints a frame, and the display ranges at which it shows.
@@ -42,7 +43,8 @@ struct MapScene {
     bool turns = true;            ///< the aircraft points up; otherwise it points along its track
     /// What stands in the aircraft's place while the pilot looks around; none: the aircraft.
     std::optional<GeoPoint> lookAt = std::nullopt;
-    const PlaceSet* places = nullptr;  ///< from the databases; null for none
+    const PlaceSet* places = nullptr;    ///< from the databases; null for none
+    const TrackLevels* track = nullptr;  ///< of CockpitData::track; null for none
 };
 
 /// Paints the map around the live position, or around the last one, which it marks as lost. One of

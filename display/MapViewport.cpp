@@ -27,7 +27,9 @@ bool isStep(int rangeNm) {
 int evenUp(int pixels) { return static_cast<int>((static_cast<unsigned>(pixels) + 1U) & ~1U); }
 
 /// -pi up to but not including pi.
-double wrapLongitude(double lon) { return PositiveMod(lon + kPi, kTwoPi) - kPi; }
+double wrapLongitude(double lon) {
+    return lon >= -kPi && lon < kPi ? lon : PositiveMod(lon + kPi, kTwoPi) - kPi;
+}
 
 /// (x, y) turned by whole degrees; to the right when y grows downwards.
 Point turned(Point point, int deg) {

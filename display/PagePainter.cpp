@@ -15,6 +15,10 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
         paintSatellitePage(canvas, data, colors_);
         return;
     }
+    if (page == PageId::FlightPlan) {
+        paintFlightPlanPage(canvas, data, scene.plan, colors_);
+        return;
+    }
     if (!data.position && !data.lastPosition) {
         paintStatusScreen(canvas, data, colors_);
         return;
@@ -23,6 +27,7 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
         paintNearestPage(canvas, data, scene.nearest, colors_);
         return;
     }
+    track_.update(data.track);
     // Pages that are not drawn yet show the map: better than nothing in flight.
     paintMap(canvas,
              {.data = data,
@@ -30,7 +35,8 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
               .upTrueDeg = turns(page) ? scene.upTrueDeg : 0,
               .turns = turns(page),
               .lookAt = scene.lookAt,
-              .places = scene.places},
+              .places = scene.places,
+              .track = &track_},
              colors_);
 }
 

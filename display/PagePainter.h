@@ -4,9 +4,11 @@
 
 #include "display/Canvas.h"
 #include "display/CockpitData.h"
+#include "display/FlightPlanPage.h"
 #include "display/MapViewport.h"
 #include "display/NearestPage.h"
 #include "display/PageId.h"
+#include "display/TrackLevels.h"
 
 namespace korvel {
 
@@ -24,6 +26,7 @@ struct PageScene {
     std::optional<GeoPoint> lookAt = std::nullopt;
     const PlaceSet* places = nullptr;  ///< from the databases; null for none
     NearestView nearest{};             ///< where the pilot is in the list of airports
+    FlightPlanView plan{};             ///< where the pilot is in the list of the plan
 };
 
 /// Paints the display pages. To add one, write its painter and name it in PagePainter.cpp.
@@ -41,6 +44,7 @@ class PagePainter {
 
  private:
     const MapColorCache& colors_;
+    mutable TrackLevels track_;  ///< a cache of CockpitData::track
 };
 
 }  // namespace korvel

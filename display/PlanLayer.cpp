@@ -1,0 +1,145 @@
+#include "display/PlanLayer.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "display/Clip.h"
+#include "display/GreatCircleLine.h"
+#include "display/MapFrame.h"
+#include "nav/Geodesy.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kFaded = 0.5;
+constexpr double kActiveWidth = 5;
+constexpr double kAheadWidth = 2.5;
+constexpr double kPassedWidth = 2;
+constexpr double kRim = 2;  // of the background around the active leg
+/// A course to intercept reaches at least so far before the waypoint, and so far behind it.
+constexpr double kCourseBeforeNm = 20;
+constexpr double kCourseBehindNm = 20;
+
+class PlanPainter {
+ public:
+    PlanPainter(const MapFrame& frame, Canvas& canvas)
+        : frame_(frame),
+          canvas_(canvas),
+          // A wide line's edge may show where its middle does not.
+          reach_(grown(frame.view, kActiveWidth)),
+          background_(frame.colors[ColorKey::MapBackground]),
+          plan_(frame.colors[ColorKey::MapFlightPlan]),
+          active_(frame.colors[ColorKey::MapFlightPlanActive]),
+          faded_(blended(plan_, background_, kFaded)) {}
+
+    void planLegs() const {
+        if (!frame_.data.plan)
+            return;
+        const PlanView& plan = *frame_.data.plan;
+        const std::optional<std::size_t> flown = flownRow(frame_.data);
+        for (std::size_t i = 1; i < plan.rows.size(); ++i) {
+            const GeoPoint from = plan.rows[i - 1].position;
+            const PlanPart part = planPart(plan, i);
+            if (i == flown && isFlownFrom(from))
+                continue;
+            line(from, plan.rows[i].position,
+                 part == PlanPart::Passed ? Pen{faded_, kPassedWidth, PenStyle::Dash}
+                                          : Pen{plan_, kAheadWidth, PenStyle::Solid});
+        }
+    }
+
+    void activeLeg() const {
+        const CockpitData& data = frame_.data;
+        if (!data.activeWaypoint)
+            return;
+        if (data.obsCourseMagDeg && data.desiredTrackTrueDeg)
+            course(*data.activeWaypoint, *data.desiredTrackTrueDeg);
+        else if (data.legStart)
+            wideLine(*data.legStart, *data.activeWaypoint);
+    }
+
+    void marks() const {
+        for (const PlanMark& mark : frame_.planMarks) {
+            symbol(mark);
+            if (!mark.label.empty())
+                label(mark);
+        }
+    }
+
+ private:
+    /// The leg that is flown is the plan's own, unless the pilot joined it from elsewhere.
+    [[nodiscard]] bool isFlownFrom(GeoPoint start) const {
+        const CockpitData& data = frame_.data;
+        return !data.directLeg && data.legStart && SamePoint(start, *data.legStart);
+    }
+
+    void line(GeoPoint from, GeoPoint to, const Pen& pen) const {
+        traceGreatCircle(frame_.projection, from, to, reach_,
+                         [&](std::span<const Point> piece) { canvas_.polyline(piece, pen); });
+    }
+
+    void wideLine(GeoPoint from, GeoPoint to) const {
+        line(from, to, {background_, kActiveWidth + 2 * kRim, PenStyle::Solid});
+        line(from, to, {active_, kActiveWidth, PenStyle::Solid});
+    }
+
+    /// Towards the waypoint wide, beyond it thin and dashed.
+    void course(GeoPoint waypoint, double courseTrueDeg) const {
+        const auto at = [&](double nm, double directionDeg) {
+            GeoPoint point;
+            PointAtRadialDistance(waypoint.lat, waypoint.lon, nm / kNmPerRadian,
+                                  directionDeg * kDegToRad, point.lat, point.lon);
+            return point;
+        };
+        const double before = std::max(kCourseBeforeNm, frame_.data.distanceNm.value_or(0) * 1.2);
+        line(waypoint, at(kCourseBehindNm, courseTrueDeg), {active_, kAheadWidth, PenStyle::Dash});
+        wideLine(at(before, PositiveMod(courseTrueDeg + 180, 360)), waypoint);
+    }
+
+    /// A diamond, open so that the chart's symbol shows, but for the waypoint that is flown to.
+    void symbol(const PlanMark& mark) const {
+        const double r = planSymbolRadius(mark.part, frame_.textPx);
+        const Point c = mark.at;
+        const std::array diamond{Point{c.x, c.y - r}, Point{c.x + r, c.y}, Point{c.x, c.y + r},
+                                 Point{c.x - r, c.y}};
+        const bool isActive = mark.part == PlanPart::Active;
+        const ColorValue color = isActive                        ? active_
+                                 : mark.part == PlanPart::Passed ? faded_
+                                                                 : plan_;
+        canvas_.polygon(diamond, std::nullopt, Pen{background_, 6, PenStyle::Solid});
+        canvas_.polygon(diamond, isActive ? std::optional<Brush>(color) : std::nullopt,
+                        Pen{color, mark.part == PlanPart::Passed ? 1.5 : 2.5, PenStyle::Solid});
+    }
+
+    void label(const PlanMark& mark) const {
+        TextStyle style = planLabelStyle(mark.part, frame_.textPx);
+        if (mark.part == PlanPart::Active) {
+            style.color = frame_.colors[ColorKey::HsiNumeral];
+            canvas_.rect(mark.labelBox, Brush{background_}, Pen{active_, 2, PenStyle::Solid});
+        } else {
+            style.color = mark.part == PlanPart::Passed ? faded_ : plan_;
+            style.halo = background_;
+        }
+        canvas_.text(mark.labelAt, mark.label, style);
+    }
+
+    const MapFrame& frame_;
+    Canvas& canvas_;
+    Rect reach_;
+    ColorValue background_;
+    ColorValue plan_;
+    ColorValue active_;
+    ColorValue faded_;
+};
+
+}  // namespace
+
+void paintPlan(const MapFrame& frame, Canvas& canvas) {
+    const PlanPainter painter(frame, canvas);
+    painter.planLegs();
+    painter.activeLeg();
+    painter.marks();
+}
+
+}  // namespace korvel

@@ -1,0 +1,162 @@
+#include "display/TrackLayer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <optional>
+#include <utility>
+
+#include "display/Clip.h"
+#include "display/MapFrame.h"
+#include "display/TrackLevels.h"
+#include "nav/Geodesy.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::size_t kMostSegments = 8000;
+constexpr double kThinnedPx = 1.5;
+constexpr double kCellPx = 2;
+constexpr double kMargin = 2;
+/// A step that is no longer does not lead out of the map on one side and in again on the other.
+constexpr double kSurelyJoinedPx = 300;
+/// Up to so many segments are drawn two pixels wide, which costs three times as much.
+constexpr std::size_t kMostWide = 2000;
+
+/// The cells of the view on which the track already lies.
+class DrawnCells {
+ public:
+    explicit DrawnCells(const Rect& view)
+        : view_(view),
+          columns_(static_cast<std::size_t>(view.width / kCellPx) + 1),
+          drawn_(columns_ * (static_cast<std::size_t>(view.height / kCellPx) + 1)) {}
+
+    /// Whether the point's cell had been marked before. The point lies in the view.
+    bool mark(Point point) {
+        const auto column = static_cast<std::size_t>((point.x - view_.x) / kCellPx);
+        const auto row = static_cast<std::size_t>((point.y - view_.y) / kCellPx);
+        const std::size_t cell = row * columns_ + column;
+        const bool before = drawn_[cell];
+        drawn_[cell] = true;
+        return before;
+    }
+
+ private:
+    Rect view_;
+    std::size_t columns_;
+    std::vector<bool> drawn_;
+};
+
+class TrackTracer {
+ public:
+    TrackTracer(const MapProjection& projection, const Rect& view)
+        : projection_(projection), view_(view), cells_(view) {}
+
+    bool isFull() const { return segments_.size() >= kMostSegments; }
+
+    bool isSeen(const TrackLevels::Chunk& chunk) const {
+        if (!IsValid(chunk.middle))
+            return false;
+        // Turned by any angle.
+        const double pixelsPerRad = projection_.pixelsPerNm() * kNmPerRadian;
+        const double reach = pixelsPerRad * std::hypot(chunk.halfLatRad, chunk.halfLonRad);
+        return grown(view_, reach).contains(projection_.project(chunk.middle));
+    }
+
+    /// Goes on to an older point.
+    void to(GeoPoint point) {
+        if (!IsValid(point)) {
+            leave();
+            return;
+        }
+        const Point at = projection_.project(point);
+        if (anchor_) {
+            const double dx = at.x - anchor_->x;
+            const double dy = at.y - anchor_->y;
+            const double squared = dx * dx + dy * dy;
+            if (squared < kThinnedPx * kThinnedPx) {
+                skipped_ = at;
+                return;
+            }
+            if (squared < kSurelyJoinedPx * kSurelyJoinedPx || !crossesSeam(point.lon))
+                add({*anchor_, at});
+        }
+        anchor_ = at;
+        anchorLon_ = point.lon;
+        skipped_.reset();
+    }
+
+    /// The next point does not join the last one.
+    void leave() {
+        if (anchor_ && skipped_)
+            add({*anchor_, *skipped_});
+        anchor_.reset();
+        skipped_.reset();
+    }
+
+    std::vector<Segment> take() { return std::move(segments_); }
+
+ private:
+    double fromCenter(double lonRad) const {
+        return std::remainder(lonRad - projection_.center().lon, kTwoPi);
+    }
+
+    /// Between the anchor and that longitude the way leaves the map on one side.
+    bool crossesSeam(double lonRad) const {
+        return std::abs(fromCenter(lonRad) - fromCenter(anchorLon_)) > kPi;
+    }
+
+    void add(const Segment& segment) {
+        const auto inside = clipSegment(segment, view_);
+        if (!inside)
+            return;
+        const bool fromDrawn = cells_.mark(inside->from);
+        const bool toDrawn = cells_.mark(inside->to);
+        const double length = std::hypot(inside->to.x - inside->from.x,  //
+                                         inside->to.y - inside->from.y);
+        if (!fromDrawn || !toDrawn || length > 2 * kCellPx)
+            segments_.push_back(*inside);
+    }
+
+    const MapProjection& projection_;
+    Rect view_;
+    DrawnCells cells_;
+    std::vector<Segment> segments_;
+    std::optional<Point> anchor_;
+    double anchorLon_ = 0;
+    std::optional<Point> skipped_;
+};
+
+}  // namespace
+
+std::vector<Segment> trackSegments(const TrackLevels& track, const MapProjection& projection,
+                                   const Rect& view) {
+    TrackTracer tracer(projection, grown(view, kMargin));
+    const TrackLevels::Level& level = track.levelFor(kThinnedPx / projection.pixelsPerNm());
+    tracer.to(track.end());
+    for (std::size_t i = level.chunks.size(); i-- > 0 && !tracer.isFull();) {
+        const std::size_t begin = i * TrackLevels::kChunkPoints;
+        std::size_t point = std::min(begin + TrackLevels::kChunkPoints, level.points.size());
+        // The last chunk is joined to the end of the track, which it does not hold.
+        if (i + 1 < level.chunks.size() && !tracer.isSeen(level.chunks[i])) {
+            tracer.leave();
+            continue;
+        }
+        while (point-- > begin)
+            tracer.to(level.points[point]);
+        if (begin > 0)
+            tracer.to(level.points[begin - 1]);
+    }
+    tracer.leave();
+    return tracer.take();
+}
+
+void paintTrack(const MapFrame& frame, Canvas& canvas) {
+    if (frame.track == nullptr)
+        return;
+    const std::vector<Segment> segments = trackSegments(*frame.track, frame.projection, frame.view);
+    canvas.lines(segments, {.color = frame.colors[ColorKey::MapTrack],
+                            .width = segments.size() > kMostWide ? 1.0 : 2.0});
+}
+
+}  // namespace korvel
