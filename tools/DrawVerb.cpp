@@ -1,3 +1,4 @@
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -9,12 +10,15 @@
 #include "display/MapPlaces.h"
 #include "display/MapViewport.h"
 #include "display/PagePainter.h"
+#include "display/PlanViewBuilder.h"
 #include "display/SvgCanvas.h"
+#include "display/TrackLevels.h"
 #include "nav/Geodesy.h"
 #include "platform/FileIo.h"
 #include "tools/Arguments.h"
 #include "tools/Invocation.h"
 #include "tools/LoadedDatabase.h"
+#include "tools/PlanInput.h"
 #include "tools/Verbs.h"
 
 namespace korvel {
@@ -44,11 +48,15 @@ struct MapOptions {
     std::string at;
     std::string range;
     std::string angle = "0";
+    std::string plan;
+    std::string track;
 
     void declare(CLI::App& app) {
         picture.declare(app);
         app.add_option("--at", at, "Position of the aircraft, LAT,LON")->required();
         app.add_option("--range", range, "Miles from the aircraft to the top")->required();
+        app.add_option("--plan", plan, "A flight plan to draw, \".fp\" or \".TXT\"");
+        app.add_option("--track", track, "A \".trk\" track to draw");
         app.add_option("--angle", angle, "True track; points up unless the page is North-Up");
     }
 };
@@ -85,19 +93,57 @@ int finish(const Invocation& call, const PictureOptions& picture, const SvgCanva
     return call.done({{"file", picture.output}}, "");
 }
 
+/// Flies the plan from the aircraft's position, as the program does when a plan is opened. Returns
+/// the message, empty on success.
+std::string addPlan(LoadedDatabase& loaded, const std::string& file, CockpitData& data) {
+    if (file.empty())
+        return {};
+    const PlanInput input(loaded, file);
+    if (!input.error.empty())
+        return input.error;
+    const Variation variation{.databaseDeg = loaded.database.variationNear(*data.position)};
+    FlightPlan plan = **input.plan.lock();
+    if (const auto leg = plan.ChooseActiveLeg(
+            {.position = *data.position,
+             .trackMag = variation.TrueToMagnetic(data.trackTrueDeg.value_or(kNoAngle)),
+             .variation = variation})) {
+        data.activeWaypoint = leg->waypoint->position();
+        data.legStart = leg->start.value_or(*data.position);
+        data.activeName = leg->waypoint->record->GetName();
+        data.activeKey = leg->waypoint->record->key;
+    }
+    data.plan = std::make_shared<PlanView>(makePlanView(plan, variation));
+    return {};
+}
+
+std::string addTrack(const Clock& clock, const std::string& file, CockpitData& data) {
+    if (file.empty())
+        return {};
+    auto track = std::make_shared<Track>(clock);
+    std::string error = readTrackFile(file, *track);
+    data.track = std::move(track);
+    return error;
+}
+
 int drawMap(const Invocation& call, const MapOptions& options) {
     CockpitData data;
     data.position = toPosition(options.at);
     const MapViewport viewport = toViewport(options);
     const int angle = toWholeAngle(options.angle);
     data.trackTrueDeg = angle;
+    LoadedDatabase loaded(call);
+    for (const std::string& error :
+         {addPlan(loaded, options.plan, data), addTrack(loaded.clock, options.track, data)})
+        if (!error.empty())
+            return call.fail(error);
+    TrackLevels track;
+    track.update(data.track);
     ColorScheme scheme;
     scheme.load(options.picture.scheme, call.dataFiles());
 
     const auto [width, height] = toSize(options.picture.size);
     SvgCanvas canvas(width, height);
     const PageId page{options.picture.page};
-    const LoadedDatabase loaded(call);
     if (loaded.database.files().empty())
         data.databaseNotice = text(TextId::NoDatabase);
     MapPlaces places(loaded.database);
@@ -111,7 +157,8 @@ int drawMap(const Invocation& call, const MapOptions& options) {
               .viewport = viewport,
               .upTrueDeg = upDeg,
               .turns = PagePainter::turns(page),
-              .places = &places.set()},
+              .places = &places.set(),
+              .track = &track},
              MapColorCache(scheme));
     return finish(call, options.picture, canvas);
 }

@@ -1,6 +1,7 @@
 #include "tools/PlanInput.h"
 
 #include "config/StringTable.h"
+#include "nav/Track.h"
 #include "platform/FileIo.h"
 #include "tools/RecordJson.h"
 
@@ -11,6 +12,14 @@ PlanInput::PlanInput(LoadedDatabase& loaded, const std::string& file)
     const auto bytes = readWholeFile(file);
     error = bytes ? files.OpenPlanFile(file, *bytes)
                   : std::string(text(TextId::FileOpenError)) + ": " + file;
+}
+
+std::string readTrackFile(const std::string& file, Track& track) {
+    const auto bytes = readWholeFile(file);
+    if (!bytes) {
+        return std::string(text(TextId::FileOpenError)) + ": " + file;
+    }
+    return track.ReadTrackText(*bytes) ? std::string() : std::string(text(TextId::InvalidFormat));
 }
 
 void addWaypoint(Json& json, const PlanWaypoint& entry) {

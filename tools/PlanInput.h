@@ -9,6 +9,8 @@
 
 namespace korvel {
 
+class Track;
+
 /// A plan file read as the program does it: a ".fp" file, or a ".TXT" list that is converted into
 /// ".fp" files beside it.
 struct PlanInput {
@@ -20,6 +22,9 @@ struct PlanInput {
     GuardedPlan plan;
     PlanFiles files;
 };
+
+/// Reads a ".trk" file; the message, empty on success.
+std::string readTrackFile(const std::string& file, Track& track);
 
 /// Adds key, altitude and position of an entry.
 void addWaypoint(Json& json, const PlanWaypoint& entry);

@@ -9,6 +9,7 @@
 #include "platform/FileIo.h"
 #include "platform/SystemClock.h"
 #include "tools/Invocation.h"
+#include "tools/PlanInput.h"
 #include "tools/RecordJson.h"
 #include "tools/Verbs.h"
 
@@ -63,15 +64,6 @@ std::string summary(const Track::Recording& recording) {
            "\n";
 }
 
-/// The message, empty on success.
-std::string readTrack(const std::string& file, Track& track) {
-    const auto bytes = readWholeFile(file);
-    if (!bytes) {
-        return std::string(text(TextId::FileOpenError)) + ": " + file;
-    }
-    return track.ReadTrackText(*bytes) ? std::string() : std::string(text(TextId::InvalidFormat));
-}
-
 }  // namespace
 
 int runTrack(Invocation& call) {
@@ -82,7 +74,7 @@ int runTrack(Invocation& call) {
     call.parse();
     const SystemClock clock;
     Track track(clock);
-    const std::string error = readTrack(file, track);
+    const std::string error = readTrackFile(file, track);
     Json document{{"error", error}, {"base", nullptr}, {"points", Json::array()}};
     if (!error.empty()) {
         return call.fail(error, document);
