@@ -36,7 +36,7 @@ struct ColumnLook {
 };
 
 constexpr std::array kColumns{
-    ColumnLook{Column::Altitude, "ALT", 3.9, true}, ColumnLook{Column::Track, "TRK", 3.2, true},
+    ColumnLook{Column::Altitude, "ALT", 3.9, true}, ColumnLook{Column::Track, "TRK °M", 3.4, true},
     ColumnLook{Column::Leg, "DIST", 4.0, true},     ColumnLook{Column::Total, "TOTAL", 4.4, false},
     ColumnLook{Column::Time, "ETE", 3.6, true},     ColumnLook{Column::Arrival, "ETA", 3.7, true}};
 
@@ -143,7 +143,18 @@ class FlightPlanPainter {
         const TextStyle left = style(0.8, color, AlignX::Left);
         canvas_.text({namesBegin(), y}, fitting(title, left.font, namesEnd_ - namesBegin()), left);
         for (const PlacedColumn& column : columns_)
-            canvas_.text({column.right, y}, column.look->head, style(0.8, color, AlignX::Right));
+            canvas_.text({column.right, y}, headOf(*column.look), style(0.8, color, AlignX::Right));
+    }
+
+    /// With its unit where that depends on the settings.
+    static std::string headOf(const ColumnLook& look) {
+        std::string head(look.head);
+        if (look.column == Column::Leg) {
+            UnitLabels labels;
+            ConvertDistance(0, &labels);
+            head.append(" ").append(labels.distance);
+        }
+        return head;
     }
 
     [[nodiscard]] double namesBegin() const { return textPx_ * 2.2; }
@@ -177,7 +188,7 @@ class FlightPlanPainter {
                          cellText(column.look->column, row, figures, data_),
                          style(1, ink, AlignX::Right, isActive));
         if (view_.selectedRow == index)
-            canvas_.rect({area.x + 1.5, area.y + 1.5, area.width - 3, area.height - 3},
+            canvas_.rect({area.x + 1.5, area.y + 1.5, area.width - kBarPx - 3, area.height - 3},
                          std::nullopt, Pen{colors_[ColorKey::MapNavaidSelected], 3});
     }
 
@@ -227,17 +238,21 @@ class FlightPlanPainter {
     void totals(const PlanFigures& last) {
         const Rect area = rows_.totals();
         canvas_.line({area.x, area.y}, {area.right(), area.y}, {colors_[ColorKey::HsiLine], 2});
-        const double y = area.center().y;
-        const bool inFlight = last.totalNm && data_.distanceNm && flownRow(data_);
-        std::string words = "Total " + distanceText(data_.plan->totalNm);
-        if (inFlight)
-            words +=
-                "   To go " + distanceText(*last.totalNm) + "   " + durationText(last.totalHours);
-        canvas_.text({textPx_ * 0.7, y}, words, style(1, ink_, AlignX::Left));
-        if (inFlight)
-            canvas_.text({columns_.front().right, y},
-                         "ETA " + arrivalText(last.totalHours, data_.now),
-                         style(1, ink_, AlignX::Right));
+        std::vector<std::string> words{"Total " + distanceText(data_.plan->totalNm)};
+        if (last.totalNm && data_.distanceNm && flownRow(data_))
+            words.insert(words.end(), {"To go " + distanceText(*last.totalNm),
+                                       "ETE " + durationText(last.totalHours),
+                                       "ETA " + arrivalText(last.totalHours, data_.now)});
+        const double left = textPx_ * 0.7;
+        const double step =
+            (columns_.front().right - left) / std::max(static_cast<double>(words.size()) - 1, 1.0);
+        for (std::size_t i = 0; i < words.size(); ++i) {
+            const AlignX align = i == 0                  ? AlignX::Left
+                                 : i + 1 == words.size() ? AlignX::Right
+                                                         : AlignX::Center;
+            canvas_.text({left + step * static_cast<double>(i), area.center().y}, words[i],
+                         style(1, ink_, align));
+        }
     }
 
     Canvas& canvas_;

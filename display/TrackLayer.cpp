@@ -22,6 +22,7 @@ constexpr double kMargin = 2;
 constexpr double kSurelyJoinedPx = 300;
 /// Up to so many segments are drawn two pixels wide, which costs three times as much.
 constexpr std::size_t kMostWide = 2000;
+constexpr double kOverlapPx = 0.7;
 
 /// The cells of the view on which the track already lies.
 class DrawnCells {
@@ -127,6 +128,18 @@ class TrackTracer {
     std::optional<Point> skipped_;
 };
 
+/// Segments that only touch leave a notch at every joint of a wide line.
+void overlapNeighbours(Segment& segment) {
+    const double dx = segment.to.x - segment.from.x;
+    const double dy = segment.to.y - segment.from.y;
+    const double length = std::hypot(dx, dy);
+    if (length > 0) {
+        const double share = kOverlapPx / length;
+        segment = {{segment.from.x - dx * share, segment.from.y - dy * share},
+                   {segment.to.x + dx * share, segment.to.y + dy * share}};
+    }
+}
+
 }  // namespace
 
 std::vector<Segment> trackSegments(const TrackLevels& track, const MapProjection& projection,
@@ -154,9 +167,12 @@ std::vector<Segment> trackSegments(const TrackLevels& track, const MapProjection
 void paintTrack(const MapFrame& frame, Canvas& canvas) {
     if (frame.track == nullptr)
         return;
-    const std::vector<Segment> segments = trackSegments(*frame.track, frame.projection, frame.view);
-    canvas.lines(segments, {.color = frame.colors[ColorKey::MapTrack],
-                            .width = segments.size() > kMostWide ? 1.0 : 2.0});
+    std::vector<Segment> segments = trackSegments(*frame.track, frame.projection, frame.view);
+    const bool isWide = segments.size() <= kMostWide;
+    if (isWide)
+        std::ranges::for_each(segments, overlapNeighbours);
+    canvas.lines(segments,
+                 {.color = frame.colors[ColorKey::MapTrack], .width = isWide ? 2.0 : 1.0});
 }
 
 }  // namespace korvel
