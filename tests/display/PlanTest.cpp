@@ -20,8 +20,7 @@
 #include "display/TrackLevels.h"
 #include "platform/VirtualClock.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 constexpr Rect kView{0, 0, 800, 480};
 
@@ -29,24 +28,20 @@ double distanceTo(const Segment& s, Point p) {
     const double dx = s.to.x - s.from.x;
     const double dy = s.to.y - s.from.y;
     const double length = dx * dx + dy * dy;
-    const double along =
-        length == 0 ? 0
-                    : std::clamp(((p.x - s.from.x) * dx + (p.y - s.from.y) * dy) / length, 0., 1.);
+    const double along = length == 0 ? 0 : std::clamp(((p.x - s.from.x) * dx + (p.y - s.from.y) * dy) / length, 0., 1.);
     return std::hypot(s.from.x + along * dx - p.x, s.from.y + along * dy - p.y);
 }
 
 double distanceTo(const std::vector<Segment>& segments, Point p) {
     double nearest = std::numeric_limits<double>::infinity();
-    for (const Segment& segment : segments)
-        nearest = std::min(nearest, distanceTo(segment, p));
+    for (const Segment& segment : segments) nearest = std::min(nearest, distanceTo(segment, p));
     return nearest;
 }
 
 std::vector<Segment> traced(const MapProjection& projection, GeoPoint from, GeoPoint to) {
     std::vector<Segment> segments;
     traceGreatCircle(projection, from, to, kView, [&](std::span<const Point> piece) {
-        for (std::size_t i = 1; i < piece.size(); ++i)
-            segments.push_back({piece[i - 1], piece[i]});
+        for (std::size_t i = 1; i < piece.size(); ++i) segments.push_back({piece[i - 1], piece[i]});
     });
     return segments;
 }
@@ -69,8 +64,7 @@ TEST(GreatCircleLine, LiesOnTheWayAndNowhereElse) {
     for (const Case& one : cases) {
         const MapProjection projection(one.center, {400, 270}, one.pixelsPerNm, 30);
         const std::vector<Segment> segments = traced(projection, one.from, one.to);
-        const double length =
-            GreatCircleDistance(one.from.lat, one.from.lon, one.to.lat, one.to.lon);
+        const double length = GreatCircleDistance(one.from.lat, one.from.lon, one.to.lat, one.to.lon);
         const double course = TrueCourse(one.from.lat, one.from.lon, one.to.lat, one.to.lon);
         std::vector<Segment> exact;
         Point before{-1, -1};
@@ -78,8 +72,7 @@ TEST(GreatCircleLine, LiesOnTheWayAndNowhereElse) {
         constexpr int kSteps = 20000;
         for (int i = 0; i <= kSteps; ++i) {
             GeoPoint place;
-            PointAtRadialDistance(one.from.lat, one.from.lon, length * i / kSteps, course,
-                                  place.lat, place.lon);
+            PointAtRadialDistance(one.from.lat, one.from.lon, length * i / kSteps, course, place.lat, place.lon);
             const Point at = projection.project(place);
             if (kView.contains(at)) {
                 ++seen;
@@ -138,16 +131,13 @@ TEST(TrackLayer, DrawsWhereTheTrackWentAndNotAcrossBreaks) {
             const Point at = projection.project(slot->position);
             if (before) {
                 exact.push_back({*before, at});
-                if (kView.contains(at)) {
-                    EXPECT_LT(distanceTo(segments, at), 5.0) << pixelsPerNm;
-                }
+                if (kView.contains(at)) { EXPECT_LT(distanceTo(segments, at), 5.0) << pixelsPerNm; }
             }
             before = at;
         }
         for (const Segment& segment : segments)
-            EXPECT_LT(distanceTo(exact, {(segment.from.x + segment.to.x) / 2,
-                                         (segment.from.y + segment.to.y) / 2}),
-                      3.0);
+            EXPECT_LT(
+                distanceTo(exact, {(segment.from.x + segment.to.x) / 2, (segment.from.y + segment.to.y) / 2}), 3.0);
     }
 }
 
@@ -292,5 +282,4 @@ TEST(PlanLayer, ActiveLegStandsOut) {
     EXPECT_EQ(pens(), "2-d 3p 3p 3pd 9- 5p ");
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel

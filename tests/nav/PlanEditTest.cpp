@@ -1,3 +1,4 @@
+#include "TempFolder.h"
 #include "config/StringTable.h"
 #include "nav/PlaceMatches.h"
 #include "nav/PlacesFixture.h"
@@ -6,17 +7,14 @@
 #include "nav/RouteEntry.h"
 #include "navdb/TestDatabase.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 class PlanEditTest : public PlacesFixture {
  protected:
     PlanEditTest() {
         // Airway V1: A1 B1 C1 D1 along the equator; B1 exists twice.
         TestDatabase file;
-        for (int i = 0; i < 4; ++i) {
-            file.addFix(std::string(1, static_cast<char>('A' + i)) + "1", 0, i);
-        }
+        for (int i = 0; i < 4; ++i) { file.addFix(std::string(1, static_cast<char>('A' + i)) + "1", 0, i); }
         file.addFix("B1", 50, 100);
         file.addAirway("V1", "A1 B1 C1 D1");
         EXPECT_EQ(database_.openFile(file.write(folder_.path(), "w.ng2")), "");
@@ -30,7 +28,7 @@ class PlanEditTest : public PlacesFixture {
         return insertWords(route(line), row, words, database_, fixes_, std::nullopt);
     }
 
-    TestFolder folder_;
+    TempFolder folder_;
 };
 
 TEST_F(PlanEditTest, Rows) {
@@ -47,8 +45,7 @@ TEST_F(PlanEditTest, Rows) {
     EXPECT_EQ(refused.error, "GONE navaid/airway not found or data expired!");
     EXPECT_EQ(textsOf(refused.entries), "A1 LONE");
 
-    EXPECT_EQ(textsOf(withRecord(route("A1 C1"), 1, places_.find("f.LONE")->Clone())),
-              "A1 f.LONE C1");
+    EXPECT_EQ(textsOf(withRecord(route("A1 C1"), 1, places_.find("f.LONE")->Clone())), "A1 f.LONE C1");
     EXPECT_EQ(textsOf(withoutRow(route("A1 B1 A1 C1"), 1)), "A1 C1");
     EXPECT_EQ(textsOf(withoutRow(route("A1"), 1)), "A1");
     EXPECT_EQ(textsOf(withRowMoved(route("A1 B1 C1"), 2, true)), "A1 C1 B1");
@@ -65,9 +62,7 @@ TEST_F(PlanEditTest, Rows) {
 TEST_F(PlanEditTest, HistoryIsBounded) {
     PlanHistory history;
     EXPECT_FALSE(history.undo({}));
-    for (std::size_t i = 0; i <= PlanHistory::kMostSteps; ++i) {
-        history.remember(PlanEntries(i));
-    }
+    for (std::size_t i = 0; i <= PlanHistory::kMostSteps; ++i) { history.remember(PlanEntries(i)); }
     EXPECT_EQ(history.undo(PlanEntries(99))->size(), PlanHistory::kMostSteps);
     EXPECT_EQ(history.redo(PlanEntries(PlanHistory::kMostSteps))->size(), 99U);
     EXPECT_FALSE(history.canRedo());
@@ -75,9 +70,7 @@ TEST_F(PlanEditTest, HistoryIsBounded) {
     history.remember({});
     EXPECT_FALSE(history.canRedo());
     std::size_t steps = 0;
-    while (history.undo({})) {
-        ++steps;
-    }
+    while (history.undo({})) { ++steps; }
     EXPECT_EQ(steps, PlanHistory::kMostSteps);
 }
 
@@ -105,12 +98,9 @@ TEST_F(PlanEditTest, TypedLineIsChecked) {
 }
 
 TEST_F(PlanEditTest, WordsAreCompleted) {
-    const auto keys = [this](std::string_view typed, std::optional<GeoPoint> near,
-                             std::size_t limit) {
+    const auto keys = [this](std::string_view typed, std::optional<GeoPoint> near, std::size_t limit) {
         std::string found;
-        for (const PlaceMatch& match : placeMatches(database_, typed, near, limit)) {
-            found += match.key + ' ';
-        }
+        for (const PlaceMatch& match : placeMatches(database_, typed, near, limit)) { found += match.key + ' '; }
         return found;
     };
     place("f.B", 60, 60);
@@ -127,5 +117,4 @@ TEST_F(PlanEditTest, WordsAreCompleted) {
     EXPECT_NEAR(first[0].distanceNm.value_or(0), 59.1, 0.1);
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel
