@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "Cockpit.h"
+#include "TempFolder.h"
 #include "display/AirportPicture.h"
 #include "display/ColorScheme.h"
 #include "display/LabelSpace.h"
@@ -47,7 +48,7 @@ class PlacesTest : public ::testing::Test {
         database_.setUserRecords(&records_);
     }
 
-    TestFolder folder_;
+    TempFolder folder_;
     VirtualClock clock_{LocalTime{2024, 5, 1, 12, 0, 0}};
     UserRecordStore records_;
     NavDatabase database_{clock_};
