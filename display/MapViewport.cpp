@@ -56,13 +56,15 @@ MapProjection::MapProjection(GeoPoint center, Point aircraft, double pixelsPerNm
       aircraft_(aircraft),
       pixelsPerNm_(pixelsPerNm),
       angleDeg_(angleDeg),
-      lonScale_(CosDeg(RoundToInt(center.lat * kRadToDeg))) {}
+      lonScale_(CosDeg(RoundToInt(center.lat * kRadToDeg))),
+      sine_(SinDeg(-angleDeg)),
+      cosine_(CosDeg(-angleDeg)) {}
 
 Point MapProjection::offsetOf(GeoPoint point) const {
     const double pixelsPerRadian = kRadToDeg * kNmPerDegree * pixelsPerNm_;
     const Point northUp{wrapLongitude(point.lon - center_.lon) * pixelsPerRadian * lonScale_,
                         (center_.lat - point.lat) * pixelsPerRadian};
-    return turned(northUp, -angleDeg_);
+    return {northUp.x * cosine_ - northUp.y * sine_, northUp.y * cosine_ + northUp.x * sine_};
 }
 
 Point MapProjection::project(GeoPoint point) const {

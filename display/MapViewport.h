@@ -48,6 +48,9 @@ class MapProjection {
     double pixelsPerNm_;
     int angleDeg_;
     double lonScale_;  ///< cosine of the rounded latitude
+    // Of the turn to the left by the angle: thousands of points are projected for one frame.
+    double sine_;
+    double cosine_;
 };
 
 /// What the pages need to put a position on the screen: the range, and the point that stands for

@@ -107,16 +107,20 @@ class TrackTracer {
         return std::abs(fromCenter(lonRad) - fromCenter(anchorLon_)) > kPi;
     }
 
-    void add(const Segment& segment) {
-        const auto inside = clipSegment(segment, view_);
-        if (!inside)
-            return;
-        const bool fromDrawn = cells_.mark(inside->from);
-        const bool toDrawn = cells_.mark(inside->to);
-        const double length = std::hypot(inside->to.x - inside->from.x,  //
-                                         inside->to.y - inside->from.y);
-        if (!fromDrawn || !toDrawn || length > 2 * kCellPx)
-            segments_.push_back(*inside);
+    void add(Segment segment) {
+        if (!view_.contains(segment.from) || !view_.contains(segment.to)) {
+            const auto inside = clipSegment(segment, view_);
+            if (!inside)
+                return;
+            segment = *inside;
+        }
+        const bool fromDrawn = cells_.mark(segment.from);
+        const bool toDrawn = cells_.mark(segment.to);
+        const double dx = segment.to.x - segment.from.x;
+        const double dy = segment.to.y - segment.from.y;
+        const bool isShort = dx * dx + dy * dy <= 4 * kCellPx * kCellPx;
+        if (!fromDrawn || !toDrawn || !isShort)
+            segments_.push_back(segment);
     }
 
     const MapProjection& projection_;

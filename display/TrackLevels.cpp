@@ -10,7 +10,9 @@ namespace {
 
 constexpr double kFinestNm = 0.00333;  // 20 ft
 
-double shortWay(double lonRad) { return std::remainder(lonRad, kTwoPi); }
+double shortWay(double lonRad) {
+    return std::abs(lonRad) <= kPi ? lonRad : std::remainder(lonRad, kTwoPi);
+}
 
 /// Near enough on a flat earth: these points lie close together.
 bool areApart(GeoPoint a, GeoPoint b, double spacingNm) {
