@@ -2,6 +2,7 @@
 // the clipping. What the raster adds is measured in bench/app.
 
 #include <cmath>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -12,7 +13,10 @@
 #include "display/MapColorCache.h"
 #include "display/PagePainter.h"
 #include "display/RecordingCanvas.h"
+#include "display/TrackLayer.h"
+#include "display/TrackLevels.h"
 #include "nav/Geodesy.h"
+#include "platform/VirtualClock.h"
 
 namespace korvel {
 namespace {
@@ -39,6 +43,58 @@ void paintPage(benchmark::State& state, PageId page) {
 BENCHMARK_CAPTURE(paintPage, Map, PageId::Map)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(paintPage, NorthUp, PageId::NorthUp)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(paintPage, Satellite, PageId::Satellite)->Unit(benchmark::kMicrosecond);
+
+/// 139 hours of flight as points every five seconds: wandering over a continent, or circuits
+/// around one aerodrome.
+std::shared_ptr<const Track> longTrack(bool circuits) {
+    static VirtualClock clock;
+    auto track = std::make_shared<Track>(clock);
+    GeoPoint at{48.35 * kDegToRad, 11.79 * kDegToRad};
+    double course = 0;
+    for (int i = 0; i < 100000; ++i) {
+        // A turn of 360 degrees in 4 minutes, and a little wind; or slow bends.
+        course += circuits ? kTwoPi / 48 + 1e-4 : 0.05 * std::sin(i * 0.003);
+        PointAtRadialDistance(at.lat, at.lon, 0.14 / kNmPerRadian, course, at.lat, at.lon);
+        track->AddTrackPoint(at, 100, 0, 2000);
+        clock.advanceMs(5000);
+    }
+    return track;
+}
+
+/// What of a track of 100,000 points is to be drawn; `segments` tells how much that is.
+void trackInView(benchmark::State& state, bool circuits) {
+    TrackLevels levels;
+    levels.update(longTrack(circuits));
+    MapProjection projection({48.35 * kDegToRad, 11.79 * kDegToRad}, {640, 430},
+                             430.0 / static_cast<double>(state.range(0)), 30);
+    std::size_t segments = 0;
+    for (auto frame : state)
+        segments = trackSegments(levels, projection, {0, 0, 1280, 800}).size();
+    state.counters["segments"] = static_cast<double>(segments);
+}
+BENCHMARK_CAPTURE(trackInView, wandering, false)
+    ->Arg(4)
+    ->Arg(40)
+    ->Arg(250)
+    ->Arg(1000)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(trackInView, circuits, true)
+    ->Arg(4)
+    ->Arg(40)
+    ->Arg(250)
+    ->Arg(1000)
+    ->Unit(benchmark::kMicrosecond);
+
+/// Opening such a track, and what one more point costs.
+void trackTaken(benchmark::State& state) {
+    const std::shared_ptr<const Track> track = longTrack(false);
+    for (auto round : state) {
+        TrackLevels levels;
+        levels.update(track);
+        benchmark::DoNotOptimize(levels.end());
+    }
+}
+BENCHMARK(trackTaken)->Unit(benchmark::kMillisecond);
 
 // A day's track of 10,000 points, of which a tenth lies in the view.
 void clipTrack(benchmark::State& state) {

@@ -7,6 +7,7 @@
 #include "nav/ActiveNavigation.h"
 #include "nav/GeneratedFixes.h"
 #include "nav/Geodesy.h"
+#include "nav/PlaceMatches.h"
 #include "nav/RouteEntry.h"
 #include "nav/TrackRecorder.h"
 #include "navdb/NavDatabase.h"
@@ -64,6 +65,47 @@ void enterRoute(benchmark::State& state) {
     state.counters["entries"] = static_cast<double>(entries);
 }
 BENCHMARK(enterRoute)->Unit(benchmark::kMillisecond);
+
+/// The bundled database of the world.
+struct BundledWorld {
+    BundledWorld() : error(database.openFile(KORVEL_WORLD_DATABASE)) {}
+    VirtualClock clock;
+    NavDatabase database{clock};
+    GeneratedFixes fixes;
+    std::string error;
+};
+
+/// 30 words, eight of them airways, across America and over to Europe and back.
+constexpr std::string_view kAcrossTheWorld =
+    "HQM J70 SEA V23 BTG V448 YKM V448 GEG MLP J70 ABR GEP J70 PMM J70 JHW J70 JFK BOS KBOS EGLL "
+    "LFPG EDDF LEMD KSEA PDX OAK LAX KLAX";
+
+void enterRouteOfTheWorld(benchmark::State& state) {
+    BundledWorld world;
+    RouteResult result;
+    for (auto unused : state) {
+        RouteEntry entry(world.database, world.fixes, GeoPoint{0.83, -2.13});
+        result = entry.EnterRoute(kAcrossTheWorld, true);
+    }
+    if (!result.error.empty() || !world.error.empty()) {
+        state.SkipWithError((world.error + result.error).c_str());
+    }
+    state.counters["entries"] = static_cast<double>(result.entries.size());
+}
+BENCHMARK(enterRouteOfTheWorld)->Unit(benchmark::kMillisecond);
+
+/// A stroke of a key: places that the beginning of a word may become.
+void completeWord(benchmark::State& state, const char* typed) {
+    BundledWorld world;
+    std::size_t matches = 0;
+    for (auto unused : state) {
+        matches = placeMatches(world.database, typed, GeoPoint{0.83, -2.13}, 12).size();
+    }
+    state.counters["matches"] = static_cast<double>(matches);
+}
+BENCHMARK_CAPTURE(completeWord, one letter, "S")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(completeWord, two letters, "SE")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(completeWord, four letters, "KSEA")->Unit(benchmark::kMillisecond);
 
 /// A tick with a plan of 100 entries and a track of 100,000 points.
 void navUpdate(benchmark::State& state) {
