@@ -24,8 +24,7 @@
 #include "navdb/UserRecordStore.h"
 #include "platform/VirtualClock.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 constexpr Rect kView{0, 0, 800, 400};
 
@@ -35,9 +34,7 @@ MapProjection lookingAt(double lat, double lon, int rangeNm) {
 
 class PlacesTest : public ::testing::Test {
  protected:
-    void open(const TestDatabase& file) {
-        ASSERT_EQ(database_.openFile(file.write(folder_.path(), "places.ng2")), "");
-    }
+    void open(const TestDatabase& file) { ASSERT_EQ(database_.openFile(file.write(folder_.path(), "places.ng2")), ""); }
     void addUserAirport(const std::string& ident, double lat, double lon, std::uint32_t flags) {
         auto airport = std::make_unique<AirportRecord>();
         airport->ident.assign(ident);
@@ -56,12 +53,10 @@ class PlacesTest : public ::testing::Test {
 
 std::string identsOf(const PlaceSet& set) {
     std::vector<std::string> idents;
-    for (const MapPlace& place : set.places)
-        idents.emplace_back(place.place.ident.view());
+    for (const MapPlace& place : set.places) idents.emplace_back(place.place.ident.view());
     std::sort(idents.begin(), idents.end());
     std::string text;
-    for (const std::string& ident : idents)
-        text += ident + ' ';
+    for (const std::string& ident : idents) text += ident + ' ';
     return text;
 }
 
@@ -99,25 +94,17 @@ TEST(PlaceClass, SaysWhatShowsHowFarOut) {
         int toNm;                ///< the largest range at which it shows, 0 for none
         int toNmWithEverything;  ///< with all options on
     };
-    const Case cases[] = {
-        {kAirportKind, kAirportTower | kAirportHardSurface, 1000, 1000},
+    const Case cases[] = {{kAirportKind, kAirportTower | kAirportHardSurface, 1000, 1000},
         {kAirportKind, kAirportTower | kAirportHardSurface | kAirportPrivate, 0, 1000},
-        {kAirportKind, kAirportHardSurface, 500, 500},
-        {kAirportKind, 0, 65, 65},
-        {kAirportKind, kAirportHeliport | kAirportTower | kAirportHardSurface, 15, 15},
-        {kVorKind, kUsageHigh, 0, 250},
-        {kVorKind, kUsageBoth, 250, 250},
-        {kNdbKind, kUsageLow, 65, 65},
-        {kFixKind, kUsageLow, 25, 25},
-        {kFixKind, kUsageTerminal, 4, 4},
-        {kFixKind, kUsageVisual, 0, 25}};
-    const MapPlaceOptions everything{
-        .highNavaids = true, .visualPoints = true, .privateAirports = true};
+        {kAirportKind, kAirportHardSurface, 500, 500}, {kAirportKind, 0, 65, 65},
+        {kAirportKind, kAirportHeliport | kAirportTower | kAirportHardSurface, 15, 15}, {kVorKind, kUsageHigh, 0, 250},
+        {kVorKind, kUsageBoth, 250, 250}, {kNdbKind, kUsageLow, 65, 65}, {kFixKind, kUsageLow, 25, 25},
+        {kFixKind, kUsageTerminal, 4, 4}, {kFixKind, kUsageVisual, 0, 25}};
+    const MapPlaceOptions everything{.highNavaids = true, .visualPoints = true, .privateAirports = true};
     const auto reach = [](const Place& place, const MapPlaceOptions& options) {
         int toNm = 0;
         for (const int rangeNm : kRangeStepsNm)
-            if (isShown(place, classOf(place), rangeNm, options))
-                toNm = rangeNm;
+            if (isShown(place, classOf(place), rangeNm, options)) toNm = rangeNm;
         return toNm;
     };
     for (const Case& each : cases) {
@@ -148,8 +135,7 @@ MapRunway runwayBetween(Point from, Point to, const MapProjection& projection) {
 TEST(PlaceHit, TheNearestComesFirstAndAmongEquallyNearTheMoreImportant) {
     const MapProjection projection = lookingAt(50, 8, 8);
     PlaceSet set;
-    set.places = {
-        placeAt("BIG", {108, 100}, 9000, projection), placeAt("NEAR", {103, 100}, 500, projection),
+    set.places = {placeAt("BIG", {108, 100}, 9000, projection), placeAt("NEAR", {103, 100}, 500, projection),
         placeAt("EDGE", {100, 123}, 400, projection), placeAt("LONG", {300, 100}, 300, projection),
         placeAt("AWAY", {100, 131}, 200, projection)};
     auto details = std::make_shared<PlaceDetails>();
@@ -174,18 +160,15 @@ TEST(PlaceLayer, NamesKeepApartAndRunwaysCarryTheirNumbers) {
     const CockpitData data = flying();
     const MapProjection projection = viewport.projection(*data.position, 0);
     PlaceSet set;
-    set.places = {placeAt("FIELD", {200, 100}, 9000, projection),
-                  placeAt("STRIP", {600, 100}, 800, projection)};
+    set.places = {placeAt("FIELD", {200, 100}, 9000, projection), placeAt("STRIP", {600, 100}, 800, projection)};
     for (int i = 0; i < 30; ++i)  // too many for one spot
-        set.places.push_back(
-            placeAt(numbered("N", 100 + i), {596.0 + i, 104.0 - i}, 700 - i, projection));
+        set.places.push_back(placeAt(numbered("N", 100 + i), {596.0 + i, 104.0 - i}, 700 - i, projection));
     auto details = std::make_shared<PlaceDetails>();
     details->runways = {runwayBetween({150, 100}, {250, 100}, projection)};
     set.places[0].details = details;
     set.places[1].place.expired = true;
     RecordingCanvas canvas(800, 400);
-    PagePainter(colors).paint(canvas, PageId::NorthUp,
-                              {.data = data, .viewport = viewport, .places = &set});
+    PagePainter(colors).paint(canvas, PageId::NorthUp, {.data = data, .viewport = viewport, .places = &set});
 
     ASSERT_NE(canvas.findText("(STRIP)"), nullptr) << "out of date";
     ASSERT_NE(canvas.findText("09"), nullptr);
@@ -201,8 +184,7 @@ TEST(PlaceLayer, NamesKeepApartAndRunwaysCarryTheirNumbers) {
     EXPECT_GE(names.size(), 2U);
     EXPECT_LT(names.size(), 30U);
     for (std::size_t i = 0; i < names.size(); ++i)
-        for (std::size_t j = 0; j < i; ++j)
-            EXPECT_FALSE(overlap(names[i], names[j])) << i << " and " << j;
+        for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(overlap(names[i], names[j])) << i << " and " << j;
 }
 
 TEST_F(PlacesTest, NearAirportsCarryWhatThePilotAsksFor) {
@@ -234,8 +216,8 @@ TEST_F(PlacesTest, NearAirportsCarryWhatThePilotAsksFor) {
     EXPECT_EQ(first.frequency, "TWR 118.100");
     EXPECT_EQ(found[1].frequency, "");
     EXPECT_EQ(found[1].longestRunwayFt, std::nullopt);
-    findNearAirports(database_, atDegrees(50, 8), variation,
-                     {.count = 2, .heliports = true, .privateAirports = true}, found);
+    findNearAirports(
+        database_, atDegrees(50, 8), variation, {.count = 2, .heliports = true, .privateAirports = true}, found);
     ASSERT_EQ(found.size(), 2U);
     EXPECT_EQ(found[0].ident + found[1].ident, "HELIOWN");
     EXPECT_EQ(found[0].elevationFt, std::nullopt);
@@ -278,10 +260,9 @@ TEST(AirportPicture, RunwaysAreToScaleWhereTheyAreOrSideBySide) {
     AirportRecord airport;
     airport.magVariationDeg = 0;
     airport.runways = {runwayRecord(6076, 90, atDegrees(60, 179.99), atDegrees(60, -179.9767)),
-                       runwayRecord(3038, 0, atDegrees(60, 179.99), atDegrees(60.00833, 179.99))};
+        runwayRecord(3038, 0, atDegrees(60, 179.99), atDegrees(60.00833, 179.99))};
     for (const bool known : {true, false}) {
-        if (!known)
-            airport.runways[1].ends[0].position = {};
+        if (!known) airport.runways[1].ends[0].position = {};
         const AirportPictureLayout layout = layOutAirport(airport, area, 14);
         ASSERT_EQ(layout.runways.size(), 2U);
         EXPECT_EQ(layout.inPlace, known);
@@ -294,10 +275,8 @@ TEST(AirportPicture, RunwaysAreToScaleWhereTheyAreOrSideBySide) {
     }
     airport.runways.assign(8, runwayRecord(5000, 45));
     for (const RunwayShape& shape : layOutAirport(airport, area, 14).runways)
-        for (const Point point : {shape.from, shape.to})
-            EXPECT_TRUE(area.contains(point));
+        for (const Point point : {shape.from, shape.to}) EXPECT_TRUE(area.contains(point));
     EXPECT_TRUE(layOutAirport(AirportRecord(), area, 14).runways.empty());
 }
 
-}  // namespace
-}  // namespace korvel
+}}  // namespace korvel
