@@ -81,10 +81,12 @@ TEST(MapPainter, TheBackgroundComesFirstAndEverythingStaysInTheView) {
 
 TEST(MapPainter, RingsCarryTheirDistance) {
     const Page page(PageId::Map, flying(), 25);
-    for (const auto& [label, radius] : {std::pair{"25 nm", 215.0}, std::pair{"12.5 nm", 107.5}}) {
+    for (const auto& ring : {std::pair{"25 nm", 215.0}, std::pair{"12.5 nm", 107.5}}) {
+        const char* const label = ring.first;
+        const double radius = ring.second;
         const auto rings = page.ofKind(Kind::Circle);
-        const bool drawn = std::any_of(rings.begin(), rings.end(), [&](const Element& ring) {
-            return ring.points.front() == page.aircraft() && std::abs(ring.radius - radius) < 1e-9;
+        const bool drawn = std::any_of(rings.begin(), rings.end(), [&](const Element& circle) {
+            return circle.points.front() == page.aircraft() && std::abs(circle.radius - radius) < 1e-9;
         });
         EXPECT_TRUE(drawn) << label;
         const auto texts = page.ofKind(Kind::Text);
