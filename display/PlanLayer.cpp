@@ -108,7 +108,7 @@ class PlanPainter {
                                  : mark.part == PlanPart::Passed ? faded_
                                                                  : plan_;
         canvas_.polygon(diamond, std::nullopt, Pen{background_, 6, PenStyle::Solid});
-        canvas_.polygon(diamond, isActive ? std::optional<Brush>(color) : std::nullopt,
+        canvas_.polygon(diamond, isActive ? std::optional(Brush{color}) : std::nullopt,
                         Pen{color, mark.part == PlanPart::Passed ? 1.5 : 2.5, PenStyle::Solid});
     }
 

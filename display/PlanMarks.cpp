@@ -110,8 +110,8 @@ std::vector<PlanMark> layOutPlan(const Canvas& canvas, const CockpitData& data,
         for (PlanMark& mark : marks)
             if (mark.part == part)
                 placeLabel(canvas, textPx, labels, mark);
-    std::ranges::stable_partition(
-        marks, [](const PlanMark& mark) { return mark.part != PlanPart::Active; });
+    std::stable_partition(marks.begin(), marks.end(),
+                          [](const PlanMark& mark) { return mark.part != PlanPart::Active; });
     return marks;
 }
 
