@@ -1,3 +1,5 @@
+#include "tools/DrawVerb.h"
+
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,22 +29,6 @@ namespace {
 constexpr int kLargestSide = 10000;
 constexpr double kFullCircle = 360;
 
-/// What every picture needs.
-struct PictureOptions {
-    std::string size;
-    int page = 0;
-    std::string scheme;
-    std::string output;
-
-    void declare(CLI::App& app) {
-        app.add_option("--size", size, "Pixels, WIDTHxHEIGHT")->required();
-        app.add_option("--page", page, "Number of the display page")
-            ->check(CLI::Range(0, kPageCount - 1));
-        app.add_option("--scheme", scheme, "Colour scheme, built-in or a file's name");
-        app.add_option("-o,--output", output, "The SVG file to write")->required();
-    }
-};
-
 struct MapOptions {
     PictureOptions picture;
     std::string at;
@@ -61,23 +47,12 @@ struct MapOptions {
     }
 };
 
-std::pair<int, int> toSize(const std::string& text) {
-    const std::size_t cross = text.find('x');
-    if (cross == std::string::npos)
-        usageError("Not a size WIDTHxHEIGHT: " + text);
-    const std::pair size{toInt(text.substr(0, cross)), toInt(text.substr(cross + 1))};
-    for (const int side : {size.first, size.second})
-        if (side < 1 || side > kLargestSide)
-            usageError("A side of the picture is not 1 to 10000 pixels: " + text);
-    return size;
-}
-
 int toWholeAngle(const std::string& text) {
     return RoundToInt(PositiveMod(toNumber(text), kFullCircle)) % 360;
 }
 
 MapViewport toViewport(const MapOptions& options) {
-    const auto [width, height] = toSize(options.picture.size);
+    const auto [width, height] = options.picture.pixels();
     MapViewport viewport;
     viewport.layout(PageId{options.picture.page}, width, height);
     const double range = toNumber(options.range);
@@ -85,12 +60,6 @@ MapViewport toViewport(const MapOptions& options) {
         usageError("The range is not 1 to 1000 nautical miles: " + options.range);
     viewport.setRange(range);
     return viewport;
-}
-
-int finish(const Invocation& call, const PictureOptions& picture, const SvgCanvas& canvas) {
-    if (!writeFileAtomically(picture.output, canvas.document()))
-        return call.fail("The file cannot be written: " + picture.output);
-    return call.done({{"file", picture.output}}, "");
 }
 
 /// Flies the plan from the aircraft's position, as the program does when a plan is opened. Returns
@@ -141,7 +110,7 @@ int drawMap(const Invocation& call, const MapOptions& options) {
     ColorScheme scheme;
     scheme.load(options.picture.scheme, call.dataFiles());
 
-    const auto [width, height] = toSize(options.picture.size);
+    const auto [width, height] = options.picture.pixels();
     SvgCanvas canvas(width, height);
     const PageId page{options.picture.page};
     if (loaded.database.files().empty())
@@ -160,19 +129,48 @@ int drawMap(const Invocation& call, const MapOptions& options) {
               .places = &places.set(),
               .track = &track},
              MapColorCache(scheme));
-    return finish(call, options.picture, canvas);
+    return options.picture.write(call, canvas);
 }
 
 }  // namespace
 
+void PictureOptions::declare(CLI::App& app) {
+    app.add_option("--size", size, "Pixels, WIDTHxHEIGHT")->required();
+    app.add_option("--page", page, "Number of the display page")
+        ->check(CLI::Range(0, kPageCount - 1));
+    app.add_option("--scheme", scheme, "Colour scheme, built-in or a file's name");
+    app.add_option("-o,--output", output, "The SVG file to write")->required();
+}
+
+std::pair<int, int> PictureOptions::pixels() const {
+    const std::size_t cross = size.find('x');
+    if (cross == std::string::npos)
+        usageError("Not a size WIDTHxHEIGHT: " + size);
+    const std::pair sides{toInt(size.substr(0, cross)), toInt(size.substr(cross + 1))};
+    for (const int side : {sides.first, sides.second})
+        if (side < 1 || side > kLargestSide)
+            usageError("A side of the picture is not 1 to 10000 pixels: " + size);
+    return sides;
+}
+
+int PictureOptions::write(const Invocation& call, const SvgCanvas& canvas) const {
+    if (!writeFileAtomically(output, canvas.document()))
+        return call.fail("The file cannot be written: " + output);
+    return call.done({{"file", output}}, "");
+}
+
 int runDraw(Invocation& call) {
+    HsiOptions hsiOptions;
+    CLI::App* hsi = call.options().add_subcommand("hsi", "The horizontal situation indicator");
+    hsi->fallthrough();
+    hsiOptions.declare(*hsi);
     MapOptions mapOptions;
     CLI::App* map = call.options().add_subcommand("map", "The moving map");
     map->fallthrough();
     mapOptions.declare(*map);
     call.options().require_subcommand(1);
     call.parse();
-    return drawMap(call, mapOptions);
+    return hsi->parsed() ? drawHsi(call, hsiOptions) : drawMap(call, mapOptions);
 }
 
 }  // namespace korvel

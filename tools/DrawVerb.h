@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "tools/Invocation.h"
+
+namespace korvel {
+
+class SvgCanvas;
+
+/// What every picture needs.
+struct PictureOptions {
+    std::string size;
+    int page = 0;
+    std::string scheme;
+    std::string output;
+
+    void declare(CLI::App& app);
+    /// Width and height.
+    std::pair<int, int> pixels() const;
+    /// Writes the picture and ends the verb.
+    int write(const Invocation& call, const SvgCanvas& canvas) const;
+};
+
+/// Texts are as on the command line; an empty one is absent.
+struct HsiOptions {
+    PictureOptions picture;
+    std::string heading;
+    std::string course;
+    std::string bearing;
+    std::string deviation;
+    int toFrom = 0;
+    int labelHeight = 20;
+
+    void declare(CLI::App& app);
+};
+
+int drawHsi(const Invocation& call, const HsiOptions& options);
+
+}  // namespace korvel
