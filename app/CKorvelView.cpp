@@ -51,6 +51,8 @@ CKorvelView::CKorvelView(CKorvelDoc& document, ProfileFile& profile, const Color
     setMinimumSize(320, 240);
     grabGesture(Qt::PinchGesture);
     viewport_.loadRange(profile_);
+    fields_ = navFieldsFromText(
+        profile_.getString(kOptionsSection, kNavFieldsKey, navFieldsToText(defaultNavFields())));
     page_ = pageOfNumber(profile_.getInt(kOptionsSection, kPageKey, static_cast<int>(PageId::Map)));
     tick();
     timer_.start(kTickMs, this);
@@ -59,6 +61,7 @@ CKorvelView::CKorvelView(CKorvelDoc& document, ProfileFile& profile, const Color
 void CKorvelView::storeState() {
     profile_.setInt(kOptionsSection, kPageKey, static_cast<int>(page_), true);
     viewport_.saveRange(profile_);
+    profile_.setString(kOptionsSection, kNavFieldsKey, navFieldsToText(fields_), true);
 }
 
 void CKorvelView::timerEvent(QTimerEvent* event) {
@@ -98,6 +101,11 @@ CockpitData CKorvelView::dataToShow() const {
 
 int CKorvelView::upDeg() const { return PagePainter::turns(page_) ? angle_.degrees() : 0; }
 
+std::span<const NavFieldId> CKorvelView::shownFields() const {
+    return FieldStrip::fitting(fields_, layout_.arrangement, layout_.fields.width,
+                               layout_.fields.height);
+}
+
 std::vector<TouchButton> CKorvelView::touchButtons() const {
     std::vector<TouchButton> buttons;
     for (const TouchCommand command : kButtons)
@@ -116,7 +124,7 @@ void CKorvelView::paintEvent(QPaintEvent* /*event*/) {
     }
     {
         QtCanvas canvas(painter, labels_, layout_.fields);
-        fieldStrip_.paint(canvas, layout_.arrangement, defaultNavFields(), shown);
+        fieldStrip_.paint(canvas, layout_.arrangement, shownFields(), shown);
     }
     if (!layout_.buttons.empty()) {
         QtCanvas canvas(painter, labels_, layout_.touchBar);
@@ -131,7 +139,7 @@ void CKorvelView::layOut() {
     layout_ = layOutScreen({.width = static_cast<double>(width()),
                             .height = static_cast<double>(height()),
                             .pxPerMm = pixelsPerMm(screen()),
-                            .fieldCount = defaultNavFields().size(),
+                            .fieldCount = fields_.size(),
                             .buttonCount = barHidden_ ? 0 : kButtons.size()});
     viewport_.layout(page_, static_cast<int>(layout_.page.width),
                      static_cast<int>(layout_.page.height));

@@ -93,6 +93,7 @@ class CKorvelView final : public QWidget {
     bool isMapPage() const;
     int upDeg() const;
     std::optional<GeoPoint> mapCenter() const;
+    std::span<const NavFieldId> shownFields() const;
     std::vector<TouchButton> touchButtons() const;
     CockpitData dataToShow() const;
 
@@ -102,6 +103,7 @@ class CKorvelView final : public QWidget {
     LabelCache& labels_;
     MapColorCache colors_;
     FieldStrip fieldStrip_{colors_};
+    std::vector<NavFieldId> fields_;  // as chosen, the most important first
     TouchBar touchBar_{colors_};
     PagePainter pagePainter_;
 

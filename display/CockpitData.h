@@ -29,6 +29,11 @@ struct CockpitData {
     std::optional<int> verticalSpeedFpm;  ///< from the altitudes of the last seconds; up positive
     std::optional<double> variationDeg;   ///< where the aircraft is, east positive
 
+    // What DerivedAttitude makes of the motion over the ground.
+    std::optional<double> turnRateDegPerSec;  ///< to the right positive
+    std::optional<double> bankDeg;            ///< to the right positive
+    std::optional<double> pitchDeg;           ///< of the flight path, up positive
+
     // The leg that is flown. All of it is absent while there is no waypoint or no position.
     std::string activeKey;   ///< RecordKey; empty for none or for a point without a record
     std::string activeName;  ///< empty when nothing is flown to
@@ -40,7 +45,7 @@ struct CockpitData {
     std::optional<double> desiredTrackTrueDeg;
     std::optional<double> desiredTrackMagDeg;
     std::optional<double> obsCourseMagDeg;  ///< set by the pilot with direct-to
-    std::optional<double> offCourseDeg;     ///< from the bearing to the track
+    std::optional<double> offCourseDeg;     ///< seen from the waypoint; positive like crossTrackNm
     std::optional<int> targetAltitudeFt;    ///< wanted at the end of the descent path
     std::optional<int> pathAltitudeFt;      ///< of the descent path at the active waypoint
     bool directLeg = false;                 ///< direct-to or a course to a point, not the plan's
@@ -79,6 +84,8 @@ struct CockpitData {
     std::array<std::uint32_t, 12> satellites{};
 
     LocalTime now;
+    std::optional<int> utcSecondOfDay;
+    std::optional<int> flightTimeSec;  ///< since the start of this flight
     int altUnit = 0;  ///< 0 feet, 1 metres; the unit of speed and distance is the one in force
 
     friend bool operator==(const CockpitData&, const CockpitData&) = default;

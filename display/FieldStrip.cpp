@@ -14,6 +14,8 @@ constexpr double kBorder = 1;
 constexpr double kPadding = 6;           // beside the value
 constexpr double kUnitShare = 0.46;      // of the value's type size
 constexpr double kUnitGap = 0.12;        // of the value's type size
+constexpr double kNarrowCell = 160;      // along a row
+constexpr double kLowCell = 80;          // in a column
 constexpr double kTallestCell = 150;     // in a column, where there is more room than use
 constexpr double kCapShare = 0.62;       // of the height below the header that capitals fill
 constexpr double kCapShareOfLine = 0.3;  // the same for each of two lines
@@ -127,11 +129,25 @@ class CellPainter {
         TextStyle centered = style(valueFont(height));
         centered.alignX = AlignX::Center;
         const double step = area.height * 0.22;
-        canvas_.text({area.center().x, area.center().y - step}, text.value, centered);
-        canvas_.text({area.center().x, area.center().y + step}, text.secondLine, centered);
+        for (const auto& [line, down] :
+             {std::pair{&text.value, -step}, std::pair{&text.secondLine, step}}) {
+            centered.font = valueFont(fittingHeight(*line, "", area.width, height));
+            canvas_.text({area.center().x, area.center().y + down}, *line, centered);
+        }
     }
 
-    void paintValue(const NavFieldText& text, const Rect& area, double height) {
+    // Names and rare values are longer than what the strip's type is chosen for.
+    double fittingHeight(const std::string& value, const std::string& unit, double room,
+                         double height) const {
+        double width = canvas_.measure(value, valueFont(height)).width;
+        if (!unit.empty())
+            width += canvas_.measure(unit, unitFont(height)).width + height * kUnitGap;
+        const double most = room - 2 * kBorder;
+        return width <= most ? height : std::floor(height * most / width);
+    }
+
+    void paintValue(const NavFieldText& text, const Rect& area, double usualHeight) {
+        const double height = fittingHeight(text.value, text.unit, area.width, usualHeight);
         const TextExtent value = canvas_.measure(text.value, valueFont(height));
         const Font small = unitFont(height);
         const double unitWidth =
@@ -152,6 +168,28 @@ class CellPainter {
 };
 
 }  // namespace
+
+std::span<const NavFieldId> FieldStrip::fitting(std::span<const NavFieldId> chosen,
+                                                FieldArrangement arrangement, double width,
+                                                double height) {
+    const double perRow = std::floor(width / kNarrowCell);
+    double most = perRow;
+    if (arrangement == FieldArrangement::TwoRows)
+        most = 2 * std::max(3.0, perRow);
+    if (arrangement == FieldArrangement::Column)
+        most = 2 * std::floor(height / kLowCell);
+    return chosen.first(std::min(chosen.size(), static_cast<std::size_t>(std::max(most, 5.0))));
+}
+
+std::optional<std::size_t> FieldStrip::fieldAt(const Canvas& canvas, FieldArrangement arrangement,
+                                               std::span<const NavFieldId> fields, Point point) {
+    const std::vector<Rect> areas = cells(canvas, arrangement, fields);
+    const auto hit =
+        std::ranges::find_if(areas, [point](const Rect& area) { return area.contains(point); });
+    if (hit == areas.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(hit - areas.begin());
+}
 
 std::vector<Rect> FieldStrip::cells(const Canvas& canvas, FieldArrangement arrangement,
                                     std::span<const NavFieldId> fields) {

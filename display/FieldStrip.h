@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -22,10 +24,20 @@ class FieldStrip {
     void paint(Canvas& canvas, FieldArrangement arrangement, std::span<const NavFieldId> fields,
                const CockpitData& data) const;
 
+    /// The first of the chosen fields, as many as a strip of that size shows large enough to read:
+    /// five or more.
+    static std::span<const NavFieldId> fitting(std::span<const NavFieldId> chosen,
+                                               FieldArrangement arrangement, double width,
+                                               double height);
+
     /// The cells of the fields in their order. Along a row the widths follow what the fields have
     /// to show, so that all values can be equally large.
     static std::vector<Rect> cells(const Canvas& canvas, FieldArrangement arrangement,
                                    std::span<const NavFieldId> fields);
+
+    /// Which of the fields lies under a point of the strip.
+    static std::optional<std::size_t> fieldAt(const Canvas& canvas, FieldArrangement arrangement,
+                                              std::span<const NavFieldId> fields, Point point);
 
  private:
     const MapColorCache& colors_;

@@ -83,7 +83,10 @@ void redraw(benchmark::State& state, PageId page, double ratio) {
         }
         {
             QtCanvas canvas(painter, labels, layout.fields);
-            fields.paint(canvas, layout.arrangement, defaultNavFields(), data);
+            fields.paint(canvas, layout.arrangement,
+                         FieldStrip::fitting(defaultNavFields(), layout.arrangement,
+                                             layout.fields.width, layout.fields.height),
+                         data);
         }
         QtCanvas canvas(painter, labels, layout.touchBar);
         bar.paint(canvas, buttons);

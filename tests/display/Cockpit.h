@@ -23,6 +23,37 @@ inline CockpitData flying() {
     return data;
 }
 
+/// The same flight on a leg to Augsburg, a little left of its course.
+inline CockpitData navigating() {
+    CockpitData data = flying();
+    data.activeKey = "a.EDMA";
+    data.activeName = "AUGSBURG";
+    data.activeWaypoint = atDegrees(48.4253, 10.9317);
+    data.legStart = data.position;
+    data.bearingMagDeg = 91.4;
+    data.distanceNm = 34.25;
+    data.crossTrackNm = 1.25;
+    data.desiredTrackMagDeg = 88.6;
+    data.offCourseDeg = 2.1;
+    data.targetAltitudeFt = 3500;
+    data.verticalSpeedFpm = 447;
+    data.variationDeg = -3.26;
+    data.utcSecondOfDay = 12 * 3600 + 5 * 60 + 7;
+    data.flightTimeSec = 3725;
+    data.turnRateDegPerSec = 1.5;
+    data.bankDeg = 9.2;
+    data.pitchDeg = 2.1;
+    PlanView plan;
+    plan.rows.resize(3);
+    plan.rows[1].ident = "EDMA";
+    plan.rows[2].legNm = 70;
+    plan.active = 1;
+    data.plan = std::make_shared<const PlanView>(plan);
+    data.nearAirports = std::make_shared<const std::vector<NearAirport>>(
+        1, NearAirport{.ident = "EDMO", .distanceNm = 12.35, .bearingMagDeg = 224.6});
+    return data;
+}
+
 /// The same flight, `seconds` after the fix was lost.
 inline CockpitData lost(int seconds) {
     CockpitData data;

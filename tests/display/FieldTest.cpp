@@ -59,25 +59,44 @@ TEST(GeoText, CoursesAndAges) {
 
 TEST_F(Units, FieldsShowTheirValuesOrDashes) {
     struct Case {
-        NavFieldId id;
+        std::string_view name;
         NavFieldText knots;
         NavFieldText metric;
     };
     const Case cases[] = {
-        {NavFieldId::GroundSpeed, {"118", "kt", ""}, {"219", "kph", ""}},
-        {NavFieldId::Track, {"083", "°M", ""}, {"083", "°M", ""}},
-        {NavFieldId::Altitude, {"5500", "ft", ""}, {"1676", "m", ""}},
-        {NavFieldId::Position, {"N48°21.22'", "", "E011°47.17'"}, {"N48°21.22'", "", "E011°47.17'"}},
-        {NavFieldId::Time, {"14:05", "07", ""}, {"14:05", "07", ""}},
+        {"GS", {"118", "kt", ""}, {"219", "kph", ""}},
+        {"TRK", {"083", "°M", ""}, {"083", "°M", ""}},
+        {"BRG", {"091", "°M", ""}, {"091", "°M", ""}},
+        {"DIST", {"34.3", "nm", ""}, {"63.4", "km", ""}},
+        {"TTG", {"17:21", "min", ""}, {"17:21", "min", ""}},
+        {"ETA", {"14:22", "28", ""}, {"14:22", "28", ""}},
+        {"XTK", {"L1.3", "nm", ""}, {"L2.3", "km", ""}},
+        {"DTK", {"089", "°M", ""}, {"089", "°M", ""}},
+        {"OFF CRS", {"L2", "°", ""}, {"L2", "°", ""}},
+        {"ALT", {"5500", "ft", ""}, {"1676", "m", ""}},
+        {"TGT ALT", {"3500", "ft", ""}, {"1067", "m", ""}},
+        {"VS", {"+450", "fpm", ""}, {"+2.3", "m/s", ""}},
+        {"WPT", {"EDMA", "", ""}, {"EDMA", "", ""}},
+        {"NRST", {"EDMO", "", "225° 12.4 nm"}, {"EDMO", "", "225° 22.9 km"}},
+        {"PLAN DIST", {"104", "nm", ""}, {"193", "km", ""}},
+        {"PLAN TIME", {"52:50", "min", ""}, {"52:50", "min", ""}},
+        {"VAR", {"3.3", "°W", ""}, {"3.3", "°W", ""}},
+        {"POS", {"N48°21.22'", "", "E011°47.17'"}, {"N48°21.22'", "", "E011°47.17'"}},
+        {"UTC", {"12:05", "07", ""}, {"12:05", "07", ""}},
+        {"FLT TIME", {"1:02", "h", ""}, {"1:02", "h", ""}},
+        {"SAT", {"8", "3D", ""}, {"8", "3D", ""}},
+        {"TIME", {"14:05", "07", ""}, {"14:05", "07", ""}},
     };
-    CockpitData nothing = lost(20);  // the last position must not show as a value
-    CockpitData metric = flying();
+    EXPECT_EQ(std::size(cases), navFields().size());
+    const CockpitData nothing = lost(20);  // the last position must not show as a value
+    CockpitData metric = navigating();
     metric.altUnit = 1;
     for (const Case& each : cases) {
-        const NavField& field = navField(each.id);
+        const NavField& field = navField(navFieldsFromText(each.name).front());
+        ASSERT_EQ(field.header, each.name);
         SetDistanceUnit(0);
-        EXPECT_EQ(field.format(flying()), each.knots) << field.header;
-        if (each.id != NavFieldId::Time) {
+        EXPECT_EQ(field.format(navigating()), each.knots) << field.header;
+        if (field.id != NavFieldId::Time) {
             EXPECT_EQ(field.format(nothing), (NavFieldText{"---", "", ""})) << field.header;
         }
         SetDistanceUnit(2);
@@ -85,44 +104,110 @@ TEST_F(Units, FieldsShowTheirValuesOrDashes) {
     }
 }
 
+TEST(NavField, ValuesThatMeanNothingAreNotShown) {
+    const auto valueOf = [](NavFieldId id, const CockpitData& data) {
+        return navField(id).format(data).value;
+    };
+    CockpitData data = navigating();
+    data.groundSpeedKt = 4.9;  // taxying
+    for (const NavFieldId id : {NavFieldId::TimeToGo, NavFieldId::Eta, NavFieldId::PlanTime})
+        EXPECT_EQ(valueOf(id, data), "---");
+    data.groundSpeedKt = 5;
+    EXPECT_EQ(valueOf(NavFieldId::TimeToGo, data), "6:51");
+    data.crossTrackNm = -0.04;
+    EXPECT_EQ(valueOf(NavFieldId::CrossTrack, data), "0.0") << "on the course there is no side";
+    data.crossTrackNm = -0.06;
+    EXPECT_EQ(valueOf(NavFieldId::CrossTrack, data), "R0.1");
+    data.verticalSpeedFpm = -4;
+    EXPECT_EQ(valueOf(NavFieldId::VerticalSpeed, data), "0");
+    data.obsCourseMagDeg = 0.2;
+    EXPECT_EQ(valueOf(NavFieldId::DesiredTrack, data), "360");
+    data.directLeg = true;
+    EXPECT_EQ(valueOf(NavFieldId::PlanDistance, data), "---") << "the plan is not flown";
+    data.activeKey.clear();
+    EXPECT_EQ(valueOf(NavFieldId::Waypoint, data), "AUGSBURG");
+}
+
+TEST(NavField, TheChosenSetSurvivesAnyText) {
+    const std::vector<NavFieldId> all(defaultNavFields().begin(), defaultNavFields().end());
+    EXPECT_EQ(navFieldsFromText(navFieldsToText(all)), all);
+    EXPECT_EQ(navFieldsFromText(""), all);
+    EXPECT_EQ(navFieldsFromText(",;,\xff, no field ,"), all);
+    EXPECT_EQ(
+        navFieldsFromText(" tgt alt ,GS,,gs,XYZ,wpt"),
+        (std::vector{NavFieldId::TargetAltitude, NavFieldId::GroundSpeed, NavFieldId::Waypoint}));
+    std::string everything;
+    for (const NavField& field : navFields())
+        everything.append(field.header).append(",");
+    EXPECT_EQ(navFieldsFromText(everything).size(), kMostNavFields);
+}
+
 struct Size {
     double width;
     double height;
     FieldArrangement arrangement;
+    std::size_t count;
     double smallestValue;  // type size in pixels
 };
 
-constexpr Size kStrips[] = {{800, 62, FieldArrangement::OneRow, 28}, {1280, 92, FieldArrangement::OneRow, 44},
-    {480, 124, FieldArrangement::TwoRows, 28}, {640, 124, FieldArrangement::TwoRows, 32},
-    {384, 1000, FieldArrangement::Column, 40}, {300, 800, FieldArrangement::Column, 28}};
+constexpr Size kStrips[] = {
+    {800, 62, FieldArrangement::OneRow, 5, 28},    {1280, 92, FieldArrangement::OneRow, 8, 40},
+    {480, 124, FieldArrangement::TwoRows, 6, 28},  {640, 124, FieldArrangement::TwoRows, 8, 28},
+    {384, 1000, FieldArrangement::Column, 10, 40}, {300, 800, FieldArrangement::Column, 10, 28}};
 
 TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
     const ColorScheme scheme;
     const MapColorCache colors(scheme);
-    CockpitData widest = flying();
+    CockpitData widest = navigating();
     widest.groundSpeedKt = 188;
     widest.altitudeFt = 28888;
+    widest.distanceNm = 1888;
+    widest.crossTrackNm = -188;
+    widest.activeName = "A NAME FROM A LONG PLAN";
+    widest.activeKey.clear();
+    widest.directLeg = true;
     widest.position = atDegrees(-88.8146, -168.8146);
+    const std::vector<NavFieldId> rare =
+        navFieldsFromText("GS,WPT,POS,NRST,TGT ALT,VS,PLAN TIME,UTC,SAT,VAR");
     for (const Size& size : kStrips)
-        for (const CockpitData& data : {widest, lost(7)}) {
-            RecordingCanvas canvas(size.width, size.height);
-            FieldStrip(colors).paint(canvas, size.arrangement, defaultNavFields(), data);
-            const std::vector<Rect> cells = FieldStrip::cells(canvas, size.arrangement, defaultNavFields());
-            ASSERT_EQ(cells.size(), defaultNavFields().size());
-            for (const RecordingCanvas::Element& element : canvas.elements()) {
-                if (element.kind != RecordingCanvas::Kind::Text) continue;
-                int holders = 0;
-                for (const Rect& cell : cells)
-                    holders += cell.contains({element.area.x, element.area.y}) &&
-                                       cell.contains({element.area.right(), element.area.bottom()})
-                                   ? 1
-                                   : 0;
-                EXPECT_EQ(holders, 1) << element.text << " at " << size.width;
+        for (const CockpitData& data : {widest, lost(7)})
+            for (const std::span<const NavFieldId> chosen :
+                 {defaultNavFields(), std::span<const NavFieldId>(rare)}) {
+                RecordingCanvas canvas(size.width, size.height);
+                const auto fields =
+                    FieldStrip::fitting(chosen, size.arrangement, size.width, size.height);
+                EXPECT_EQ(fields.size(), size.count) << size.width;
+                FieldStrip(colors).paint(canvas, size.arrangement, fields, data);
+                const std::vector<Rect> cells = FieldStrip::cells(canvas, size.arrangement, fields);
+                ASSERT_EQ(cells.size(), fields.size());
+                for (const RecordingCanvas::Element& element : canvas.elements()) {
+                    if (element.kind != RecordingCanvas::Kind::Text)
+                        continue;
+                    const Rect& area = element.area;
+                    const auto cell =
+                        FieldStrip::fieldAt(canvas, size.arrangement, fields, {area.x, area.y});
+                    ASSERT_TRUE(cell) << element.text << " at " << size.width;
+                    EXPECT_TRUE(cells[*cell].contains({area.right(), area.bottom()}))
+                        << element.text << " at " << size.width;
+                }
+                const auto* speed = canvas.findText(navField(fields[0]).format(data).value;
+                ASSERT_NE(speed, nullptr);
+                if (chosen.data() == defaultNavFields().data()) {
+                    EXPECT_GE(speed->style.font.height, size.smallestValue) << size.width;
+                }
             }
-            const auto* time = canvas.findText("14:05");
-            ASSERT_NE(time, nullptr);
-            EXPECT_GE(time->style.font.height, size.smallestValue) << size.width;
-        }
+}
+
+TEST(FieldStrip, ATapFindsItsField) {
+    const RecordingCanvas canvas(640, 124);
+    const auto fields = defaultNavFields().first(6);
+    const auto at = [&](Point point) {
+        return FieldStrip::fieldAt(canvas, FieldArrangement::TwoRows, fields, point);
+    };
+    EXPECT_EQ(at({5, 5}), 0U);
+    EXPECT_EQ(at({630, 5}), 2U);
+    EXPECT_EQ(at({5, 120}), 3U);
+    EXPECT_EQ(at({5, 124}), std::nullopt);
 }
 
 TEST(FieldStrip, UsesTheColoursOfTheFields) {
