@@ -112,7 +112,8 @@ void paintHsi(Canvas& canvas, const HsiState& state, const MapColorCache& colors
               std::string_view note) {
     HsiArtist artist(canvas, state, colors);
     artist.card();
-    artist.note(note);
+    if (!note.empty())
+        artist.note(note);
     artist.needle();
     artist.bearing();
     artist.aircraft({static_cast<double>(state.centerX), static_cast<double>(state.centerY)});

@@ -31,8 +31,8 @@ inline CockpitData navigating() {
     data.activeWaypoint = atDegrees(48.4253, 10.9317);
     data.legStart = data.position;
     data.bearingMagDeg = 91.4;
-    data.distanceNm = 34.25;
-    data.crossTrackNm = 1.25;
+    data.distanceNm = 34.26;
+    data.crossTrackNm = 1.26;
     data.desiredTrackMagDeg = 88.6;
     data.offCourseDeg = 2.1;
     data.targetAltitudeFt = 3500;
@@ -49,8 +49,11 @@ inline CockpitData navigating() {
     plan.rows[2].legNm = 70;
     plan.active = 1;
     data.plan = std::make_shared<const PlanView>(plan);
-    data.nearAirports = std::make_shared<const std::vector<NearAirport>>(
-        1, NearAirport{.ident = "EDMO", .distanceNm = 12.35, .bearingMagDeg = 224.6});
+    NearAirport near;
+    near.ident = "EDMO";
+    near.distanceNm = 12.36;
+    near.bearingMagDeg = 224.6;
+    data.nearAirports = std::make_shared<const std::vector<NearAirport>>(1, near);
     return data;
 }
 

@@ -68,8 +68,8 @@ TEST_F(Units, FieldsShowTheirValuesOrDashes) {
         {"TRK", {"083", "°M", ""}, {"083", "°M", ""}},
         {"BRG", {"091", "°M", ""}, {"091", "°M", ""}},
         {"DIST", {"34.3", "nm", ""}, {"63.4", "km", ""}},
-        {"TTG", {"17:21", "min", ""}, {"17:21", "min", ""}},
-        {"ETA", {"14:22", "28", ""}, {"14:22", "28", ""}},
+        {"TTG", {"17:22", "min", ""}, {"17:22", "min", ""}},
+        {"ETA", {"14:22", "29", ""}, {"14:22", "29", ""}},
         {"XTK", {"L1.3", "nm", ""}, {"L2.3", "km", ""}},
         {"DTK", {"089", "°M", ""}, {"089", "°M", ""}},
         {"OFF CRS", {"L2", "°", ""}, {"L2", "°", ""}},
@@ -151,7 +151,7 @@ struct Size {
 };
 
 constexpr Size kStrips[] = {
-    {800, 62, FieldArrangement::OneRow, 5, 28},    {1280, 92, FieldArrangement::OneRow, 8, 40},
+    {800, 62, FieldArrangement::OneRow, 5, 28},    {1280, 92, FieldArrangement::OneRow, 8, 38},
     {480, 124, FieldArrangement::TwoRows, 6, 28},  {640, 124, FieldArrangement::TwoRows, 8, 28},
     {384, 1000, FieldArrangement::Column, 10, 40}, {300, 800, FieldArrangement::Column, 10, 28}};
 
@@ -190,7 +190,7 @@ TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
                     EXPECT_TRUE(cells[*cell].contains({area.right(), area.bottom()}))
                         << element.text << " at " << size.width;
                 }
-                const auto* speed = canvas.findText(navField(fields[0]).format(data).value;
+                const auto* speed = canvas.findText(navField(fields[0]).format(data).value);
                 ASSERT_NE(speed, nullptr);
                 if (chosen.data() == defaultNavFields().data()) {
                     EXPECT_GE(speed->style.font.height, size.smallestValue) << size.width;
