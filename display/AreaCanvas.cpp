@@ -4,53 +4,58 @@
 #include <vector>
 
 namespace korvel {
-namespace {
-
-std::vector<Point> movedBy(const Rect& area, std::span<const Point> points) {
+std::vector<Point> AreaCanvas::moved(std::span<const Point> points) const {
     std::vector<Point> result(points.begin(), points.end());
     for (Point& point : result)
-        point = {point.x + area.x, point.y + area.y};
+        point = moved(point);
     return result;
 }
 
-}  // namespace
+std::optional<Pen> AreaCanvas::scaled(const std::optional<Pen>& pen) const {
+    return pen ? std::optional(scaled(*pen)) : std::nullopt;
+}
 
 void AreaCanvas::line(Point from, Point to, const Pen& pen) {
-    whole_.line(moved(from), moved(to), pen);
+    whole_.line(moved(from), moved(to), scaled(pen));
 }
 
 void AreaCanvas::lines(std::span<const Segment> segments, const Pen& pen) {
     std::vector<Segment> result(segments.begin(), segments.end());
     for (Segment& segment : result)
         segment = {moved(segment.from), moved(segment.to)};
-    whole_.lines(result, pen);
+    whole_.lines(result, scaled(pen));
 }
 
 void AreaCanvas::polyline(std::span<const Point> points, const Pen& pen) {
-    whole_.polyline(movedBy(area_, points), pen);
+    whole_.polyline(moved(points), scaled(pen));
 }
 
 void AreaCanvas::polygon(std::span<const Point> points, const std::optional<Brush>& fill,
                          const std::optional<Pen>& outline) {
-    whole_.polygon(movedBy(area_, points), fill, outline);
+    whole_.polygon(moved(points), fill, scaled(outline));
 }
 
 void AreaCanvas::rect(const Rect& area, const std::optional<Brush>& fill,
                       const std::optional<Pen>& outline) {
-    whole_.rect({area.x + area_.x, area.y + area_.y, area.width, area.height}, fill, outline);
+    const Point corner = moved({area.x, area.y});
+    whole_.rect({corner.x, corner.y, area.width * scale_, area.height * scale_}, fill,
+                scaled(outline));
 }
 
 void AreaCanvas::circle(Point center, double radius, const std::optional<Brush>& fill,
                         const std::optional<Pen>& outline) {
-    whole_.circle(moved(center), radius, fill, outline);
+    whole_.circle(moved(center), radius * scale_, fill, scaled(outline));
 }
 
 void AreaCanvas::text(Point anchor, std::string_view text, const TextStyle& style) {
-    whole_.text(moved(anchor), text, style);
+    TextStyle own = style;
+    own.font = scaled(style.font);
+    whole_.text(moved(anchor), text, own);
 }
 
 TextExtent AreaCanvas::measure(std::string_view text, const Font& font) const {
-    return whole_.measure(text, font);
+    const TextExtent extent = whole_.measure(text, scaled(font));
+    return {extent.width / scale_, extent.capHeight / scale_, extent.descent / scale_};
 }
 
 void AreaCanvas::bitmap(Point topLeft, const Bitmap& bitmap) {

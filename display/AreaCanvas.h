@@ -1,18 +1,25 @@
 #pragma once
 
+#include <optional>
+#include <span>
+#include <vector>
+
 #include "display/Canvas.h"
 
 namespace korvel {
 
 /// A part of another canvas as a canvas of its own: painters fill the whole canvas that they are
-/// given, and this puts several of them side by side on one. Does not clip: what hangs over an
+/// given, and this puts several of them side by side on one. Its own pixels may be larger or
+/// smaller than the other canvas's; only bitmaps are not scaled. Does not clip: what hangs over an
 /// edge is drawn there, so paint the neighbours afterwards. The other canvas must outlive it.
 class AreaCanvas final : public Canvas {
  public:
-    AreaCanvas(Canvas& whole, const Rect& area) : whole_(whole), area_(area) {}
+    /// `area` on the other canvas; `scale` of its pixels are one here.
+    AreaCanvas(Canvas& whole, const Rect& area, double scale = 1)
+        : whole_(whole), area_(area), scale_(scale) {}
 
-    double width() const override { return area_.width; }
-    double height() const override { return area_.height; }
+    double width() const override { return area_.width / scale_; }
+    double height() const override { return area_.height / scale_; }
 
     void line(Point from, Point to, const Pen& pen) override;
     void lines(std::span<const Segment> segments, const Pen& pen) override;
@@ -28,10 +35,19 @@ class AreaCanvas final : public Canvas {
     void bitmap(Point topLeft, const Bitmap& bitmap) override;
 
  private:
-    Point moved(Point point) const { return {point.x + area_.x, point.y + area_.y}; }
+    Point moved(Point point) const {
+        return {area_.x + point.x * scale_, area_.y + point.y * scale_};
+    }
+    std::vector<Point> moved(std::span<const Point> points) const;
+    std::optional<Pen> scaled(const std::optional<Pen>& pen) const;
+    Pen scaled(const Pen& pen) const { return {pen.color, pen.width * scale_, pen.style}; }
+    Font scaled(const Font& font) const {
+        return {font.height * scale_, font.weight, font.monospaced};
+    }
 
     Canvas& whole_;
     Rect area_;
+    double scale_;
 };
 
 }  // namespace korvel

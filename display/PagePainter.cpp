@@ -1,5 +1,7 @@
 #include "display/PagePainter.h"
 
+#include "display/EfisPage.h"
+#include "display/HsiPage.h"
 #include "display/MapColorCache.h"
 #include "display/MapPainter.h"
 #include "display/SatellitePage.h"
@@ -27,6 +29,14 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
         paintNearestPage(canvas, data, scene.nearest, colors_);
         return;
     }
+    if (page == PageId::Hsi) {
+        paintHsiPage(canvas, data, scene.viewport, colors_);
+        return;
+    }
+    if (page == PageId::Efis) {
+        paintEfisPage(canvas, data, colors_);
+        return;
+    }
     track_.update(data.track);
     // Pages that are not drawn yet show the map: better than nothing in flight.
     paintMap(canvas,
@@ -38,6 +48,9 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
               .places = scene.places,
               .track = &track_},
              colors_);
+    // Around the aircraft, so not while the pilot looks elsewhere.
+    if (page == PageId::MapHsi && !scene.lookAt)
+        paintHsiOverMap(canvas, data, scene.viewport, colors_);
 }
 
 }  // namespace korvel

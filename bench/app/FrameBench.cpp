@@ -95,6 +95,9 @@ void redraw(benchmark::State& state, PageId page, double ratio) {
 
 BENCHMARK_CAPTURE(redraw, Map, PageId::Map, 1.0)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(redraw, MapAtTwiceTheScale, PageId::Map, 2.0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(redraw, MapHsi, PageId::MapHsi, 1.0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(redraw, Hsi, PageId::Hsi, 1.0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(redraw, Efis, PageId::Efis, 1.0)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(redraw, Satellite, PageId::Satellite, 1.0)->Unit(benchmark::kMillisecond);
 
 // The map of the busiest regions at every range, their places from the bundled database.

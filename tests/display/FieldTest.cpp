@@ -105,9 +105,7 @@ TEST_F(Units, FieldsShowTheirValuesOrDashes) {
 }
 
 TEST(NavField, ValuesThatMeanNothingAreNotShown) {
-    const auto valueOf = [](NavFieldId id, const CockpitData& data) {
-        return navField(id).format(data).value;
-    };
+    const auto valueOf = [](NavFieldId id, const CockpitData& data) { return navField(id).format(data).value; };
     CockpitData data = navigating();
     data.groundSpeedKt = 4.9;  // taxying
     for (const NavFieldId id : {NavFieldId::TimeToGo, NavFieldId::Eta, NavFieldId::PlanTime})
@@ -133,12 +131,10 @@ TEST(NavField, TheChosenSetSurvivesAnyText) {
     EXPECT_EQ(navFieldsFromText(navFieldsToText(all)), all);
     EXPECT_EQ(navFieldsFromText(""), all);
     EXPECT_EQ(navFieldsFromText(",;,\xff, no field ,"), all);
-    EXPECT_EQ(
-        navFieldsFromText(" tgt alt ,GS,,gs,XYZ,wpt"),
+    EXPECT_EQ(navFieldsFromText(" tgt alt ,GS,,gs,XYZ,wpt"),
         (std::vector{NavFieldId::TargetAltitude, NavFieldId::GroundSpeed, NavFieldId::Waypoint}));
     std::string everything;
-    for (const NavField& field : navFields())
-        everything.append(field.header).append(",");
+    for (const NavField& field : navFields()) everything.append(field.header).append(",");
     EXPECT_EQ(navFieldsFromText(everything).size(), kMostNavFields);
 }
 
@@ -150,9 +146,8 @@ struct Size {
     double smallestValue;  // type size in pixels
 };
 
-constexpr Size kStrips[] = {
-    {800, 62, FieldArrangement::OneRow, 5, 28},    {1280, 92, FieldArrangement::OneRow, 8, 38},
-    {480, 124, FieldArrangement::TwoRows, 6, 28},  {640, 124, FieldArrangement::TwoRows, 8, 28},
+constexpr Size kStrips[] = {{800, 62, FieldArrangement::OneRow, 5, 28}, {1280, 92, FieldArrangement::OneRow, 8, 38},
+    {480, 124, FieldArrangement::TwoRows, 6, 28}, {640, 124, FieldArrangement::TwoRows, 8, 28},
     {384, 1000, FieldArrangement::Column, 10, 40}, {300, 800, FieldArrangement::Column, 10, 28}};
 
 TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
@@ -167,25 +162,20 @@ TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
     widest.activeKey.clear();
     widest.directLeg = true;
     widest.position = atDegrees(-88.8146, -168.8146);
-    const std::vector<NavFieldId> rare =
-        navFieldsFromText("GS,WPT,POS,NRST,TGT ALT,VS,PLAN TIME,UTC,SAT,VAR");
+    const std::vector<NavFieldId> rare = navFieldsFromText("GS,WPT,POS,NRST,TGT ALT,VS,PLAN TIME,UTC,SAT,VAR");
     for (const Size& size : kStrips)
         for (const CockpitData& data : {widest, lost(7)})
-            for (const std::span<const NavFieldId> chosen :
-                 {defaultNavFields(), std::span<const NavFieldId>(rare)}) {
+            for (const std::span<const NavFieldId> chosen : {defaultNavFields(), std::span<const NavFieldId>(rare)}) {
                 RecordingCanvas canvas(size.width, size.height);
-                const auto fields =
-                    FieldStrip::fitting(chosen, size.arrangement, size.width, size.height);
+                const auto fields = FieldStrip::fitting(chosen, size.arrangement, size.width, size.height);
                 EXPECT_EQ(fields.size(), size.count) << size.width;
                 FieldStrip(colors).paint(canvas, size.arrangement, fields, data);
                 const std::vector<Rect> cells = FieldStrip::cells(canvas, size.arrangement, fields);
                 ASSERT_EQ(cells.size(), fields.size());
                 for (const RecordingCanvas::Element& element : canvas.elements()) {
-                    if (element.kind != RecordingCanvas::Kind::Text)
-                        continue;
+                    if (element.kind != RecordingCanvas::Kind::Text) continue;
                     const Rect& area = element.area;
-                    const auto cell =
-                        FieldStrip::fieldAt(canvas, size.arrangement, fields, {area.x, area.y});
+                    const auto cell = FieldStrip::fieldAt(canvas, size.arrangement, fields, {area.x, area.y});
                     ASSERT_TRUE(cell) << element.text << " at " << size.width;
                     EXPECT_TRUE(cells[*cell].contains({area.right(), area.bottom()}))
                         << element.text << " at " << size.width;
@@ -201,9 +191,7 @@ TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
 TEST(FieldStrip, ATapFindsItsField) {
     const RecordingCanvas canvas(640, 124);
     const auto fields = defaultNavFields().first(6);
-    const auto at = [&](Point point) {
-        return FieldStrip::fieldAt(canvas, FieldArrangement::TwoRows, fields, point);
-    };
+    const auto at = [&](Point point) { return FieldStrip::fieldAt(canvas, FieldArrangement::TwoRows, fields, point); };
     EXPECT_EQ(at({5, 5}), 0U);
     EXPECT_EQ(at({630, 5}), 2U);
     EXPECT_EQ(at({5, 120}), 3U);

@@ -1,18 +1,20 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
 #include "Cockpit.h"
 #include "display/ColorScheme.h"
 #include "display/HsiGeometry.h"
+#include "display/HsiPage.h"
 #include "display/HsiPainter.h"
 #include "display/MapColorCache.h"
 #include "display/RecordingCanvas.h"
+#include "nav/Units.h"
 
-namespace korvel {
-namespace {
+namespace korvel { namespace {
 
 using Element = RecordingCanvas::Element;
 
@@ -26,8 +28,7 @@ HsiState stateAt(int heading) {
 // The direction that stands at a screen angle, read off the ticks.
 double valueAtTop(const HsiGeometry& geometry) {
     for (const auto& tick : geometry.ticks())
-        if (std::abs(tick.angle - 90) < 10 && tick.angle <= 90)
-            return tick.value - (90 - tick.angle) + 360.0;
+        if (std::abs(tick.angle - 90) < 10 && tick.angle <= 90) return tick.value - (90 - tick.angle) + 360.0;
     return -1;
 }
 
@@ -55,9 +56,8 @@ TEST(HsiGeometry, LabelsTurnWithTheCardAndStandOnTheRimsSide) {
         Rect box;  // of a text 30 pixels wide
     };
     // Anchors 150 pixels from the middle, boxes beyond them.
-    const Case cases[] = {{0, "N", {485, 130, 30, 20}},  {0, "E", {650, 290, 30, 20}},
-                          {0, "S", {485, 450, 30, 20}},  {0, "W", {320, 290, 30, 20}},
-                          {90, "E", {485, 130, 30, 20}}, {330, "30", {403, 151, 30, 20}}};
+    const Case cases[] = {{0, "N", {485, 130, 30, 20}}, {0, "E", {650, 290, 30, 20}}, {0, "S", {485, 450, 30, 20}},
+        {0, "W", {320, 290, 30, 20}}, {90, "E", {485, 130, 30, 20}}, {330, "30", {403, 151, 30, 20}}};
     for (const Case& each : cases) {
         const HsiGeometry geometry(stateAt(each.heading));
         int found = 0;
@@ -65,8 +65,7 @@ TEST(HsiGeometry, LabelsTurnWithTheCardAndStandOnTheRimsSide) {
             if (tick.labelled && HsiGeometry::labelText(tick.value) == each.text) {
                 ++found;
                 EXPECT_EQ(geometry.labelBox(tick, 30), each.box)
-                    << each.text << geometry.labelBox(tick, 30).x << " "
-                    << geometry.labelBox(tick, 30).y;
+                    << each.text << geometry.labelBox(tick, 30).x << " " << geometry.labelBox(tick, 30).y;
             }
         EXPECT_EQ(found, 1) << each.text;
     }
@@ -97,10 +96,8 @@ TEST(HsiGeometry, TheBarShowsWhereTheCourseLies) {
         double dy;
     };
     // 165 pixels inside the labels; full scale is at six tenths of them.
-    const Case cases[] = {{0, 0, 1, 90, 99, 0},      {0, 0, -0.5, 90, -49.5, 0},
-                          {0, 0, 3, 90, 99, 0},      {0, 180, 1, 270, -99, 0},
-                          {0, 90, 1, 0, 0, 99},      {350, 10, 0, 70, 0, 0},
-                          {350, 350, -1, 90, -99, 0}};
+    const Case cases[] = {{0, 0, 1, 90, 99, 0}, {0, 0, -0.5, 90, -49.5, 0}, {0, 0, 3, 90, 99, 0},
+        {0, 180, 1, 270, -99, 0}, {0, 90, 1, 0, 0, 99}, {350, 10, 0, 70, 0, 0}, {350, 350, -1, 90, -99, 0}};
     for (const Case& each : cases) {
         HsiState state = stateAt(each.heading);
         state.course = each.course;
@@ -139,13 +136,45 @@ TEST(HsiPainter, OnlyAnInvalidCourseIsRed) {
         state.toFrom = toFrom;
         RecordingCanvas canvas(1000, 540);
         paintHsi(canvas, state, colors);
-        const auto red = std::ranges::count_if(canvas.elements(), [](const Element& element) {
-            return element.fill && element.fill->color == Rgb(255, 0, 0);
-        });
+        const auto red = std::ranges::count_if(canvas.elements(),
+            [](const Element& element) { return element.fill && element.fill->color == Rgb(255, 0, 0); });
         EXPECT_EQ(red, toFrom == 0 ? 1 : 0);
         EXPECT_EQ(canvas.texts(), "E\n6\n3\nN\n33\n30\nW\n24\n21\nS\n15\n12\n000\n");
     }
 }
 
-}  // namespace
-}  // namespace korvel
+TEST(HsiPage, ShowsTheLegAsAPilotReadsIt) {
+    CockpitData data = navigating();
+    HsiState state = hsiState(data);
+    EXPECT_EQ(state.heading, 83);
+    EXPECT_EQ(state.course, 89);
+    EXPECT_EQ(state.bearing, 91.4);
+    EXPECT_DOUBLE_EQ(state.deviation, 1.26 / 5) << "left of course: the course lies to the right";
+    EXPECT_EQ(state.toFrom, 1);
+    data.approachMode = true;
+    data.fullScaleNm = 1.25;
+    EXPECT_DOUBLE_EQ(hsiState(data).deviation, 1.26 / 1.25);
+    data.obsCourseMagDeg = 200;
+    EXPECT_EQ(hsiState(data).course, 200);
+    EXPECT_EQ(hsiState(data).toFrom, 2) << "behind";
+    data.bearingMagDeg.reset();
+    EXPECT_EQ(hsiState(data).toFrom, 0);
+    EXPECT_EQ(hsiState(data).bearing, kNoAngle);
+    data.trackMagDeg = 0.2;
+    EXPECT_EQ(hsiState(data).heading, 360) << "as courses are read";
+    data.trackMagDeg.reset();
+    EXPECT_EQ(hsiState(data).course, HsiState::kNone) << "without a track there is no up";
+}
+
+TEST(HsiPage, StatesItsFullScaleInTheUnitInForce) {
+    CockpitData data;
+    for (const auto& [unit, scale, text] : {std::tuple{0, 5.0, "±5 nm"}, std::tuple{0, 1.25, "±1.25 nm"},
+             std::tuple{2, 5.0, "±9.26 km"}, std::tuple{1, 1.25, "±1.44 mi"}}) {
+        SetDistanceUnit(unit);
+        data.fullScaleNm = scale;
+        EXPECT_EQ(fullScaleText(data), text);
+    }
+    SetDistanceUnit(0);
+}
+
+}}  // namespace korvel

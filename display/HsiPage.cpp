@@ -1,0 +1,177 @@
+#include "display/HsiPage.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "config/StringTable.h"
+#include "display/AreaCanvas.h"
+#include "display/GeoText.h"
+#include "display/HsiPainter.h"
+#include "display/MapColorCache.h"
+#include "display/MapLook.h"
+#include "display/NavField.h"
+#include "display/WarningFlag.h"
+#include "nav/Geodesy.h"
+#include "nav/TextNumbers.h"
+#include "nav/Units.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kMostScale = 3;
+constexpr double kMostScaleOverMap = 1.4;  // the map stays what the page is for
+constexpr double kLabelShare = 1.35;       // of the map's type size
+
+int toWhole(double degrees) {
+    const int whole = RoundToInt(PositiveMod(degrees, 360));
+    return whole == 0 ? 360 : whole;
+}
+
+// Makes the card as large as the page allows, around the aircraft's point: the instrument is drawn
+// in its own pixels and scaled to the page's.
+class ScaledHsi {
+ public:
+    ScaledHsi(const Rect& page, const MapViewport& viewport, double mostScale)
+        : aircraft_{static_cast<double>(viewport.aircraftX()),
+                    static_cast<double>(viewport.aircraftY())} {
+        const double textPx = mapTextPx(page.width, page.height);
+        const double above = kCard + kReadOut;
+        scale_ = std::min({aircraft_.y / above, (page.height - aircraft_.y) / kCard,
+                           aircraft_.x / kCard, mostScale});
+        scale_ = std::max(scale_, 0.2);
+        labelHeight_ = std::max(1, RoundToInt(kLabelShare * textPx / scale_));
+    }
+
+    void paint(Canvas& canvas, HsiState state, const MapColorCache& colors,
+               const std::string& note) const {
+        constexpr int kMiddle = 1000;  // far from the edges of the instrument's own canvas
+        AreaCanvas own(canvas,
+                       {aircraft_.x - kMiddle * scale_, aircraft_.y - kMiddle * scale_,
+                        2 * kMiddle * scale_, 2 * kMiddle * scale_},
+                       scale_);
+        state.labelHeight = std::min(labelHeight_, kReadOut - 12);
+        state.place(kMiddle, kMiddle);
+        paintHsi(own, state, colors, note);
+    }
+
+    double radius() const { return kCard * scale_; }
+    Point aircraft() const { return aircraft_; }
+
+ private:
+    static constexpr int kCard = 188;    // radius with the bearing mark on the rim
+    static constexpr int kReadOut = 40;  // above the rim
+
+    Point aircraft_;
+    double scale_ = 1;
+    int labelHeight_ = 0;
+};
+
+void paintFlags(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data, double textPx,
+                const MapColorCache& colors) {
+    const Point at = hsi.aircraft();
+    if (!data.trackMagDeg)
+        paintWarningFlag(canvas, {at.x, at.y - 0.42 * hsi.radius()}, "NO TRACK", textPx, colors);
+    if (!data.bearingMagDeg)
+        paintWarningFlag(canvas, {at.x, at.y + 0.42 * hsi.radius()}, "NO WPT", textPx, colors);
+}
+
+// A corner's field: its name over its value.
+void paintCorner(Canvas& canvas, const NavField& field, const CockpitData& data, const Rect& room,
+                 bool right, double textPx, const MapColorCache& colors) {
+    const NavFieldText text = field.format(data);
+    TextStyle style{.font = {.height = textPx, .weight = FontWeight::Bold},
+                    .color = colors[ColorKey::HsiLine],
+                    .alignX = right ? AlignX::Right : AlignX::Left,
+                    .alignY = AlignY::Top};
+    const double x = right ? room.right() : room.x;
+    canvas.text({x, room.y}, field.header, style);
+    const std::string value = text.unit.empty() ? text.value : text.value + " " + text.unit;
+    style.font.height = std::round(textPx * 1.9);
+    const double width = canvas.measure(value, style.font).width;
+    style.font.height *= std::min(1.0, room.width / std::max(width, 1.0));
+    style.color = colors[ColorKey::HsiNumeral];
+    canvas.text({x, room.y + 1.3 * textPx}, value, style);
+}
+
+void paintCorners(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data, double textPx,
+                  const MapColorCache& colors) {
+    const double margin = textPx;
+    const double height = std::round(3 * textPx);
+    // At the corner's far end the card has turned away.
+    const double width =
+        std::min(canvas.width() / 2 - hsi.radius() * 0.62 - 2 * margin, canvas.width() * 0.3);
+    if (width < 4 * textPx)
+        return;
+    const double bottom = canvas.height() - margin - height + 0.5 * textPx;
+    const auto corner = [&](NavFieldId id, bool right, double top) {
+        const double left = right ? canvas.width() - margin - width : margin;
+        paintCorner(canvas, navField(id), data, {left, top, width, height}, right, textPx, colors);
+    };
+    corner(NavFieldId::Waypoint, false, margin);
+    corner(NavFieldId::DesiredTrack, true, margin);
+    corner(NavFieldId::CrossTrack, false, bottom);
+    corner(NavFieldId::Distance, true, bottom);
+}
+
+std::string noteFor(const CockpitData& data) {
+    return data.crossTrackNm ? fullScaleText(data) : std::string();
+}
+
+}  // namespace
+
+HsiState hsiState(const CockpitData& data) {
+    HsiState state;
+    if (!data.trackMagDeg)
+        return state;
+    state.heading = toWhole(*data.trackMagDeg);
+    if (data.bearingMagDeg)
+        state.bearing = *data.bearingMagDeg;
+    const std::optional<double> course =
+        data.obsCourseMagDeg ? data.obsCourseMagDeg : data.desiredTrackMagDeg;
+    if (!course)
+        return state;
+    state.course = toWhole(*course);
+    if (data.crossTrackNm && data.fullScaleNm > 0)
+        state.deviation = *data.crossTrackNm / data.fullScaleNm;
+    if (data.bearingMagDeg)
+        state.toFrom = std::abs(std::remainder(*data.bearingMagDeg - *course, 360.0)) <= 90 ? 1 : 2;
+    return state;
+}
+
+std::string fullScaleText(const CockpitData& data) {
+    UnitLabels labels;
+    std::string number = formatFixed(ConvertDistance(data.fullScaleNm, &labels), 2);
+    while (number.ends_with('0'))
+        number.pop_back();
+    if (number.ends_with('.'))
+        number.pop_back();
+    return "±" + number + " " + std::string(labels.distance);
+}
+
+void paintHsiPage(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
+                  const MapColorCache& colors) {
+    const Rect page{0, 0, canvas.width(), canvas.height()};
+    const double textPx = mapTextPx(page.width, page.height);
+    canvas.rect(page, Brush{colors[ColorKey::MapBackground]}, std::nullopt);
+    const ScaledHsi hsi(page, viewport, kMostScale);
+    paintCorners(canvas, hsi, data, textPx, colors);
+    hsi.paint(canvas, hsiState(data), colors, noteFor(data));
+    paintFlags(canvas, hsi, data, std::round(1.3 * textPx), colors);
+    if (!data.position && data.positionAgeSec)
+        paintWarningFlag(canvas, hsi.aircraft(),
+                         formatText(TextId::PositionLost, {ageText(*data.positionAgeSec)}),
+                         std::round(1.6 * textPx), colors);
+}
+
+void paintHsiOverMap(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
+                     const MapColorCache& colors) {
+    if (!data.position)
+        return;
+    const Rect page{0, 0, canvas.width(), canvas.height()};
+    const ScaledHsi hsi(page, viewport, kMostScaleOverMap);
+    hsi.paint(canvas, hsiState(data), colors, noteFor(data));
+    paintFlags(canvas, hsi, data, mapTextPx(page.width, page.height), colors);
+}
+
+}  // namespace korvel
