@@ -55,7 +55,8 @@ CKorvelApp::CKorvelApp(const CommandLine& line)
 std::string CKorvelApp::start() {
     document_.navigator().loadDatabases(dataFolders());
     if (!line_.planFile.empty())
-        return line_.planFile + ": flight plans cannot be opened yet";
+        if (const std::string error = frame_.openFile(line_.planFile); !error.empty())
+            return line_.planFile + ": " + error;
     for (const auto step : {&CKorvelApp::startReplay, &CKorvelApp::applyView})
         if (std::string error = (this->*step)(); !error.empty())
             return error;

@@ -62,6 +62,11 @@ void CKorvelDoc::tick() {
         beforeNavigation();
     }
     navigator_.tick(settings_, variation(), aircraft);
+    refresh();
+}
+
+void CKorvelDoc::refresh() {
+    navigator_.refresh(variation());
     CockpitData data = collectData();
     if (data != data_) {
         data_ = std::move(data);

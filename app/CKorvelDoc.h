@@ -45,6 +45,9 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     /// brings the data of the pages up to date.
     void tick();
 
+    /// Brings the data of the pages up to date between two ticks, after a command.
+    void refresh();
+
     /// Called within each tick when the position is known and nothing is made of it yet: the
     /// moment for commands that shall count in this very tick.
     std::function<void()> beforeNavigation;

@@ -14,6 +14,7 @@
 #include "app/PageCycle.h"
 #include "app/QtCanvas.h"
 #include "config/ProfileFile.h"
+#include "display/PlaceHit.h"
 
 namespace korvel {
 namespace {
@@ -24,8 +25,13 @@ constexpr int kMessageTicks = 5000 / CKorvelView::kTickMs;
 constexpr double kTapPixels = 12;
 constexpr double kMmPerInch = 25.4;
 
-constexpr std::array kButtons = {TouchCommand::Page, TouchCommand::Aircraft, TouchCommand::ZoomOut,
+constexpr std::array kButtons = {TouchCommand::Page,  TouchCommand::DirectTo, TouchCommand::Nearest,
+                                 TouchCommand::Plan,  TouchCommand::Aircraft, TouchCommand::ZoomOut,
                                  TouchCommand::ZoomIn};
+/// How near to a symbol a tap counts for it.
+constexpr double kFingerPixels = 24;
+/// A list moves by a row for each of these.
+constexpr double kScrollPixels = 40;
 
 Point toPoint(const QPointF& position) { return {position.x(), position.y()}; }
 
@@ -44,7 +50,8 @@ CKorvelView::CKorvelView(CKorvelDoc& document, ProfileFile& profile, const Color
       scheme_(scheme),
       labels_(labels),
       colors_(scheme),
-      pagePainter_(colors_) {
+      pagePainter_(colors_),
+      places_(document.navigator().database()) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_AcceptTouchEvents);
     setFocusPolicy(Qt::StrongFocus);
@@ -82,12 +89,34 @@ void CKorvelView::tick() {
     }
     if (const std::string message = viewport_.tick(); !message.empty())
         say(message);
+    takeNews();
+    updatePlaces();
+}
+
+void CKorvelView::refresh() {
+    document_.refresh();
+    takeNews();
+    update();
+}
+
+void CKorvelView::takeNews() {
     if (document_.revision() == shownRevision_)
         return;
     shownRevision_ = document_.revision();
     data_ = document_.cockpitData();
     angle_.update(data_);
     update();
+}
+
+/// Brings the places up to date for what the next painting shows.
+void CKorvelView::updatePlaces() {
+    const auto center = mapCenter();
+    if (!isMapPage() || !center)
+        return;
+    const Rect view{0, 0, layout_.page.width, layout_.page.height};
+    if (places_.update(viewport_.projection(*center, upDeg()), view, viewport_.currentRangeNm(),
+                       MapPlaceOptions::from(document_.settings())))
+        update();
 }
 
 // Painting
@@ -117,10 +146,16 @@ void CKorvelView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const CockpitData shown = dataToShow();
     {
+        updatePlaces();
         QtCanvas canvas(painter, labels_, layout_.page);
-        pagePainter_.paint(
-            canvas, page_,
-            {.data = shown, .viewport = viewport_, .upTrueDeg = upDeg(), .lookAt = panned_});
+        pagePainter_.paint(canvas, page_,
+                           {.data = shown,
+                            .viewport = viewport_,
+                            .upTrueDeg = upDeg(),
+                            .lookAt = panned_,
+                            .places = &places_.set(),
+                            .nearest = nearestView_,
+                            .plan = planView_});
     }
     {
         QtCanvas canvas(painter, labels_, layout_.fields);
@@ -182,7 +217,10 @@ void CKorvelView::zoomOut() { zoom(-1); }
 void CKorvelView::showPage(PageId page) {
     page_ = page;
     panned_.reset();
+    planView_ = {};
+    nearestView_ = {};
     layOut();
+    refresh();
 }
 
 void CKorvelView::goToNextPage() { showPage(nextPage(page_, document_.settings().displayPages)); }
@@ -231,13 +269,16 @@ void CKorvelView::run(TouchCommand command) {
         case TouchCommand::ZoomOut:
             return zoomOut();
         default:
-            return;
+            if (onTouch)
+                onTouch(command);
     }
 }
 
 // Hands
 
-bool CKorvelView::isMapPage() const { return page_ == PageId::Map || page_ == PageId::NorthUp; }
+bool CKorvelView::isMapPage() const {
+    return page_ == PageId::Map || page_ == PageId::NorthUp || page_ == PageId::MapHsi;
+}
 
 std::optional<GeoPoint> CKorvelView::mapCenter() const {
     if (panned_)
@@ -271,8 +312,83 @@ void CKorvelView::mouseMoveEvent(QMouseEvent* event) {
         drag_->moving || std::hypot(at.x - drag_->start.x, at.y - drag_->start.y) > kTapPixels;
     if (!drag_->moving || drag_->button || !layout_.page.contains(drag_->start))
         return;
+    if (!isMapPage())
+        return scroll(drag_->last, at);
     pan(drag_->last, at);
     drag_->last = at;
+}
+
+FlightPlanRows CKorvelView::planRows() const {
+    return {layout_.page.width, layout_.page.height, data_.plan ? data_.plan->rows.size() : 0};
+}
+
+/// Moves a list by whole rows, as the finger goes.
+void CKorvelView::scroll(Point from, Point to) {
+    const auto rowsMoved = static_cast<int>((from.y - to.y) / kScrollPixels);
+    if (rowsMoved == 0)
+        return;
+    drag_->last = to;
+    const auto moved = [rowsMoved](std::size_t first, std::size_t last) {
+        const auto row = static_cast<std::ptrdiff_t>(first) + rowsMoved;
+        return static_cast<std::size_t>(
+            std::clamp<std::ptrdiff_t>(row, 0, static_cast<std::ptrdiff_t>(last)));
+    };
+    if (page_ == PageId::FlightPlan) {
+        const FlightPlanRows rows = planRows();
+        planView_.firstRow = moved(firstShownRow(data_, planView_, rows), rows.lastFirst());
+    } else if (page_ == PageId::NearestAirport && data_.nearAirports) {
+        nearestView_.first = moved(nearestView_.first, data_.nearAirports->size());
+    }
+    update();
+}
+
+void CKorvelView::hideBar(bool hide) {
+    barHidden_ = hide;
+    layOut();
+    if (onBarShown)
+        onBarShown(!hide);
+}
+
+void CKorvelView::tap(Point at) {
+    if (!layout_.page.contains(at))
+        return;
+    if (barHidden_)
+        hideBar(false);
+    else if (!tapPage({at.x - layout_.page.x, at.y - layout_.page.y}) && barMayHide_)
+        hideBar(true);
+}
+
+/// False when nothing lies there. `at` counts from the page's corner.
+bool CKorvelView::tapPage(Point at) {
+    if (page_ == PageId::FlightPlan) {
+        const FlightPlanRows rows = planRows();
+        const auto row = rows.rowAt(at, firstShownRow(data_, planView_, rows));
+        if (row && onPlanRow)
+            onPlanRow(*row);
+        return row.has_value();
+    }
+    if (page_ == PageId::NearestAirport && data_.nearAirports) {
+        const auto row = layOutNearestPage(layout_.page.width, layout_.page.height,
+                                           data_.nearAirports->size(), nearestView_)
+                             .rowAt(at);
+        if (row && onAirport)
+            onAirport((*data_.nearAirports)[*row]);
+        return row.has_value();
+    }
+    return tapMap(at);
+}
+
+bool CKorvelView::tapMap(Point at) {
+    const auto center = mapCenter();
+    if (!isMapPage() || !center)
+        return false;
+    std::vector<MapPlace> found;
+    for (const MapPlace* place : placesAt(places_.set(), viewport_.projection(*center, upDeg()),
+                                          viewport_.currentRangeNm(), at, kFingerPixels))
+        found.push_back(*place);
+    if (!found.empty() && onPlaces)
+        onPlaces(found);
+    return !found.empty();
 }
 
 void CKorvelView::mouseReleaseEvent(QMouseEvent* event) {
@@ -286,11 +402,8 @@ void CKorvelView::mouseReleaseEvent(QMouseEvent* event) {
         // As on every button: a finger that slides off has changed its mind.
         if (button == drag.button)
             run(kButtons.at(*button));
-    } else if (!drag.moving && barMayHide_ && layout_.page.contains(drag.start)) {
-        barHidden_ = !barHidden_;
-        layOut();
-        if (onBarShown)
-            onBarShown(!barHidden_);
+    } else if (!drag.moving) {
+        tap(drag.start);
     }
 }
 

@@ -13,7 +13,9 @@
 #include "app/MapAngle.h"
 #include "app/ZoomGesture.h"
 #include "display/FieldStrip.h"
+#include "display/FlightPlanPage.h"
 #include "display/MapColorCache.h"
+#include "display/MapPlaces.h"
 #include "display/MapViewport.h"
 #include "display/PagePainter.h"
 #include "display/ScreenLayout.h"
@@ -59,6 +61,19 @@ class CKorvelView final : public QWidget {
 
     /// One step of the program; the timer calls it.
     void tick();
+    /// Shows what a command has changed without waiting for the next tick.
+    void refresh();
+    /// What the map says for five seconds.
+    void say(const std::string& message);
+
+    /// A button of the touch bar that the view does not serve itself.
+    std::function<void(TouchCommand)> onTouch;
+    /// A row of the flight-plan page was tapped.
+    std::function<void(std::size_t row)> onPlanRow;
+    /// An airport of the nearest page was tapped.
+    std::function<void(const NearAirport&)> onAirport;
+    /// Places of the map were tapped, the best first.
+    std::function<void(const std::vector<MapPlace>&)> onPlaces;
 
     /// Called once, after the first painting.
     std::function<void()> onFirstPaint;
@@ -86,10 +101,17 @@ class CKorvelView final : public QWidget {
 
     void layOut();
     void zoom(int steps);
-    void say(const std::string& message);
     bool canRun(TouchCommand command) const;
     void run(TouchCommand command);
     void pan(Point from, Point to);
+    void scroll(Point from, Point to);
+    void tap(Point at);
+    bool tapPage(Point at);
+    bool tapMap(Point at);
+    void hideBar(bool hide);
+    void takeNews();
+    void updatePlaces();
+    FlightPlanRows planRows() const;
     bool isMapPage() const;
     int upDeg() const;
     std::optional<GeoPoint> mapCenter() const;
@@ -111,6 +133,9 @@ class CKorvelView final : public QWidget {
     ScreenLayout layout_;
     PageId page_ = PageId::Map;
     MapAngle angle_;
+    MapPlaces places_;
+    FlightPlanView planView_;
+    NearestView nearestView_;
     std::optional<GeoPoint> panned_;  // what the pilot dragged to the aircraft's place
     CockpitData data_;
     std::uint64_t shownRevision_ = 0;

@@ -2,9 +2,13 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
 #include <QScreen>
+#include <QUrl>
 
 #include "app/AppIcon.h"
 #include "app/CGPSDialog.h"
@@ -28,6 +32,8 @@ constexpr double kMenuPixels = 15;
 CMainFrame::CMainFrame(const FrameParts& parts)
     : parts_(parts),
       view_(parts.document, parts.profile, parts.scheme, parts.labels),
+      file_(*this),
+      navigate_(*this),
       schemes_(this),
       dayScheme_(daySchemeName()) {
     setWindowTitle(toQString(TextId::ProgramName));
@@ -37,6 +43,9 @@ CMainFrame::CMainFrame(const FrameParts& parts)
     const std::vector<std::string> schemes = listSchemes(parts_.dataFiles);
     showScheme(schemes[selectedScheme(schemes, parts_.document.settings().schemeFile)]);
     setCentralWidget(&view_);
+    setAcceptDrops(true);
+    view_.onTouch = [this](TouchCommand command) { runTouch(command); };
+    view_.onPlanRow = [this](std::size_t row) { navigate_.openPlanRow(row); };
     view_.onBarShown = [this](bool shown) { menuBar()->setVisible(shown); };
     view_.setFocus();
 }
@@ -47,44 +56,90 @@ QAction& CMainFrame::addCommand(QMenu& menu, TextId name, const QList<QKeySequen
                                 const Handler& handler) {
     QAction* action = menu.addAction(toQString(name));
     action->setShortcuts(keys);
-    connect(action, &QAction::triggered, this, handler);
+    connect(action, &QAction::triggered, this, [this, handler] {
+        handler();
+        view_.refresh();
+    });
     return *action;
 }
 
 void CMainFrame::addCommands() {
     QMenu& file = *menuBar()->addMenu(toQString(TextId::MenuFile));
+    file_.addTo(file);
     addCommand(file, TextId::CommandQuit, {QKeySequence(Qt::CTRL | Qt::Key_Q)},
                [this] { close(); });
-
-    QMenu& show = *menuBar()->addMenu(toQString(TextId::MenuView));
-    addCommand(show, TextId::CommandZoomIn, {Qt::Key_Z, Qt::Key_Plus}, [this] { view_.zoomIn(); });
-    addCommand(show, TextId::CommandZoomOut,
-               {QKeySequence(Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::Key_Minus)},
-               [this] { view_.zoomOut(); });
-    addCommand(show, TextId::CommandBackToAircraft, {Qt::Key_Space},
-               [this] { view_.backToAircraft(); });
-    show.addSeparator();
-    addCommand(show, TextId::CommandNextPage, {Qt::Key_N}, [this] { view_.goToNextPage(); });
-    for (const PageId page : availablePages())
-        connect(show.addAction(toQString(pageName(page))), &QAction::triggered, this,
-                [this, page] { view_.showPage(page); });
-    show.addSeparator();
-    addCommand(show, TextId::CommandFullScreen, {Qt::Key_F11}, [this] { toggleFullScreen(); });
-
-    QMenu& options = *menuBar()->addMenu(toQString(TextId::MenuOptions));
-    addCommand(options, TextId::CommandNight, {Qt::Key_C}, [this] { toggleNight(); });
-    addSchemes(*options.addMenu(toQString(TextId::MenuSchemes)));
-    options.addSeparator();
-    addCommand(options, TextId::CommandPort, {}, [this] { choosePort(); });
-
-    QMenu& help = *menuBar()->addMenu(toQString(TextId::MenuHelp));
-    addCommand(help, TextId::CommandHelp, {Qt::Key_F1},
-               [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::FirstFlight)); });
-    addCommand(help, TextId::CommandAbout, {},
-               [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::About)); });
+    addViewCommands(*menuBar()->addMenu(toQString(TextId::MenuView)));
+    navigate_.addTo(*menuBar()->addMenu(toQString(TextId::MenuNavigate)));
+    addOptions(*menuBar()->addMenu(toQString(TextId::MenuOptions)));
+    addHelp(*menuBar()->addMenu(toQString(TextId::MenuHelp)));
     // The menu bar may vanish in full screen, the keys must not.
     for (QAction* menu : menuBar()->actions())
         addActions(menu->menu()->actions());
+}
+
+void CMainFrame::addViewCommands(QMenu& menu) {
+    addCommand(menu, TextId::CommandZoomIn, {Qt::Key_Z, Qt::Key_Plus}, [this] { view_.zoomIn(); });
+    addCommand(menu, TextId::CommandZoomOut,
+               {QKeySequence(Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::Key_Minus)},
+               [this] { view_.zoomOut(); });
+    addCommand(menu, TextId::CommandBackToAircraft, {Qt::Key_Space},
+               [this] { view_.backToAircraft(); });
+    menu.addSeparator();
+    addCommand(menu, TextId::CommandNextPage, {Qt::Key_N}, [this] { view_.goToNextPage(); });
+    for (const PageId page : availablePages())
+        connect(menu.addAction(toQString(pageName(page))), &QAction::triggered, this,
+                [this, page] { view_.showPage(page); });
+    menu.addSeparator();
+    addCommand(menu, TextId::CommandFullScreen, {Qt::Key_F11}, [this] { toggleFullScreen(); });
+}
+
+void CMainFrame::addOptions(QMenu& menu) {
+    addCommand(menu, TextId::CommandNight, {Qt::Key_C}, [this] { toggleNight(); });
+    addSchemes(*menu.addMenu(toQString(TextId::MenuSchemes)));
+    menu.addSeparator();
+    addCommand(menu, TextId::CommandPort, {}, [this] { choosePort(); });
+}
+
+void CMainFrame::addHelp(QMenu& menu) {
+    addCommand(menu, TextId::CommandHelp, {Qt::Key_F1},
+               [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::FirstFlight)); });
+    addCommand(menu, TextId::CommandAbout, {},
+               [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::About)); });
+}
+
+/// The buttons that open something; the view does the others itself.
+void CMainFrame::runTouch(TouchCommand command) {
+    switch (command) {
+        case TouchCommand::DirectTo:
+            return navigate_.directTo();
+        case TouchCommand::Nearest:
+            return view_.showPage(PageId::NearestAirport);
+        case TouchCommand::Plan:
+            return view_.showPage(PageId::FlightPlan);
+        default:
+            return;
+    }
+}
+
+// Files
+
+std::string CMainFrame::openFile(const std::filesystem::path& path) { return file_.openPlan(path); }
+
+void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
+    const QList<QUrl> files = event->mimeData()->urls();
+    if (files.size() == 1 && files.front().isLocalFile())
+        event->acceptProposedAction();
+}
+
+void CMainFrame::dropEvent(QDropEvent* event) {
+    file_.openFile(event->mimeData()->urls().front().toLocalFile().toStdU16String());
+}
+
+void CMainFrame::showError(const std::string& message) {
+    auto* box = new QMessageBox(QMessageBox::Critical, toQString(TextId::ErrorTitle),
+                                toQString(message), QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
 }
 
 void CMainFrame::toggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }
@@ -99,7 +154,11 @@ void CMainFrame::changeEvent(QEvent* event) {
 }
 
 void CMainFrame::openSheet(std::unique_ptr<Sheet> sheet) {
+    // The one before may be what has called: it goes when the events are done.
+    if (sheet_)
+        sheet_.release()->deleteLater();
     sheet_ = std::move(sheet);
+    connect(sheet_.get(), &QDialog::finished, this, [this] { view_.refresh(); });
     sheet_->open();
 }
 
@@ -164,6 +223,13 @@ void CMainFrame::storeState() {
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event) {
+    if (!mayClose_ && parts_.document.navigator().plan().changed()) {
+        event->ignore();
+        return file_.withPlanSafe([this] {
+            mayClose_ = true;
+            close();
+        });
+    }
     storeState();
     QMainWindow::closeEvent(event);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -8,6 +8,9 @@
 #include <QMainWindow>
 
 #include "app/CKorvelView.h"
+#include "app/CommandHost.h"
+#include "app/FileCommands.h"
+#include "app/NavigateCommands.h"
 #include "app/Sheet.h"
 #include "config/StringTable.h"
 
@@ -29,11 +32,13 @@ struct FrameParts {
 };
 
 /// The window: menus with the key of each command beside it, and the view below.
-class CMainFrame final : public QMainWindow {
+class CMainFrame final : public QMainWindow, private CommandHost {
  public:
     explicit CMainFrame(const FrameParts& parts);
 
-    CKorvelView& view() { return view_; }
+    CKorvelView& view() override { return view_; }
+    /// Opens a plan or a track; the message for the pilot, empty on success.
+    [[nodiscard]] std::string openFile(const std::filesystem::path& path);
 
     /// Shows the window where it stood when it was last closed.
     void showWhereItWas();
@@ -44,24 +49,36 @@ class CMainFrame final : public QMainWindow {
  protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
  private:
-    using Handler = std::function<void()>;
+    QAction& addCommand(QMenu& menu, TextId name, const QList<QKeySequence>& keys,
+                        const Handler& handler) override;
+    void openSheet(std::unique_ptr<Sheet> sheet) override;
+    void showError(const std::string& message) override;
+    QWidget& window() override { return *this; }
+    CKorvelDoc& document() override { return parts_.document; }
+    ProfileFile& profile() override { return parts_.profile; }
 
     void addCommands();
+    void addViewCommands(QMenu& menu);
+    void addOptions(QMenu& menu);
+    void addHelp(QMenu& menu);
     void addSchemes(QMenu& menu);
-    QAction& addCommand(QMenu& menu, TextId name, const QList<QKeySequence>& keys,
-                        const Handler& handler);
+    void runTouch(TouchCommand command);
     /// Shows a scheme and remembers it.
     void chooseScheme(const std::string& name);
     void toggleFullScreen();
     void toggleNight();
-    void openSheet(std::unique_ptr<Sheet> sheet);
     void choosePort();
     void storeState();
 
     FrameParts parts_;
     CKorvelView view_;
+    FileCommands file_;
+    NavigateCommands navigate_;
+    bool mayClose_ = false;  // the plan is safe
     QActionGroup schemes_;
     std::string shownScheme_;
     std::string dayScheme_;  // what C goes back to

@@ -5,6 +5,7 @@
 
 #include "config/Settings.h"
 #include "config/StringTable.h"
+#include "display/PlanViewBuilder.h"
 #include "nav/Geodesy.h"
 #include "nav/TextNumbers.h"
 #include "navdb/DatabaseFile.h"
@@ -181,6 +182,25 @@ void Navigator::tick(const Settings& settings, const Variation& variation,
     }
 }
 
+void Navigator::refresh(const Variation& variation) {
+    const auto plan = plan_.plan().lock();
+    if (!plan->has_value()) {
+        planView_.reset();
+        return;
+    }
+    const PlanViewSource source{.revision = plan_.revision(),
+                                .active = (*plan)->currentIndex(),
+                                .variationDeg = std::round(variation.inForceDeg() * 10) / 10};
+    if (planView_ && source == planViewSource_) {
+        return;
+    }
+    planViewSource_ = source;
+    PlanView view = makePlanView(**plan, variation);
+    view.fileName = plan_.file().filename().string();
+    view.changed = plan_.changed();
+    planView_ = std::make_shared<const PlanView>(std::move(view));
+}
+
 void Navigator::collectSimulated(CockpitData& data, const Variation& variation) const {
     const ActiveNavigation::Aircraft& present = navigation_.present();
     data.simulated = true;
@@ -199,6 +219,7 @@ void Navigator::collect(CockpitData& data, const Variation& variation) const {
         collectSimulated(data, variation);
     }
     data.databaseNotice = databaseNotice_;
+    data.plan = planView_;
     data.track = track_.track();
     data.trackSlots = data.track ? data.track->read()->slots.size() : 0;
     if (!data.position) {

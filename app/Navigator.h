@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -84,6 +85,8 @@ class Navigator {
     /// The database's variation near the aircraft, degrees, east positive; kNoAngle if unknown.
     double databaseVariationDeg() const { return variationDeg_; }
 
+    /// Brings what is kept for the pages up to date: after each tick and each command.
+    void refresh(const Variation& variation);
     /// Fills what the pages show of the flight.
     void collect(CockpitData& data, const Variation& variation) const;
 
@@ -107,6 +110,17 @@ class Navigator {
     ActiveNavigation navigation_;
     VerticalSpeed verticalSpeed_;
     int timeFactor_ = 1;
+
+    /// What the plan view was made from.
+    struct PlanViewSource {
+        std::uint64_t revision = 0;
+        std::optional<std::size_t> active{};
+        double variationDeg = 0;
+
+        friend bool operator==(const PlanViewSource&, const PlanViewSource&) = default;
+    };
+    std::shared_ptr<const PlanView> planView_;
+    PlanViewSource planViewSource_;
 
     double variationDeg_ = kNoAngle;
     GeoPoint variationPoint_;  // where it was looked up

@@ -38,13 +38,34 @@ std::string PlanDesk::enterRoute(std::string_view line) {
     return result.error;
 }
 
-void PlanDesk::replace(std::vector<PlanWaypoint> entries) {
+void PlanDesk::putInForce(PlanEntries entries) {
     if (entries.empty()) {
         plan_.lock()->reset();
     } else {
         *plan_.lock() = FlightPlan(std::move(entries));
     }
     comeIntoForce(true);
+}
+
+void PlanDesk::replace(PlanEntries entries) {
+    history_.remember(this->entries());
+    putInForce(std::move(entries));
+}
+
+bool PlanDesk::undo() {
+    auto former = history_.undo(entries());
+    if (former) {
+        putInForce(std::move(*former));
+    }
+    return former.has_value();
+}
+
+bool PlanDesk::redo() {
+    auto later = history_.redo(entries());
+    if (later) {
+        putInForce(std::move(*later));
+    }
+    return later.has_value();
 }
 
 template <class Change>
@@ -58,7 +79,9 @@ bool PlanDesk::changePlan(Change change) {
 }
 
 void PlanDesk::reverse() {
+    const PlanEntries before = entries();
     if (changePlan([](FlightPlan& plan) { plan.reverse(); })) {
+        history_.remember(before);
         comeIntoForce(true);
     }
 }
@@ -77,6 +100,7 @@ void PlanDesk::flyTo(std::size_t index) {
 }
 
 void PlanDesk::clear() {
+    history_.remember(entries());
     plan_.lock()->reset();
     file_.clear();
     comeIntoForce(false);
@@ -88,6 +112,7 @@ std::string PlanDesk::open(const std::filesystem::path& path) {
         return std::string(text(TextId::FileOpenError));
     }
     std::string error = files_.OpenPlanFile(path, *bytes);
+    history_.clear();
     file_ = error.empty() ? path : std::filesystem::path();
     if (error.empty() && path.extension() != ".fp" && path.extension() != ".FP") {
         file_.replace_extension(".fp");  // what a list was converted into

@@ -10,6 +10,7 @@
 
 #include "nav/FlightPlan.h"
 #include "nav/GeneratedFixes.h"
+#include "nav/PlanEdit.h"
 #include "nav/PlanFiles.h"
 
 namespace korvel {
@@ -46,6 +47,10 @@ class PlanDesk {
     void flyTo(std::size_t index);
     void clear();
 
+    /// Takes back the last change of the entries, and takes that back; false when there is none.
+    bool undo();
+    bool redo();
+
     /// Opens a ".fp" or ".TXT" file. A file that cannot be read as a plan leaves none; one that
     /// cannot be opened changes nothing.
     [[nodiscard]] std::string open(const std::filesystem::path& path);
@@ -63,6 +68,7 @@ class PlanDesk {
     /// Under the plan's lock; false without a plan.
     template <class Change>
     bool changePlan(Change change);
+    void putInForce(PlanEntries entries);
     void comeIntoForce(bool changed);
 
     NavDatabase& database_;
@@ -71,6 +77,7 @@ class PlanDesk {
     PlanFiles files_;
     std::function<void()> onChange_;
     std::optional<GeoPoint> present_;
+    PlanHistory history_;
     std::filesystem::path file_;
     bool changed_ = false;
     std::uint64_t revision_ = 0;

@@ -123,7 +123,7 @@ TEST_F(ProgramTest, AtNightNothingIsWhiteAtAnyScale) {
             bright += gray > 150 ? 1 : 0;
         }
     EXPECT_GT(brightest, 200);  // the text
-    EXPECT_LT(bright, night.width() * night.height() / 20);
+    EXPECT_LT(bright, night.width() * night.height() / 10);
     const auto registry = openRegistryProfile();
     ProfileFile profile(folder_.path() / "profile", *registry);
     EXPECT_EQ(profile.getString(kOptionsSection, "SchemeFile", "?"), "");

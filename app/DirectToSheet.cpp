@@ -1,0 +1,56 @@
+#include "app/DirectToSheet.h"
+
+#include <QPushButton>
+
+#include "app/CKorvelDoc.h"
+#include "app/QtText.h"
+#include "config/StringTable.h"
+#include "nav/RouteWords.h"
+
+namespace korvel {
+
+DirectToSheet::DirectToSheet(QWidget* parent, CKorvelDoc& document, const std::string& identifier)
+    : Sheet(parent, toQString(TextId::DirectToTitle),
+            QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
+      document_(document),
+      place_(document.navigator().database(), document.cockpitData().position) {
+    buttons().button(QDialogButtonBox::Ok)->setText(toQString(TextId::DirectToTitle));
+    course_.setPlaceholderText(toQString(TextId::CourseHint));
+    altitude_.setPlaceholderText(toQString(TextId::AltitudeHint));
+    message_.setWordWrap(true);
+    message_.setObjectName(QStringLiteral("refusal"));
+    for (QWidget* row : std::initializer_list<QWidget*>{&place_, &course_, &altitude_, &message_})
+        addRow(*row);
+    setMinimumWidth(11 * kRowPixels);
+    place_.onChange = [this] { message_.clear(); };
+    place_.onChosen = [this] { accept(); };
+    place_.edit().setText(QString::fromStdString(identifier));
+    place_.setFocus();
+}
+
+void DirectToSheet::refuse(const std::string& message) {
+    message_.setText(toQString(message));
+    place_.setFocus();
+}
+
+void DirectToSheet::accept() {
+    std::int32_t altitudeFt = kNoAltitudeFt;
+    if (const std::string typed = altitude_.text().trimmed().toStdString(); !typed.empty()) {
+        std::string_view rest = typed;
+        const auto planned = scanPlannedAltitude(rest);
+        if (!planned || !rest.empty())
+            return refuse(std::string(text(TextId::InvalidAltitude)));
+        altitudeFt = *planned;
+    }
+    ActiveNavigation& navigation = document_.navigator().navigation();
+    const std::uint64_t before = navigation.announcement().number;
+    const std::string said =
+        navigation.DirectTo(place_.key(), course_.text().trimmed().toStdString(), altitudeFt);
+    if (navigation.announcement().number == before)
+        return refuse(said);
+    QDialog::accept();
+    if (onDone)
+        onDone(said);
+}
+
+}  // namespace korvel

@@ -1,0 +1,163 @@
+#include "app/FileCommands.h"
+
+#include <algorithm>
+
+#include <QMessageBox>
+
+#include "app/CKorvelDoc.h"
+#include "app/CKorvelView.h"
+#include "app/QtText.h"
+#include "config/StringTable.h"
+#include "platform/Folders.h"
+
+namespace korvel {
+namespace {
+
+std::filesystem::path toPath(const QString& name) { return {name.toStdU16String()}; }
+
+QString toQString(const std::filesystem::path& path) {
+    return QString::fromStdU16String(path.u16string());
+}
+
+bool isTrack(const std::filesystem::path& path) {
+    return toQString(path).endsWith(QLatin1String(".trk"), Qt::CaseInsensitive);
+}
+
+}  // namespace
+
+FileCommands::FileCommands(CommandHost& host) : host_(host), recent_(host.profile()) {}
+
+Navigator& FileCommands::navigator() { return host_.document().navigator(); }
+
+void FileCommands::addTo(QMenu& menu) {
+    const auto nothing = [] {};
+    host_.addCommand(menu, TextId::CommandNewPlan, {QKeySequence(Qt::CTRL | Qt::Key_N)},
+                     [this] { withPlanSafe([this] { newPlan(); }); });
+    host_.addCommand(menu, TextId::CommandOpenPlan, {QKeySequence(Qt::CTRL | Qt::Key_O)},
+                     [this] { choosePlan(); });
+    recentMenu_ = menu.addMenu(korvel::toQString(TextId::MenuRecent));
+    QObject::connect(recentMenu_, &QMenu::aboutToShow, recentMenu_, [this] { showRecent(); });
+    host_.addCommand(menu, TextId::CommandSavePlan, {QKeySequence(Qt::CTRL | Qt::Key_S)},
+                     [this, nothing] { savePlan(nothing); });
+    host_.addCommand(menu, TextId::CommandSavePlanAs,
+                     {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
+                     [this, nothing] { savePlanAs(nothing); });
+    menu.addSeparator();
+    host_.addCommand(menu, TextId::CommandOpenTrack, {}, [this] { chooseTrack(); });
+    host_.addCommand(menu, TextId::CommandSaveTrack, {}, [this] { saveTrackAs(); });
+    menu.addSeparator();
+}
+
+void FileCommands::showRecent() {
+    recentMenu_->clear();
+    for (const auto& file : recent_.files()) {
+        QAction* action = recentMenu_->addAction(toQString(file));
+        QObject::connect(action, &QAction::triggered, action, [this, file] { openFile(file); });
+    }
+    if (recent_.files().empty())
+        recentMenu_->addAction(korvel::toQString(TextId::NoRecentFiles))->setEnabled(false);
+}
+
+// Plans
+
+void FileCommands::newPlan() { navigator().plan().clear(); }
+
+void FileCommands::choosePlan() {
+    choose(TextId::OpenPlanTitle, QFileDialog::AcceptOpen, TextId::PlanFilter, {},
+           [this](const std::filesystem::path& path) { openFile(path); });
+}
+
+void FileCommands::openFile(const std::filesystem::path& path) {
+    if (isTrack(path))
+        return openTrack(path);
+    withPlanSafe([this, path] {
+        if (const std::string error = openPlan(path); !error.empty())
+            host_.showError(error);
+    });
+}
+
+std::string FileCommands::openPlan(const std::filesystem::path& path) {
+    std::string error = navigator().plan().open(path);
+    if (error.empty())
+        recent_.add(std::filesystem::absolute(path));
+    else
+        recent_.remove(std::filesystem::absolute(path));
+    return error;
+}
+
+void FileCommands::savePlan(const std::function<void()>& next) {
+    PlanDesk& plan = navigator().plan();
+    if (plan.file().empty())
+        return savePlanAs(next);
+    if (const std::string error = plan.saveAs(plan.file()); !error.empty())
+        return host_.showError(error);
+    recent_.add(std::filesystem::absolute(plan.file()));
+    host_.view().say(formatText(TextId::PlanSaved, {plan.file().filename().string()}));
+    next();
+}
+
+void FileCommands::savePlanAs(const std::function<void()>& next) {
+    choose(TextId::SavePlanTitle, QFileDialog::AcceptSave, TextId::PlanSaveFilter,
+           QStringLiteral("fp"), [this, next](const std::filesystem::path& path) {
+               if (const std::string error = navigator().plan().saveAs(path); !error.empty())
+                   return host_.showError(error);
+               savePlan(next);
+           });
+}
+
+void FileCommands::withPlanSafe(const std::function<void()>& next) {
+    if (!navigator().plan().changed())
+        return next();
+    auto* box = new QMessageBox(QMessageBox::Question, korvel::toQString(TextId::ProgramName),
+                                korvel::toQString(TextId::AskSavePlan),
+                                QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
+                                &host_.window());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(box, &QMessageBox::finished, box, [this, next](int answer) {
+        if (answer == QMessageBox::Save)
+            savePlan(next);
+        else if (answer == QMessageBox::Discard)
+            next();
+    });
+    box->open();
+}
+
+// Tracks
+
+void FileCommands::chooseTrack() {
+    choose(TextId::OpenTrackTitle, QFileDialog::AcceptOpen, TextId::TrackFilter, {},
+           [this](const std::filesystem::path& path) { openTrack(path); });
+}
+
+void FileCommands::openTrack(const std::filesystem::path& path) {
+    if (const std::string error = navigator().track().openTrack(path); !error.empty())
+        host_.showError(error);
+}
+
+void FileCommands::saveTrackAs() {
+    if (!navigator().track().track())
+        return host_.showError(std::string(text(TextId::NoTrackToSave)));
+    choose(TextId::SaveTrackTitle, QFileDialog::AcceptSave, TextId::TrackFilter,
+           QStringLiteral("trk"), [this](const std::filesystem::path& path) {
+               if (const std::string error = navigator().track().saveTrack(path); !error.empty())
+                   host_.showError(error);
+           });
+}
+
+void FileCommands::choose(TextId title, QFileDialog::AcceptMode mode, TextId filter,
+                          const QString& suffix,
+                          const std::function<void(const std::filesystem::path&)>& chosen) {
+    auto* dialog = new QFileDialog(&host_.window(), korvel::toQString(title),
+                                   toQString(documentsFolder()), korvel::toQString(filter));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(mode);
+    dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                        : QFileDialog::AnyFile);
+    dialog->setDefaultSuffix(suffix);
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
+                     [chosen](const QString& name) { chosen(toPath(name)); });
+    dialog_ = dialog;
+    dialog->open();
+}
+
+}  // namespace korvel

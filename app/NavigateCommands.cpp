@@ -1,0 +1,87 @@
+#include "app/NavigateCommands.h"
+
+#include "app/CKorvelDoc.h"
+#include "app/CKorvelView.h"
+#include "app/DirectToSheet.h"
+#include "app/PlanRowSheet.h"
+#include "app/QtText.h"
+#include "app/RouteSheet.h"
+
+namespace korvel {
+
+Navigator& NavigateCommands::navigator() { return host_.document().navigator(); }
+
+void NavigateCommands::addTo(QMenu& menu) {
+    host_.addCommand(menu, TextId::CommandDirectTo, {Qt::Key_D}, [this] { directTo(); });
+    host_.addCommand(menu, TextId::CommandNearest, {Qt::Key_R},
+                     [this] { host_.view().showPage(PageId::NearestAirport); });
+    host_.addCommand(menu, TextId::CommandClearNavigation, {}, [this] { clearNavigation(); });
+    menu.addSeparator();
+    addPlanCommands(menu);
+    menu.addSeparator();
+    tracking_ = &host_.addCommand(menu, TextId::CommandRecordTrack, {Qt::Key_T},
+                                  [this] { recordTrack(tracking_->isChecked()); });
+    suspended_ = &host_.addCommand(menu, TextId::CommandSuspend, {},
+                                   [this] { suspend(suspended_->isChecked()); });
+    for (QAction* action : {tracking_.data(), suspended_.data()})
+        action->setCheckable(true);
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { updateChecks(); });
+    updateChecks();
+}
+
+void NavigateCommands::addPlanCommands(QMenu& menu) {
+    host_.addCommand(menu, TextId::CommandShowPlan, {Qt::Key_F},
+                     [this] { host_.view().showPage(PageId::FlightPlan); });
+    host_.addCommand(menu, TextId::CommandRoute, {QKeySequence(Qt::SHIFT | Qt::Key_F)},
+                     [this] { editRoute(); });
+    host_.addCommand(menu, TextId::CommandActivate, {}, [this] { navigator().plan().activate(); });
+    host_.addCommand(menu, TextId::CommandReverse, {}, [this] { navigator().plan().reverse(); });
+    host_.addCommand(menu, TextId::CommandUndo, {QKeySequence(Qt::CTRL | Qt::Key_Z)}, [this] {
+        if (!navigator().plan().undo())
+            host_.view().say(std::string(text(TextId::NothingToUndo)));
+    });
+    host_.addCommand(menu, TextId::CommandRedo, {QKeySequence(Qt::CTRL | Qt::Key_Y)}, [this] {
+        if (!navigator().plan().redo())
+            host_.view().say(std::string(text(TextId::NothingToUndo)));
+    });
+}
+
+void NavigateCommands::updateChecks() {
+    tracking_->setChecked(host_.document().settings().tracking);
+    suspended_->setChecked(navigator().navigation().suspended());
+}
+
+void NavigateCommands::directTo(const std::string& identifier) {
+    auto sheet = std::make_unique<DirectToSheet>(&host_.window(), host_.document(), identifier);
+    sheet->onDone = [this](const std::string& message) { host_.view().say(message); };
+    host_.openSheet(std::move(sheet));
+}
+
+void NavigateCommands::editRoute() {
+    host_.openSheet(std::make_unique<RouteSheet>(&host_.window(), host_.document()));
+}
+
+void NavigateCommands::openPlanRow(std::size_t row) {
+    auto sheet = std::make_unique<PlanRowSheet>(&host_.window(), host_.document(), row);
+    sheet->onDirectTo = [this](const std::string& key) { directTo(key); };
+    host_.openSheet(std::move(sheet));
+}
+
+void NavigateCommands::clearNavigation() {
+    navigator().navigation().ClearNavigation();
+    navigator().plan().clear();
+}
+
+void NavigateCommands::suspend(bool on) {
+    navigator().navigation().setSuspended(on);
+    host_.view().say(std::string(text(on ? TextId::Suspended : TextId::Resumed)));
+}
+
+void NavigateCommands::recordTrack(bool on) {
+    Settings settings = host_.document().settings();
+    settings.tracking = on;
+    host_.document().applySettings(settings);
+    host_.view().say(std::string(text(on ? TextId::TrackOn : TextId::TrackOff)));
+}
+
+}  // namespace korvel

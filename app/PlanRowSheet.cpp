@@ -1,0 +1,116 @@
+#include "app/PlanRowSheet.h"
+
+#include <QHBoxLayout>
+
+#include "app/CKorvelDoc.h"
+#include "app/QtText.h"
+#include "config/StringTable.h"
+#include "nav/PlanEdit.h"
+#include "nav/RouteWords.h"
+
+namespace korvel {
+namespace {
+
+/// A row of widgets side by side; the widgets stay the caller's.
+QWidget& sideBySide(QVBoxLayout& column, std::initializer_list<QWidget*> widgets) {
+    auto* row = new QWidget;  // the column's parent takes it
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (QWidget* widget : widgets) {
+        widget->setMinimumHeight(Sheet::kRowPixels);
+        layout->addWidget(widget);
+    }
+    column.insertWidget(column.count() - 1, row);
+    return *row;
+}
+
+}  // namespace
+
+PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t row)
+    : Sheet(parent, toQString(TextId::PlanRowTitle), QDialogButtonBox::Close),
+      document_(document),
+      row_(row) {
+    const PlanEntries entries = document.navigator().plan().entries();
+    if (row < entries.size()) {
+        key_ = entries[row].key;
+        title_.setText(QStringLiteral("%1   %2").arg(QString::fromStdString(entries[row].text),
+                                                     toQString(entries[row].record->GetName())));
+    }
+    title_.setAccessibleName(title_.text());
+    words_.setPlaceholderText(toQString(TextId::InsertHint));
+    altitude_.setPlaceholderText(toQString(TextId::AltitudeHint));
+    message_.setWordWrap(true);
+    addRow(title_);
+    addButton(fly_, TextId::FlyToRow, [this] {
+        document_.navigator().plan().flyTo(row_);
+        QDialog::accept();
+    });
+    addButton(direct_, TextId::DirectToTitle, [this] {
+        QDialog::accept();
+        if (onDirectTo)
+            onDirectTo(key_);
+    });
+    addButton(up_, TextId::MoveRowUp, [this] { move(true); });
+    addButton(down_, TextId::MoveRowDown, [this] { move(false); });
+    addButton(remove_, TextId::RemoveRow, [this] { remove(); });
+    addButton(setAltitude_, TextId::SetAltitude, [this] { setAltitude(); });
+    addButton(insert_, TextId::InsertWords, [this] { insertBefore(); });
+    sideBySide(column(), {&fly_, &direct_});
+    sideBySide(column(), {&up_, &down_, &remove_});
+    sideBySide(column(), {&altitude_, &setAltitude_});
+    sideBySide(column(), {&words_, &insert_});
+    addRow(message_);
+    connect(&altitude_, &QLineEdit::returnPressed, this, [this] { setAltitude(); });
+    connect(&words_, &QLineEdit::returnPressed, this, [this] { insertBefore(); });
+    setMinimumWidth(12 * kRowPixels);
+}
+
+void PlanRowSheet::addButton(QPushButton& button, TextId text,
+                             const std::function<void()>& handler) {
+    button.setText(toQString(text));
+    button.setAutoDefault(false);
+    connect(&button, &QPushButton::clicked, this, handler);
+}
+
+void PlanRowSheet::setAltitude() {
+    PlanDesk& plan = document_.navigator().plan();
+    std::int32_t feet = kNoAltitudeFt;
+    if (const std::string typed = altitude_.text().trimmed().toStdString(); !typed.empty()) {
+        std::string_view rest = typed;
+        const auto planned = scanPlannedAltitude(rest);
+        if (!planned || !rest.empty())
+            return message_.setText(toQString(TextId::InvalidAltitude));
+        feet = *planned;
+    }
+    PlanEditResult result = withAltitude(plan.entries(), row_, feet);
+    if (!result.error.empty())
+        return message_.setText(toQString(result.error));
+    plan.replace(std::move(result.entries));
+    QDialog::accept();
+}
+
+void PlanRowSheet::insertBefore() {
+    Navigator& navigator = document_.navigator();
+    PlanDesk& plan = navigator.plan();
+    PlanEditResult result =
+        insertWords(plan.entries(), row_, words_.text().toUpper().toStdString(),
+                    navigator.database(), plan.fixes(), document_.cockpitData().position);
+    if (!result.error.empty())
+        return message_.setText(toQString(result.error));
+    plan.replace(std::move(result.entries));
+    QDialog::accept();
+}
+
+void PlanRowSheet::move(bool up) {
+    PlanDesk& plan = document_.navigator().plan();
+    plan.replace(withRowMoved(plan.entries(), row_, up));
+    QDialog::accept();
+}
+
+void PlanRowSheet::remove() {
+    PlanDesk& plan = document_.navigator().plan();
+    plan.replace(withoutRow(plan.entries(), row_));
+    QDialog::accept();
+}
+
+}  // namespace korvel

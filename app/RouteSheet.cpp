@@ -1,0 +1,82 @@
+#include "app/RouteSheet.h"
+
+#include <QPushButton>
+
+#include "app/CKorvelDoc.h"
+#include "app/QtText.h"
+#include "config/StringTable.h"
+#include "nav/RouteCheck.h"
+#include "nav/Units.h"
+
+namespace korvel {
+namespace {
+
+/// The mark beside a word: its meaning is not left to a colour.
+QString marked(const CheckedWord& word) {
+    const QString name = QString::fromStdString(word.word).toHtmlEscaped();
+    switch (word.kind) {
+        case CheckedWord::Kind::Place:
+            return QStringLiteral("%1&nbsp;\u2713").arg(name);
+        case CheckedWord::Kind::Airway:
+            return word.message.empty() ? QStringLiteral("<i>%1</i>&nbsp;\u2713").arg(name)
+                                        : QStringLiteral("<b>%1&nbsp;\u2717</b>").arg(name);
+        default:
+            return QStringLiteral("<b>%1&nbsp;\u2717</b>").arg(name);
+    }
+}
+
+std::string lineOf(const std::vector<PlanWaypoint>& entries) {
+    std::string line;
+    for (const PlanWaypoint& entry : entries)
+        line.append(line.empty() ? "" : " ").append(entry.text);
+    return line;
+}
+
+}  // namespace
+
+RouteSheet::RouteSheet(QWidget* parent, CKorvelDoc& document)
+    : Sheet(parent, toQString(TextId::RouteTitle), QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
+      document_(document) {
+    line_.setPlaceholderText(toQString(TextId::RouteHint));
+    words_.setWordWrap(true);
+    words_.setTextFormat(Qt::RichText);
+    words_.setMinimumHeight(3 * kRowPixels);
+    words_.setAlignment(Qt::AlignTop);
+    message_.setWordWrap(true);
+    for (QWidget* row : std::initializer_list<QWidget*>{&line_, &words_, &message_})
+        addRow(*row);
+    setMinimumWidth(14 * kRowPixels);
+    connect(&line_, &QLineEdit::textEdited, this, [this] { check(); });
+    line_.setText(QString::fromStdString(lineOf(document.navigator().plan().entries())));
+    line_.selectAll();
+    line_.setFocus();
+    check();
+}
+
+void RouteSheet::check() {
+    Navigator& navigator = document_.navigator();
+    const RouteCheck route = checkRoute(line_.text().toUpper().toStdString(), navigator.database(),
+                                        navigator.plan().fixes(), document_.cockpitData().position);
+    QStringList words;
+    for (const CheckedWord& word : route.words)
+        words.append(marked(word));
+    words_.setText(words.join(QStringLiteral(" &nbsp; ")));
+    if (route.words.empty() || !route.error.empty())
+        return message_.setText(toQString(route.error));
+    UnitLabels labels;
+    const double total = ConvertDistance(route.totalNm, &labels);
+    message_.setText(toQString(formatText(
+        TextId::RouteSummary,
+        {static_cast<int>(route.count), static_cast<int>(total + 0.5), labels.distance})));
+}
+
+void RouteSheet::accept() {
+    const std::string error =
+        document_.navigator().plan().enterRoute(line_.text().toUpper().toStdString());
+    if (error.empty())
+        return QDialog::accept();
+    message_.setText(toQString(error));
+    line_.setFocus();
+}
+
+}  // namespace korvel
