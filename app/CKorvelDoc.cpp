@@ -62,12 +62,23 @@ void CKorvelDoc::tick() {
         beforeNavigation();
     }
     navigator_.tick(settings_, variation(), aircraft);
-    refresh();
+    navigator_.refresh(variation());
+    CockpitData data = collectData();
+    attitude_.update(data, navigator_.tickMs());
+    show(std::move(data));
 }
 
 void CKorvelDoc::refresh() {
     navigator_.refresh(variation());
     CockpitData data = collectData();
+    // The attitude comes out of the ticks alone.
+    data.turnRateDegPerSec = data_.turnRateDegPerSec;
+    data.bankDeg = data_.bankDeg;
+    data.pitchDeg = data_.pitchDeg;
+    show(std::move(data));
+}
+
+void CKorvelDoc::show(CockpitData data) {
     if (data != data_) {
         data_ = std::move(data);
         ++revision_;

@@ -12,6 +12,7 @@
 #include "config/ProfileFile.h"
 #include "config/Settings.h"
 #include "display/CockpitData.h"
+#include "display/DerivedAttitude.h"
 #include "gps/ConnectionMonitor.h"
 #include "gps/GpsInput.h"
 #include "gps/LineListener.h"
@@ -95,6 +96,7 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     /// What of the fix is fresh; nothing without one.
     ActiveNavigation::Aircraft received();
     CockpitData collectData();
+    void show(CockpitData data);
     void collectFix(CockpitData& data);
 
     ProfileFile& profile_;
@@ -112,6 +114,7 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     std::optional<GeoPoint> lastPosition_;
     std::int64_t lastPositionMs_ = 0;
 
+    DerivedAttitude attitude_;
     CockpitData data_;
     std::uint64_t revision_ = 1;
 };

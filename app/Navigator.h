@@ -75,6 +75,8 @@ class Navigator {
     /// How many times faster than time the simulator flies, 1 to kFastestTime.
     void setTimeFactor(int factor);
     int timeFactor() const { return timeFactor_; }
+    /// Milliseconds of the flight's own time, which the simulator may let pass faster.
+    std::int64_t tickMs() const { return clock_.tickMs(); }
 
     /// Takes up where the aircraft is; the tick's first step. `received` holds only values that
     /// are fresh and belong to a fix.

@@ -6,8 +6,9 @@
 namespace korvel {
 namespace {
 
-constexpr std::array kPages = {PageId::Map,     PageId::MapHsi,     PageId::Hsi,      PageId::Efis,
-                               PageId::NorthUp, PageId::FlightPlan, PageId::Satellite};
+constexpr std::array kPages = {
+    PageId::Map,        PageId::MapHsi,         PageId::Hsi,      PageId::Efis, PageId::NorthUp,
+    PageId::FlightPlan, PageId::NearestAirport, PageId::Satellite};
 
 bool isIn(int mask, PageId page) {
     return (static_cast<unsigned>(mask) >> static_cast<unsigned>(page) & 1U) != 0;
