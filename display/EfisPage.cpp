@@ -85,7 +85,7 @@ class EfisPainter {
         if (!seen.empty())
             canvas_.polygon(seen, Brush{ground}, std::nullopt);
         if (const auto horizon = clipSegment({earth[0], earth[1]}, page))
-            canvas_.line(horizon->from, horizon->to, inkPen(3));
+            canvas_.line(horizon->from, horizon->to, inkPen(std::max(3.0, textPx_ / 6)));
     }
 
     void ladder(double bank, double pitch) {
@@ -144,8 +144,9 @@ class EfisPainter {
         const Point c = layout_.center;
         const double reach = 5.5 * textPx_;
         const double drop = 0.9 * textPx_;
-        for (const auto& [color, width] : {std::pair{colors_[ColorKey::MapBackground], 8.0},
-                                           std::pair{colors_[ColorKey::HsiAirplane], 5.0}}) {
+        for (const auto& [color, width] :
+             {std::pair{colors_[ColorKey::MapBackground], 0.55 * textPx_},
+              std::pair{colors_[ColorKey::HsiAirplane], 0.35 * textPx_}}) {
             const Pen pen{color, width, PenStyle::Solid};
             for (const double side : {-1.0, 1.0})
                 canvas_.polyline(std::array{Point{c.x + side * reach, c.y},
@@ -157,7 +158,10 @@ class EfisPainter {
     }
 
     void caption(const Rect& tape, std::string_view text) {
-        const Rect box{tape.x, 0, tape.width, tape.y};
+        band({tape.x, 0, tape.width, tape.y}, text);
+    }
+
+    void band(const Rect& box, std::string_view text) {
         canvas_.rect(box, Brush{colors_[ColorKey::NavHeaderBackground]}, std::nullopt);
         canvas_.text(box.center(), text, style(1, colors_[ColorKey::NavHeader]));
     }
@@ -234,6 +238,7 @@ class EfisPainter {
         tape.markStep = 10;
         tape.labelStep = 30;
         paintEfisTape(canvas_, tape, "NO TRACK", 1.2 * textPx_, colors_);
+        band({0, tape.area.y, tape.area.x, tape.area.height}, "TRK °M");
         if (!data_.trackMagDeg || !data_.bearingMagDeg)
             return;
         // The bearing's mark waits at the end that is nearer to it.
@@ -270,21 +275,21 @@ class EfisPainter {
 
 EfisLayout layOutEfis(double width, double height) {
     EfisLayout layout;
-    const double text = mapTextPx(width, height);
+    const double text = instrumentTextPx(width, height);
     layout.textPx = text;
-    const double band = std::round(2.1 * text);
+    const double band = std::round(2.4 * text);
     const double speed = std::round(std::clamp(width * 0.12, 4.6 * text, 7 * text));
     const double altitude = std::round(std::clamp(width * 0.13, 5.2 * text, 8 * text));
     const double vertical = std::round(1.8 * text);
     const double right = width - altitude - vertical;
-    layout.speed = {0, band, speed, height - band};
+    layout.speed = {0, band, speed, height - 2 * band};
     layout.altitude = {right, band, altitude, height - 2 * band};
     layout.verticalSpeed = {right + altitude, band, vertical, height - 2 * band};
     layout.heading = {speed, height - band, right - speed, band};
     layout.attitude = {speed, 0, right - speed, height - band};
-    layout.center = {std::round(layout.attitude.center().x),
-                     std::round(layout.attitude.height * 0.54)};
-    layout.bankRadius = std::min(layout.center.y - 1.8 * text, layout.attitude.width * 0.48);
+    layout.center = {std::round(layout.attitude.center().x), std::round(layout.speed.center().y)};
+    layout.bankRadius =
+        std::min({layout.center.y - 1.8 * text, layout.attitude.width * 0.48, 16 * text});
     layout.pixelsPerDeg = std::max(1.0, layout.attitude.height / 45);
     return layout;
 }

@@ -79,7 +79,7 @@ class TapePainter {
         const Rect& area = tape_.area;
         TextStyle style = centered(ColorKey::HsiNumeral);
         if (tape_.kind == EfisTape::Kind::Heading) {
-            canvas_.text({area.center().x + mark.offset, area.y + 1.35 * textPx_},
+            canvas_.text({area.center().x + mark.offset, area.y + 1.4 * textPx_},
                          HsiGeometry::labelText(mark.value), style);
             return;
         }

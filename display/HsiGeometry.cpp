@@ -149,7 +149,8 @@ std::optional<HsiGeometry::Needle> HsiGeometry::needle() const {
 double HsiGeometry::aircraftHalfLength() const { return 0.8 * kMarkStep * inner(); }
 
 Point HsiGeometry::noteCenter() const {
-    return {state_.centerX + 0.4 * inner(), state_.centerY + 0.56 * inner()};
+    const int course = state_.course == HsiState::kNone ? state_.heading : state_.course;
+    return beside(turned(state_.heading - course + 90), -0.6 * inner(), -0.4 * inner());
 }
 
 }  // namespace korvel

@@ -80,7 +80,8 @@ class HsiGeometry {
 
     /// Half the length of an aircraft symbol that leaves the deviation scale free.
     double aircraftHalfLength() const;
-    /// A quiet place on the card for a small text.
+    /// A place for a small text that neither the needle nor its bar sweeps: left behind the
+    /// aircraft, as seen along the course.
     Point noteCenter() const;
 
  private:

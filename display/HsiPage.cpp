@@ -32,10 +32,9 @@ int toWhole(double degrees) {
 // in its own pixels and scaled to the page's.
 class ScaledHsi {
  public:
-    ScaledHsi(const Rect& page, const MapViewport& viewport, double mostScale)
+    ScaledHsi(const Rect& page, const MapViewport& viewport, double textPx, double mostScale)
         : aircraft_{static_cast<double>(viewport.aircraftX()),
                     static_cast<double>(viewport.aircraftY())} {
-        const double textPx = mapTextPx(page.width, page.height);
         const double above = kCard + kReadOut;
         scale_ = std::min({aircraft_.y / above, (page.height - aircraft_.y) / kCard,
                            aircraft_.x / kCard, mostScale});
@@ -43,24 +42,50 @@ class ScaledHsi {
         labelHeight_ = std::max(1, RoundToInt(kLabelShare * textPx / scale_));
     }
 
-    void paint(Canvas& canvas, HsiState state, const MapColorCache& colors,
+    void paint(Canvas& canvas, const HsiState& state, const MapColorCache& colors,
                const std::string& note) const {
-        constexpr int kMiddle = 1000;  // far from the edges of the instrument's own canvas
         AreaCanvas own(canvas,
                        {aircraft_.x - kMiddle * scale_, aircraft_.y - kMiddle * scale_,
                         2 * kMiddle * scale_, 2 * kMiddle * scale_},
                        scale_);
-        state.labelHeight = std::min(labelHeight_, kReadOut - 12);
-        state.place(kMiddle, kMiddle);
-        paintHsi(own, state, colors, note);
+        paintHsi(own, placed(state), colors, note);
+    }
+
+    // The boxes of the texts on the page.
+    std::vector<Rect> labels(const Canvas& canvas, const HsiState& state,
+                             const std::string& note) const {
+        const HsiGeometry geometry(placed(state));
+        const double height = placed(state).labelHeight;
+        const Font font{height, FontWeight::Bold};
+        std::vector<Rect> boxes{
+            geometry.readOut(canvas.measure(geometry.headingText(), font).width).box};
+        for (const HsiGeometry::Tick& tick : geometry.ticks())
+            if (tick.labelled)
+                boxes.push_back(geometry.labelBox(
+                    tick, canvas.measure(HsiGeometry::labelText(tick.value), font).width));
+        const double width = canvas.measure(note, font).width;
+        boxes.push_back({geometry.noteCenter().x - width / 2, geometry.noteCenter().y - height / 2,
+                         width, height});
+        for (Rect& box : boxes)
+            box = {aircraft_.x + (box.x - kMiddle) * scale_,
+                   aircraft_.y + (box.y - kMiddle) * scale_, box.width * scale_,
+                   box.height * scale_};
+        return boxes;
     }
 
     double radius() const { return kCard * scale_; }
     Point aircraft() const { return aircraft_; }
 
  private:
-    static constexpr int kCard = 188;    // radius with the bearing mark on the rim
-    static constexpr int kReadOut = 40;  // above the rim
+    static constexpr int kCard = 188;     // radius with the bearing mark on the rim
+    static constexpr int kReadOut = 40;   // above the rim
+    static constexpr int kMiddle = 1000;  // far from the edges of the instrument's own canvas
+
+    HsiState placed(HsiState state) const {
+        state.labelHeight = std::min(labelHeight_, kReadOut - 12);
+        state.place(kMiddle, kMiddle);
+        return state;
+    }
 
     Point aircraft_;
     double scale_ = 1;
@@ -114,6 +139,11 @@ void paintCorners(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data,
     corner(NavFieldId::Distance, true, bottom);
 }
 
+ScaledHsi overMap(const Canvas& canvas, const MapViewport& viewport) {
+    const Rect page{0, 0, canvas.width(), canvas.height()};
+    return {page, viewport, mapTextPx(page.width, page.height), kMostScaleOverMap};
+}
+
 std::string noteFor(const CockpitData& data) {
     return data.crossTrackNm ? fullScaleText(data) : std::string();
 }
@@ -152,9 +182,9 @@ std::string fullScaleText(const CockpitData& data) {
 void paintHsiPage(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
                   const MapColorCache& colors) {
     const Rect page{0, 0, canvas.width(), canvas.height()};
-    const double textPx = mapTextPx(page.width, page.height);
+    const double textPx = instrumentTextPx(page.width, page.height);
     canvas.rect(page, Brush{colors[ColorKey::MapBackground]}, std::nullopt);
-    const ScaledHsi hsi(page, viewport, kMostScale);
+    const ScaledHsi hsi(page, viewport, textPx, kMostScale);
     paintCorners(canvas, hsi, data, textPx, colors);
     hsi.paint(canvas, hsiState(data), colors, noteFor(data));
     paintFlags(canvas, hsi, data, std::round(1.3 * textPx), colors);
@@ -166,12 +196,14 @@ void paintHsiPage(Canvas& canvas, const CockpitData& data, const MapViewport& vi
 
 void paintHsiOverMap(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
                      const MapColorCache& colors) {
-    if (!data.position)
-        return;
-    const Rect page{0, 0, canvas.width(), canvas.height()};
-    const ScaledHsi hsi(page, viewport, kMostScaleOverMap);
+    const ScaledHsi hsi = overMap(canvas, viewport);
     hsi.paint(canvas, hsiState(data), colors, noteFor(data));
-    paintFlags(canvas, hsi, data, mapTextPx(page.width, page.height), colors);
+    paintFlags(canvas, hsi, data, mapTextPx(canvas.width(), canvas.height()), colors);
+}
+
+std::vector<Rect> hsiLabelsOverMap(const Canvas& canvas, const CockpitData& data,
+                                   const MapViewport& viewport) {
+    return overMap(canvas, viewport).labels(canvas, hsiState(data), noteFor(data));
 }
 
 }  // namespace korvel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "display/Canvas.h"
 #include "display/CockpitData.h"
@@ -23,9 +24,13 @@ std::string fullScaleText(const CockpitData& data);
 void paintHsiPage(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
                   const MapColorCache& colors);
 
-/// The indicator over the map of the page "Map+HSI", around the aircraft. A lost position leaves
-/// the map alone, which says so.
+/// The indicator over the map of the page "Map+HSI", around the aircraft, where a position is
+/// known.
 void paintHsiOverMap(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
                      const MapColorCache& colors);
+
+/// Where the indicator's texts will stand on that page, so that the map's keep out of them.
+std::vector<Rect> hsiLabelsOverMap(const Canvas& canvas, const CockpitData& data,
+                                   const MapViewport& viewport);
 
 }  // namespace korvel

@@ -9,6 +9,10 @@ double mapTextPx(double width, double height) {
     return std::clamp(std::round(std::min(width, height) / 40), 14.0, 22.0);
 }
 
+double instrumentTextPx(double width, double height) {
+    return std::clamp(std::round(std::min(width / 28, height / 30)), 14.0, 44.0);
+}
+
 Font infoFont(double textPx) { return {.height = textPx + 2, .weight = FontWeight::Bold}; }
 
 Font alarmFont(double textPx) {

@@ -9,6 +9,9 @@ namespace korvel {
 /// The type size of map labels on a map of that size: readable at arm's length, never below 14 px.
 double mapTextPx(double width, double height);
 
+/// The type size of instruments that fill a page, which grows on with large windows.
+double instrumentTextPx(double width, double height);
+
 Font infoFont(double textPx);   ///< boxes along the edges
 Font alarmFont(double textPx);  ///< what must be seen at once
 

@@ -61,6 +61,8 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
     for (const Rect& area : furniture.areas())
         labels.reserve(area);
     labels.reserve(aircraftArea(aircraft, textPx));
+    for (const Rect& area : scene.covered)
+        labels.reserve(area);
     // Before all layers: no name on the map is more important than those of the plan.
     const std::vector<PlanMark> planMarks =
         layOutPlan(canvas, data, projection, view, textPx, labels);

@@ -45,6 +45,8 @@ struct MapScene {
     std::optional<GeoPoint> lookAt = std::nullopt;
     const PlaceSet* places = nullptr;    ///< from the databases; null for none
     const TrackLevels* track = nullptr;  ///< of CockpitData::track; null for none
+    /// What will be drawn over the map and labels keep out of.
+    std::span<const Rect> covered = {};
 };
 
 /// Paints the map around the live position, or around the last one, which it marks as lost. One of

@@ -1,5 +1,7 @@
 #include "display/PagePainter.h"
 
+#include <vector>
+
 #include "display/EfisPage.h"
 #include "display/HsiPage.h"
 #include "display/MapColorCache.h"
@@ -38,6 +40,11 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
         return;
     }
     track_.update(data.track);
+    // Around the aircraft, so not while the pilot looks elsewhere.
+    const bool withHsi = page == PageId::MapHsi && data.position && !scene.lookAt;
+    std::vector<Rect> covered;
+    if (withHsi)
+        covered = hsiLabelsOverMap(canvas, data, scene.viewport);
     // Pages that are not drawn yet show the map: better than nothing in flight.
     paintMap(canvas,
              {.data = data,
@@ -46,10 +53,10 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
               .turns = turns(page),
               .lookAt = scene.lookAt,
               .places = scene.places,
-              .track = &track_},
+              .track = &track_,
+              .covered = covered},
              colors_);
-    // Around the aircraft, so not while the pilot looks elsewhere.
-    if (page == PageId::MapHsi && !scene.lookAt)
+    if (withHsi)
         paintHsiOverMap(canvas, data, scene.viewport, colors_);
 }
 
