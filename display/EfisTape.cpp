@@ -34,7 +34,10 @@ class TapePainter {
                                  {area.center().x + mark.offset, area.y + length}});
             else
                 ticks.push_back(upright(mark.offset, length));
-            if (mark.labelled && std::abs(mark.offset) < room - textPx_)
+            // Neither cut off at the ends nor half behind the read-out.
+            const double hidden = textPx_ * (lying ? 2.9 : 1.5);
+            if (mark.labelled && std::abs(mark.offset) < room - textPx_ &&
+                std::abs(mark.offset) > hidden)
                 label(mark);
         }
         canvas_.lines(ticks, {colors_[ColorKey::HsiNumeral], 2, PenStyle::Solid});

@@ -1,8 +1,8 @@
 #include "display/HsiPage.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <string_view>
 
 #include "config/StringTable.h"
 #include "display/AreaCanvas.h"
@@ -92,13 +92,27 @@ class ScaledHsi {
     int labelHeight_ = 0;
 };
 
+struct Flag {
+    Point center;
+    std::string_view word;
+};
+
+// What keeps the indicator from showing all.
+std::vector<Flag> flags(const ScaledHsi& hsi, const CockpitData& data) {
+    const Point at = hsi.aircraft();
+    const double away = 0.42 * hsi.radius();
+    std::vector<Flag> all;
+    if (!data.trackMagDeg)
+        all.push_back({{at.x, at.y - away}, "NO TRACK"});
+    if (!data.bearingMagDeg)
+        all.push_back({{at.x, at.y + away}, "NO WPT"});
+    return all;
+}
+
 void paintFlags(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data, double textPx,
                 const MapColorCache& colors) {
-    const Point at = hsi.aircraft();
-    if (!data.trackMagDeg)
-        paintWarningFlag(canvas, {at.x, at.y - 0.42 * hsi.radius()}, "NO TRACK", textPx, colors);
-    if (!data.bearingMagDeg)
-        paintWarningFlag(canvas, {at.x, at.y + 0.42 * hsi.radius()}, "NO WPT", textPx, colors);
+    for (const Flag& flag : flags(hsi, data))
+        paintWarningFlag(canvas, flag.center, flag.word, textPx, colors);
 }
 
 // A corner's field: its name over its value.
@@ -203,7 +217,12 @@ void paintHsiOverMap(Canvas& canvas, const CockpitData& data, const MapViewport&
 
 std::vector<Rect> hsiLabelsOverMap(const Canvas& canvas, const CockpitData& data,
                                    const MapViewport& viewport) {
-    return overMap(canvas, viewport).labels(canvas, hsiState(data), noteFor(data));
+    const ScaledHsi hsi = overMap(canvas, viewport);
+    std::vector<Rect> boxes = hsi.labels(canvas, hsiState(data), noteFor(data));
+    const double textPx = mapTextPx(canvas.width(), canvas.height());
+    for (const Flag& flag : flags(hsi, data))
+        boxes.push_back(warningFlagBox(canvas, flag.center, flag.word, textPx));
+    return boxes;
 }
 
 }  // namespace korvel

@@ -6,23 +6,31 @@
 #include "display/MapColorCache.h"
 
 namespace korvel {
+namespace {
 
-Rect paintWarningFlag(Canvas& canvas, Point center, std::string_view word, double textPx,
+Font flagFont(double textPx) { return {.height = textPx, .weight = FontWeight::Bold}; }
+
+}  // namespace
+
+Rect warningFlagBox(const Canvas& canvas, Point center, std::string_view word, double textPx) {
+    const double width = std::ceil(canvas.measure(word, flagFont(textPx)).width + textPx);
+    const double height = std::ceil(textPx * 1.5);
+    return {std::round(center.x - width / 2), std::round(center.y - height / 2), width, height};
+}
+
+void paintWarningFlag(Canvas& canvas, Point center, std::string_view word, double textPx,
                       const MapColorCache& colors) {
     constexpr double kFrame = 3;
-    const Font font{.height = textPx, .weight = FontWeight::Bold};
-    const double width = std::ceil(canvas.measure(word, font).width + textPx);
-    const double height = std::ceil(textPx * 1.5);
-    const Rect box{std::round(center.x - width / 2), std::round(center.y - height / 2), width,
-                   height};
+    const Rect box = warningFlagBox(canvas, center, word, textPx);
     const ColorValue danger = colors[ColorKey::MapObstacleDanger];
     canvas.rect(box, Brush{danger}, std::nullopt);
-    canvas.rect({box.x + kFrame, box.y + kFrame, width - 2 * kFrame, height - 2 * kFrame},
+    canvas.rect({box.x + kFrame, box.y + kFrame, box.width - 2 * kFrame, box.height - 2 * kFrame},
                 Brush{colors[ColorKey::MapBackground]}, std::nullopt);
-    canvas.text(
-        box.center(), word,
-        {.font = font, .color = danger, .alignX = AlignX::Center, .alignY = AlignY::Middle});
-    return box;
+    canvas.text(box.center(), word,
+                {.font = flagFont(textPx),
+                 .color = danger,
+                 .alignX = AlignX::Center,
+                 .alignY = AlignY::Middle});
 }
 
 void paintWarningCross(Canvas& canvas, const Rect& area, const MapColorCache& colors) {

@@ -9,9 +9,12 @@ namespace korvel {
 class MapColorCache;
 
 /// The flag of an instrument that has nothing to show: a word in a box with a thick frame in the
-/// colour of danger. Returns the box.
-Rect paintWarningFlag(Canvas& canvas, Point center, std::string_view word, double textPx,
+/// colour of danger.
+void paintWarningFlag(Canvas& canvas, Point center, std::string_view word, double textPx,
                       const MapColorCache& colors);
+
+/// The box of that flag.
+Rect warningFlagBox(const Canvas& canvas, Point center, std::string_view word, double textPx);
 
 /// Crosses an instrument out.
 void paintWarningCross(Canvas& canvas, const Rect& area, const MapColorCache& colors);
