@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <QGestureEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPinchGesture>
@@ -14,6 +15,7 @@
 #include "app/PageCycle.h"
 #include "app/QtCanvas.h"
 #include "config/ProfileFile.h"
+#include "config/StringTable.h"
 #include "display/PlaceHit.h"
 
 namespace korvel {
@@ -90,7 +92,20 @@ void CKorvelView::tick() {
     if (const std::string message = viewport_.tick(); !message.empty())
         say(message);
     takeNews();
+    announceWaypoint();
     updatePlaces();
+}
+
+/// Once for each: while it descends towards one, the altitude there changes all the time.
+void CKorvelView::announceWaypoint() {
+    if (data_.activeName == announced_)
+        return;
+    announced_ = data_.activeName;
+    if (announced_.empty())
+        return;
+    const std::string_view name = announced_;
+    say(data_.targetAltitudeFt ? formatText(TextId::NextWaypointAt, {name, *data_.targetAltitudeFt})
+                               : formatText(TextId::NextWaypoint, {name}));
 }
 
 void CKorvelView::refresh() {
@@ -137,6 +152,7 @@ std::span<const NavFieldId> CKorvelView::shownFields() const {
 
 std::vector<TouchButton> CKorvelView::touchButtons() const {
     std::vector<TouchButton> buttons;
+    buttons.reserve(kButtons.size());
     for (const TouchCommand command : kButtons)
         buttons.push_back({command, canRun(command), drag_ && drag_->button == buttons.size()});
     return buttons;
@@ -410,6 +426,70 @@ void CKorvelView::mouseReleaseEvent(QMouseEvent* event) {
 void CKorvelView::wheelEvent(QWheelEvent* event) {
     zoom(wheel_.wheel(event->angleDelta().y()));
     event->accept();
+}
+
+/// Moves the mark in the list that the page shows; false when it shows none.
+bool CKorvelView::moveSelection(int rows) {
+    const auto moved = [rows](std::optional<std::size_t> row, std::size_t start,
+                              std::size_t count) {
+        const auto to =
+            row ? static_cast<std::ptrdiff_t>(*row) + rows : static_cast<std::ptrdiff_t>(start);
+        return static_cast<std::size_t>(
+            std::clamp<std::ptrdiff_t>(to, 0, static_cast<std::ptrdiff_t>(count) - 1));
+    };
+    if (page_ == PageId::FlightPlan && data_.plan && !data_.plan->rows.empty()) {
+        planView_.selectedRow =
+            moved(planView_.selectedRow, data_.plan->active.value_or(0), data_.plan->rows.size());
+        planView_.firstRow = planRows().firstFor(*planView_.selectedRow);
+    } else if (page_ == PageId::NearestAirport && data_.nearAirports &&
+               !data_.nearAirports->empty()) {
+        const std::size_t row = moved(nearestView_.selected, 0, data_.nearAirports->size());
+        nearestView_.selected = row;
+        const std::size_t perPage = layOutNearestPage(layout_.page.width, layout_.page.height,
+                                                      data_.nearAirports->size(), nearestView_)
+                                        .perPage;
+        nearestView_.first = row - row % perPage;
+    } else {
+        return false;
+    }
+    update();
+    return true;
+}
+
+bool CKorvelView::openSelection() {
+    if (page_ == PageId::FlightPlan && planView_.selectedRow && onPlanRow) {
+        onPlanRow(*planView_.selectedRow);
+        return true;
+    }
+    if (page_ == PageId::NearestAirport && nearestView_.selected && data_.nearAirports &&
+        *nearestView_.selected < data_.nearAirports->size() && onAirport) {
+        onAirport((*data_.nearAirports)[*nearestView_.selected]);
+        return true;
+    }
+    return false;
+}
+
+bool CKorvelView::panByKey(int key) {
+    const double step = std::min(layout_.page.width, layout_.page.height) / 8;
+    const std::array<std::pair<int, Point>, 4> steps{{{Qt::Key_Left, {step, 0}},
+                                                      {Qt::Key_Right, {-step, 0}},
+                                                      {Qt::Key_Up, {0, step}},
+                                                      {Qt::Key_Down, {0, -step}}}};
+    const auto* found = std::ranges::find(steps, key, &std::pair<int, Point>::first);
+    if (!isMapPage() || found == steps.end())
+        return false;
+    pan({}, found->second);
+    return true;
+}
+
+void CKorvelView::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    const bool opens = key == Qt::Key_Return || key == Qt::Key_Enter;
+    const bool moves = key == Qt::Key_Up || key == Qt::Key_Down;
+    if ((moves && moveSelection(key == Qt::Key_Down ? 1 : -1)) || (opens && openSelection()) ||
+        panByKey(key))
+        return event->accept();
+    QWidget::keyPressEvent(event);
 }
 
 bool CKorvelView::event(QEvent* event) {

@@ -89,6 +89,7 @@ class CKorvelView final : public QWidget {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
  private:
     /// A finger or the mouse between press and release.
@@ -110,6 +111,10 @@ class CKorvelView final : public QWidget {
     bool tapMap(Point at);
     void hideBar(bool hide);
     void takeNews();
+    void announceWaypoint();
+    bool moveSelection(int rows);
+    bool openSelection();
+    bool panByKey(int key);
     void updatePlaces();
     FlightPlanRows planRows() const;
     bool isMapPage() const;
@@ -140,6 +145,7 @@ class CKorvelView final : public QWidget {
     CockpitData data_;
     std::uint64_t shownRevision_ = 0;
 
+    std::string announced_;  // the waypoint that was told last
     std::string message_;
     int messageTicks_ = 0;  // until the message goes
     QBasicTimer timer_;

@@ -137,6 +137,8 @@ constexpr std::array kTexts = {
     Row{TextId::RemoveRow, "Remove"},
     Row{TextId::SetAltitude, "Set altitude"},
     Row{TextId::InsertWords, "Insert"},
+    Row{TextId::NextWaypoint, "Next: %s"},
+    Row{TextId::NextWaypointAt, "Next: %s, %d ft"},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

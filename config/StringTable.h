@@ -121,6 +121,8 @@ enum class TextId : int {
     RemoveRow = 61581,
     SetAltitude = 61582,
     InsertWords = 61583,
+    NextWaypoint = 61584,    ///< %s: name
+    NextWaypointAt = 61585,  ///< %s: name, %d: feet
 };
 
 /// The text of that number.

@@ -67,7 +67,9 @@ class DatabaseRecord {
  protected:
     DatabaseRecord() = default;
     DatabaseRecord(const DatabaseRecord&) = default;
+    DatabaseRecord(DatabaseRecord&&) = default;
     DatabaseRecord& operator=(const DatabaseRecord&) = default;
+    DatabaseRecord& operator=(DatabaseRecord&&) = default;
 };
 
 }  // namespace korvel

@@ -1,9 +1,14 @@
 #include <algorithm>
 #include <sstream>
+#include <tuple>
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
+#include <QLabel>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPointingDevice>
 #include <QTest>
@@ -18,6 +23,7 @@
 #include "display/ColorScheme.h"
 #include "gps/FakePorts.h"
 #include "gps/GpsFixture.h"
+#include "platform/FileIo.h"
 
 namespace korvel { namespace {
 
@@ -48,6 +54,14 @@ class FrameTest : public testing::Test {
             if (action->shortcuts().contains(key)) return action->trigger();
         ADD_FAILURE() << "no command has the key " << key.toString().toStdString();
     }
+    /// Presses the button with this text in the dialog of that class.
+    template <class Dialog>
+    void clickIn(const char* text) {
+        for (auto* dialog : frame_->findChildren<Dialog*>())
+            for (auto* button : dialog->template findChildren<QAbstractButton*>())
+                if (dialog->isVisible() && button->text().remove('&') == text) return button->click();
+        ADD_FAILURE() << "no dialog with a button " << text;
+    }
     void mouse(QEvent::Type type, QPointF at) {
         const bool up = type == QEvent::MouseButtonRelease;
         QMouseEvent event(
@@ -62,7 +76,7 @@ class FrameTest : public testing::Test {
     QPointF middle() { return QRectF(view().rect()).center(); }
     /// The middle of a button of the touch bar, counted from the left.
     QPointF button(int number) {
-        const double buttons = 4;
+        const double buttons = 7;
         return {view().width() * (number + 0.5) / buttons, view().height() - 10.0};
     }
 
@@ -124,12 +138,12 @@ TEST_F(FrameTest, ZoomPausesAutomaticZoomForSixtyTicks) {
 }
 
 TEST_F(FrameTest, AButtonActsWhenTheFingerLeavesItWhereItCameDown) {
-    mouse(QEvent::MouseButtonPress, button(3));
+    mouse(QEvent::MouseButtonPress, button(6));
     EXPECT_EQ(rangeNm(), 65);
-    mouse(QEvent::MouseButtonRelease, button(3));
+    mouse(QEvent::MouseButtonRelease, button(6));
     EXPECT_EQ(rangeNm(), 40);
-    drag(button(3), button(2));  // changed its mind
-    drag(middle(), button(3));
+    drag(button(6), button(5));  // changed its mind
+    drag(middle(), button(6));
     EXPECT_EQ(rangeNm(), 40);
     drag(button(0), button(0));
     EXPECT_EQ(view().page(), availablePages()[1]);
@@ -193,6 +207,47 @@ TEST_F(FrameTest, AtNightNothingIsBrighterThanItsText) {
              QPalette::Mid, QPalette::Dark, QPalette::ToolTipBase})
         EXPECT_LT(brightness(role), brightness(QPalette::Text) / 2) << role;
     press(Qt::Key_C);
+}
+
+TEST_F(FrameTest, APlanIsChangedByRowsTakenBackAndNotLost) {
+    const auto file = folder_.path() / "trip.fp";
+    ASSERT_TRUE(writeFileAtomically(file, "f.AAA 47.5 10.0\r\nf.BBB@45 47.6 10.5\r\nf.CCC 47.7 11.0\r\n"));
+    ASSERT_EQ(frame_->openFile(file), "");
+    press(Qt::Key_F);
+    ASSERT_EQ(view().page(), PageId::FlightPlan);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) QTest::keyClick(&view(), key);
+    PlanDesk& plan = document_->navigator().plan();
+    EXPECT_FALSE(plan.changed());
+    clickIn<QDialog>("Remove");
+    ASSERT_EQ(plan.entries().size(), 2U);
+    EXPECT_EQ(plan.entries()[1].key, "f.CCC");
+    press(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    ASSERT_EQ(plan.entries().size(), 3U);
+    EXPECT_EQ(plan.entries()[1].altitudeFt, 4500);
+    frame_->close();
+    EXPECT_TRUE(frame_->isVisible()) << "the plan has changed";
+    clickIn<QMessageBox>("Save");
+    EXPECT_FALSE(frame_->isVisible());
+    EXPECT_EQ(*readWholeFile(file),
+        "f.AAA 47.500000 10.000000\r\nf.BBB@45 47.600000 10.500000\r\nf.CCC 47.700000 11.000000\r\n");
+}
+
+TEST_F(FrameTest, WhatIsRefusedIsSaidWhereItWasTyped) {
+    for (const auto& [key, typed, said] : {std::tuple{Qt::Key_D, "XXXXX", "Not found!"},
+             std::tuple{Qt::Key_F, "XXXXX", "XXXXX navaid/airway not found or data expired!"}}) {
+        press(key == Qt::Key_F ? QKeySequence(Qt::SHIFT | key) : QKeySequence(key));
+        const auto dialogs = frame_->findChildren<QDialog*>();
+        const auto shown = std::ranges::find_if(dialogs, &QWidget::isVisible);
+        ASSERT_NE(shown, dialogs.end());
+        QDialog* sheet = *shown;
+        QTest::keyClicks(sheet->focusWidget(), typed);
+        sheet->accept();
+        EXPECT_TRUE(sheet->isVisible());
+        const auto labels = sheet->findChildren<QLabel*>();
+        EXPECT_TRUE(std::ranges::any_of(labels, [&](QLabel* label) { return label->text() == said; })) << typed;
+        sheet->reject();
+    }
+    EXPECT_TRUE(document_->navigator().plan().entries().empty());
 }
 
 TEST(PageCycle, GoesOnceAroundWhatTheMaskLeaves) {
