@@ -60,6 +60,10 @@ std::string CKorvelApp::start() {
     for (const auto step : {&CKorvelApp::startReplay, &CKorvelApp::applyView})
         if (std::string error = (this->*step)(); !error.empty())
             return error;
+    if (line_.simulate) {
+        frame_.simulate();
+        document_.navigator().setTimeFactor(line_.timeFactor);
+    }
     if (line_.snapshotFile.empty()) {
         frame_.showWhereItWas();
         return {};

@@ -11,7 +11,6 @@
 #include <QUrl>
 
 #include "app/AppIcon.h"
-#include "app/CGPSDialog.h"
 #include "app/CKorvelDoc.h"
 #include "app/HelpSheet.h"
 #include "app/PageCycle.h"
@@ -34,6 +33,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
       view_(parts.document, parts.profile, parts.scheme, parts.labels),
       file_(*this),
       navigate_(*this),
+      options_(*this),
       schemes_(this),
       dayScheme_(daySchemeName()) {
     setWindowTitle(toQString(TextId::ProgramName));
@@ -97,7 +97,7 @@ void CMainFrame::addOptions(QMenu& menu) {
     addCommand(menu, TextId::CommandNight, {Qt::Key_C}, [this] { toggleNight(); });
     addSchemes(*menu.addMenu(toQString(TextId::MenuSchemes)));
     menu.addSeparator();
-    addCommand(menu, TextId::CommandPort, {}, [this] { choosePort(); });
+    options_.addTo(menu);
 }
 
 void CMainFrame::addHelp(QMenu& menu) {
@@ -160,16 +160,6 @@ void CMainFrame::openSheet(std::unique_ptr<Sheet> sheet) {
     sheet_ = std::move(sheet);
     connect(sheet_.get(), &QDialog::finished, this, [this] { view_.refresh(); });
     sheet_->open();
-}
-
-void CMainFrame::choosePort() {
-    auto sheet = std::make_unique<CGPSDialog>(this, parts_.document.settings().port);
-    connect(sheet.get(), &QDialog::accepted, this, [this, chooser = sheet.get()] {
-        Settings settings = parts_.document.settings();
-        settings.port = chooser->settings();
-        parts_.document.applySettings(settings);
-    });
-    openSheet(std::move(sheet));
 }
 
 // Colour schemes

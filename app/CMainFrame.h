@@ -11,6 +11,7 @@
 #include "app/CommandHost.h"
 #include "app/FileCommands.h"
 #include "app/NavigateCommands.h"
+#include "app/OptionCommands.h"
 #include "app/Sheet.h"
 #include "config/StringTable.h"
 
@@ -39,6 +40,9 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     CKorvelView& view() override { return view_; }
     /// Opens a plan or a track; the message for the pilot, empty on success.
     [[nodiscard]] std::string openFile(const std::filesystem::path& path);
+
+    /// Starts the simulator where the plan or the settings say.
+    void simulate() { options_.simulate(true); }
 
     /// Shows the window where it stood when it was last closed.
     void showWhereItWas();
@@ -71,13 +75,13 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     void chooseScheme(const std::string& name);
     void toggleFullScreen();
     void toggleNight();
-    void choosePort();
     void storeState();
 
     FrameParts parts_;
     CKorvelView view_;
     FileCommands file_;
     NavigateCommands navigate_;
+    OptionCommands options_;
     bool mayClose_ = false;  // the plan is safe
     QActionGroup schemes_;
     std::string shownScheme_;

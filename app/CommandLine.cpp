@@ -60,6 +60,13 @@ bool readRange(std::string_view text, CommandLine& result) {
     return result.rangeNm && *result.rangeNm > 0;
 }
 
+bool readTimeFactor(std::string_view text, CommandLine& result) {
+    constexpr int kFastest = 60;
+    const auto factor = number<int>(text);
+    result.timeFactor = factor.value_or(0);
+    return result.timeFactor >= 1 && result.timeFactor <= kFastest;
+}
+
 /// An option that takes a value. `wanted` completes "--size: " in the error text.
 struct Option {
     std::string_view name;
@@ -67,12 +74,13 @@ struct Option {
     bool (*read)(std::string_view, CommandLine&);
 };
 
-constexpr std::array<Option, 9> kOptions = {{
+constexpr std::array<Option, 10> kOptions = {{
     {"--profile-folder", "a folder is missing",
      [](auto text, auto& result) { return readText(text, result.profileFolder); }},
     {"--replay", "a file is missing",
      [](auto text, auto& result) { return readText(text, result.replayFile); }},
     {"--speed", "a number above 0 is wanted, such as 2", readSpeed},
+    {"--time-factor", "a whole number from 1 to 60 is wanted, such as 10", readTimeFactor},
     {"--snapshot", "a file is missing",
      [](auto text, auto& result) { return readText(text, result.snapshotFile); }},
     {"--size", "WIDTHxHEIGHT in pixels from 160 to 8192 is wanted, such as 1280x800", readSize},
@@ -117,6 +125,8 @@ std::string parseCommandLine(std::span<const std::string_view> arguments, Comman
             result.help = true;
         else if (argument == "--demo")
             result.demo = true;
+        else if (argument == "--sim")
+            result.simulate = true;
         else if (argument.starts_with("-") && argument.size() > 1)
             error = readOption(arguments, at, result);
         else if (result.planFile.empty())
@@ -137,6 +147,8 @@ std::string_view commandLineHelp() {
            "  --replay FILE         fly a receiver's log instead of a receiver\n"
            "  --demo                fly the demonstration flight\n"
            "  --speed X             replay X times faster\n"
+           "  --sim                 start the simulator at once\n"
+           "  --time-factor N       let its time pass N times faster, up to 60\n"
            "  --page NAME           start on this page, such as Map\n"
            "  --scheme NAME         colour scheme of this run, such as \"<Night-Flight>\"\n"
            "  --range NM            start at this range\n"

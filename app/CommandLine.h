@@ -16,6 +16,8 @@ struct CommandLine {
     std::string replayFile;  ///< a receiver's log to fly instead of a receiver; empty for none
     bool demo = false;       ///< fly the demonstration flight
     double speed = 1;        ///< of the replay; above 0
+    bool simulate = false;   ///< start the simulator at once
+    int timeFactor = 1;      ///< of the simulator; 1 to 60
 
     std::string snapshotFile;  ///< write a picture of the window there and end; empty for none
     int width = 1280;          ///< of the window in the picture, device-independent pixels

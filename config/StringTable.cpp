@@ -139,6 +139,21 @@ constexpr std::array kTexts = {
     Row{TextId::InsertWords, "Insert"},
     Row{TextId::NextWaypoint, "Next: %s"},
     Row{TextId::NextWaypointAt, "Next: %s, %d ft"},
+    Row{TextId::CommandSimulator, "&Simulator..."},
+    Row{TextId::CommandSimulate, "S&imulator On"},
+    Row{TextId::SimulatorTitle, "Simulator"},
+    Row{TextId::SimulatorLatitude, "Latitude (degrees, south −)"},
+    Row{TextId::SimulatorLongitude, "Longitude (degrees, west −)"},
+    Row{TextId::SimulatorHeading, "Heading (magnetic)"},
+    Row{TextId::SimulatorSpeed, "Speed (kt)"},
+    Row{TextId::SimulatorAltitude, "Altitude (ft)"},
+    Row{TextId::SimulatorSteering, "Steer towards the active waypoint"},
+    Row{TextId::SimulatorTime, "Time passes"},
+    Row{TextId::SimulatorStart, "Start"},
+    Row{TextId::SimulatorStop, "Stop"},
+    Row{TextId::SimulatorOn, "Simulator on"},
+    Row{TextId::SimulatorOff, "Simulator off"},
+    Row{TextId::NumberOutOfRange, "%s: a number from %d to %d is wanted"},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

@@ -123,6 +123,21 @@ enum class TextId : int {
     InsertWords = 61583,
     NextWaypoint = 61584,    ///< %s: name
     NextWaypointAt = 61585,  ///< %s: name, %d: feet
+    CommandSimulator = 61700,
+    CommandSimulate = 61701,
+    SimulatorTitle = 61702,
+    SimulatorLatitude = 61703,
+    SimulatorLongitude = 61704,
+    SimulatorHeading = 61705,
+    SimulatorSpeed = 61706,
+    SimulatorAltitude = 61707,
+    SimulatorSteering = 61708,
+    SimulatorTime = 61709,
+    SimulatorStart = 61710,
+    SimulatorStop = 61711,
+    SimulatorOn = 61712,
+    SimulatorOff = 61713,
+    NumberOutOfRange = 61714,  ///< %s: what, %d: lowest, %d: highest
 };
 
 /// The text of that number.

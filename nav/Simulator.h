@@ -26,6 +26,7 @@ class Simulator {
 
     /// On from the beginning.
     void setSteering(bool on) { steering_ = on; }
+    [[nodiscard]] bool steering() const { return steering_; }
     /// Steering begins now, without waiting.
     void steerAtOnce() { steerFromMs_ = 0; }
 

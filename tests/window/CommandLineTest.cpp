@@ -12,7 +12,7 @@ TEST(CommandLine, TakesEveryOptionInBothForms) {
     CommandLine line;
     EXPECT_EQ(
         parse({"trip.fp", "--replay=a.log", "--speed", "2.5", "--snapshot", "o.png", "--size", "800x480", "--after=0",
-                  "--page", "Map", "--scheme=<Night-Flight>", "--range", "25", "--profile-folder", "/tmp/p"},
+                  "--page", "Map", "--sim", "--time-factor=30", "--scheme=<Night-Flight>", "--range", "25", "--profile-folder", "/tmp/p"},
             line),
         "");
     EXPECT_EQ(line.planFile, "trip.fp");
@@ -22,6 +22,8 @@ TEST(CommandLine, TakesEveryOptionInBothForms) {
     EXPECT_EQ(line.width, 800);
     EXPECT_EQ(line.height, 480);
     EXPECT_EQ(line.afterSec, 0);
+    EXPECT_TRUE(line.simulate);
+    EXPECT_EQ(line.timeFactor, 30);
     EXPECT_EQ(line.page, "Map");
     EXPECT_EQ(line.scheme, "<Night-Flight>");
     EXPECT_EQ(line.rangeNm, 25);
@@ -44,6 +46,7 @@ TEST(CommandLine, SaysInOneLineWhatIsWrong) {
         {"--after", "inf"},
         {"--range", "2.5"},
         {"--range", "0"},
+        {"--time-factor", "61"},
         {"--replay="},
         {"--snapshot"},
         {"--nonsense"},

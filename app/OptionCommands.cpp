@@ -1,0 +1,47 @@
+#include "app/OptionCommands.h"
+
+#include "app/CGPSDialog.h"
+#include "app/CKorvelDoc.h"
+#include "app/CKorvelView.h"
+#include "app/SimulatorSheet.h"
+
+namespace korvel {
+
+void OptionCommands::addTo(QMenu& menu) {
+    host_.addCommand(menu, TextId::CommandSimulator, {Qt::Key_S}, [this] {
+        host_.openSheet(std::make_unique<SimulatorSheet>(&host_.window(), host_.document()));
+    });
+    simulating_ =
+        &host_.addCommand(menu, TextId::CommandSimulate, {QKeySequence(Qt::SHIFT | Qt::Key_S)},
+                          [this] { simulate(simulating_->isChecked()); });
+    simulating_->setCheckable(true);
+    menu.addSeparator();
+    host_.addCommand(menu, TextId::CommandPort, {}, [this] { choosePort(); });
+    const auto updateChecks = [this] {
+        simulating_->setChecked(host_.document().navigator().simulator().running());
+    };
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, updateChecks);
+}
+
+void OptionCommands::simulate(bool on) {
+    Navigator& navigator = host_.document().navigator();
+    if (on)
+        navigator.startSimulator(navigator.simulatorStart(host_.document().settings()));
+    else
+        navigator.stopSimulator();
+    host_.view().say(std::string(text(on ? TextId::SimulatorOn : TextId::SimulatorOff)));
+}
+
+void OptionCommands::choosePort() {
+    CKorvelDoc& document = host_.document();
+    auto sheet = std::make_unique<CGPSDialog>(&host_.window(), document.settings().port);
+    QObject::connect(sheet.get(), &QDialog::accepted, sheet.get(),
+                     [&document, chooser = sheet.get()] {
+                         Settings settings = document.settings();
+                         settings.port = chooser->settings();
+                         document.applySettings(settings);
+                     });
+    host_.openSheet(std::move(sheet));
+}
+
+}  // namespace korvel
