@@ -218,6 +218,11 @@ void Navigator::collect(CockpitData& data, const Variation& variation) const {
     if (simulator_.running()) {
         collectSimulated(data, variation);
     }
+    constexpr std::int64_t kSecondsPerDay = 86400;
+    data.utcSecondOfDay = static_cast<int>(clock_.unixSeconds() % kSecondsPerDay);
+    if (const auto seconds = log_.flightTimeSec()) {
+        data.flightTimeSec = static_cast<int>(*seconds);
+    }
     data.databaseNotice = databaseNotice_;
     data.plan = planView_;
     data.track = track_.track();

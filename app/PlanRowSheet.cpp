@@ -1,5 +1,7 @@
 #include "app/PlanRowSheet.h"
 
+#include <memory>
+
 #include <QHBoxLayout>
 
 #include "app/CKorvelDoc.h"
@@ -11,17 +13,14 @@
 namespace korvel {
 namespace {
 
-/// A row of widgets side by side; the widgets stay the caller's.
-QWidget& sideBySide(QVBoxLayout& column, std::initializer_list<QWidget*> widgets) {
-    auto* row = new QWidget;  // the column's parent takes it
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
+/// Adds a row of widgets side by side, which stay the caller's.
+void addSideBySide(QVBoxLayout& column, std::initializer_list<QWidget*> widgets) {
+    auto layout = std::make_unique<QHBoxLayout>();
     for (QWidget* widget : widgets) {
         widget->setMinimumHeight(Sheet::kRowPixels);
         layout->addWidget(widget);
     }
-    column.insertWidget(column.count() - 1, row);
-    return *row;
+    column.insertLayout(column.count() - 1, layout.release());
 }
 
 }  // namespace
@@ -55,10 +54,10 @@ PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t ro
     addButton(remove_, TextId::RemoveRow, [this] { remove(); });
     addButton(setAltitude_, TextId::SetAltitude, [this] { setAltitude(); });
     addButton(insert_, TextId::InsertWords, [this] { insertBefore(); });
-    sideBySide(column(), {&fly_, &direct_});
-    sideBySide(column(), {&up_, &down_, &remove_});
-    sideBySide(column(), {&altitude_, &setAltitude_});
-    sideBySide(column(), {&words_, &insert_});
+    addSideBySide(column(), {&fly_, &direct_});
+    addSideBySide(column(), {&up_, &down_, &remove_});
+    addSideBySide(column(), {&altitude_, &setAltitude_});
+    addSideBySide(column(), {&words_, &insert_});
     addRow(message_);
     connect(&altitude_, &QLineEdit::returnPressed, this, [this] { setAltitude(); });
     connect(&words_, &QLineEdit::returnPressed, this, [this] { insertBefore(); });

@@ -55,6 +55,12 @@ void FlightLog::complete() {
     journal_.remove();
 }
 
+std::optional<std::int64_t> FlightLog::flightTimeSec() const {
+    constexpr std::int64_t kMsPerSecond = 1000;
+    return flight_ ? std::optional((clock_.tickMs() - flight_->startTickMs) / kMsPerSecond)
+                   : std::nullopt;
+}
+
 void FlightLog::step(const Options& options, std::optional<double> groundSpeedKt) {
     if (!options.enabled) {
         close();

@@ -52,6 +52,8 @@ class FlightLog {
     void close();
 
     [[nodiscard]] bool inFlight() const { return flight_.has_value(); }
+    /// Whole seconds since the beginning of the flight under way; nothing on the ground.
+    [[nodiscard]] std::optional<std::int64_t> flightTimeSec() const;
 
  private:
     struct Flight {

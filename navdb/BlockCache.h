@@ -67,7 +67,9 @@ class BlockCache {
     Slot& load(std::array<Slot, kWays>& set, std::uint64_t block);
 
     std::unique_ptr<RandomAccessFile> file_;
-    std::unique_ptr<std::uint8_t[]> bytes_;  ///< memory that no block has used stays untouched
+    /// Memory that no block has used stays untouched.
+    // NOLINTNEXTLINE(modernize-avoid-c-arrays): a vector would write to all of it
+    std::unique_ptr<std::uint8_t[]> bytes_;
     std::array<std::array<Slot, kWays>, kSets> sets_;
     std::uint64_t useCount_ = 0;
 };
