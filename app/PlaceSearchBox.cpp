@@ -12,7 +12,7 @@ namespace korvel {
 namespace {
 
 constexpr std::size_t kMostMatches = 12;
-constexpr int kShownMatches = 5;
+constexpr int kShownMatches = 4;
 
 QString kindWord(KindMask kind) {
     switch (kind) {
@@ -30,7 +30,7 @@ QString kindWord(KindMask kind) {
 QString lineOf(const PlaceMatch& match) {
     QString line =
         QStringLiteral("%1   %2").arg(QString::fromStdString(match.ident), kindWord(match.kind));
-    if (!match.name.empty())
+    if (match.name != match.ident && !match.name.empty())
         line += QStringLiteral("   ") + QString::fromStdString(match.name);
     if (match.distanceNm) {
         UnitLabels labels;
