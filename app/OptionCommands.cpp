@@ -3,18 +3,28 @@
 #include "app/CGPSDialog.h"
 #include "app/CKorvelDoc.h"
 #include "app/CKorvelView.h"
+#include "app/CPrefsSheet.h"
 #include "app/SimulatorSheet.h"
 
 namespace korvel {
 
-void OptionCommands::addTo(QMenu& menu) {
-    host_.addCommand(menu, TextId::CommandSimulator, {Qt::Key_S}, [this] {
-        host_.openSheet(std::make_unique<SimulatorSheet>(&host_.window(), host_.document()));
+template <class SheetType>
+void OptionCommands::addSheet(QMenu& menu, TextId name, const QList<QKeySequence>& keys) {
+    host_.addCommand(menu, name, keys, [this] {
+        host_.openSheet(std::make_unique<SheetType>(&host_.window(), host_.document()));
     });
+}
+
+void OptionCommands::addTo(QMenu& menu) {
+    addSheet<SimulatorSheet>(menu, TextId::CommandSimulator, {Qt::Key_S});
     simulating_ =
         &host_.addCommand(menu, TextId::CommandSimulate, {QKeySequence(Qt::SHIFT | Qt::Key_S)},
                           [this] { simulate(simulating_->isChecked()); });
     simulating_->setCheckable(true);
+    menu.addSeparator();
+    addSheet<CPrefsSheet>(menu, TextId::CommandPrefs, {QKeySequence(Qt::CTRL | Qt::Key_P)});
+    addSheet<CMapDialog>(menu, TextId::CommandMapOptions, {Qt::Key_O});
+    addSheet<CViewPagesDialog>(menu, TextId::CommandViewPages, {});
     menu.addSeparator();
     host_.addCommand(menu, TextId::CommandPort, {}, [this] { choosePort(); });
     const auto updateChecks = [this] {

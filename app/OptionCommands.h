@@ -20,6 +20,9 @@ class OptionCommands {
     void simulate(bool on);
 
  private:
+    /// A command that opens a sheet on the document.
+    template <class SheetType>
+    void addSheet(QMenu& menu, TextId name, const QList<QKeySequence>& keys);
     void choosePort();
 
     CommandHost& host_;

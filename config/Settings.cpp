@@ -73,6 +73,8 @@ void fromStored(int stored, RotateModes& modes) {
     }
 }
 
+void fromStored(int /*stored*/, std::string& /*text*/) {}
+
 template <class Field>
 void loadField(ProfileFile& profile, std::string_view key, Field& field) {
     fromStored(profile.getInt(kOptionsSection, key, std::get<int>(toStored(field))), field);
@@ -86,6 +88,14 @@ void loadField(ProfileFile& profile, std::string_view key, std::string& field) {
 
 SettingValue SettingInfo::valueIn(const Settings& settings) const {
     return std::visit([&settings](auto field) { return toStored(settings.*field); }, member);
+}
+
+void SettingInfo::store(const SettingValue& value, Settings& settings) const {
+    if (const auto* number = std::get_if<int>(&value)) {
+        std::visit([&](auto field) { fromStored(*number, settings.*field); }, member);
+    } else if (const auto* field = std::get_if<std::string Settings::*>(&member)) {
+        settings.** field = std::get<std::string>(value);
+    }
 }
 
 std::span<const SettingInfo> settingsTable() { return kSettings; }

@@ -68,6 +68,8 @@ struct SettingInfo {
     SettingMember member;
 
     SettingValue valueIn(const Settings& settings) const;
+    /// Takes a value of the kind that valueIn() gives; one of the other kind is left alone.
+    void store(const SettingValue& value, Settings& settings) const;
 };
 
 /// All 37 settings in the order in which they are read.
