@@ -10,6 +10,7 @@ namespace {
 
 constexpr int kOfferedPorts = 16;
 constexpr int kUsualBaud = 9600;
+constexpr int kStatusMs = 500;
 
 }  // namespace
 
@@ -23,9 +24,22 @@ CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings)
         port_.addItem(QStringLiteral("COM%1").arg(number));
     for (const int baud : {1200, 2400, 4800, 9600, 19200, 38400, 57600, 115200})
         baud_.addItem(QString::number(baud), baud);
-    for (QWidget* row : std::initializer_list<QWidget*>{&search_, &fixed_, &port_, &baud_, &hint_})
+    for (QWidget* row : std::initializer_list<QWidget*>{&search_, &fixed_, &port_, &baud_, &hint_,
+                                                        &status_, &trace_})
         addRow(*row);
     setMinimumWidth(10 * kRowPixels);
+    status_.setWordWrap(true);
+    trace_.setText(toQString(TextId::PortTrace));
+    trace_.setAutoDefault(false);
+    connect(&trace_, &QPushButton::clicked, this, [this] {
+        if (onTrace)
+            onTrace();
+    });
+    connect(&timer_, &QTimer::timeout, this, [this] {
+        if (status)
+            status_.setText(toQString(status()));
+    });
+    timer_.start(kStatusMs);
 
     const auto enable = [this] {
         port_.setEnabled(fixed_.isChecked());

@@ -6,7 +6,9 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QTimer>
 
 #include "app/Sheet.h"
 
@@ -17,6 +19,11 @@ class CGPSDialog final : public Sheet {
  public:
     /// `settings` is the "Port" setting, empty for the search.
     CGPSDialog(QWidget* parent, std::string_view settings);
+
+    /// What the receiver does, asked for twice a second.
+    std::function<std::string()> status;
+    /// The pilot wants to see its sentences.
+    std::function<void()> onTrace;
 
     /// The choice in the form of the "Port" setting.
     std::string settings() const;
@@ -29,6 +36,9 @@ class CGPSDialog final : public Sheet {
     QComboBox port_;
     QComboBox baud_;
     QLabel hint_;
+    QLabel status_;
+    QPushButton trace_;
+    QTimer timer_;
 };
 
 }  // namespace korvel

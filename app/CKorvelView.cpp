@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPinchGesture>
+#include <QPixmap>
 #include <QScreen>
 #include <QWheelEvent>
 
@@ -366,12 +367,33 @@ void CKorvelView::hideBar(bool hide) {
 }
 
 void CKorvelView::tap(Point at) {
+    if (layout_.fields.contains(at))
+        return tapFields({at.x - layout_.fields.x, at.y - layout_.fields.y});
     if (!layout_.page.contains(at))
         return;
     if (barHidden_)
         hideBar(false);
     else if (!tapPage({at.x - layout_.page.x, at.y - layout_.page.y}) && barMayHide_)
         hideBar(true);
+}
+
+/// `at` counts from the strip's corner.
+void CKorvelView::tapFields(Point at) {
+    // The cells follow the widths of texts, which only a canvas can measure.
+    QPixmap scratch(1, 1);
+    QPainter painter(&scratch);
+    const QtCanvas canvas(painter, labels_, layout_.fields);
+    const auto place = FieldStrip::fieldAt(canvas, layout_.arrangement, shownFields(), at);
+    if (place && onField)
+        onField(*place);
+}
+
+void CKorvelView::setField(std::size_t place, NavFieldId field) {
+    if (const auto other = std::ranges::find(fields_, field); other != fields_.end())
+        *other = fields_.at(place);
+    fields_.at(place) = field;
+    storeState();
+    layOut();
 }
 
 /// False when nothing lies there. `at` counts from the page's corner.

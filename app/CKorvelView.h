@@ -53,6 +53,11 @@ class CKorvelView final : public QWidget {
     /// Keeps page and range in the profile.
     void storeState();
 
+    /// A navigation field by its place among the chosen ones.
+    NavFieldId field(std::size_t place) const { return fields_.at(place); }
+    /// Shows this field there; when it already shows elsewhere the two change places.
+    void setField(std::size_t place, NavFieldId field);
+
     PageId page() const { return page_; }
     const MapViewport& viewport() const { return viewport_; }
     bool isPanned() const { return panned_.has_value(); }
@@ -74,6 +79,9 @@ class CKorvelView final : public QWidget {
     std::function<void(const NearAirport&)> onAirport;
     /// Places of the map were tapped, the best first.
     std::function<void(const std::vector<MapPlace>&)> onPlaces;
+
+    /// A navigation field was tapped, counted as in field().
+    std::function<void(std::size_t field)> onField;
 
     /// Called once, after the first painting.
     std::function<void()> onFirstPaint;
@@ -108,6 +116,7 @@ class CKorvelView final : public QWidget {
     void scroll(Point from, Point to);
     void tap(Point at);
     bool tapPage(Point at);
+    void tapFields(Point at);
     bool tapMap(Point at);
     void hideBar(bool hide);
     void takeNews();

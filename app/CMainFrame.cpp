@@ -12,14 +12,18 @@
 
 #include "app/AppIcon.h"
 #include "app/CKorvelDoc.h"
+#include "app/ConnectedText.h"
+#include "app/FieldSheet.h"
 #include "app/HelpSheet.h"
 #include "app/PageCycle.h"
 #include "app/QtText.h"
 #include "app/SchemePalette.h"
+#include "app/TextSheet.h"
 #include "app/WindowPlacement.h"
 #include "config/DataFileSearch.h"
 #include "config/ProfileFile.h"
 #include "display/ColorScheme.h"
+#include "platform/Folders.h"
 
 namespace korvel {
 namespace {
@@ -46,6 +50,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
     setAcceptDrops(true);
     view_.onTouch = [this](TouchCommand command) { runTouch(command); };
     view_.onPlanRow = [this](std::size_t row) { navigate_.openPlanRow(row); };
+    view_.onField = [this](std::size_t field) { chooseField(field); };
     view_.onBarShown = [this](bool shown) { menuBar()->setVisible(shown); };
     view_.setFocus();
 }
@@ -103,8 +108,32 @@ void CMainFrame::addOptions(QMenu& menu) {
 void CMainFrame::addHelp(QMenu& menu) {
     addCommand(menu, TextId::CommandHelp, {Qt::Key_F1},
                [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::FirstFlight)); });
+    addCommand(menu, TextId::CommandKeys, {QKeySequence(Qt::SHIFT | Qt::Key_F1)}, [this] {
+        openSheet(std::make_unique<TextSheet>(this, toQString(TextId::KeysTitle), keyList()));
+    });
+    addCommand(menu, TextId::CommandConnected, {Qt::Key_F2}, [this] {
+        openSheet(
+            std::make_unique<TextSheet>(this, toQString(TextId::ConnectedTitle),
+                                        toQString(connectedText(parts_.document, dataFolders()))));
+    });
     addCommand(menu, TextId::CommandAbout, {},
                [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::About)); });
+}
+
+/// Every command with a key, menu by menu.
+QString CMainFrame::keyList() const {
+    QString list;
+    for (const QAction* menu : menuBar()->actions()) {
+        list += menu->text().remove(QLatin1Char('&')).toUpper() + QLatin1Char('\n');
+        for (const QAction* action : menu->menu()->actions()) {
+            const QString keys = QKeySequence::listToString(action->shortcuts());
+            if (!keys.isEmpty())
+                list +=
+                    QStringLiteral("%1:   %2\n").arg(action->text().remove(QLatin1Char('&')), keys);
+        }
+        list += QLatin1Char('\n');
+    }
+    return list;
 }
 
 /// The buttons that open something; the view does the others itself.
@@ -119,6 +148,13 @@ void CMainFrame::runTouch(TouchCommand command) {
         default:
             return;
     }
+}
+
+void CMainFrame::chooseField(std::size_t field) {
+    auto sheet =
+        std::make_unique<FieldSheet>(this, view_.field(field), parts_.document.cockpitData());
+    sheet->onChosen = [this, field](NavFieldId chosen) { view_.setField(field, chosen); };
+    openSheet(std::move(sheet));
 }
 
 // Files

@@ -71,6 +71,8 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     void addHelp(QMenu& menu);
     void addSchemes(QMenu& menu);
     void runTouch(TouchCommand command);
+    QString keyList() const;
+    void chooseField(std::size_t field);
     /// Shows a scheme and remembers it.
     void chooseScheme(const std::string& name);
     void toggleFullScreen();

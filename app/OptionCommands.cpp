@@ -5,6 +5,7 @@
 #include "app/CKorvelView.h"
 #include "app/CPrefsSheet.h"
 #include "app/SimulatorSheet.h"
+#include "app/TraceSheet.h"
 
 namespace korvel {
 
@@ -51,6 +52,13 @@ void OptionCommands::choosePort() {
                          settings.port = chooser->settings();
                          document.applySettings(settings);
                      });
+    sheet->status = [&document] {
+        const CockpitData& data = document.cockpitData();
+        return data.status.empty() ? formatText(TextId::PortHasFix, {data.satsInUse}) : data.status;
+    };
+    sheet->onTrace = [this] {
+        host_.openSheet(std::make_unique<TraceSheet>(&host_.window(), host_.document()));
+    };
     host_.openSheet(std::move(sheet));
 }
 

@@ -244,10 +244,10 @@ constexpr std::array kTexts = {
     Row{TextId::ConnectedDatabases, "DATABASES: %d"},
     Row{TextId::ConnectedFolders, "YOUR OWN FILES"},
     Row{TextId::ConnectedFoldersHelp,
-        "Databases (*.ng2) and user fixes are looked for in these folders, in this order, when the "
+        "Databases (*.ng2) are looked for in these folders, in this order, when the "
         "program starts:"},
     Row{TextId::ConnectedReport, "What was loaded and refused stands in:"},
-    Row{TextId::ConnectedExpiry, "%s   %d records   valid until %s"},
+    Row{TextId::ConnectedExpiry, "valid until %s"},
     Row{TextId::ConnectedPort, "Port: %s"},
     Row{TextId::ConnectedPortSearched, "Port: searched for"},
     Row{TextId::ConnectedUndated, "undated"},

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <filesystem>
+#include <span>
+#include <string>
+
+namespace korvel {
+
+class CKorvelDoc;
+
+/// What the program works with: the receiver and its port, the databases with their age, and the
+/// folders that it looks in for the pilot's own files.
+std::string connectedText(const CKorvelDoc& document,
+                          std::span<const std::filesystem::path> folders);
+
+}  // namespace korvel

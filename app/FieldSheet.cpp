@@ -1,0 +1,44 @@
+#include "app/FieldSheet.h"
+
+#include <algorithm>
+
+#include "app/QtText.h"
+
+namespace korvel {
+namespace {
+
+QString rowText(const NavField& field, const CockpitData& data) {
+    const NavFieldText shown = field.format(data);
+    return QStringLiteral("%1     %2 %3  %4")
+        .arg(toQString(field.header), toQString(shown.value), toQString(shown.unit),
+             toQString(shown.secondLine))
+        .trimmed();
+}
+
+}  // namespace
+
+FieldSheet::FieldSheet(QWidget* parent, NavFieldId current, const CockpitData& shown)
+    : Sheet(parent, toQString(TextId::FieldTitle),
+            QDialogButtonBox::Ok | QDialogButtonBox::Cancel) {
+    for (const NavField& field : navFields()) {
+        auto* item = new QListWidgetItem(rowText(field, shown), &list_);
+        item->setSizeHint({0, kRowPixels});
+        if (field.id == current)
+            list_.setCurrentItem(item);
+    }
+    column().insertWidget(0, &list_, 1);
+    connect(&list_, &QListWidget::itemClicked, this, [this] { accept(); });
+    constexpr int kMostWidth = 10 * kRowPixels;
+    constexpr int kMostHeight = 18 * kRowPixels;
+    const QSize room = parent == nullptr ? QSize(kMostWidth, kMostHeight) : parent->size();
+    resize(std::min(room.width(), kMostWidth), std::min(room.height(), kMostHeight));
+    list_.setFocus();
+}
+
+void FieldSheet::accept() {
+    if (const int row = list_.currentRow(); row >= 0 && onChosen)
+        onChosen(navFields()[static_cast<std::size_t>(row)].id);
+    Sheet::accept();
+}
+
+}  // namespace korvel
