@@ -18,9 +18,9 @@ void OptionCommands::addSheet(QMenu& menu, TextId name, const QList<QKeySequence
 
 void OptionCommands::addTo(QMenu& menu) {
     addSheet<SimulatorSheet>(menu, TextId::CommandSimulator, {Qt::Key_S});
-    simulating_ =
-        &host_.addCommand(menu, TextId::CommandSimulate, {QKeySequence(Qt::SHIFT | Qt::Key_S)},
-                          [this] { simulate(simulating_->isChecked()); });
+    simulating_ = &host_.addCommand(
+        menu, TextId::CommandSimulate, {QKeySequence(Qt::SHIFT | Qt::Key_S)},
+        [this] { simulate(!host_.document().navigator().simulator().running()); });
     simulating_->setCheckable(true);
     menu.addSeparator();
     addSheet<CPrefsSheet>(menu, TextId::CommandPrefs, {QKeySequence(Qt::CTRL | Qt::Key_P)});
@@ -40,6 +40,8 @@ void OptionCommands::simulate(bool on) {
         navigator.startSimulator(navigator.simulatorStart(host_.document().settings()));
     else
         navigator.stopSimulator();
+    // The sheet starts and stops it, too, behind the back of the check.
+    simulating_->setChecked(on);
     host_.view().say(std::string(text(on ? TextId::SimulatorOn : TextId::SimulatorOff)));
 }
 
