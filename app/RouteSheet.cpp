@@ -5,6 +5,7 @@
 #include "app/CKorvelDoc.h"
 #include "app/QtText.h"
 #include "config/StringTable.h"
+#include "nav/Geodesy.h"
 #include "nav/RouteCheck.h"
 #include "nav/Units.h"
 
@@ -64,10 +65,9 @@ void RouteSheet::check() {
     if (route.words.empty() || !route.error.empty())
         return message_.setText(toQString(route.error));
     UnitLabels labels;
-    const double total = ConvertDistance(route.totalNm, &labels);
-    message_.setText(toQString(formatText(
-        TextId::RouteSummary,
-        {static_cast<int>(route.count), static_cast<int>(total + 0.5), labels.distance})));
+    const int total = RoundToInt(ConvertDistance(route.totalNm, &labels));
+    message_.setText(toQString(
+        formatText(TextId::RouteSummary, {static_cast<int>(route.count), total, labels.distance})));
 }
 
 void RouteSheet::accept() {

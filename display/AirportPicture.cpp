@@ -102,9 +102,10 @@ void layOutSideBySide(const AirportRecord& airport, const Rect& area,
         const double deg = runwayTrueDeg(runway, airport).value_or(0);
         const Point half{std::sin(deg * kDegToRad) * length / 2,
                          -std::cos(deg * kDegToRad) * length / 2};
-        const Point center{
-            area.x + cellWidth * (static_cast<double>(i % columns) + 0.5),
-            area.y + cellHeight * (std::floor(static_cast<double>(i / columns)) + 0.5)};
+        const std::size_t column = i % columns;
+        const std::size_t row = i / columns;
+        const Point center{area.x + cellWidth * (static_cast<double>(column) + 0.5),
+                           area.y + cellHeight * (static_cast<double>(row) + 0.5)};
         layout.runways.push_back({.runway = i,
                                   .from = {center.x - half.x, center.y - half.y},
                                   .to = {center.x + half.x, center.y + half.y}});
