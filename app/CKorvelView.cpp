@@ -85,6 +85,9 @@ void CKorvelView::timerEvent(QTimerEvent* event) {
 void CKorvelView::tick() {
     if (page_ == PageId::Satellite)
         document_.wantSatellites();
+    if (page_ == PageId::NearestAirport ||
+        std::ranges::find(fields_, NavFieldId::NearestAirport) != fields_.end())
+        document_.navigator().wantNearAirports();
     document_.tick();
     if (messageTicks_ > 0 && --messageTicks_ == 0) {
         message_.clear();

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "config/Settings.h"
 #include "config/StringTable.h"
+#include "display/NearAirports.h"
 #include "display/PlanViewBuilder.h"
 #include "nav/Geodesy.h"
 #include "nav/TextNumbers.h"
@@ -19,6 +21,8 @@ constexpr std::string_view kTrackJournalName = "track.journal";
 constexpr double kVariationStepNm = 5;
 /// Off and on places of the flight log lie this near an airport.
 constexpr double kAtAirportNm = 3;
+/// Nobody sees a distance change by less.
+constexpr double kNearAirportsStepNm = 0.1;
 /// Boeing Field, Seattle.
 constexpr GeoPoint kDefaultField{47.53 * kDegToRad, -122.302 * kDegToRad};
 
@@ -80,6 +84,7 @@ void Navigator::loadDatabases(std::span<const std::filesystem::path> folders,
                               const DatabaseLoader::Progress& progress) {
     loader_.load(folders, progress);
     variationPoint_ = {};
+    nearAirports_.reset();
     updateDatabaseNotice();
 }
 
@@ -110,6 +115,22 @@ void Navigator::lookUpVariation() {
     }
     variationPoint_ = here;
     variationDeg_ = database_.variationNear(here);
+}
+
+void Navigator::lookUpNearAirports(const Settings& settings, const Variation& variation) {
+    const GeoPoint here = navigation_.present().position;
+    if (!std::exchange(nearAirportsWanted_, false) || !IsValid(here)) {
+        nearAirports_.reset();
+        return;
+    }
+    if (nearAirports_ && DistanceNm(here, nearAirportsPoint_) < kNearAirportsStepNm) {
+        return;
+    }
+    nearAirportsPoint_ = here;
+    auto airports = std::make_shared<std::vector<NearAirport>>();
+    findNearAirports(database_, here, variation,
+                     {.privateAirports = settings.displayPrivateAirports != 0}, *airports);
+    nearAirports_ = std::move(airports);
 }
 
 std::string Navigator::placeHere() const {
@@ -180,6 +201,7 @@ void Navigator::tick(const Settings& settings, const Variation& variation,
         navigation_.NavUpdate(received);
         verticalSpeed_.add(clock_.tickMs(), navigation_.present().altitudeFt);
     }
+    lookUpNearAirports(settings, variation);
 }
 
 void Navigator::refresh(const Variation& variation) {
@@ -230,6 +252,7 @@ void Navigator::collect(CockpitData& data, const Variation& variation) const {
     if (!data.position) {
         return;
     }
+    data.nearAirports = nearAirports_;
     data.variationDeg = variation.inForceDeg();
     data.verticalSpeedFpm = verticalSpeed_.feetPerMinute();
     collectLeg(data, variation);

@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/PlanDesk.h"
 #include "app/ShiftedClock.h"
@@ -87,6 +88,8 @@ class Navigator {
     /// The database's variation near the aircraft, degrees, east positive; kNoAngle if unknown.
     double databaseVariationDeg() const { return variationDeg_; }
 
+    /// To be called at each tick while the nearest airports are looked at.
+    void wantNearAirports() { nearAirportsWanted_ = true; }
     /// Brings what is kept for the pages up to date: after each tick and each command.
     void refresh(const Variation& variation);
     /// Fills what the pages show of the flight.
@@ -94,6 +97,7 @@ class Navigator {
 
  private:
     void lookUpVariation();
+    void lookUpNearAirports(const Settings& settings, const Variation& variation);
     void updateDatabaseNotice();
     std::string placeHere() const;
     void collectSimulated(CockpitData& data, const Variation& variation) const;
@@ -123,6 +127,10 @@ class Navigator {
     };
     std::shared_ptr<const PlanView> planView_;
     PlanViewSource planViewSource_;
+
+    std::shared_ptr<const std::vector<NearAirport>> nearAirports_;
+    GeoPoint nearAirportsPoint_;  // where they were looked up
+    bool nearAirportsWanted_ = false;
 
     double variationDeg_ = kNoAngle;
     GeoPoint variationPoint_;  // where it was looked up

@@ -50,7 +50,7 @@ NavFieldText durationIn(std::optional<double> seconds) {
     constexpr double kTooLong = 100.0 * kSecondsPerHour;
     if (!seconds || !(*seconds >= 0) || *seconds >= kTooLong)
         return absent();
-    const int whole = static_cast<int>(*seconds + 0.5);
+    const int whole = RoundToInt(*seconds);
     if (whole < kSecondsPerHour)
         return {formatInt(whole / 60) + ":" + zeroPadded(whole % 60, 2), "min", ""};
     return {formatInt(whole / kSecondsPerHour) + ":" + zeroPadded(whole / 60 % 60, 2), "h", ""};
@@ -133,7 +133,7 @@ NavFieldText eta(const CockpitData& data) {
     if (!seconds || *seconds >= kSecondsPerDay)
         return absent();
     const int now = data.now.hour * kSecondsPerHour + data.now.minute * 60 + data.now.second;
-    return clockTime(now + static_cast<int>(*seconds + 0.5));
+    return clockTime(now + RoundToInt(*seconds));
 }
 
 NavFieldText waypoint(const CockpitData& data) {

@@ -49,6 +49,7 @@ std::vector<const MapPlace*> placesAt(const PlaceSet& set, const MapProjection& 
     std::stable_sort(hits.begin(), hits.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<const MapPlace*> places;
+    places.reserve(hits.size());
     for (const auto& [step, place] : hits)
         places.push_back(place);
     return places;

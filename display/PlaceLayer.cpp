@@ -42,6 +42,7 @@ Point polar(Point center, double radius, int deg) {
 
 std::vector<Point> regular(Point center, double radius, int corners, int firstDeg) {
     std::vector<Point> points;
+    points.reserve(static_cast<std::size_t>(corners));
     for (int i = 0; i < corners; ++i)
         points.push_back(polar(center, radius, firstDeg + i * kFullCircle / corners));
     return points;
@@ -235,8 +236,9 @@ void paintPlaces(const MapFrame& frame, Canvas& canvas) {
         return;
     const PlaceLayout layout = layOutPlaces(frame, canvas);
     SymbolPainter symbols(frame, canvas);
-    for (auto mark = layout.marks.rbegin(); mark != layout.marks.rend(); ++mark)
-        symbols.paint(*mark);  // the most important ones on top
+    // The most important ones on top.
+    std::for_each(layout.marks.rbegin(), layout.marks.rend(),
+                  [&symbols](const PlaceMark& mark) { symbols.paint(mark); });
     symbols.finish();
     for (const PlaceLabel& label : layout.labels)
         canvas.text(label.anchor, label.text, label.style);

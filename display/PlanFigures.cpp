@@ -5,6 +5,7 @@
 #include "display/GeoText.h"
 #include "display/NavField.h"
 #include "display/PlanMarks.h"
+#include "nav/Geodesy.h"
 #include "nav/TextNumbers.h"
 
 namespace korvel {
@@ -62,9 +63,8 @@ std::string arrivalText(const std::optional<double>& hours, const LocalTime& now
         return std::string(kNoValue);
     const double minutes =
         *hours * kMinutesPerHour + now.hour * kMinutesPerHour + now.minute + now.second / 60.0;
-    const long whole = std::lround(minutes) % (kHoursPerDay * kMinutesPerHour);
-    return zeroPadded(static_cast<int>(whole / kMinutesPerHour), 2) + ":" +
-           zeroPadded(static_cast<int>(whole % kMinutesPerHour), 2);
+    const int whole = RoundToInt(minutes) % (kHoursPerDay * kMinutesPerHour);
+    return zeroPadded(whole / kMinutesPerHour, 2) + ":" + zeroPadded(whole % kMinutesPerHour, 2);
 }
 
 }  // namespace korvel

@@ -24,8 +24,8 @@ class SvgCanvas final : public Canvas {
 
     void line(Point from, Point to, const Pen& pen) override;
     void lines(std::span<const Segment> segments, const Pen& pen) override;
-    void polyline(std::span<const Point> points, const Pen& pen) override;
-    void polygon(std::span<const Point> points, const std::optional<Brush>& fill,
+    void polyline(std::span<const Point> corners, const Pen& pen) override;
+    void polygon(std::span<const Point> corners, const std::optional<Brush>& fill,
                  const std::optional<Pen>& outline) override;
     void rect(const Rect& area, const std::optional<Brush>& fill,
               const std::optional<Pen>& outline) override;
