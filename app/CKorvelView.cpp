@@ -259,6 +259,13 @@ void CKorvelView::backToAircraft() {
     update();
 }
 
+void CKorvelView::lookAt(GeoPoint place) {
+    if (!isMapPage())
+        showPage(PageId::Map);
+    panned_ = place;
+    update();
+}
+
 void CKorvelView::setBarMayHide(bool mayHide) {
     barMayHide_ = mayHide;
     barHidden_ = false;

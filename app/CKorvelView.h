@@ -46,6 +46,8 @@ class CKorvelView final : public QWidget {
     bool setRange(int rangeNm);
     /// Ends panning and goes back to the configured range.
     void backToAircraft();
+    /// Moves the map there, on a page that shows one.
+    void lookAt(GeoPoint place);
     /// In full screen the touch bar may be tapped away.
     void setBarMayHide(bool mayHide);
     /// Call after the colour scheme was reloaded.

@@ -37,6 +37,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
       view_(parts.document, parts.profile, parts.scheme, parts.labels),
       file_(*this),
       navigate_(*this),
+      places_(*this, parts.labels, parts.scheme),
       options_(*this),
       schemes_(this),
       dayScheme_(daySchemeName()) {
@@ -51,6 +52,9 @@ CMainFrame::CMainFrame(const FrameParts& parts)
     view_.onTouch = [this](TouchCommand command) { runTouch(command); };
     view_.onPlanRow = [this](std::size_t row) { navigate_.openPlanRow(row); };
     view_.onField = [this](std::size_t field) { chooseField(field); };
+    view_.onPlaces = [this](const std::vector<MapPlace>& found) { places_.identify(found); };
+    view_.onAirport = [this](const NearAirport& airport) { places_.openAirport(airport); };
+    places_.onDirectTo = [this](const std::string& key) { navigate_.directTo(key); };
     view_.onBarShown = [this](bool shown) { menuBar()->setVisible(shown); };
     view_.setFocus();
 }
@@ -226,6 +230,7 @@ void CMainFrame::showScheme(const std::string& name) {
         dayScheme_ = name;
     parts_.scheme.load(name, parts_.dataFiles);
     view_.schemeChanged();
+    places_.schemeChanged(parts_.scheme);
     QApplication::setPalette(schemePalette(parts_.scheme));
     for (QAction* action : schemes_.actions())
         action->setChecked(action->text() == toQString(name));

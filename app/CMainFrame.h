@@ -12,6 +12,7 @@
 #include "app/FileCommands.h"
 #include "app/NavigateCommands.h"
 #include "app/OptionCommands.h"
+#include "app/PlaceCommands.h"
 #include "app/Sheet.h"
 #include "config/StringTable.h"
 
@@ -83,6 +84,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     CKorvelView view_;
     FileCommands file_;
     NavigateCommands navigate_;
+    PlaceCommands places_;
     OptionCommands options_;
     bool mayClose_ = false;  // the plan is safe
     QActionGroup schemes_;

@@ -256,6 +256,12 @@ constexpr std::array kTexts = {
     Row{TextId::TracePause, "Pause"},
     Row{TextId::PortHasFix, "Fix, %d satellites in use"},
     Row{TextId::FieldTitle, "Field"},
+    Row{TextId::ChoosePlace, "Which one?"},
+    Row{TextId::AddToPlan, "Add to plan"},
+    Row{TextId::ShowOnMap, "Show on map"},
+    Row{TextId::PlaceElevation, "Elevation %s"},
+    Row{TextId::PlaceVariation, "Variation %d %s"},
+    Row{TextId::RightPattern, "right pattern %s"},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

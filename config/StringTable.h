@@ -238,6 +238,12 @@ enum class TextId : int {
     TracePause = 61812,
     PortHasFix = 61813,
     FieldTitle = 61814,
+    ChoosePlace = 61815,
+    AddToPlan = 61816,
+    ShowOnMap = 61817,
+    PlaceElevation = 61818,  ///< %s: height
+    PlaceVariation = 61819,  ///< %d: degrees, %s: E or W
+    RightPattern = 61820,  ///< %s: runway end
 };
 
 /// The text of that number.

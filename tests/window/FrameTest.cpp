@@ -19,10 +19,12 @@
 #include "app/CKorvelDoc.h"
 #include "app/CMainFrame.h"
 #include "app/PageCycle.h"
+#include "app/PlaceSheet.h"
 #include "config/DataFileSearch.h"
 #include "display/ColorScheme.h"
 #include "gps/FakePorts.h"
 #include "gps/GpsFixture.h"
+#include "navdb/AirportRecord.h"
 #include "platform/FileIo.h"
 
 namespace korvel { namespace {
@@ -248,6 +250,26 @@ TEST_F(FrameTest, WhatIsRefusedIsSaidWhereItWasTyped) {
         sheet->reject();
     }
     EXPECT_TRUE(document_->navigator().plan().entries().empty());
+}
+
+TEST_F(FrameTest, AnAirportsSheetSaysWhatItsRecordHas) {
+    auto airport = std::make_shared<AirportRecord>();
+    airport->key = "a.EDXX";
+    airport->ident.assign("EDXX");
+    airport->SetName("Old Field");
+    airport->expired = true;
+    airport->elevationFt = 1487;
+    airport->magVariationDeg = -3;
+    airport->comms = {{"TWR", 118.1}};
+    airport->runways = {{.lengthFt = 4000, .widthFt = 98, .surface = "ASPH", .ends = {{.id = "08"}, {.id = "26", .pattern = 'R'}}}};
+    const std::string words = placeText(*document_, *airport);
+    for (const char* part : {"EDXX   Old Field   EXPIRED", "1487 ft", "3 W", "TWR   118.100", "08/26   4000 x 98 ft   ASPH", "right pattern 26"})
+        EXPECT_NE(words.find(part), std::string::npos) << part << " in " << words;
+    MapColorCache colors(scheme_);
+    PlaceSheet sheet(frame_.get(), *document_, {labels_, colors}, airport);
+    EXPECT_LE(sheet.minimumSizeHint().height(), 460);
+    EXPECT_LE(sheet.minimumSizeHint().width(), 640);
+    if (qEnvironmentVariableIsSet("GRAB")) { sheet.resize(640, 460); sheet.grab().save("/tmp/place.png"); }
 }
 
 TEST(PageCycle, GoesOnceAroundWhatTheMaskLeaves) {

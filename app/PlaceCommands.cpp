@@ -1,0 +1,81 @@
+#include "app/PlaceCommands.h"
+
+#include <QListWidget>
+
+#include "app/CKorvelDoc.h"
+#include "app/CKorvelView.h"
+#include "app/PlaceSheet.h"
+#include "app/QtText.h"
+#include "navdb/AirportRecord.h"
+
+namespace korvel {
+namespace {
+
+/// Several places under one finger: a row for each.
+class PlaceChooser final : public Sheet {
+ public:
+    PlaceChooser(QWidget* parent, const NavDatabase& database, const std::vector<MapPlace>& places)
+        : Sheet(parent, toQString(TextId::ChoosePlace), QDialogButtonBox::Close) {
+        for (const MapPlace& place : places) {
+            const auto record = database.recordOf(place.place);
+            const std::string_view name = record ? record->GetName() : std::string_view();
+            auto* item = new QListWidgetItem(  // the list owns it
+                QStringLiteral("%1   %2").arg(toQString(place.place.ident.view()), toQString(name)),
+                &list_);
+            item->setSizeHint({0, kRowPixels});
+        }
+        list_.setMinimumSize(10 * kRowPixels, 5 * kRowPixels);
+        addRow(list_);
+        connect(&list_, &QListWidget::itemClicked, this, [this] { choose(); });
+        connect(&list_, &QListWidget::itemActivated, this, [this] { choose(); });
+    }
+
+    std::function<void(std::size_t)> onChosen;
+
+ private:
+    void choose() {
+        if (!isVisible())
+            return;  // a click that also activates counts once
+        QDialog::accept();
+        onChosen(static_cast<std::size_t>(list_.currentRow()));
+    }
+
+    QListWidget list_;
+};
+
+}  // namespace
+
+void PlaceCommands::identify(const std::vector<MapPlace>& places) {
+    const NavDatabase& database = host_.document().navigator().database();
+    if (places.size() == 1)
+        return open(database.recordOf(places.front().place));
+    auto sheet = std::make_unique<PlaceChooser>(&host_.window(), database, places);
+    sheet->onChosen = [this, places](std::size_t row) {
+        open(host_.document().navigator().database().recordOf(places.at(row).place));
+    };
+    host_.openSheet(std::move(sheet));
+}
+
+void PlaceCommands::openAirport(const NearAirport& airport) {
+    const DatabaseRecord* found =
+        host_.document().navigator().database().Find(airport.key, airport.position);
+    open(found != nullptr ? found->Clone() : nullptr);
+}
+
+void PlaceCommands::open(std::unique_ptr<DatabaseRecord> record) {
+    if (!record)
+        return host_.view().say(std::string(text(TextId::NotFound)));
+    if (record->GetKind() == kAirportKind)
+        host_.document().navigator().database().loadDetails(static_cast<AirportRecord&>(*record));
+    auto sheet = std::make_unique<PlaceSheet>(
+        &host_.window(), host_.document(), PlaceSheet::Look{labels_, colors_},
+        std::shared_ptr<const DatabaseRecord>(std::move(record)));
+    sheet->onDirectTo = [this](const std::string& key) {
+        if (onDirectTo)
+            onDirectTo(key);
+    };
+    sheet->onShow = [this](GeoPoint place) { host_.view().lookAt(place); };
+    host_.openSheet(std::move(sheet));
+}
+
+}  // namespace korvel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QMenu>
+
+#include "app/CommandHost.h"
+#include "app/LabelCache.h"
+#include "display/MapColorCache.h"
+#include "display/NearAirport.h"
+#include "display/PlaceSet.h"
+#include "navdb/DatabaseRecord.h"
+
+namespace korvel {
+
+/// What a pilot asks about places: what lies under a finger, and what an airport of a list has.
+class PlaceCommands {
+ public:
+    /// Both outlive this.
+    PlaceCommands(CommandHost& host, LabelCache& labels, const ColorScheme& scheme)
+        : host_(host), labels_(labels), colors_(scheme) {}
+
+    /// Call after the colour scheme was reloaded.
+    void schemeChanged(const ColorScheme& scheme) { colors_.refresh(scheme); }
+
+    /// Several places are offered in a list first.
+    void identify(const std::vector<MapPlace>& places);
+    void openAirport(const NearAirport& airport);
+
+    /// The pilot wants to fly direct to the place with this key.
+    std::function<void(const std::string& key)> onDirectTo;
+
+ private:
+    void open(std::unique_ptr<DatabaseRecord> record);
+
+    CommandHost& host_;
+    LabelCache& labels_;
+    MapColorCache colors_;
+};
+
+}  // namespace korvel
