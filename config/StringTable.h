@@ -243,7 +243,7 @@ enum class TextId : int {
     ShowOnMap = 61817,
     PlaceElevation = 61818,  ///< %s: height
     PlaceVariation = 61819,  ///< %d: degrees, %s: E or W
-    RightPattern = 61820,  ///< %s: runway end
+    RightPattern = 61820,    ///< %s: runway end
 };
 
 /// The text of that number.
