@@ -22,16 +22,17 @@ std::string padded(int number, std::size_t width) {
 
 std::int64_t localSeconds(const LocalTime& time) {
     const std::chrono::sys_days day = dateOf(time);
-    return std::int64_t{day.time_since_epoch().count()} * 86400 + time.hour * 3600 +
-           time.minute * 60 + time.second;
+    const std::chrono::sys_seconds moment = day + std::chrono::hours(time.hour) +
+                                            std::chrono::minutes(time.minute) +
+                                            std::chrono::seconds(time.second);
+    return moment.time_since_epoch().count();
 }
 
 LocalTime localTimeAt(std::int64_t seconds) {
-    using namespace std::chrono;
-    const sys_seconds moment{std::chrono::seconds(seconds)};
-    const auto midnight = floor<days>(moment);
-    const year_month_day date(midnight);
-    const hh_mm_ss clock(moment - midnight);
+    const std::chrono::sys_seconds moment{std::chrono::seconds(seconds)};
+    const auto midnight = std::chrono::floor<std::chrono::days>(moment);
+    const std::chrono::year_month_day date(midnight);
+    const std::chrono::hh_mm_ss clock(moment - midnight);
     return {.year = int{date.year()},
             .month = static_cast<int>(unsigned{date.month()}),
             .day = static_cast<int>(unsigned{date.day()}),

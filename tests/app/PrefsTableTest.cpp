@@ -1,9 +1,9 @@
-#include "app/PrefsTable.h"
-
 #include <algorithm>
 #include <set>
 
 #include <gtest/gtest.h>
+
+#include "app/PrefsTable.h"
 
 namespace korvel { namespace {
 
@@ -24,8 +24,10 @@ TEST(PrefsTableTest, ChangesItsOwnBitsAlone) {
     for (const PrefRow& row : prefRows()) {
         const Settings before;
         SettingValue changed = row.valueIn(before);
-        if (int* number = std::get_if<int>(&changed)) *number = *number == 0 ? 1 : 0;
-        else changed = std::string("K");
+        if (int* number = std::get_if<int>(&changed))
+            *number = *number == 0 ? 1 : 0;
+        else
+            changed = std::string("K");
         Settings after = before;
         row.store(changed, after);
         for (const PrefRow& other : prefRows())

@@ -10,10 +10,10 @@ std::string parse(const std::vector<std::string_view>& arguments, CommandLine& r
 
 TEST(CommandLine, TakesEveryOptionInBothForms) {
     CommandLine line;
-    EXPECT_EQ(
-        parse({"trip.fp", "--replay=a.log", "--speed", "2.5", "--snapshot", "o.png", "--size", "800x480", "--after=0",
-                  "--page", "Map", "--sim", "--time-factor=30", "--scheme=<Night-Flight>", "--range", "25", "--profile-folder", "/tmp/p"},
-            line),
+    EXPECT_EQ(parse({"trip.fp", "--replay=a.log", "--speed", "2.5", "--snapshot", "o.png", "--size", "800x480",
+                        "--after=0", "--page", "Map", "--sim", "--time-factor=30", "--scheme=<Night-Flight>", "--range",
+                        "25", "--profile-folder", "/tmp/p"},
+                  line),
         "");
     EXPECT_EQ(line.planFile, "trip.fp");
     EXPECT_EQ(line.replayFile, "a.log");
