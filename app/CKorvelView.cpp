@@ -97,7 +97,6 @@ void CKorvelView::tick() {
         say(message);
     takeNews();
     announceWaypoint();
-    updatePlaces();
 }
 
 /// Once for each: while it descends towards one, the altitude there changes all the time.
@@ -127,14 +126,17 @@ void CKorvelView::takeNews() {
     update();
 }
 
-/// Brings the places up to date for what the next painting shows.
+/// Brings the places up to date for the painting that has begun.
 void CKorvelView::updatePlaces() {
     const auto center = mapCenter();
     if (!isMapPage() || !center)
         return;
     const Rect view{0, 0, layout_.page.width, layout_.page.height};
-    if (places_.update(viewport_.projection(*center, upDeg()), view, viewport_.currentRangeNm(),
-                       MapPlaceOptions::from(document_.settings())))
+    const bool changed =
+        places_.update(viewport_.projection(*center, upDeg()), view, viewport_.currentRangeNm(),
+                       MapPlaceOptions::from(document_.settings()));
+    // This painting shows what there is; the next one what is still to be read.
+    if (changed && !places_.isComplete())
         update();
 }
 

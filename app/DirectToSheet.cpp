@@ -34,18 +34,13 @@ void DirectToSheet::refuse(const std::string& message) {
 }
 
 void DirectToSheet::accept() {
-    std::int32_t altitudeFt = kNoAltitudeFt;
-    if (const std::string typed = altitude_.text().trimmed().toStdString(); !typed.empty()) {
-        std::string_view rest = typed;
-        const auto planned = scanPlannedAltitude(rest);
-        if (!planned || !rest.empty())
-            return refuse(std::string(text(TextId::InvalidAltitude)));
-        altitudeFt = *planned;
-    }
+    const auto altitudeFt = typedAltitude(altitude_.text().toStdString());
+    if (!altitudeFt)
+        return refuse(std::string(text(TextId::InvalidAltitude)));
     ActiveNavigation& navigation = document_.navigator().navigation();
     const std::uint64_t before = navigation.announcement().number;
     const std::string said =
-        navigation.DirectTo(place_.key(), course_.text().trimmed().toStdString(), altitudeFt);
+        navigation.DirectTo(place_.key(), course_.text().trimmed().toStdString(), *altitudeFt);
     if (navigation.announcement().number == before)
         return refuse(said);
     QDialog::accept();

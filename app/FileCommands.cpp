@@ -89,20 +89,22 @@ void FileCommands::savePlan(const std::function<void()>& next) {
     PlanDesk& plan = navigator().plan();
     if (plan.file().empty())
         return savePlanAs(next);
-    if (const std::string error = plan.saveAs(plan.file()); !error.empty())
+    savePlanTo(plan.file(), next);
+}
+
+void FileCommands::savePlanTo(const std::filesystem::path& path,
+                              const std::function<void()>& next) {
+    if (const std::string error = navigator().plan().saveAs(path); !error.empty())
         return host_.showError(error);
-    recent_.add(std::filesystem::absolute(plan.file()));
-    host_.view().say(formatText(TextId::PlanSaved, {plan.file().filename().string()}));
+    recent_.add(std::filesystem::absolute(path));
+    host_.view().say(formatText(TextId::PlanSaved, {path.filename().string()}));
     next();
 }
 
 void FileCommands::savePlanAs(const std::function<void()>& next) {
     choose(TextId::SavePlanTitle, QFileDialog::AcceptSave, TextId::PlanSaveFilter,
-           QStringLiteral("fp"), [this, next](const std::filesystem::path& path) {
-               if (const std::string error = navigator().plan().saveAs(path); !error.empty())
-                   return host_.showError(error);
-               savePlan(next);
-           });
+           QStringLiteral("fp"),
+           [this, next](const std::filesystem::path& path) { savePlanTo(path, next); });
 }
 
 void FileCommands::withPlanSafe(const std::function<void()>& next) {
@@ -156,7 +158,6 @@ void FileCommands::choose(TextId title, QFileDialog::AcceptMode mode, TextId fil
     dialog->setDefaultSuffix(suffix);
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
                      [chosen](const QString& name) { chosen(toPath(name)); });
-    dialog_ = dialog;
     dialog->open();
 }
 

@@ -6,7 +6,6 @@
 
 #include <QFileDialog>
 #include <QMenu>
-#include <QPointer>
 
 #include "app/CommandHost.h"
 #include "app/RecentFiles.h"
@@ -39,6 +38,7 @@ class FileCommands {
     void choosePlan();
     void savePlan(const std::function<void()>& next);
     void savePlanAs(const std::function<void()>& next);
+    void savePlanTo(const std::filesystem::path& path, const std::function<void()>& next);
     void chooseTrack();
     void saveTrackAs();
     void openTrack(const std::filesystem::path& path);
@@ -51,7 +51,6 @@ class FileCommands {
     CommandHost& host_;
     RecentFiles recent_;
     QMenu* recentMenu_ = nullptr;  ///< its parent menu's
-    QPointer<QFileDialog> dialog_;
 };
 
 }  // namespace korvel

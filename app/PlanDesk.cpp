@@ -93,8 +93,14 @@ void PlanDesk::activate() {
 }
 
 void PlanDesk::flyTo(std::size_t index) {
-    if (index < entries().size() &&
-        changePlan([index](FlightPlan& plan) { plan.moveToEntry(index); })) {
+    bool moved = false;
+    changePlan([&](FlightPlan& plan) {
+        moved = index < plan.entries().size();
+        if (moved) {
+            plan.moveToEntry(index);
+        }
+    });
+    if (moved) {
         comeIntoForce(changed_);
     }
 }

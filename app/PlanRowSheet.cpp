@@ -73,15 +73,10 @@ void PlanRowSheet::addButton(QPushButton& button, TextId text,
 
 void PlanRowSheet::setAltitude() {
     PlanDesk& plan = document_.navigator().plan();
-    std::int32_t feet = kNoAltitudeFt;
-    if (const std::string typed = altitude_.text().trimmed().toStdString(); !typed.empty()) {
-        std::string_view rest = typed;
-        const auto planned = scanPlannedAltitude(rest);
-        if (!planned || !rest.empty())
-            return message_.setText(toQString(TextId::InvalidAltitude));
-        feet = *planned;
-    }
-    PlanEditResult result = withAltitude(plan.entries(), row_, feet);
+    const auto feet = typedAltitude(altitude_.text().toStdString());
+    if (!feet)
+        return message_.setText(toQString(TextId::InvalidAltitude));
+    PlanEditResult result = withAltitude(plan.entries(), row_, *feet);
     if (!result.error.empty())
         return message_.setText(toQString(result.error));
     plan.replace(std::move(result.entries));

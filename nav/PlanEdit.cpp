@@ -76,11 +76,6 @@ PlanEntries withRowMoved(PlanEntries entries, std::size_t row, bool up) {
     return withoutRepeats(std::move(entries));
 }
 
-PlanEntries reversed(PlanEntries entries) {
-    std::ranges::reverse(entries);
-    return entries;
-}
-
 PlanEditResult withAltitude(const PlanEntries& entries, std::size_t row, std::int32_t altitudeFt) {
     PlanEditResult edited{.entries = entries, .row = row};
     if (altitudeFt != kNoAltitudeFt &&

@@ -41,7 +41,6 @@ PlanEntries withRecord(PlanEntries entries, std::size_t row,
 PlanEntries withoutRow(PlanEntries entries, std::size_t row);
 /// Changes places with the row before it or behind it.
 PlanEntries withRowMoved(PlanEntries entries, std::size_t row, bool up);
-PlanEntries reversed(PlanEntries entries);
 
 /// `altitudeFt` kNoAltitudeFt for none.
 PlanEditResult withAltitude(const PlanEntries& entries, std::size_t row, std::int32_t altitudeFt);

@@ -37,6 +37,15 @@ std::optional<std::int32_t> scanPlannedAltitude(std::string_view& text) {
     return static_cast<std::int32_t>(feet);
 }
 
+std::optional<std::int32_t> typedAltitude(std::string_view text) {
+    std::string_view rest = stripped(text);
+    if (rest.empty()) {
+        return kNoAltitudeFt;
+    }
+    const auto planned = scanPlannedAltitude(rest);
+    return rest.empty() ? planned : std::nullopt;
+}
+
 std::string altitudeSuffix(std::int32_t altitudeFt) {
     if (altitudeFt == kNoAltitudeFt) {
         return {};

@@ -28,6 +28,10 @@ std::string_view stripped(std::string_view text);
 /// truncated. Nothing without a number or out of range.
 std::optional<std::int32_t> scanPlannedAltitude(std::string_view& text);
 
+/// What a pilot typed as an altitude in hundreds of feet: all of the text must be it. Feet;
+/// kNoAltitudeFt for an empty text, nothing for what is no altitude.
+std::optional<std::int32_t> typedAltitude(std::string_view text);
+
 /// "@45" for 4500 ft, "@45.5" for 4550 ft, nothing for none.
 std::string altitudeSuffix(std::int32_t altitudeFt);
 

@@ -52,7 +52,6 @@ TEST_F(PlanEditTest, Rows) {
     EXPECT_EQ(textsOf(withRowMoved(route("A1 B1 C1"), 0, false)), "B1 A1 C1");
     EXPECT_EQ(textsOf(withRowMoved(route("A1 B1"), 0, true)), "A1 B1");
     EXPECT_EQ(textsOf(withRowMoved(route("A1 B1"), 1, false)), "A1 B1");
-    EXPECT_EQ(textsOf(reversed(route("A1@5 B1"))), "B1 A1@5");
 
     EXPECT_EQ(textsOf(withAltitude(route("A1 B1"), 1, 4550).entries), "A1 B1@45.5");
     EXPECT_EQ(textsOf(withAltitude(route("A1@9"), 0, kNoAltitudeFt).entries), "A1");
