@@ -1,6 +1,9 @@
 #include "nav/Geodesy.h"
 
+#include <algorithm>
 #include <cmath>
+
+#include <climits>
 
 namespace korvel {
 
@@ -71,9 +74,21 @@ double PositiveMod(double y, double x) {
     return result >= x ? 0 : result;
 }
 
-int RoundToInt(double value) { return static_cast<int>(value >= 0 ? value + 0.5 : value - 0.5); }
+namespace {
 
-int RoundToInt(float value) { return static_cast<int>(value >= 0 ? value + 0.5F : value - 0.5F); }
+/// The whole number in value, at the end of int's range for what lies beyond it; 0 for no number.
+int truncateToInt(double value) {
+    if (std::isnan(value)) {
+        return 0;
+    }
+    return static_cast<int>(std::clamp<double>(value, INT_MIN, INT_MAX));
+}
+
+}  // namespace
+
+int RoundToInt(double value) { return truncateToInt(value >= 0 ? value + 0.5 : value - 0.5); }
+
+int RoundToInt(float value) { return truncateToInt(value >= 0 ? value + 0.5F : value - 0.5F); }
 
 double TruncTowardZero(double value) { return std::trunc(value); }
 

@@ -42,7 +42,7 @@ bool SamePoint(GeoPoint a, GeoPoint b);
 /// y reduced into 0 up to but not including x, for x above 0.
 double PositiveMod(double y, double x);
 
-/// Half away from zero.
+/// Half away from zero; the end of the range for what lies beyond it, 0 for no number.
 int RoundToInt(double value);
 int RoundToInt(float value);
 

@@ -1,5 +1,6 @@
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 
 #include <gtest/gtest.h>
 
@@ -87,6 +88,9 @@ TEST(Geodesy, RoundingAndRemainders) {
     EXPECT_EQ(RoundToInt(2.5), 3);
     EXPECT_EQ(RoundToInt(-2.5), -3);
     EXPECT_EQ(RoundToInt(-0.49F), 0);
+    EXPECT_EQ(RoundToInt(7.1e9), std::numeric_limits<int>::max());
+    EXPECT_EQ(RoundToInt(-7.1e9F), std::numeric_limits<int>::min());
+    EXPECT_EQ(RoundToInt(std::nan("")), 0);
     EXPECT_EQ(PositiveMod(-90, 360), 270);
     EXPECT_EQ(PositiveMod(720, 360), 0);
     EXPECT_TRUE(std::isnan(PositiveMod(std::nan(""), 360))) << "not north";

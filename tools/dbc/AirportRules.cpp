@@ -59,7 +59,7 @@ void orderEnds(SourceRunway& runway) {
 }
 
 int lengthBetweenFt(const GeoDegrees& a, const GeoDegrees& b) {
-    return static_cast<int>(std::lround(DistanceNm(toGeoPoint(a), toGeoPoint(b)) * kFeetPerNm));
+    return RoundToInt(DistanceNm(toGeoPoint(a), toGeoPoint(b)) * kFeetPerNm);
 }
 
 std::string informationFor(std::string_view fullName) {

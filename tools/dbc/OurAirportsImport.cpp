@@ -6,6 +6,7 @@
 
 #include "dbc/AirportRules.h"
 #include "dbc/AsciiText.h"
+#include "nav/Geodesy.h"
 
 namespace korvel {
 
@@ -15,7 +16,7 @@ std::optional<int> wholeFeet(std::string_view text) {
     const auto value = wholeDouble(text);
     if (!value || std::abs(*value) > 100000.0)
         return std::nullopt;
-    return static_cast<int>(std::lround(*value));
+    return RoundToInt(*value);
 }
 
 std::optional<GeoDegrees> position(std::string_view latText, std::string_view lonText) {

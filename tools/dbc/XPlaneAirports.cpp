@@ -8,6 +8,7 @@
 #include "dbc/AirportRules.h"
 #include "dbc/AsciiText.h"
 #include "dbc/XPlaneImport.h"
+#include "nav/Geodesy.h"
 #include "nav/Units.h"
 
 namespace korvel {
@@ -62,7 +63,7 @@ Surface surfaceOf(int code) {
     }
 }
 
-int metresToFeet(double metres) { return static_cast<int>(std::lround(metres * kFeetPerMetre)); }
+int metresToFeet(double metres) { return RoundToInt(metres * kFeetPerMetre); }
 
 /// Mean of positions that lie near one another, the 180th meridian no obstacle.
 class Middle {
@@ -145,7 +146,7 @@ class AirportImport {
         datumLat_.reset();
         datumLon_.reset();
         airport_.ident = fields[4];
-        airport_.elevationFt = static_cast<int>(std::lround(*elevation));
+        airport_.elevationFt = RoundToInt(*elevation);
         airport_.kind = code == kSeaplaneBase ? AirportKind::seaplane
                         : code == kHeliport   ? AirportKind::heliport
                                               : AirportKind::land;
