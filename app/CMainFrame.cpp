@@ -36,7 +36,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
     : parts_(parts),
       view_(parts.document, parts.profile, parts.scheme, parts.labels),
       file_(*this),
-      navigate_(*this),
+      navigate_(*this, [this](const auto& next) { file_.withPlanSafe(next); }),
       places_(*this, parts.labels, parts.scheme),
       options_(*this),
       schemes_(this),

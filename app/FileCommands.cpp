@@ -43,8 +43,10 @@ void FileCommands::addTo(QMenu& menu) {
                      {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
                      [this, nothing] { savePlanAs(nothing); });
     menu.addSeparator();
-    host_.addCommand(menu, TextId::CommandOpenTrack, {}, [this] { chooseTrack(); });
-    host_.addCommand(menu, TextId::CommandSaveTrack, {}, [this] { saveTrackAs(); });
+    host_.addCommand(menu, TextId::CommandOpenTrack,
+                     {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O)}, [this] { chooseTrack(); });
+    host_.addCommand(menu, TextId::CommandSaveTrack, {QKeySequence(Qt::CTRL | Qt::Key_T)},
+                     [this] { saveTrackAs(); });
     menu.addSeparator();
 }
 

@@ -15,14 +15,16 @@ void NavigateCommands::addTo(QMenu& menu) {
     host_.addCommand(menu, TextId::CommandDirectTo, {Qt::Key_D}, [this] { directTo(); });
     host_.addCommand(menu, TextId::CommandNearest, {Qt::Key_R},
                      [this] { host_.view().showPage(PageId::NearestAirport); });
-    host_.addCommand(menu, TextId::CommandClearNavigation, {}, [this] { clearNavigation(); });
+    host_.addCommand(menu, TextId::CommandClearNavigation, {QKeySequence(Qt::CTRL | Qt::Key_D)},
+                     [this] { whenPlanIsSafe_([this] { clearNavigation(); }); });
     menu.addSeparator();
     addPlanCommands(menu);
     menu.addSeparator();
     tracking_ = &host_.addCommand(menu, TextId::CommandRecordTrack, {Qt::Key_T},
                                   [this] { recordTrack(tracking_->isChecked()); });
-    suspended_ = &host_.addCommand(menu, TextId::CommandSuspend, {},
-                                   [this] { suspend(suspended_->isChecked()); });
+    suspended_ =
+        &host_.addCommand(menu, TextId::CommandSuspend, {QKeySequence(Qt::CTRL | Qt::Key_U)},
+                          [this] { suspend(suspended_->isChecked()); });
     for (QAction* action : {tracking_.data(), suspended_.data()})
         action->setCheckable(true);
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { updateChecks(); });
@@ -34,8 +36,10 @@ void NavigateCommands::addPlanCommands(QMenu& menu) {
                      [this] { host_.view().showPage(PageId::FlightPlan); });
     host_.addCommand(menu, TextId::CommandRoute, {QKeySequence(Qt::SHIFT | Qt::Key_F)},
                      [this] { editRoute(); });
-    host_.addCommand(menu, TextId::CommandActivate, {}, [this] { navigator().plan().activate(); });
-    host_.addCommand(menu, TextId::CommandReverse, {}, [this] { navigator().plan().reverse(); });
+    host_.addCommand(menu, TextId::CommandActivate, {QKeySequence(Qt::CTRL | Qt::Key_A)},
+                     [this] { navigator().plan().activate(); });
+    host_.addCommand(menu, TextId::CommandReverse, {QKeySequence(Qt::CTRL | Qt::Key_R)},
+                     [this] { navigator().plan().reverse(); });
     host_.addCommand(menu, TextId::CommandUndo, {QKeySequence(Qt::CTRL | Qt::Key_Z)}, [this] {
         if (!navigator().plan().undo())
             host_.view().say(std::string(text(TextId::NothingToUndo)));

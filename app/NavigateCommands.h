@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include <QMenu>
 #include <QPointer>
 
@@ -12,8 +15,12 @@ class Navigator;
 /// The menu Navigate: direct-to, the plan and what is done to it, the track.
 class NavigateCommands {
  public:
+    /// Goes on at once, or when the pilot has saved or given up what is not saved of the plan.
+    using PlanGuard = std::function<void(const std::function<void()>& next)>;
+
     /// The host must outlive this.
-    explicit NavigateCommands(CommandHost& host) : host_(host) {}
+    NavigateCommands(CommandHost& host, PlanGuard whenPlanIsSafe)
+        : host_(host), whenPlanIsSafe_(std::move(whenPlanIsSafe)) {}
 
     void addTo(QMenu& menu);
 
@@ -31,6 +38,7 @@ class NavigateCommands {
     Navigator& navigator();
 
     CommandHost& host_;
+    PlanGuard whenPlanIsSafe_;
     QPointer<QAction> tracking_;
     QPointer<QAction> suspended_;
 };

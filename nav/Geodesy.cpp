@@ -2,8 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-
-#include <climits>
+#include <limits>
 
 namespace korvel {
 
@@ -78,10 +77,10 @@ namespace {
 
 /// The whole number in value, at the end of int's range for what lies beyond it; 0 for no number.
 int truncateToInt(double value) {
-    if (std::isnan(value)) {
-        return 0;
-    }
-    return static_cast<int>(std::clamp<double>(value, INT_MIN, INT_MAX));
+    using Range = std::numeric_limits<int>;
+    return std::isnan(value)
+               ? 0
+               : static_cast<int>(std::clamp<double>(value, Range::min(), Range::max()));
 }
 
 }  // namespace
