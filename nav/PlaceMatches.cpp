@@ -44,9 +44,9 @@ KindMask kindsOfLetter(char letter) {
 
 void addAround(const NavDatabase& database, std::string_view beginning, GeoPoint near,
                KindMask kinds, std::vector<Place>& places) {
-    for (NearPlace& around : database.nearest(near, kinds, kMostAround, kAroundNm)) {
+    for (const NearPlace& around : database.nearest(near, kinds, kMostAround, kAroundNm)) {
         if (around.place.ident.view().starts_with(beginning)) {
-            places.push_back(std::move(around.place));
+            places.push_back(around.place);
         }
     }
 }
@@ -70,13 +70,13 @@ std::vector<PlaceMatch> placeMatches(const NavDatabase& database, std::string_vi
         addAround(database, beginning, *near, kinds, places);
     }
     std::vector<Candidate> candidates;
-    for (Place& place : places) {
+    for (const Place& place : places) {
         Candidate candidate{.isExact = place.ident.view() == beginning};
         if (near) {
             candidate.distanceNm = DistanceNm(*near, place.position);
         }
-        candidate.place = std::move(place);
-        candidates.push_back(std::move(candidate));
+        candidate.place = place;
+        candidates.push_back(candidate);
     }
     std::ranges::sort(candidates, {}, &Candidate::rank);
     candidates.erase(std::unique(candidates.begin(), candidates.end(), isSamePlace),

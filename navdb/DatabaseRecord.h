@@ -22,6 +22,8 @@ struct RowMatch {
     int file = 0;           ///< number of the file in load order, from 0
     std::uint32_t row = 0;  ///< byte offset of the row in its file
 
+    // The check takes the comparison that the compiler writes for a null pointer.
+    // NOLINTNEXTLINE(modernize-use-nullptr)
     friend auto operator<=>(const RowMatch&, const RowMatch&) = default;
 };
 

@@ -16,6 +16,8 @@ struct RowOrder {
     int cell = 0;
     std::int32_t lat = 0;
 
+    // The check takes the comparison that the compiler writes for a null pointer.
+    // NOLINTNEXTLINE(modernize-use-nullptr)
     friend auto operator<=>(const RowOrder&, const RowOrder&) = default;
 };
 

@@ -23,6 +23,7 @@ constexpr double kFirstRadiusNm = 20.0;  // of the nearest search; then wider an
 constexpr double kRadiusGrowth = 3.0;
 constexpr double kEdge = 1e-9;  // radians: a place on a box's edge is in it
 constexpr double kHalfwayRoundNm = 10800.0;
+constexpr int kMiddleCell = kCellCount / 2;  // from the meridian of Greenwich eastwards
 
 /// Latitudes in radians, both included.
 struct Band {
@@ -93,7 +94,7 @@ class NearestSearch final : public Search {
         : origin_(origin), cosLat_(std::cos(origin.lat)), count_(count), reach_(reach) {}
 
     [[nodiscard]] bool wantsCell(int cell) const override {
-        const double west = (cell - kCellCount / 2) * kDegToRad;
+        const double west = (cell - kMiddleCell) * kDegToRad;
         const double past = PositiveMod(origin_.lon - west, kTwoPi);
         if (past <= kDegToRad) {
             return true;
@@ -216,13 +217,13 @@ void runSearch(const PlaceSources& sources, KindMask kinds, std::span<const int>
 
 /// The cells from a longitude (degrees) on eastwards until `width` degrees further.
 std::vector<int> cellsFrom(double west, double width) {
-    std::vector<int> cells;
     const int first = westernCell(west);
     const int count = width >= kFullTurnDeg - 1
                           ? kCellCount
                           : static_cast<int>(std::floor(west + width) - std::floor(west)) + 1;
-    for (int i = 0; i < std::min(count, kCellCount); ++i) {
-        cells.push_back((first + i) % kCellCount);
+    std::vector<int> cells(static_cast<std::size_t>(std::clamp(count, 0, kCellCount)));
+    for (int next = first; int& cell : cells) {
+        cell = next++ % kCellCount;
     }
     return cells;
 }
@@ -284,13 +285,15 @@ std::vector<NearPlace> findNearest(const PlaceSources& sources, GeoPoint positio
         return {};
     }
     const double widest = std::min(withinNm, kHalfwayRoundNm);
-    for (double radiusNm = kFirstRadiusNm;; radiusNm *= kRadiusGrowth) {
+    double radiusNm = kFirstRadiusNm;
+    while (true) {
         const double radius = std::min(radiusNm, widest) / kNmPerRadian;
         NearestSearch search(position, count, radius);
         runSearch(sources, kinds, cellsAround(position, radius), search);
         if (search.isComplete() || radiusNm >= widest) {
             return search.result();
         }
+        radiusNm *= kRadiusGrowth;
     }
 }
 

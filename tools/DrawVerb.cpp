@@ -41,7 +41,7 @@ struct MapOptions {
         picture.declare(app);
         app.add_option("--at", at, "Position of the aircraft, LAT,LON")->required();
         app.add_option("--range", range, "Miles from the aircraft to the top")->required();
-        app.add_option("--plan", plan, "A flight plan to draw, \".fp\" or \".TXT\"");
+        app.add_option("--plan", plan, R"(A flight plan to draw, ".fp" or ".TXT")");
         app.add_option("--track", track, "A \".trk\" track to draw");
         app.add_option("--angle", angle, "True track; points up unless the page is North-Up");
     }

@@ -17,7 +17,7 @@ int runPlan(Invocation& call) {
     std::string file;
     std::string output;
     call.options()
-        .add_option("file", file, "A \".fp\" plan or a \".TXT\" waypoint list")
+        .add_option("file", file, R"(A ".fp" plan or a ".TXT" waypoint list)")
         ->required();
     call.options().add_option("--save", output, "Write the plan to this \".fp\" file");
     call.declareNow();

@@ -76,7 +76,7 @@ int settings(const Invocation& call, ProfileFile& profile, const Words& /*words*
         const std::string text =
             number != nullptr ? formatInt(*number) : std::get<std::string>(value);
         values[key] = number != nullptr ? Json(*number) : Json(text);
-        plain += key + "=" + text + "\n";
+        plain.append(key).append("=").append(text).append("\n");
     }
     return call.done({{"settings", values}}, plain);
 }
@@ -97,7 +97,7 @@ int listEntries(const Invocation& call, const fs::path& file) {
     std::string plain;
     for (const auto& [key, value] : parseProfile(*bytes)) {
         entries[key] = value;
-        plain += key + "=" + value + "\n";
+        plain.append(key).append("=").append(value).append("\n");
     }
     return call.done({{"entries", entries}}, plain);
 }

@@ -38,7 +38,7 @@ bool isPrivateIdentifier(std::string_view ident, const GeoDegrees& position) {
         return false;
     if (std::count_if(ident.begin(), ident.end(), isDigit) != 2)
         return false;
-    const auto first = std::find_if_not(ident.begin(), ident.end(), isDigit);
+    const auto* const first = std::find_if_not(ident.begin(), ident.end(), isDigit);
     return std::next(first) != ident.end() && !isDigit(*std::next(first));
 }
 

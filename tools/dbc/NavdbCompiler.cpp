@@ -1,6 +1,7 @@
 #include "dbc/NavdbCompiler.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <span>
@@ -39,10 +40,9 @@ PlaceType placeType(NavaidKind kind) {
 }
 
 bool isTower(const SourceComm& comm) {
-    for (const std::string_view word : {"TWR", "Twr", "TOWER", "Tower"})
-        if (comm.type.find(word) != std::string::npos)
-            return true;
-    return false;
+    constexpr std::array<std::string_view, 4> kWords = {"TWR", "Twr", "TOWER", "Tower"};
+    return std::ranges::any_of(
+        kWords, [&](std::string_view word) { return comm.type.find(word) != std::string::npos; });
 }
 
 std::int32_t flagsOf(const SourceAirport& airport) {

@@ -206,7 +206,7 @@ void NavdbWriter::writeGrid(FileBytes& file, std::size_t firstData) const {
 }
 
 std::string NavdbWriter::finish(const NavdbHeader& header) const {
-    constexpr std::size_t kGridSize = (1 + kCellCount + 1) * 4;
+    constexpr std::size_t kGridSize = (1 + std::size_t{kCellCount} + 1) * 4;
     const bool withGrid = !gridIndex_.empty();
     FileBytes file;
     file.append(kFormatVersion);

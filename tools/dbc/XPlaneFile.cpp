@@ -8,7 +8,7 @@ XPlaneFile::XPlaneFile(std::string name, std::unique_ptr<ByteSource> source, Imp
 
 std::string XPlaneFile::readHeader(int oldest, int newest) {
     std::string_view line;
-    const std::string notXPlane = name_ + ": not an X-Plane data file";
+    std::string notXPlane = name_ + ": not an X-Plane data file";
     if (!lines_.next(line))
         return lines_.failed() ? failure() : notXPlane;
     // Some writers leave the first line empty.
