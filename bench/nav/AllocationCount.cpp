@@ -12,6 +12,8 @@ std::atomic<std::int64_t> count{0};
 
 std::int64_t korvel::allocationCount() { return count; }
 
+// The one place that has to manage memory by hand.
+// NOLINTBEGIN(cppcoreguidelines-no-malloc)
 void* operator new(std::size_t size) {
     ++count;
     if (void* const memory = std::malloc(size)) {
@@ -21,3 +23,4 @@ void* operator new(std::size_t size) {
 }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
+// NOLINTEND(cppcoreguidelines-no-malloc)

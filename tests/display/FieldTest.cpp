@@ -14,7 +14,7 @@ namespace korvel { namespace {
 
 class Units : public testing::Test {
  protected:
-    ~Units() override { SetDistanceUnit(0); }
+    void TearDown() override { SetDistanceUnit(0); }
 };
 
 TEST(GeoText, CoordinatesCarryInsteadOfShowingSixtyMinutes) {

@@ -27,10 +27,10 @@ class ConnectionMonitorTest : public GpsTest, protected LineListener {
         ++*linesHeard_.lock();
     }
 
-    void use(SerialDeviceOpener opener) {
+    void use(const SerialDeviceOpener& opener) {
         // One at a time: the old one's port must be closed before a new one listens.
         rig_.reset();
-        rig_ = std::make_unique<Rig>(*this, std::move(opener));
+        rig_ = std::make_unique<Rig>(*this, opener);
     }
     ConnectionMonitor& monitor() { return rig_->monitor; }
     std::string status() { return monitor().connectionStatus(true); }
@@ -59,6 +59,8 @@ class ConnectionMonitorTest : public GpsTest, protected LineListener {
             : gpsPort(opener, test.clock_),
               gyroPort(opener, test.clock_),
               monitor({gpsPort, gyroPort, test, test.input_, test.surroundings_, test.profile_, test.clock_}) {}
+        Rig(const Rig&) = delete;
+        Rig& operator=(const Rig&) = delete;
         ~Rig() { gpsPort.close(); }
 
         SerialPort gpsPort;

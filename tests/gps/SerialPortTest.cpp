@@ -37,6 +37,8 @@ struct Bench {
 class FakeDevice final : public SerialDevice {
  public:
     explicit FakeDevice(Bench& bench) : bench_(bench) { bench_.closed = false; }
+    FakeDevice(const FakeDevice&) = delete;
+    FakeDevice& operator=(const FakeDevice&) = delete;
     ~FakeDevice() override { bench_.closed = true; }
 
     SystemError readLineSettings(LineSettings& settings) override {

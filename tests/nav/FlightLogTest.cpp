@@ -10,7 +10,7 @@ namespace korvel { namespace {
 TEST(FlightTime, RoundsMinutesAndTenthsUp) {
     EXPECT_EQ(flightTimeText(0), "0,0.0");
     EXPECT_EQ(flightTimeText(125), "3,0.1");
-    EXPECT_EQ(flightTimeText(7 * 60), "7,0.2");
+    EXPECT_EQ(flightTimeText(420), "7,0.2");
     EXPECT_EQ(flightTimeText(3601), "61,1.1");
 }
 
@@ -84,7 +84,7 @@ TEST_F(FlightLogTest, AKilledProgramLosesAtMostFiveSeconds) {
         folder_.write("log.txt.flight", journal + journal.substr(0, torn));
         folder_.write("log.txt", before);
         open();
-        EXPECT_EQ(folder_.read("log.txt"), before + "\r\n" + line) << torn;
+        EXPECT_EQ(folder_.read("log.txt"), std::string(before).append("\r\n").append(line)) << torn;
         EXPECT_FALSE(folder_.has("log.txt.flight"));
     }
     folder_.write("log.txt.flight", journal);

@@ -66,7 +66,7 @@ TEST_F(TrackTest, RefusesATextWithAMalformedLine) {
         "20070110,120000,,2,1,2,3", "20070110,115959,1,2,1,2,3", "00000000,000000",
         "20070110,120000,1,2,1,2,3\n20070110,120005,1,2,1,2,3"};
     for (const std::string_view bad : kBadLines) {
-        EXPECT_FALSE(track_.ReadTrackText(good + std::string(bad) + "\r\n" + good)) << bad;
+        EXPECT_FALSE(track_.ReadTrackText(std::string(good).append(bad).append("\r\n").append(good))) << bad;
         EXPECT_EQ(written(), "") << bad;
     }
     EXPECT_TRUE(track_.ReadTrackText(good + "20070110,1200"));

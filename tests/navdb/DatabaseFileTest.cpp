@@ -258,17 +258,17 @@ TEST_F(DatabaseFileTest, SearchesWhileSeveralThreadsTriggerTheFirstRead) {
     const FieldEntry& id = *orderingField(index);
     std::array<int, 4> found{};
     std::vector<std::thread> threads;
-    for (std::size_t t = 0; t < found.size(); ++t) {
-        threads.emplace_back([&, t] {
+    for (int& finds : found) {
+        threads.emplace_back([&] {
             for (int i = 0; i < 1000; ++i) {
                 const std::string key = numbered("F", i);
                 const auto rows = file.rows();
                 const std::uint32_t row = rows->firstNotBelow(index, id, key);
-                found[t] += rows->equals(index, row, id, key) && rows->equals(index, row + 1, id, key) &&
-                                    !rows->equals(index, row + 2, id, key) &&
-                                    (row == 0 || !rows->equals(index, row - 1, id, key))
-                                ? 1
-                                : 0;
+                finds += rows->equals(index, row, id, key) && rows->equals(index, row + 1, id, key) &&
+                                 !rows->equals(index, row + 2, id, key) &&
+                                 (row == 0 || !rows->equals(index, row - 1, id, key))
+                             ? 1
+                             : 0;
             }
         });
     }

@@ -194,7 +194,7 @@ std::vector<std::uint8_t> TestDatabase::bytes() const {
 }
 
 std::filesystem::path TestDatabase::write(const std::filesystem::path& folder, std::string_view name) const {
-    const auto path = folder / name;
+    auto path = folder / name;
     writeBytes(path, bytes());
     return path;
 }

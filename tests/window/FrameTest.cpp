@@ -1,6 +1,6 @@
 #include <algorithm>
+#include <array>
 #include <sstream>
-#include <tuple>
 
 #include <QAbstractButton>
 #include <QAction>
@@ -235,18 +235,24 @@ TEST_F(FrameTest, APlanIsChangedByRowsTakenBackAndNotLost) {
 }
 
 TEST_F(FrameTest, WhatIsRefusedIsSaidWhereItWasTyped) {
-    for (const auto& [key, typed, said] : {std::tuple{Qt::Key_D, "XXXXX", "Not found!"},
-             std::tuple{Qt::Key_F, "XXXXX", "XXXXX navaid/airway not found or data expired!"}}) {
-        press(key == Qt::Key_F ? QKeySequence(Qt::SHIFT | key) : QKeySequence(key));
+    struct Case {
+        QKeySequence key;
+        QString said;
+    };
+    const std::array cases = {
+        Case{Qt::Key_D, "Not found!"}, Case{Qt::SHIFT | Qt::Key_F, "XXXXX navaid/airway not found or data expired!"}};
+    for (const Case& refused : cases) {
+        press(refused.key);
         const auto dialogs = frame_->findChildren<QDialog*>();
         const auto shown = std::ranges::find_if(dialogs, &QWidget::isVisible);
         ASSERT_NE(shown, dialogs.end());
         QDialog* sheet = *shown;
-        QTest::keyClicks(sheet->focusWidget(), typed);
+        QTest::keyClicks(sheet->focusWidget(), "XXXXX");
         sheet->accept();
         EXPECT_TRUE(sheet->isVisible());
         const auto labels = sheet->findChildren<QLabel*>();
-        EXPECT_TRUE(std::ranges::any_of(labels, [&](QLabel* label) { return label->text() == said; })) << typed;
+        EXPECT_TRUE(std::ranges::any_of(labels, [&](QLabel* label) { return label->text() == refused.said; }))
+            << refused.said.toStdString();
         sheet->reject();
     }
     EXPECT_TRUE(document_->navigator().plan().entries().empty());

@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -11,9 +12,8 @@ namespace korvel { namespace {
 std::vector<std::string> chainsOf(const std::string& text) {
     AirwayNetwork network;
     const auto point = [&](char name) {
-        const int place = name - 'A';
-        return network.pointAt(
-            std::string(1, name), {static_cast<double>(place / 10), static_cast<double>(place % 10)});
+        const auto [row, column] = std::div(name - 'A', 10);
+        return network.pointAt(std::string(1, name), {static_cast<double>(row), static_cast<double>(column)});
     };
     std::istringstream words(text);
     for (std::string word; words >> word;) network.addSegment("V1", point(word.front()), point(word.back()));
