@@ -27,7 +27,7 @@ CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings)
     for (QWidget* row : std::initializer_list<QWidget*>{&search_, &fixed_, &port_, &baud_, &hint_,
                                                         &status_, &trace_})
         addRow(*row);
-    setMinimumWidth(10 * kRowPixels);
+    setPreferredWidth(10 * kRowPixels);
     status_.setWordWrap(true);
     trace_.setText(toQString(TextId::PortTrace));
     trace_.setAutoDefault(false);

@@ -1,6 +1,5 @@
 #include "app/CPrefsSheet.h"
 
-#include <algorithm>
 #include <array>
 
 #include <QFormLayout>
@@ -36,11 +35,9 @@ CPrefsSheet::CPrefsSheet(QWidget* parent, CKorvelDoc& document, std::span<const 
         tabs_.addTab(makePage(page, document.settings()).release(), toQString(prefsPageName(page)));
     message_.setWordWrap(true);
     message_.hide();
-    column().insertWidget(0, &tabs_, 1);
+    addTallRow(tabs_);
     addRow(message_);
-    constexpr int kMostWidth = 18 * kRowPixels;
-    const QSize room = parent == nullptr ? QSize(kMostWidth, kMostWidth) : parent->size();
-    resize(std::min(room.width(), kMostWidth), std::min(room.height(), kMostWidth));
+    setPreferredWidth(18 * kRowPixels);
 }
 
 std::unique_ptr<QWidget> CPrefsSheet::makePage(PrefsPage page, const Settings& settings) {

@@ -17,11 +17,12 @@ DirectToSheet::DirectToSheet(QWidget* parent, CKorvelDoc& document, const std::s
     buttons().button(QDialogButtonBox::Ok)->setText(toQString(TextId::DirectToTitle));
     course_.setPlaceholderText(toQString(TextId::CourseHint));
     altitude_.setPlaceholderText(toQString(TextId::AltitudeHint));
-    message_.setWordWrap(true);
     message_.setObjectName(QStringLiteral("refusal"));
-    for (QWidget* row : std::initializer_list<QWidget*>{&place_, &course_, &altitude_, &message_})
+    addTallRow(place_);
+    for (QWidget* row : std::initializer_list<QWidget*>{&course_, &altitude_})
         addRow(*row);
-    setMinimumWidth(11 * kRowPixels);
+    addNote(message_);
+    setPreferredWidth(11 * kRowPixels);
     place_.onChange = [this] { message_.clear(); };
     place_.onChosen = [this] { accept(); };
     place_.edit().setText(QString::fromStdString(identifier));

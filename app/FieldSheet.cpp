@@ -1,7 +1,5 @@
 #include "app/FieldSheet.h"
 
-#include <algorithm>
-
 #include "app/QtText.h"
 
 namespace korvel {
@@ -26,12 +24,9 @@ FieldSheet::FieldSheet(QWidget* parent, NavFieldId current, const CockpitData& s
         if (field.id == current)
             list_.setCurrentItem(item);
     }
-    column().insertWidget(0, &list_, 1);
+    addTallRow(list_);
     connect(&list_, &QListWidget::itemClicked, this, [this] { accept(); });
-    constexpr int kMostWidth = 10 * kRowPixels;
-    constexpr int kMostHeight = 18 * kRowPixels;
-    const QSize room = parent == nullptr ? QSize(kMostWidth, kMostHeight) : parent->size();
-    resize(std::min(room.width(), kMostWidth), std::min(room.height(), kMostHeight));
+    setPreferredWidth(10 * kRowPixels);
     list_.setFocus();
 }
 

@@ -12,7 +12,6 @@ namespace korvel {
 namespace {
 
 constexpr std::size_t kMostMatches = 12;
-constexpr int kShownMatches = 4;
 
 QString kindWord(KindMask kind) {
     switch (kind) {
@@ -53,7 +52,7 @@ PlaceSearchBox::PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoi
     column_.addWidget(&list_);
     edit_.setMinimumHeight(Sheet::kRowPixels);
     edit_.setPlaceholderText(toQString(TextId::IdentifierHint));
-    list_.setMinimumHeight(kShownMatches * Sheet::kRowPixels);
+    list_.setMinimumHeight(Sheet::kRowPixels);
     list_.setFocusPolicy(Qt::NoFocus);
     edit_.installEventFilter(this);
     setFocusProxy(&edit_);

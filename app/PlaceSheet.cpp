@@ -112,8 +112,8 @@ PlaceSheet::PlaceSheet(QWidget* parent, CKorvelDoc& document, const Look& look,
         lines->addWidget(new RunwayPicture(look, record));
     scroll_.setWidget(page);
     scroll_.setWidgetResizable(true);
-    scroll_.setMinimumSize(13 * kRowPixels, 6 * kRowPixels);
-    addRow(scroll_);
+    setPreferredWidth(13 * kRowPixels);
+    addTallRow(scroll_);
     addButton(direct_, TextId::DirectToTitle, [this, record] {
         QDialog::accept();
         if (onDirectTo)

@@ -20,7 +20,7 @@ void addSideBySide(QVBoxLayout& column, std::initializer_list<QWidget*> widgets)
         widget->setMinimumHeight(Sheet::kRowPixels);
         layout->addWidget(widget);
     }
-    column.insertLayout(column.count() - 1, layout.release());
+    column.addLayout(layout.release());
 }
 
 }  // namespace
@@ -32,13 +32,13 @@ PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t ro
     const PlanEntries entries = document.navigator().plan().entries();
     if (row < entries.size()) {
         key_ = entries[row].key;
-        title_.setText(QStringLiteral("%1   %2").arg(QString::fromStdString(entries[row].text),
-                                                     toQString(entries[row].record->GetName())));
+        const QString ident = QString::fromStdString(entries[row].text);
+        const QString name = toQString(entries[row].record->GetName());
+        title_.setText(name == ident ? ident : QStringLiteral("%1   %2").arg(ident, name));
     }
     title_.setAccessibleName(title_.text());
     words_.setPlaceholderText(toQString(TextId::InsertHint));
     altitude_.setPlaceholderText(toQString(TextId::AltitudeHint));
-    message_.setWordWrap(true);
     addRow(title_);
     addButton(fly_, TextId::FlyToRow, [this] {
         document_.navigator().plan().flyTo(row_);
@@ -58,10 +58,10 @@ PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t ro
     addSideBySide(column(), {&up_, &down_, &remove_});
     addSideBySide(column(), {&altitude_, &setAltitude_});
     addSideBySide(column(), {&words_, &insert_});
-    addRow(message_);
+    addNote(message_);
     connect(&altitude_, &QLineEdit::returnPressed, this, [this] { setAltitude(); });
     connect(&words_, &QLineEdit::returnPressed, this, [this] { insertBefore(); });
-    setMinimumWidth(12 * kRowPixels);
+    setPreferredWidth(12 * kRowPixels);
 }
 
 void PlanRowSheet::addButton(QPushButton& button, TextId text,

@@ -43,10 +43,10 @@ RouteSheet::RouteSheet(QWidget* parent, CKorvelDoc& document)
     words_.setTextFormat(Qt::RichText);
     words_.setMinimumHeight(3 * kRowPixels);
     words_.setAlignment(Qt::AlignTop);
-    message_.setWordWrap(true);
-    for (QWidget* row : std::initializer_list<QWidget*>{&line_, &words_, &message_})
+    for (QWidget* row : std::initializer_list<QWidget*>{&line_, &words_})
         addRow(*row);
-    setMinimumWidth(14 * kRowPixels);
+    addNote(message_);
+    setPreferredWidth(14 * kRowPixels);
     connect(&line_, &QLineEdit::textEdited, this, [this] { check(); });
     line_.setText(QString::fromStdString(lineOf(document.navigator().plan().entries())));
     line_.selectAll();

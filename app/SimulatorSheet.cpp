@@ -22,15 +22,14 @@ SimulatorSheet::SimulatorSheet(QWidget* parent, CKorvelDoc& document)
     : Sheet(parent, toQString(TextId::SimulatorTitle), QDialogButtonBox::Close),
       document_(document) {
     form_.setSpacing(6);
-    column().insertLayout(0, &form_);
+    column().addLayout(&form_);
     addNumber(latitude_, TextId::SimulatorLatitude, 0);
     addNumber(longitude_, TextId::SimulatorLongitude, 0);
     addNumber(heading_, TextId::SimulatorHeading, kHeadingStep);
     addNumber(speed_, TextId::SimulatorSpeed, kSpeedStep);
     addNumber(altitude_, TextId::SimulatorAltitude, kAltitudeStep);
     addSwitches();
-    message_.setWordWrap(true);
-    addRow(message_);
+    addNote(message_);
     startStop_.setMinimumSize(3 * kRowPixels, kRowPixels);
     buttons().addButton(&startStop_, QDialogButtonBox::ActionRole);
     startStop_.setDefault(true);
@@ -48,7 +47,7 @@ SimulatorSheet::SimulatorSheet(QWidget* parent, CKorvelDoc& document)
     heading_.setText(toQString(offered_.heading));
     speed_.setText(toQString(offered_.speed));
     altitude_.setText(toQString(offered_.altitude));
-    setMinimumWidth(13 * kRowPixels);
+    setPreferredWidth(13 * kRowPixels);
     connect(&timer_, &QTimer::timeout, this, [this] { showState(); });
     timer_.start(kStateMs);
     showState();

@@ -262,6 +262,10 @@ constexpr std::array kTexts = {
     Row{TextId::PlaceElevation, "Elevation %s"},
     Row{TextId::PlaceVariation, "Variation %d %s"},
     Row{TextId::RightPattern, "right pattern %s"},
+    Row{TextId::CloseSheet, "Close"},
+    Row{TextId::KeyPadShow, "Keys"},
+    Row{TextId::KeyPadSpace, "Space"},
+    Row{TextId::KeyPadBack, "Del"},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

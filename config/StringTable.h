@@ -244,6 +244,10 @@ enum class TextId : int {
     PlaceElevation = 61818,  ///< %s: height
     PlaceVariation = 61819,  ///< %d: degrees, %s: E or W
     RightPattern = 61820,    ///< %s: runway end
+    CloseSheet = 61821,
+    KeyPadShow = 61822,
+    KeyPadSpace = 61823,
+    KeyPadBack = 61824,
 };
 
 /// The text of that number.

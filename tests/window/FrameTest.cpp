@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMouseEvent>
@@ -18,6 +19,7 @@
 #include "TempFolder.h"
 #include "app/CKorvelDoc.h"
 #include "app/CMainFrame.h"
+#include "app/KeyPad.h"
 #include "app/PageCycle.h"
 #include "app/PlaceSheet.h"
 #include "config/DataFileSearch.h"
@@ -232,6 +234,22 @@ TEST_F(FrameTest, APlanIsChangedByRowsTakenBackAndNotLost) {
     EXPECT_FALSE(frame_->isVisible());
     EXPECT_EQ(*readWholeFile(file),
         "f.AAA 47.500000 10.000000\r\nf.BBB@45 47.600000 10.500000\r\nf.CCC 47.700000 11.000000\r\n");
+}
+
+TEST_F(FrameTest, AFingerCanTypeWhereThereIsNoKeyboard) {
+    frame_->resize(800, 480);
+    press(Qt::Key_D);
+    const auto dialogs = frame_->findChildren<QDialog*>();
+    QDialog* const sheet = *std::ranges::find_if(dialogs, &QWidget::isVisible);
+    for (const char* label : {"Keys", "K", "4", "Del", "S"}) clickIn<QDialog>(label);
+    auto* const line = qobject_cast<QLineEdit*>(sheet->focusWidget());
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(line->text(), "KS");
+    EXPECT_EQ(sheet->height(), frame_->height()) << "nothing of it is below the screen's edge";
+    QTest::keyClick(line, Qt::Key_E);
+    EXPECT_EQ(line->text(), "KSe");
+    EXPECT_FALSE(sheet->findChild<KeyPad*>()->isVisible()) << "there is a keyboard after all";
+    sheet->reject();
 }
 
 TEST_F(FrameTest, WhatIsRefusedIsSaidWhereItWasTyped) {
