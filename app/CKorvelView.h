@@ -48,6 +48,8 @@ class CKorvelView final : public QWidget {
     void backToAircraft();
     /// Moves the map there, on a page that shows one.
     void lookAt(GeoPoint place);
+    /// What the map pages show in the aircraft's place: the aircraft, or what was dragged there.
+    std::optional<GeoPoint> mapCenter() const;
     /// In full screen the touch bar may be tapped away.
     void setBarMayHide(bool mayHide);
     /// Call after the colour scheme was reloaded.
@@ -130,7 +132,6 @@ class CKorvelView final : public QWidget {
     FlightPlanRows planRows() const;
     bool isMapPage() const;
     int upDeg() const;
-    std::optional<GeoPoint> mapCenter() const;
     std::span<const NavFieldId> shownFields() const;
     std::vector<TouchButton> touchButtons() const;
     CockpitData dataToShow() const;

@@ -54,7 +54,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
     view_.onField = [this](std::size_t field) { chooseField(field); };
     view_.onPlaces = [this](const std::vector<MapPlace>& found) { places_.identify(found); };
     view_.onAirport = [this](const NearAirport& airport) { places_.openAirport(airport); };
-    places_.onDirectTo = [this](const std::string& key) { navigate_.directTo(key); };
+    places_.onDirectTo = [this](const PlaceChoice& place) { navigate_.directTo(place); };
     view_.onBarShown = [this](bool shown) { menuBar()->setVisible(shown); };
     view_.setFocus();
 }
@@ -78,7 +78,9 @@ void CMainFrame::addCommands() {
     addCommand(file, TextId::CommandQuit, {QKeySequence(Qt::CTRL | Qt::Key_Q)},
                [this] { close(); });
     addViewCommands(*menuBar()->addMenu(toQString(TextId::MenuView)));
-    navigate_.addTo(*menuBar()->addMenu(toQString(TextId::MenuNavigate)));
+    QMenu& navigate = *menuBar()->addMenu(toQString(TextId::MenuNavigate));
+    places_.addTo(navigate);
+    navigate_.addTo(navigate);
     addOptions(*menuBar()->addMenu(toQString(TextId::MenuOptions)));
     addHelp(*menuBar()->addMenu(toQString(TextId::MenuHelp)));
     // The menu bar may vanish in full screen, the keys must not.

@@ -9,7 +9,7 @@
 
 namespace korvel {
 
-DirectToSheet::DirectToSheet(QWidget* parent, CKorvelDoc& document, const std::string& identifier)
+DirectToSheet::DirectToSheet(QWidget* parent, CKorvelDoc& document, const PlaceChoice& place)
     : Sheet(parent, toQString(TextId::DirectToTitle),
             QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
@@ -25,7 +25,7 @@ DirectToSheet::DirectToSheet(QWidget* parent, CKorvelDoc& document, const std::s
     setPreferredWidth(11 * kRowPixels);
     place_.onChange = [this] { message_.clear(); };
     place_.onChosen = [this] { accept(); };
-    place_.edit().setText(QString::fromStdString(identifier));
+    place_.setChoice(place);
     place_.setFocus();
 }
 
@@ -40,8 +40,9 @@ void DirectToSheet::accept() {
         return refuse(std::string(text(TextId::InvalidAltitude)));
     ActiveNavigation& navigation = document_.navigator().navigation();
     const std::uint64_t before = navigation.announcement().number;
-    const std::string said =
-        navigation.DirectTo(place_.key(), course_.text().trimmed().toStdString(), *altitudeFt);
+    const PlaceChoice place = place_.choice();
+    const std::string said = navigation.DirectTo(
+        place.identifier, course_.text().trimmed().toStdString(), *altitudeFt, place.where);
     if (navigation.announcement().number == before)
         return refuse(said);
     QDialog::accept();

@@ -18,8 +18,8 @@ class CKorvelDoc;
 /// refused is said here and nothing else happens.
 class DirectToSheet final : public Sheet {
  public:
-    /// `identifier` is what stands in the line at first; the document outlives the sheet.
-    DirectToSheet(QWidget* parent, CKorvelDoc& document, const std::string& identifier);
+    /// `place` is what stands in the line at first; the document outlives the sheet.
+    DirectToSheet(QWidget* parent, CKorvelDoc& document, const PlaceChoice& place);
 
     /// Called with the text to show when the leg is set up.
     std::function<void(const std::string& message)> onDone;

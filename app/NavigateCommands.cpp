@@ -55,8 +55,8 @@ void NavigateCommands::updateChecks() {
     suspended_->setChecked(navigator().navigation().suspended());
 }
 
-void NavigateCommands::directTo(const std::string& identifier) {
-    auto sheet = std::make_unique<DirectToSheet>(&host_.window(), host_.document(), identifier);
+void NavigateCommands::directTo(const PlaceChoice& place) {
+    auto sheet = std::make_unique<DirectToSheet>(&host_.window(), host_.document(), place);
     sheet->onDone = [this](const std::string& message) { host_.view().say(message); };
     host_.openSheet(std::move(sheet));
 }
@@ -67,7 +67,7 @@ void NavigateCommands::editRoute() {
 
 void NavigateCommands::openPlanRow(std::size_t row) {
     auto sheet = std::make_unique<PlanRowSheet>(&host_.window(), host_.document(), row);
-    sheet->onDirectTo = [this](const std::string& key) { directTo(key); };
+    sheet->onDirectTo = [this](const PlaceChoice& place) { directTo(place); };
     host_.openSheet(std::move(sheet));
 }
 

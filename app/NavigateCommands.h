@@ -7,6 +7,7 @@
 #include <QPointer>
 
 #include "app/CommandHost.h"
+#include "app/PlaceChoice.h"
 
 namespace korvel {
 
@@ -24,7 +25,7 @@ class NavigateCommands {
 
     void addTo(QMenu& menu);
 
-    void directTo(const std::string& identifier = {});
+    void directTo(const PlaceChoice& place = {});
     void editRoute();
     /// What can be done with a row of the plan.
     void openPlanRow(std::size_t row);

@@ -4,6 +4,8 @@
 
 #include "app/CKorvelDoc.h"
 #include "app/CKorvelView.h"
+#include "app/FindSheet.h"
+#include "app/KindWord.h"
 #include "app/PlaceSheet.h"
 #include "app/QtText.h"
 #include "navdb/AirportRecord.h"
@@ -19,13 +21,14 @@ class PlaceChooser final : public Sheet {
         for (const MapPlace& place : places) {
             const auto record = database.recordOf(place.place);
             const std::string_view name = record ? record->GetName() : std::string_view();
-            auto* item = new QListWidgetItem(  // the list owns it
-                QStringLiteral("%1   %2").arg(toQString(place.place.ident.view()), toQString(name)),
-                &list_);
+            const QString row = QStringLiteral("%1   %2   %3")
+                                    .arg(toQString(place.place.ident.view()),
+                                         kindWord(place.place.kind), toQString(name));
+            auto* item = new QListWidgetItem(row, &list_);  // the list owns it
             item->setSizeHint({0, kRowPixels});
         }
-        list_.setMinimumSize(10 * kRowPixels, 5 * kRowPixels);
-        addRow(list_);
+        setPreferredWidth(11 * kRowPixels);
+        addTallRow(list_);
         connect(&list_, &QListWidget::itemClicked, this, [this] { choose(); });
         connect(&list_, &QListWidget::itemActivated, this, [this] { choose(); });
     }
@@ -44,6 +47,22 @@ class PlaceChooser final : public Sheet {
 };
 
 }  // namespace
+
+void PlaceCommands::addTo(QMenu& menu) {
+    host_.addCommand(menu, TextId::CommandFind,
+                     {QKeySequence(Qt::CTRL | Qt::Key_F), QKeySequence(Qt::Key_Slash)},
+                     [this] { find(); });
+}
+
+void PlaceCommands::find() {
+    auto sheet =
+        std::make_unique<FindSheet>(&host_.window(), host_.document(), host_.view().mapCenter());
+    sheet->onFound = [this](std::unique_ptr<DatabaseRecord> record) {
+        host_.view().lookAt(record->position);
+        open(std::move(record));
+    };
+    host_.openSheet(std::move(sheet));
+}
 
 void PlaceCommands::identify(const std::vector<MapPlace>& places) {
     const NavDatabase& database = host_.document().navigator().database();
@@ -70,9 +89,9 @@ void PlaceCommands::open(std::unique_ptr<DatabaseRecord> record) {
     auto sheet = std::make_unique<PlaceSheet>(
         &host_.window(), host_.document(), PlaceSheet::Look{labels_, colors_},
         std::shared_ptr<const DatabaseRecord>(std::move(record)));
-    sheet->onDirectTo = [this](const std::string& key) {
+    sheet->onDirectTo = [this](const PlaceChoice& place) {
         if (onDirectTo)
-            onDirectTo(key);
+            onDirectTo(place);
     };
     sheet->onShow = [this](GeoPoint place) { host_.view().lookAt(place); };
     host_.openSheet(std::move(sheet));

@@ -2,13 +2,13 @@
 
 #include <functional>
 #include <memory>
-#include <string>
 #include <vector>
 
 #include <QMenu>
 
 #include "app/CommandHost.h"
 #include "app/LabelCache.h"
+#include "app/PlaceChoice.h"
 #include "display/MapColorCache.h"
 #include "display/NearAirport.h"
 #include "display/PlaceSet.h"
@@ -26,12 +26,16 @@ class PlaceCommands {
     /// Call after the colour scheme was reloaded.
     void schemeChanged(const ColorScheme& scheme) { colors_.refresh(scheme); }
 
+    /// Adds the commands to the menu Navigate.
+    void addTo(QMenu& menu);
+
+    void find();
     /// Several places are offered in a list first.
     void identify(const std::vector<MapPlace>& places);
     void openAirport(const NearAirport& airport);
 
-    /// The pilot wants to fly direct to the place with this key.
-    std::function<void(const std::string& key)> onDirectTo;
+    /// The pilot wants to fly direct to the place.
+    std::function<void(const PlaceChoice& place)> onDirectTo;
 
  private:
     void open(std::unique_ptr<DatabaseRecord> record);

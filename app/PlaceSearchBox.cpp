@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 
+#include "app/KindWord.h"
 #include "app/QtText.h"
 #include "app/Sheet.h"
 #include "config/StringTable.h"
@@ -12,19 +13,6 @@ namespace korvel {
 namespace {
 
 constexpr std::size_t kMostMatches = 12;
-
-QString kindWord(KindMask kind) {
-    switch (kind) {
-        case kAirportKind:
-            return toQString(TextId::KindAirport);
-        case kVorKind:
-            return toQString(TextId::KindVor);
-        case kNdbKind:
-            return toQString(TextId::KindNdb);
-        default:
-            return toQString(TextId::KindFix);
-    }
-}
 
 QString lineOf(const PlaceMatch& match) {
     QString line =
@@ -57,6 +45,7 @@ PlaceSearchBox::PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoi
     edit_.installEventFilter(this);
     setFocusProxy(&edit_);
     connect(&edit_, &QLineEdit::textEdited, this, [this] {
+        where_.reset();
         showMatches();
         if (onChange)
             onChange();
@@ -85,10 +74,18 @@ void PlaceSearchBox::showMatches() {
         list_.setCurrentRow(0);
 }
 
-std::string PlaceSearchBox::key() const {
-    const int row = list_.currentRow();
-    return row >= 0 ? matches_.at(static_cast<std::size_t>(row)).key
-                    : edit_.text().trimmed().toUpper().toStdString();
+PlaceChoice PlaceSearchBox::choice() const {
+    if (const int row = list_.currentRow(); row >= 0) {
+        const PlaceMatch& match = matches_.at(static_cast<std::size_t>(row));
+        return {.identifier = match.key, .where = match.position};
+    }
+    return {.identifier = edit_.text().trimmed().toUpper().toStdString(),
+            .where = where_ ? where_ : near_};
+}
+
+void PlaceSearchBox::setChoice(const PlaceChoice& choice) {
+    edit_.setText(QString::fromStdString(choice.identifier));
+    where_ = choice.where;
 }
 
 bool PlaceSearchBox::eventFilter(QObject* watched, QEvent* event) {

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <QWidget>
 
+#include "app/PlaceChoice.h"
 #include "nav/PlaceMatches.h"
 
 namespace korvel {
@@ -22,11 +23,12 @@ class PlaceSearchBox final : public QWidget {
     /// The database must outlive the box; `near` is where the aircraft is.
     PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoint> near);
 
-    /// What to look up: the key of the chosen match, else what was typed, in capitals.
-    [[nodiscard]] std::string key() const;
-    [[nodiscard]] QLineEdit& edit() { return edit_; }
+    /// What to look up: the chosen match, else what was typed, in capitals.
+    [[nodiscard]] PlaceChoice choice() const;
+    /// Puts a place into the line that is known by other means.
+    void setChoice(const PlaceChoice& choice);
 
-    /// The key has changed.
+    /// The choice has changed.
     std::function<void()> onChange;
     /// A match was chosen for good, by a double click.
     std::function<void()> onChosen;
@@ -39,6 +41,7 @@ class PlaceSearchBox final : public QWidget {
 
     const NavDatabase& database_;
     std::optional<GeoPoint> near_;
+    std::optional<GeoPoint> where_;  // of what stands in the line and was not typed
     std::vector<PlaceMatch> matches_;
     QVBoxLayout column_{this};
     QLineEdit edit_;

@@ -76,6 +76,17 @@ std::string airportText(const AirportRecord& airport, int altUnit) {
     return airport.info.empty() ? lines : lines + airport.info + '\n';
 }
 
+/// Where it is, and where that is from the aircraft.
+std::string positionText(const CockpitData& data, GeoPoint place) {
+    std::string lines = latitudeText(place.lat / kDegToRad, 2) + "  " +
+                        longitudeText(place.lon / kDegToRad, 2) + '\n';
+    if (!data.position)
+        return lines;
+    const double bearing = TrueCourseDeg(*data.position, place) - data.variationDeg.value_or(0);
+    return lines + distanceText(DistanceNm(*data.position, place)) + "   " + courseText(bearing) +
+           (data.variationDeg ? "\u00b0M\n" : "\u00b0T\n");
+}
+
 }  // namespace
 
 std::string placeText(const CKorvelDoc& document, const DatabaseRecord& record) {
@@ -86,14 +97,8 @@ std::string placeText(const CKorvelDoc& document, const DatabaseRecord& record) 
     lines += '\n';
     if (const std::string info = record.GetInfoText(); !info.empty())
         lines += info + '\n';
-    lines += latitudeText(record.position.lat / kDegToRad, 2) + "  " +
-             longitudeText(record.position.lon / kDegToRad, 2) + '\n';
-    if (data.position) {
-        const double bearing =
-            TrueCourseDeg(*data.position, record.position) - data.variationDeg.value_or(0);
-        lines += distanceText(DistanceNm(*data.position, record.position)) + "   " +
-                 courseText(bearing) + "\u00b0\n";
-    }
+    if (IsValid(record.position))
+        lines += positionText(data, record.position);
     if (record.GetKind() == kAirportKind)
         lines += airportText(static_cast<const AirportRecord&>(record), data.altUnit);
     return lines;
@@ -117,7 +122,7 @@ PlaceSheet::PlaceSheet(QWidget* parent, CKorvelDoc& document, const Look& look,
     addButton(direct_, TextId::DirectToTitle, [this, record] {
         QDialog::accept();
         if (onDirectTo)
-            onDirectTo(record->key);
+            onDirectTo({.identifier = record->key, .where = record->position});
     });
     addButton(add_, TextId::AddToPlan, [this, &document, record] {
         PlanDesk& plan = document.navigator().plan();

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 
+#include "app/PlaceChoice.h"
 #include "app/Sheet.h"
 #include "config/StringTable.h"
 #include "navdb/DatabaseRecord.h"
@@ -35,7 +36,7 @@ class PlaceSheet final : public Sheet {
     PlaceSheet(QWidget* parent, CKorvelDoc& document, const Look& look,
                std::shared_ptr<const DatabaseRecord> record);
 
-    std::function<void(const std::string& key)> onDirectTo;
+    std::function<void(const PlaceChoice& place)> onDirectTo;
     std::function<void(GeoPoint)> onShow;
 
  private:

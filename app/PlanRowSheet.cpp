@@ -31,7 +31,7 @@ PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t ro
       row_(row) {
     const PlanEntries entries = document.navigator().plan().entries();
     if (row < entries.size()) {
-        key_ = entries[row].key;
+        place_ = {.identifier = entries[row].key, .where = entries[row].record->position};
         const QString ident = QString::fromStdString(entries[row].text);
         const QString name = toQString(entries[row].record->GetName());
         title_.setText(name == ident ? ident : QStringLiteral("%1   %2").arg(ident, name));
@@ -47,7 +47,7 @@ PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t ro
     addButton(direct_, TextId::DirectToTitle, [this] {
         QDialog::accept();
         if (onDirectTo)
-            onDirectTo(key_);
+            onDirectTo(place_);
     });
     addButton(up_, TextId::MoveRowUp, [this] { move(true); });
     addButton(down_, TextId::MoveRowDown, [this] { move(false); });

@@ -2,12 +2,12 @@
 
 #include <cstddef>
 #include <functional>
-#include <string>
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "app/PlaceChoice.h"
 #include "app/Sheet.h"
 #include "config/StringTable.h"
 
@@ -22,8 +22,8 @@ class PlanRowSheet final : public Sheet {
     /// The document outlives the sheet.
     PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t row);
 
-    /// Called with the row's key when the pilot wants to fly direct to it.
-    std::function<void(const std::string& key)> onDirectTo;
+    /// Called with the row's place when the pilot wants to fly direct to it.
+    std::function<void(const PlaceChoice& place)> onDirectTo;
 
  private:
     void addButton(QPushButton& button, TextId text, const std::function<void()>& handler);
@@ -34,7 +34,7 @@ class PlanRowSheet final : public Sheet {
 
     CKorvelDoc& document_;
     std::size_t row_;
-    std::string key_;
+    PlaceChoice place_;
     QLabel title_;
     QPushButton fly_;
     QPushButton direct_;

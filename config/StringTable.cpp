@@ -266,6 +266,9 @@ constexpr std::array kTexts = {
     Row{TextId::KeyPadShow, "Keys"},
     Row{TextId::KeyPadSpace, "Space"},
     Row{TextId::KeyPadBack, "Del"},
+    Row{TextId::CommandFind, "Fin&d Place..."},
+    Row{TextId::FindTitle, "Find a Place"},
+    Row{TextId::FindButton, "Find"},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

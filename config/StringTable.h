@@ -248,6 +248,9 @@ enum class TextId : int {
     KeyPadShow = 61822,
     KeyPadSpace = 61823,
     KeyPadBack = 61824,
+    CommandFind = 61825,
+    FindTitle = 61826,
+    FindButton = 61827,
 };
 
 /// The text of that number.

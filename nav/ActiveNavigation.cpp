@@ -257,7 +257,7 @@ void ActiveNavigation::ClearNavigation() {
 void ActiveNavigation::planChanged() { ClearNavigation(); }
 
 std::string ActiveNavigation::DirectTo(std::string_view identifier, std::string_view obsText,
-                                       std::int32_t altitudeFt) {
+                                       std::int32_t altitudeFt, std::optional<GeoPoint> where) {
     double course = kNoAngle;
     if (!obsText.empty()) {
         const auto degrees = scanInt(obsText);
@@ -268,7 +268,7 @@ std::string ActiveNavigation::DirectTo(std::string_view identifier, std::string_
     }
     const GeoPoint present = present_.position;
     const std::optional<GeoPoint> near = IsValid(present) ? std::optional(present) : std::nullopt;
-    auto record = PlaceLookup(parts_.database, parts_.fixes, near).peek(identifier);
+    auto record = PlaceLookup(parts_.database, parts_.fixes, where ? where : near).peek(identifier);
     if (!record) {
         return std::string(text(TextId::NotFound));
     }

@@ -71,10 +71,12 @@ class ActiveNavigation {
     void planChanged();
 
     /// Flies from here straight to a place, or, with a course ("0" to "360", magnetic; empty for
-    /// none), onto that course to it. `altitudeFt` is what is wanted there. Returns the text to
-    /// show, which is not only an error.
+    /// none), onto that course to it. `altitudeFt` is what is wanted there. Of several places with
+    /// the identifier the one nearest to `where` is meant, else the nearest one. Returns the text
+    /// to show, which is not only an error.
     std::string DirectTo(std::string_view identifier, std::string_view obsText,
-                         std::int32_t altitudeFt = kNoAltitudeFt);
+                         std::int32_t altitudeFt = kNoAltitudeFt,
+                         std::optional<GeoPoint> where = std::nullopt);
     /// Flies to a point so as to arrive on a course (0 to 360). Empty, or why not.
     std::string GoToWithCourse(GeoPoint point, double courseMag, std::string_view name);
     void ClearNavigation();

@@ -33,6 +33,8 @@ class ActiveNavigationTest : public PlacesFixture {
         place("f.B", 0, 0.5);
         place("f.C", 0, 1);
         place("v.FAR", 60, 10);
+        place("v.TWO", 0, 0.2);
+        place("f.TWO", 0, 5);
     }
     void fly(std::string_view route) {
         RouteEntry entry(database_, fixes_, std::nullopt);
@@ -122,6 +124,15 @@ TEST_F(ActiveNavigationTest, DirectToWithACourse) {
     EXPECT_NEAR(state.legStart.lon * kRadToDeg, 0.5 + 20.0 / 60, 1e-9) << "beyond the waypoint";
     EXPECT_NEAR(state.crossTrackNm, 3.0, 1e-3) << "left of the course is positive";
     EXPECT_NEAR(state.bearingMag, TrueCourseDeg(degrees(0.05, 0.1), degrees(0, 0.5)) - 10, 1e-9);
+}
+
+TEST_F(ActiveNavigationTest, DirectToFliesToTheOneThatWasPointedAt) {
+    at(0, 0);
+    navigation_.DirectTo("TWO", "");
+    EXPECT_EQ(navigation_.state().activeKey, "v.TWO") << "the nearest";
+    navigation_.DirectTo("TWO", "", kNoAltitudeFt, degrees(0, 5));
+    EXPECT_EQ(navigation_.state().activeKey, "f.TWO");
+    EXPECT_NEAR(navigation_.state().legStart.lon, 0, 1e-9) << "from the aircraft all the same";
 }
 
 TEST_F(ActiveNavigationTest, ThePlanTakesOverWithinOneMileOfItsOwnWaypoint) {
