@@ -53,7 +53,10 @@ CKorvelApp::CKorvelApp(const CommandLine& line)
       frame_({document_, profile_, scheme_, dataFiles_, labels_}) {}
 
 std::string CKorvelApp::start() {
-    document_.navigator().loadDatabases(dataFolders());
+    // A window on the screen may wait for its places, a picture may not.
+    if (line_.snapshotFile.empty())
+        frame_.showWhereItWas();
+    frame_.loadDatabases();
     if (!line_.planFile.empty())
         if (const std::string error = frame_.openFile(line_.planFile); !error.empty())
             return line_.planFile + ": " + error;
@@ -64,10 +67,8 @@ std::string CKorvelApp::start() {
         frame_.simulate();
         document_.navigator().setTimeFactor(line_.timeFactor);
     }
-    if (line_.snapshotFile.empty()) {
-        frame_.showWhereItWas();
+    if (line_.snapshotFile.empty())
         return {};
-    }
     frame_.view().onFirstPaint = [this] {
         constexpr double kMsPerSecond = 1000;
         QTimer::singleShot(static_cast<int>(line_.afterSec * kMsPerSecond), &frame_,

@@ -268,6 +268,11 @@ void CKorvelView::lookAt(GeoPoint place) {
     update();
 }
 
+void CKorvelView::databasesChanged() {
+    places_.forget();
+    update();
+}
+
 void CKorvelView::setBarMayHide(bool mayHide) {
     barMayHide_ = mayHide;
     barHidden_ = false;
@@ -306,7 +311,7 @@ void CKorvelView::run(TouchCommand command) {
 // Hands
 
 bool CKorvelView::isMapPage() const {
-    return page_ == PageId::Map || page_ == PageId::NorthUp || page_ == PageId::MapHsi;
+    return PagePainter::isMap(page_);
 }
 
 std::optional<GeoPoint> CKorvelView::mapCenter() const {

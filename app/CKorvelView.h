@@ -48,6 +48,8 @@ class CKorvelView final : public QWidget {
     void backToAircraft();
     /// Moves the map there, on a page that shows one.
     void lookAt(GeoPoint place);
+    /// Call before and after the databases are loaded anew.
+    void databasesChanged();
     /// What the map pages show in the aircraft's place: the aircraft, or what was dragged there.
     std::optional<GeoPoint> mapCenter() const;
     /// In full screen the touch bar may be tapped away.

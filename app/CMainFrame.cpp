@@ -38,6 +38,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
       file_(*this),
       navigate_(*this, [this](const auto& next) { file_.withPlanSafe(next); }),
       places_(*this, parts.labels, parts.scheme),
+      databases_(*this),
       options_(*this),
       schemes_(this),
       dayScheme_(daySchemeName()) {
@@ -75,6 +76,7 @@ QAction& CMainFrame::addCommand(QMenu& menu, TextId name, const QList<QKeySequen
 void CMainFrame::addCommands() {
     QMenu& file = *menuBar()->addMenu(toQString(TextId::MenuFile));
     file_.addTo(file);
+    databases_.addToFile(file);
     addCommand(file, TextId::CommandQuit, {QKeySequence(Qt::CTRL | Qt::Key_Q)},
                [this] { close(); });
     addViewCommands(*menuBar()->addMenu(toQString(TextId::MenuView)));
@@ -122,6 +124,7 @@ void CMainFrame::addHelp(QMenu& menu) {
             std::make_unique<TextSheet>(this, toQString(TextId::ConnectedTitle),
                                         toQString(connectedText(parts_.document, dataFolders()))));
     });
+    databases_.addToHelp(menu);
     addCommand(menu, TextId::CommandAbout, {},
                [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::About)); });
 }

@@ -9,6 +9,7 @@
 
 #include "app/CKorvelView.h"
 #include "app/CommandHost.h"
+#include "app/DatabaseCommands.h"
 #include "app/FileCommands.h"
 #include "app/NavigateCommands.h"
 #include "app/OptionCommands.h"
@@ -44,6 +45,8 @@ class CMainFrame final : public QMainWindow, private CommandHost {
 
     /// Starts the simulator where the plan or the settings say.
     void simulate() { options_.simulate(true); }
+    /// Loads the navigation databases; the map goes on meanwhile.
+    void loadDatabases() { databases_.load(); }
 
     /// Shows the window where it stood when it was last closed.
     void showWhereItWas();
@@ -85,6 +88,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     FileCommands file_;
     NavigateCommands navigate_;
     PlaceCommands places_;
+    DatabaseCommands databases_;
     OptionCommands options_;
     bool mayClose_ = false;  // the plan is safe
     QActionGroup schemes_;

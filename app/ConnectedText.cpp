@@ -28,18 +28,9 @@ std::string expiryText(std::uint32_t yyyymmdd) {
     return formatText(TextId::ConnectedExpiry, {std::string_view(date)});
 }
 
-}  // namespace
-
-std::string connectedText(const CKorvelDoc& document,
-                          std::span<const std::filesystem::path> folders) {
-    std::string words;
-    addLine(words, text(TextId::ConnectedReceiver));
-    addLine(words, receiverState(document));
-    const std::string& port = document.settings().port;
-    addLine(words, port.empty() ? std::string(text(TextId::ConnectedPortSearched))
-                                : formatText(TextId::ConnectedPort, {std::string_view(port)}));
+void addDatabases(std::string& words, const CKorvelDoc& document,
+                  std::span<const std::filesystem::path> folders) {
     const auto& files = document.navigator().database().files();
-    addLine(words, "");
     addLine(words, formatText(TextId::ConnectedDatabases, {static_cast<int>(files.size())}));
     addLine(words, document.navigator().databaseNotice());
     for (const auto& file : files)
@@ -54,7 +45,36 @@ std::string connectedText(const CKorvelDoc& document,
         addLine(words, text(TextId::ConnectedReport));
         addLine(words, "  " + report.string());
     }
+}
+
+}  // namespace
+
+std::string connectedText(const CKorvelDoc& document,
+                          std::span<const std::filesystem::path> folders) {
+    std::string words;
+    addLine(words, text(TextId::ConnectedReceiver));
+    addLine(words, receiverState(document));
+    const std::string& port = document.settings().port;
+    addLine(words, port.empty() ? std::string(text(TextId::ConnectedPortSearched))
+                                : formatText(TextId::ConnectedPort, {std::string_view(port)}));
+    addLine(words, "");
+    addDatabases(words, document, folders);
     return words;
+}
+
+std::string loadReportText(const CKorvelDoc& document,
+                           std::span<const std::filesystem::path> folders) {
+    const Navigator& navigator = document.navigator();
+    std::string words;
+    if (navigator.database().files().empty())
+        addLine(words, text(TextId::NoDatabaseHelp));
+    else if (!navigator.databaseNotice().empty())
+        addLine(words, text(TextId::OldDatabaseHelp));
+    addLine(words, "");
+    addDatabases(words, document, folders);
+    addLine(words, "");
+    addLine(words, text(TextId::LoadReportLines));
+    return words + navigator.report().text();
 }
 
 }  // namespace korvel

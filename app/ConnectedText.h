@@ -13,4 +13,8 @@ class CKorvelDoc;
 std::string connectedText(const CKorvelDoc& document,
                           std::span<const std::filesystem::path> folders);
 
+/// The databases with their age, how to come by better ones, and the report of the last loading.
+std::string loadReportText(const CKorvelDoc& document,
+                           std::span<const std::filesystem::path> folders);
+
 }  // namespace korvel

@@ -82,9 +82,10 @@ Navigator::~Navigator() {
 
 void Navigator::loadDatabases(std::span<const std::filesystem::path> folders,
                               const DatabaseLoader::Progress& progress) {
-    loader_.load(folders, progress);
-    variationPoint_ = {};
     nearAirports_.reset();
+    loader_.load(folders, progress);
+    nearAirports_.reset();
+    variationPoint_ = {};
     updateDatabaseNotice();
 }
 

@@ -80,7 +80,7 @@ constexpr std::array kTexts = {
     Row{TextId::PortChosen, "&Use this port and speed:"},
     Row{TextId::PortHint, "Most receivers send at 4800, 9600 or 38400 baud."},
     Row{TextId::LookingAround, "Map moved"},
-    Row{TextId::NoDatabase, "NO CHARTS LOADED"},
+    Row{TextId::NoDatabase, "NO CHARTS: see Help, Load Report"},
     Row{TextId::ChartsUndated, "CHARTS WITHOUT A DATE"},
     Row{TextId::ChartsExpired, "CHARTS EXPIRED %s"},
     Row{TextId::MenuRecent, "&Recent Files"},
@@ -269,6 +269,21 @@ constexpr std::array kTexts = {
     Row{TextId::CommandFind, "Fin&d Place..."},
     Row{TextId::FindTitle, "Find a Place"},
     Row{TextId::FindButton, "Find"},
+    Row{TextId::CommandReload, "&Load Databases Again"},
+    Row{TextId::CommandLoadReport, "&Load Report"},
+    Row{TextId::LoadReportTitle, "Load Report"},
+    Row{TextId::DatabasesLoaded, "Databases loaded: %d"},
+    Row{TextId::NoDatabaseHelp,
+        "No database was found: the map works without places. To build one from open data, run\n"
+        "  korvelctl navdb build --from ourairports --dir FOLDER -o world.ng2\n"
+        "or, from X-Plane's files,\n"
+        "  korvelctl navdb build --from xplane --apt apt.dat --nav nav.dat --fix fix.dat "
+        "--awy awy.dat -o world.ng2\n"
+        "and put it into one of the folders below."},
+    Row{TextId::OldDatabaseHelp,
+        "The charts are out of date: fly by current ones. The database that comes with the program "
+        "is old open data, for trying out."},
+    Row{TextId::LoadReportLines, "REPORT"},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

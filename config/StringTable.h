@@ -251,6 +251,13 @@ enum class TextId : int {
     CommandFind = 61825,
     FindTitle = 61826,
     FindButton = 61827,
+    CommandReload = 61828,
+    CommandLoadReport = 61829,
+    LoadReportTitle = 61830,
+    DatabasesLoaded = 61831,  ///< %d: number
+    NoDatabaseHelp = 61832,
+    OldDatabaseHelp = 61833,
+    LoadReportLines = 61834,
 };
 
 /// The text of that number.

@@ -130,7 +130,7 @@ MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
     }
     if (!data.message.empty())
         result.message = layOutMessage(canvas, data.message, boxes, result.areas());
-    if (!data.position)
+    if (!data.position && data.lastPosition)
         result.alarm = layOutAlarm(canvas, data, BoxLayout(canvas, alarmFont(textPx)), result);
     return result;
 }

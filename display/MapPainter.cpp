@@ -38,19 +38,21 @@ constexpr std::array kLayers{
     MapLayer{"furniture", kNearest, kFarthest, paintFurniture},
 };
 
+/// Where the aircraft is drawn that never had a position: far outside any view.
+constexpr Point kNowhere{-1e6, -1e6};
+
 }  // namespace
 
 std::span<const MapLayer> mapLayers() { return kLayers; }
 
 void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors) {
     const CockpitData& data = scene.data;
-    const GeoPoint position =
-        data.position ? *data.position : data.lastPosition.value_or(GeoPoint{});
-    if (!IsValid(position))
+    const std::optional<GeoPoint> position = data.position ? data.position : data.lastPosition;
+    const std::optional<GeoPoint> center = scene.lookAt ? scene.lookAt : position;
+    if (!center || !IsValid(*center))
         return;
-    const MapProjection projection =
-        scene.viewport.projection(scene.lookAt.value_or(position), scene.upTrueDeg);
-    const Point aircraft = projection.project(position);
+    const MapProjection projection = scene.viewport.projection(*center, scene.upTrueDeg);
+    const Point aircraft = position ? projection.project(*position) : kNowhere;
     const Rect view{0, 0, canvas.width(), canvas.height()};
     const int rangeNm = scene.viewport.currentRangeNm();
     const double textPx = mapTextPx(view.width, view.height);

@@ -13,6 +13,10 @@ namespace korvel {
 
 bool PagePainter::turns(PageId page) { return page != PageId::NorthUp; }
 
+bool PagePainter::isMap(PageId page) {
+    return page == PageId::Map || page == PageId::NorthUp || page == PageId::MapHsi;
+}
+
 void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) const {
     const CockpitData& data = scene.data;
     if (page == PageId::Satellite) {
@@ -23,7 +27,9 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
         paintFlightPlanPage(canvas, data, scene.plan, colors_);
         return;
     }
-    if (!data.position && !data.lastPosition) {
+    // Without an aircraft the map still shows what the pilot looks for.
+    const bool looksElsewhere = scene.lookAt && isMap(page);
+    if (!data.position && !data.lastPosition && !looksElsewhere) {
         paintStatusScreen(canvas, data, colors_);
         return;
     }

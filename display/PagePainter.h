@@ -41,6 +41,8 @@ class PagePainter {
 
     /// The page turns with the aircraft; otherwise north is up.
     static bool turns(PageId page);
+    /// Whether the page is a map, which can be moved by hand.
+    static bool isMap(PageId page);
 
  private:
     const MapColorCache& colors_;

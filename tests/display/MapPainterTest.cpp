@@ -79,6 +79,21 @@ TEST(MapPainter, TheBackgroundComesFirstAndEverythingStaysInTheView) {
         }
 }
 
+TEST(MapPainter, WithoutAnAircraftTheMapShowsWhatIsLookedFor) {
+    const ColorScheme scheme;
+    const MapColorCache colors(scheme);
+    MapViewport viewport;
+    viewport.layout(PageId::Map, 800, 370);
+    RecordingCanvas canvas(800, 370);
+    PagePainter(colors).paint(
+        canvas, PageId::Map, {.data = {}, .viewport = viewport, .lookAt = atDegrees(42.2, -88.2)});
+    EXPECT_NE(canvas.findText("N42\u00b000'"), nullptr);
+    for (const char* absent : {"POSITION LOST", "Connecting to GPS...", "65 nm"}) {
+        const Element* found = canvas.findText(absent);
+        EXPECT_TRUE(found == nullptr || found->area.y < 60) << absent;  // the range stands in its corner
+    }
+}
+
 TEST(MapPainter, RingsCarryTheirDistance) {
     const Page page(PageId::Map, flying(), 25);
     for (const auto& ring : {std::pair{"25 nm", 215.0}, std::pair{"12.5 nm", 107.5}}) {

@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QPlainTextEdit>
 #include <QPointingDevice>
 #include <QTest>
 #include <QWheelEvent>
@@ -236,6 +237,13 @@ TEST_F(FrameTest, APlanIsChangedByRowsTakenBackAndNotLost) {
         "f.AAA 47.500000 10.000000\r\nf.BBB@45 47.600000 10.500000\r\nf.CCC 47.700000 11.000000\r\n");
 }
 
+TEST_F(FrameTest, WithoutADatabaseTheReportSaysHowToBuildOne) {
+    press(QKeySequence(Qt::SHIFT | Qt::Key_F2));
+    const auto words = frame_->findChildren<QPlainTextEdit*>();
+    ASSERT_EQ(words.size(), 1);
+    EXPECT_TRUE(words.front()->toPlainText().contains("korvelctl navdb build --from"));
+}
+
 TEST_F(FrameTest, AFingerCanTypeWhereThereIsNoKeyboard) {
     frame_->resize(800, 480);
     press(Qt::Key_D);
@@ -257,8 +265,8 @@ TEST_F(FrameTest, WhatIsRefusedIsSaidWhereItWasTyped) {
         QKeySequence key;
         QString said;
     };
-    const std::array cases = {
-        Case{Qt::Key_D, "Not found!"}, Case{Qt::SHIFT | Qt::Key_F, "XXXXX navaid/airway not found or data expired!"}};
+    const std::array cases = {Case{Qt::Key_D, "Not found!"}, Case{Qt::CTRL | Qt::Key_F, "Not found!"},
+        Case{Qt::SHIFT | Qt::Key_F, "XXXXX navaid/airway not found or data expired!"}};
     for (const Case& refused : cases) {
         press(refused.key);
         const auto dialogs = frame_->findChildren<QDialog*>();
