@@ -17,6 +17,8 @@
 #include "app/QtCanvas.h"
 #include "config/ProfileFile.h"
 #include "config/StringTable.h"
+#include "display/MapLook.h"
+#include "display/MeasureLayer.h"
 #include "display/PlaceHit.h"
 
 namespace korvel {
@@ -35,6 +37,11 @@ constexpr std::array kButtons = {TouchCommand::Page,  TouchCommand::DirectTo, To
 constexpr double kFingerPixels = 24;
 /// A list moves by a row for each of these.
 constexpr double kScrollPixels = 40;
+
+/// A point of the window as the page counts it.
+Point onPage(Point at, const ScreenLayout& layout) {
+    return {at.x - layout.page.x, at.y - layout.page.y};
+}
 
 Point toPoint(const QPointF& position) { return {position.x(), position.y()}; }
 
@@ -176,6 +183,7 @@ void CKorvelView::paintEvent(QPaintEvent* /*event*/) {
                             .upTrueDeg = upDeg(),
                             .lookAt = panned_,
                             .places = &places_.set(),
+                            .measure = &ruler_,
                             .nearest = nearestView_,
                             .plan = planView_});
     }
@@ -238,6 +246,8 @@ void CKorvelView::zoomOut() { zoom(-1); }
 
 void CKorvelView::showPage(PageId page) {
     page_ = page;
+    if (!isMapPage())
+        ruler_.setOn(false);
     panned_.reset();
     planView_ = {};
     nearestView_ = {};
@@ -270,6 +280,15 @@ void CKorvelView::lookAt(GeoPoint place) {
 
 void CKorvelView::databasesChanged() {
     places_.forget();
+    update();
+}
+
+void CKorvelView::setMeasuring(bool on) {
+    if (on && !isMapPage())
+        showPage(PageId::Map);
+    if (on || ruler_.isOn())
+        say(std::string(text(on ? TextId::MeasureHint : TextId::MeasureEnded)));
+    ruler_.setOn(on);
     update();
 }
 
@@ -334,7 +353,9 @@ void CKorvelView::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
     const Point at = toPoint(event->position());
-    drag_ = Drag{at, at, false, layout_.buttonAt(at)};
+    drag_ = Drag{.start = at, .last = at, .button = layout_.buttonAt(at)};
+    if (ruler_.isOn() && isOnMap(at))
+        holdRuler(at);
     update();
 }
 
@@ -346,6 +367,10 @@ void CKorvelView::mouseMoveEvent(QMouseEvent* event) {
         drag_->moving || std::hypot(at.x - drag_->start.x, at.y - drag_->start.y) > kTapPixels;
     if (!drag_->moving || drag_->button || !layout_.page.contains(drag_->start))
         return;
+    if (drag_->ruler) {
+        ruler_.drag(onPage(at, layout_), [this](Point finger) { return measureEndAt(finger); });
+        return update();
+    }
     if (!isMapPage())
         return scroll(drag_->last, at);
     pan(drag_->last, at);
@@ -390,7 +415,7 @@ void CKorvelView::tap(Point at) {
         return;
     if (barHidden_)
         hideBar(false);
-    else if (!tapPage({at.x - layout_.page.x, at.y - layout_.page.y}) && barMayHide_)
+    else if (!tapPage(onPage(at, layout_)) && barMayHide_)
         hideBar(true);
 }
 
@@ -433,6 +458,47 @@ bool CKorvelView::tapPage(Point at) {
     return tapMap(at);
 }
 
+bool CKorvelView::isOnMap(Point at) const {
+    return isMapPage() && mapCenter() && layout_.page.contains(at);
+}
+
+/// A finger on the map while it measures; `at` counts from the window's corner.
+void CKorvelView::holdRuler(Point at) {
+    const Point finger = onPage(at, layout_);
+    const double textPx = mapTextPx(layout_.page.width, layout_.page.height);
+    if (measureCloseBox(layout_.page.width, textPx).contains(finger)) {
+        drag_.reset();
+        return setMeasuring(false);
+    }
+    drag_->ruler = true;
+    ruler_.press(finger, viewport_.projection(*mapCenter(), upDeg()), data_,
+                 [this](Point snapped) { return measureEndAt(snapped); });
+}
+
+/// `at` counts from the page's corner.
+MeasureEnd CKorvelView::measureEndAt(Point at) {
+    const MapProjection projection = viewport_.projection(*mapCenter(), upDeg());
+    MeasureEnd end{.position = projection.unproject(at)};
+    const auto found =
+        placesAt(places_.set(), projection, viewport_.currentRangeNm(), at, kFingerPixels);
+    if (!found.empty()) {
+        end.position = found.front()->place.position;
+        end.name = found.front()->place.ident.view();
+    } else if (data_.position) {
+        const Point aircraft = projection.project(*data_.position);
+        end.aircraft = std::hypot(aircraft.x - at.x, aircraft.y - at.y) <= kFingerPixels;
+    }
+    if (end.aircraft) {
+        end.position = *data_.position;
+        end.variationDeg = data_.variationDeg;
+        return end;
+    }
+    const double variation = document_.navigator().database().variationNear(end.position);
+    if (variation != kNoAngle)
+        end.variationDeg = variation;
+    return end;
+}
+
 bool CKorvelView::tapMap(Point at) {
     const auto center = mapCenter();
     if (!isMapPage() || !center)
@@ -452,6 +518,8 @@ void CKorvelView::mouseReleaseEvent(QMouseEvent* event) {
     const Drag drag = *drag_;
     drag_.reset();
     update();
+    if (drag.ruler)
+        return ruler_.release();
     const auto button = layout_.buttonAt(toPoint(event->position()));
     if (drag.button) {
         // As on every button: a finger that slides off has changed its mind.
@@ -523,6 +591,10 @@ bool CKorvelView::panByKey(int key) {
 
 void CKorvelView::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
+    if (key == Qt::Key_Escape && ruler_.isOn()) {
+        setMeasuring(false);
+        return event->accept();
+    }
     const bool opens = key == Qt::Key_Return || key == Qt::Key_Enter;
     const bool moves = key == Qt::Key_Up || key == Qt::Key_Down;
     if ((moves && moveSelection(key == Qt::Key_Down ? 1 : -1)) || (opens && openSelection()) ||

@@ -17,6 +17,7 @@
 #include "display/MapColorCache.h"
 #include "display/MapPlaces.h"
 #include "display/MapViewport.h"
+#include "display/MeasureTool.h"
 #include "display/PagePainter.h"
 #include "display/ScreenLayout.h"
 #include "display/TouchBar.h"
@@ -52,6 +53,9 @@ class CKorvelView final : public QWidget {
     void databasesChanged();
     /// What the map pages show in the aircraft's place: the aircraft, or what was dragged there.
     std::optional<GeoPoint> mapCenter() const;
+    /// Puts the map into measuring, on a page that shows one, or ends it.
+    void setMeasuring(bool on);
+    bool isMeasuring() const { return ruler_.isOn(); }
     /// In full screen the touch bar may be tapped away.
     void setBarMayHide(bool mayHide);
     /// Call after the colour scheme was reloaded.
@@ -111,6 +115,7 @@ class CKorvelView final : public QWidget {
         Point start;
         Point last;
         bool moving = false;
+        bool ruler = false;                 ///< moves an end of the ruler
         std::optional<std::size_t> button;  ///< of the touch bar
     };
 
@@ -124,6 +129,9 @@ class CKorvelView final : public QWidget {
     bool tapPage(Point at);
     void tapFields(Point at);
     bool tapMap(Point at);
+    bool isOnMap(Point at) const;
+    MeasureEnd measureEndAt(Point at);
+    void holdRuler(Point at);
     void hideBar(bool hide);
     void takeNews();
     void announceWaypoint();
@@ -155,6 +163,7 @@ class CKorvelView final : public QWidget {
     MapPlaces places_;
     FlightPlanView planView_;
     NearestView nearestView_;
+    MeasureTool ruler_;
     std::optional<GeoPoint> panned_;  // what the pilot dragged to the aircraft's place
     CockpitData data_;
     std::uint64_t shownRevision_ = 0;

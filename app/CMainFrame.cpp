@@ -97,6 +97,8 @@ void CMainFrame::addViewCommands(QMenu& menu) {
                [this] { view_.zoomOut(); });
     addCommand(menu, TextId::CommandBackToAircraft, {Qt::Key_Space},
                [this] { view_.backToAircraft(); });
+    addCommand(menu, TextId::CommandMeasure, {QKeySequence(Qt::SHIFT | Qt::Key_M)},
+               [this] { view_.setMeasuring(!view_.isMeasuring()); });
     menu.addSeparator();
     addCommand(menu, TextId::CommandNextPage, {Qt::Key_N}, [this] { view_.goToNextPage(); });
     for (const PageId page : availablePages())

@@ -69,6 +69,7 @@ constexpr std::array kTexts = {
         "Next page: N or Page\n"
         "Look around: drag the map; back to the aircraft: Space or Aircraft\n"
         "Day or night colours: C\n"
+        "Measure: Shift+M, then tap or drag from one point to another\n"
         "Full screen: F11; a tap on the map then hides menus and buttons\n\n"
         "\"---\" stands where a value is unknown or older than five seconds."},
     Row{TextId::AboutWords,
@@ -139,6 +140,10 @@ constexpr std::array kTexts = {
     Row{TextId::InsertWords, "Insert"},
     Row{TextId::NextWaypoint, "Next: %s"},
     Row{TextId::NextWaypointAt, "Next: %s, %d ft"},
+    Row{TextId::CommandMeasure, "&Measure"},
+    Row{TextId::MeasureHint, "Measure: tap or drag from one point to another"},
+    Row{TextId::MeasureEnded, "Measuring ended"},
+    Row{TextId::MeasureButton, "Measure"},
     Row{TextId::CommandSimulator, "&Simulator..."},
     Row{TextId::CommandSimulate, "S&imulator On"},
     Row{TextId::SimulatorTitle, "Simulator"},

@@ -123,6 +123,13 @@ enum class TextId : int {
     InsertWords = 61583,
     NextWaypoint = 61584,    ///< %s: name
     NextWaypointAt = 61585,  ///< %s: name, %d: feet
+
+    // The map in flight.
+    CommandMeasure = 61600,
+    MeasureHint = 61601,
+    MeasureEnded = 61602,
+    MeasureButton = 61603,
+
     CommandSimulator = 61700,
     CommandSimulate = 61701,
     SimulatorTitle = 61702,

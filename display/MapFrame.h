@@ -8,6 +8,7 @@
 #include "display/MapColorCache.h"
 #include "display/MapFurniture.h"
 #include "display/MapViewport.h"
+#include "display/MeasureLayer.h"
 #include "display/PlanMarks.h"
 
 namespace korvel {
@@ -28,8 +29,10 @@ struct MapFrame {
     double textPx;   ///< type size of labels
     const MapFurniture& furniture;
     LabelSpace& labels;
-    const PlaceSet* places = nullptr;       ///< from the databases; null for none
-    const TrackLevels* track = nullptr;     ///< of CockpitData::track; null for none
+    const PlaceSet* places = nullptr;      ///< from the databases; null for none
+    const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
+    const MeasureTool* measure = nullptr;  ///< the ruler; null for none
+    std::optional<MeasureLook> measureLook{};
     std::span<const PlanMark> planMarks{};  ///< with the room that their labels have
 };
 

@@ -1,6 +1,7 @@
 #include "display/MapPainter.h"
 
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "display/AircraftLayer.h"
@@ -8,6 +9,7 @@
 #include "display/GridLayer.h"
 #include "display/MapFrame.h"
 #include "display/MapLook.h"
+#include "display/MeasureLayer.h"
 #include "display/PlaceClass.h"
 #include "display/PlaceLayer.h"
 #include "display/PlanLayer.h"
@@ -35,6 +37,7 @@ constexpr std::array kLayers{
     MapLayer{"track", kNearest, kFarthest, paintTrack},
     MapLayer{"plan", kNearest, kFarthest, paintPlan},
     MapLayer{"aircraft", kNearest, kFarthest, paintAircraft},
+    MapLayer{"ruler", kNearest, kFarthest, paintMeasure},
     MapLayer{"furniture", kNearest, kFarthest, paintFurniture},
 };
 
@@ -65,6 +68,9 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
     labels.reserve(aircraftArea(aircraft, textPx));
     for (const Rect& area : scene.covered)
         labels.reserve(area);
+    std::optional<MeasureLook> measureLook;
+    if (scene.measure != nullptr)
+        measureLook = layOutMeasure(canvas, *scene.measure, data, projection, view, textPx, labels);
     // Before all layers: no name on the map is more important than those of the plan.
     const std::vector<PlanMark> planMarks =
         layOutPlan(canvas, data, projection, view, textPx, labels);
@@ -81,6 +87,8 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
                          .labels = labels,
                          .places = scene.places,
                          .track = scene.track,
+                         .measure = scene.measure,
+                         .measureLook = std::move(measureLook),
                          .planMarks = planMarks};
     for (const MapLayer& layer : mapLayers())
         if (rangeNm >= layer.fromRangeNm && rangeNm <= layer.toRangeNm)

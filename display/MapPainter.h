@@ -12,6 +12,7 @@ namespace korvel {
 
 class MapColorCache;
 struct MapFrame;
+class MeasureTool;
 class TrackLevels;
 struct PlaceSet;
 
@@ -43,8 +44,9 @@ struct MapScene {
     bool turns = true;            ///< the aircraft points up; otherwise it points along its track
     /// What stands in the aircraft's place while the pilot looks around; none: the aircraft.
     std::optional<GeoPoint> lookAt = std::nullopt;
-    const PlaceSet* places = nullptr;    ///< from the databases; null for none
-    const TrackLevels* track = nullptr;  ///< of CockpitData::track; null for none
+    const PlaceSet* places = nullptr;      ///< from the databases; null for none
+    const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
+    const MeasureTool* measure = nullptr;  ///< the ruler; null for none
     /// What will be drawn over the map and labels keep out of.
     std::span<const Rect> covered = {};
 };

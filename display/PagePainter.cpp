@@ -60,6 +60,7 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
               .lookAt = scene.lookAt,
               .places = scene.places,
               .track = &track_,
+              .measure = scene.measure,
               .covered = covered},
              colors_);
     if (withHsi)

@@ -13,6 +13,7 @@
 namespace korvel {
 
 class MapColorCache;
+class MeasureTool;
 struct PlaceSet;
 
 /// What to draw a page from. Pages take what they show of it.
@@ -24,9 +25,10 @@ struct PageScene {
     int upTrueDeg = 0;
     /// What stands in the aircraft's place while the pilot looks around on the map.
     std::optional<GeoPoint> lookAt = std::nullopt;
-    const PlaceSet* places = nullptr;  ///< from the databases; null for none
-    NearestView nearest{};             ///< where the pilot is in the list of airports
-    FlightPlanView plan{};             ///< where the pilot is in the list of the plan
+    const PlaceSet* places = nullptr;      ///< from the databases; null for none
+    const MeasureTool* measure = nullptr;  ///< the map's ruler; null for none
+    NearestView nearest{};                 ///< where the pilot is in the list of airports
+    FlightPlanView plan{};                 ///< where the pilot is in the list of the plan
 };
 
 /// Paints the display pages. To add one, write its painter and name it in PagePainter.cpp.
