@@ -10,6 +10,7 @@
 #include "display/MapViewport.h"
 #include "display/MeasureLayer.h"
 #include "display/PlanMarks.h"
+#include "display/RangeRingLayer.h"
 
 namespace korvel {
 
@@ -33,7 +34,8 @@ struct MapFrame {
     const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
     const MeasureTool* measure = nullptr;  ///< the ruler; null for none
     std::optional<MeasureLook> measureLook{};
-    std::span<const PlanMark> planMarks{};  ///< with the room that their labels have
+    std::span<const PlanMark> planMarks{};    ///< with the room that their labels have
+    std::span<const RingLabel> ringLabels{};  ///< likewise
 };
 
 }  // namespace korvel

@@ -34,6 +34,7 @@ constexpr std::array kLayers{
     MapLayer{"compass roses", kNearest, kRosesToNm, paintCompassRoses},
     MapLayer{"runways", kNearest, kRunwaysToNm, paintRunways},
     MapLayer{"places", kNearest, kFarthest, paintPlaces},
+    MapLayer{"ring distances", kNearest, kFarthest, paintRingLabels},
     MapLayer{"track", kNearest, kFarthest, paintTrack},
     MapLayer{"plan", kNearest, kFarthest, paintPlan},
     MapLayer{"aircraft", kNearest, kFarthest, paintAircraft},
@@ -74,6 +75,8 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
     // Before all layers: no name on the map is more important than those of the plan.
     const std::vector<PlanMark> planMarks =
         layOutPlan(canvas, data, projection, view, textPx, labels);
+    const std::vector<RingLabel> ringLabels =
+        layOutRingLabels(canvas, projection, aircraft, rangeNm, textPx, scene.places, labels);
 
     const MapFrame frame{.data = data,
                          .colors = colors,
@@ -89,7 +92,8 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
                          .track = scene.track,
                          .measure = scene.measure,
                          .measureLook = std::move(measureLook),
-                         .planMarks = planMarks};
+                         .planMarks = planMarks,
+                         .ringLabels = ringLabels};
     for (const MapLayer& layer : mapLayers())
         if (rangeNm >= layer.fromRangeNm && rangeNm <= layer.toRangeNm)
             layer.paint(frame, canvas);

@@ -1,11 +1,13 @@
 #include "display/RangeRingLayer.h"
 
+#include <algorithm>
 #include <array>
-#include <string>
 
 #include "display/Clip.h"
 #include "display/GeoText.h"
+#include "display/LabelSpace.h"
 #include "display/MapFrame.h"
+#include "display/PlaceSet.h"
 #include "display/TextBox.h"
 #include "nav/WholeDegreeTrig.h"
 
@@ -16,37 +18,82 @@ constexpr double kFaded = 0.45;
 // Where on a ring its distance may stand, in degrees from the top: ahead and to the side first.
 constexpr std::array kLabelAngles{40, -40, 60, -60, 20, -20, 90, -90, 130, -130, 180};
 
-void paintLabel(const MapFrame& frame, Canvas& canvas, double radius, double distanceNm) {
-    const std::string label = distanceText(distanceNm);
-    const TextStyle style{.font = {.height = frame.textPx, .weight = FontWeight::Bold},
-                          .color = frame.colors[ColorKey::MapGrid],
-                          .alignX = AlignX::Center,
-                          .alignY = AlignY::Middle,
-                          .halo = frame.colors[ColorKey::MapBackground]};
-    const Point center = frame.aircraft;
-    const TextExtent extent = canvas.measure(label, style.font);
+constexpr std::array kShares{1.0, 0.5};  // of the display range, a ring at each
+
+TextStyle labelStyle(double textPx) {
+    return {.font = {.height = textPx, .weight = FontWeight::Bold},
+            .alignX = AlignX::Center,
+            .alignY = AlignY::Middle};
+}
+
+constexpr double kSymbolPx = 8;  // of a place's symbol around its point
+
+std::vector<Point> pointsOf(const PlaceSet* places, const MapProjection& projection) {
+    std::vector<Point> points;
+    if (places == nullptr)
+        return points;
+    points.reserve(places->places.size());
+    for (const MapPlace& place : places->places)
+        points.push_back(projection.project(place.place.position));
+    return points;
+}
+
+/// The text with the boxes where it may stand, best first.
+std::vector<RingLabel> candidates(const Canvas& canvas, Point center, double radius,
+                                  const std::string& text, double textPx) {
+    const TextStyle style = labelStyle(textPx);
+    const TextExtent extent = canvas.measure(text, style.font);
+    std::vector<RingLabel> found;
     for (const int angle : kLabelAngles) {
-        const Point place{center.x + radius * SinDeg(angle), center.y - radius * CosDeg(angle)};
-        const Rect box = grown(textBox(place, extent, style), 3);
-        if (!frame.labels.claim(box))
-            continue;
-        canvas.rect(box, Brush{frame.colors[ColorKey::MapBackground]}, std::nullopt);
-        canvas.text(place, label, style);
-        return;
+        const Point at{center.x + radius * SinDeg(angle), center.y - radius * CosDeg(angle)};
+        found.push_back({.text = text, .at = at, .box = grown(textBox(at, extent, style), 3)});
     }
+    return found;
 }
 
 }  // namespace
+
+std::vector<RingLabel> layOutRingLabels(const Canvas& canvas, const MapProjection& projection,
+                                        Point aircraft, int rangeNm, double textPx,
+                                        const PlaceSet* places, LabelSpace& labels) {
+    const std::vector<Point> symbols = pointsOf(places, projection);
+    const auto isClear = [&](const RingLabel& label) {
+        const Rect area = grown(label.box, kSymbolPx);
+        return std::ranges::none_of(symbols, [&](Point at) { return area.contains(at); });
+    };
+    std::vector<RingLabel> found;
+    for (const double share : kShares) {
+        const double distanceNm = rangeNm * share;
+        const auto spots = candidates(canvas, aircraft, distanceNm * projection.pixelsPerNm(),
+                                      distanceText(distanceNm), textPx);
+        const auto clear = [&](const RingLabel& label) {
+            return isClear(label) && labels.claim(label.box);
+        };
+        auto spot = std::ranges::find_if(spots, clear);
+        if (spot == spots.end())
+            spot = std::ranges::find_if(
+                spots, [&](const RingLabel& label) { return labels.claim(label.box); });
+        if (spot != spots.end())
+            found.push_back(*spot);
+    }
+    return found;
+}
 
 void paintRangeRings(const MapFrame& frame, Canvas& canvas) {
     const Pen pen{
         blended(frame.colors[ColorKey::MapGrid], frame.colors[ColorKey::MapBackground], kFaded), 1,
         PenStyle::Solid};
-    for (const double share : {1.0, 0.5}) {
-        const double distanceNm = frame.rangeNm * share;
-        const double radius = distanceNm * frame.projection.pixelsPerNm();
-        canvas.circle(frame.aircraft, radius, std::nullopt, pen);
-        paintLabel(frame, canvas, radius, distanceNm);
+    for (const double share : kShares)
+        canvas.circle(frame.aircraft, frame.rangeNm * share * frame.projection.pixelsPerNm(),
+                      std::nullopt, pen);
+}
+
+void paintRingLabels(const MapFrame& frame, Canvas& canvas) {
+    TextStyle style = labelStyle(frame.textPx);
+    style.color = frame.colors[ColorKey::MapGrid];
+    for (const RingLabel& label : frame.ringLabels) {
+        canvas.rect(label.box, Brush{frame.colors[ColorKey::MapBackground]}, std::nullopt);
+        canvas.text(label.at, label.text, style);
     }
 }
 
