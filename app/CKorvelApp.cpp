@@ -103,6 +103,8 @@ std::string CKorvelApp::applyView() {
                    listOf(names, [](const std::string& name) { return name; });
         frame_.showScheme(line_.scheme);
     }
+    if (!line_.page.empty() || line_.rangeNm)
+        frame_.view().holdView();
     if (!line_.page.empty()) {
         const auto page = pageOfName(line_.page);
         if (!page)

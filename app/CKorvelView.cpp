@@ -100,10 +100,38 @@ void CKorvelView::tick() {
         message_.clear();
         update();
     }
-    if (const std::string message = viewport_.tick(); !message.empty())
+    if (const std::string message = viewport_.tick(); !message.empty() && !panned_)
         say(message);
     takeNews();
+    actByItself();
     announceWaypoint();
+}
+
+/// Automatic view and zoom, which leave what the pilot looks at alone.
+void CKorvelView::actByItself() {
+    if (held_ || panned_ || ruler_.isOn() || viewport_.autoZoomPaused())
+        return;
+    const Settings& settings = document_.settings();
+    if (settings.autoview)
+        if (const auto page = autoView_.tick(page_, data_))
+            showPage(*page);
+    if (!settings.autozoom || !isMapPage())
+        return;
+    if (const auto rangeNm = autoZoom_.tick(data_.distanceNm, viewport_, data_.approachMode);
+        rangeNm && viewport_.setRange(*rangeNm))
+        update();
+}
+
+/// The pilot looks elsewhere or chooses a page.
+void CKorvelView::pauseAutomatic() {
+    held_ = false;
+    const Settings& settings = document_.settings();
+    if (!settings.autozoom && !settings.autoview)
+        return;
+    const bool alreadyTold = viewport_.autoZoomPaused();
+    const std::string message = viewport_.pauseAutomatic();
+    if (!alreadyTold)
+        say(message);
 }
 
 /// Once for each: while it descends towards one, the altitude there changes all the time.
@@ -230,6 +258,7 @@ void CKorvelView::say(const std::string& message) {
 }
 
 void CKorvelView::zoom(int steps) {
+    held_ = false;
     const bool autoZoom = document_.settings().autozoom;
     for (int step = 0; step < std::abs(steps); ++step) {
         const std::string message =
@@ -255,7 +284,14 @@ void CKorvelView::showPage(PageId page) {
     refresh();
 }
 
-void CKorvelView::goToNextPage() { showPage(nextPage(page_, document_.settings().displayPages)); }
+void CKorvelView::choosePage(PageId page) {
+    autoView_.leaveAlone();
+    showPage(page);
+    if (document_.settings().autoview)
+        pauseAutomatic();
+}
+
+void CKorvelView::goToNextPage() { choosePage(nextPage(page_, document_.settings().displayPages)); }
 
 bool CKorvelView::setRange(int rangeNm) {
     if (std::ranges::find(kRangeStepsNm, rangeNm) == kRangeStepsNm.end())
@@ -267,6 +303,7 @@ bool CKorvelView::setRange(int rangeNm) {
 
 void CKorvelView::backToAircraft() {
     panned_.reset();
+    held_ = false;
     viewport_.returnToConfigured();
     update();
 }
@@ -329,9 +366,7 @@ void CKorvelView::run(TouchCommand command) {
 
 // Hands
 
-bool CKorvelView::isMapPage() const {
-    return PagePainter::isMap(page_);
-}
+bool CKorvelView::isMapPage() const { return PagePainter::isMap(page_); }
 
 std::optional<GeoPoint> CKorvelView::mapCenter() const {
     if (panned_)
@@ -343,6 +378,7 @@ void CKorvelView::pan(Point from, Point to) {
     const auto center = mapCenter();
     if (!isMapPage() || !center)
         return;
+    pauseAutomatic();
     const MapProjection projection = viewport_.projection(*center, upDeg());
     const Point aircraft = projection.aircraft();
     panned_ = projection.unproject({aircraft.x - (to.x - from.x), aircraft.y - (to.y - from.y)});

@@ -12,6 +12,8 @@
 #include "app/LabelCache.h"
 #include "app/MapAngle.h"
 #include "app/ZoomGesture.h"
+#include "display/AutoView.h"
+#include "display/AutoZoom.h"
 #include "display/FieldStrip.h"
 #include "display/FlightPlanPage.h"
 #include "display/MapColorCache.h"
@@ -43,6 +45,11 @@ class CKorvelView final : public QWidget {
     void zoomOut();
     void goToNextPage();
     void showPage(PageId page);
+    /// Shows a page that the pilot has chosen among all: automatic view pauses.
+    void choosePage(PageId page);
+    /// Automatic zoom and view rest until the pilot zooms, chooses a page or goes back to the
+    /// aircraft.
+    void holdView() { held_ = true; }
     /// Shows this range until another is chosen; false when it is not a step of the ladder.
     bool setRange(int rangeNm);
     /// Ends panning and goes back to the configured range.
@@ -121,6 +128,8 @@ class CKorvelView final : public QWidget {
 
     void layOut();
     void zoom(int steps);
+    void pauseAutomatic();
+    void actByItself();
     bool canRun(TouchCommand command) const;
     void run(TouchCommand command);
     void pan(Point from, Point to);
@@ -164,6 +173,9 @@ class CKorvelView final : public QWidget {
     FlightPlanView planView_;
     NearestView nearestView_;
     MeasureTool ruler_;
+    AutoZoom autoZoom_;
+    AutoView autoView_;
+    bool held_ = false;
     std::optional<GeoPoint> panned_;  // what the pilot dragged to the aircraft's place
     CockpitData data_;
     std::uint64_t shownRevision_ = 0;

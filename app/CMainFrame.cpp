@@ -103,7 +103,7 @@ void CMainFrame::addViewCommands(QMenu& menu) {
     addCommand(menu, TextId::CommandNextPage, {Qt::Key_N}, [this] { view_.goToNextPage(); });
     for (const PageId page : availablePages())
         connect(menu.addAction(toQString(pageName(page))), &QAction::triggered, this,
-                [this, page] { view_.showPage(page); });
+                [this, page] { view_.choosePage(page); });
     menu.addSeparator();
     addCommand(menu, TextId::CommandFullScreen, {Qt::Key_F11}, [this] { toggleFullScreen(); });
 }

@@ -123,9 +123,10 @@ std::string MapViewport::zoomTo(std::optional<int> rangeNm, bool autoZoom) {
         return {};
     }
     currentRangeNm_ = *rangeNm;
-    if (!autoZoom) {
-        return {};
-    }
+    return autoZoom ? pauseAutomatic() : std::string();
+}
+
+std::string MapViewport::pauseAutomatic() {
     pauseTicks_ = kPauseTicks;
     return formatText(TextId::AutoZoomDisabled, {kPauseTicks / kTicksPerSecond});
 }

@@ -77,6 +77,8 @@ class MapViewport {
     /// Back to the default page and range: the configured range, and the pause ends at once.
     void returnToConfigured();
 
+    /// Automatic zoom and view rest for 30 seconds; returns the message that says so.
+    std::string pauseAutomatic();
     /// Counts the pause down, once per 500 ms tick of the view; returns the message of its end.
     std::string tick();
     bool autoZoomPaused() const { return pauseTicks_ > 0; }
