@@ -2,11 +2,11 @@
 
 #include <QListWidget>
 
+#include "app/CAirportSheet.h"
 #include "app/CKorvelDoc.h"
 #include "app/CKorvelView.h"
 #include "app/FindSheet.h"
 #include "app/KindWord.h"
-#include "app/PlaceSheet.h"
 #include "app/QtText.h"
 #include "navdb/AirportRecord.h"
 
@@ -84,17 +84,25 @@ void PlaceCommands::openAirport(const NearAirport& airport) {
 void PlaceCommands::open(std::unique_ptr<DatabaseRecord> record) {
     if (!record)
         return host_.view().say(std::string(text(TextId::NotFound)));
-    if (record->GetKind() == kAirportKind)
-        host_.document().navigator().database().loadDetails(static_cast<AirportRecord&>(*record));
-    auto sheet = std::make_unique<PlaceSheet>(
-        &host_.window(), host_.document(), PlaceSheet::Look{labels_, colors_},
-        std::shared_ptr<const DatabaseRecord>(std::move(record)));
+    std::unique_ptr<PlaceSheet> sheet = sheetFor(std::move(record));
     sheet->onDirectTo = [this](const PlaceChoice& place) {
         if (onDirectTo)
             onDirectTo(place);
     };
     sheet->onShow = [this](GeoPoint place) { host_.view().lookAt(place); };
     host_.openSheet(std::move(sheet));
+}
+
+std::unique_ptr<PlaceSheet> PlaceCommands::sheetFor(std::shared_ptr<DatabaseRecord> record) {
+    CKorvelDoc& document = host_.document();
+    if (record->GetKind() != kAirportKind) {
+        const std::string words = placeText(document, *record);
+        return std::make_unique<PlaceSheet>(&host_.window(), document, std::move(record), words);
+    }
+    const auto airport = std::static_pointer_cast<AirportRecord>(record);
+    document.navigator().database().loadDetails(*airport);
+    return std::make_unique<CAirportSheet>(&host_.window(), document,
+                                           CAirportSheet::Look{labels_, colors_}, airport);
 }
 
 }  // namespace korvel

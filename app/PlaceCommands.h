@@ -16,6 +16,8 @@
 
 namespace korvel {
 
+class PlaceSheet;
+
 /// What a pilot asks about places: what lies under a finger, and what an airport of a list has.
 class PlaceCommands {
  public:
@@ -39,6 +41,7 @@ class PlaceCommands {
 
  private:
     void open(std::unique_ptr<DatabaseRecord> record);
+    std::unique_ptr<PlaceSheet> sheetFor(std::shared_ptr<DatabaseRecord> record);
 
     CommandHost& host_;
     LabelCache& labels_;

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include <QLabel>
+#include <QHBoxLayout>
 #include <QPushButton>
 #include <QScrollArea>
 
@@ -16,33 +16,30 @@
 namespace korvel {
 
 class CKorvelDoc;
-class LabelCache;
-class MapColorCache;
 
-/// What is known of a place as lines of text: identifier and name, position, distance and bearing
-/// from the aircraft, and of an airport its frequencies and runways.
+/// What is known of any place as lines of text: identifier and name, position, distance and bearing
+/// from the aircraft.
 std::string placeText(const CKorvelDoc& document, const DatabaseRecord& record);
 
 /// A place to read about, to fly to or to put behind the plan.
-class PlaceSheet final : public Sheet {
+class PlaceSheet : public Sheet {
  public:
-    /// What an airport's runways are drawn with.
-    struct Look {
-        LabelCache& labels;
-        const MapColorCache& colors;
-    };
-
-    /// Document and look outlive the sheet; an airport's record holds its runways already.
-    PlaceSheet(QWidget* parent, CKorvelDoc& document, const Look& look,
-               std::shared_ptr<const DatabaseRecord> record);
+    /// The document outlives the sheet; `words` is what it says of the place.
+    PlaceSheet(QWidget* parent, CKorvelDoc& document, std::shared_ptr<const DatabaseRecord> record,
+               const std::string& words);
 
     std::function<void(const PlaceChoice& place)> onDirectTo;
     std::function<void(GeoPoint)> onShow;
+
+ protected:
+    /// The words, and to their right whatever else there is.
+    QHBoxLayout& content() { return *content_; }
 
  private:
     void addButton(QPushButton& button, TextId text, const std::function<void()>& handler);
 
     QScrollArea scroll_;
+    QHBoxLayout* content_;  // the scrolled page's
     QPushButton direct_;
     QPushButton add_;
     QPushButton show_;

@@ -18,11 +18,11 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
+#include "app/CAirportSheet.h"
 #include "app/CKorvelDoc.h"
 #include "app/CMainFrame.h"
 #include "app/KeyPad.h"
 #include "app/PageCycle.h"
-#include "app/PlaceSheet.h"
 #include "config/DataFileSearch.h"
 #include "display/ColorScheme.h"
 #include "gps/FakePorts.h"
@@ -303,12 +303,12 @@ TEST_F(FrameTest, AnAirportsSheetSaysWhatItsRecordHas) {
     runway.surface = "ASPH";
     runway.ends = {low, high};
     airport->runways = {runway};
-    const std::string words = placeText(*document_, *airport);
+    const std::string words = airportText(*document_, *airport);
     for (const char* part : {"EDXX   Old Field   EXPIRED", "1487 ft", "3 W", "TWR   118.100",
              "08/26   4000 x 98 ft   ASPH", "right pattern 26"})
         EXPECT_NE(words.find(part), std::string::npos) << part << " in " << words;
     MapColorCache colors(scheme_);
-    PlaceSheet sheet(frame_.get(), *document_, {labels_, colors}, airport);
+    CAirportSheet sheet(frame_.get(), *document_, {labels_, colors}, airport);
     EXPECT_LE(sheet.minimumSizeHint().height(), 460);
     EXPECT_LE(sheet.minimumSizeHint().width(), 640);
 }

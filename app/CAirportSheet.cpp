@@ -1,0 +1,87 @@
+#include "app/CAirportSheet.h"
+
+#include <cmath>
+
+#include <QPainter>
+
+#include "app/CKorvelDoc.h"
+#include "app/QtCanvas.h"
+#include "app/QtText.h"
+#include "display/AirportPicture.h"
+#include "display/GeoText.h"
+#include "nav/Geodesy.h"
+#include "nav/TextNumbers.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kPicturePixels = 200;
+
+/// An airport's runways to scale.
+class RunwayPicture final : public QWidget {
+ public:
+    RunwayPicture(const CAirportSheet::Look& look, std::shared_ptr<const AirportRecord> airport)
+        : look_(look), airport_(std::move(airport)) {
+        setFixedSize(kPicturePixels, kPicturePixels);
+    }
+
+ protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        const Rect area{0, 0, static_cast<double>(width()), static_cast<double>(height())};
+        QtCanvas canvas(painter, look_.labels, area);
+        paintAirportPicture(canvas, area, *airport_, look_.colors);
+    }
+
+ private:
+    CAirportSheet::Look look_;
+    std::shared_ptr<const AirportRecord> airport_;
+};
+
+std::string lineOf(const RunwayRecord& runway) {
+    std::string line;
+    for (const RunwayEnd& end : runway.ends)
+        line.append(line.empty() ? "" : "/").append(end.id);
+    if (runway.lengthFt) {
+        line += "   " + formatInt(*runway.lengthFt);
+        if (runway.widthFt)
+            line += " x " + formatInt(*runway.widthFt);
+        line += " ft";
+    }
+    if (!runway.surface.empty())
+        line += "   " + runway.surface;
+    for (const RunwayEnd& end : runway.ends)
+        if (end.pattern == 'R')
+            line += "   " + formatText(TextId::RightPattern, {std::string_view(end.id)});
+    return line + '\n';
+}
+
+}  // namespace
+
+std::string airportText(const CKorvelDoc& document, const AirportRecord& airport) {
+    const int altUnit = document.cockpitData().altUnit;
+    std::string lines = placeText(document, airport);
+    if (airport.elevationFt != kNoElevationFt)
+        lines += formatText(TextId::PlaceElevation,
+                            {std::string_view(altitudeText(airport.elevationFt, altUnit))}) +
+                 '\n';
+    if (const double variation = airport.magVariationDeg; variation != kNoAngle)
+        lines += formatText(TextId::PlaceVariation, {RoundToInt(std::abs(variation)),
+                                                     std::string_view(variation < 0 ? "W" : "E")}) +
+                 '\n';
+    for (const CommFreqRecord& comm : airport.comms)
+        lines += comm.type + "   " + QString::number(comm.freqMhz, 'f', 3).toStdString() + '\n';
+    for (const RunwayRecord& runway : airport.runways)
+        lines += lineOf(runway);
+    return airport.info.empty() ? lines : lines + airport.info + '\n';
+}
+
+CAirportSheet::CAirportSheet(QWidget* parent, CKorvelDoc& document, const Look& look,
+                             const std::shared_ptr<const AirportRecord>& airport)
+    : PlaceSheet(parent, document, airport, airportText(document, *airport)) {
+    // The layout takes the picture.
+    content().addWidget(new RunwayPicture(look, airport), 0, Qt::AlignTop);
+    setPreferredWidth(15 * kRowPixels);
+}
+
+}  // namespace korvel

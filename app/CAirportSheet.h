@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "app/PlaceSheet.h"
+#include "navdb/AirportRecord.h"
+
+namespace korvel {
+
+class LabelCache;
+class MapColorCache;
+
+/// What a pilot asks of an airport, as lines of text: what is known of any place, elevation,
+/// variation, frequencies and runways.
+std::string airportText(const CKorvelDoc& document, const AirportRecord& airport);
+
+/// An airport: its text beside a picture of its runways.
+class CAirportSheet final : public PlaceSheet {
+ public:
+    /// What the runways are drawn with.
+    struct Look {
+        LabelCache& labels;
+        const MapColorCache& colors;
+    };
+
+    /// Document and look outlive the sheet; the record holds its runways and frequencies already.
+    CAirportSheet(QWidget* parent, CKorvelDoc& document, const Look& look,
+                  const std::shared_ptr<const AirportRecord>& airport);
+};
+
+}  // namespace korvel
