@@ -67,8 +67,13 @@ std::string CKorvelApp::start() {
         frame_.simulate();
         document_.navigator().setTimeFactor(line_.timeFactor);
     }
-    if (line_.snapshotFile.empty())
+    if (line_.snapshotFile.empty()) {
+        const bool isTold =
+            line_.simulate || line_.demo || !line_.replayFile.empty() || !line_.planFile.empty();
+        if (!isTold)
+            frame_.welcome();
         return {};
+    }
     frame_.view().onFirstPaint = [this] {
         constexpr double kMsPerSecond = 1000;
         QTimer::singleShot(static_cast<int>(line_.afterSec * kMsPerSecond), &frame_,

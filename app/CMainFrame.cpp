@@ -12,6 +12,7 @@
 
 #include "app/AppIcon.h"
 #include "app/CKorvelDoc.h"
+#include "app/ConnectedSheet.h"
 #include "app/ConnectedText.h"
 #include "app/FieldSheet.h"
 #include "app/HelpSheet.h"
@@ -29,6 +30,7 @@ namespace korvel {
 namespace {
 
 constexpr double kMenuPixels = 15;
+constexpr std::string_view kWelcomedKey = "Welcomed";
 
 }  // namespace
 
@@ -121,14 +123,26 @@ void CMainFrame::addHelp(QMenu& menu) {
     addCommand(menu, TextId::CommandKeys, {QKeySequence(Qt::SHIFT | Qt::Key_F1)}, [this] {
         openSheet(std::make_unique<TextSheet>(this, toQString(TextId::KeysTitle), keyList()));
     });
-    addCommand(menu, TextId::CommandConnected, {Qt::Key_F2}, [this] {
-        openSheet(
-            std::make_unique<TextSheet>(this, toQString(TextId::ConnectedTitle),
-                                        toQString(connectedText(parts_.document, dataFolders()))));
-    });
+    addCommand(menu, TextId::CommandConnected, {Qt::Key_F2}, [this] { showConnected(); });
     databases_.addToHelp(menu);
     addCommand(menu, TextId::CommandAbout, {},
                [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::About)); });
+}
+
+void CMainFrame::showConnected() {
+    auto sheet = std::make_unique<ConnectedSheet>(
+        this, [this] { return connectedText(parts_.document, dataFolders()); });
+    sheet->addNext(TextId::NextPort, [this] { options_.choosePort(); });
+    sheet->addNext(TextId::NextSimulator, [this] { options_.simulate(true); });
+    sheet->addNext(TextId::NextPlan, [this] { file_.choosePlan(); });
+    openSheet(std::move(sheet));
+}
+
+void CMainFrame::welcome() {
+    if (parts_.profile.getInt(kOptionsSection, kWelcomedKey, 0) != 0)
+        return;
+    parts_.profile.setInt(kOptionsSection, kWelcomedKey, 1, true);
+    showConnected();
 }
 
 /// Every command with a key, menu by menu.

@@ -50,6 +50,8 @@ class CMainFrame final : public QMainWindow, private CommandHost {
 
     /// Shows the window where it stood when it was last closed.
     void showWhereItWas();
+    /// Tells the first time what is connected and loaded, and what to do next.
+    void welcome();
 
     /// Takes another scheme into use, menus included, for this run.
     void showScheme(const std::string& name);
@@ -75,6 +77,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     void addHelp(QMenu& menu);
     void addSchemes(QMenu& menu);
     void runTouch(TouchCommand command);
+    void showConnected();
     QString keyList() const;
     void chooseField(std::size_t field);
     /// Shows a scheme and remembers it.

@@ -32,10 +32,10 @@ class FileCommands {
 
     /// Does `next` at once, or when the pilot has saved a changed plan or given it up.
     void withPlanSafe(const std::function<void()>& next);
+    void choosePlan();
 
  private:
     void newPlan();
-    void choosePlan();
     void savePlan(const std::function<void()>& next);
     void savePlanAs(const std::function<void()>& next);
     void savePlanTo(const std::filesystem::path& path, const std::function<void()>& next);

@@ -18,12 +18,12 @@ class OptionCommands {
 
     /// Starts the simulator where and how it would be offered.
     void simulate(bool on);
+    void choosePort();
 
  private:
     /// A command that opens a sheet on the document.
     template <class SheetType>
     void addSheet(QMenu& menu, TextId name, const QList<QKeySequence>& keys);
-    void choosePort();
 
     CommandHost& host_;
     QPointer<QAction> simulating_;

@@ -289,6 +289,9 @@ constexpr std::array kTexts = {
         "The charts are out of date: fly by current ones. The database that comes with the program "
         "is old open data, for trying out."},
     Row{TextId::LoadReportLines, "REPORT"},
+    Row{TextId::NextPort, "Choose the receiver's port..."},
+    Row{TextId::NextSimulator, "Fly the simulator"},
+    Row{TextId::NextPlan, "Open a flight plan..."},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

@@ -265,6 +265,9 @@ enum class TextId : int {
     NoDatabaseHelp = 61832,
     OldDatabaseHelp = 61833,
     LoadReportLines = 61834,
+    NextPort = 61835,
+    NextSimulator = 61836,
+    NextPlan = 61837,
 };
 
 /// The text of that number.
