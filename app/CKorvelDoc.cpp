@@ -39,6 +39,7 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
       gyroPort_(foundations.openDevice, foundations.clock),
       monitor_({gpsPort_, gyroPort_, *this, input_, *this, foundations.profile, foundations.clock}),
       navigator_(foundations.clock, foundations.folder),
+      userFixes_(profile_, navigator_),
       portFromScan_(foundations.profile.getInt(kOptionsSection, kPortScanned, 0) != 0),
       lastConnectedMs_(foundations.clock.tickMs()) {
     SetDistanceUnit(settings_.gsUnit);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/Navigator.h"
+#include "app/UserFixes.h"
 #include "config/ProfileFile.h"
 #include "config/Settings.h"
 #include "display/CockpitData.h"
@@ -56,6 +57,9 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     /// Places, plan, simulator, track. What is done there shows with the next tick.
     Navigator& navigator() { return navigator_; }
     const Navigator& navigator() const { return navigator_; }
+
+    /// The points that the pilot has marked.
+    UserFixes& userFixes() { return userFixes_; }
 
     /// What the pages show, as of the last tick.
     const CockpitData& cockpitData() const { return data_; }
@@ -107,6 +111,7 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     SerialPort gyroPort_;
     ConnectionMonitor monitor_;
     Navigator navigator_;
+    UserFixes userFixes_;
 
     std::string status_;  // of the connection, empty while there is a fix
     bool portFromScan_;   // the port in use was found by an earlier run's scan

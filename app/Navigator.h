@@ -56,6 +56,7 @@ class Navigator {
                        const DatabaseLoader::Progress& progress = {});
     NavDatabase& database() { return database_; }
     const NavDatabase& database() const { return database_; }
+    DatabaseLoader& loader() { return loader_; }
     const DatabaseLoader& loader() const { return loader_; }
     const LoadReport& report() const { return report_; }
     /// What the pilot must know about the charts' age at all times; empty for nothing.

@@ -8,6 +8,7 @@
 #include "app/FindSheet.h"
 #include "app/KindWord.h"
 #include "app/QtText.h"
+#include "app/UserFixSheets.h"
 #include "navdb/AirportRecord.h"
 
 namespace korvel {
@@ -52,6 +53,33 @@ void PlaceCommands::addTo(QMenu& menu) {
     host_.addCommand(menu, TextId::CommandFind,
                      {QKeySequence(Qt::CTRL | Qt::Key_F), QKeySequence(Qt::Key_Slash)},
                      [this] { find(); });
+    host_.addCommand(menu, TextId::CommandMark, {Qt::Key_M}, [this] { mark(); });
+    host_.addCommand(menu, TextId::CommandMarks, {QKeySequence(Qt::CTRL | Qt::Key_M)},
+                     [this] { listMarks(); });
+}
+
+void PlaceCommands::mark() {
+    CKorvelView& view = host_.view();
+    // Not where the aircraft was last seen.
+    const auto where = view.isPanned() ? view.mapCenter() : host_.document().cockpitData().position;
+    if (!where)
+        return view.say(std::string(text(TextId::NothingToMark)));
+    auto sheet = std::make_unique<MarkSheet>(&host_.window(), host_.document(), *where);
+    sheet->onMarked = [&view](const std::string& name) {
+        view.databasesChanged();
+        view.say(formatText(TextId::Marked, {std::string_view(name)}));
+    };
+    host_.openSheet(std::move(sheet));
+}
+
+void PlaceCommands::listMarks() {
+    auto sheet = std::make_unique<UserFixesSheet>(&host_.window(), host_.document());
+    sheet->onOpen = [this](const std::string& key) {
+        const DatabaseRecord* found = host_.document().navigator().database().Find(key);
+        open(found != nullptr ? found->Clone() : nullptr);
+    };
+    sheet->onRemoved = [this] { host_.view().databasesChanged(); };
+    host_.openSheet(std::move(sheet));
 }
 
 void PlaceCommands::find() {

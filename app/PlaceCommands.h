@@ -32,6 +32,9 @@ class PlaceCommands {
     void addTo(QMenu& menu);
 
     void find();
+    /// Where the aircraft is, or the middle of a map that was moved.
+    void mark();
+    void listMarks();
     /// Several places are offered in a list first.
     void identify(const std::vector<MapPlace>& places);
     void openAirport(const NearAirport& airport);

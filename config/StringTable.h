@@ -129,6 +129,19 @@ enum class TextId : int {
     MeasureHint = 61601,
     MeasureEnded = 61602,
     MeasureButton = 61603,
+    CommandMark = 61604,
+    CommandMarks = 61605,
+    MarkTitle = 61606,
+    MarkButton = 61607,
+    MarkNameInvalid = 61608,
+    MarkNameTaken = 61609,  ///< %s: name
+    MarkInPlan = 61610,     ///< %s: name
+    Marked = 61611,         ///< %s: name
+    NothingToMark = 61612,
+    MarksTitle = 61613,
+    MarksNone = 61614,
+    MarkOpen = 61615,
+    MarkReallyRemove = 61616,
 
     CommandSimulator = 61700,
     CommandSimulate = 61701,

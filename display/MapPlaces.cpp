@@ -112,14 +112,19 @@ void MapPlaces::fetch(const GeoBox& box, int rangeNm, const MapPlaceOptions& opt
     fetched_ = box;
     rangeNm_ = rangeNm;
     complete_ = false;
-    for (const KindCap& cap : kCaps)
+    for (const KindCap& cap : kCaps) {
         if (rangeNm <= cap.toNm)
-            add(cap.kinds, cap.most, box, rangeNm);
+            database_.placesIn(box, cap.kinds, kMostRows, found_);
+        else if (cap.kinds == kFixKind)  // the pilot's own show farther out
+            database_.userPlacesIn(box, kFixKind, found_);
+        else
+            continue;
+        addFound(cap.most, rangeNm);
+    }
     rankPlaces();
 }
 
-void MapPlaces::add(KindMask kinds, std::size_t most, const GeoBox& box, int rangeNm) {
-    database_.placesIn(box, kinds, kMostRows, found_);
+void MapPlaces::addFound(std::size_t most, int rangeNm) {
     const auto first = static_cast<std::ptrdiff_t>(set_.places.size());
     for (const Place& place : found_) {
         const PlaceClass placeClass = classOf(place);

@@ -44,7 +44,7 @@ class MapPlaces {
     using DetailsKey = std::pair<RowMatch, std::string>;
 
     void fetch(const GeoBox& box, int rangeNm, const MapPlaceOptions& options);
-    void add(KindMask kinds, std::size_t most, const GeoBox& box, int rangeNm);
+    void addFound(std::size_t most, int rangeNm);
     bool readDetails(int rangeNm);
     void giveVariations(int rangeNm);
     void rankPlaces();

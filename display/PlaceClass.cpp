@@ -23,6 +23,7 @@ constexpr std::array<PlaceRule, kPlaceClassCount> kRules{{
     {PlaceClass::RouteFix, 25, 25, -2000},
     {PlaceClass::TerminalFix, 4, 4, -6000},
     {PlaceClass::VisualPoint, 25, 25, 3000},
+    {PlaceClass::UserFix, 250, 250, 20000},
 }};
 
 constexpr bool rulesAreInOrder() {
@@ -82,6 +83,8 @@ PlaceLayerBit layerOf(PlaceClass placeClass) {
 PlaceClass classOf(const Place& place) {
     if (place.kind == kAirportKind)
         return classOfAirport(place.flags);
+    if (place.kind == kFixKind && place.flags == kUsageMarked)
+        return PlaceClass::UserFix;
     if (place.flags == kUsageVisual)
         return PlaceClass::VisualPoint;
     if (place.kind == kVorKind)
@@ -109,6 +112,9 @@ MapPlaceOptions MapPlaceOptions::from(const Settings& settings) {
 
 bool isShown(const Place& place, PlaceClass placeClass, int rangeNm,
              const MapPlaceOptions& options) {
+    // What the pilot has marked himself no mask hides.
+    if (placeClass == PlaceClass::UserFix)
+        return rangeNm <= ruleOf(placeClass).symbolToNm;
     if (rangeNm > ruleOf(placeClass).symbolToNm ||
         (options.classMask & classBitOf(placeClass)) == 0 || !options.shows(layerOf(placeClass)))
         return false;
@@ -121,6 +127,8 @@ bool isShown(const Place& place, PlaceClass placeClass, int rangeNm,
 }
 
 bool isLabelled(PlaceClass placeClass, int rangeNm, const MapPlaceOptions& options) {
+    if (placeClass == PlaceClass::UserFix)
+        return rangeNm <= ruleOf(placeClass).labelToNm;
     return rangeNm <= ruleOf(placeClass).labelToNm && options.labels(layerOf(placeClass));
 }
 

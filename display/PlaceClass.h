@@ -26,8 +26,9 @@ enum class PlaceClass : std::uint8_t {
     RouteFix,  ///< low, high or both
     TerminalFix,
     VisualPoint,
+    UserFix,  ///< marked by the pilot
 };
-inline constexpr std::size_t kPlaceClassCount = 13;
+inline constexpr std::size_t kPlaceClassCount = 14;
 
 PlaceClass classOf(const Place& place);
 

@@ -74,6 +74,8 @@ class SymbolPainter {
             ndb(mark.at, radius);
         else if (placeClass == PlaceClass::VisualPoint)
             visualPoint(mark.at, radius);
+        else if (placeClass == PlaceClass::UserFix)
+            userFix(mark.at, radius);
         else
             fix(mark.at, radius);
     }
@@ -154,6 +156,16 @@ class SymbolPainter {
     void visualPoint(Point at, double radius) {
         canvas_.polygon(regular(at, radius, 4, 0), fill(fix_), Pen{fix_, kOutline});
         canvas_.circle(at, radius * 0.25, Brush{icons_ ? background_ : fix_}, std::nullopt);
+    }
+
+    // A square with a cross: like nothing on a chart.
+    void userFix(Point at, double radius) {
+        canvas_.polygon(regular(at, radius, 4, 45), fill(fix_), Pen{fix_, 2});
+        const ColorValue ink = icons_ ? background_ : fix_;
+        const double arm = radius * 0.4;
+        canvas_.lines(std::array{Segment{{at.x - arm, at.y}, {at.x + arm, at.y}},
+                                 Segment{{at.x, at.y - arm}, {at.x, at.y + arm}}},
+                      {ink, 2, PenStyle::Solid});
     }
 
     const MapFrame& frame_;

@@ -8,6 +8,7 @@
 #include "nav/PlaceLookup.h"
 #include "nav/TextNumbers.h"
 #include "nav/WaypointList.h"
+#include "navdb/FixRecord.h"
 #include "navdb/NavDatabase.h"
 #include "navdb/UserRecordStore.h"
 #include "platform/FileIo.h"
@@ -41,7 +42,9 @@ std::string PlanFiles::SavePlan() const {
     }
     for (const PlanWaypoint& entry : (*plan)->entries()) {
         text += entry.key + altitudeSuffix(entry.altitudeFt);
-        if (isOwnPlace(entry.key)) {
+        const auto* fix = dynamic_cast<const FixRecord*>(entry.record.get());
+        const bool isMarked = fix != nullptr && fix->usage == kUsageMarked;
+        if (isMarked || isOwnPlace(entry.key)) {
             text += ' ' + positionText(entry.position());
         }
         text += "\r\n";

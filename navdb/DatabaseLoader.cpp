@@ -47,6 +47,25 @@ void DatabaseLoader::load(std::span<const std::filesystem::path> folders,
     loadUserFiles(filesIn(folders, "*.UDB.TXT"), false, progress);
     loadUserFiles(filesIn(folders, "*.NDB.TXT"), true, progress);
     MergeWithDatabase();
+    addMarkedFixes();
+}
+
+void DatabaseLoader::setMarkedFixes(std::vector<FixRecord> fixes) {
+    for (const FixRecord& old : markedFixes_) {
+        const auto* stored = dynamic_cast<const FixRecord*>(records_.find(old.key));
+        if (stored != nullptr && stored->usage == kUsageMarked) {
+            records_.remove(old.key);
+        }
+    }
+    markedFixes_ = std::move(fixes);
+    addMarkedFixes();
+}
+
+void DatabaseLoader::addMarkedFixes() {
+    for (const FixRecord& fix : markedFixes_) {
+        records_.add(std::make_unique<FixRecord>(fix));
+    }
+    database_.setUserRecords(&records_);
 }
 
 void DatabaseLoader::openDatabases(std::span<const std::filesystem::path> paths,

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "navdb/FixRecord.h"
 #include "navdb/LoadReport.h"
 #include "navdb/NavDatabase.h"
 #include "navdb/UserRecordStore.h"
@@ -48,6 +49,10 @@ class DatabaseLoader {
     /// Settles user records against the open database files.
     void MergeWithDatabase();
 
+    /// The fixes that the pilot has marked, in place of those before. They are places like the
+    /// user's records, and stay through every load.
+    void setMarkedFixes(std::vector<FixRecord> fixes);
+
     [[nodiscard]] const UserRecordStore& userRecords() const { return records_; }
     [[nodiscard]] const std::vector<OpenedFile>& openedFiles() const { return openedFiles_; }
 
@@ -57,6 +62,7 @@ class DatabaseLoader {
                        const Progress& progress);
     void reportFailure(const std::filesystem::path& path, std::string_view message);
     void excludeReplacedAirports();
+    void addMarkedFixes();
     void dropIfInDatabase(const DatabaseRecord& record);
 
     NavDatabase& database_;
@@ -64,6 +70,7 @@ class DatabaseLoader {
     UserRecordStore records_;
     std::vector<std::string> userAirportKeys_;  ///< of the first source; emptied by the merge
     std::vector<OpenedFile> openedFiles_;
+    std::vector<FixRecord> markedFixes_;
 };
 
 }  // namespace korvel

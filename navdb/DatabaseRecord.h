@@ -39,6 +39,7 @@ struct RecordOrigin {
 
 /// How navaids and fixes are used: the high four bits of their type.
 enum Usage : std::uint8_t {
+    kUsageMarked = 0x01,  ///< a fix that the pilot has marked; never in a file
     kUsageTerminal = 0x10,
     kUsageLow = 0x20,
     kUsageHigh = 0x40,

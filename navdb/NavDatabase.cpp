@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "nav/Geodesy.h"
@@ -281,6 +282,12 @@ void NavDatabase::GetAirwayRoutes(std::string_view name, std::vector<std::string
 void NavDatabase::placesIn(const GeoBox& box, KindMask kinds, std::size_t limit,
                            std::vector<Place>& places) const {
     findPlacesIn({files_, excludedPlaces_, userRecords_}, box, kinds, limit, places);
+}
+
+void NavDatabase::userPlacesIn(const GeoBox& box, KindMask kinds,
+                               std::vector<Place>& places) const {
+    findPlacesIn({{}, {}, userRecords_}, box, kinds, std::numeric_limits<std::size_t>::max(),
+                 places);
 }
 
 std::vector<NearPlace> NavDatabase::nearest(GeoPoint position, KindMask kinds, std::size_t count,

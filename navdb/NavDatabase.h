@@ -78,6 +78,9 @@ class NavDatabase {
     void placesIn(const GeoBox& box, KindMask kinds, std::size_t limit,
                   std::vector<Place>& places) const;
 
+    /// The same among the user's own records alone.
+    void userPlacesIn(const GeoBox& box, KindMask kinds, std::vector<Place>& places) const;
+
     /// The nearest `count` places of these kinds within `withinNm`, nearest first.
     [[nodiscard]] std::vector<NearPlace> nearest(GeoPoint position, KindMask kinds,
                                                  std::size_t count, double withinNm) const;
