@@ -64,9 +64,9 @@ UserFixesSheet::UserFixesSheet(QWidget* parent, CKorvelDoc& document)
         button->setMinimumHeight(kRowPixels);
     }
     setPreferredWidth(13 * kRowPixels);
-    connect(&open_, &QPushButton::clicked, this, [this] { open(); });
+    connect(&open_, &QPushButton::clicked, this, [this] { openFix(); });
     connect(&remove_, &QPushButton::clicked, this, [this] { remove(); });
-    connect(&list_, &QListWidget::itemActivated, this, [this] { open(); });
+    connect(&list_, &QListWidget::itemActivated, this, [this] { openFix(); });
     connect(&list_, &QListWidget::currentRowChanged, this, [this] { askAgain(-1); });
     fill();
     list_.setFocus();
@@ -86,7 +86,7 @@ void UserFixesSheet::fill() {
     message_.setText(any ? QString() : toQString(TextId::MarksNone));
 }
 
-void UserFixesSheet::open() {
+void UserFixesSheet::openFix() {
     const int row = list_.currentRow();
     if (row < 0 || !isVisible())
         return;

@@ -44,7 +44,7 @@ class UserFixesSheet final : public Sheet {
 
  private:
     void fill();
-    void open();
+    void openFix();
     void remove();
     void askAgain(int row);
 
