@@ -16,7 +16,6 @@
 #include "app/PageCycle.h"
 #include "app/QtCanvas.h"
 #include "config/ProfileFile.h"
-#include "config/StringTable.h"
 #include "display/MapLook.h"
 #include "display/MeasureLayer.h"
 #include "display/PlaceHit.h"
@@ -25,6 +24,7 @@ namespace korvel {
 namespace {
 
 constexpr std::string_view kPageKey = "Page";
+constexpr std::string_view kHintsKey = "HintsShown";
 constexpr int kMessageTicks = 5000 / CKorvelView::kTickMs;
 /// A finger that moves less than this has tapped.
 constexpr double kTapPixels = 12;
@@ -257,6 +257,17 @@ void CKorvelView::say(const std::string& message) {
     update();
 }
 
+void CKorvelView::hint(TextId hint) {
+    constexpr std::array kHints = {TextId::HintFields, TextId::HintFullScreen, TextId::MeasureHint};
+    const auto number = std::ranges::find(kHints, hint) - kHints.begin();
+    const int shown = profile_.getInt(kOptionsSection, kHintsKey, 0);
+    const int own = 1 << number;
+    if (!document_.settings().showHints || (shown & own) != 0)
+        return;
+    profile_.setInt(kOptionsSection, kHintsKey, shown | own, true);
+    say(std::string(text(hint)));
+}
+
 void CKorvelView::zoom(int steps) {
     held_ = false;
     const bool autoZoom = document_.settings().autozoom;
@@ -289,6 +300,8 @@ void CKorvelView::choosePage(PageId page) {
     showPage(page);
     if (document_.settings().autoview)
         pauseAutomatic();
+    if (isMapPage())
+        hint(TextId::HintFields);
 }
 
 void CKorvelView::goToNextPage() { choosePage(nextPage(page_, document_.settings().displayPages)); }
@@ -323,14 +336,18 @@ void CKorvelView::databasesChanged() {
 void CKorvelView::setMeasuring(bool on) {
     if (on && !isMapPage())
         showPage(PageId::Map);
-    if (on || ruler_.isOn())
-        say(std::string(text(on ? TextId::MeasureHint : TextId::MeasureEnded)));
+    if (on)
+        hint(TextId::MeasureHint);
+    else if (ruler_.isOn())
+        say(std::string(text(TextId::MeasureEnded)));
     ruler_.setOn(on);
     update();
 }
 
 void CKorvelView::setBarMayHide(bool mayHide) {
     barMayHide_ = mayHide;
+    if (mayHide)
+        hint(TextId::HintFullScreen);
     barHidden_ = false;
     layOut();
 }

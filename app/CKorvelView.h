@@ -12,6 +12,7 @@
 #include "app/LabelCache.h"
 #include "app/MapAngle.h"
 #include "app/ZoomGesture.h"
+#include "config/StringTable.h"
 #include "display/AutoView.h"
 #include "display/AutoZoom.h"
 #include "display/FieldStrip.h"
@@ -87,6 +88,8 @@ class CKorvelView final : public QWidget {
     void refresh();
     /// What the map says for five seconds.
     void say(const std::string& message);
+    /// The same for a hint: once for every profile, and only while hints are wanted.
+    void hint(TextId hint);
 
     /// A button of the touch bar that the view does not serve itself.
     std::function<void(TouchCommand)> onTouch;

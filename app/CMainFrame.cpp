@@ -1,5 +1,7 @@
 #include "app/CMainFrame.h"
 
+#include <array>
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDropEvent>
@@ -24,6 +26,7 @@
 #include "config/DataFileSearch.h"
 #include "config/ProfileFile.h"
 #include "display/ColorScheme.h"
+#include "display/PlaceClass.h"
 #include "platform/Folders.h"
 
 namespace korvel {
@@ -99,6 +102,7 @@ void CMainFrame::addViewCommands(QMenu& menu) {
                [this] { view_.zoomOut(); });
     addCommand(menu, TextId::CommandBackToAircraft, {Qt::Key_Space},
                [this] { view_.backToAircraft(); });
+    addCommand(menu, TextId::CommandRotateNavaids, {Qt::Key_V}, [this] { rotateNavaids(); });
     addCommand(menu, TextId::CommandMeasure, {QKeySequence(Qt::SHIFT | Qt::Key_M)},
                [this] { view_.setMeasuring(!view_.isMeasuring()); });
     menu.addSeparator();
@@ -201,6 +205,20 @@ void CMainFrame::showError(const std::string& message) {
                                 toQString(message), QMessageBox::Ok, this);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
+}
+
+/// The first set changes; the other two stay beside it as the preferences have them.
+void CMainFrame::rotateNavaids() {
+    Settings settings = parts_.document.settings();
+    if (!settings.rotateNavaids)
+        return view_.say(std::string(text(TextId::NavaidsNotRotated)));
+    const NavaidSet next =
+        nextNavaidSet(static_cast<NavaidSet>(settings.rotateModes.front()), settings);
+    settings.rotateModes.front() = static_cast<int>(next);
+    parts_.document.applySettings(settings);
+    constexpr std::array kNames = {TextId::NavaidsLow, TextId::NavaidsHigh, TextId::NavaidsTerm,
+                                   TextId::NavaidsVrp, TextId::NavaidsOff};
+    view_.say(formatText(TextId::NavaidsShown, {text(kNames.at(static_cast<std::size_t>(next)))}));
 }
 
 void CMainFrame::toggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }

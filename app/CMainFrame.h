@@ -82,6 +82,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     void chooseField(std::size_t field);
     /// Shows a scheme and remembers it.
     void chooseScheme(const std::string& name);
+    void rotateNavaids();
     void toggleFullScreen();
     void toggleNight();
     void storeState();

@@ -13,7 +13,8 @@ DirectToSheet::DirectToSheet(QWidget* parent, CKorvelDoc& document, const PlaceC
     : Sheet(parent, toQString(TextId::DirectToTitle),
             QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
-      place_(document.navigator().database(), document.cockpitData().position) {
+      place_(document.navigator().database(), document.cockpitData().position,
+             document.settings().icaoPrefix) {
     buttons().button(QDialogButtonBox::Ok)->setText(toQString(TextId::DirectToTitle));
     course_.setPlaceholderText(toQString(TextId::CourseHint));
     altitude_.setPlaceholderText(toQString(TextId::AltitudeHint));

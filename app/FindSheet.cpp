@@ -10,7 +10,7 @@ namespace korvel {
 FindSheet::FindSheet(QWidget* parent, CKorvelDoc& document, std::optional<GeoPoint> near)
     : Sheet(parent, toQString(TextId::FindTitle), QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
-      place_(document.navigator().database(), near) {
+      place_(document.navigator().database(), near, document.settings().icaoPrefix) {
     buttons().button(QDialogButtonBox::Ok)->setText(toQString(TextId::FindButton));
     addTallRow(place_);
     addNote(message_);

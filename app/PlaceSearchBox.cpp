@@ -33,8 +33,9 @@ QString lineOf(const PlaceMatch& match) {
 
 }  // namespace
 
-PlaceSearchBox::PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoint> near)
-    : database_(database), near_(near) {
+PlaceSearchBox::PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoint> near,
+                               std::string prefix)
+    : database_(database), near_(near), prefix_(std::move(prefix)) {
     column_.setContentsMargins(0, 0, 0, 0);
     column_.addWidget(&edit_);
     column_.addWidget(&list_);
@@ -64,6 +65,9 @@ void PlaceSearchBox::showMatches() {
     const std::string typed = edit_.text().trimmed().toUpper().toStdString();
     matches_ = typed.empty() ? std::vector<PlaceMatch>()
                              : placeMatches(database_, typed, near_, kMostMatches);
+    if (!typed.empty() && !prefix_.empty())
+        matches_ = withPrefixed(std::move(matches_), placeMatches(database_, "a." + prefix_ + typed,
+                                                                  near_, kMostMatches));
     list_.clear();
     for (const PlaceMatch& match : matches_) {
         auto* item = new QListWidgetItem(lineOf(match), &list_);  // the list owns it

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include <QLineEdit>
@@ -20,8 +21,9 @@ class NavDatabase;
 /// Down choose among them.
 class PlaceSearchBox final : public QWidget {
  public:
-    /// The database must outlive the box; `near` is where the aircraft is.
-    PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoint> near);
+    /// The database must outlive the box; `near` is where the aircraft is. Airports that begin
+    /// with `prefix` and what is typed are offered as well, behind the others.
+    PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoint> near, std::string prefix);
 
     /// What to look up: the chosen match, else what was typed, in capitals.
     [[nodiscard]] PlaceChoice choice() const;
@@ -41,6 +43,7 @@ class PlaceSearchBox final : public QWidget {
 
     const NavDatabase& database_;
     std::optional<GeoPoint> near_;
+    std::string prefix_;
     std::optional<GeoPoint> where_;  // of what stands in the line and was not typed
     std::vector<PlaceMatch> matches_;
     QVBoxLayout column_{this};

@@ -142,6 +142,11 @@ enum class TextId : int {
     MarksNone = 61614,
     MarkOpen = 61615,
     MarkReallyRemove = 61616,
+    CommandRotateNavaids = 61617,
+    NavaidsShown = 61618,  ///< %s: set
+    NavaidsNotRotated = 61619,
+    HintFields = 61620,
+    HintFullScreen = 61621,
 
     CommandSimulator = 61700,
     CommandSimulate = 61701,

@@ -1,5 +1,7 @@
 #include "display/PlaceClass.h"
 
+#include <algorithm>
+
 #include "config/Settings.h"
 #include "navdb/DatabaseRecord.h"
 #include "navdb/DatabaseTables.h"
@@ -78,6 +80,21 @@ PlaceLayerBit layerOf(PlaceClass placeClass) {
                                                  : PlaceLayerBit::Fixes;
 }
 
+bool holds(NavaidSet set, const Place& navaid) {
+    switch (set) {
+        case NavaidSet::Low:
+            return true;
+        case NavaidSet::High:
+            return (navaid.flags & kUsageHigh) != 0;
+        case NavaidSet::Term:
+            return (navaid.flags & kUsageTerminal) != 0;
+        case NavaidSet::Vrp:
+            return (navaid.flags & kUsageVisual) != 0;
+        default:
+            return false;
+    }
+}
+
 }  // namespace
 
 PlaceClass classOf(const Place& place) {
@@ -107,7 +124,25 @@ MapPlaceOptions MapPlaceOptions::from(const Settings& settings) {
     options.privateAirports = settings.displayPrivateAirports != 0;
     options.classMask = static_cast<unsigned>(settings.viewMask);
     options.layerMask = static_cast<unsigned>(settings.mapMask);
+    if (settings.rotateNavaids)
+        std::ranges::transform(settings.rotateModes, options.navaidSets.begin(),
+                               [](int mode) { return static_cast<NavaidSet>(mode); });
     return options;
+}
+
+NavaidSet nextNavaidSet(NavaidSet set, const Settings& settings) {
+    switch (set) {
+        case NavaidSet::Low:
+            return settings.highNavaids ? NavaidSet::High : NavaidSet::Term;
+        case NavaidSet::High:
+            return NavaidSet::Term;
+        case NavaidSet::Term:
+            return settings.vrpNavaids ? NavaidSet::Vrp : NavaidSet::Off;
+        case NavaidSet::Vrp:
+            return NavaidSet::Off;
+        default:
+            return NavaidSet::Low;
+    }
 }
 
 bool isShown(const Place& place, PlaceClass placeClass, int rangeNm,
@@ -120,6 +155,9 @@ bool isShown(const Place& place, PlaceClass placeClass, int rangeNm,
         return false;
     if (isAirport(placeClass))
         return options.privateAirports || (place.flags & kAirportPrivate) == 0;
+    const auto isIn = [&](NavaidSet set) { return holds(set, place); };
+    if (std::ranges::none_of(options.navaidSets, isIn))
+        return false;
     if (placeClass == PlaceClass::VisualPoint)
         return options.visualPoints;
     // Fixes and NDBs of high altitude alone go with the VORs.

@@ -67,6 +67,18 @@ enum class PlaceLayerBit : unsigned {
     VisualPoints = 7,
 };
 
+/// What of the navaids and fixes the map shows, as the setting "RotateMask" counts it.
+enum class NavaidSet : std::uint8_t {
+    Low,   ///< all that are enabled, as a low flight wants them
+    High,  ///< only those of high altitude
+    Term,  ///< only terminal ones
+    Vrp,   ///< only visual reporting points
+    Off,
+};
+
+/// The set behind this one; those that the settings do not enable are left out.
+NavaidSet nextNavaidSet(NavaidSet set, const Settings& settings);
+
 /// What the pilot's settings say about places.
 struct MapPlaceOptions {
     bool icons = false;        ///< filled symbols instead of outlines
@@ -75,6 +87,8 @@ struct MapPlaceOptions {
     bool privateAirports = false;
     unsigned classMask = 11;         ///< "ViewMask": bit 0 airports, bit 1 navaids, bit 3 fixes
     unsigned layerMask = 0x7FE07FE;  ///< "MapMask2"
+    /// The sets of navaids and fixes of which a place must be in one; see NavaidSet.
+    std::array<NavaidSet, 3> navaidSets{NavaidSet::Low, NavaidSet::Off, NavaidSet::Off};
 
     static MapPlaceOptions from(const Settings& settings);
 

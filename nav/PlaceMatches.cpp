@@ -98,4 +98,18 @@ std::vector<PlaceMatch> placeMatches(const NavDatabase& database, std::string_vi
     return matches;
 }
 
+std::vector<PlaceMatch> withPrefixed(std::vector<PlaceMatch> matches,
+                                     const std::vector<PlaceMatch>& prefixed) {
+    constexpr std::size_t kMost = 4;
+    std::size_t added = 0;
+    for (const PlaceMatch& each : prefixed) {
+        if (added < kMost &&
+            std::ranges::find(matches, each.key, &PlaceMatch::key) == matches.end()) {
+            matches.push_back(each);
+            ++added;
+        }
+    }
+    return matches;
+}
+
 }  // namespace korvel

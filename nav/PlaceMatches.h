@@ -33,4 +33,9 @@ struct PlaceMatch {
 std::vector<PlaceMatch> placeMatches(const NavDatabase& database, std::string_view typed,
                                      std::optional<GeoPoint> near, std::size_t limit);
 
+/// Some of `prefixed` that are not there already take places behind `matches`: never in front of
+/// what was typed, and four of them at most.
+std::vector<PlaceMatch> withPrefixed(std::vector<PlaceMatch> matches,
+                                     const std::vector<PlaceMatch>& prefixed);
+
 }  // namespace korvel

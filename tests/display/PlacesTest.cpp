@@ -7,6 +7,7 @@
 
 #include "Cockpit.h"
 #include "TempFolder.h"
+#include "config/Settings.h"
 #include "display/AirportPicture.h"
 #include "display/ColorScheme.h"
 #include "display/LabelSpace.h"
@@ -115,6 +116,38 @@ TEST(PlaceClass, SaysWhatShowsHowFarOut) {
         EXPECT_EQ(reach(place, everything), each.toNmWithEverything) << each.kind;
         EXPECT_EQ(reach(place, {.classMask = 0}), 0) << each.kind;
     }
+}
+
+TEST(PlaceClass, NavaidsRotateThroughTheSetsThatAreEnabled) {
+    Settings settings;
+    settings.highNavaids = settings.vrpNavaids = true;
+    const auto shown = [&settings](KindMask kind, std::uint32_t flags) {
+        Place place;
+        place.kind = kind;
+        place.flags = flags;
+        return isShown(place, classOf(place), 4, MapPlaceOptions::from(settings));
+    };
+    const auto all = [&] {
+        std::string list;
+        for (const auto& [flags, letter] : {std::pair{kUsageLow, 'l'}, {kUsageHigh, 'h'}, {kUsageBoth, 'b'},
+                 {kUsageTerminal, 't'}, {kUsageVisual, 'v'}})
+            if (shown(kFixKind, flags)) list += letter;
+        EXPECT_TRUE(shown(kAirportKind, kAirportHardSurface) && shown(kFixKind, kUsageMarked));
+        return list;
+    };
+    NavaidSet set = NavaidSet::Low;
+    for (const char* expected : {"lhbtv", "hb", "t", "v", "", "lhbtv"}) {
+        settings.rotateModes = {static_cast<int>(set), 4, 4};
+        EXPECT_EQ(all(), expected);
+        set = nextNavaidSet(set, settings);
+    }
+    settings.rotateModes = {4, 3, 2};  // two sets at once
+    EXPECT_EQ(all(), "tv");
+    settings.rotateNavaids = false;
+    EXPECT_EQ(all(), "lhbtv");
+    settings.highNavaids = settings.vrpNavaids = false;
+    EXPECT_EQ(nextNavaidSet(NavaidSet::Low, settings), NavaidSet::Term);
+    EXPECT_EQ(nextNavaidSet(NavaidSet::Term, settings), NavaidSet::Off);
 }
 
 MapPlace placeAt(std::string_view ident, Point at, double rank, const MapProjection& projection) {

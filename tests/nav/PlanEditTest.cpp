@@ -113,6 +113,14 @@ TEST_F(PlanEditTest, WordsAreCompleted) {
     const auto first = placeMatches(database_, "lo", degrees(10, 9), 1);
     ASSERT_EQ(first.size(), 1U);
     EXPECT_EQ(first[0].name, "LONE name");
+    // With a prefix: behind what was typed, and nothing twice.
+    place("a.KSEA", 1, 1);
+    place("v.SEA", 1, 1);
+    const auto sea = placeMatches(database_, "SEA", std::nullopt, 9);
+    const auto both = withPrefixed(sea, placeMatches(database_, "a.KSEA", std::nullopt, 9));
+    ASSERT_EQ(both.size(), 2U);
+    EXPECT_EQ(both[0].key + both[1].key, "v.SEAa.KSEA");
+    EXPECT_EQ(withPrefixed(both, both), both);
     EXPECT_NEAR(first[0].distanceNm.value_or(0), 59.1, 0.1);
 }
 
