@@ -4,7 +4,9 @@
 #include <filesystem>
 
 #include <QApplication>
+#include <QGuiApplication>
 #include <QPixmap>
+#include <QSocketNotifier>
 #include <QTimer>
 
 #include "app/DemoFlight.h"
@@ -129,7 +131,28 @@ void CKorvelApp::takeSnapshot() {
     QApplication::exit();
 }
 
+/// However the system ends the program, it remembers what it would at a close of its window.
+void CKorvelApp::listenForTheEnd() {
+    if (endRequest_.descriptor() >= 0) {
+        auto* notifier = new QSocketNotifier(endRequest_.descriptor(), QSocketNotifier::Read,
+                                             &frame_);  // the frame owns it
+        QObject::connect(notifier, &QSocketNotifier::activated, &frame_, [this, notifier] {
+            notifier->setEnabled(false);
+            // A picture's window has no place worth remembering.
+            if (line_.snapshotFile.empty())
+                frame_.storeState();
+            QApplication::exit();
+        });
+    }
+    const auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    QObject::connect(application, &QGuiApplication::commitDataRequest, &frame_, [this] {
+        frame_.storeState();
+        profile_.save();
+    });
+}
+
 std::string CKorvelApp::run() {
+    listenForTheEnd();
     QApplication::exec();
     return runError_;
 }

@@ -13,6 +13,7 @@
 #include "config/DataFileSearch.h"
 #include "config/ProfileFile.h"
 #include "display/ColorScheme.h"
+#include "platform/EndRequest.h"
 #include "platform/RegistryProfile.h"
 #include "platform/SystemClock.h"
 
@@ -35,8 +36,10 @@ class CKorvelApp {
     std::string startReplay();
     std::string applyView();
     void takeSnapshot();
+    void listenForTheEnd();
 
     CommandLine line_;
+    EndRequest endRequest_;
     SystemClock clock_;
     std::unique_ptr<RegistryProfile> registry_;
     ProfileFile profile_;

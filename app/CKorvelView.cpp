@@ -104,6 +104,8 @@ void CKorvelView::tick() {
         say(message);
     takeNews();
     actByItself();
+    if (onLive)
+        onLive(data_.position && !data_.simulated);
     announceWaypoint();
 }
 

@@ -103,6 +103,9 @@ class CKorvelView final : public QWidget {
     /// A navigation field was tapped, counted as in field().
     std::function<void(std::size_t field)> onField;
 
+    /// Called at each tick: whether the position shown is live.
+    std::function<void(bool live)> onLive;
+
     /// Called once, after the first painting.
     std::function<void()> onFirstPaint;
     /// Called when a tap in full screen hides the touch bar or brings it back.

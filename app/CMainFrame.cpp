@@ -56,6 +56,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
     setCentralWidget(&view_);
     setAcceptDrops(true);
     view_.onTouch = [this](TouchCommand command) { runTouch(command); };
+    view_.onLive = [this](bool live) { screenKeeper_.keep(live && isVisible()); };
     view_.onPlanRow = [this](std::size_t row) { navigate_.openPlanRow(row); };
     view_.onField = [this](std::size_t field) { chooseField(field); };
     view_.onPlaces = [this](const std::vector<MapPlace>& found) { places_.identify(found); };

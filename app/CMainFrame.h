@@ -14,6 +14,7 @@
 #include "app/NavigateCommands.h"
 #include "app/OptionCommands.h"
 #include "app/PlaceCommands.h"
+#include "app/ScreenKeeper.h"
 #include "app/Sheet.h"
 #include "config/StringTable.h"
 
@@ -53,6 +54,9 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     /// Tells the first time what is connected and loaded, and what to do next.
     void welcome();
 
+    /// Keeps the window's place, page and range in the profile, as a close does.
+    void storeState();
+
     /// Takes another scheme into use, menus included, for this run.
     void showScheme(const std::string& name);
 
@@ -85,7 +89,6 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     void rotateNavaids();
     void toggleFullScreen();
     void toggleNight();
-    void storeState();
 
     FrameParts parts_;
     CKorvelView view_;
@@ -94,6 +97,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     PlaceCommands places_;
     DatabaseCommands databases_;
     OptionCommands options_;
+    ScreenKeeper screenKeeper_;
     bool mayClose_ = false;  // the plan is safe
     QActionGroup schemes_;
     std::string shownScheme_;
