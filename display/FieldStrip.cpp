@@ -11,12 +11,13 @@ namespace korvel {
 namespace {
 
 constexpr double kBorder = 1;
-constexpr double kPadding = 6;           // beside the value
-constexpr double kUnitShare = 0.46;      // of the value's type size
-constexpr double kUnitGap = 0.12;        // of the value's type size
-constexpr double kNarrowCell = 160;      // along a row
-constexpr double kLowCell = 80;          // in a column
-constexpr double kTallestCell = 150;     // in a column, where there is more room than use
+constexpr double kPadding = 6;        // beside the value
+constexpr double kUnitShare = 0.46;   // of the value's type size
+constexpr double kUnitGap = 0.12;     // of the value's type size
+constexpr double kNarrowCell = 160;   // along a row
+constexpr double kLowCell = 80;       // in a column
+constexpr double kTallestCell = 150;  // in a column, where there is more room than use
+constexpr double kLargestType = 400;
 constexpr double kCapShare = 0.62;       // of the height below the header that capitals fill
 constexpr double kCapShareOfLine = 0.3;  // the same for each of two lines
 constexpr std::string_view kWidestUnit = "mph";
@@ -54,8 +55,8 @@ CellParts partsOf(const Rect& cell) {
 
 // The type sizes of a strip: one for all values of one line, one for those of two.
 struct ValueSizes {
-    double oneLine = kTallestCell;
-    double twoLines = kTallestCell;
+    double oneLine = kLargestType;
+    double twoLines = kLargestType;
 };
 
 // The largest type in which the widest text of every field fits its cell.
@@ -91,6 +92,12 @@ std::vector<Rect> rowCells(const Canvas& canvas, std::span<const NavFieldId> fie
         left = right;
     }
     return cells;
+}
+
+// In a wide column the cells grow with their type.
+double tallestCell(double width) {
+    constexpr double kTallestShare = 0.8;
+    return std::max(kTallestCell, kTallestShare * width);
 }
 
 // Left and top borders belong to the strip, right and bottom ones to the cells.
@@ -204,7 +211,7 @@ std::vector<Rect> FieldStrip::cells(const Canvas& canvas, FieldArrangement arran
     const std::size_t rows = (fields.size() + perRow - 1) / perRow;
     double height = area.height / static_cast<double>(rows);
     if (arrangement == FieldArrangement::Column)
-        height = std::min(height, kTallestCell);
+        height = std::min(height, tallestCell(area.width / 2));
     std::vector<Rect> all;
     for (std::size_t row = 0; row < rows; ++row) {
         const double top = std::round(static_cast<double>(row) * height);

@@ -94,9 +94,12 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
                          .measureLook = std::move(measureLook),
                          .planMarks = planMarks,
                          .ringLabels = ringLabels};
-    for (const MapLayer& layer : mapLayers())
+    for (const MapLayer& layer : mapLayers()) {
+        if (layer.paint == paintFurniture && scene.overMap)
+            scene.overMap();
         if (rangeNm >= layer.fromRangeNm && rangeNm <= layer.toRangeNm)
             layer.paint(frame, canvas);
+    }
 }
 
 }  // namespace korvel

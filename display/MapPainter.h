@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -47,6 +48,8 @@ struct MapScene {
     const PlaceSet* places = nullptr;      ///< from the databases; null for none
     const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
     const MeasureTool* measure = nullptr;  ///< the ruler; null for none
+    /// Drawn over the map and under its boxes; none for nothing.
+    std::function<void()> overMap{};
     /// What will be drawn over the map and labels keep out of.
     std::span<const Rect> covered = {};
 };

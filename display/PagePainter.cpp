@@ -49,8 +49,11 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
     // Around the aircraft, so not while the pilot looks elsewhere.
     const bool withHsi = page == PageId::MapHsi && data.position && !scene.lookAt;
     std::vector<Rect> covered;
-    if (withHsi)
+    std::function<void()> overMap;
+    if (withHsi) {
         covered = hsiLabelsOverMap(canvas, data, scene.viewport);
+        overMap = [&] { paintHsiOverMap(canvas, data, scene.viewport, colors_); };
+    }
     // Pages that are not drawn yet show the map: better than nothing in flight.
     paintMap(canvas,
              {.data = data,
@@ -61,10 +64,9 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
               .places = scene.places,
               .track = &track_,
               .measure = scene.measure,
+              .overMap = overMap,
               .covered = covered},
              colors_);
-    if (withHsi)
-        paintHsiOverMap(canvas, data, scene.viewport, colors_);
 }
 
 }  // namespace korvel

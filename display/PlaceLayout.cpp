@@ -148,6 +148,8 @@ class LayoutBuilder {
         const MapPlace& place = *mark.place;
         if (!isLabelled(place.placeClass, frame_.rangeNm, frame_.places->options))
             return false;
+        if (isNamedByPlan(mark))
+            return true;
         std::string text = labelOf(place, frame_.rangeNm);
         TextStyle style = styleOf(place.placeClass);
         const TextExtent extent = canvas_.measure(text, style.font);
@@ -162,6 +164,16 @@ class LayoutBuilder {
             return true;
         }
         return false;
+    }
+
+    // One name is enough where a waypoint of the plan stands on its place.
+    bool isNamedByPlan(const PlaceMark& mark) const {
+        constexpr double kSamePx = 2;
+        const std::string_view ident = mark.place->place.ident.view();
+        return std::ranges::any_of(frame_.planMarks, [&](const PlanMark& plan) {
+            return std::hypot(plan.at.x - mark.at.x, plan.at.y - mark.at.y) < kSamePx &&
+                   plan.label.substr(0, plan.label.find(' ')) == ident;
+        });
     }
 
     // Top left corners of the places where a label may stand, the best first. Identifiers have no

@@ -14,6 +14,7 @@ namespace {
 
 constexpr double kFaded = 0.5;
 constexpr double kActiveWidth = 5;
+constexpr double kCoreWidth = 1.5;  // of the background inside it
 constexpr double kAheadWidth = 2.5;
 constexpr double kPassedWidth = 2;
 constexpr double kRim = 2;  // of the background around the active leg
@@ -82,6 +83,8 @@ class PlanPainter {
     void wideLine(GeoPoint from, GeoPoint to) const {
         line(from, to, {background_, kActiveWidth + 2 * kRim, PenStyle::Solid});
         line(from, to, {active_, kActiveWidth, PenStyle::Solid});
+        // Hollow: a track of the same colour, as at night, is never mistaken for it.
+        line(from, to, {background_, kCoreWidth, PenStyle::Solid});
     }
 
     /// Towards the waypoint wide, beyond it thin and dashed.

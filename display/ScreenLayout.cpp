@@ -37,7 +37,7 @@ double rowHeight(const ScreenRequest& request) {
 void placeFields(const ScreenRequest& request, ScreenLayout& layout) {
     Rect& page = layout.page;
     if (layout.arrangement == FieldArrangement::Column) {
-        const double width = std::round(std::clamp(request.width * 0.2, 300.0, 480.0));
+        const double width = std::round(std::clamp(request.width * 0.24, 300.0, 680.0));
         layout.fields = {page.right() - width, page.y, width, page.height};
         page.width -= width;
         return;

@@ -268,18 +268,18 @@ TEST(PlanLayer, ActiveLegStandsOut) {
             }
         return found;
     };
-    EXPECT_EQ(pens(), "3p 3p 9- 5p ") << "two legs ahead, then the active one with its rim";
+    EXPECT_EQ(pens(), "3p 3p 9- 5p 2- ") << "two legs ahead, then the active one with its rim";
     auto later = planOf(4, 2);
     data.plan = later;
     data.legStart = later->rows[1].position;
     data.activeWaypoint = later->rows[2].position;
-    EXPECT_EQ(pens(), "2-d 3p 9- 5p ");
+    EXPECT_EQ(pens(), "2-d 3p 9- 5p 2- ");
     data.directLeg = true;
     data.legStart = data.position;
-    EXPECT_EQ(pens(), "2-d 3p 3p 9- 5p ");
+    EXPECT_EQ(pens(), "2-d 3p 3p 9- 5p 2- ");
     data.obsCourseMagDeg = 90;
     data.desiredTrackTrueDeg = 90;
-    EXPECT_EQ(pens(), "2-d 3p 3p 3pd 9- 5p ");
+    EXPECT_EQ(pens(), "2-d 3p 3p 3pd 9- 5p 2- ");
 }
 
 }}  // namespace korvel
