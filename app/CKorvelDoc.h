@@ -66,6 +66,11 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     /// Grows whenever something in cockpitData() has changed.
     std::uint64_t revision() const { return revision_; }
 
+    /// Whether the receiver's port is searched for.
+    bool searchesPort() const { return monitor_.scanning(); }
+    /// The port that the receiver is heard on, or listened for at present, and its speed.
+    std::string portLabel() const { return monitor_.portLabel(settings_.viaGyro == 0); }
+
     const Settings& settings() const { return settings_; }
     /// Puts changed settings in force and into the profile, which reaches its file at exit. A port
     /// among them counts as chosen by the pilot from now on.

@@ -1,5 +1,7 @@
 #include "app/ConnectedText.h"
 
+#include <algorithm>
+#include <array>
 #include <string_view>
 
 #include "app/CKorvelDoc.h"
@@ -12,11 +14,52 @@ namespace {
 
 void addLine(std::string& words, std::string_view line) { words.append(line).append("\n"); }
 
-std::string receiverState(const CKorvelDoc& document) {
+/// What the pilot can do about a state of the connection.
+struct Advice {
+    std::string_view state;
+    TextId text;
+};
+constexpr std::array<Advice, 8> kAdvice = {{
+    {"Invalid Port", TextId::AdviceNoPort},
+    {"Port already open!", TextId::AdvicePortTaken},
+    {"Used or Non-existent Port!", TextId::AdvicePortTaken},
+    {"Port Being Used", TextId::AdvicePortTaken},
+    {"No Gps Rcvr Activity", TextId::AdviceSilent},
+    {"Waiting for NMEA Data", TextId::AdviceNoNmea},
+    {"Waiting for NMEA gprmc or gpvtg", TextId::AdviceSentences},
+    {"Waiting for NMEA gpgga", TextId::AdviceSentences},
+}};
+
+std::string_view adviceOn(std::string_view state) {
+    const auto* const found = std::ranges::find(kAdvice, state, &Advice::state);
+    return text(found == kAdvice.end() ? TextId::AdviceSky : found->text);
+}
+
+void addReceiver(std::string& words, const CKorvelDoc& document) {
     const CockpitData& data = document.cockpitData();
     if (data.simulated)
-        return std::string(text(TextId::ConnectedSimulator));
-    return data.status.empty() ? formatText(TextId::ConnectedFix, {data.satsInUse}) : data.status;
+        return addLine(words, text(TextId::ConnectedSimulator));
+    if (data.status.empty())
+        return addLine(words, document.portLabel() + ": " +
+                                  formatText(TextId::ConnectedFix, {data.satsInUse}));
+    // The label of a port that could not be opened stands in the status: the search is past it.
+    const std::size_t end = data.status.find('\n');
+    const bool labelled = end != std::string::npos;
+    const std::string label = labelled ? data.status.substr(0, end) : document.portLabel();
+    const std::string state = labelled ? data.status.substr(end + 1) : data.status;
+    if (document.searchesPort())
+        addLine(words, text(TextId::ConnectedPortSearched));
+    addLine(words, label.empty() ? state : label + ": " + state);
+    addLine(words, adviceOn(state));
+}
+
+std::string attitudeModule(const Settings& settings) {
+    if (settings.viaGyro == 0)
+        return std::string(text(TextId::ConnectedNoModule));
+    if (settings.portGyro.empty())
+        return std::string(text(TextId::ConnectedModuleNoPort));
+    const std::string label = settings.portGyro + " " + settings.baudGyro;
+    return formatText(TextId::ConnectedModule, {std::string_view(label)});
 }
 
 std::string expiryText(std::uint32_t yyyymmdd) {
@@ -53,10 +96,10 @@ std::string connectedText(const CKorvelDoc& document,
                           std::span<const std::filesystem::path> folders) {
     std::string words;
     addLine(words, text(TextId::ConnectedReceiver));
-    addLine(words, receiverState(document));
-    const std::string& port = document.settings().port;
-    addLine(words, port.empty() ? std::string(text(TextId::ConnectedPortSearched))
-                                : formatText(TextId::ConnectedPort, {std::string_view(port)}));
+    addReceiver(words, document);
+    addLine(words, "");
+    addLine(words, text(TextId::ConnectedAttitude));
+    addLine(words, attitudeModule(document.settings()));
     addLine(words, "");
     addDatabases(words, document, folders);
     return words;

@@ -272,8 +272,7 @@ constexpr std::array kTexts = {
         "program starts:"},
     Row{TextId::ConnectedReport, "What was loaded and refused stands in:"},
     Row{TextId::ConnectedExpiry, "valid until %s"},
-    Row{TextId::ConnectedPort, "Port: %s"},
-    Row{TextId::ConnectedPortSearched, "Port: searched for"},
+    Row{TextId::ConnectedPortSearched, "No receiver is chosen: COM1 to COM9 are searched in turn"},
     Row{TextId::ConnectedUndated, "undated"},
     Row{TextId::PortTrace, "NMEA &trace..."},
     Row{TextId::TraceTitle, "NMEA trace"},
@@ -311,6 +310,21 @@ constexpr std::array kTexts = {
     Row{TextId::NextPort, "Choose the receiver's port..."},
     Row{TextId::NextSimulator, "Fly the simulator"},
     Row{TextId::NextPlan, "Open a flight plan..."},
+    Row{TextId::ConnectedAttitude, "ATTITUDE"},
+    Row{TextId::ConnectedNoModule, "No module is read: pitch and bank are derived from the flight"},
+    Row{TextId::ConnectedModule, "%s: the receiver speaks through the module"},
+    Row{TextId::ConnectedModuleNoPort,
+        "The receiver speaks through the module, but the module's port is not set (Preferences)"},
+    Row{TextId::AdviceNoPort, "This computer has no such port: is the receiver plugged in?"},
+    Row{TextId::AdvicePortTaken,
+        "Another program uses this port, or this user may not open it "
+        "(on Linux: join the group dialout)"},
+    Row{TextId::AdviceSilent, "The port is open and silent: is the receiver switched on?"},
+    Row{TextId::AdviceNoNmea,
+        "Something is heard, but not NMEA 0183: check the speed and the receiver's output"},
+    Row{TextId::AdviceSentences,
+        "The receiver must send RMC or VTG, and GGA: switch them on in its settings"},
+    Row{TextId::AdviceSky, "The receiver is heard but has no position: does it see the sky?"},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

@@ -255,7 +255,6 @@ enum class TextId : int {
     ConnectedFoldersHelp = 61804,
     ConnectedReport = 61805,
     ConnectedExpiry = 61806,
-    ConnectedPort = 61807,
     ConnectedPortSearched = 61808,
     ConnectedUndated = 61809,
     PortTrace = 61810,
@@ -286,6 +285,16 @@ enum class TextId : int {
     NextPort = 61835,
     NextSimulator = 61836,
     NextPlan = 61837,
+    ConnectedAttitude = 61838,
+    ConnectedNoModule = 61839,
+    ConnectedModule = 61840,  ///< %s: port and speed
+    ConnectedModuleNoPort = 61841,
+    AdviceNoPort = 61842,
+    AdvicePortTaken = 61843,
+    AdviceSilent = 61844,
+    AdviceNoNmea = 61845,
+    AdviceSentences = 61846,
+    AdviceSky = 61847,
 };
 
 /// The text of that number.

@@ -4,6 +4,7 @@
 
 #include "TempFolder.h"
 #include "app/CKorvelDoc.h"
+#include "app/ConnectedText.h"
 #include "gps/FakePorts.h"
 #include "gps/GpsFixture.h"
 #include "nav/Geodesy.h"
@@ -158,6 +159,29 @@ TEST_F(CKorvelDocTest, OnlyAPortThatAScanFoundIsLookedForAgain) {
         EXPECT_EQ(ports_.attempts().back(), scanned ? "COM1:" : "COM3:");
         EXPECT_EQ(ports_.attempts().size(), earlier + (scanned ? 2 : 1));
     }
+}
+
+TEST_F(CKorvelDocTest, TellsWhatToDoAboutEachStateOfTheReceiver) {
+    const auto says = [&](std::string_view words) {
+        const std::string told = connectedText(*doc_, {});
+        EXPECT_NE(told.find(words), std::string::npos) << words << "\nnot in\n" << told;
+    };
+    ports_.refuse("COM1:", kErrorAccessDenied);
+    ports_.refuse("COM2:", kErrorFileNotFound);
+    start("");
+    doc_->tick();
+    says("COM1 to COM9 are searched");
+    says("COM1 9600: Port already open!\nAnother program uses this port");
+    doc_->tick();
+    says("COM2 9600: Invalid Port\nThis computer has no such port");
+    doc_->tick();
+    says("COM3 9600: No Gps Rcvr Activity\nThe port is open and silent");
+    say({rmc(kHere)});
+    says("COM3 9600: Waiting for NMEA gpgga\nThe receiver must send");
+    say({gga(kHere, 0)});
+    says("COM3 9600: Locating Satellites\nThe receiver is heard but has no position");
+    say({rmc(kHere), gga(kHere)});
+    says("COM3 9600: A fix, 4 satellites in use\n\nATTITUDE\nNo module");
 }
 
 }}  // namespace korvel
