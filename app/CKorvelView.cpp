@@ -16,6 +16,7 @@
 #include "app/PageCycle.h"
 #include "app/QtCanvas.h"
 #include "config/ProfileFile.h"
+#include "display/AlarmBoxes.h"
 #include "display/MapLook.h"
 #include "display/MeasureLayer.h"
 #include "display/PlaceHit.h"
@@ -493,8 +494,30 @@ void CKorvelView::setField(std::size_t place, NavFieldId field) {
     layOut();
 }
 
+void CKorvelView::acknowledgeAlarm(std::size_t place) {
+    if (document_.navigator().alarms().acknowledge(place))
+        refresh();
+}
+
+/// `at` counts from the page's corner.
+bool CKorvelView::tapAlarm(Point at) {
+    if (data_.alarms.empty())
+        return false;
+    QPixmap scratch(1, 1);
+    QPainter painter(&scratch);
+    const QtCanvas canvas(painter, labels_, layout_.page);
+    const AlarmBoxes boxes(canvas, data_.alarms, mapTextPx(layout_.page.width, layout_.page.height),
+                           isMapPage());
+    const auto alarm = boxes.alarmAt(at);
+    if (alarm)
+        acknowledgeAlarm(*alarm);
+    return alarm.has_value();
+}
+
 /// False when nothing lies there. `at` counts from the page's corner.
 bool CKorvelView::tapPage(Point at) {
+    if (tapAlarm(at))
+        return true;
     if (page_ == PageId::FlightPlan) {
         const FlightPlanRows rows = planRows();
         const auto row = rows.rowAt(at, firstShownRow(data_, planView_, rows));

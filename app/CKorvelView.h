@@ -90,6 +90,8 @@ class CKorvelView final : public QWidget {
     void say(const std::string& message);
     /// The same for a hint: once for every profile, and only while hints are wanted.
     void hint(TextId hint);
+    /// The pilot has seen the alarm that is shown at this place, 0 being the most urgent one.
+    void acknowledgeAlarm(std::size_t place = 0);
 
     /// A button of the touch bar that the view does not serve itself.
     std::function<void(TouchCommand)> onTouch;
@@ -142,6 +144,7 @@ class CKorvelView final : public QWidget {
     void scroll(Point from, Point to);
     void tap(Point at);
     bool tapPage(Point at);
+    bool tapAlarm(Point at);
     void tapFields(Point at);
     bool tapMap(Point at);
     bool isOnMap(Point at) const;

@@ -25,6 +25,8 @@ void NavigateCommands::addTo(QMenu& menu) {
     suspended_ =
         &host_.addCommand(menu, TextId::CommandSuspend, {QKeySequence(Qt::CTRL | Qt::Key_U)},
                           [this] { suspend(suspended_->isChecked()); });
+    host_.addCommand(menu, TextId::CommandAcknowledge, {Qt::Key_Backspace},
+                     [this] { host_.view().acknowledgeAlarm(); });
     for (QAction* action : {tracking_.data(), suspended_.data()})
         action->setCheckable(true);
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { updateChecks(); });

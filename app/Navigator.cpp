@@ -70,6 +70,7 @@ Navigator::Navigator(const Clock& clock, const std::filesystem::path& folder)
                    .simulator = simulator_,
                    .track = track_,
                    .log = log_}) {
+    addFlightAlarms(alarms_, situation_);
     updateDatabaseNotice();
 }
 
@@ -201,8 +202,42 @@ void Navigator::tick(const Settings& settings, const Variation& variation,
         }
         navigation_.NavUpdate(received);
         verticalSpeed_.add(clock_.tickMs(), navigation_.present().altitudeFt);
+        watchFlight(settings);
     }
     lookUpNearAirports(settings, variation);
+}
+
+/// The plan's last waypoint, once it is the active one.
+std::optional<PlanWaypoint> Navigator::destination() {
+    const auto plan = plan_.plan().lock();
+    if (!plan->has_value() || navigation_.directLeg()) {
+        return std::nullopt;
+    }
+    const std::size_t count = (*plan)->entries().size();
+    return (*plan)->currentIndex() == count - 1 ? std::optional((*plan)->entries().back())
+                                                : std::nullopt;
+}
+
+void Navigator::watchFlight(const Settings& settings) {
+    const ActiveNavigation::Aircraft& present = navigation_.present();
+    if (!IsValid(present.position)) {
+        return;
+    }
+    situation_ = {.crossTrackNm = known(navigation_.state().crossTrackNm, kNoDistanceNm),
+                  .groundSpeedKt = present.groundSpeedKt,
+                  .altitudeFt = present.altitudeFt,
+                  .gearWarning = settings.gearWarning,
+                  .approachSpeedKt = settings.approachSpeedKt};
+    if (const auto last = destination(); last && last->record) {
+        const auto* airport = dynamic_cast<const AirportRecord*>(last->record.get());
+        situation_.destination = {.name = std::string(last->record->ident.view()),
+                                  .distanceNm = DistanceNm(present.position, last->position()),
+                                  .airport = airport != nullptr};
+        if (airport != nullptr && airport->elevationFt != kNoElevationFt) {
+            situation_.destination->elevationFt = airport->elevationFt;
+        }
+    }
+    alarms_.update(clock_.tickMs());
 }
 
 void Navigator::refresh(const Variation& variation) {
@@ -253,6 +288,7 @@ void Navigator::collect(CockpitData& data, const Variation& variation) const {
     if (!data.position) {
         return;
     }
+    data.alarms = alarms_.shown();
     data.nearAirports = nearAirports_;
     data.variationDeg = variation.inForceDeg();
     data.verticalSpeedFpm = verticalSpeed_.feetPerMinute();

@@ -14,6 +14,8 @@
 #include "app/ShiftedClock.h"
 #include "display/CockpitData.h"
 #include "nav/ActiveNavigation.h"
+#include "nav/AlarmBoard.h"
+#include "nav/FlightAlarms.h"
 #include "nav/FlightLog.h"
 #include "nav/Simulator.h"
 #include "nav/TrackRecorder.h"
@@ -67,6 +69,8 @@ class Navigator {
     ActiveNavigation& navigation() { return navigation_; }
     const ActiveNavigation& navigation() const { return navigation_; }
     TrackRecorder& track() { return track_; }
+    /// Other sources of alarms may join.
+    AlarmBoard& alarms() { return alarms_; }
 
     /// At the settings' position, else where the plan begins, else at a default field.
     SimulatorStart simulatorStart(const Settings& settings) const;
@@ -100,6 +104,8 @@ class Navigator {
     void lookUpVariation();
     void lookUpNearAirports(const Settings& settings, const Variation& variation);
     void updateDatabaseNotice();
+    void watchFlight(const Settings& settings);
+    std::optional<PlanWaypoint> destination();
     std::string placeHere() const;
     void collectSimulated(CockpitData& data, const Variation& variation) const;
     void collectLeg(CockpitData& data, const Variation& variation) const;
@@ -117,6 +123,8 @@ class Navigator {
     ActiveNavigation navigation_;
     VerticalSpeed verticalSpeed_;
     int timeFactor_ = 1;
+    FlightSituation situation_;
+    AlarmBoard alarms_;
 
     /// What the plan view was made from.
     struct PlanViewSource {

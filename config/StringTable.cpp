@@ -325,6 +325,10 @@ constexpr std::array kTexts = {
     Row{TextId::AdviceSentences,
         "The receiver must send RMC or VTG, and GGA: switch them on in its settings"},
     Row{TextId::AdviceSky, "The receiver is heard but has no position: does it see the sky?"},
+    Row{TextId::AlarmGear, "CHECK GEAR"},
+    Row{TextId::AlarmOffCourse, "OFF COURSE"},
+    Row{TextId::AlarmArriving, "Arriving at %s"},
+    Row{TextId::CommandAcknowledge, "Ac&knowledge Alarm"},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

@@ -295,6 +295,10 @@ enum class TextId : int {
     AdviceNoNmea = 61845,
     AdviceSentences = 61846,
     AdviceSky = 61847,
+    AlarmGear = 61900,
+    AlarmOffCourse = 61901,
+    AlarmArriving = 61902,  ///< %s: waypoint
+    CommandAcknowledge = 61903,
 };
 
 /// The text of that number.

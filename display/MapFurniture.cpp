@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "config/StringTable.h"
+#include "display/AlarmBoxes.h"
 #include "display/GeoText.h"
 #include "display/LabelSpace.h"
 #include "display/MapLook.h"
@@ -104,6 +105,7 @@ std::vector<Rect> MapFurniture::areas() const {
     std::vector<Rect> all{northArrow, range.area, scale.area};
     for (const InfoBox& note : notes)
         all.push_back(note.area);
+    all.insert(all.end(), alarms.begin(), alarms.end());
     for (const std::optional<InfoBox>& box : {message, alarm})
         if (box)
             all.push_back(box->area);
@@ -128,6 +130,7 @@ MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
         result.notes.push_back(boxes.at(left, top, std::move(note)));
         top -= boxes.height() + std::round(margin / 2);
     }
+    result.alarms = AlarmBoxes(canvas, data.alarms, textPx, true).areas;
     if (!data.message.empty())
         result.message = layOutMessage(canvas, data.message, boxes, result.areas());
     if (!data.position && data.lastPosition)

@@ -32,6 +32,7 @@ struct MapFurniture {
     std::vector<InfoBox> notes;      ///< bottom right, the first one lowest: charts, source, status
     std::optional<InfoBox> message;  ///< passing, at the lower edge
     std::optional<InfoBox> alarm;    ///< position lost, top middle
+    std::vector<Rect> alarms;        ///< all others, painted above everything else
 
     /// All boxes.
     std::vector<Rect> areas() const;

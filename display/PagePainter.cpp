@@ -1,10 +1,13 @@
 #include "display/PagePainter.h"
 
+#include <string>
 #include <vector>
 
+#include "display/AlarmBoxes.h"
 #include "display/EfisPage.h"
 #include "display/HsiPage.h"
 #include "display/MapColorCache.h"
+#include "display/MapLook.h"
 #include "display/MapPainter.h"
 #include "display/SatellitePage.h"
 #include "display/StatusScreen.h"
@@ -18,6 +21,16 @@ bool PagePainter::isMap(PageId page) {
 }
 
 void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) const {
+    paintPage(canvas, page, scene);
+    const std::vector<std::string>& alarms = scene.data.alarms;
+    if (alarms.empty())
+        return;
+    const double textPx = mapTextPx(canvas.width(), canvas.height());
+    const AlarmBoxes boxes(canvas, alarms, textPx, isMap(page));
+    paintAlarms(canvas, alarms, boxes, colors_, textPx);
+}
+
+void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene) const {
     const CockpitData& data = scene.data;
     if (page == PageId::Satellite) {
         paintSatellitePage(canvas, data, colors_);

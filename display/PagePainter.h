@@ -38,7 +38,7 @@ class PagePainter {
     explicit PagePainter(const MapColorCache& colors) : colors_(colors) {}
 
     /// Fills the whole canvas with the page. Pages that need a position show the connection's
-    /// status while there is none.
+    /// status while there is none. Alarms stand above all.
     void paint(Canvas& canvas, PageId page, const PageScene& scene) const;
 
     /// The page turns with the aircraft; otherwise north is up.
@@ -47,6 +47,8 @@ class PagePainter {
     static bool isMap(PageId page);
 
  private:
+    void paintPage(Canvas& canvas, PageId page, const PageScene& scene) const;
+
     const MapColorCache& colors_;
     mutable TrackLevels track_;  ///< a cache of CockpitData::track
 };

@@ -5,6 +5,7 @@
 
 #include "Cockpit.h"
 #include "display/AircraftLayer.h"
+#include "display/AlarmBoxes.h"
 #include "display/ColorScheme.h"
 #include "display/LabelSpace.h"
 #include "display/MapColorCache.h"
@@ -178,6 +179,31 @@ TEST(MapFurniture, NothingStandsOnAnythingElseOrOnTheAircraft) {
                 for (std::size_t j = 0; j < i; ++j)
                     EXPECT_FALSE(overlap(areas[i], areas[j])) << width << "x" << height << ": " << i << " and " << j;
             }
+        }
+}
+
+TEST(MapFurniture, AlarmsStandOnNothingElseAndAFingerFindsThem) {
+    CockpitData data = flying();
+    data.alarms = {"CHECK GEAR", "Arriving at WWWWWWWWWWW", "OFF COURSE", "one more"};
+    data.message = "Auto-zoom/view disabled for 30 secs.";
+    const std::pair<int, int> sizes[] = {{640, 300}, {800, 370}, {1280, 660}, {480, 570}};
+    for (const auto& [width, height] : sizes)
+        for (const PageId id : {PageId::Map, PageId::NorthUp}) {
+            RecordingCanvas canvas(width, height);
+            MapViewport viewport;
+            viewport.layout(id, width, height);
+            const double textPx = mapTextPx(width, height);
+            const MapProjection projection = viewport.projection(*data.position, 0);
+            const MapFurniture furniture = layOutFurniture(canvas, data, projection, 1000, textPx);
+            const AlarmBoxes boxes(canvas, data.alarms, textPx, true);
+            ASSERT_EQ(furniture.alarms.size(), kMostAlarmBoxes);
+            EXPECT_EQ(boxes.alarmAt(furniture.alarms[1].center()), 1U);
+            EXPECT_EQ(boxes.alarmAt(projection.aircraft()), std::nullopt);
+            std::vector<Rect> areas = furniture.areas();
+            areas.push_back(aircraftArea(projection.aircraft(), textPx));
+            for (std::size_t i = 0; i < areas.size(); ++i)
+                for (std::size_t j = 0; j < i; ++j)
+                    EXPECT_FALSE(overlap(areas[i], areas[j])) << width << "x" << height << ": " << i << " and " << j;
         }
 }
 
