@@ -51,7 +51,7 @@ CKorvelApp::CKorvelApp(const CommandLine& line)
       dataFiles_({documentsFolder(), programFolder()}),
       scheme_(profile_, dataFiles_),
       document_({profile_, clock_, systemSerialDeviceOpener(profileFolder(line) / "ports"),
-                 profileFolder(line)}),
+                 profileFolder(line), pluginFolder()}),
       frame_({document_, profile_, scheme_, dataFiles_, labels_}) {}
 
 std::string CKorvelApp::start() {

@@ -34,6 +34,7 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
     : profile_(foundations.profile),
       clock_(foundations.clock),
       settings_(loadSettings(foundations.profile)),
+      attitudeModule_(foundations.pluginFolder),
       input_(foundations.clock, *this),
       gpsPort_(foundations.openDevice, foundations.clock),
       gyroPort_(foundations.openDevice, foundations.clock),

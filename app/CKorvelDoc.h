@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/AttitudeModule.h"
 #include "app/Navigator.h"
 #include "app/UserFixes.h"
 #include "config/ProfileFile.h"
@@ -34,6 +35,8 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
         SerialDeviceOpener openDevice;
         /// For the load report, the flight log and the journals; empty: nothing of them is kept.
         std::filesystem::path folder{};
+        /// Where plug-ins are; empty: none is loaded.
+        std::filesystem::path pluginFolder{};
     };
 
     /// Reads all settings. The port is opened by the first tick.
@@ -82,6 +85,8 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     /// To be called at each tick while the satellites are looked at.
     void wantSatellites() { input_.satellitesForDisplay(); }
 
+    AttitudeModule& attitudeModule() { return attitudeModule_; }
+
     void setTracing(bool on) { input_.store().setTracing(on); }
     std::vector<std::string> takeTrace() { return input_.store().takeTrace(); }
 
@@ -96,6 +101,9 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     bool ignoreReceiverVariation() const override { return settings_.ignoreMagVar != 0; }
     std::string portSettings() const override { return gpsPort_.settings(); }
     void writeToPort(std::string_view bytes) override { gpsPort_.write(bytes); }
+    void passToAttitudePlugin(std::string_view sentence) override {
+        attitudeModule_.processMessage(sentence);
+    }
 
     void openGyroPort();
     /// Goes back to scanning when a port that an earlier scan found stays silent.
@@ -111,6 +119,7 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     ProfileFile& profile_;
     const Clock& clock_;
     Settings settings_;
+    AttitudeModule attitudeModule_;  // before the ports, whose threads call it
     GpsInput input_;
     SerialPort gpsPort_;
     SerialPort gyroPort_;

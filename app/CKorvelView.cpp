@@ -27,6 +27,7 @@ namespace {
 constexpr std::string_view kPageKey = "Page";
 constexpr std::string_view kHintsKey = "HintsShown";
 constexpr int kMessageTicks = 5000 / CKorvelView::kTickMs;
+constexpr int kAttitudeMs = 50;  // an attitude that lags is of no use
 /// A finger that moves less than this has tapped.
 constexpr double kTapPixels = 12;
 constexpr double kMmPerInch = 25.4;
@@ -83,6 +84,8 @@ void CKorvelView::storeState() {
 }
 
 void CKorvelView::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == attitudeTimer_.timerId())
+        return update();
     if (event->timerId() != timer_.timerId())
         return QWidget::timerEvent(event);
     timer_.stop();
@@ -104,10 +107,22 @@ void CKorvelView::tick() {
     if (const std::string message = viewport_.tick(); !message.empty() && !panned_)
         say(message);
     takeNews();
+    followAttitude();
     actByItself();
     if (onLive)
         onLive(data_.position && !data_.simulated);
     announceWaypoint();
+}
+
+void CKorvelView::followAttitude() {
+    AttitudeModule& module = document_.attitudeModule();
+    const bool follow =
+        page_ == PageId::Attitude && module.isLoaded() && document_.settings().gyroConnected != 0;
+    module.setListening(follow);
+    if (!follow)
+        attitudeTimer_.stop();
+    else if (!attitudeTimer_.isActive())
+        attitudeTimer_.start(kAttitudeMs, this);
 }
 
 /// Automatic view and zoom, which leave what the pilot looks at alone.
@@ -202,6 +217,13 @@ std::vector<TouchButton> CKorvelView::touchButtons() const {
     return buttons;
 }
 
+AttitudeView CKorvelView::attitudeView() {
+    if (page_ != PageId::Attitude)
+        return {};
+    return attitude_.draw(document_.attitudeModule(), static_cast<int>(layout_.page.width),
+                          static_cast<int>(layout_.page.height), colors_);
+}
+
 void CKorvelView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const CockpitData shown = dataToShow();
@@ -216,7 +238,8 @@ void CKorvelView::paintEvent(QPaintEvent* /*event*/) {
                             .places = &places_.set(),
                             .measure = &ruler_,
                             .nearest = nearestView_,
-                            .plan = planView_});
+                            .plan = planView_,
+                            .attitude = attitudeView()});
     }
     {
         QtCanvas canvas(painter, labels_, layout_.fields);
@@ -295,6 +318,7 @@ void CKorvelView::showPage(PageId page) {
     planView_ = {};
     nearestView_ = {};
     layOut();
+    followAttitude();
     refresh();
 }
 

@@ -9,6 +9,7 @@
 #include <QBasicTimer>
 #include <QWidget>
 
+#include "app/AttitudePicture.h"
 #include "app/LabelCache.h"
 #include "app/MapAngle.h"
 #include "app/ZoomGesture.h"
@@ -84,6 +85,9 @@ class CKorvelView final : public QWidget {
 
     /// One step of the program; the timer calls it.
     void tick();
+    /// Lets the attitude module's sentences through while its page is shown, and paints it often.
+    void followAttitude();
+    AttitudeView attitudeView();
     /// Shows what a command has changed without waiting for the next tick.
     void refresh();
     /// What the map says for five seconds.
@@ -193,6 +197,8 @@ class CKorvelView final : public QWidget {
     std::string message_;
     int messageTicks_ = 0;  // until the message goes
     QBasicTimer timer_;
+    AttitudePicture attitude_;
+    QBasicTimer attitudeTimer_;
     ZoomGesture wheel_;
     ZoomGesture pinch_;
     std::optional<Drag> drag_;

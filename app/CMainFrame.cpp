@@ -174,7 +174,7 @@ void CMainFrame::runTouch(TouchCommand command) {
         case TouchCommand::Nearest:
             return view_.showPage(PageId::NearestAirport);
         case TouchCommand::Plan:
-            return view_.showPage(PageId::FlightPlan);
+            return navigate_.showPlan();
         default:
             return;
     }

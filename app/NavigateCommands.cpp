@@ -34,8 +34,7 @@ void NavigateCommands::addTo(QMenu& menu) {
 }
 
 void NavigateCommands::addPlanCommands(QMenu& menu) {
-    host_.addCommand(menu, TextId::CommandShowPlan, {Qt::Key_F},
-                     [this] { host_.view().showPage(PageId::FlightPlan); });
+    host_.addCommand(menu, TextId::CommandShowPlan, {Qt::Key_F}, [this] { showPlan(); });
     host_.addCommand(menu, TextId::CommandRoute, {QKeySequence(Qt::SHIFT | Qt::Key_F)},
                      [this] { editRoute(); });
     host_.addCommand(menu, TextId::CommandActivate, {QKeySequence(Qt::CTRL | Qt::Key_A)},
@@ -50,6 +49,12 @@ void NavigateCommands::addPlanCommands(QMenu& menu) {
         if (!navigator().plan().redo())
             host_.view().say(std::string(text(TextId::NothingToUndo)));
     });
+}
+
+void NavigateCommands::showPlan() {
+    if (host_.view().page() == PageId::FlightPlan)
+        return editRoute();
+    host_.view().showPage(PageId::FlightPlan);
 }
 
 void NavigateCommands::updateChecks() {

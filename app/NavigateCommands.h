@@ -26,6 +26,8 @@ class NavigateCommands {
     void addTo(QMenu& menu);
 
     void directTo(const PlaceChoice& place = {});
+    /// Shows the plan's page, and on that page the line to change it with.
+    void showPlan();
     void editRoute();
     /// What can be done with a row of the plan.
     void openPlanRow(std::size_t row);

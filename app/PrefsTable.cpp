@@ -127,6 +127,7 @@ constexpr std::array kRows = {
     shown(TextId::PageFlightPlan, PageId::FlightPlan),
     shown(TextId::PageNearest, PageId::NearestAirport),
     shown(TextId::PageSatellite, PageId::Satellite),
+    shown(TextId::PageAttitude, PageId::Attitude),
 };
 static_assert(std::ranges::is_sorted(kRows, {}, &PrefRow::page));
 

@@ -268,8 +268,7 @@ constexpr std::array kTexts = {
     Row{TextId::ConnectedDatabases, "DATABASES: %d"},
     Row{TextId::ConnectedFolders, "YOUR OWN FILES"},
     Row{TextId::ConnectedFoldersHelp,
-        "Databases (*.ng2) are looked for in these folders, in this order, when the "
-        "program starts:"},
+        "Databases (*.ng2) are looked for in these folders, in this order:"},
     Row{TextId::ConnectedReport, "What was loaded and refused stands in:"},
     Row{TextId::ConnectedExpiry, "valid until %s"},
     Row{TextId::ConnectedPortSearched, "No receiver is chosen: COM1 to COM9 are searched in turn"},
@@ -329,6 +328,11 @@ constexpr std::array kTexts = {
     Row{TextId::AlarmOffCourse, "OFF COURSE"},
     Row{TextId::AlarmArriving, "Arriving at %s"},
     Row{TextId::CommandAcknowledge, "Ac&knowledge Alarm"},
+    Row{TextId::PluginLacksFunctions, "%s does not draw attitudes: it lacks a function"},
+    Row{TextId::NoAttitudePlugin,
+        "No attitude module\nThe library of a module goes into the folder\n%s\nThe page EFIS shows "
+        "what the receiver lets on of the attitude."},
+    Row{TextId::PageAttitude, "Attitude"},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

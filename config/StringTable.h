@@ -299,6 +299,9 @@ enum class TextId : int {
     AlarmOffCourse = 61901,
     AlarmArriving = 61902,  ///< %s: waypoint
     CommandAcknowledge = 61903,
+    PluginLacksFunctions = 61910,  ///< %s: file
+    NoAttitudePlugin = 61911,      ///< %s: folder
+    PageAttitude = 61912,
 };
 
 /// The text of that number.

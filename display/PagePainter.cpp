@@ -36,6 +36,10 @@ void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
         paintSatellitePage(canvas, data, colors_);
         return;
     }
+    if (page == PageId::Attitude) {
+        paintAttitudePage(canvas, scene.attitude, colors_);
+        return;
+    }
     if (page == PageId::FlightPlan) {
         paintFlightPlanPage(canvas, data, scene.plan, colors_);
         return;

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "display/AttitudePage.h"
 #include "display/Canvas.h"
 #include "display/CockpitData.h"
 #include "display/FlightPlanPage.h"
@@ -29,6 +30,7 @@ struct PageScene {
     const MeasureTool* measure = nullptr;  ///< the map's ruler; null for none
     NearestView nearest{};                 ///< where the pilot is in the list of airports
     FlightPlanView plan{};                 ///< where the pilot is in the list of the plan
+    AttitudeView attitude{};               ///< for the page "Attitude"
 };
 
 /// Paints the display pages. To add one, write its painter and name it in PagePainter.cpp.

@@ -59,12 +59,9 @@ double fittingSize(const Canvas& canvas, const std::vector<Line>& lines) {
     return std::floor(size);
 }
 
-}  // namespace
-
-void paintStatusScreen(Canvas& canvas, const CockpitData& data, const MapColorCache& colors) {
+void paintLines(Canvas& canvas, const std::vector<Line>& lines, const MapColorCache& colors) {
     canvas.rect({0, 0, canvas.width(), canvas.height()}, Brush{colors[ColorKey::MapBackground]},
                 std::nullopt);
-    const std::vector<Line> lines = linesFor(data);
     const double size = fittingSize(canvas, lines);
     double total = 0;
     for (const Line& line : lines)
@@ -80,6 +77,20 @@ void paintStatusScreen(Canvas& canvas, const CockpitData& data, const MapColorCa
                          .alignY = AlignY::Middle});
         top += font.height * kLineStep;
     }
+}
+
+}  // namespace
+
+void paintStatusScreen(Canvas& canvas, const CockpitData& data, const MapColorCache& colors) {
+    paintLines(canvas, linesFor(data), colors);
+}
+
+void paintNotice(Canvas& canvas, std::string_view words, const MapColorCache& colors) {
+    std::vector<Line> lines;
+    appendLines(words, true, lines);
+    for (std::size_t i = 1; i < lines.size(); ++i)
+        lines[i].large = false;
+    paintLines(canvas, lines, colors);
 }
 
 }  // namespace korvel

@@ -12,4 +12,7 @@ class MapColorCache;
 /// whole canvas.
 void paintStatusScreen(Canvas& canvas, const CockpitData& data, const MapColorCache& colors);
 
+/// Lines separated by "\n" in the same manner, the first one large.
+void paintNotice(Canvas& canvas, std::string_view words, const MapColorCache& colors);
+
 }  // namespace korvel

@@ -36,6 +36,8 @@ bool matches(std::string_view name, std::string_view pattern) {
 
 }  // namespace
 
+std::filesystem::path pluginFolder() { return executableFolder() / "plugins"; }
+
 std::vector<std::filesystem::path> dataFolders() {
     return {documentsFolder(), executableFolder() / "data"};
 }

@@ -20,6 +20,9 @@ std::filesystem::path documentsFolder();
 /// Where the databases are: the user's documents folder first, then what the program brings.
 std::vector<std::filesystem::path> dataFolders();
 
+/// Where the program's plug-ins are: beside the executable.
+std::filesystem::path pluginFolder();
+
 /// Full paths of the regular files in `folder` whose names match `pattern` ("*" stands for any run
 /// of characters, letters compare without regard to ASCII case), in ascending byte order of their
 /// names. Empty when the folder cannot be read.
