@@ -1,3 +1,6 @@
+#include <cstdint>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "Cockpit.h"
@@ -25,8 +28,9 @@ struct PaintedPage {
         const MapColorCache colors(scheme);
         MapViewport viewport;
         viewport.layout(page, width, height);
-        PagePainter(colors).paint(canvas, page, {.data = data, .viewport = viewport});
+        PagePainter(colors).paint(canvas, page, {.data = data, .viewport = viewport, .attitude = attitude});
     }
+    AttitudeView attitude{.picture = {}, .alive = false, .notice = "No attitude module\nput one here"};
 };
 
 std::string textsOf(PageId page, const CockpitData& data) { return PaintedPage(page, data).canvas.texts(); }
@@ -119,6 +123,19 @@ TEST(SatellitePage, SaysWhyItIsEmpty) {
     data.fixQuality = 1;
     data.satsInUse = 1;
     EXPECT_EQ(fixText(data), "2D fix, 1 satellite");
+}
+
+TEST(AttitudePage, CrossesAStalePictureOut) {
+    const ColorScheme scheme;
+    const MapColorCache colors(scheme);
+    const std::vector<std::uint32_t> pixels(800 * 370, 0xFF000000);
+    for (const bool alive : {true, false}) {
+        RecordingCanvas canvas(800, 370);
+        paintAttitudePage(
+            canvas, {.picture = {.width = 800, .height = 370, .pixels = pixels}, .alive = alive, .notice = {}}, colors);
+        EXPECT_EQ(canvas.elements().front().kind, RecordingCanvas::Kind::Bitmap);
+        EXPECT_EQ(canvas.findText("NO ATTITUDE") == nullptr, alive);
+    }
 }
 
 TEST(PagePainter, EveryPageShowsSomethingInFlight) {
