@@ -15,7 +15,8 @@ struct Row {
 };
 
 // In ascending order of the numbers.
-constexpr std::array kTexts = {
+// Not deduced: a compiler may refuse to deduce an array of more than 256 elements.
+constexpr auto kTexts = std::to_array<Row>({
     Row{TextId::AutoZoomDisabled, "Auto-zoom/view disabled for %d secs."},
     Row{TextId::AutoZoomEnabled, "Auto-zoom/view enabled"},
     Row{TextId::NoGpsSignal, "No gps signal!"},
@@ -333,7 +334,7 @@ constexpr std::array kTexts = {
         "No attitude module\nThe library of a module goes into the folder\n%s\nThe page EFIS shows "
         "what the receiver lets on of the attitude."},
     Row{TextId::PageAttitude, "Attitude"},
-};
+});
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 
 std::string argumentText(const TextArgument& argument) {
