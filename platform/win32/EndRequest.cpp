@@ -2,7 +2,7 @@
 
 namespace korvel {
 
-// The end of a session reaches the window.
+// A log-off or a shutdown reaches the window.
 
 EndRequest::EndRequest() = default;
 
