@@ -203,7 +203,7 @@ int NavdbQueryVerb::find(const Invocation& call) const {
         return call.fail(key_ + " navaid not found!");
     }
     const auto record = loaded.withDetails(*found);
-    return call.done(recordJson(*record), recordLine(*record) + "\n");
+    return call.done(recordJson(*record), recordLine(*record) + "\n" + recordDetails(*record));
 }
 
 int NavdbQueryVerb::nearest(const Invocation& call) const {

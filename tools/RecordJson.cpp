@@ -104,4 +104,24 @@ std::string recordLine(const DatabaseRecord& record) {
     return record.expired ? line + "  (out of date)" : line;
 }
 
+std::string recordDetails(const DatabaseRecord& record) {
+    std::string lines;
+    const auto* airport = dynamic_cast<const AirportRecord*>(&record);
+    if (airport == nullptr) {
+        return lines;
+    }
+    for (const RunwayRecord& runway : airport->runways) {
+        lines += "  " + runway.ends[0].id + "/" + runway.ends[1].id;
+        if (runway.lengthFt) {
+            lines += "  " + formatInt(*runway.lengthFt) + " ft";
+        }
+        lines += "  " + runway.surface + "\n";
+    }
+    constexpr int kMhzDecimals = 3;
+    for (const CommFreqRecord& comm : airport->comms) {
+        lines += "  " + comm.type + "  " + formatFixed(comm.freqMhz, kMhzDecimals) + "\n";
+    }
+    return lines;
+}
+
 }  // namespace korvel

@@ -16,4 +16,7 @@ Json recordJson(const DatabaseRecord& record);
 /// The same in a line for people, without its end.
 std::string recordLine(const DatabaseRecord& record);
 
+/// An airport's runways and frequencies, a line each; empty for other places.
+std::string recordDetails(const DatabaseRecord& record);
+
 }  // namespace korvel
