@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <optional>
+#include <string_view>
 
 #include "nav/Geodesy.h"
 #include "nav/TextNumbers.h"
@@ -111,7 +112,11 @@ std::string recordDetails(const DatabaseRecord& record) {
         return lines;
     }
     for (const RunwayRecord& runway : airport->runways) {
-        lines += "  " + runway.ends[0].id + "/" + runway.ends[1].id;
+        std::string_view between = "  ";
+        for (const RunwayEnd& end : runway.ends) {  // a helipad has one
+            lines.append(between).append(end.id);
+            between = "/";
+        }
         if (runway.lengthFt) {
             lines += "  " + formatInt(*runway.lengthFt) + " ft";
         }
