@@ -8,9 +8,9 @@
 #include "app/QtCanvas.h"
 #include "app/QtText.h"
 #include "display/AirportPicture.h"
+#include "display/AirportText.h"
 #include "display/GeoText.h"
 #include "nav/Geodesy.h"
-#include "nav/TextNumbers.h"
 
 namespace korvel {
 namespace {
@@ -38,24 +38,6 @@ class RunwayPicture final : public QWidget {
     std::shared_ptr<const AirportRecord> airport_;
 };
 
-std::string lineOf(const RunwayRecord& runway) {
-    std::string line;
-    for (const RunwayEnd& end : runway.ends)
-        line.append(line.empty() ? "" : "/").append(end.id);
-    if (runway.lengthFt) {
-        line += "   " + formatInt(*runway.lengthFt);
-        if (runway.widthFt)
-            line += " x " + formatInt(*runway.widthFt);
-        line += " ft";
-    }
-    if (!runway.surface.empty())
-        line += "   " + runway.surface;
-    for (const RunwayEnd& end : runway.ends)
-        if (end.pattern == 'R')
-            line += "   " + formatText(TextId::RightPattern, {std::string_view(end.id)});
-    return line + '\n';
-}
-
 }  // namespace
 
 std::string airportText(const CKorvelDoc& document, const AirportRecord& airport) {
@@ -70,9 +52,9 @@ std::string airportText(const CKorvelDoc& document, const AirportRecord& airport
                                                      std::string_view(variation < 0 ? "W" : "E")}) +
                  '\n';
     for (const CommFreqRecord& comm : airport.comms)
-        lines += comm.type + "   " + QString::number(comm.freqMhz, 'f', 3).toStdString() + '\n';
+        lines += commText(comm) + '\n';
     for (const RunwayRecord& runway : airport.runways)
-        lines += lineOf(runway);
+        lines += runwayText(runway) + '\n';
     return airport.info.empty() ? lines : lines + airport.info + '\n';
 }
 

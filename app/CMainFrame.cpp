@@ -1,7 +1,5 @@
 #include "app/CMainFrame.h"
 
-#include <array>
-
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDropEvent>
@@ -19,6 +17,7 @@
 #include "app/FieldSheet.h"
 #include "app/HelpSheet.h"
 #include "app/PageCycle.h"
+#include "app/PrefsTable.h"
 #include "app/QtText.h"
 #include "app/SchemePalette.h"
 #include "app/TextSheet.h"
@@ -217,9 +216,8 @@ void CMainFrame::rotateNavaids() {
         nextNavaidSet(static_cast<NavaidSet>(settings.rotateModes.front()), settings);
     settings.rotateModes.front() = static_cast<int>(next);
     parts_.document.applySettings(settings);
-    constexpr std::array kNames = {TextId::NavaidsLow, TextId::NavaidsHigh, TextId::NavaidsTerm,
-                                   TextId::NavaidsVrp, TextId::NavaidsOff};
-    view_.say(formatText(TextId::NavaidsShown, {text(kNames.at(static_cast<std::size_t>(next)))}));
+    const TextId name = kNavaidSetNames.at(static_cast<std::size_t>(next));
+    view_.say(formatText(TextId::NavaidsShown, {text(name)}));
 }
 
 void CMainFrame::toggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }

@@ -90,7 +90,7 @@ void CPrefsSheet::addEditor(QWidget& page, const PrefRow& row, const SettingValu
 std::string CPrefsSheet::read(const Editor& editor, SettingValue& value) {
     if (editor.line != nullptr)
         return editor.row.read(editor.line->text().trimmed().toStdString(), value);
-    value = editor.box == nullptr ? editor.list->currentIndex() : int{editor.box->isChecked()};
+    value = editor.box == nullptr ? editor.list->currentIndex() : (editor.box->isChecked() ? 1 : 0);
     return {};
 }
 

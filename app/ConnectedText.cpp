@@ -6,6 +6,7 @@
 
 #include "app/CKorvelDoc.h"
 #include "config/StringTable.h"
+#include "gps/ConnectionTexts.h"
 #include "nav/TextNumbers.h"
 #include "navdb/DatabaseFile.h"
 
@@ -20,14 +21,14 @@ struct Advice {
     TextId text;
 };
 constexpr std::array<Advice, 8> kAdvice = {{
-    {"Invalid Port", TextId::AdviceNoPort},
-    {"Port already open!", TextId::AdvicePortTaken},
-    {"Used or Non-existent Port!", TextId::AdvicePortTaken},
-    {"Port Being Used", TextId::AdvicePortTaken},
-    {"No Gps Rcvr Activity", TextId::AdviceSilent},
-    {"Waiting for NMEA Data", TextId::AdviceNoNmea},
-    {"Waiting for NMEA gprmc or gpvtg", TextId::AdviceSentences},
-    {"Waiting for NMEA gpgga", TextId::AdviceSentences},
+    {kInvalidPortText, TextId::AdviceNoPort},
+    {kPortOpenText, TextId::AdvicePortTaken},
+    {kPortMissingText, TextId::AdvicePortTaken},
+    {kPortUsedText, TextId::AdvicePortTaken},
+    {kNoActivityText, TextId::AdviceSilent},
+    {kWaitingForNmeaText, TextId::AdviceNoNmea},
+    {kWaitingForCourseText, TextId::AdviceSentences},
+    {kWaitingForAltitudeText, TextId::AdviceSentences},
 }};
 
 std::string_view adviceOn(std::string_view state) {

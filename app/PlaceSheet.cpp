@@ -13,8 +13,7 @@ namespace {
 
 /// Where it is, and where that is from the aircraft.
 std::string positionText(const CockpitData& data, GeoPoint place) {
-    std::string lines = latitudeText(place.lat / kDegToRad, 2) + "  " +
-                        longitudeText(place.lon / kDegToRad, 2) + '\n';
+    std::string lines = coordinatesText(place) + '\n';
     if (!data.position)
         return lines;
     const double bearing = TrueCourseDeg(*data.position, place) - data.variationDeg.value_or(0);
@@ -38,7 +37,8 @@ std::string placeText(const CKorvelDoc& document, const DatabaseRecord& record) 
 }
 
 PlaceSheet::PlaceSheet(QWidget* parent, CKorvelDoc& document,
-                       std::shared_ptr<const DatabaseRecord> record, const std::string& words)
+                       const std::shared_ptr<const DatabaseRecord>& record,
+                       const std::string& words)
     : Sheet(parent, toQString(record->ident.view()), QDialogButtonBox::Close) {
     auto* page = new QWidget;  // the scroll area takes it
     content_ = new QHBoxLayout(page);

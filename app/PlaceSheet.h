@@ -25,8 +25,8 @@ std::string placeText(const CKorvelDoc& document, const DatabaseRecord& record);
 class PlaceSheet : public Sheet {
  public:
     /// The document outlives the sheet; `words` is what it says of the place.
-    PlaceSheet(QWidget* parent, CKorvelDoc& document, std::shared_ptr<const DatabaseRecord> record,
-               const std::string& words);
+    PlaceSheet(QWidget* parent, CKorvelDoc& document,
+               const std::shared_ptr<const DatabaseRecord>& record, const std::string& words);
 
     std::function<void(const PlaceChoice& place)> onDirectTo;
     std::function<void(GeoPoint)> onShow;

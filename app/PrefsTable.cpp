@@ -14,8 +14,6 @@ using enum PrefsPage;
 
 constexpr std::array kAltitudeUnits = {TextId::UnitFeet, TextId::UnitMetres};
 constexpr std::array kSpeedUnits = {TextId::UnitKnots, TextId::UnitMph, TextId::UnitKmh};
-constexpr std::array kNavaidSets = {TextId::NavaidsLow, TextId::NavaidsHigh, TextId::NavaidsTerm,
-                                    TextId::NavaidsVrp, TextId::NavaidsOff};
 constexpr std::array kTerrainModes = {TextId::TerrainAbsolute, TextId::TerrainRelative};
 constexpr unsigned kLabelsAbove = 16;  // where a layer's labels have their bit
 constexpr int kHighestAltitude = 60000;
@@ -43,7 +41,7 @@ constexpr PrefRow words(PrefsPage page, std::string_view key, TextId label, int 
 }
 constexpr PrefRow mode(TextId label, unsigned number) {
     constexpr unsigned kBits = 8;
-    PrefRow row = choice(Map, "RotateMask", label, kNavaidSets);
+    PrefRow row = choice(Map, "RotateMask", label, kNavaidSetNames);
     row.shift = kBits * number;
     row.bits = kBits;
     return row;
@@ -145,7 +143,7 @@ TextId prefsPageName(PrefsPage page) {
 }
 
 SettingValue PrefRow::valueIn(const Settings& settings) const {
-    const SettingValue stored = infoOf(key).valueIn(settings);
+    SettingValue stored = infoOf(key).valueIn(settings);
     const int* number = std::get_if<int>(&stored);
     if (number == nullptr || bits == 0)
         return stored;

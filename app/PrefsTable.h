@@ -53,6 +53,11 @@ struct PrefRow {
     [[nodiscard]] std::string read(std::string_view typed, SettingValue& value) const;
 };
 
+/// By the numbers of NavaidSet.
+inline constexpr std::array kNavaidSetNames = {TextId::NavaidsLow, TextId::NavaidsHigh,
+                                               TextId::NavaidsTerm, TextId::NavaidsVrp,
+                                               TextId::NavaidsOff};
+
 /// All rows, those of a page together in the order in which they show. What has a place of its own
 /// elsewhere is not among them: the port, the colour scheme, the simulator's start.
 std::span<const PrefRow> prefRows();

@@ -48,7 +48,7 @@ void Sheet::addHeader(const QString& title) {
     header_.setBackgroundRole(QPalette::Highlight);
     title_.setForegroundRole(QPalette::HighlightedText);
     header_.setAutoFillBackground(true);
-    auto row = std::make_unique<QHBoxLayout>(&header_);  // the header owns its layout
+    auto* row = new QHBoxLayout(&header_);  // the header owns its layout
     row->setContentsMargins(kMargin, 0, 0, 0);
     row->addWidget(&title_, 1);
     row->addWidget(&back_);
@@ -64,7 +64,6 @@ void Sheet::addHeader(const QString& title) {
     back_.setFixedSize(kRowPixels + kMargin, kRowPixels);
     connect(&back_, &QToolButton::clicked, this, &QDialog::reject);
     outer_.addWidget(&header_);
-    row.release();
 }
 
 void Sheet::addFoot() {

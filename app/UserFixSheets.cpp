@@ -10,13 +10,8 @@
 namespace korvel {
 namespace {
 
-std::string placeText(GeoPoint position) {
-    return latitudeText(position.lat * kRadToDeg, 2) + "  " +
-           longitudeText(position.lon * kRadToDeg, 2);
-}
-
 QString rowText(const UserFix& fix, const std::optional<GeoPoint>& here) {
-    std::string line = fix.name + "   " + placeText(fix.position);
+    std::string line = fix.name + "   " + coordinatesText(fix.position);
     if (here)
         line += "   " + distanceText(DistanceNm(*here, fix.position));
     return toQString(line);
@@ -28,7 +23,7 @@ MarkSheet::MarkSheet(QWidget* parent, CKorvelDoc& document, GeoPoint position)
     : Sheet(parent, toQString(TextId::MarkTitle), QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
       position_(position),
-      where_(toQString(placeText(position))),
+      where_(toQString(coordinatesText(position))),
       name_(toQString(document.userFixes().proposedName())) {
     buttons().button(QDialogButtonBox::Ok)->setText(toQString(TextId::MarkButton));
     message_.setObjectName(QStringLiteral("refusal"));

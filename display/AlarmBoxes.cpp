@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "display/Clip.h"
 #include "display/MapColorCache.h"
 #include "display/MapLook.h"
 
@@ -47,10 +48,7 @@ AlarmBoxes::AlarmBoxes(const Canvas& canvas, std::span<const std::string> alarms
 
 std::optional<std::size_t> AlarmBoxes::alarmAt(Point finger) const {
     for (std::size_t i = 0; i < areas.size(); ++i) {
-        const Rect& area = areas[i];
-        const Rect reach{area.x - kFingerPixels, area.y - kFingerPixels,
-                         area.width + 2 * kFingerPixels, area.height + 2 * kFingerPixels};
-        if (reach.contains(finger))
+        if (grown(areas[i], kFingerPixels).contains(finger))
             return i;
     }
     return std::nullopt;
@@ -65,9 +63,7 @@ void paintAlarms(Canvas& canvas, std::span<const std::string> alarms, const Alar
     for (std::size_t i = 0; i < boxes.areas.size(); ++i) {
         const Rect& area = boxes.areas[i];
         canvas.rect(area, Brush{danger}, std::nullopt);
-        canvas.rect(
-            {area.x + kFrame, area.y + kFrame, area.width - 2 * kFrame, area.height - 2 * kFrame},
-            Brush{ground}, std::nullopt);
+        canvas.rect(grown(area, -kFrame), Brush{ground}, std::nullopt);
         const double middle = area.center().y;
         const double left = area.x + font.height * 0.5;
         const std::array triangle{Point{left + size / 2, middle - size * 0.45},

@@ -73,4 +73,9 @@ std::string ageText(int seconds) {
     return formatInt(seconds / 3600) + " h " + zeroPadded(seconds / 60 % 60, 2) + " min";
 }
 
+std::string coordinatesText(GeoPoint position) {
+    return latitudeText(position.lat * kRadToDeg, 2) + "  " +
+           longitudeText(position.lon * kRadToDeg, 2);
+}
+
 }  // namespace korvel

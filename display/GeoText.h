@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <string>
 
+#include "nav/GeoPoint.h"
+
 namespace korvel {
 
 // Numbers as a pilot reads them, the same in every locale.
@@ -12,6 +14,8 @@ namespace korvel {
 std::string latitudeText(double degrees, int decimals);
 /// "E011°47.17'"; east positive, any turn of the globe.
 std::string longitudeText(double degrees, int decimals);
+/// Both with two decimals, two spaces between them.
+std::string coordinatesText(GeoPoint position);
 
 /// A distance in the unit in force with its label: "65 nm"; below a hundred with one decimal unless
 /// that is 0: "32.5 nm".

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <span>
 
 #include "display/Canvas.h"
@@ -36,6 +37,8 @@ struct MapFrame {
     std::optional<MeasureLook> measureLook{};
     std::span<const PlanMark> planMarks{};    ///< with the room that their labels have
     std::span<const RingLabel> ringLabels{};  ///< likewise
+    /// Paints the instrument that lies over the map on this page; empty for none.
+    const std::function<void()>& overMap;
 };
 
 }  // namespace korvel

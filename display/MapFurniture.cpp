@@ -19,10 +19,10 @@ constexpr double kScaleShareOfWidth = 0.2;  // the scale bar at its longest
 class BoxLayout {
  public:
     BoxLayout(const Canvas& canvas, const Font& font)
-        : canvas_(canvas), font_(font), margin_(std::round(font.height * 0.55)) {}
+        : canvas_(canvas), font_(font), margin_(boxMargin(font)) {}
 
     double margin() const { return margin_; }
-    double height() const { return std::round(font_.height * 1.5); }
+    double height() const { return boxHeight(font_); }
     double width(const std::string& text) const {
         return std::ceil(canvas_.measure(text, font_).width) + 2 * margin_;
     }

@@ -19,4 +19,8 @@ Font alarmFont(double textPx) {
     return {.height = std::round(textPx * 1.6), .weight = FontWeight::Bold};
 }
 
+double boxMargin(const Font& font) { return std::round(font.height * 0.55); }
+
+double boxHeight(const Font& font) { return std::round(font.height * 1.5); }
+
 }  // namespace korvel

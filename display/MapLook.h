@@ -15,4 +15,9 @@ double instrumentTextPx(double width, double height);
 Font infoFont(double textPx);   ///< boxes along the edges
 Font alarmFont(double textPx);  ///< what must be seen at once
 
+/// Around the words of a box and between boxes.
+double boxMargin(const Font& font);
+/// Of a box with one line of words.
+double boxHeight(const Font& font);
+
 }  // namespace korvel

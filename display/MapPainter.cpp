@@ -24,6 +24,11 @@ void paintBackground(const MapFrame& frame, Canvas& canvas) {
     canvas.rect(frame.view, Brush{frame.colors[ColorKey::MapBackground]}, std::nullopt);
 }
 
+void paintInstrument(const MapFrame& frame, Canvas& /*canvas*/) {
+    if (frame.overMap)
+        frame.overMap();
+}
+
 constexpr int kNearest = kRangeStepsNm.front();
 constexpr int kFarthest = kRangeStepsNm.back();
 
@@ -39,6 +44,7 @@ constexpr std::array kLayers{
     MapLayer{"plan", kNearest, kFarthest, paintPlan},
     MapLayer{"aircraft", kNearest, kFarthest, paintAircraft},
     MapLayer{"ruler", kNearest, kFarthest, paintMeasure},
+    MapLayer{"instrument", kNearest, kFarthest, paintInstrument},
     MapLayer{"furniture", kNearest, kFarthest, paintFurniture},
 };
 
@@ -93,10 +99,9 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
                          .measure = scene.measure,
                          .measureLook = std::move(measureLook),
                          .planMarks = planMarks,
-                         .ringLabels = ringLabels};
+                         .ringLabels = ringLabels,
+                         .overMap = scene.overMap};
     for (const MapLayer& layer : mapLayers()) {
-        if (layer.paint == paintFurniture && scene.overMap)
-            scene.overMap();
         if (rangeNm >= layer.fromRangeNm && rangeNm <= layer.toRangeNm)
             layer.paint(frame, canvas);
     }

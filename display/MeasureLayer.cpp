@@ -129,11 +129,11 @@ class MeasurePainter {
 }  // namespace
 
 Rect measureCloseBox(double viewWidth, double textPx) {
-    const double margin = std::round((textPx + 2) * 0.55);
+    const Font font = infoFont(textPx);
+    const double margin = boxMargin(font);
     const double size = std::max(kCloseFloorPx, std::round(textPx * 3.4));
     const double width = std::round(size * 1.35);
-    // The range's box is one and a half times its type high and stands above.
-    const double top = 2 * margin + std::round((textPx + 2) * 1.5);
+    const double top = 2 * margin + boxHeight(font);  // the range's box stands above
     return {viewWidth - margin - width, top, width, size};
 }
 
@@ -171,7 +171,7 @@ std::optional<MeasureLook> layOutMeasure(const Canvas& canvas, const MeasureTool
     double width = 0;
     for (const std::string& line : look.lines)
         width = std::max(width, canvas.measure(line, font).width);
-    const double margin = std::round(font.height * 0.55);
+    const double margin = boxMargin(font);
     look.label = placeLabel(*middle, std::ceil(width) + 2 * margin,
                             std::round(static_cast<double>(look.lines.size()) * font.height * 1.35),
                             view, margin, labels);

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "gps/ConnectionTexts.h"
 #include "nav/TextNumbers.h"
 
 namespace korvel {
@@ -78,16 +79,16 @@ std::string ConnectionMonitor::connectionStatus(bool open) {
     }
     const std::uint32_t flags = noteActivity(receiving);
     if ((flags & SentenceFlag::kBytesArrive) == 0) {
-        return waitingFor("No Gps Rcvr Activity");
+        return waitingFor(kNoActivityText);
     }
     if ((flags & SentenceFlag::kChecksumCorrect) == 0) {
-        return waitingFor("Waiting for NMEA Data");
+        return waitingFor(kWaitingForNmeaText);
     }
     if ((flags & SentenceFlag::kRmcOrVtg) == 0) {
-        return withLabel(portLabel(!choice_.viaGyro), "Waiting for NMEA gprmc or gpvtg");
+        return withLabel(portLabel(!choice_.viaGyro), kWaitingForCourseText);
     }
     if ((flags & SentenceFlag::kGga) == 0) {
-        return withLabel(portLabel(!choice_.viaGyro), "Waiting for NMEA gpgga");
+        return withLabel(portLabel(!choice_.viaGyro), kWaitingForAltitudeText);
     }
     return "Locating Satellites";
 }

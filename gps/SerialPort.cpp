@@ -6,6 +6,8 @@
 #include <system_error>
 #include <utility>
 
+#include "gps/ConnectionTexts.h"
+
 namespace korvel {
 namespace {
 
@@ -54,11 +56,11 @@ std::optional<std::uint32_t> matchSpeed(std::string_view text) {
 std::string openFailedText(SystemError error) {
     switch (error) {
         case kErrorFileNotFound:
-            return "Invalid Port";
+            return std::string(kInvalidPortText);
         case kErrorAccessDenied:
-            return "Port already open!";
+            return std::string(kPortOpenText);
         case kErrorDeviceDoesNotExist:
-            return "Used or Non-existent Port!";
+            return std::string(kPortMissingText);
         default:
             return "Port Open Failed=" + std::to_string(error);
     }
@@ -97,7 +99,7 @@ std::string SerialPort::open(std::string_view settings) {
     rxCount_ = 0;
     readFailed_ = false;
     if (isOpen()) {
-        return "Port already open!";
+        return std::string(kPortOpenText);
     }
     const std::size_t comma = settings.find(',');
     const std::string_view name = settings.substr(0, comma);
@@ -125,7 +127,7 @@ std::string SerialPort::open(std::string_view settings) {
 std::string SerialPort::setUpLine(SerialDevice& device, std::string_view speed) const {
     LineSettings before;
     if (device.readLineSettings(before) != kNoError) {
-        return "Port Being Used";
+        return std::string(kPortUsedText);
     }
     const auto baud = matchSpeed(speed);
     if (!baud) {

@@ -3,8 +3,8 @@
 #include <array>
 #include <charconv>
 #include <optional>
-#include <string_view>
 
+#include "display/AirportText.h"
 #include "nav/Geodesy.h"
 #include "nav/TextNumbers.h"
 #include "navdb/AirportRecord.h"
@@ -112,19 +112,10 @@ std::string recordDetails(const DatabaseRecord& record) {
         return lines;
     }
     for (const RunwayRecord& runway : airport->runways) {
-        std::string_view between = "  ";
-        for (const RunwayEnd& end : runway.ends) {  // a helipad has one
-            lines.append(between).append(end.id);
-            between = "/";
-        }
-        if (runway.lengthFt) {
-            lines += "  " + formatInt(*runway.lengthFt) + " ft";
-        }
-        lines += "  " + runway.surface + "\n";
+        lines += "  " + runwayText(runway) + "\n";
     }
-    constexpr int kMhzDecimals = 3;
     for (const CommFreqRecord& comm : airport->comms) {
-        lines += "  " + comm.type + "  " + formatFixed(comm.freqMhz, kMhzDecimals) + "\n";
+        lines += "  " + commText(comm) + "\n";
     }
     return lines;
 }

@@ -12,6 +12,7 @@
 namespace korvel { namespace {
 
 constexpr std::int32_t kSide = 64;
+constexpr std::size_t kPixels = std::size_t{kSide} * kSide;
 constexpr std::uint32_t kSky = 0xFF0000FF, kGround = 0xFF806000, kInk = 0xFFFFFFFF;
 
 /// The example that is built with the program.
@@ -28,11 +29,11 @@ class HorizonPlugin : public testing::Test {
                                 .pixels = pixels_.data()},
             nowMs);
     }
-    std::uint32_t at(int x, int y) const { return pixels_.at(static_cast<std::size_t>(y * kSide + x)); }
+    std::uint32_t at(std::size_t x, std::size_t y) const { return pixels_.at(y * kSide + x); }
     auto share(std::uint32_t color) const { return std::ranges::count(pixels_, color); }
 
     AttitudeModule module_{KORVEL_PLUGIN_FOLDER};
-    std::vector<std::uint32_t> pixels_ = std::vector<std::uint32_t>(kSide * kSide, 0x12345678);
+    std::vector<std::uint32_t> pixels_ = std::vector<std::uint32_t>(kPixels, 0x12345678);
 };
 
 TEST_F(HorizonPlugin, DrawsWhatTheModuleSaysWhileItIsFresh) {

@@ -13,7 +13,7 @@ namespace korvel { namespace {
 int settle(AutoZoom& zoom, MapViewport& viewport, std::optional<double> distanceNm, int ticks, bool approach = false) {
     int changes = 0;
     for (int i = 0; i < ticks; ++i)
-        if (const auto range = zoom.tick(distanceNm, viewport, approach)) changes += viewport.setRange(*range);
+        if (const auto range = zoom.tick(distanceNm, viewport, approach)) changes += viewport.setRange(*range) ? 1 : 0;
     return changes;
 }
 
@@ -50,7 +50,8 @@ TEST(AutoZoom, StepsOnceForEachRangeOnANoisyWay) {
     const int start = viewport.currentRangeNm();
     int changes = 0;
     std::vector<int> ranges{start};
-    for (double distance = 50; distance > 0.2; distance -= 0.02) {
+    for (int step = 2500; step > 10; --step) {
+        const double distance = step * 0.02;
         // Bends of the way and a receiver that wanders: ten per cent each way.
         changes += settle(zoom, viewport, distance * (1 + 0.1 * std::sin(distance * 40)), 1);
         if (viewport.currentRangeNm() != ranges.back()) ranges.push_back(viewport.currentRangeNm());

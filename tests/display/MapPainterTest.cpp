@@ -156,6 +156,39 @@ TEST(MapPainter, ALostPositionNeverLooksAlive) {
     EXPECT_EQ(Page(PageId::Map, flying()).canvas().texts().find("LOST"), std::string::npos);
 }
 
+/// What stands on a map of that size.
+struct LaidOut {
+    LaidOut(const CockpitData& data, PageId page, int width, int height)
+        : canvas(width, height),
+          textPx(mapTextPx(width, height)),
+          projection(
+              viewportOf(page, width, height).projection(data.position ? *data.position : *data.lastPosition, 0)),
+          furniture(layOutFurniture(canvas, data, projection, 1000, textPx)) {}
+
+    static MapViewport viewportOf(PageId page, int width, int height) {
+        MapViewport viewport;
+        viewport.layout(page, width, height);
+        return viewport;
+    }
+    /// Inside the map, and nothing on anything else or on the aircraft.
+    void expectApart() const {
+        std::vector<Rect> areas = furniture.areas();
+        areas.push_back(aircraftArea(projection.aircraft(), textPx));
+        for (std::size_t i = 0; i < areas.size(); ++i) {
+            EXPECT_GE(areas[i].x, 0) << canvas.width() << " " << i;
+            EXPECT_LE(areas[i].right(), canvas.width()) << canvas.width() << " " << i;
+            EXPECT_LE(areas[i].bottom(), canvas.height()) << canvas.width() << " " << i;
+            for (std::size_t j = 0; j < i; ++j)
+                EXPECT_FALSE(overlap(areas[i], areas[j])) << canvas.width() << ": " << i << " and " << j;
+        }
+    }
+
+    RecordingCanvas canvas;
+    double textPx;
+    MapProjection projection;
+    MapFurniture furniture;
+};
+
 TEST(MapFurniture, NothingStandsOnAnythingElseOrOnTheAircraft) {
     CockpitData crowded = lost(125);
     crowded.status = "COM5 4800\nWaiting for NMEA gprmc or gpvtg";
@@ -164,21 +197,9 @@ TEST(MapFurniture, NothingStandsOnAnythingElseOrOnTheAircraft) {
     const std::pair<int, int> sizes[] = {{480, 570}, {640, 300}, {800, 370}, {1280, 660}, {2176, 1500}, {600, 900}};
     for (const auto& [width, height] : sizes)
         for (const PageId id : {PageId::Map, PageId::NorthUp}) {
-            RecordingCanvas canvas(width, height);
-            MapViewport viewport;
-            viewport.layout(id, width, height);
-            const double textPx = mapTextPx(width, height);
-            const MapProjection projection = viewport.projection(*crowded.lastPosition, 0);
-            std::vector<Rect> areas = layOutFurniture(canvas, crowded, projection, 1000, textPx).areas();
-            EXPECT_EQ(areas.size(), 7U);
-            areas.push_back(aircraftArea(projection.aircraft(), textPx));
-            for (std::size_t i = 0; i < areas.size(); ++i) {
-                EXPECT_GE(areas[i].x, 0) << width << " " << i;
-                EXPECT_LE(areas[i].right(), width) << width << " " << i;
-                EXPECT_LE(areas[i].bottom(), height) << width << " " << i;
-                for (std::size_t j = 0; j < i; ++j)
-                    EXPECT_FALSE(overlap(areas[i], areas[j])) << width << "x" << height << ": " << i << " and " << j;
-            }
+            const LaidOut map(crowded, id, width, height);
+            EXPECT_EQ(map.furniture.areas().size(), 7U);
+            map.expectApart();
         }
 }
 
@@ -189,21 +210,12 @@ TEST(MapFurniture, AlarmsStandOnNothingElseAndAFingerFindsThem) {
     const std::pair<int, int> sizes[] = {{640, 300}, {800, 370}, {1280, 660}, {480, 570}};
     for (const auto& [width, height] : sizes)
         for (const PageId id : {PageId::Map, PageId::NorthUp}) {
-            RecordingCanvas canvas(width, height);
-            MapViewport viewport;
-            viewport.layout(id, width, height);
-            const double textPx = mapTextPx(width, height);
-            const MapProjection projection = viewport.projection(*data.position, 0);
-            const MapFurniture furniture = layOutFurniture(canvas, data, projection, 1000, textPx);
-            const AlarmBoxes boxes(canvas, data.alarms, textPx, true);
-            ASSERT_EQ(furniture.alarms.size(), kMostAlarmBoxes);
-            EXPECT_EQ(boxes.alarmAt(furniture.alarms[1].center()), 1U);
-            EXPECT_EQ(boxes.alarmAt(projection.aircraft()), std::nullopt);
-            std::vector<Rect> areas = furniture.areas();
-            areas.push_back(aircraftArea(projection.aircraft(), textPx));
-            for (std::size_t i = 0; i < areas.size(); ++i)
-                for (std::size_t j = 0; j < i; ++j)
-                    EXPECT_FALSE(overlap(areas[i], areas[j])) << width << "x" << height << ": " << i << " and " << j;
+            const LaidOut map(data, id, width, height);
+            const AlarmBoxes boxes(map.canvas, data.alarms, map.textPx, true);
+            ASSERT_EQ(map.furniture.alarms.size(), kMostAlarmBoxes);
+            EXPECT_EQ(boxes.alarmAt(map.furniture.alarms[1].center()), 1U);
+            EXPECT_EQ(boxes.alarmAt(map.projection.aircraft()), std::nullopt);
+            map.expectApart();
         }
 }
 

@@ -128,7 +128,7 @@ TEST(SatellitePage, SaysWhyItIsEmpty) {
 TEST(AttitudePage, CrossesAStalePictureOut) {
     const ColorScheme scheme;
     const MapColorCache colors(scheme);
-    const std::vector<std::uint32_t> pixels(800 * 370, 0xFF000000);
+    const std::vector<std::uint32_t> pixels(std::size_t{800} * 370, 0xFF000000);
     for (const bool alive : {true, false}) {
         RecordingCanvas canvas(800, 370);
         paintAttitudePage(
