@@ -135,7 +135,10 @@ void CKorvelView::actByItself() {
             showPage(*page);
     if (!settings.autozoom || !isMapPage())
         return;
-    if (const auto rangeNm = autoZoom_.tick(data_.distanceNm, viewport_, data_.approachMode);
+    std::optional<Point> waypoint;
+    if (data_.position && data_.activeWaypoint)
+        waypoint = viewport_.projection(*data_.position, upDeg()).project(*data_.activeWaypoint);
+    if (const auto rangeNm = autoZoom_.tick(waypoint, viewport_, data_.approachMode);
         rangeNm && viewport_.setRange(*rangeNm))
         update();
 }

@@ -1,6 +1,7 @@
 #include "display/AutoZoom.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "display/MapViewport.h"
@@ -10,7 +11,7 @@ namespace {
 
 /// From the waypoint to the map's edge.
 constexpr double kMarginPx = 24;
-constexpr double kLeastReach = 0.1;  // of windows too small for it
+constexpr double kLeastRoom = 0.1;  // of windows too small for it
 /// A closer range must do with so much to spare.
 constexpr double kSpare = 1.25;
 constexpr int kCloserTicks = 6;
@@ -20,21 +21,26 @@ int stepFor(double rangeNm) {
     return step == kRangeStepsNm.end() ? kRangeStepsNm.back() : *step;
 }
 
-}  // namespace
-
-double reachOf(const MapViewport& viewport) {
-    const double least = std::min({viewport.aircraftY(), viewport.height() - viewport.aircraftY(),
-                                   viewport.aircraftX()}) -
-                         kMarginPx;
-    return std::max(kLeastReach, least / std::max(1, viewport.aircraftY()));
+/// The range at which the waypoint would just lie within the margins.
+double neededRangeNm(Point waypoint, const MapViewport& viewport) {
+    const auto shareOf = [](double offset, double before, double behind) {
+        const double side = offset < 0 ? before : behind;
+        return std::abs(offset) / std::max(side - kMarginPx, kLeastRoom * (before + behind));
+    };
+    const double x = viewport.aircraftX();
+    const double y = viewport.aircraftY();
+    return viewport.currentRangeNm() * std::max(shareOf(waypoint.x - x, x, viewport.width() - x),
+                                                shareOf(waypoint.y - y, y, viewport.height() - y));
 }
 
-std::optional<int> AutoZoom::tick(std::optional<double> distanceNm, const MapViewport& viewport,
+}  // namespace
+
+std::optional<int> AutoZoom::tick(std::optional<Point> waypoint, const MapViewport& viewport,
                                   bool approachMode) {
     const int before = std::exchange(closerTicks_, 0);
-    if (!distanceNm)
+    if (!waypoint)
         return std::nullopt;
-    const double needed = *distanceNm / reachOf(viewport);
+    const double needed = neededRangeNm(*waypoint, viewport);
     const double closest = approachMode ? kClosestInApproachNm : kClosestNm;
     const int current = viewport.currentRangeNm();
     if (const int farther = stepFor(std::max(needed, closest)); farther > current)

@@ -1,4 +1,7 @@
+#include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -9,60 +12,81 @@
 
 namespace korvel { namespace {
 
-// Lets it act until it has nothing more to do; how often it changed the range.
-int settle(AutoZoom& zoom, MapViewport& viewport, std::optional<double> distanceNm, int ticks, bool approach = false) {
-    int changes = 0;
-    for (int i = 0; i < ticks; ++i)
-        if (const auto range = zoom.tick(distanceNm, viewport, approach)) changes += viewport.setRange(*range) ? 1 : 0;
-    return changes;
-}
+class AutoZoomTest : public testing::Test {
+ protected:
+    Point waypointAt(double distanceNm, double direction) const {
+        GeoPoint there;
+        PointAtRadialDistance(0, 0, distanceNm / kNmPerRadian, direction * kDegToRad, there.lat, there.lon);
+        return viewport.projection(atDegrees(0, 0), 0).project(there);
+    }
+    // Ticks with the waypoint there; how often that changed the range.
+    int settle(double distanceNm, double direction, int ticks = 1, bool approach = false) {
+        int changes = 0;
+        for (int i = 0; i < ticks; ++i)
+            if (const auto range = zoom.tick(waypointAt(distanceNm, direction), viewport, approach))
+                changes += viewport.setRange(*range) ? 1 : 0;
+        return changes;
+    }
 
-TEST(AutoZoom, PicksTheRangeThatHoldsTheWaypointInEveryDirection) {
-    const struct {
-        double distanceNm;
-        bool approach;
-        int rangeNm;
-    } cases[] = {
-        {0.1, false, 4}, {0.1, true, 1}, {3, false, 8}, {20, false, 40}, {62, false, 100}, {2000, false, 1000}};
-    for (const auto& each : cases)
-        for (const PageId page : {PageId::Map, PageId::NorthUp}) {
-            MapViewport viewport;
-            viewport.layout(page, 800, 600);
-            AutoZoom zoom;
-            settle(zoom, viewport, each.distanceNm, 20, each.approach);
-            EXPECT_EQ(viewport.currentRangeNm(), each.rangeNm) << each.distanceNm;
-            if (each.distanceNm > 1000) continue;
-            const GeoPoint here = atDegrees(0, 0);
-            for (int direction = 0; direction < 360; direction += 15) {
-                GeoPoint there;
-                PointAtRadialDistance(
-                    0, 0, each.distanceNm / kNmPerRadian, direction * kDegToRad, there.lat, there.lon);
-                EXPECT_TRUE((Rect{0, 0, 800, 600}.contains(viewport.projection(here, 0).project(there))));
-            }
-        }
-}
-
-TEST(AutoZoom, StepsOnceForEachRangeOnANoisyWay) {
     MapViewport viewport;
-    viewport.layout(PageId::Map, 800, 400);
     AutoZoom zoom;
-    settle(zoom, viewport, 50, 20);
+};
+
+TEST_F(AutoZoomTest, PicksTheClosestRangeThatHoldsTheWaypointWhereItLies) {
+    for (const auto& [width, height] : {std::pair{800, 600}, std::pair{1280, 420}, std::pair{480, 640}})
+        for (const PageId page : {PageId::Map, PageId::NorthUp, PageId::MapHsi})
+            for (const double distance : {5.0, 20.0, 62.0, 400.0})
+                for (int direction = 0; direction < 360; direction += 15) {
+                    viewport.layout(page, width, height);
+                    settle(distance, direction, 20);
+                    const auto isInside = [&, room = Rect{20, 20, width - 40.0, height - 40.0}] {
+                        return room.contains(waypointAt(distance, direction));
+                    };
+                    EXPECT_TRUE(isInside()) << width << ' ' << distance << ' ' << direction;
+                    const auto* const step = std::ranges::find(kRangeStepsNm, viewport.currentRangeNm());
+                    if (*step <= AutoZoom::kClosestNm) continue;
+                    // What it wants to spare before it comes closer, it must need.
+                    viewport.setRange(*(step - 1) / 1.35);
+                    EXPECT_FALSE(isInside()) << width << ' ' << distance << ' ' << direction;
+                }
+    // A wide window has most room at its sides.
+    viewport.layout(PageId::Map, 800, 600);
+    settle(22, 90, 20);
+    settle(24, 90, 20);
+    EXPECT_EQ(viewport.currentRangeNm(), 25);
+    settle(24, 0, 20);
+    EXPECT_EQ(viewport.currentRangeNm(), 40);
+    settle(0.1, 90, 20);
+    EXPECT_EQ(viewport.currentRangeNm(), AutoZoom::kClosestNm);
+    settle(0.1, 90, 20, true);
+    EXPECT_EQ(viewport.currentRangeNm(), AutoZoom::kClosestInApproachNm);
+    settle(9000, 90, 20);
+    EXPECT_EQ(viewport.currentRangeNm(), kRangeStepsNm.back());
+}
+
+TEST_F(AutoZoomTest, StepsOnceForEachRangeOnANoisyWay) {
+    viewport.layout(PageId::Map, 800, 400);
+    settle(50, 0, 20);
     const int start = viewport.currentRangeNm();
     int changes = 0;
     std::vector<int> ranges{start};
     for (int step = 2500; step > 10; --step) {
         const double distance = step * 0.02;
-        // Bends of the way and a receiver that wanders: ten per cent each way.
-        changes += settle(zoom, viewport, distance * (1 + 0.1 * std::sin(distance * 40)), 1);
+        // Bends of the way and a receiver that wanders: ten per cent each way, and as it points.
+        const double noise = std::sin(distance * 40);
+        changes += settle(distance * (1 + 0.1 * noise), 8 * noise);
         if (viewport.currentRangeNm() != ranges.back()) ranges.push_back(viewport.currentRangeNm());
     }
     EXPECT_TRUE(std::is_sorted(ranges.rbegin(), ranges.rend()));
     EXPECT_EQ(changes + 1, static_cast<int>(ranges.size()));
     EXPECT_EQ(ranges.back(), AutoZoom::kClosestNm);
     // The next waypoint is far: out at once.
-    EXPECT_EQ(settle(zoom, viewport, 50, 1), 1);
+    EXPECT_EQ(settle(50, 0), 1);
     EXPECT_EQ(viewport.currentRangeNm(), start);
-    EXPECT_EQ(settle(zoom, viewport, std::nullopt, 50), 0);
+    // A turn: out at once where the waypoint leaves the map, and not before.
+    EXPECT_EQ(settle(50, 90), 0);
+    EXPECT_EQ(settle(50, 170), 1);
+    EXPECT_EQ(zoom.tick(std::nullopt, viewport, false), std::nullopt);
 }
 
 class AutoViewTest : public testing::Test {
