@@ -16,7 +16,6 @@
 #include "app/PageCycle.h"
 #include "app/QtCanvas.h"
 #include "config/ProfileFile.h"
-#include "display/AlarmBoxes.h"
 #include "display/MapLook.h"
 #include "display/MeasureLayer.h"
 #include "display/PlaceHit.h"
@@ -179,6 +178,8 @@ void CKorvelView::takeNews() {
     shownRevision_ = document_.revision();
     data_ = document_.cockpitData();
     angle_.update(data_);
+    if (data_.alarms != laidOutAlarms_)
+        layOut();
     update();
 }
 
@@ -242,7 +243,12 @@ void CKorvelView::paintEvent(QPaintEvent* /*event*/) {
                             .measure = &ruler_,
                             .nearest = nearestView_,
                             .plan = planView_,
-                            .attitude = attitudeView()});
+                            .attitude = attitudeView(),
+                            .alarms = alarms_.areas});
+    }
+    {
+        QtCanvas canvas(painter, labels_, pageWithAlarms());
+        paintAlarms(canvas, alarms_, colors_);
     }
     {
         QtCanvas canvas(painter, labels_, layout_.fields);
@@ -263,9 +269,27 @@ void CKorvelView::layOut() {
                             .pxPerMm = pixelsPerMm(screen()),
                             .fieldCount = fields_.size(),
                             .buttonCount = barHidden_ ? 0 : kButtons.size()});
+    layOutAlarms();
     viewport_.layout(page_, static_cast<int>(layout_.page.width),
                      static_cast<int>(layout_.page.height));
     update();
+}
+
+void CKorvelView::layOutAlarms() {
+    laidOutAlarms_ = data_.alarms;
+    // The boxes follow the widths of texts, which only a canvas can measure.
+    QPixmap scratch(1, 1);
+    QPainter painter(&scratch);
+    const QtCanvas canvas(painter, labels_, layout_.page);
+    alarms_ = {canvas, data_.alarms, mapTextPx(layout_.page.width, layout_.page.height),
+               PagePainter::alarmPlace(page_)};
+    layout_.page.height -= alarms_.stripHeight;
+}
+
+Rect CKorvelView::pageWithAlarms() const {
+    Rect whole = layout_.page;
+    whole.height += alarms_.stripHeight;
+    return whole;
 }
 
 void CKorvelView::resizeEvent(QResizeEvent* event) {
@@ -494,7 +518,7 @@ void CKorvelView::hideBar(bool hide) {
 void CKorvelView::tap(Point at) {
     if (layout_.fields.contains(at))
         return tapFields({at.x - layout_.fields.x, at.y - layout_.fields.y});
-    if (!layout_.page.contains(at))
+    if (!pageWithAlarms().contains(at) || tapAlarm(onPage(at, layout_)))
         return;
     if (barHidden_)
         hideBar(false);
@@ -528,14 +552,7 @@ void CKorvelView::acknowledgeAlarm(std::size_t place) {
 
 /// `at` counts from the page's corner.
 bool CKorvelView::tapAlarm(Point at) {
-    if (data_.alarms.empty())
-        return false;
-    QPixmap scratch(1, 1);
-    QPainter painter(&scratch);
-    const QtCanvas canvas(painter, labels_, layout_.page);
-    const AlarmBoxes boxes(canvas, data_.alarms, mapTextPx(layout_.page.width, layout_.page.height),
-                           isMapPage());
-    const auto alarm = boxes.alarmAt(at);
+    const auto alarm = alarms_.alarmAt(at);
     if (alarm)
         acknowledgeAlarm(*alarm);
     return alarm.has_value();
@@ -543,8 +560,6 @@ bool CKorvelView::tapAlarm(Point at) {
 
 /// False when nothing lies there. `at` counts from the page's corner.
 bool CKorvelView::tapPage(Point at) {
-    if (tapAlarm(at))
-        return true;
     if (page_ == PageId::FlightPlan) {
         const FlightPlanRows rows = planRows();
         const auto row = rows.rowAt(at, firstShownRow(data_, planView_, rows));

@@ -14,6 +14,7 @@
 #include "app/MapAngle.h"
 #include "app/ZoomGesture.h"
 #include "config/StringTable.h"
+#include "display/AlarmBoxes.h"
 #include "display/AutoView.h"
 #include "display/AutoZoom.h"
 #include "display/FieldStrip.h"
@@ -139,6 +140,8 @@ class CKorvelView final : public QWidget {
     };
 
     void layOut();
+    void layOutAlarms();
+    Rect pageWithAlarms() const;
     void zoom(int steps);
     void pauseAutomatic();
     void actByItself();
@@ -179,7 +182,9 @@ class CKorvelView final : public QWidget {
     PagePainter pagePainter_;
 
     MapViewport viewport_;
-    ScreenLayout layout_;
+    ScreenLayout layout_;  // the page without the strip of alarms
+    AlarmBoxes alarms_;    // from the page's corner
+    std::vector<std::string> laidOutAlarms_;
     PageId page_ = PageId::Map;
     MapAngle angle_;
     MapPlaces places_;

@@ -20,30 +20,61 @@ constexpr double kFingerPixels = 6;
 
 double triangleSize(const Font& font) { return std::round(font.height * 0.95); }
 
+/// One below the other.
+void stack(std::vector<Rect>& areas, double top, double gap) {
+    for (Rect& area : areas) {
+        area.y = top;
+        top = area.bottom() + gap;
+    }
+}
+
+/// Side by side in as few rows as hold them, each in the middle; how high all of them are.
+double fillRows(std::vector<Rect>& areas, double width, double gap) {
+    double top = gap;
+    for (auto first = areas.begin(); first != areas.end();) {
+        double used = first->width;
+        auto end = first + 1;
+        for (; end != areas.end() && used + gap + end->width <= width - 2 * gap; ++end)
+            used += gap + end->width;
+        double left = std::round((width - used) / 2);
+        const double height = first->height;
+        for (; first != end; ++first) {
+            first->x = left;
+            first->y = top;
+            left = first->right() + gap;
+        }
+        top += height + gap;
+    }
+    return top;
+}
+
 }  // namespace
 
 AlarmBoxes::AlarmBoxes(const Canvas& canvas, std::span<const std::string> alarms, double textPx,
-                       bool onMap) {
-    const Font font = alarmFont(textPx);
+                       Place place)
+    : font(alarmFont(textPx)) {
+    if (alarms.empty())
+        return;
     const double margin = std::round(textPx * 0.55);
     const double height = std::round(font.height * 1.6);
-    const std::size_t count = std::min(alarms.size(), kMostAlarmBoxes);
-    for (const std::string& words : alarms.first(count)) {
-        const double width = std::ceil(canvas.measure(words, font).width) + triangleSize(font) +
+    const auto shown = alarms.first(std::min(alarms.size(), kMostAlarmBoxes));
+    words.assign(shown.begin(), shown.end());
+    for (const std::string& alarm : words) {
+        const double width = std::ceil(canvas.measure(alarm, font).width) + triangleSize(font) +
                              3 * font.height * 0.5;
         areas.push_back({std::round((canvas.width() - width) / 2), 0, width, height});
+    }
+    const double gap = std::round(margin / 2);
+    if (place == Place::Strip) {
+        stripHeight = fillRows(areas, canvas.width(), gap);
+        for (Rect& area : areas)
+            area.y += canvas.height() - stripHeight;
+        return;
     }
     const double corners = 2 * kCornerWidth * textPx;
     const bool between = std::ranges::all_of(
         areas, [&](const Rect& area) { return area.width <= canvas.width() - corners; });
-    const double step = height + std::round(margin / 2);
-    double top = canvas.height() - static_cast<double>(count) * step;
-    if (onMap)
-        top = between ? margin : std::round(kCornerHeight * textPx);
-    for (Rect& area : areas) {
-        area.y = top;
-        top += step;
-    }
+    stack(areas, between ? margin : std::round(kCornerHeight * textPx), gap);
 }
 
 std::optional<std::size_t> AlarmBoxes::alarmAt(Point finger) const {
@@ -54,11 +85,13 @@ std::optional<std::size_t> AlarmBoxes::alarmAt(Point finger) const {
     return std::nullopt;
 }
 
-void paintAlarms(Canvas& canvas, std::span<const std::string> alarms, const AlarmBoxes& boxes,
-                 const MapColorCache& colors, double textPx) {
+void paintAlarms(Canvas& canvas, const AlarmBoxes& boxes, const MapColorCache& colors) {
     const ColorValue danger = colors[ColorKey::MapObstacleDanger];
     const ColorValue ground = colors[ColorKey::MapBackground];
-    const Font font = alarmFont(textPx);
+    const Font& font = boxes.font;
+    if (boxes.stripHeight > 0)
+        canvas.rect({0, canvas.height() - boxes.stripHeight, canvas.width(), boxes.stripHeight},
+                    Brush{ground}, std::nullopt);
     const double size = triangleSize(font);
     for (std::size_t i = 0; i < boxes.areas.size(); ++i) {
         const Rect& area = boxes.areas[i];
@@ -75,7 +108,7 @@ void paintAlarms(Canvas& canvas, std::span<const std::string> alarms, const Alar
                      .color = ground,
                      .alignX = AlignX::Center,
                      .alignY = AlignY::Middle});
-        canvas.text({left + size + font.height * 0.5, middle}, alarms[i],
+        canvas.text({left + size + font.height * 0.5, middle}, boxes.words[i],
                     {.font = font, .color = danger, .alignY = AlignY::Middle});
     }
 }

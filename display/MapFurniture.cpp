@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "config/StringTable.h"
-#include "display/AlarmBoxes.h"
 #include "display/GeoText.h"
 #include "display/LabelSpace.h"
 #include "display/MapLook.h"
@@ -114,7 +113,7 @@ std::vector<Rect> MapFurniture::areas() const {
 
 MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
                              const MapProjection& projection, int rangeNm, double textPx,
-                             bool moved) {
+                             const MapState& state) {
     const BoxLayout boxes(canvas, infoFont(textPx));
     const double margin = boxes.margin();
     MapFurniture result;
@@ -125,12 +124,12 @@ MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
     result.scale = layOutScale(canvas, projection, boxes);
 
     double top = canvas.height() - margin - boxes.height();
-    for (std::string& note : noteTexts(data, moved)) {
+    for (std::string& note : noteTexts(data, state.moved)) {
         const double left = canvas.width() - margin - boxes.width(note);
         result.notes.push_back(boxes.at(left, top, std::move(note)));
         top -= boxes.height() + std::round(margin / 2);
     }
-    result.alarms = AlarmBoxes(canvas, data.alarms, textPx, true).areas;
+    result.alarms.assign(state.alarms.begin(), state.alarms.end());
     if (!data.message.empty())
         result.message = layOutMessage(canvas, data.message, boxes, result.areas());
     if (!data.position && data.lastPosition)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -32,16 +33,22 @@ struct MapFurniture {
     std::vector<InfoBox> notes;      ///< bottom right, the first one lowest: charts, source, status
     std::optional<InfoBox> message;  ///< passing, at the lower edge
     std::optional<InfoBox> alarm;    ///< position lost, top middle
-    std::vector<Rect> alarms;        ///< all others, painted above everything else
+    std::vector<Rect> alarms;        ///< all others, which are painted later
 
     /// All boxes.
     std::vector<Rect> areas() const;
 };
 
-/// `textPx` is the type size of the map's labels; `moved`: away from the aircraft.
+/// What stands on the map beside its data.
+struct MapState {
+    bool moved = false;  ///< away from the aircraft
+    std::span<const Rect> alarms{};
+};
+
+/// `textPx` is the type size of the map's labels.
 MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
                              const MapProjection& projection, int rangeNm, double textPx,
-                             bool moved = false);
+                             const MapState& state = {});
 
 /// The longest round number (1, 2 or 5 times a power of ten) of the unit in force that is not
 /// longer than `longestNm`, in nautical miles.

@@ -67,7 +67,8 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
     const int rangeNm = scene.viewport.currentRangeNm();
     const double textPx = mapTextPx(view.width, view.height);
     const MapFurniture furniture =
-        layOutFurniture(canvas, data, projection, rangeNm, textPx, scene.lookAt.has_value());
+        layOutFurniture(canvas, data, projection, rangeNm, textPx,
+                        {.moved = scene.lookAt.has_value(), .alarms = scene.alarms});
 
     LabelSpace labels(view);
     for (const Rect& area : furniture.areas())

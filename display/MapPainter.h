@@ -52,6 +52,7 @@ struct MapScene {
     std::function<void()> overMap{};
     /// What will be drawn over the map and labels keep out of.
     std::span<const Rect> covered = {};
+    std::span<const Rect> alarms = {};  ///< boxes that will lie over all
 };
 
 /// Paints the map around the live position, or around the last one, which it marks as lost. One of

@@ -1,13 +1,11 @@
 #include "display/PagePainter.h"
 
-#include <string>
+#include <functional>
 #include <vector>
 
-#include "display/AlarmBoxes.h"
 #include "display/EfisPage.h"
 #include "display/HsiPage.h"
 #include "display/MapColorCache.h"
-#include "display/MapLook.h"
 #include "display/MapPainter.h"
 #include "display/SatellitePage.h"
 #include "display/StatusScreen.h"
@@ -20,17 +18,13 @@ bool PagePainter::isMap(PageId page) {
     return page == PageId::Map || page == PageId::NorthUp || page == PageId::MapHsi;
 }
 
-void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) const {
-    paintPage(canvas, page, scene);
-    const std::vector<std::string>& alarms = scene.data.alarms;
-    if (alarms.empty())
-        return;
-    const double textPx = mapTextPx(canvas.width(), canvas.height());
-    const AlarmBoxes boxes(canvas, alarms, textPx, isMap(page));
-    paintAlarms(canvas, alarms, boxes, colors_, textPx);
+AlarmBoxes::Place PagePainter::alarmPlace(PageId page) {
+    // Over the map with the HSI they would lie on the heading.
+    return page == PageId::Map || page == PageId::NorthUp ? AlarmBoxes::Place::OverMap
+                                                          : AlarmBoxes::Place::Strip;
 }
 
-void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene) const {
+void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) const {
     const CockpitData& data = scene.data;
     if (page == PageId::Satellite) {
         paintSatellitePage(canvas, data, colors_);
@@ -82,7 +76,8 @@ void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
               .track = &track_,
               .measure = scene.measure,
               .overMap = overMap,
-              .covered = covered},
+              .covered = covered,
+              .alarms = scene.alarms},
              colors_);
 }
 

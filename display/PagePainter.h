@@ -1,7 +1,9 @@
 #pragma once
 
 #include <optional>
+#include <span>
 
+#include "display/AlarmBoxes.h"
 #include "display/AttitudePage.h"
 #include "display/Canvas.h"
 #include "display/CockpitData.h"
@@ -31,6 +33,7 @@ struct PageScene {
     NearestView nearest{};                 ///< where the pilot is in the list of airports
     FlightPlanView plan{};                 ///< where the pilot is in the list of the plan
     AttitudeView attitude{};               ///< for the page "Attitude"
+    std::span<const Rect> alarms{};        ///< that will lie over a map
 };
 
 /// Paints the display pages. To add one, write its painter and name it in PagePainter.cpp.
@@ -40,17 +43,17 @@ class PagePainter {
     explicit PagePainter(const MapColorCache& colors) : colors_(colors) {}
 
     /// Fills the whole canvas with the page. Pages that need a position show the connection's
-    /// status while there is none. Alarms stand above all.
+    /// status while there is none. Alarms are painted apart: see AlarmBoxes.
     void paint(Canvas& canvas, PageId page, const PageScene& scene) const;
 
     /// The page turns with the aircraft; otherwise north is up.
     static bool turns(PageId page);
+    /// Where the alarms of the page stand.
+    static AlarmBoxes::Place alarmPlace(PageId page);
     /// Whether the page is a map, which can be moved by hand.
     static bool isMap(PageId page);
 
  private:
-    void paintPage(Canvas& canvas, PageId page, const PageScene& scene) const;
-
     const MapColorCache& colors_;
     mutable TrackLevels track_;  ///< a cache of CockpitData::track
 };

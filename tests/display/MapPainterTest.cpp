@@ -163,7 +163,8 @@ struct LaidOut {
           textPx(mapTextPx(width, height)),
           projection(
               viewportOf(page, width, height).projection(data.position ? *data.position : *data.lastPosition, 0)),
-          furniture(layOutFurniture(canvas, data, projection, 1000, textPx)) {}
+          boxes(canvas, data.alarms, textPx, AlarmBoxes::Place::OverMap),
+          furniture(layOutFurniture(canvas, data, projection, 1000, textPx, {.alarms = boxes.areas})) {}
 
     static MapViewport viewportOf(PageId page, int width, int height) {
         MapViewport viewport;
@@ -186,6 +187,7 @@ struct LaidOut {
     RecordingCanvas canvas;
     double textPx;
     MapProjection projection;
+    AlarmBoxes boxes;
     MapFurniture furniture;
 };
 
@@ -211,12 +213,30 @@ TEST(MapFurniture, AlarmsStandOnNothingElseAndAFingerFindsThem) {
     for (const auto& [width, height] : sizes)
         for (const PageId id : {PageId::Map, PageId::NorthUp}) {
             const LaidOut map(data, id, width, height);
-            const AlarmBoxes boxes(map.canvas, data.alarms, map.textPx, true);
             ASSERT_EQ(map.furniture.alarms.size(), kMostAlarmBoxes);
-            EXPECT_EQ(boxes.alarmAt(map.furniture.alarms[1].center()), 1U);
-            EXPECT_EQ(boxes.alarmAt(map.projection.aircraft()), std::nullopt);
+            EXPECT_EQ(map.boxes.alarmAt(map.furniture.alarms[1].center()), 1U);
+            EXPECT_EQ(map.boxes.alarmAt(map.projection.aircraft()), std::nullopt);
             map.expectApart();
         }
+}
+
+TEST(AlarmBoxes, FillAStripBelowThePageRowByRow) {
+    const std::vector<std::string> alarms = {"CHECK GEAR", "OFF COURSE", "Arriving at KBFI"};
+    double before = 0;
+    for (const int width : {1280, 480, 320}) {
+        const RecordingCanvas canvas(width, 400);
+        const AlarmBoxes boxes(canvas, alarms, 14, AlarmBoxes::Place::Strip);
+        const Rect strip{0, 400 - boxes.stripHeight, static_cast<double>(width), boxes.stripHeight};
+        for (std::size_t i = 0; i < boxes.areas.size(); ++i) {
+            const Rect& area = boxes.areas[i];
+            EXPECT_EQ(boxes.alarmAt(area.center()), i);
+            EXPECT_TRUE(area.x >= 0 && area.y > strip.y && area.right() <= strip.right() && area.bottom() < 400);
+            EXPECT_FALSE(i > 0 && overlap(area, boxes.areas[i - 1]));
+        }
+        EXPECT_GT(boxes.stripHeight, before) << width;
+        before = boxes.stripHeight;
+    }
+    EXPECT_EQ(AlarmBoxes(RecordingCanvas(800, 400), {}, 14, AlarmBoxes::Place::Strip).stripHeight, 0);
 }
 
 TEST(MapFurniture, TheScaleBarIsARoundLengthInTheUnitInForce) {
