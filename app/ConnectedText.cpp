@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "app/CKorvelDoc.h"
 #include "config/StringTable.h"
@@ -63,13 +64,16 @@ std::string attitudeModule(const Settings& settings) {
     return formatText(TextId::ConnectedModule, {std::string_view(label)});
 }
 
-std::string expiryText(std::uint32_t yyyymmdd) {
+std::string expiryText(std::uint32_t yyyymmdd, const LocalTime& now) {
     if (yyyymmdd == 0)
         return std::string(text(TextId::ConnectedUndated));
     std::string date = formatInt(yyyymmdd);
     if (date.size() == 8)
         date.insert(6, "-").insert(4, "-");
-    return formatText(TextId::ConnectedExpiry, {std::string_view(date)});
+    const int today = (now.year * 100 + now.month) * 100 + now.day;
+    const bool isOver = std::cmp_less(yyyymmdd, today);
+    return formatText(isOver ? TextId::ConnectedExpired : TextId::ConnectedExpiry,
+                      {std::string_view(date)});
 }
 
 void addDatabases(std::string& words, const CKorvelDoc& document,
@@ -78,7 +82,8 @@ void addDatabases(std::string& words, const CKorvelDoc& document,
     addLine(words, formatText(TextId::ConnectedDatabases, {static_cast<int>(files.size())}));
     addLine(words, document.navigator().databaseNotice());
     for (const auto& file : files)
-        addLine(words, *file->fileName() + "   " + expiryText(file->header().expiry));
+        addLine(words, *file->fileName() + "   " +
+                           expiryText(file->header().expiry, document.cockpitData().now));
     addLine(words, "");
     addLine(words, text(TextId::ConnectedFolders));
     addLine(words, text(TextId::ConnectedFoldersHelp));

@@ -334,6 +334,7 @@ constexpr auto kTexts = std::to_array<Row>({
         "No attitude module\nThe library of a module goes into the folder\n%s\nThe page EFIS shows "
         "what the receiver lets on of the attitude."},
     Row{TextId::PageAttitude, "Attitude"},
+    Row{TextId::ConnectedExpired, "expired %s"},
 });
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

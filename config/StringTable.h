@@ -302,6 +302,7 @@ enum class TextId : int {
     PluginLacksFunctions = 61910,  ///< %s: file
     NoAttitudePlugin = 61911,      ///< %s: folder
     PageAttitude = 61912,
+    ConnectedExpired = 61920,  ///< %s: date
 };
 
 /// The text of that number.
