@@ -1,5 +1,6 @@
 #include "app/PlanDesk.h"
 
+#include <system_error>
 #include <utility>
 
 #include "config/StringTable.h"
@@ -27,7 +28,35 @@ void PlanDesk::setPresent(std::optional<GeoPoint> present) {
 void PlanDesk::comeIntoForce(bool changed) {
     changed_ = changed;
     ++revision_;
+    keepUnsaved();
     onChange_();
+}
+
+/// A failure to write is forgotten, the next change tries again: the flight goes on.
+void PlanDesk::keepUnsaved() {
+    if (!changed_)
+        return forgetUnsaved();
+    if (!unsaved_.empty()) {
+        unsavedIsOurs_ = files_.savePlanAs(unsaved_).empty() || unsavedIsOurs_;
+    }
+}
+
+void PlanDesk::forgetUnsaved() {
+    if (std::exchange(unsavedIsOurs_, false)) {
+        std::error_code failure;
+        std::filesystem::remove(unsaved_, failure);
+    }
+}
+
+std::optional<std::string> PlanDesk::recover() {
+    const auto bytes = unsaved_.empty() ? std::nullopt : readWholeFile(unsaved_);
+    if (!bytes) {
+        return std::nullopt;
+    }
+    std::string error = files_.LoadPlanText(*bytes);
+    unsavedIsOurs_ = error.empty();
+    comeIntoForce(error.empty());
+    return error;
 }
 
 std::string PlanDesk::enterRoute(std::string_view line) {
@@ -137,6 +166,7 @@ std::string PlanDesk::saveAs(const std::filesystem::path& path) {
         file_ = path;
         changed_ = false;
         ++revision_;
+        keepUnsaved();
     }
     return error;
 }

@@ -61,6 +61,14 @@ class PlanDesk {
 
     /// Empty for a plan that has no file yet.
     [[nodiscard]] const std::filesystem::path& file() const { return file_; }
+    /// From now on what no file of the pilot's holds is kept in this one: a program that is killed
+    /// loses no plan. It goes as soon as there is nothing to keep any more.
+    void keepUnsavedIn(const std::filesystem::path& path) { unsaved_ = path; }
+    /// Puts what an earlier run has left there in force, as a plan without a file. Nothing when
+    /// there is none, else the message.
+    [[nodiscard]] std::optional<std::string> recover();
+    /// The pilot does not want to keep what no file holds.
+    void forgetUnsaved();
     /// There is something that no file holds.
     [[nodiscard]] bool changed() const { return changed_; }
 
@@ -70,6 +78,7 @@ class PlanDesk {
     bool changePlan(Change change);
     void putInForce(PlanEntries entries);
     void comeIntoForce(bool changed);
+    void keepUnsaved();
 
     NavDatabase& database_;
     GeneratedFixes fixes_;
@@ -80,6 +89,8 @@ class PlanDesk {
     PlanHistory history_;
     std::filesystem::path file_;
     bool changed_ = false;
+    std::filesystem::path unsaved_;  // empty: nothing is kept
+    bool unsavedIsOurs_ = false;     // and not an earlier run's, which nobody has seen
     std::uint64_t revision_ = 0;
 };
 

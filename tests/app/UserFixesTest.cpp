@@ -72,4 +72,40 @@ TEST_F(UserFixesTest, APlanKeepsItsMarksAndItsFileThePosition) {
     EXPECT_EQ(UserFixes(profile_, later).all().size(), 0U);
 }
 
+TEST_F(UserFixesTest, APlanThatWasNotSavedOutlivesAKill) {
+    const auto file = folder_ / "unsaved.fp";
+    const auto ofNextRun = [&] {
+        Navigator next{clock_, {}};
+        const UserFixes fixes(profile_, next);
+        next.plan().keepUnsavedIn(file);
+        const auto error = next.plan().recover();
+        EXPECT_EQ(next.plan().changed(), error == "");
+        std::string plan = error ? *error : "none";
+        for (const PlanWaypoint& entry : next.plan().entries()) plan += entry.text + ' ';
+        return plan;
+    };
+    for (const char* name : {"AAA", "BBB", "CCC"}) ASSERT_EQ(fixes_.add(name, at(10, 20)), "");
+    PlanDesk& plan = navigator_.plan();
+    plan.keepUnsavedIn(file);
+    EXPECT_EQ(ofNextRun(), "none");
+    ASSERT_EQ(plan.enterRoute("AAA CCC@45"), "");
+    plan.reverse();
+    EXPECT_EQ(ofNextRun(), "CCC@45.0 AAA ");
+    EXPECT_EQ(ofNextRun(), "CCC@45.0 AAA ");  // nobody has saved it yet
+    ASSERT_EQ(plan.saveAs(folder_ / "a.fp"), "");
+    EXPECT_EQ(ofNextRun(), "none");
+    plan.reverse();
+    plan.forgetUnsaved();
+    EXPECT_EQ(ofNextRun(), "none");
+    ASSERT_TRUE(writeFileAtomically(file, "NOWHERE\r\n"));
+    EXPECT_NE(ofNextRun(), "none");
+    // What nobody has seen yet stays, until a plan of this run takes its place.
+    plan.clear();
+    EXPECT_EQ(readWholeFile(file), "NOWHERE\r\n");
+    ASSERT_EQ(plan.enterRoute("AAA BBB"), "");
+    EXPECT_EQ(ofNextRun(), "AAA BBB ");
+    plan.clear();
+    EXPECT_EQ(ofNextRun(), "none");
+}
+
 }}  // namespace korvel
