@@ -21,6 +21,7 @@ namespace {
 
 constexpr std::string_view kFontKey = "SysFont";
 constexpr std::string_view kUsualFont = "Arial Narrow";
+constexpr std::string_view kUnsavedPlan = "unsaved-plan.fp";
 
 std::filesystem::path profileFolder(const CommandLine& line) {
     return line.profileFolder.empty() ? programFolder() : std::filesystem::path(line.profileFolder);
@@ -59,6 +60,8 @@ std::string CKorvelApp::start() {
     if (line_.snapshotFile.empty())
         frame_.showWhereItWas();
     frame_.loadDatabases();
+    if (line_.snapshotFile.empty())
+        frame_.recoverPlan(profileFolder(line_) / kUnsavedPlan, line_.planFile.empty());
     if (!line_.planFile.empty())
         if (const std::string error = frame_.openFile(line_.planFile); !error.empty())
             return line_.planFile + ": " + error;

@@ -560,6 +560,10 @@ bool CKorvelView::tapAlarm(Point at) {
 
 /// False when nothing lies there. `at` counts from the page's corner.
 bool CKorvelView::tapPage(Point at) {
+    if (page_ == PageId::FlightPlan && !data_.plan) {
+        run(TouchCommand::Plan);
+        return true;
+    }
     if (page_ == PageId::FlightPlan) {
         const FlightPlanRows rows = planRows();
         const auto row = rows.rowAt(at, firstShownRow(data_, planView_, rows));

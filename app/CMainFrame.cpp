@@ -1,5 +1,7 @@
 #include "app/CMainFrame.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDropEvent>
@@ -31,7 +33,9 @@
 namespace korvel {
 namespace {
 
-constexpr double kMenuPixels = 15;
+// Of the letters in menus and sheets.
+constexpr int kLargestLetters = 26;
+constexpr int kLettersInWindow = 54;  // one below the other in a large one
 constexpr std::string_view kWelcomedKey = "Welcomed";
 
 }  // namespace
@@ -48,7 +52,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
       dayScheme_(daySchemeName()) {
     setWindowTitle(toQString(TextId::ProgramName));
     setWindowIcon(appIcon(parts_.scheme));
-    QApplication::setFont(parts_.labels.fonts().widgetFont(kMenuPixels));
+    fitLetters();
     addCommands();
     const std::vector<std::string> schemes = listSchemes(parts_.dataFiles);
     showScheme(schemes[selectedScheme(schemes, parts_.document.settings().schemeFile)]);
@@ -63,6 +67,19 @@ CMainFrame::CMainFrame(const FrameParts& parts)
     places_.onDirectTo = [this](const PlaceChoice& place) { navigate_.directTo(place); };
     view_.onBarShown = [this](bool shown) { menuBar()->setVisible(shown); };
     view_.setFocus();
+}
+
+/// A large window is looked at from further away.
+void CMainFrame::fitLetters() {
+    const int pixels = std::clamp(std::min(width(), height()) / kLettersInWindow,
+                                  Sheet::kUsualLetters, kLargestLetters);
+    if (QApplication::font().pixelSize() != pixels)
+        QApplication::setFont(parts_.labels.fonts().widgetFont(pixels));
+}
+
+void CMainFrame::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    fitLetters();
 }
 
 // Commands
@@ -190,6 +207,14 @@ void CMainFrame::chooseField(std::size_t field) {
 
 std::string CMainFrame::openFile(const std::filesystem::path& path) { return file_.openPlan(path); }
 
+void CMainFrame::recoverPlan(const std::filesystem::path& unsaved, bool wanted) {
+    PlanDesk& plan = parts_.document.navigator().plan();
+    plan.keepUnsavedIn(unsaved);
+    const auto error = wanted ? plan.recover() : std::nullopt;
+    if (error)
+        error->empty() ? view_.say(std::string(text(TextId::PlanRecovered))) : showError(*error);
+}
+
 void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
     const QList<QUrl> files = event->mimeData()->urls();
     if (files.size() == 1 && files.front().isLocalFile())
@@ -296,6 +321,7 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
         event->ignore();
         return file_.withPlanSafe([this] {
             mayClose_ = true;
+            parts_.document.navigator().plan().forgetUnsaved();
             close();
         });
     }

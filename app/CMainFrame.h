@@ -44,6 +44,10 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     /// Opens a plan or a track; the message for the pilot, empty on success.
     [[nodiscard]] std::string openFile(const std::filesystem::path& path);
 
+    /// Brings back the plan that the program had no time to ask about when it ended, and keeps
+    /// those to come in this file.
+    void recoverPlan(const std::filesystem::path& unsaved, bool wanted);
+
     /// Starts the simulator where the plan or the settings say.
     void simulate() { options_.simulate(true); }
     /// Loads the navigation databases; the map goes on meanwhile.
@@ -63,10 +67,12 @@ class CMainFrame final : public QMainWindow, private CommandHost {
  protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
  private:
+    void fitLetters();
     QAction& addCommand(QMenu& menu, TextId name, const QList<QKeySequence>& keys,
                         const Handler& handler) override;
     void openSheet(std::unique_ptr<Sheet> sheet) override;

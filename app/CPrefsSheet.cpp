@@ -44,6 +44,11 @@ std::unique_ptr<QWidget> CPrefsSheet::makePage(PrefsPage page, const Settings& s
     auto rows = std::make_unique<QWidget>();
     auto* form = new QFormLayout(rows.get());
     form->setVerticalSpacing(kRowSpacing);
+    if (page == PrefsPage::Pages) {
+        auto* help = new QLabel(toQString(TextId::PagesHelp), rows.get());
+        help->setWordWrap(true);
+        form->addRow(help);
+    }
     for (const PrefRow& row : prefRows())
         if (row.page == page)
             addEditor(*rows, row, row.valueIn(settings));

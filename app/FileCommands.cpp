@@ -158,6 +158,8 @@ void FileCommands::choose(TextId title, QFileDialog::AcceptMode mode, TextId fil
     dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
                                                         : QFileDialog::AnyFile);
     dialog->setDefaultSuffix(suffix);
+    // As large as the window: rows and buttons are large, too.
+    dialog->resize(host_.window().size());
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
                      [chosen](const QString& name) { chosen(toPath(name)); });
     dialog->open();

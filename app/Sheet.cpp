@@ -38,6 +38,7 @@ Sheet::Sheet(QWidget* parent, const QString& title, QDialogButtonBox::StandardBu
     addHeader(title);
     outer_.addWidget(&body_, 1);
     addFoot();
+    connect(this, &QWidget::windowTitleChanged, &title_, &QLabel::setText);
     connect(&buttons_, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(&buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
     if (parent != nullptr)
@@ -154,7 +155,8 @@ void Sheet::place() {
         return;
     const QWidget& window = *parentWidget()->window();
     const QSize room = window.size();
-    const int wanted = std::max({preferredWidth_, sizeHint().width(), minimumSizeHint().width()});
+    const int wanted = std::max({preferredWidth_ * font().pixelSize() / kUsualLetters,
+                                 sizeHint().width(), minimumSizeHint().width()});
     const int width = std::min(wanted, room.width());
     setGeometry(
         QRect(window.mapToGlobal(QPoint(room.width() - width, 0)), QSize(width, room.height())));

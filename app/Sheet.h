@@ -20,6 +20,8 @@ class Sheet : public QDialog {
  public:
     /// Height of rows and buttons: 9 mm on a screen of 96 dots per inch, and a little more.
     static constexpr int kRowPixels = 40;
+    /// Height of the letters, which are larger only in large windows.
+    static constexpr int kUsualLetters = 15;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -33,7 +35,7 @@ class Sheet : public QDialog {
     /// Adds what is said about the rows above; it takes no room while it is empty. The label
     /// stays the caller's.
     void addNote(QLabel& note);
-    /// Of the whole sheet, if the window has that much.
+    /// Of the whole sheet in letters of the usual size, if the window has that much.
     void setPreferredWidth(int pixels) { preferredWidth_ = pixels; }
 
     QVBoxLayout& column() { return column_; }

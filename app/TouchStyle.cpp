@@ -11,7 +11,8 @@ namespace {
 
 constexpr int kMenuBarPixels = 34;  // 9 mm at 96 dots per inch
 constexpr int kMenuBarMargin = 10;  // left and right of a menu's name
-constexpr int kKeyMargin = 24;      // between a command and its key
+constexpr int kIndicatorPixels = 22;
+constexpr int kKeyMargin = 24;  // between a command and its key
 
 bool isSeparator(const QStyleOption* option) {
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
@@ -32,9 +33,32 @@ QSize TouchStyle::sizeFromContents(ContentsType type, const QStyleOption* option
             return isSeparator(option) ? plain
                                        : QSize(plain.width() + kKeyMargin,
                                                std::max(plain.height(), Sheet::kRowPixels));
+        case CT_ItemViewItem:
+            return {plain.width(), std::max(plain.height(), Sheet::kRowPixels)};
         default:
             return plain;
     }
+}
+
+int TouchStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                            const QWidget* widget) const {
+    switch (metric) {
+        case PM_IndicatorWidth:
+        case PM_IndicatorHeight:
+        case PM_ExclusiveIndicatorWidth:
+        case PM_ExclusiveIndicatorHeight:
+            return kIndicatorPixels;
+        default:
+            return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+QRect TouchStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                 const QWidget* widget) const {
+    // All of the row, not only its words.
+    if (element == SE_CheckBoxClickRect || element == SE_RadioButtonClickRect)
+        return option->rect;
+    return QProxyStyle::subElementRect(element, option, widget);
 }
 
 }  // namespace korvel

@@ -30,7 +30,7 @@ constexpr auto kTexts = std::to_array<Row>({
     Row{TextId::NearestNotKnown, "Nearest airports not known yet"},
     Row{TextId::Expired, "EXPIRED"},
     Row{TextId::NoRunwayKnown, "No runway known"},
-    Row{TextId::NoFlightPlan, "No flight plan: press F or open a file"},
+    Row{TextId::NoFlightPlan, "No flight plan: tap here or press F to enter one"},
     Row{TextId::DaySchemeName, "Default"},
     Row{TextId::NightSchemeName, "Night-Flight"},
     Row{TextId::NavaidOrAirwayNotFound, "%s navaid/airway not found or data expired!"},
@@ -335,6 +335,10 @@ constexpr auto kTexts = std::to_array<Row>({
         "what the receiver lets on of the attitude."},
     Row{TextId::PageAttitude, "Attitude"},
     Row{TextId::ConnectedExpired, "expired %s"},
+    Row{TextId::PlanRecovered, "The flight plan that was not saved is back"},
+    Row{TextId::PagesHelp,
+        "Next Page goes through the pages that are chosen here; while there are fewer than two, "
+        "through all."},
 });
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

@@ -303,6 +303,8 @@ enum class TextId : int {
     NoAttitudePlugin = 61911,      ///< %s: folder
     PageAttitude = 61912,
     ConnectedExpired = 61920,  ///< %s: date
+    PlanRecovered = 61921,
+    PagesHelp = 61922,
 };
 
 /// The text of that number.

@@ -76,10 +76,15 @@ class NearestPainter {
         canvas_.text({area.x + margin(), area.center().y}, text(TextId::NearestAirports), style);
         style.alignX = AlignX::Right;
         if (count > 0)
-            canvas_.text({area.right() - margin(), area.center().y},
-                         formatInt(static_cast<long long>(layout.firstRow) + 1) + " / " +
-                             formatInt(static_cast<long long>(count)),
-                         style);
+            canvas_.text({area.right() - margin(), area.center().y}, shownOf(layout, count), style);
+    }
+
+    /// "7–12 / 20".
+    static std::string shownOf(const NearestLayout& layout, std::size_t count) {
+        const std::size_t last = std::min(count, layout.firstRow + layout.perPage);
+        return formatInt(static_cast<long long>(layout.firstRow) + 1) + "\u2013" +
+               formatInt(static_cast<long long>(last)) + " / " +
+               formatInt(static_cast<long long>(count));
     }
 
     void row(const NearAirport& airport, const Rect& area, bool selected) {

@@ -37,6 +37,10 @@ std::vector<Line> linesFor(const CockpitData& data) {
             lines.push_back({"", false});
         appendLines(text(TextId::ConnectingHelp), lines.empty(), lines);
     }
+    if (!data.message.empty()) {
+        lines.push_back({"", false});
+        lines.push_back({data.message, false});
+    }
     if (!data.databaseNotice.empty()) {
         lines.push_back({"", false});
         lines.push_back({data.databaseNotice, false});

@@ -218,7 +218,7 @@ TEST(FlightPlanPage, RowsAndPictures) {
         CockpitData data = flying();
         RecordingCanvas canvas(width, height);
         paintFlightPlanPage(canvas, data, {}, colors);
-        EXPECT_EQ(canvas.texts(), "No flight plan: press F or open a file\n");
+        EXPECT_EQ(canvas.texts(), "No flight plan: tap here or press F to enter one\n");
         data.plan = planOf(30, 20);
         const FlightPlanRows rows(width, height, 30);
         for (const std::size_t first : {std::size_t{0}, rows.lastFirst()})
