@@ -69,4 +69,21 @@ bool LabelSpace::claim(const Rect& box) {
     return true;
 }
 
+std::optional<std::size_t> claimFirst(LabelSpace& space, std::span<const Rect> boxes,
+                                      const LabelSpace& disliked) {
+    std::optional<std::size_t> first;
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        if (!space.isFree(boxes[i]))
+            continue;
+        const bool isLiked = !disliked.isTaken(boxes[i]);
+        if (isLiked || !first)
+            first = i;
+        if (isLiked)
+            break;
+    }
+    if (first)
+        space.reserve(boxes[*first]);
+    return first;
+}
+
 }  // namespace korvel

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
+#include <span>
 #include <vector>
 
 #include "display/Canvas.h"
@@ -36,5 +38,10 @@ class LabelSpace {
     std::size_t rows_;
     std::vector<std::vector<Rect>> squares_;  ///< the boxes taken in each, row after row
 };
+
+/// Claims the first box that is free and keeps off `disliked`; where there is none, the first that
+/// is free. Which one it was; nothing when all are refused.
+std::optional<std::size_t> claimFirst(LabelSpace& space, std::span<const Rect> boxes,
+                                      const LabelSpace& disliked);
 
 }  // namespace korvel

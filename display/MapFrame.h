@@ -31,6 +31,7 @@ struct MapFrame {
     double textPx;   ///< type size of labels
     const MapFurniture& furniture;
     LabelSpace& labels;
+    const LabelSpace& planLines;           ///< the plan's legs, which names keep off where they can
     const PlaceSet* places = nullptr;      ///< from the databases; null for none
     const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
     const MeasureTool* measure = nullptr;  ///< the ruler; null for none

@@ -79,9 +79,11 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
     std::optional<MeasureLook> measureLook;
     if (scene.measure != nullptr)
         measureLook = layOutMeasure(canvas, *scene.measure, data, projection, view, textPx, labels);
+    LabelSpace planLines(view);
+    reservePlanLines(data, projection, view, planLines);
     // Before all layers: no name on the map is more important than those of the plan.
     const std::vector<PlanMark> planMarks =
-        layOutPlan(canvas, data, projection, view, textPx, labels);
+        layOutPlan(canvas, data, projection, view, textPx, labels, planLines);
     const std::vector<RingLabel> ringLabels =
         layOutRingLabels(canvas, projection, aircraft, rangeNm, textPx, scene.places, labels);
 
@@ -95,6 +97,7 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
                          .textPx = textPx,
                          .furniture = furniture,
                          .labels = labels,
+                         .planLines = planLines,
                          .places = scene.places,
                          .track = scene.track,
                          .measure = scene.measure,

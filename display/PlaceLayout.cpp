@@ -1,6 +1,7 @@
 #include "display/PlaceLayout.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "display/AircraftLayer.h"
@@ -15,9 +16,10 @@ namespace {
 
 constexpr std::size_t kMostMarks = 400;  // that a hand could still hit, and a frame can draw
 constexpr int kFrequenciesToNm = 40;
-constexpr double kLabelGap = 3;   // between a symbol and its label
-constexpr double kSymbolGap = 2;  // between symbols far out
-constexpr double kAloneGap = 3;   // type sizes, around a lesser place far out
+constexpr std::size_t kLabelCorners = 8;  // places around a symbol for its name
+constexpr double kLabelGap = 3;           // between a symbol and its label
+constexpr double kSymbolGap = 2;          // between symbols far out
+constexpr double kAloneGap = 3;           // type sizes, around a lesser place far out
 constexpr double kRankOfLargePlaces = 9000;
 constexpr double kSmallLabel = 0.8;
 constexpr double kSmallestLabelPx = 11;
@@ -154,16 +156,18 @@ class LayoutBuilder {
         TextStyle style = styleOf(place.placeClass);
         const TextExtent extent = canvas_.measure(text, style.font);
         const double top = mark.area.center().y - extent.capHeight / 2;
-        for (const Point& corner : labelCorners(mark, extent, top)) {
-            const Rect box{corner.x - 1, corner.y - 1, extent.width + 2, extent.capHeight + 2};
-            if (!frame_.labels.claim(box))
-                continue;
-            taken_.reserve(box);
-            layout_.labels.push_back(
-                {{corner.x, corner.y + extent.capHeight}, std::move(text), style});
-            return true;
-        }
-        return false;
+        const auto corners = labelCorners(mark, extent, top);
+        std::array<Rect, kLabelCorners> boxes;
+        std::ranges::transform(corners, boxes.begin(), [&extent](Point corner) {
+            return Rect{corner.x - 1, corner.y - 1, extent.width + 2, extent.capHeight + 2};
+        });
+        const auto found = claimFirst(frame_.labels, boxes, frame_.planLines);
+        if (!found)
+            return false;
+        taken_.reserve(boxes[*found]);
+        layout_.labels.push_back(
+            {{corners[*found].x, corners[*found].y + extent.capHeight}, std::move(text), style});
+        return true;
     }
 
     // One name is enough where a waypoint of the plan stands on its place.
@@ -178,8 +182,8 @@ class LayoutBuilder {
 
     // Top left corners of the places where a label may stand, the best first. Identifiers have no
     // letters below the line.
-    std::vector<Point> labelCorners(const PlaceMark& mark, const TextExtent& extent,
-                                    double middle) const {
+    std::array<Point, kLabelCorners> labelCorners(const PlaceMark& mark, const TextExtent& extent,
+                                                  double middle) const {
         Rect area = mark.area;
         if (overlap(area, aircraft_))
             area = united(area, aircraft_);
@@ -191,8 +195,14 @@ class LayoutBuilder {
         const double centered = area.center().x - extent.width / 2;
         const double above = area.y - kLabelGap - extent.capHeight;
         const double below = area.bottom() + kLabelGap;
-        return {{right, middle}, {left, middle}, {centered, above}, {centered, below},
-                {right, above},  {right, below}, {left, above},     {left, below}};
+        return {{{right, middle},
+                 {left, middle},
+                 {centered, above},
+                 {centered, below},
+                 {right, above},
+                 {right, below},
+                 {left, above},
+                 {left, below}}};
     }
 
     TextStyle styleOf(PlaceClass placeClass) const {

@@ -18,9 +18,42 @@ constexpr double kCoreWidth = 1.5;  // of the background inside it
 constexpr double kAheadWidth = 2.5;
 constexpr double kPassedWidth = 2;
 constexpr double kRim = 2;  // of the background around the active leg
+/// Labels keep off the lines in boxes of this size.
+constexpr double kLineStep = kActiveWidth + 2 * kRim;
 /// A course to intercept reaches at least so far before the waypoint, and so far behind it.
 constexpr double kCourseBeforeNm = 20;
 constexpr double kCourseBehindNm = 20;
+
+/// What is flown along: towards the waypoint wide, beyond it thin and dashed.
+struct ActiveLine {
+    GeoPoint from;
+    GeoPoint to;
+    std::optional<GeoPoint> beyond{};
+};
+
+/// A course to intercept reaches through the waypoint.
+ActiveLine courseLine(GeoPoint waypoint, double courseTrueDeg, double distanceNm) {
+    const auto at = [&](double nm, double directionDeg) {
+        GeoPoint point;
+        PointAtRadialDistance(waypoint.lat, waypoint.lon, nm / kNmPerRadian,
+                              directionDeg * kDegToRad, point.lat, point.lon);
+        return point;
+    };
+    const double before = std::max(kCourseBeforeNm, distanceNm * 1.2);
+    return {at(before, PositiveMod(courseTrueDeg + 180, 360)), waypoint,
+            at(kCourseBehindNm, courseTrueDeg)};
+}
+
+std::optional<ActiveLine> activeLine(const CockpitData& data) {
+    if (!data.activeWaypoint)
+        return std::nullopt;
+    if (data.obsCourseMagDeg && data.desiredTrackTrueDeg)
+        return courseLine(*data.activeWaypoint, *data.desiredTrackTrueDeg,
+                          data.distanceNm.value_or(0));
+    if (data.legStart)
+        return ActiveLine{*data.legStart, *data.activeWaypoint};
+    return std::nullopt;
+}
 
 class PlanPainter {
  public:
@@ -51,13 +84,12 @@ class PlanPainter {
     }
 
     void activeLeg() const {
-        const CockpitData& data = frame_.data;
-        if (!data.activeWaypoint)
+        const auto leg = activeLine(frame_.data);
+        if (!leg)
             return;
-        if (data.obsCourseMagDeg && data.desiredTrackTrueDeg)
-            course(*data.activeWaypoint, *data.desiredTrackTrueDeg);
-        else if (data.legStart)
-            wideLine(*data.legStart, *data.activeWaypoint);
+        if (leg->beyond)
+            line(leg->to, *leg->beyond, {active_, kAheadWidth, PenStyle::Dash});
+        wideLine(leg->from, leg->to);
     }
 
     void marks() const {
@@ -85,19 +117,6 @@ class PlanPainter {
         line(from, to, {active_, kActiveWidth, PenStyle::Solid});
         // Hollow: a track of the same colour, as at night, is never mistaken for it.
         line(from, to, {background_, kCoreWidth, PenStyle::Solid});
-    }
-
-    /// Towards the waypoint wide, beyond it thin and dashed.
-    void course(GeoPoint waypoint, double courseTrueDeg) const {
-        const auto at = [&](double nm, double directionDeg) {
-            GeoPoint point;
-            PointAtRadialDistance(waypoint.lat, waypoint.lon, nm / kNmPerRadian,
-                                  directionDeg * kDegToRad, point.lat, point.lon);
-            return point;
-        };
-        const double before = std::max(kCourseBeforeNm, frame_.data.distanceNm.value_or(0) * 1.2);
-        line(waypoint, at(kCourseBehindNm, courseTrueDeg), {active_, kAheadWidth, PenStyle::Dash});
-        wideLine(at(before, PositiveMod(courseTrueDeg + 180, 360)), waypoint);
     }
 
     /// A diamond, open so that the chart's symbol shows, but for the waypoint that is flown to.
@@ -143,6 +162,33 @@ void paintPlan(const MapFrame& frame, Canvas& canvas) {
     painter.planLegs();
     painter.activeLeg();
     painter.marks();
+}
+
+void reservePlanLines(const CockpitData& data, const MapProjection& projection, const Rect& view,
+                      LabelSpace& lines) {
+    const auto keep = [&](std::span<const Point> piece) {
+        for (std::size_t i = 1; i < piece.size(); ++i) {
+            const Point from = piece[i - 1];
+            const Point to = piece[i];
+            const double length = std::hypot(to.x - from.x, to.y - from.y);
+            const double steps = std::ceil(length / kLineStep);
+            for (double step = 0; step <= steps; ++step) {
+                const double share = steps > 0 ? step / steps : 0;
+                const Point middle{from.x + (to.x - from.x) * share,
+                                   from.y + (to.y - from.y) * share};
+                lines.reserve(grown({middle.x, middle.y, 0, 0}, kLineStep / 2));
+            }
+        }
+    };
+    const auto keepLeg = [&](GeoPoint from, GeoPoint to) {
+        traceGreatCircle(projection, from, to, view, keep);
+    };
+    if (const auto active = activeLine(data))
+        keepLeg(active->from, active->to);
+    const std::size_t rows = data.plan ? data.plan->rows.size() : 0;
+    for (std::size_t i = 1; i < rows; ++i)
+        if (planPart(*data.plan, i) == PlanPart::Ahead)
+            keepLeg(data.plan->rows[i - 1].position, data.plan->rows[i].position);
 }
 
 }  // namespace korvel

@@ -50,7 +50,8 @@ std::vector<PlanMark> marksOf(const CockpitData& data, const MapProjection& proj
 }
 
 // Places the label right, left, above or below its symbol, where there is room first.
-void placeLabel(const Canvas& canvas, double textPx, LabelSpace& labels, PlanMark& mark) {
+void placeLabel(const Canvas& canvas, double textPx, LabelSpace& labels, const LabelSpace& lines,
+                PlanMark& mark) {
     const TextStyle style = planLabelStyle(mark.part, textPx);
     const TextExtent extent = canvas.measure(mark.label, style.font);
     const bool isActive = mark.part == PlanPart::Active;
@@ -61,13 +62,15 @@ void placeLabel(const Canvas& canvas, double textPx, LabelSpace& labels, PlanMar
     const double middle = -extent.width / 2;
     const std::array places{Point{out, 0},  Point{left, 0},  Point{middle, -up}, Point{middle, up},
                             Point{out, up}, Point{out, -up}, Point{left, up},    Point{left, -up}};
-    for (const Point& place : places) {
-        mark.labelAt = {mark.at.x + place.x, mark.at.y + place.y};
-        mark.labelBox = grown(textBox(mark.labelAt, extent, style), rim);
-        if (labels.claim(mark.labelBox))
-            return;
-    }
-    mark.label.clear();
+    std::array<Rect, places.size()> boxes;
+    for (std::size_t i = 0; i < places.size(); ++i)
+        boxes[i] =
+            grown(textBox({mark.at.x + places[i].x, mark.at.y + places[i].y}, extent, style), rim);
+    const auto found = claimFirst(labels, boxes, lines);
+    if (!found)
+        return mark.label.clear();
+    mark.labelAt = {mark.at.x + places[*found].x, mark.at.y + places[*found].y};
+    mark.labelBox = boxes[*found];
 }
 
 }  // namespace
@@ -100,7 +103,7 @@ double planSymbolRadius(PlanPart part, double textPx) {
 
 std::vector<PlanMark> layOutPlan(const Canvas& canvas, const CockpitData& data,
                                  const MapProjection& projection, const Rect& view, double textPx,
-                                 LabelSpace& labels) {
+                                 LabelSpace& labels, const LabelSpace& lines) {
     std::vector<PlanMark> marks = marksOf(data, projection, view);
     for (const PlanMark& mark : marks) {
         const double radius = planSymbolRadius(mark.part, textPx);
@@ -109,7 +112,7 @@ std::vector<PlanMark> layOutPlan(const Canvas& canvas, const CockpitData& data,
     for (const PlanPart part : {PlanPart::Active, PlanPart::Ahead, PlanPart::Passed})
         for (PlanMark& mark : marks)
             if (mark.part == part)
-                placeLabel(canvas, textPx, labels, mark);
+                placeLabel(canvas, textPx, labels, lines, mark);
     std::stable_partition(marks.begin(), marks.end(),
                           [](const PlanMark& mark) { return mark.part != PlanPart::Active; });
     return marks;

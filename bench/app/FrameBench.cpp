@@ -133,6 +133,24 @@ struct BusyView {
         viewport.layout(PageId::Map, 1280, 800);
         viewport.chooseRange(static_cast<int>(state.range(1)));
         data.position = GeoPoint{region.lat * kDegToRad, region.lon * kDegToRad};
+        addPlan(static_cast<double>(state.range(1)));
+    }
+    /// To and fro over all of the map.
+    void addPlan(double rangeNm) {
+        constexpr int kWaypoints = 20;
+        auto plan = std::make_shared<PlanView>();
+        plan->active = 1;
+        for (int i = 0; i < kWaypoints; ++i) {
+            PlanRow row;
+            row.ident = "WAYPT";
+            PointAtRadialDistance(data.position->lat, data.position->lon,
+                                  rangeNm / kNmPerRadian * (0.2 + 0.06 * i), i * 2.6,
+                                  row.position.lat, row.position.lon);
+            plan->rows.push_back(row);
+        }
+        data.legStart = plan->rows[0].position;
+        data.activeWaypoint = plan->rows[1].position;
+        data.plan = plan;
     }
     MapProjection projection() const { return viewport.projection(*data.position, 222); }
     bool update(MapPlaces& places) const {

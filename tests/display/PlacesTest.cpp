@@ -220,6 +220,49 @@ TEST(PlaceLayer, NamesKeepApartAndRunwaysCarryTheirNumbers) {
         for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(overlap(names[i], names[j])) << i << " and " << j;
 }
 
+TEST(PlaceLayer, NamesKeepOffTheLeg) {
+    const ColorScheme scheme;
+    const MapColorCache colors(scheme);
+    MapViewport viewport;
+    viewport.layout(PageId::NorthUp, 800, 400);
+    viewport.chooseRange(8);
+    CockpitData data = flying();
+    const MapProjection projection = viewport.projection(*data.position, 0);
+    data.legStart = projection.unproject({-100, 100});
+    data.activeWaypoint = projection.unproject({900, 104});
+    PlaceSet set;
+    for (int i = 0; i < 5; ++i)
+        set.places.push_back(placeAt(numbered("N", 100 + i), {100.0 + 120 * i, 98.0 + 2 * i}, 700, projection));
+    const auto crossed = [&] {
+        RecordingCanvas canvas(800, 400);
+        PagePainter(colors).paint(canvas, PageId::NorthUp, {.data = data, .viewport = viewport, .places = &set});
+        int names = 0;
+        int count = 0;
+        for (const auto& element : canvas.elements())
+            if (element.kind == RecordingCanvas::Kind::Text && element.text.starts_with("N1")) {
+                ++names;
+                const double bottom = element.area.y + canvas.measure("N1", element.style.font).capHeight;
+                count += element.area.y < 104 && bottom > 100 ? 1 : 0;
+            }
+        EXPECT_EQ(names, static_cast<int>(set.places.size()));
+        return count;
+    };
+    EXPECT_EQ(crossed(), 0);
+    data.legStart.reset();
+    EXPECT_EQ(crossed(), 5) << "beside their symbols";
+}
+
+TEST(LabelSpace, ANameOnALineIsBetterThanNone) {
+    LabelSpace space({0, 0, 100, 100});
+    LabelSpace lines({0, 0, 100, 100});
+    lines.reserve({0, 0, 100, 50});
+    const std::vector<Rect> boxes{{-5, 60, 10, 10}, {10, 10, 10, 10}, {10, 30, 10, 10}, {10, 70, 10, 10}};
+    EXPECT_EQ(claimFirst(space, boxes, lines), 3U);
+    EXPECT_EQ(claimFirst(space, boxes, lines), 1U);
+    EXPECT_EQ(claimFirst(space, boxes, lines), 2U);
+    EXPECT_EQ(claimFirst(space, boxes, lines), std::nullopt);
+}
+
 TEST_F(PlacesTest, NearAirportsCarryWhatThePilotAsksFor) {
     TestDatabase file;
     file.addAirport("EDAA", 50, 8.5, "Aaheim");
