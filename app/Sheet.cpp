@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <memory>
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScroller>
 
 #include "app/QtText.h"
 
@@ -107,8 +109,16 @@ void Sheet::showEvent(QShowEvent* event) {
     if (!hasTallRow)
         column_.addStretch(1);
     offerKeyPad();
+    letFingersScroll();
     place();
     QDialog::showEvent(event);
+}
+
+void Sheet::letFingersScroll() {
+    for (auto* area : body_.findChildren<QAbstractScrollArea*>())
+        QScroller::grabGesture(area->viewport(), QScroller::TouchGesture);
+    for (auto* list : body_.findChildren<QAbstractItemView*>())
+        list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
 }
 
 /// There is something to type when the sheet has a line for it.

@@ -47,6 +47,7 @@ class Sheet : public QDialog {
     void addHeader(const QString& title);
     void addFoot();
     void offerKeyPad();
+    void letFingersScroll();
     void showKeyPad(bool on);
     void place();
 

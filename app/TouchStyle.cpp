@@ -12,6 +12,7 @@ namespace {
 constexpr int kMenuBarPixels = 34;  // 9 mm at 96 dots per inch
 constexpr int kMenuBarMargin = 10;  // left and right of a menu's name
 constexpr int kIndicatorPixels = 22;
+constexpr int kScrollBarPixels = 24;
 constexpr int kKeyMargin = 24;  // between a command and its key
 
 bool isSeparator(const QStyleOption* option) {
@@ -34,6 +35,8 @@ QSize TouchStyle::sizeFromContents(ContentsType type, const QStyleOption* option
                                        : QSize(plain.width() + kKeyMargin,
                                                std::max(plain.height(), Sheet::kRowPixels));
         case CT_ItemViewItem:
+        case CT_PushButton:
+        case CT_ComboBox:
             return {plain.width(), std::max(plain.height(), Sheet::kRowPixels)};
         default:
             return plain;
@@ -48,6 +51,8 @@ int TouchStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         case PM_ExclusiveIndicatorWidth:
         case PM_ExclusiveIndicatorHeight:
             return kIndicatorPixels;
+        case PM_ScrollBarExtent:
+            return kScrollBarPixels;
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }

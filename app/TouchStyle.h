@@ -4,7 +4,7 @@
 
 namespace korvel {
 
-/// The toolkit's plain style with menus, lists and boxes to tick that a finger hits in a bumpy
+/// The toolkit's plain style with menus, lists, buttons and boxes to tick that a finger hits in a bumpy
 /// cockpit.
 class TouchStyle final : public QProxyStyle {
  public:
