@@ -10,6 +10,7 @@
 #include "display/MapViewport.h"
 #include "display/TextBox.h"
 #include "nav/Geodesy.h"
+#include "navdb/RecordKey.h"
 
 namespace korvel {
 namespace {
@@ -34,8 +35,10 @@ std::vector<PlanMark> marksOf(const CockpitData& data, const MapProjection& proj
     std::vector<PlanMark> marks;
     const std::optional<std::size_t> flown = flownRow(data);
     if (data.activeWaypoint && !flown)
-        marks.push_back(markAt(projection.project(*data.activeWaypoint), PlanPart::Active,
-                               labelText(data.activeName, data.pathAltitudeFt, data.altUnit)));
+        marks.push_back(markAt(
+            projection.project(*data.activeWaypoint), PlanPart::Active,
+            labelText(hasKindPrefix(data.activeKey) ? identOfKey(data.activeKey) : data.activeName,
+                      data.pathAltitudeFt, data.altUnit)));
     const std::size_t rows = data.plan ? data.plan->rows.size() : 0;
     for (std::size_t i = 0; i < rows; ++i) {
         const PlanRow& row = data.plan->rows[i];

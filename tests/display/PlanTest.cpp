@@ -282,4 +282,22 @@ TEST(PlanLayer, ActiveLegStandsOut) {
     EXPECT_EQ(pens(), "2-d 3p 3p 3pd 9- 5p 2- ");
 }
 
+TEST(PlanLayer, ADirectToIsCalledAsOnTheChart) {
+    const ColorScheme scheme;
+    const MapColorCache colors(scheme);
+    CockpitData data = flying();
+    data.directLeg = true;
+    data.legStart = data.position;
+    data.activeWaypoint = GeoPoint{data.position->lat + 0.004, data.position->lon};
+    data.activeName = "Renton Muni";
+    for (const auto& [key, label] : {std::pair{"a.KRNT", "KRNT"}, std::pair{"", "Renton Muni"}}) {
+        data.activeKey = key;
+        RecordingCanvas canvas(800, 480);
+        MapViewport viewport;
+        viewport.layout(PageId::Map, 800, 480);
+        paintMap(canvas, {.data = data, .viewport = viewport}, colors);
+        EXPECT_NE(canvas.findText(label), nullptr) << label;
+    }
+}
+
 }}  // namespace korvel
