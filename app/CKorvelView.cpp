@@ -351,9 +351,8 @@ void CKorvelView::showPage(PageId page) {
 
 void CKorvelView::choosePage(PageId page) {
     autoView_.leaveAlone();
+    held_ = false;
     showPage(page);
-    if (document_.settings().autoview)
-        pauseAutomatic();
     if (isMapPage())
         hint(TextId::HintFields);
 }

@@ -5,6 +5,8 @@
 namespace korvel {
 namespace {
 
+constexpr int kRestTicks = 60;  // of half a second
+
 bool isDestination(const CockpitData& data) {
     if (data.directLeg)
         return true;
@@ -24,6 +26,8 @@ bool AutoView::isNear(const CockpitData& data) const {
 std::optional<PageId> AutoView::tick(PageId shown, const CockpitData& data) {
     if (!data.position)
         return std::nullopt;  // nothing is known: nothing moves
+    const bool rests = restTicks_ > 0;
+    restTicks_ -= rests ? 1 : 0;
     near_ = isNear(data);
     if (shown != PageId::MapHsi)
         left_.reset();
@@ -31,7 +35,7 @@ std::optional<PageId> AutoView::tick(PageId shown, const CockpitData& data) {
         declined_ = false;
         return std::exchange(left_, std::nullopt);
     }
-    if (declined_ || (shown != PageId::Map && shown != PageId::NorthUp))
+    if (rests || declined_ || (shown != PageId::Map && shown != PageId::NorthUp))
         return std::nullopt;
     left_ = shown;
     return PageId::MapHsi;
@@ -40,6 +44,7 @@ std::optional<PageId> AutoView::tick(PageId shown, const CockpitData& data) {
 void AutoView::leaveAlone() {
     left_.reset();
     declined_ = near_;
+    restTicks_ = kRestTicks;
 }
 
 }  // namespace korvel

@@ -22,7 +22,7 @@ class AutoView {
     /// One half-second tick; the page to show, if another.
     std::optional<PageId> tick(PageId shown, const CockpitData& data);
 
-    /// The pilot has chosen a page.
+    /// The pilot has chosen a page: it comes in again at the next approach, and not within 30 s.
     void leaveAlone();
 
  private:
@@ -31,6 +31,7 @@ class AutoView {
     std::optional<PageId> left_;  // where it came from
     bool near_ = false;
     bool declined_ = false;  // by the pilot, for this approach
+    int restTicks_ = 0;
 };
 
 }  // namespace korvel
