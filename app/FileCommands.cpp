@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QDateTime>
 #include <QMessageBox>
 
 #include "app/CKorvelDoc.h"
@@ -65,7 +66,7 @@ void FileCommands::showRecent() {
 void FileCommands::newPlan() { navigator().plan().clear(); }
 
 void FileCommands::choosePlan() {
-    choose(TextId::OpenPlanTitle, QFileDialog::AcceptOpen, TextId::PlanFilter, {},
+    choose({TextId::OpenPlanTitle, TextId::PlanFilter},
            [this](const std::filesystem::path& path) { openFile(path); });
 }
 
@@ -104,8 +105,11 @@ void FileCommands::savePlanTo(const std::filesystem::path& path,
 }
 
 void FileCommands::savePlanAs(const std::function<void()>& next) {
-    choose(TextId::SavePlanTitle, QFileDialog::AcceptSave, TextId::PlanSaveFilter,
-           QStringLiteral("fp"),
+    const std::string name = navigator().plan().proposedFileName();
+    if (name.empty())
+        return host_.showError(std::string(text(TextId::NoPlanToSave)));
+    choose({TextId::SavePlanTitle, TextId::PlanSaveFilter, QStringLiteral("fp"),
+            QString::fromStdString(name)},
            [this, next](const std::filesystem::path& path) { savePlanTo(path, next); });
 }
 
@@ -129,7 +133,7 @@ void FileCommands::withPlanSafe(const std::function<void()>& next) {
 // Tracks
 
 void FileCommands::chooseTrack() {
-    choose(TextId::OpenTrackTitle, QFileDialog::AcceptOpen, TextId::TrackFilter, {},
+    choose({TextId::OpenTrackTitle, TextId::TrackFilter},
            [this](const std::filesystem::path& path) { openTrack(path); });
 }
 
@@ -141,23 +145,27 @@ void FileCommands::openTrack(const std::filesystem::path& path) {
 void FileCommands::saveTrackAs() {
     if (!navigator().track().track())
         return host_.showError(std::string(text(TextId::NoTrackToSave)));
-    choose(TextId::SaveTrackTitle, QFileDialog::AcceptSave, TextId::TrackFilter,
-           QStringLiteral("trk"), [this](const std::filesystem::path& path) {
+    const QString name =
+        QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-HHmm'.trk'"));
+    choose({TextId::SaveTrackTitle, TextId::TrackFilter, QStringLiteral("trk"), name},
+           [this](const std::filesystem::path& path) {
                if (const std::string error = navigator().track().saveTrack(path); !error.empty())
                    host_.showError(error);
            });
 }
 
-void FileCommands::choose(TextId title, QFileDialog::AcceptMode mode, TextId filter,
-                          const QString& suffix,
+void FileCommands::choose(const FileQuestion& question,
                           const std::function<void(const std::filesystem::path&)>& chosen) {
-    auto* dialog = new QFileDialog(&host_.window(), korvel::toQString(title),
-                                   toQString(documentsFolder()), korvel::toQString(filter));
+    auto* dialog =
+        new QFileDialog(&host_.window(), korvel::toQString(question.title),
+                        toQString(documentsFolder()), korvel::toQString(question.filter));
+    const bool saves = !question.suffix.isEmpty();
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setAcceptMode(mode);
-    dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
-                                                        : QFileDialog::AnyFile);
-    dialog->setDefaultSuffix(suffix);
+    dialog->setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog->setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog->setDefaultSuffix(question.suffix);
+    if (saves)
+        dialog->selectFile(question.proposal);
     // As large as the window: rows and buttons are large, too.
     dialog->resize(host_.window().size());
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog,

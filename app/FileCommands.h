@@ -42,8 +42,14 @@ class FileCommands {
     void chooseTrack();
     void saveTrackAs();
     void openTrack(const std::filesystem::path& path);
+    struct FileQuestion {
+        TextId title;
+        TextId filter;
+        QString suffix{};    ///< of files to save; empty: one is opened
+        QString proposal{};  ///< a bare name, so that nobody needs to type
+    };
     /// A dialog that goes with the window and calls `chosen` with one file.
-    void choose(TextId title, QFileDialog::AcceptMode mode, TextId filter, const QString& suffix,
+    void choose(const FileQuestion& question,
                 const std::function<void(const std::filesystem::path&)>& chosen);
 
     Navigator& navigator();

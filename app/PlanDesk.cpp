@@ -5,6 +5,7 @@
 
 #include "config/StringTable.h"
 #include "nav/RouteEntry.h"
+#include "navdb/RecordKey.h"
 #include "platform/FileIo.h"
 
 namespace korvel {
@@ -30,6 +31,25 @@ void PlanDesk::comeIntoForce(bool changed) {
     ++revision_;
     keepUnsaved();
     onChange_();
+}
+
+std::string PlanDesk::proposedFileName() const {
+    if (!file_.empty()) {
+        return file_.filename().string();
+    }
+    const PlanEntries plan = entries();
+    if (plan.empty()) {
+        return {};
+    }
+    const auto nameOf = [](const PlanWaypoint& entry) {
+        std::string name(hasKindPrefix(entry.key) ? identOfKey(entry.key) : entry.key);
+        // A place without a record is called by words.
+        std::erase_if(name, [](char letter) {
+            return (letter < 'A' || letter > 'Z') && (letter < '0' || letter > '9');
+        });
+        return name;
+    };
+    return nameOf(plan.front()) + '-' + nameOf(plan.back()) + ".fp";
 }
 
 /// A failure to write is forgotten, the next change tries again: the flight goes on.

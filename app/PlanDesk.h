@@ -61,6 +61,9 @@ class PlanDesk {
 
     /// Empty for a plan that has no file yet.
     [[nodiscard]] const std::filesystem::path& file() const { return file_; }
+    /// A bare name to save it under: its file's, else of where it begins and ends.
+    [[nodiscard]] std::string proposedFileName() const;
+
     /// From now on what no file of the pilot's holds is kept in this one: a program that is killed
     /// loses no plan. It goes as soon as there is nothing to keep any more.
     void keepUnsavedIn(const std::filesystem::path& path) { unsaved_ = path; }

@@ -339,6 +339,7 @@ constexpr auto kTexts = std::to_array<Row>({
     Row{TextId::PagesHelp,
         "Next Page goes through the pages that are chosen here; while there are fewer than two, "
         "through all."},
+    Row{TextId::NoPlanToSave, "There is no flight plan to save."},
 });
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

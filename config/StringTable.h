@@ -305,6 +305,7 @@ enum class TextId : int {
     ConnectedExpired = 61920,  ///< %s: date
     PlanRecovered = 61921,
     PagesHelp = 61922,
+    NoPlanToSave = 61923,
 };
 
 /// The text of that number.

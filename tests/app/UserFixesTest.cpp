@@ -58,12 +58,15 @@ TEST_F(UserFixesTest, APlanKeepsItsMarksAndItsFileThePosition) {
     for (const char* name : {"AAA", "BBB", "CCC"}) ASSERT_EQ(fixes_.add(name, at(10, 20)), "");
     ASSERT_EQ(navigator_.plan().enterRoute("AAA CCC"), "");
     EXPECT_EQ(fixes_.remove(0), "AAA is in the flight plan.");
+    EXPECT_EQ(navigator_.plan().proposedFileName(), "AAA-CCC.fp");
     ASSERT_EQ(navigator_.plan().saveAs(folder_ / "a.fp"), "");
     EXPECT_EQ(readWholeFile(folder_ / "a.fp"), "AAA 10.000000 20.000000\r\nCCC 10.000000 20.000000\r\n");
+    EXPECT_EQ(navigator_.plan().proposedFileName(), "a.fp");
     EXPECT_EQ(fixes_.remove(1), "");
     EXPECT_EQ(navigator_.database().Find("BBB"), nullptr);
     EXPECT_EQ(names(), "AAA CCC ");
     navigator_.plan().clear();
+    EXPECT_EQ(navigator_.plan().proposedFileName(), "");
     EXPECT_EQ(fixes_.remove(1), "");
     EXPECT_EQ(fixes_.remove(0), "");
     // Elsewhere, where nobody marked them, the file is enough.
