@@ -41,6 +41,8 @@ std::optional<int> AutoZoom::tick(std::optional<Point> waypoint, const MapViewpo
     if (!waypoint)
         return std::nullopt;
     const double needed = neededRangeNm(*waypoint, viewport);
+    if (needed > kRangeStepsNm.back())
+        return std::nullopt;
     const double closest = approachMode ? kClosestInApproachNm : kClosestNm;
     const int current = viewport.currentRangeNm();
     if (const int farther = stepFor(std::max(needed, closest)); farther > current)

@@ -8,10 +8,10 @@ namespace korvel {
 
 class MapViewport;
 
-/// Automatic zoom: keeps the active waypoint on the map where it lies now: where the window
-/// has more room, as at the sides of a wide one, the range is closer. It goes out at once, and in
-/// only when the waypoint stays well inside the closer range for three seconds: noise makes it step
-/// once, never back and forth.
+/// Automatic zoom: keeps the active waypoint on the map where it lies now: where the window has
+/// more room, as at the sides of a wide one, the range is closer. It goes out at once, and in only
+/// when the waypoint stays well inside the closer range for three seconds: noise makes it step
+/// once, never back and forth. A waypoint that no range holds leaves the range alone.
 class AutoZoom {
  public:
     /// Nearer than this it never comes: the runways of a field are seen, the way to it as well.
