@@ -44,6 +44,7 @@ std::unique_ptr<QWidget> CPrefsSheet::makePage(PrefsPage page, const Settings& s
     auto rows = std::make_unique<QWidget>();
     auto* form = new QFormLayout(rows.get());
     form->setVerticalSpacing(kRowSpacing);
+    form->setRowWrapPolicy(QFormLayout::WrapLongRows);
     if (page == PrefsPage::Pages) {
         auto* help = new QLabel(toQString(TextId::PagesHelp), rows.get());
         help->setWordWrap(true);
@@ -54,6 +55,7 @@ std::unique_ptr<QWidget> CPrefsSheet::makePage(PrefsPage page, const Settings& s
             addEditor(*rows, row, row.valueIn(settings));
     auto scroll = std::make_unique<QScrollArea>();
     scroll->setWidgetResizable(true);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidget(rows.release());
     return scroll;
