@@ -1,6 +1,6 @@
 #include "app/SimulatorSheet.h"
 
-#include <algorithm>
+#include <set>
 
 #include <QHBoxLayout>
 
@@ -23,6 +23,7 @@ SimulatorSheet::SimulatorSheet(QWidget* parent, CKorvelDoc& document)
       document_(document) {
     form_.setSpacing(6);
     column().addLayout(&form_);
+    form_.setRowWrapPolicy(QFormLayout::WrapLongRows);
     addNumber(latitude_, TextId::SimulatorLatitude, 0);
     addNumber(longitude_, TextId::SimulatorLongitude, 0);
     addNumber(heading_, TextId::SimulatorHeading, kHeadingStep);
@@ -89,10 +90,10 @@ void SimulatorSheet::addSwitches() {
     steering_.setMinimumHeight(kRowPixels);
     connect(&steering_, &QCheckBox::toggled, this,
             [this](bool on) { document_.navigator().simulator().setSteering(on); });
-    for (const int factor : {1, 2, 5, 10, 30, Navigator::kFastestTime})
+    const int current = document_.navigator().timeFactor();  // may be any, by the command line
+    for (const int factor : std::set{1, 2, 5, 10, 30, Navigator::kFastestTime, current})
         timeFactor_.addItem(QStringLiteral("× %1").arg(factor), factor);
-    timeFactor_.setCurrentIndex(
-        std::max(0, timeFactor_.findData(document_.navigator().timeFactor())));
+    timeFactor_.setCurrentIndex(timeFactor_.findData(current));
     timeFactor_.setMinimumHeight(kRowPixels);
     timeFactor_.setAccessibleName(toQString(TextId::SimulatorTime));
     connect(&timeFactor_, &QComboBox::currentIndexChanged, this,

@@ -244,15 +244,24 @@ class FlightPlanPainter {
                                        "ETE " + durationText(last.totalHours),
                                        "ETA " + arrivalText(last.totalHours, data_.now)});
         const double left = textPx_ * 0.7;
-        const double step =
-            (columns_.front().right - left) / std::max(static_cast<double>(words.size()) - 1, 1.0);
-        for (std::size_t i = 0; i < words.size(); ++i) {
-            const AlignX align = i == 0                  ? AlignX::Left
-                                 : i + 1 == words.size() ? AlignX::Right
-                                                         : AlignX::Center;
-            canvas_.text({left + step * static_cast<double>(i), area.center().y}, words[i],
-                         style(1, ink_, align));
+        const double room = columns_.front().right - left;
+        double taken = (static_cast<double>(words.size()) - 1) * textPx_;  // with the least gaps
+        for (const std::string& word : words)
+            taken += widthOf(word, style(1, ink_, AlignX::Left));
+        const TextStyle look = style(std::min(1.0, room / taken), ink_, AlignX::Left);
+        double gap = room;
+        for (const std::string& word : words)
+            gap -= widthOf(word, look);
+        gap /= std::max(static_cast<double>(words.size()) - 1, 1.0);
+        double x = left;
+        for (const std::string& word : words) {
+            canvas_.text({x, area.center().y}, word, look);
+            x += widthOf(word, look) + gap;
         }
+    }
+
+    [[nodiscard]] double widthOf(const std::string& word, const TextStyle& look) const {
+        return canvas_.measure(word, look.font).width;
     }
 
     Canvas& canvas_;

@@ -155,7 +155,10 @@ class SatellitePainter {
         double y = area.center().y - 1.05 * textPx_ * static_cast<double>(count - 1);
         while (!lines.empty()) {
             const std::size_t end = std::min(lines.find('\n'), lines.size());
-            canvas_.text({area.center().x, y}, lines.substr(0, end), style(bold(1.4), ink_));
+            TextStyle words = style(bold(1.4), ink_);
+            const double width = canvas_.measure(lines.substr(0, end), words.font).width;
+            words.font.height *= std::min(1.0, area.width / std::max(width, 1.0));
+            canvas_.text({area.center().x, y}, lines.substr(0, end), words);
             lines.remove_prefix(std::min(end + 1, lines.size()));
             y += 2.1 * textPx_;
         }

@@ -214,12 +214,14 @@ TEST(FlightPlanPage, Figures) {
 TEST(FlightPlanPage, RowsAndPictures) {
     const ColorScheme scheme;
     const MapColorCache colors(scheme);
-    for (const auto& [width, height] : {std::pair{640., 300.}, {800., 370.}, {1280., 660.}}) {
+    for (const auto& [width, height] : {std::pair{480., 400.}, {640., 300.}, {800., 370.}, {1280., 660.}}) {
         CockpitData data = flying();
         RecordingCanvas canvas(width, height);
         paintFlightPlanPage(canvas, data, {}, colors);
         EXPECT_EQ(canvas.texts(), "No flight plan: tap here or press F to enter one\n");
         data.plan = planOf(30, 20);
+        data.activeWaypoint = data.plan->rows[20].position;
+        data.distanceNm = 1234;
         const FlightPlanRows rows(width, height, 30);
         for (const std::size_t first : {std::size_t{0}, rows.lastFirst()})
             for (std::size_t i = first; i < first + rows.visible(); ++i) {
@@ -237,11 +239,16 @@ TEST(FlightPlanPage, RowsAndPictures) {
         canvas.clear();
         paintFlightPlanPage(canvas, data, {.firstRow = 99}, colors);
         EXPECT_NE(canvas.findText("W29"), nullptr);
+        double end = 0;
         for (const auto& element : canvas.elements()) {
             if (element.kind == RecordingCanvas::Kind::Text) {
                 EXPECT_TRUE(element.area.x >= 0 && element.area.right() <= width) << element.text;
+                if (!rows.totals().contains(element.area.center())) continue;
+                EXPECT_GT(element.area.x, end) << element.text;
+                end = element.area.right();
             }
         }
+        EXPECT_GT(end, width * 0.9);
     }
 }
 
