@@ -1,11 +1,11 @@
 #pragma once
 
-#include <atomic>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <stdexcept>
 #include <string>
 #include <string_view>
-#include <unistd.h>
 
 #include "platform/FileIo.h"
 
@@ -14,9 +14,10 @@ namespace korvel {
 /// A folder of a test's or benchmark's own, empty at the start and gone at the end.
 class TempFolder {
  public:
-    TempFolder() : path_(std::filesystem::temp_directory_path() / name()) {
-        std::filesystem::remove_all(path_);  // of a process that was killed
-        std::filesystem::create_directories(path_);
+    TempFolder() {
+        std::string name = std::filesystem::temp_directory_path() / "korvel-test-XXXXXX";
+        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for the test: " + name);
+        path_ = name;
     }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
@@ -39,11 +40,6 @@ class TempFolder {
     }
 
  private:
-    static std::string name() {
-        static std::atomic<int> count{0};
-        return "korvel-test-" + std::to_string(getpid()) + "-" + std::to_string(++count);
-    }
-
     std::filesystem::path path_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "dbc/AiracCycle.h"
 #include "dbc/AirportRules.h"
 #include "dbc/AsciiText.h"
@@ -47,7 +48,8 @@ TEST(LineReader, KeepsLinesWholeAcrossBlocksPlainAndCompressed) {
     }
     EXPECT_EQ(linesOf(openText(text)), lines);
 
-    const std::string path = testing::TempDir() + "lines.gz";
+    const TempFolder folder;
+    const std::string path = folder / "lines.gz";
     gzFile file = gzopen(path.c_str(), "wb");
     gzwrite(file, text.data(), static_cast<unsigned>(text.size()));
     gzclose(file);
@@ -59,7 +61,7 @@ TEST(LineReader, KeepsLinesWholeAcrossBlocksPlainAndCompressed) {
     bool failed = false;
     EXPECT_LT(linesOf(openTextFile(path), &failed).size(), lines.size());
     EXPECT_TRUE(failed) << "half a .gz must not pass for a short file";
-    EXPECT_EQ(openTextFile(testing::TempDir() + "no such file"), nullptr);
+    EXPECT_EQ(openTextFile(folder / "no such file"), nullptr);
 }
 
 TEST(Fields, ReadsWholeNumbersOnly) {
