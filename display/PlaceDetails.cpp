@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "nav/Geodesy.h"
+#include "nav/LandingRunway.h"
 #include "nav/TextNumbers.h"
 #include "navdb/AirportRecord.h"
 #include "navdb/NavDatabase.h"
@@ -25,12 +26,6 @@ std::optional<double> magneticDeg(const RunwayEnd& end) {
 std::optional<double> variationOf(const AirportRecord& airport) {
     const auto degrees = static_cast<double>(airport.magVariationDeg);
     return degrees == kNoAngle ? std::nullopt : std::optional(degrees);
-}
-
-bool hasBothEnds(const RunwayRecord& runway) {
-    return runway.ends.size() == 2 && IsValid(runway.ends[0].position) &&
-           IsValid(runway.ends[1].position) &&
-           !SamePoint(runway.ends[0].position, runway.ends[1].position);
 }
 
 MapRunway toMapRunway(const RunwayRecord& runway) {

@@ -11,17 +11,17 @@ namespace korvel {
 
 struct RunwayEnd {
     std::string id;  ///< "09L"
-    std::optional<int> magHeadingDeg;
-    GeoPoint position;  ///< not valid when unknown
-    std::optional<int> elevationFt;
+    std::optional<int> magHeadingDeg{};
+    GeoPoint position{};  ///< not valid when unknown
+    std::optional<int> elevationFt{};
     char pattern = 0;  ///< 'L' or 'R': the side of the traffic pattern; 0 when unknown
 };
 
 struct RunwayRecord {
-    std::optional<int> lengthFt;
-    std::optional<int> widthFt;
-    std::string surface;
-    std::string info;
+    std::optional<int> lengthFt{};
+    std::optional<int> widthFt{};
+    std::string surface{};
+    std::string info{};
     std::vector<RunwayEnd> ends;  ///< the low end, then the high one; a helipad has one
 };
 
