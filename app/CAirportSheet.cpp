@@ -64,6 +64,13 @@ CAirportSheet::CAirportSheet(QWidget* parent, CKorvelDoc& document, const Look& 
     // The layout takes the picture.
     content().addWidget(new RunwayPicture(look, airport), 0, Qt::AlignTop);
     setPreferredWidth(15 * kRowPixels);
+    if (landingRunways(*airport).empty() || !document.settings().apprMode)
+        return;
+    addButton(approach_, TextId::ApproachButton, [this, airport] {
+        QDialog::accept();
+        if (onApproach)
+            onApproach(landingRunways(*airport));
+    });
 }
 
 }  // namespace korvel

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "app/PlaceSheet.h"
+#include "nav/LandingRunway.h"
 #include "navdb/AirportRecord.h"
 
 namespace korvel {
@@ -27,6 +30,12 @@ class CAirportSheet final : public PlaceSheet {
     /// Document and look outlive the sheet; the record holds its runways and frequencies already.
     CAirportSheet(QWidget* parent, CKorvelDoc& document, const Look& look,
                   const std::shared_ptr<const AirportRecord>& airport);
+
+    /// The pilot wants to land on one of these runways.
+    std::function<void(std::vector<LandingRunway>)> onApproach;
+
+ private:
+    QPushButton approach_;
 };
 
 }  // namespace korvel

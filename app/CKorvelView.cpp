@@ -16,6 +16,7 @@
 #include "app/PageCycle.h"
 #include "app/QtCanvas.h"
 #include "config/ProfileFile.h"
+#include "display/ApproachBox.h"
 #include "display/MapLook.h"
 #include "display/MeasureLayer.h"
 #include "display/PlaceHit.h"
@@ -111,6 +112,7 @@ void CKorvelView::tick() {
     if (onLive)
         onLive(data_.position && !data_.simulated);
     announceWaypoint();
+    announceApproach();
 }
 
 void CKorvelView::followAttitude() {
@@ -137,7 +139,7 @@ void CKorvelView::actByItself() {
     std::optional<Point> waypoint;
     if (data_.position && data_.activeWaypoint)
         waypoint = viewport_.projection(*data_.position, upDeg()).project(*data_.activeWaypoint);
-    if (const auto rangeNm = autoZoom_.tick(waypoint, viewport_, data_.approachMode);
+    if (const auto rangeNm = autoZoom_.tick(waypoint, viewport_, data_.approach.has_value());
         rangeNm && viewport_.setRange(*rangeNm))
         update();
 }
@@ -164,6 +166,17 @@ void CKorvelView::announceWaypoint() {
     const std::string_view name = announced_;
     say(data_.targetAltitudeFt ? formatText(TextId::NextWaypointAt, {name, *data_.targetAltitudeFt})
                                : formatText(TextId::NextWaypoint, {name}));
+}
+
+void CKorvelView::announceApproach() {
+    const std::string runway = data_.approach ? data_.approach->runway.id : std::string();
+    if (runway == announcedRunway_)
+        return;
+    announcedRunway_ = runway;
+    say(data_.approach
+            ? formatText(TextId::ApproachBegun, {std::string_view(runway),
+                                                 std::string_view(data_.approach->runway.airport)})
+            : std::string(text(TextId::ApproachEnded)));
 }
 
 void CKorvelView::refresh() {
@@ -557,8 +570,19 @@ bool CKorvelView::tapAlarm(Point at) {
     return alarm.has_value();
 }
 
+/// `at` counts from the page's corner.
+bool CKorvelView::tapApproach(Point at) {
+    const bool hit = PagePainter::showsApproach(page_, data_, panned_.has_value()) &&
+                     approachBox(layout_.page.width, layout_.page.height).contains(at);
+    if (hit && onApproach)
+        onApproach();
+    return hit;
+}
+
 /// False when nothing lies there. `at` counts from the page's corner.
 bool CKorvelView::tapPage(Point at) {
+    if (tapApproach(at))
+        return true;
     if (page_ == PageId::FlightPlan && !data_.plan) {
         run(TouchCommand::Plan);
         return true;

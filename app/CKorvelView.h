@@ -104,6 +104,7 @@ class CKorvelView final : public QWidget {
     std::function<void(std::size_t row)> onPlanRow;
     /// An airport of the nearest page was tapped.
     std::function<void(const NearAirport&)> onAirport;
+    std::function<void()> onApproach;  ///< the approach's box
     /// Places of the map were tapped, the best first.
     std::function<void(const std::vector<MapPlace>&)> onPlaces;
 
@@ -152,6 +153,7 @@ class CKorvelView final : public QWidget {
     void tap(Point at);
     bool tapPage(Point at);
     bool tapAlarm(Point at);
+    bool tapApproach(Point at);
     void tapFields(Point at);
     bool tapMap(Point at);
     bool isOnMap(Point at) const;
@@ -160,6 +162,7 @@ class CKorvelView final : public QWidget {
     void hideBar(bool hide);
     void takeNews();
     void announceWaypoint();
+    void announceApproach();
     bool moveSelection(int rows);
     bool openSelection();
     bool panByKey(int key);
@@ -199,6 +202,7 @@ class CKorvelView final : public QWidget {
     std::uint64_t shownRevision_ = 0;
 
     std::string announced_;  // the waypoint that was told last
+    std::string announcedRunway_;
     std::string message_;
     int messageTicks_ = 0;  // until the message goes
     QBasicTimer timer_;

@@ -64,6 +64,10 @@ CMainFrame::CMainFrame(const FrameParts& parts)
     view_.onField = [this](std::size_t field) { chooseField(field); };
     view_.onPlaces = [this](const std::vector<MapPlace>& found) { places_.identify(found); };
     view_.onAirport = [this](const NearAirport& airport) { places_.openAirport(airport); };
+    view_.onApproach = [this] { navigate_.approach(); };
+    places_.onApproach = [this](std::vector<LandingRunway> runways) {
+        navigate_.approach(std::move(runways));
+    };
     places_.onDirectTo = [this](const PlaceChoice& place) { navigate_.directTo(place); };
     view_.onBarShown = [this](bool shown) { menuBar()->setVisible(shown); };
     view_.setFocus();

@@ -1,5 +1,6 @@
 #include "app/NavigateCommands.h"
 
+#include "app/ApproachSheet.h"
 #include "app/CKorvelDoc.h"
 #include "app/CKorvelView.h"
 #include "app/DirectToSheet.h"
@@ -15,6 +16,7 @@ void NavigateCommands::addTo(QMenu& menu) {
     host_.addCommand(menu, TextId::CommandDirectTo, {Qt::Key_D}, [this] { directTo(); });
     host_.addCommand(menu, TextId::CommandNearest, {Qt::Key_R},
                      [this] { host_.view().showPage(PageId::NearestAirport); });
+    host_.addCommand(menu, TextId::CommandApproach, {Qt::Key_A}, [this] { approach(); });
     host_.addCommand(menu, TextId::CommandClearNavigation, {QKeySequence(Qt::CTRL | Qt::Key_D)},
                      [this] { whenPlanIsSafe_([this] { clearNavigation(); }); });
     menu.addSeparator();
@@ -66,6 +68,17 @@ void NavigateCommands::directTo(const PlaceChoice& place) {
     auto sheet = std::make_unique<DirectToSheet>(&host_.window(), host_.document(), place);
     sheet->onDone = [this](const std::string& message) { host_.view().say(message); };
     host_.openSheet(std::move(sheet));
+}
+
+void NavigateCommands::approach() {
+    const auto& position = host_.document().cockpitData().position;
+    const bool wanted = host_.document().settings().apprMode && position;
+    approach(wanted ? navigator().approach().offered(*position) : std::vector<LandingRunway>());
+}
+
+void NavigateCommands::approach(std::vector<LandingRunway> runways) {
+    host_.openSheet(
+        std::make_unique<ApproachSheet>(&host_.window(), host_.document(), std::move(runways)));
 }
 
 void NavigateCommands::editRoute() {

@@ -2,12 +2,14 @@
 
 #include <functional>
 #include <utility>
+#include <vector>
 
 #include <QMenu>
 #include <QPointer>
 
 #include "app/CommandHost.h"
 #include "app/PlaceChoice.h"
+#include "nav/LandingRunway.h"
 
 namespace korvel {
 
@@ -26,6 +28,9 @@ class NavigateCommands {
     void addTo(QMenu& menu);
 
     void directTo(const PlaceChoice& place = {});
+    /// Chooses a runway to approach, of the destination or near by.
+    void approach();
+    void approach(std::vector<LandingRunway> runways);
     /// Shows the plan's page, and on that page the line to change it with.
     void showPlan();
     void editRoute();

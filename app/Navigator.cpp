@@ -21,6 +21,9 @@ constexpr std::string_view kTrackJournalName = "track.journal";
 constexpr double kVariationStepNm = 5;
 /// Off and on places of the flight log lie this near an airport.
 constexpr double kAtAirportNm = 3;
+/// A waypoint on a course has been flown to when it is so near and no longer ahead.
+constexpr double kFlownToNm = 1;
+constexpr int kAbeamDeg = 90;
 /// Nobody sees a distance change by less.
 constexpr double kNearAirportsStepNm = 0.1;
 /// Boeing Field, Seattle.
@@ -69,7 +72,8 @@ Navigator::Navigator(const Clock& clock, const std::filesystem::path& folder)
                    .plan = plan_.plan(),
                    .simulator = simulator_,
                    .track = track_,
-                   .log = log_}) {
+                   .log = log_}),
+      approach_(database_) {
     addFlightAlarms(alarms_, situation_);
     updateDatabaseNotice();
 }
@@ -201,24 +205,51 @@ void Navigator::tick(const Settings& settings, const Variation& variation,
             clock_.advanceMs(kTickMs);
         }
         navigation_.NavUpdate(received);
+        if (settings.autoSequence) {
+            goOnWithPlan();
+        }
         verticalSpeed_.add(clock_.tickMs(), navigation_.present().altitudeFt);
-        watchFlight(settings);
+        watchFlight(settings, variation);
     }
     lookUpNearAirports(settings, variation);
 }
 
-/// The plan's last waypoint, once it is the active one.
-std::optional<PlanWaypoint> Navigator::destination() {
-    const auto plan = plan_.plan().lock();
-    if (!plan->has_value() || navigation_.directLeg()) {
-        return std::nullopt;
+/// Ends a course to a waypoint of the plan when it has been flown to the waypoint: the plan's next
+/// leg follows. Without a course the plan takes over by itself.
+void Navigator::goOnWithPlan() {
+    const NavigationState state = navigation_.state();
+    const auto& record = navigation_.directRecord();
+    if (!navigation_.directLeg() || !record || state.obsCourse == kNoAngle ||
+        state.distanceNm > kFlownToNm) {
+        return;
     }
-    const std::size_t count = (*plan)->entries().size();
-    return (*plan)->currentIndex() == count - 1 ? std::optional((*plan)->entries().back())
-                                                : std::nullopt;
+    const bool passed =
+        std::abs(HeadingDifferenceDeg(state.bearingMag, state.obsCourse)) > kAbeamDeg;
+    const bool planned = [&] {
+        const auto plan = plan_.plan().lock();
+        return plan->has_value() && (*plan)->contains(record->key);
+    }();
+    if (passed && planned) {
+        navigation_.ClearNavigation();
+    }
 }
 
-void Navigator::watchFlight(const Settings& settings) {
+/// Where the flight ends, once it is what is flown to: the plan's last waypoint, or the airport of
+/// a direct leg. Null for none.
+std::shared_ptr<const DatabaseRecord> Navigator::destination() {
+    if (navigation_.directLeg()) {
+        const auto& record = navigation_.directRecord();
+        return record && record->GetKind() == kAirportKind ? record : nullptr;
+    }
+    const auto plan = plan_.plan().lock();
+    if (!plan->has_value()) {
+        return nullptr;
+    }
+    const auto& entries = (*plan)->entries();
+    return (*plan)->currentIndex() == entries.size() - 1 ? entries.back().record : nullptr;
+}
+
+void Navigator::watchFlight(const Settings& settings, const Variation& variation) {
     const ActiveNavigation::Aircraft& present = navigation_.present();
     if (!IsValid(present.position)) {
         return;
@@ -228,15 +259,18 @@ void Navigator::watchFlight(const Settings& settings) {
                   .altitudeFt = present.altitudeFt,
                   .gearWarning = settings.gearWarning,
                   .approachSpeedKt = settings.approachSpeedKt};
-    if (const auto last = destination(); last && last->record) {
-        const auto* airport = dynamic_cast<const AirportRecord*>(last->record.get());
-        situation_.destination = {.name = std::string(last->record->ident.view()),
-                                  .distanceNm = DistanceNm(present.position, last->position()),
+    const auto last = destination();
+    if (last) {
+        const auto* airport = dynamic_cast<const AirportRecord*>(last.get());
+        situation_.destination = {.name = std::string(last->ident.view()),
+                                  .distanceNm = DistanceNm(present.position, last->position),
                                   .airport = airport != nullptr};
         if (airport != nullptr && airport->elevationFt != kNoElevationFt) {
             situation_.destination->elevationFt = airport->elevationFt;
         }
     }
+    approach_.tick(settings, variation, present, last, clock_.tickMs());
+    approach_.describe(situation_, present.position);
     alarms_.update(clock_.tickMs());
 }
 
@@ -293,6 +327,7 @@ void Navigator::collect(CockpitData& data, const Variation& variation) const {
     data.variationDeg = variation.inForceDeg();
     data.verticalSpeedFpm = verticalSpeed_.feetPerMinute();
     collectLeg(data, variation);
+    approach_.collect(data, variation);
 }
 
 void Navigator::collectLeg(CockpitData& data, const Variation& variation) const {

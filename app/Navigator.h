@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/ApproachDesk.h"
 #include "app/PlanDesk.h"
 #include "app/ShiftedClock.h"
 #include "display/CockpitData.h"
@@ -69,6 +70,7 @@ class Navigator {
     ActiveNavigation& navigation() { return navigation_; }
     const ActiveNavigation& navigation() const { return navigation_; }
     TrackRecorder& track() { return track_; }
+    ApproachDesk& approach() { return approach_; }
     /// Other sources of alarms may join.
     AlarmBoard& alarms() { return alarms_; }
 
@@ -104,8 +106,9 @@ class Navigator {
     void lookUpVariation();
     void lookUpNearAirports(const Settings& settings, const Variation& variation);
     void updateDatabaseNotice();
-    void watchFlight(const Settings& settings);
-    std::optional<PlanWaypoint> destination();
+    void goOnWithPlan();
+    void watchFlight(const Settings& settings, const Variation& variation);
+    std::shared_ptr<const DatabaseRecord> destination();
     std::string placeHere() const;
     void collectSimulated(CockpitData& data, const Variation& variation) const;
     void collectLeg(CockpitData& data, const Variation& variation) const;
@@ -123,6 +126,7 @@ class Navigator {
     ActiveNavigation navigation_;
     VerticalSpeed verticalSpeed_;
     int timeFactor_ = 1;
+    ApproachDesk approach_;
     FlightSituation situation_;
     AlarmBoard alarms_;
 

@@ -129,8 +129,13 @@ std::unique_ptr<PlaceSheet> PlaceCommands::sheetFor(std::shared_ptr<DatabaseReco
     }
     const auto airport = std::static_pointer_cast<AirportRecord>(record);
     document.navigator().database().loadDetails(*airport);
-    return std::make_unique<CAirportSheet>(&host_.window(), document,
-                                           CAirportSheet::Look{labels_, colors_}, airport);
+    auto sheet = std::make_unique<CAirportSheet>(&host_.window(), document,
+                                                 CAirportSheet::Look{labels_, colors_}, airport);
+    sheet->onApproach = [this](std::vector<LandingRunway> runways) {
+        if (onApproach)
+            onApproach(std::move(runways));
+    };
+    return sheet;
 }
 
 }  // namespace korvel

@@ -12,6 +12,7 @@
 #include "display/MapColorCache.h"
 #include "display/NearAirport.h"
 #include "display/PlaceSet.h"
+#include "nav/LandingRunway.h"
 #include "navdb/DatabaseRecord.h"
 
 namespace korvel {
@@ -41,6 +42,8 @@ class PlaceCommands {
 
     /// The pilot wants to fly direct to the place.
     std::function<void(const PlaceChoice& place)> onDirectTo;
+    /// The pilot wants to land on one of these runways.
+    std::function<void(std::vector<LandingRunway>)> onApproach;
 
  private:
     void open(std::unique_ptr<DatabaseRecord> record);

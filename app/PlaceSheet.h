@@ -34,10 +34,10 @@ class PlaceSheet : public Sheet {
  protected:
     /// The words, and to their right whatever else there is.
     QHBoxLayout& content() { return *content_; }
-
- private:
+    /// Adds a button at the foot. It stays the caller's.
     void addButton(QPushButton& button, TextId text, const std::function<void()>& handler);
 
+ private:
     QScrollArea scroll_;
     QHBoxLayout* content_;  // the scrolled page's
     QPushButton direct_;

@@ -340,6 +340,22 @@ constexpr auto kTexts = std::to_array<Row>({
         "Next Page goes through the pages that are chosen here; while there are fewer than two, "
         "through all."},
     Row{TextId::NoPlanToSave, "There is no flight plan to save."},
+    Row{TextId::ApproachShort, "APPR"},
+    Row{TextId::GlideHigh, "HIGH"},
+    Row{TextId::GlideLow, "LOW"},
+    Row{TextId::GlideOnPath, "ON PATH"},
+    Row{TextId::GlideUnknown, "NO PATH"},
+    Row{TextId::CommandApproach, "&Approach..."},
+    Row{TextId::ApproachTitle, "Approach"},
+    Row{TextId::ApproachTitleAt, "Approach at %s"},
+    Row{TextId::ApproachNoRunway,
+        "No runway is known near here, and none of the destination. Fly direct to an airport "
+        "first."},
+    Row{TextId::ApproachOff, "Approach guidance is switched off (Options, Preferences, Approach)."},
+    Row{TextId::ApproachBegun, "Approach to runway %s at %s"},
+    Row{TextId::ApproachEnded, "Approach ended"},
+    Row{TextId::ApproachLeave, "Leave the Approach"},
+    Row{TextId::ApproachButton, "Approach"},
 });
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

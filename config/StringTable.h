@@ -306,6 +306,22 @@ enum class TextId : int {
     PlanRecovered = 61921,
     PagesHelp = 61922,
     NoPlanToSave = 61923,
+
+    // The approach to a runway.
+    ApproachShort = 61940,
+    GlideHigh = 61941,
+    GlideLow = 61942,
+    GlideOnPath = 61943,
+    GlideUnknown = 61944,
+    CommandApproach = 61945,
+    ApproachTitle = 61946,
+    ApproachTitleAt = 61947,  ///< %s: airport
+    ApproachNoRunway = 61948,
+    ApproachOff = 61949,
+    ApproachBegun = 61950,  ///< %s: runway, %s: airport
+    ApproachEnded = 61951,
+    ApproachLeave = 61952,
+    ApproachButton = 61953,
 };
 
 /// The text of that number.

@@ -18,7 +18,7 @@ bool isDestination(const CockpitData& data) {
 bool AutoView::isNear(const CockpitData& data) const {
     if (data.groundSpeedKt.value_or(0) < (near_ ? kLandedKt : kFlyingKt))
         return false;
-    if (data.approachMode)
+    if (data.approach)
         return true;
     return isDestination(data) && data.distanceNm && *data.distanceNm <= (near_ ? kFarNm : kNearNm);
 }

@@ -10,10 +10,19 @@
 #include "display/NearAirport.h"
 #include "display/PlanView.h"
 #include "nav/GeoPoint.h"
+#include "nav/LandingRunway.h"
 #include "nav/Track.h"
 #include "platform/Clock.h"
 
 namespace korvel {
+
+/// The runway that is approached.
+struct ApproachView {
+    LandingRunway runway;
+    double toGoNm = 0;  ///< along the center line; negative behind the threshold
+
+    friend bool operator==(const ApproachView&, const ApproachView&) = default;
+};
 
 /// Everything the pages show, taken from the document once per redraw. A value that is absent is
 /// unknown or too old to be trusted and is shown as "---"; painters never look behind it.
@@ -46,11 +55,14 @@ struct CockpitData {
     std::optional<double> desiredTrackMagDeg;
     std::optional<double> obsCourseMagDeg;  ///< set by the pilot with direct-to
     std::optional<double> offCourseDeg;     ///< seen from the waypoint; positive like crossTrackNm
-    std::optional<int> targetAltitudeFt;    ///< wanted at the end of the descent path
-    std::optional<int> pathAltitudeFt;      ///< of the descent path at the active waypoint
-    bool directLeg = false;                 ///< direct-to or a course to a point, not the plan's
-    bool approachMode = false;
-    double fullScaleNm = 5.0;  ///< cross-track at the HSI's outermost mark
+    std::optional<int> targetAltitudeFt;  ///< wanted at the end of the descent path; on an approach
+                                          ///< the glide path's here
+    std::optional<int> pathAltitudeFt;    ///< of the descent path at the active waypoint
+    bool directLeg = false;               ///< direct-to or a course to a point, not the plan's
+    double fullScaleNm = 5.0;             ///< cross-track at the HSI's outermost mark
+
+    /// While a runway is approached the leg's values above lead to it.
+    std::optional<ApproachView> approach;
 
     /// Null when there is no plan.
     std::shared_ptr<const PlanView> plan;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "config/StringTable.h"
+#include "display/ApproachBox.h"
 #include "display/AreaCanvas.h"
 #include "display/GeoText.h"
 #include "display/HsiPainter.h"
@@ -28,16 +29,30 @@ int toWhole(double degrees) {
     return whole == 0 ? 360 : whole;
 }
 
+/// So that a name straight ahead does not stand under the needle.
+void addBoxesAlong(const Segment& line, double size, std::vector<Rect>& boxes) {
+    const double length = std::hypot(line.to.x - line.from.x, line.to.y - line.from.y);
+    const int steps = std::max(1, RoundToInt(2 * length / size));
+    const double side = size / 2;
+    for (int step = 0; step <= steps; ++step) {
+        const double share = static_cast<double>(step) / steps;
+        boxes.push_back({line.from.x + share * (line.to.x - line.from.x) - side / 2,
+                         line.from.y + share * (line.to.y - line.from.y) - side / 2, side, side});
+    }
+}
+
 // Makes the card as large as the page allows, around the aircraft's point: the instrument is drawn
 // in its own pixels and scaled to the page's.
 class ScaledHsi {
  public:
-    ScaledHsi(const Rect& page, const MapViewport& viewport, double textPx, double mostScale)
+    /// `left` is the room that the page keeps free at its left edge.
+    ScaledHsi(const Rect& page, const MapViewport& viewport, double textPx, double mostScale,
+              double left)
         : aircraft_{static_cast<double>(viewport.aircraftX()),
                     static_cast<double>(viewport.aircraftY())} {
         const double above = kCard + kReadOut;
         scale_ = std::min({aircraft_.y / above, (page.height - aircraft_.y) / kCard,
-                           aircraft_.x / kCard, mostScale});
+                           (aircraft_.x - left) / kCard, mostScale});
         scale_ = std::max(scale_, 0.2);
         labelHeight_ = std::max(1, RoundToInt(kLabelShare * textPx / scale_));
     }
@@ -66,6 +81,8 @@ class ScaledHsi {
         const double width = canvas.measure(note, font).width;
         boxes.push_back({geometry.noteCenter().x - width / 2, geometry.noteCenter().y - height / 2,
                          width, height});
+        if (const auto needle = geometry.needle())
+            addBoxesAlong(needle->front, height, boxes);
         for (Rect& box : boxes)
             box = {aircraft_.x + (box.x - kMiddle) * scale_,
                    aircraft_.y + (box.y - kMiddle) * scale_, box.width * scale_,
@@ -153,9 +170,14 @@ void paintCorners(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data,
     corner(NavFieldId::Distance, true, bottom);
 }
 
-ScaledHsi overMap(const Canvas& canvas, const MapViewport& viewport) {
+double keptFree(const Rect& page, const CockpitData& data) {
+    return data.approach ? approachBox(page.width, page.height).right() : 0;
+}
+
+ScaledHsi overMap(const Canvas& canvas, const CockpitData& data, const MapViewport& viewport) {
     const Rect page{0, 0, canvas.width(), canvas.height()};
-    return {page, viewport, mapTextPx(page.width, page.height), kMostScaleOverMap};
+    return {page, viewport, mapTextPx(page.width, page.height), kMostScaleOverMap,
+            keptFree(page, data)};
 }
 
 std::string noteFor(const CockpitData& data) {
@@ -198,7 +220,7 @@ void paintHsiPage(Canvas& canvas, const CockpitData& data, const MapViewport& vi
     const Rect page{0, 0, canvas.width(), canvas.height()};
     const double textPx = instrumentTextPx(page.width, page.height);
     canvas.rect(page, Brush{colors[ColorKey::MapBackground]}, std::nullopt);
-    const ScaledHsi hsi(page, viewport, textPx, kMostScale);
+    const ScaledHsi hsi(page, viewport, textPx, kMostScale, keptFree(page, data));
     paintCorners(canvas, hsi, data, textPx, colors);
     hsi.paint(canvas, hsiState(data), colors, noteFor(data));
     paintFlags(canvas, hsi, data, std::round(1.3 * textPx), colors);
@@ -210,14 +232,14 @@ void paintHsiPage(Canvas& canvas, const CockpitData& data, const MapViewport& vi
 
 void paintHsiOverMap(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
                      const MapColorCache& colors) {
-    const ScaledHsi hsi = overMap(canvas, viewport);
+    const ScaledHsi hsi = overMap(canvas, data, viewport);
     hsi.paint(canvas, hsiState(data), colors, noteFor(data));
     paintFlags(canvas, hsi, data, mapTextPx(canvas.width(), canvas.height()), colors);
 }
 
 std::vector<Rect> hsiLabelsOverMap(const Canvas& canvas, const CockpitData& data,
                                    const MapViewport& viewport) {
-    const ScaledHsi hsi = overMap(canvas, viewport);
+    const ScaledHsi hsi = overMap(canvas, data, viewport);
     std::vector<Rect> boxes = hsi.labels(canvas, hsiState(data), noteFor(data));
     const double textPx = mapTextPx(canvas.width(), canvas.height());
     for (const Flag& flag : flags(hsi, data))

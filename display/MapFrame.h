@@ -3,6 +3,7 @@
 #include <functional>
 #include <span>
 
+#include "display/ApproachLayer.h"
 #include "display/Canvas.h"
 #include "display/CockpitData.h"
 #include "display/LabelSpace.h"
@@ -36,8 +37,9 @@ struct MapFrame {
     const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
     const MeasureTool* measure = nullptr;  ///< the ruler; null for none
     std::optional<MeasureLook> measureLook{};
-    std::span<const PlanMark> planMarks{};    ///< with the room that their labels have
-    std::span<const RingLabel> ringLabels{};  ///< likewise
+    std::span<const PlanMark> planMarks{};          ///< with the room that their labels have
+    std::span<const ApproachMark> approachMarks{};  ///< likewise
+    std::span<const RingLabel> ringLabels{};        ///< likewise
     /// Paints the instrument that lies over the map on this page; empty for none.
     const std::function<void()>& overMap;
 };

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "display/AircraftLayer.h"
+#include "display/ApproachLayer.h"
 #include "display/FurnitureLayer.h"
 #include "display/GridLayer.h"
 #include "display/MapFrame.h"
@@ -42,6 +43,7 @@ constexpr std::array kLayers{
     MapLayer{"ring distances", kNearest, kFarthest, paintRingLabels},
     MapLayer{"track", kNearest, kFarthest, paintTrack},
     MapLayer{"plan", kNearest, kFarthest, paintPlan},
+    MapLayer{"approach", kNearest, kFarthest, paintApproach},
     MapLayer{"aircraft", kNearest, kFarthest, paintAircraft},
     MapLayer{"ruler", kNearest, kFarthest, paintMeasure},
     MapLayer{"instrument", kNearest, kFarthest, paintInstrument},
@@ -84,6 +86,8 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
     // Before all layers: no name on the map is more important than those of the plan.
     const std::vector<PlanMark> planMarks =
         layOutPlan(canvas, data, projection, view, textPx, labels, planLines);
+    const std::vector<ApproachMark> approachMarks =
+        layOutApproach(canvas, data, projection, view, textPx, labels);
     const std::vector<RingLabel> ringLabels =
         layOutRingLabels(canvas, projection, aircraft, rangeNm, textPx, scene.places, labels);
 
@@ -103,6 +107,7 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
                          .measure = scene.measure,
                          .measureLook = std::move(measureLook),
                          .planMarks = planMarks,
+                         .approachMarks = approachMarks,
                          .ringLabels = ringLabels,
                          .overMap = scene.overMap};
     for (const MapLayer& layer : mapLayers()) {

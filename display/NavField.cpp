@@ -137,6 +137,8 @@ NavFieldText eta(const CockpitData& data) {
 }
 
 NavFieldText waypoint(const CockpitData& data) {
+    if (data.approach)
+        return {"RW" + data.approach->runway.id, "", ""};
     std::string name;
     if (!data.directLeg && data.plan && data.plan->active &&
         *data.plan->active < data.plan->rows.size())

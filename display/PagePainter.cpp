@@ -3,6 +3,7 @@
 #include <functional>
 #include <vector>
 
+#include "display/ApproachBox.h"
 #include "display/EfisPage.h"
 #include "display/HsiPage.h"
 #include "display/MapColorCache.h"
@@ -24,7 +25,17 @@ AlarmBoxes::Place PagePainter::alarmPlace(PageId page) {
                                                           : AlarmBoxes::Place::Strip;
 }
 
+bool PagePainter::showsApproach(PageId page, const CockpitData& data, bool looksAround) {
+    return (isMap(page) || page == PageId::Hsi) && data.approach && data.position && !looksAround;
+}
+
 void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) const {
+    paintPage(canvas, page, scene);
+    if (showsApproach(page, scene.data, scene.lookAt.has_value()))
+        paintApproachBox(canvas, approachBox(canvas.width(), canvas.height()), scene.data, colors_);
+}
+
+void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene) const {
     const CockpitData& data = scene.data;
     if (page == PageId::Satellite) {
         paintSatellitePage(canvas, data, colors_);
@@ -61,8 +72,11 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
     const bool withHsi = page == PageId::MapHsi && data.position && !scene.lookAt;
     std::vector<Rect> covered;
     std::function<void()> overMap;
+    if (showsApproach(page, scene.data, scene.lookAt.has_value()))
+        covered.push_back(approachBox(canvas.width(), canvas.height()));
     if (withHsi) {
-        covered = hsiLabelsOverMap(canvas, data, scene.viewport);
+        const std::vector<Rect> labels = hsiLabelsOverMap(canvas, data, scene.viewport);
+        covered.insert(covered.end(), labels.begin(), labels.end());
         overMap = [&] { paintHsiOverMap(canvas, data, scene.viewport, colors_); };
     }
     // Pages that are not drawn yet show the map: better than nothing in flight.

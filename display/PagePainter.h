@@ -52,8 +52,12 @@ class PagePainter {
     static AlarmBoxes::Place alarmPlace(PageId page);
     /// Whether the page is a map, which can be moved by hand.
     static bool isMap(PageId page);
+    /// Whether the approach's box stands on the page: not where one looks around.
+    static bool showsApproach(PageId page, const CockpitData& data, bool looksAround);
 
  private:
+    void paintPage(Canvas& canvas, PageId page, const PageScene& scene) const;
+
     const MapColorCache& colors_;
     mutable TrackLevels track_;  ///< a cache of CockpitData::track
 };

@@ -45,6 +45,9 @@ ActiveLine courseLine(GeoPoint waypoint, double courseTrueDeg, double distanceNm
 }
 
 std::optional<ActiveLine> activeLine(const CockpitData& data) {
+    if (data.approach)
+        return ActiveLine{onCenterLine(data.approach->runway, kCenterLineNm),
+                          data.approach->runway.threshold};
     if (!data.activeWaypoint)
         return std::nullopt;
     if (data.obsCourseMagDeg && data.desiredTrackTrueDeg)

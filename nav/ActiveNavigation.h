@@ -83,6 +83,10 @@ class ActiveNavigation {
 
     [[nodiscard]] NavigationState state() const { return *state_.lock(); }
     [[nodiscard]] bool directLeg() const { return direct_; }
+    /// What the direct leg leads to; null without one, and for a point without a record.
+    [[nodiscard]] const std::shared_ptr<const DatabaseRecord>& directRecord() const {
+        return directRecord_;
+    }
     [[nodiscard]] const WaypointAnnouncement& announcement() const { return announcement_; }
     /// The simulated position while the simulator runs, else the receiver's.
     [[nodiscard]] const Aircraft& present() const { return present_; }

@@ -51,6 +51,13 @@ std::vector<LandingRunway> landingRunways(const AirportRecord& airport) {
     return all;
 }
 
+GeoPoint onCenterLine(const LandingRunway& runway, double nm) {
+    GeoPoint point;
+    PointAtRadialDistance(runway.threshold.lat, runway.threshold.lon, nm / kNmPerRadian,
+                          runway.courseTrueDeg * kDegToRad + kPi, point.lat, point.lon);
+    return point;
+}
+
 std::optional<int> glidePathFt(const LandingRunway& runway, double toGoNm) {
     if (!runway.thresholdFt) {
         return std::nullopt;

@@ -40,6 +40,9 @@ inline constexpr double kThresholdHeightFt = 50;
 /// How far out there is a center line and a glide path.
 inline constexpr double kCenterLineNm = 10;
 
+/// The point of the extended center line so far before the threshold.
+GeoPoint onCenterLine(const LandingRunway& runway, double nm);
+
 /// Altitude on the glide path so far before the threshold, feet; absent where the runway's
 /// elevation is not known.
 std::optional<int> glidePathFt(const LandingRunway& runway, double toGoNm);

@@ -131,9 +131,9 @@ TEST_F(AutoViewTest, LeavesOtherPagesAndOtherWaypointsAlone) {
     shown = PageId::Map;
     data.plan = navigating().plan;  // a waypoint on the way
     EXPECT_EQ(at(5), PageId::Map);
-    data.approachMode = true;
+    data.approach.emplace();
     EXPECT_EQ(at(5), PageId::MapHsi);
-    data.approachMode = false;
+    data.approach.reset();
     data.directLeg = true;
     EXPECT_EQ(at(5), PageId::MapHsi);
 }

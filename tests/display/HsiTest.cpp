@@ -151,7 +151,7 @@ TEST(HsiPage, ShowsTheLegAsAPilotReadsIt) {
     EXPECT_EQ(state.bearing, 91.4);
     EXPECT_DOUBLE_EQ(state.deviation, 1.26 / 5) << "left of course: the course lies to the right";
     EXPECT_EQ(state.toFrom, 1);
-    data.approachMode = true;
+    data.approach.emplace();
     data.fullScaleNm = 1.25;
     EXPECT_DOUBLE_EQ(hsiState(data).deviation, 1.26 / 1.25);
     data.obsCourseMagDeg = 200;

@@ -1,0 +1,114 @@
+#include "app/ApproachDesk.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "config/Settings.h"
+#include "display/CockpitData.h"
+#include "nav/Geodesy.h"
+#include "navdb/AirportRecord.h"
+#include "navdb/NavDatabase.h"
+
+namespace korvel {
+namespace {
+
+/// So many airports are asked for runways, nearest first, and none that is farther away.
+constexpr std::size_t kAirportsAsked = 10;
+constexpr double kAirportsWithinNm = 30;
+
+std::optional<double> known(double degrees) {
+    return degrees == kNoAngle ? std::nullopt : std::optional(degrees);
+}
+
+}  // namespace
+
+std::vector<LandingRunway> ApproachDesk::runwaysOf(const DatabaseRecord& record) const {
+    const auto* airport = dynamic_cast<const AirportRecord*>(&record);
+    if (airport == nullptr) {
+        return {};
+    }
+    AirportRecord detailed = *airport;
+    database_.loadDetails(detailed);
+    return landingRunways(detailed);
+}
+
+void ApproachDesk::tick(const Settings& settings, const Variation& variation,
+                        const ActiveNavigation::Aircraft& aircraft,
+                        const std::shared_ptr<const DatabaseRecord>& destination,
+                        std::int64_t nowMs) {
+    if (!settings.apprMode) {
+        if (mode_.runway()) {
+            mode_.leave();
+        }
+        return;
+    }
+    std::string key = destination ? destination->key : std::string();
+    if (key != destinationKey_) {
+        runways_ = destination ? runwaysOf(*destination) : std::vector<LandingRunway>();
+        destinationKey_ = std::move(key);
+    }
+    mode_.update({.position = aircraft.position,
+                  .trackTrueDeg = known(variation.MagneticToTrue(aircraft.trackMag)),
+                  .groundSpeedKt = aircraft.groundSpeedKt,
+                  .destinationKey = destinationKey_,
+                  .runways = runways_,
+                  .automatic = settings.autoApprMode != 0},
+                 nowMs);
+}
+
+std::vector<LandingRunway> ApproachDesk::offered(GeoPoint position) const {
+    std::vector<LandingRunway> all = runways_;
+    for (const auto& near :
+         all.empty() ? database_.nearest(position, kAirportKind, kAirportsAsked, kAirportsWithinNm)
+                     : std::vector<NearPlace>()) {
+        const auto record = database_.recordOf(near.place);
+        if (record) {
+            all = runwaysOf(*record);
+        }
+        if (!all.empty()) {
+            break;
+        }
+    }
+    const auto turning = [&](const LandingRunway& runway) {
+        const double bearing = TrueCourseDeg(position, runway.threshold);
+        return std::abs(std::remainder(bearing - runway.courseTrueDeg, 360));
+    };
+    std::ranges::stable_sort(all, {}, turning);
+    return all;
+}
+
+void ApproachDesk::describe(FlightSituation& situation, GeoPoint position) const {
+    if (!mode_.runway()) {
+        return;
+    }
+    situation.fullScaleNm = ApproachMode::kFullScaleNm;
+    // Who has yet to join the center line is not off course.
+    situation.crossTrackNm =
+        mode_.established() ? std::optional(approachFigures(*mode_.runway(), position).crossTrackNm)
+                            : std::nullopt;
+}
+
+void ApproachDesk::collect(CockpitData& data, const Variation& variation) const {
+    if (!mode_.runway() || !data.position) {
+        return;
+    }
+    const LandingRunway& runway = *mode_.runway();
+    const ApproachFigures seen = approachFigures(runway, *data.position);
+    data.approach = {.runway = runway, .toGoNm = seen.toGoNm};
+    data.fullScaleNm = ApproachMode::kFullScaleNm;
+    data.legStart.reset();
+    data.obsCourseMagDeg.reset();
+    data.bearingMagDeg = variation.TrueToMagnetic(seen.bearingTrueDeg);
+    data.distanceNm = seen.distanceNm;
+    data.crossTrackNm = seen.crossTrackNm;
+    data.desiredTrackTrueDeg = runway.courseTrueDeg;
+    data.desiredTrackMagDeg = variation.TrueToMagnetic(runway.courseTrueDeg);
+    data.offCourseDeg.reset();
+    if (seen.distanceNm > 0) {
+        data.offCourseDeg = std::asin(seen.crossTrackNm / seen.distanceNm) * kRadToDeg;
+    }
+    data.targetAltitudeFt = seen.glidePathFt;
+}
+
+}  // namespace korvel
