@@ -60,8 +60,10 @@ std::string CKorvelApp::start() {
     if (line_.snapshotFile.empty())
         frame_.showWhereItWas();
     frame_.loadDatabases();
+    bool isTold =
+        line_.simulate || line_.demo || !line_.replayFile.empty() || !line_.planFile.empty();
     if (line_.snapshotFile.empty())
-        frame_.recoverPlan(profileFolder(line_) / kUnsavedPlan, line_.planFile.empty());
+        isTold |= frame_.recoverPlan(profileFolder(line_) / kUnsavedPlan, line_.planFile.empty());
     if (!line_.planFile.empty())
         if (const std::string error = frame_.openFile(line_.planFile); !error.empty())
             return line_.planFile + ": " + error;
@@ -73,8 +75,6 @@ std::string CKorvelApp::start() {
         document_.navigator().setTimeFactor(line_.timeFactor);
     }
     if (line_.snapshotFile.empty()) {
-        const bool isTold =
-            line_.simulate || line_.demo || !line_.replayFile.empty() || !line_.planFile.empty();
         if (!isTold)
             frame_.welcome();
         return {};

@@ -335,6 +335,8 @@ void CKorvelView::hint(TextId hint) {
 }
 
 void CKorvelView::zoom(int steps) {
+    if (!isMapPage())
+        return;
     held_ = false;
     const bool autoZoom = document_.settings().autozoom;
     for (int step = 0; step < std::abs(steps); ++step) {
@@ -381,6 +383,8 @@ bool CKorvelView::setRange(int rangeNm) {
 }
 
 void CKorvelView::backToAircraft() {
+    if (!isMapPage())
+        choosePage(PageId::Map);
     panned_.reset();
     held_ = false;
     viewport_.returnToConfigured();
@@ -421,11 +425,12 @@ void CKorvelView::setBarMayHide(bool mayHide) {
 bool CKorvelView::canRun(TouchCommand command) const {
     switch (command) {
         case TouchCommand::Aircraft:
-            return panned_ || viewport_.currentRangeNm() != viewport_.configuredRangeNm();
+            return !isMapPage() || panned_ ||
+                   viewport_.currentRangeNm() != viewport_.configuredRangeNm();
         case TouchCommand::ZoomIn:
-            return viewport_.currentRangeNm() > kRangeStepsNm.front();
+            return isMapPage() && viewport_.currentRangeNm() > kRangeStepsNm.front();
         case TouchCommand::ZoomOut:
-            return viewport_.currentRangeNm() < kRangeStepsNm.back();
+            return isMapPage() && viewport_.currentRangeNm() < kRangeStepsNm.back();
         default:
             return true;
     }
@@ -678,7 +683,11 @@ void CKorvelView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void CKorvelView::wheelEvent(QWheelEvent* event) {
-    zoom(wheel_.wheel(event->angleDelta().y()));
+    const int steps = wheel_.wheel(event->angleDelta().y());
+    if (isMapPage())
+        zoom(steps);
+    else
+        moveSelection(-steps);
     event->accept();
 }
 

@@ -44,6 +44,7 @@ class CKorvelView final : public QWidget {
     CKorvelView(CKorvelDoc& document, ProfileFile& profile, const ColorScheme& scheme,
                 LabelCache& labels);
 
+    /// Both do nothing on pages without a map.
     void zoomIn();
     void zoomOut();
     void goToNextPage();
@@ -55,7 +56,7 @@ class CKorvelView final : public QWidget {
     void holdView() { held_ = true; }
     /// Shows this range until another is chosen; false when it is not a step of the ladder.
     bool setRange(int rangeNm);
-    /// Ends panning and goes back to the configured range.
+    /// Ends panning and goes back to the configured range; from other pages it goes to the map.
     void backToAircraft();
     /// Moves the map there, on a page that shows one.
     void lookAt(GeoPoint place);

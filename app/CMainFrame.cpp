@@ -211,12 +211,13 @@ void CMainFrame::chooseField(std::size_t field) {
 
 std::string CMainFrame::openFile(const std::filesystem::path& path) { return file_.openPlan(path); }
 
-void CMainFrame::recoverPlan(const std::filesystem::path& unsaved, bool wanted) {
+bool CMainFrame::recoverPlan(const std::filesystem::path& unsaved, bool wanted) {
     PlanDesk& plan = parts_.document.navigator().plan();
     plan.keepUnsavedIn(unsaved);
     const auto error = wanted ? plan.recover() : std::nullopt;
     if (error)
         error->empty() ? view_.say(std::string(text(TextId::PlanRecovered))) : showError(*error);
+    return error.has_value();
 }
 
 void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {

@@ -45,8 +45,8 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     [[nodiscard]] std::string openFile(const std::filesystem::path& path);
 
     /// Brings back the plan that the program had no time to ask about when it ended, and keeps
-    /// those to come in this file.
-    void recoverPlan(const std::filesystem::path& unsaved, bool wanted);
+    /// those to come in this file. True when there was one.
+    bool recoverPlan(const std::filesystem::path& unsaved, bool wanted);
 
     /// Starts the simulator where the plan or the settings say.
     void simulate() { options_.simulate(true); }

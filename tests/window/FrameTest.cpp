@@ -187,6 +187,16 @@ TEST_F(FrameTest, TheMapIsDraggedAndComesBackToTheAircraft) {
     EXPECT_FALSE(view().isPanned());
 }
 
+TEST_F(FrameTest, OtherPagesLeaveTheRangeAloneAndLeadBackToTheMap) {
+    const int before = rangeNm();
+    view().showPage(PageId::FlightPlan);
+    press(Qt::Key_Z);
+    EXPECT_EQ(rangeNm(), before);
+    EXPECT_FALSE(view().viewport().autoZoomPaused());
+    press(Qt::Key_Space);
+    EXPECT_EQ(view().page(), PageId::Map);
+}
+
 TEST_F(FrameTest, RemembersPageAndPlaceAndScheme) {
     frame_->setGeometry(60, 50, 700, 480);
     press(Qt::Key_N);
