@@ -74,6 +74,8 @@ std::string CKorvelApp::start() {
         frame_.simulate();
         document_.navigator().setTimeFactor(line_.timeFactor);
     }
+    // Half a second is long for a pilot who waits for the map.
+    frame_.view().tick();
     if (line_.snapshotFile.empty()) {
         if (!isTold)
             frame_.welcome();
