@@ -46,6 +46,7 @@ class QtCanvas final : public Canvas {
  private:
     void use(const Pen& pen, Qt::PenJoinStyle join, Qt::PenCapStyle cap);
     void use(const std::optional<Brush>& fill, const std::optional<Pen>& outline);
+    void looseLines(std::span<const Point> points, const Pen& pen);
     void smooth(bool on);
     double toDevicePixel(double position, double origin) const;
 
