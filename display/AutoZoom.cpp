@@ -9,8 +9,8 @@
 namespace korvel {
 namespace {
 
-/// From the waypoint to the map's edge.
-constexpr double kMarginPx = 24;
+/// From the waypoint to the map's edge: clear of the boxes there and of the HSI's heading.
+constexpr double kMarginPx = 48;
 constexpr double kLeastRoom = 0.1;  // of windows too small for it
 /// A closer range must do with so much to spare.
 constexpr double kSpare = 1.25;
