@@ -45,7 +45,7 @@ class ApproachDesk {
     void collect(CockpitData& data, const Variation& variation) const;
 
  private:
-    [[nodiscard]] std::vector<LandingRunway> runwaysOf(const DatabaseRecord& airport) const;
+    [[nodiscard]] std::vector<LandingRunway> runwaysOf(const DatabaseRecord& record) const;
 
     const NavDatabase& database_;
     ApproachMode mode_;

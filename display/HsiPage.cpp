@@ -1,7 +1,9 @@
 #include "display/HsiPage.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <span>
 #include <string_view>
 
 #include "config/StringTable.h"
@@ -27,6 +29,12 @@ constexpr double kLabelShare = 1.35;       // of the map's type size
 int toWhole(double degrees) {
     const int whole = RoundToInt(PositiveMod(degrees, 360));
     return whole == 0 ? 360 : whole;
+}
+
+Rect boxAround(std::span<const Point> points) {
+    const auto [left, right] = std::ranges::minmax(points, {}, &Point::x);
+    const auto [top, bottom] = std::ranges::minmax(points, {}, &Point::y);
+    return {left.x, top.y, right.x - left.x, bottom.y - top.y};
 }
 
 /// So that a name straight ahead does not stand under the needle.
@@ -81,8 +89,13 @@ class ScaledHsi {
         const double width = canvas.measure(note, font).width;
         boxes.push_back({geometry.noteCenter().x - width / 2, geometry.noteCenter().y - height / 2,
                          width, height});
-        if (const auto needle = geometry.needle())
+        if (const auto needle = geometry.needle()) {
             addBoxesAlong(needle->front, height, boxes);
+            boxes.push_back(boxAround(needle->head));
+        }
+        if (const auto mark = geometry.bearingMark())
+            for (const Segment& chord : *mark)
+                boxes.push_back(boxAround(std::array{chord.from, chord.to}));
         for (Rect& box : boxes)
             box = {aircraft_.x + (box.x - kMiddle) * scale_,
                    aircraft_.y + (box.y - kMiddle) * scale_, box.width * scale_,

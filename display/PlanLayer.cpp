@@ -174,9 +174,9 @@ void reservePlanLines(const CockpitData& data, const MapProjection& projection, 
             const Point from = piece[i - 1];
             const Point to = piece[i];
             const double length = std::hypot(to.x - from.x, to.y - from.y);
-            const double steps = std::ceil(length / kLineStep);
-            for (double step = 0; step <= steps; ++step) {
-                const double share = steps > 0 ? step / steps : 0;
+            const int steps = std::max(1, static_cast<int>(std::ceil(length / kLineStep)));
+            for (int step = 0; step <= steps; ++step) {
+                const double share = static_cast<double>(step) / steps;
                 const Point middle{from.x + (to.x - from.x) * share,
                                    from.y + (to.y - from.y) * share};
                 lines.reserve(grown({middle.x, middle.y, 0, 0}, kLineStep / 2));
