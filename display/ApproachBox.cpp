@@ -20,6 +20,8 @@ constexpr int kOnPathFt = 20;
 constexpr int kRoundedToFt = 10;
 constexpr double kWidthInHeights = 5.6;
 constexpr double kHeightInHeights = 13;
+/// What stands in a page's corners takes so much of its height above and below the box.
+constexpr double kCornersInHeights = 4.2;
 
 // The parts of the box, from top to bottom, in heights of type.
 constexpr double kTitleAt = 1;
@@ -110,7 +112,9 @@ std::optional<GlideDeviation> glideDeviation(const CockpitData& data) {
 
 Rect approachBox(double width, double height) {
     const double textPx = mapTextPx(width, height);
-    const double high = std::min(kHeightInHeights * textPx, height);
+    const double clear = kCornersInHeights * instrumentTextPx(width, height);
+    const double high =
+        std::min(kHeightInHeights * textPx, std::max(height - 2 * clear, height / 3));
     const double wide = std::min(kWidthInHeights * textPx, width);
     return {0, std::round((height - high) / 2), std::round(wide), std::round(high)};
 }

@@ -81,7 +81,7 @@ class HsiArtist {
 
     void note(std::string_view text) {
         TextStyle style = centered(ColorKey::HsiNumeral);
-        style.font = {.height = labelFont_.height * 0.8};
+        style.font = {.height = labelFont_.height * 0.7};
         style.halo = colors_[ColorKey::MapBackground];
         canvas_.text(geometry_.noteCenter(), text, style);
     }
