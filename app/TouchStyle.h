@@ -4,8 +4,8 @@
 
 namespace korvel {
 
-/// The toolkit's plain style with menus, lists, buttons and boxes to tick that a finger hits in a bumpy
-/// cockpit.
+/// The toolkit's plain style with menus, lists, buttons and boxes to tick that a finger hits in a
+/// bumpy cockpit.
 class TouchStyle final : public QProxyStyle {
  public:
     TouchStyle();
