@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "app/Known.h"
 #include "config/Settings.h"
 #include "display/CockpitData.h"
 #include "nav/Geodesy.h"
@@ -17,9 +18,8 @@ namespace {
 constexpr std::size_t kAirportsAsked = 10;
 constexpr double kAirportsWithinNm = 30;
 
-std::optional<double> known(double degrees) {
-    return degrees == kNoAngle ? std::nullopt : std::optional(degrees);
-}
+/// An airport of the same key that is farther away is another one.
+constexpr double kSameFieldNm = 3;
 
 }  // namespace
 
@@ -30,6 +30,15 @@ std::vector<LandingRunway> ApproachDesk::runwaysOf(const DatabaseRecord& record)
     }
     AirportRecord detailed = *airport;
     database_.loadDetails(detailed);
+    if (detailed.runways.empty()) {
+        // A plan keeps its places when other databases are loaded, which do not know them.
+        const auto* anew =
+            dynamic_cast<const AirportRecord*>(database_.Find(record.key, record.position));
+        if (anew != nullptr && DistanceNm(anew->position, record.position) < kSameFieldNm) {
+            detailed = *anew;
+            database_.loadDetails(detailed);
+        }
+    }
     return landingRunways(detailed);
 }
 
@@ -38,9 +47,7 @@ void ApproachDesk::tick(const Settings& settings, const Variation& variation,
                         const std::shared_ptr<const DatabaseRecord>& destination,
                         std::int64_t nowMs) {
     if (!settings.apprMode) {
-        if (mode_.runway()) {
-            mode_.leave();
-        }
+        mode_ = {};
         return;
     }
     std::string key = destination ? destination->key : std::string();
@@ -49,7 +56,7 @@ void ApproachDesk::tick(const Settings& settings, const Variation& variation,
         destinationKey_ = std::move(key);
     }
     mode_.update({.position = aircraft.position,
-                  .trackTrueDeg = known(variation.MagneticToTrue(aircraft.trackMag)),
+                  .trackTrueDeg = known(variation.MagneticToTrue(aircraft.trackMag), kNoAngle),
                   .groundSpeedKt = aircraft.groundSpeedKt,
                   .destinationKey = destinationKey_,
                   .runways = runways_,
@@ -57,19 +64,21 @@ void ApproachDesk::tick(const Settings& settings, const Variation& variation,
                  nowMs);
 }
 
-std::vector<LandingRunway> ApproachDesk::offered(GeoPoint position) const {
-    std::vector<LandingRunway> all = runways_;
-    for (const auto& near :
-         all.empty() ? database_.nearest(position, kAirportKind, kAirportsAsked, kAirportsWithinNm)
-                     : std::vector<NearPlace>()) {
+std::vector<LandingRunway> ApproachDesk::nearestRunways(GeoPoint position) const {
+    for (const NearPlace& near :
+         database_.nearest(position, kAirportKind, kAirportsAsked, kAirportsWithinNm)) {
         const auto record = database_.recordOf(near.place);
-        if (record) {
-            all = runwaysOf(*record);
-        }
-        if (!all.empty()) {
-            break;
+        std::vector<LandingRunway> runways =
+            record ? runwaysOf(*record) : std::vector<LandingRunway>();
+        if (!runways.empty()) {
+            return runways;
         }
     }
+    return {};
+}
+
+std::vector<LandingRunway> ApproachDesk::offered(GeoPoint position) const {
+    std::vector<LandingRunway> all = runways_.empty() ? nearestRunways(position) : runways_;
     const auto turning = [&](const LandingRunway& runway) {
         const double bearing = TrueCourseDeg(position, runway.threshold);
         return std::abs(std::remainder(bearing - runway.courseTrueDeg, 360));

@@ -23,10 +23,10 @@ struct Settings;
 /// puts its figures in the place of the leg's. Main thread only.
 class ApproachDesk {
  public:
-    explicit ApproachDesk(const NavDatabase& database) : database_(database) {}
+    explicit ApproachDesk(NavDatabase& database) : database_(database) {}
 
-    /// Once per tick, while the position is known. `destination` is the airport where the flight
-    /// ends, once it is what is flown to; null for none.
+    /// Once per tick, while the position is known. `destination` is where the flight ends,
+    /// once it is what is flown to; null for none.
     void tick(const Settings& settings, const Variation& variation,
               const ActiveNavigation::Aircraft& aircraft,
               const std::shared_ptr<const DatabaseRecord>& destination, std::int64_t nowMs);
@@ -45,9 +45,10 @@ class ApproachDesk {
     void collect(CockpitData& data, const Variation& variation) const;
 
  private:
+    [[nodiscard]] std::vector<LandingRunway> nearestRunways(GeoPoint position) const;
     [[nodiscard]] std::vector<LandingRunway> runwaysOf(const DatabaseRecord& record) const;
 
-    const NavDatabase& database_;
+    NavDatabase& database_;
     ApproachMode mode_;
     std::string destinationKey_;
     std::vector<LandingRunway> runways_;  ///< the destination's

@@ -16,6 +16,12 @@ QString titleFor(const std::vector<LandingRunway>& runways) {
         formatText(TextId::ApproachTitleAt, {std::string_view(runways.front().airport)}));
 }
 
+TextId whyNone(const CKorvelDoc& document) {
+    if (!document.settings().apprMode)
+        return TextId::ApproachOff;
+    return document.cockpitData().position ? TextId::ApproachNoRunway : TextId::NoGpsSignal;
+}
+
 /// "27L   272°M   6000 ft".
 std::string rowText(const LandingRunway& runway, const CockpitData& data) {
     std::string row = runway.id + "     ";
@@ -39,8 +45,7 @@ ApproachSheet::ApproachSheet(QWidget* parent, CKorvelDoc& document,
     addNote(none_);
     ApproachMode& mode = document_.navigator().approach().mode();
     if (runways_.empty()) {
-        none_.setText(toQString(document_.settings().apprMode ? TextId::ApproachNoRunway
-                                                              : TextId::ApproachOff));
+        none_.setText(toQString(whyNone(document_)));
         list_.hide();
     }
     leave_.setText(toQString(TextId::ApproachLeave));

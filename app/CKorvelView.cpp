@@ -137,8 +137,8 @@ void CKorvelView::actByItself() {
     if (!settings.autozoom || !isMapPage())
         return;
     std::optional<Point> waypoint;
-    if (data_.position && data_.activeWaypoint)
-        waypoint = viewport_.projection(*data_.position, upDeg()).project(*data_.activeWaypoint);
+    if (const auto target = data_.flownTo(); target && data_.position)
+        waypoint = viewport_.projection(*data_.position, upDeg()).project(*target);
     if (const auto rangeNm = autoZoom_.tick(waypoint, viewport_, data_.approach.has_value());
         rangeNm && viewport_.setRange(*rangeNm))
         update();
@@ -169,14 +169,15 @@ void CKorvelView::announceWaypoint() {
 }
 
 void CKorvelView::announceApproach() {
-    const std::string runway = data_.approach ? data_.approach->runway.id : std::string();
-    if (runway == announcedRunway_)
+    const auto runway =
+        data_.approach ? std::optional(data_.approach->runway) : std::optional<LandingRunway>();
+    // Without a position there are no figures, but the approach goes on.
+    if (!data_.position || runway == announcedRunway_)
         return;
     announcedRunway_ = runway;
-    say(data_.approach
-            ? formatText(TextId::ApproachBegun, {std::string_view(runway),
-                                                 std::string_view(data_.approach->runway.airport)})
-            : std::string(text(TextId::ApproachEnded)));
+    say(runway ? formatText(TextId::ApproachBegun,
+                            {std::string_view(runway->id), std::string_view(runway->airport)})
+               : std::string(text(TextId::ApproachEnded)));
 }
 
 void CKorvelView::refresh() {

@@ -202,8 +202,8 @@ class CKorvelView final : public QWidget {
     CockpitData data_;
     std::uint64_t shownRevision_ = 0;
 
-    std::string announced_;  // the waypoint that was told last
-    std::string announcedRunway_;
+    std::string announced_;                         // the waypoint that was told last
+    std::optional<LandingRunway> announcedRunway_;  // likewise
     std::string message_;
     int messageTicks_ = 0;  // until the message goes
     QBasicTimer timer_;

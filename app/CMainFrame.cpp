@@ -215,9 +215,13 @@ bool CMainFrame::recoverPlan(const std::filesystem::path& unsaved, bool wanted) 
     PlanDesk& plan = parts_.document.navigator().plan();
     plan.keepUnsavedIn(unsaved);
     const auto error = wanted ? plan.recover() : std::nullopt;
-    if (error)
-        error->empty() ? view_.say(std::string(text(TextId::PlanRecovered))) : showError(*error);
-    return error.has_value();
+    if (!error)
+        return false;
+    if (error->empty())
+        view_.say(std::string(text(TextId::PlanRecovered)));
+    else
+        showError(*error);
+    return true;
 }
 
 void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {

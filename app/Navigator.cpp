@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "app/Known.h"
 #include "config/Settings.h"
 #include "config/StringTable.h"
 #include "display/NearAirports.h"
@@ -43,18 +44,6 @@ std::string dateText(std::uint32_t yyyymmdd) {
 
 std::uint32_t dateNumber(const LocalTime& time) {
     return static_cast<std::uint32_t>((time.year * 100 + time.month) * 100 + time.day);
-}
-
-std::optional<double> known(double value, double sentinel) {
-    return value == sentinel ? std::nullopt : std::optional(value);
-}
-
-std::optional<int> known(std::int32_t feet) {
-    return feet == kNoAltitudeFt ? std::nullopt : std::optional<int>(feet);
-}
-
-std::optional<GeoPoint> known(GeoPoint point) {
-    return IsValid(point) ? std::optional(point) : std::nullopt;
 }
 
 }  // namespace
@@ -217,10 +206,12 @@ void Navigator::tick(const Settings& settings, const Variation& variation,
 /// Ends a course to a waypoint of the plan when it has been flown to the waypoint: the plan's next
 /// leg follows. Without a course the plan takes over by itself.
 void Navigator::goOnWithPlan() {
-    const NavigationState state = navigation_.state();
     const auto& record = navigation_.directRecord();
-    if (!navigation_.directLeg() || !record || state.obsCourse == kNoAngle ||
-        state.distanceNm > kFlownToNm) {
+    if (!navigation_.directLeg() || !record) {
+        return;
+    }
+    const NavigationState state = navigation_.state();
+    if (state.obsCourse == kNoAngle || state.distanceNm > kFlownToNm) {
         return;
     }
     const bool passed =

@@ -13,7 +13,9 @@ namespace korvel {
 namespace {
 
 constexpr double kRoomInHeights = 2.2;  // of a label, from one mark to the next
-constexpr double kTickInHeights = 0.6;
+constexpr double kTickInHeights = 0.6;  // to each side of the line
+constexpr double kGapInHeights = 0.3;   // from a tick to its label
+constexpr double kRounding = 1e-9;      // of the last unit
 constexpr double kHaloPx = 2;
 
 TextStyle labelStyle(double textPx) {
@@ -37,11 +39,44 @@ std::string labelText(const CockpitData& data, int units, double nm) {
     return label;
 }
 
+/// Across the line, which is straight enough on the screen; beside it the label, without its room.
+ApproachMark markAt(Point at, Point threshold, double textPx) {
+    const double length = std::hypot(at.x - threshold.x, at.y - threshold.y);
+    const Point across{-(at.y - threshold.y) / length * kTickInHeights * textPx,
+                       (at.x - threshold.x) / length * kTickInHeights * textPx};
+    return {.tick = {{at.x - across.x, at.y - across.y}, {at.x + across.x, at.y + across.y}},
+            .label = {},
+            .labelAt = {}};
+}
+
+/// On the side of the line where there is room first.
+void placeLabel(const Canvas& canvas, double textPx, LabelSpace& labels, const LabelSpace& lines,
+                ApproachMark& mark) {
+    const TextStyle style = labelStyle(textPx);
+    const TextExtent extent = canvas.measure(mark.label, style.font);
+    const auto& [from, to] = mark.tick;
+    const double tick = std::hypot(to.x - from.x, to.y - from.y);
+    const double acrossX = (to.x - from.x) / tick;
+    const double acrossY = (to.y - from.y) / tick;
+    const double gap = kGapInHeights * textPx + std::abs(acrossX) * extent.width / 2 +
+                       std::abs(acrossY) * extent.capHeight / 2;
+    const std::array places{Point{to.x + gap * acrossX, to.y + gap * acrossY},
+                            Point{from.x - gap * acrossX, from.y - gap * acrossY}};
+    std::array<Rect, places.size()> boxes;
+    for (std::size_t i = 0; i < places.size(); ++i)
+        boxes[i] = textBox(places[i], extent, style);
+    const auto found = claimFirst(labels, boxes, lines);
+    if (!found)
+        return mark.label.clear();
+    mark.labelAt = places[*found];
+}
+
 }  // namespace
 
 std::vector<ApproachMark> layOutApproach(const Canvas& canvas, const CockpitData& data,
                                          const MapProjection& projection, const Rect& view,
-                                         double textPx, LabelSpace& labels) {
+                                         double textPx, LabelSpace& labels,
+                                         const LabelSpace& lines) {
     std::vector<ApproachMark> marks;
     if (!data.approach)
         return marks;
@@ -49,32 +84,13 @@ std::vector<ApproachMark> layOutApproach(const Canvas& canvas, const CockpitData
     const double unitNm = 1 / ConvertDistance(1);
     const int units = step(unitNm * projection.pixelsPerNm(), textPx);
     const Point threshold = projection.project(runway.threshold);
-    const TextStyle style = labelStyle(textPx);
-    for (int unit = units; units > 0 && unit * unitNm <= kCenterLineNm + 1e-9; unit += units) {
+    for (int unit = units; units > 0 && unit * unitNm <= kCenterLineNm + kRounding; unit += units) {
         const Point at = projection.project(onCenterLine(runway, unit * unitNm));
         if (!view.contains(at))
             continue;
-        // Across the line, which is straight enough on the screen.
-        const double length = std::hypot(at.x - threshold.x, at.y - threshold.y);
-        const double acrossX = -(at.y - threshold.y) / length;
-        const double acrossY = (at.x - threshold.x) / length;
-        const double half = kTickInHeights * textPx;
-        ApproachMark mark{.tick = {{at.x - half * acrossX, at.y - half * acrossY},
-                                   {at.x + half * acrossX, at.y + half * acrossY}},
-                          .label = labelText(data, unit, unit * unitNm),
-                          .labelAt = {}};
-        const TextExtent extent = canvas.measure(mark.label, style.font);
-        const double away = 1.5 * half + std::abs(acrossX) * extent.width / 2 +
-                            std::abs(acrossY) * extent.capHeight;
-        bool placed = false;
-        for (const double side : {1.0, -1.0}) {
-            mark.labelAt = {at.x + side * away * acrossX, at.y + side * away * acrossY};
-            placed = placed || labels.claim(textBox(mark.labelAt, extent, style));
-            if (placed)
-                break;
-        }
-        if (!placed)
-            mark.label.clear();
+        ApproachMark mark = markAt(at, threshold, textPx);
+        mark.label = labelText(data, unit, unit * unitNm);
+        placeLabel(canvas, textPx, labels, lines, mark);
         marks.push_back(std::move(mark));
     }
     return marks;

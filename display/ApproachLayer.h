@@ -20,10 +20,12 @@ struct ApproachMark {
 };
 
 /// A mark for each unit of distance, in the unit in force, where they do not crowd; else every
-/// second or fifth. Their labels take their room. None while no runway is approached.
+/// second or fifth. Their labels take their room, off `lines` where they can. None while no runway
+/// is approached.
 std::vector<ApproachMark> layOutApproach(const Canvas& canvas, const CockpitData& data,
                                          const MapProjection& projection, const Rect& view,
-                                         double textPx, LabelSpace& labels);
+                                         double textPx, LabelSpace& labels,
+                                         const LabelSpace& lines);
 
 /// MapFrame::approachMarks, over the line that the plan's layer has drawn.
 void paintApproach(const MapFrame& frame, Canvas& canvas);

@@ -64,6 +64,11 @@ struct CockpitData {
     /// While a runway is approached the leg's values above lead to it.
     std::optional<ApproachView> approach;
 
+    /// Where the leg's values lead to.
+    [[nodiscard]] std::optional<GeoPoint> flownTo() const {
+        return approach ? approach->runway.threshold : activeWaypoint;
+    }
+
     /// Null when there is no plan.
     std::shared_ptr<const PlanView> plan;
     /// Null when there is none; `trackSlots` tells painters and comparisons that it has grown.

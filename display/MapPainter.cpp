@@ -87,7 +87,7 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
     const std::vector<PlanMark> planMarks =
         layOutPlan(canvas, data, projection, view, textPx, labels, planLines);
     const std::vector<ApproachMark> approachMarks =
-        layOutApproach(canvas, data, projection, view, textPx, labels);
+        layOutApproach(canvas, data, projection, view, textPx, labels, planLines);
     const std::vector<RingLabel> ringLabels =
         layOutRingLabels(canvas, projection, aircraft, rangeNm, textPx, scene.places, labels);
 

@@ -83,7 +83,7 @@ void ApproachMode::update(const Situation& now, std::int64_t nowMs) {
     const ApproachFigures seen = approachFigures(*runway_, now.position);
     established_ = established_ || std::abs(seen.crossTrackNm) < kFullScaleNm;
     if (!chosen_) {
-        leaveByItself(now, nowMs);
+        leaveByItself(now, seen, nowMs);
     }
 }
 
@@ -111,17 +111,17 @@ void ApproachMode::enterByItself(const Situation& now, std::int64_t nowMs) {
     }
 }
 
-void ApproachMode::leaveByItself(const Situation& now, std::int64_t nowMs) {
-    const ApproachFigures seen = approachFigures(*runway_, now.position);
+void ApproachMode::leaveByItself(const Situation& now, const ApproachFigures& seen,
+                                 std::int64_t nowMs) {
+    if (!now.automatic) {
+        return end();
+    }
     const double lengthNm = DistanceNm(runway_->threshold, runway_->farEnd);
     const bool stopped = now.groundSpeedKt && *now.groundSpeedKt < kStoppedKt;
     const bool away =
         std::abs(seen.crossTrackNm) > kFarBesideNm || seen.distanceNm > kFarNm ||
         seen.toGoNm < -(lengthNm + kBehindNm) ||
         (now.trackTrueDeg && turn(*now.trackTrueDeg, runway_->courseTrueDeg) > kTurnedAwayDeg);
-    if (!now.automatic) {
-        return end();
-    }
     if (!stopped && !away) {
         sinceMs_.reset();
         return;

@@ -21,7 +21,7 @@ class ApproachMode {
         GeoPoint position;  ///< valid
         std::optional<double> trackTrueDeg{};
         std::optional<double> groundSpeedKt{};
-        std::string_view destinationKey{};         ///< RecordKey of an airport; empty for none
+        std::string_view destinationKey{};  ///< RecordKey of where the flight ends; empty for none
         std::span<const LandingRunway> runways{};  ///< the destination's
         bool automatic = false;                    ///< the pilot wants it to enter by itself
     };
@@ -49,7 +49,7 @@ class ApproachMode {
  private:
     void end();
     void enterByItself(const Situation& now, std::int64_t nowMs);
-    void leaveByItself(const Situation& now, std::int64_t nowMs);
+    void leaveByItself(const Situation& now, const ApproachFigures& seen, std::int64_t nowMs);
 
     std::optional<LandingRunway> runway_;
     bool chosen_ = false;       ///< by the pilot

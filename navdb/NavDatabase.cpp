@@ -256,9 +256,14 @@ const DatabaseRecord* NavDatabase::Find(std::string_view key, std::optional<GeoP
 }
 
 void NavDatabase::loadDetails(AirportRecord& airport) const {
-    const int file = airport.origin.match.file;
-    if (file >= 0 && file < static_cast<int>(files_.size())) {
-        readAirportDetails(*files_[static_cast<std::size_t>(file)], airport);
+    const auto& [match, fileName] = airport.origin;
+    if (match.file < 0 || match.file >= static_cast<int>(files_.size())) {
+        return;
+    }
+    const DatabaseFile& file = *files_[static_cast<std::size_t>(match.file)];
+    // The text itself, not what it says: a file of that name may have been opened anew.
+    if (file.fileName() == fileName) {
+        readAirportDetails(file, airport);
     }
 }
 

@@ -67,7 +67,8 @@ class NavDatabase {
     [[nodiscard]] std::optional<RowMatch> lastMatch() const { return lastMatch_; }
 
     /// Fills the runways and frequencies of an airport from the file that it came from; leaves
-    /// user airports as they are.
+    /// user airports as they are, and those of files that have been closed since: in another file
+    /// their identifier may be another airport's.
     void loadDetails(AirportRecord& airport) const;
 
     /// Replaces `routes` by the texts of the airway's pieces, in file order; files that are out of

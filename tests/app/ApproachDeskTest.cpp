@@ -64,6 +64,8 @@ TEST_F(ApproachDeskTest, LinedUpWithTheDestinationTheRunwayTakesTheLegsPlace) {
     EXPECT_EQ(data.alarms, std::vector<std::string>{"OFF COURSE"}) << "1.6 NM is off this scale";
     settings_.apprMode = false;
     EXPECT_FALSE(fly(47.4, 10, 0, 5).approach);
+    settings_.apprMode = true;
+    EXPECT_TRUE(fly(47.4, 10, 0, 5).approach) << "switching off declines nothing";
 }
 
 TEST_F(ApproachDeskTest, OnlyADestinationIsApproachedByItselfAnyAirportWhenChosen) {
@@ -75,6 +77,7 @@ TEST_F(ApproachDeskTest, OnlyADestinationIsApproachedByItselfAnyAirportWhenChose
     navigator_.approach().mode().choose(offered.front());
     const CockpitData data = fly(47.6, 10.1, 180, 20);
     ASSERT_TRUE(data.approach);
+    EXPECT_EQ(data.flownTo(), offered.front().threshold) << "whatever the plan flies to";
     EXPECT_NEAR(*data.crossTrackNm, 4.05, 0.01);
     EXPECT_TRUE(data.alarms.empty()) << "not joined yet";
     navigator_.approach().mode().leave();

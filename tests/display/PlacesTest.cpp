@@ -184,14 +184,25 @@ TEST(PlaceHit, TheNearestComesFirstAndAmongEquallyNearTheMoreImportant) {
     EXPECT_EQ(hit(65), "BIG NEAR EDGE ") << "runways are not drawn there";
 }
 
-TEST(PlaceLayer, NamesKeepApartAndRunwaysCarryTheirNumbers) {
-    const ColorScheme scheme;
-    const MapColorCache colors(scheme);
+/// The page "North-Up" of 800 by 400 pixels at 8 NM.
+struct NearMap {
     MapViewport viewport;
-    viewport.layout(PageId::NorthUp, 800, 400);
-    viewport.chooseRange(8);
+
+    NearMap() {
+        viewport.layout(PageId::NorthUp, 800, 400);
+        viewport.chooseRange(8);
+    }
+    void paint(RecordingCanvas& canvas, const CockpitData& data, const PlaceSet& set) const {
+        const ColorScheme scheme;
+        const MapColorCache colors(scheme);
+        PagePainter(colors).paint(canvas, PageId::NorthUp, {.data = data, .viewport = viewport, .places = &set});
+    }
+};
+
+TEST(PlaceLayer, NamesKeepApartAndRunwaysCarryTheirNumbers) {
+    const NearMap map;
     const CockpitData data = flying();
-    const MapProjection projection = viewport.projection(*data.position, 0);
+    const MapProjection projection = map.viewport.projection(*data.position, 0);
     PlaceSet set;
     set.places = {placeAt("FIELD", {200, 100}, 9000, projection), placeAt("STRIP", {600, 100}, 800, projection)};
     for (int i = 0; i < 30; ++i)  // too many for one spot
@@ -201,7 +212,7 @@ TEST(PlaceLayer, NamesKeepApartAndRunwaysCarryTheirNumbers) {
     set.places[0].details = details;
     set.places[1].place.expired = true;
     RecordingCanvas canvas(800, 400);
-    PagePainter(colors).paint(canvas, PageId::NorthUp, {.data = data, .viewport = viewport, .places = &set});
+    map.paint(canvas, data, set);
 
     ASSERT_NE(canvas.findText("(STRIP)"), nullptr) << "out of date";
     ASSERT_NE(canvas.findText("09"), nullptr);
@@ -221,13 +232,9 @@ TEST(PlaceLayer, NamesKeepApartAndRunwaysCarryTheirNumbers) {
 }
 
 TEST(PlaceLayer, NamesKeepOffTheLeg) {
-    const ColorScheme scheme;
-    const MapColorCache colors(scheme);
-    MapViewport viewport;
-    viewport.layout(PageId::NorthUp, 800, 400);
-    viewport.chooseRange(8);
+    const NearMap map;
     CockpitData data = flying();
-    const MapProjection projection = viewport.projection(*data.position, 0);
+    const MapProjection projection = map.viewport.projection(*data.position, 0);
     data.legStart = projection.unproject({-100, 100});
     data.activeWaypoint = projection.unproject({900, 104});
     PlaceSet set;
@@ -235,7 +242,7 @@ TEST(PlaceLayer, NamesKeepOffTheLeg) {
         set.places.push_back(placeAt(numbered("N", 100 + i), {100.0 + 120 * i, 98.0 + 2 * i}, 700, projection));
     const auto crossed = [&] {
         RecordingCanvas canvas(800, 400);
-        PagePainter(colors).paint(canvas, PageId::NorthUp, {.data = data, .viewport = viewport, .places = &set});
+        map.paint(canvas, data, set);
         int names = 0;
         int count = 0;
         for (const auto& element : canvas.elements())

@@ -32,6 +32,22 @@ class NavDatabaseTest : public ::testing::Test {
     NavDatabase database_{clock_};
 };
 
+TEST_F(NavDatabaseTest, DetailsComeFromTheVeryFileOfTheRecord) {
+    TestDatabase content;
+    content.addAirport("SEA", 47.449, -122.309, "Seattle");
+    content.addRunwayEnd("SEA", 1, "16L", 11901);
+    open(content);
+    auto record = database_.Find("a.SEA")->Clone();
+    auto& airport = dynamic_cast<AirportRecord&>(*record);
+    database_.clear();
+    open(content);
+    database_.loadDetails(airport);
+    EXPECT_TRUE(airport.runways.empty()) << "opened anew, it may hold anything";
+    record = database_.Find("a.SEA")->Clone();
+    database_.loadDetails(dynamic_cast<AirportRecord&>(*record));
+    EXPECT_EQ(dynamic_cast<AirportRecord&>(*record).runways.size(), 1U);
+}
+
 TEST_F(NavDatabaseTest, BuildsRecordsWithAllTheirFields) {
     TestDatabase content;
     content.addAirport("SEA", 47.449, -122.309, "Seattle Tacoma International");
