@@ -38,6 +38,27 @@ void writeKey(std::string& key, std::string_view text, const TextStyle& style, d
     key.push_back(style.halo ? 'h' : '-');
 }
 
+/// The same for a symbol. No text is empty, so the two never have the same key.
+void writeKey(std::string& key, const Stamp& stamp, double ratio) {
+    key.assign(1, '\0');
+    append(key, stamp.draw);
+    append(key, stamp.ink);
+    append(key, stamp.ground);
+    append(key, stamp.radius);
+    append(key, stamp.reach);
+    append(key, stamp.turnDeg);
+    append(key, stamp.variant);
+    append(key, ratio);
+}
+
+QImage clearImage(double width, double height, double ratio) {
+    QImage image(static_cast<int>(std::ceil(width * ratio)),
+                 static_cast<int>(std::ceil(height * ratio)), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::transparent);
+    return image;
+}
+
 /// The largest of each value and its `reach` neighbours on either side, in a row of `count` values
 /// that lie `stride` apart.
 void spreadMaximum(const std::uint8_t* from, std::uint8_t* to, std::size_t count,
@@ -79,22 +100,33 @@ void addHalo(QImage& image, ColorValue halo, std::size_t reach) {
 
 const Label& LabelCache::get(std::string_view text, const TextStyle& style, double ratio) {
     writeKey(key_, text, style, ratio);
+    return getByKey([&] { return render(text, style, ratio); });
+}
+
+const Label& LabelCache::get(const Stamp& stamp, double ratio) {
+    writeKey(key_, stamp, ratio);
+    return getByKey([&] { return render(stamp, ratio); });
+}
+
+template <class Render>
+const Label& LabelCache::getByKey(Render render) {
     if (const auto found = fresh_.find(key_); found != fresh_.end())
         return found->second;
 
+    const std::string key = key_;  // a symbol may have letters of its own
     if (freshBytes_ > kGenerationBytes) {
         aged_ = std::exchange(fresh_, {});
         agedBytes_ = std::exchange(freshBytes_, 0);
     }
     Label label;
-    if (auto kept = aged_.extract(key_); kept) {
+    if (auto kept = aged_.extract(key); kept) {
         label = std::move(kept.mapped());
         agedBytes_ -= static_cast<std::size_t>(label.image.sizeInBytes());
     } else {
-        label = render(text, style, ratio);
+        label = render();
     }
     freshBytes_ += static_cast<std::size_t>(label.image.sizeInBytes());
-    return fresh_.emplace(key_, std::move(label)).first->second;
+    return fresh_.emplace(key, std::move(label)).first->second;
 }
 
 Label LabelCache::render(std::string_view text, const TextStyle& style, double ratio) {
@@ -104,13 +136,7 @@ Label LabelCache::render(std::string_view text, const TextStyle& style, double r
     const double width = std::ceil(face.advance(text)) + 2 * kMargin;
     const double height = ascent + std::ceil(face.metrics.descent()) + kMargin;
 
-    Label label{
-        QImage(static_cast<int>(std::ceil(width * ratio)),
-               static_cast<int>(std::ceil(height * ratio)), QImage::Format_ARGB32_Premultiplied),
-        -kMargin, -ascent};
-    label.image.setDevicePixelRatio(ratio);
-    label.image.fill(Qt::transparent);
-
+    Label label{clearImage(width, height, ratio), -kMargin, -ascent};
     QPainter painter(&label.image);
     painter.setFont(face.font);
     painter.setPen(toQColor(style.color));
@@ -119,6 +145,15 @@ Label LabelCache::render(std::string_view text, const TextStyle& style, double r
     if (style.halo)
         addHalo(label.image, *style.halo,
                 static_cast<std::size_t>(std::max(1L, std::lround(ratio))));
+    return label;
+}
+
+Label LabelCache::render(const Stamp& stamp, double ratio) {
+    const double reach = std::ceil(stamp.reach);
+    Label label{clearImage(2 * reach, 2 * reach, ratio), -reach, -reach};
+    QPainter painter(&label.image);
+    QtCanvas canvas(painter, *this, {0, 0, 2 * reach, 2 * reach});
+    stamp.draw(canvas, {reach, reach}, stamp);
     return label;
 }
 

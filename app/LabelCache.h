@@ -12,24 +12,25 @@
 
 namespace korvel {
 
-/// A text drawn once, halo included, ready to be copied to the screen.
+/// A text, halo included, or a symbol drawn once, ready to be copied to the screen.
 struct Label {
     QImage image;     ///< carries its device pixel ratio
-    double left = 0;  ///< from the text's start to the image's left edge, usually negative
-    double top = 0;   ///< from the baseline up to the image's top edge, negative
+    double left = 0;  ///< from the text's start, or the symbol's centre, to the image's left edge
+    double top = 0;   ///< from the baseline, or the centre, up to the image's top edge, negative
 };
 
-/// Keeps labels rendered between frames: a map repeats the same names in the same style, and
-/// copying one costs a tenth of drawing it and far less than stroking a halo.
+/// Keeps labels and symbols rendered between frames: a map repeats the same ones, and copying one
+/// costs a tenth of drawing it and far less than stroking a halo.
 ///
-/// Two generations bound the memory: labels that were not asked for while one generation filled up
-/// are dropped. User interface thread only.
+/// Two generations bound the memory: what was not asked for while one generation filled up is
+/// dropped. User interface thread only.
 class LabelCache {
  public:
     explicit LabelCache(DisplayFonts& fonts) : fonts_(fonts) {}
 
     /// The label stays valid until the next call.
     const Label& get(std::string_view text, const TextStyle& style, double devicePixelRatio);
+    const Label& get(const Stamp& stamp, double devicePixelRatio);
 
     DisplayFonts& fonts() { return fonts_; }
 
@@ -39,7 +40,10 @@ class LabelCache {
  private:
     using Labels = std::unordered_map<std::string, Label>;
 
+    template <class Render>
+    const Label& getByKey(Render render);
     Label render(std::string_view text, const TextStyle& style, double devicePixelRatio);
+    Label render(const Stamp& stamp, double devicePixelRatio);
 
     DisplayFonts& fonts_;
     Labels fresh_;

@@ -191,11 +191,16 @@ void QtCanvas::text(Point anchor, std::string_view text, const TextStyle& style)
     if (style.alignY != AlignY::Baseline)
         baseline += face.capHeight * (style.alignY == AlignY::Middle ? 0.5 : 1.0);
 
-    const Label& label = labels_.get(text, style, ratio_);
-    painter_.drawImage(QPointF(toDevicePixel(x, area_.x) + label.left,
-                               toDevicePixel(baseline, area_.y) + label.top),
-                       label.image);
+    put({x, baseline}, labels_.get(text, style, ratio_));
 }
+
+void QtCanvas::put(Point origin, const Label& picture) {
+    painter_.drawImage(QPointF(toDevicePixel(origin.x, area_.x) + picture.left,
+                               toDevicePixel(origin.y, area_.y) + picture.top),
+                       picture.image);
+}
+
+void QtCanvas::stamp(Point center, const Stamp& stamp) { put(center, labels_.get(stamp, ratio_)); }
 
 TextExtent QtCanvas::measure(std::string_view text, const Font& font) const {
     const FontFace& face = labels_.fonts().face(font);

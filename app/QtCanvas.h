@@ -42,8 +42,10 @@ class QtCanvas final : public Canvas {
     void text(Point anchor, std::string_view text, const TextStyle& style) override;
     TextExtent measure(std::string_view text, const Font& font) const override;
     void bitmap(Point topLeft, const Bitmap& bitmap) override;
+    void stamp(Point center, const Stamp& stamp) override;
 
  private:
+    void put(Point origin, const Label& picture);
     void use(const Pen& pen, Qt::PenJoinStyle join, Qt::PenCapStyle cap);
     void use(const std::optional<Brush>& fill, const std::optional<Pen>& outline);
     void looseLines(std::span<const Point> points, const Pen& pen);

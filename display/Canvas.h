@@ -86,6 +86,20 @@ struct Bitmap {
     std::span<const std::uint32_t> pixels;
 };
 
+class Canvas;
+
+/// A small picture that is drawn many times over, such as the symbol of a place. What `draw` draws
+/// follows from the other values alone, so that a canvas may keep the picture and copy it.
+struct Stamp {
+    void (*draw)(Canvas& canvas, Point center, const Stamp& stamp) = nullptr;
+    ColorValue ink = 0;
+    ColorValue ground = 0;
+    double radius = 0;  ///< pixels
+    double reach = 0;   ///< from the centre, nothing is drawn beyond, pixels
+    int turnDeg = 0;    ///< of what points somewhere, from up to the right
+    int variant = 0;    ///< the meaning is the drawer's own
+};
+
 /// What painters draw on. The painters clip lines and polygons to the canvas before they draw:
 /// a canvas accepts anything, but pays for what lies outside.
 class Canvas {
@@ -113,6 +127,8 @@ class Canvas {
     virtual void text(Point anchor, std::string_view text, const TextStyle& style) = 0;
     virtual TextExtent measure(std::string_view text, const Font& font) const = 0;
     virtual void bitmap(Point topLeft, const Bitmap& bitmap) = 0;
+    /// The stamp's picture; a canvas that keeps it puts it on whole pixels of the device.
+    virtual void stamp(Point center, const Stamp& stamp) { stamp.draw(*this, center, stamp); }
 };
 
 }  // namespace korvel

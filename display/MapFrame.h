@@ -11,6 +11,7 @@
 #include "display/MapFurniture.h"
 #include "display/MapViewport.h"
 #include "display/MeasureLayer.h"
+#include "display/PlanLines.h"
 #include "display/PlanMarks.h"
 #include "display/RangeRingLayer.h"
 
@@ -37,6 +38,7 @@ struct MapFrame {
     const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
     const MeasureTool* measure = nullptr;  ///< the ruler; null for none
     std::optional<MeasureLook> measureLook{};
+    std::span<const PlanLine> plan{};               ///< its legs
     std::span<const PlanMark> planMarks{};          ///< with the room that their labels have
     std::span<const ApproachMark> approachMarks{};  ///< likewise
     std::span<const RingLabel> ringLabels{};        ///< likewise

@@ -81,8 +81,9 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
     std::optional<MeasureLook> measureLook;
     if (scene.measure != nullptr)
         measureLook = layOutMeasure(canvas, *scene.measure, data, projection, view, textPx, labels);
+    const std::vector<PlanLine> plan = tracePlan(data, projection, view);
     LabelSpace planLines(view);
-    reservePlanLines(data, projection, view, planLines);
+    reservePlanLines(plan, planLines);
     // Before all layers: no name on the map is more important than those of the plan.
     const std::vector<PlanMark> planMarks =
         layOutPlan(canvas, data, projection, view, textPx, labels, planLines);
@@ -106,6 +107,7 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
                          .track = scene.track,
                          .measure = scene.measure,
                          .measureLook = std::move(measureLook),
+                         .plan = plan,
                          .planMarks = planMarks,
                          .approachMarks = approachMarks,
                          .ringLabels = ringLabels,

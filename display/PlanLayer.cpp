@@ -1,13 +1,9 @@
 #include "display/PlanLayer.h"
 
-#include <algorithm>
 #include <array>
-#include <cmath>
+#include <optional>
 
-#include "display/Clip.h"
-#include "display/GreatCircleLine.h"
 #include "display/MapFrame.h"
-#include "nav/Geodesy.h"
 
 namespace korvel {
 namespace {
@@ -17,45 +13,20 @@ constexpr double kActiveWidth = 5;
 constexpr double kCoreWidth = 1.5;  // of the background inside it
 constexpr double kAheadWidth = 2.5;
 constexpr double kPassedWidth = 2;
+constexpr double kDiamondRim = 6;
 constexpr double kRim = 2;  // of the background around the active leg
-/// Labels keep off the lines in boxes of this size.
-constexpr double kLineStep = kActiveWidth + 2 * kRim;
-/// A course to intercept reaches at least so far before the waypoint, and so far behind it.
-constexpr double kCourseBeforeNm = 20;
-constexpr double kCourseBehindNm = 20;
+static_assert(kActiveWidth + 2 * kRim <= kPlanLineReach);
 
-/// What is flown along: towards the waypoint wide, beyond it thin and dashed.
-struct ActiveLine {
-    GeoPoint from;
-    GeoPoint to;
-    std::optional<GeoPoint> beyond{};
-};
-
-/// A course to intercept reaches through the waypoint.
-ActiveLine courseLine(GeoPoint waypoint, double courseTrueDeg, double distanceNm) {
-    const auto at = [&](double nm, double directionDeg) {
-        GeoPoint point;
-        PointAtRadialDistance(waypoint.lat, waypoint.lon, nm / kNmPerRadian,
-                              directionDeg * kDegToRad, point.lat, point.lon);
-        return point;
-    };
-    const double before = std::max(kCourseBeforeNm, distanceNm * 1.2);
-    return {at(before, PositiveMod(courseTrueDeg + 180, 360)), waypoint,
-            at(kCourseBehindNm, courseTrueDeg)};
-}
-
-std::optional<ActiveLine> activeLine(const CockpitData& data) {
-    if (data.approach)
-        return ActiveLine{onCenterLine(data.approach->runway, kCenterLineNm),
-                          data.approach->runway.threshold};
-    if (!data.activeWaypoint)
-        return std::nullopt;
-    if (data.obsCourseMagDeg && data.desiredTrackTrueDeg)
-        return courseLine(*data.activeWaypoint, *data.desiredTrackTrueDeg,
-                          data.distanceNm.value_or(0));
-    if (data.legStart)
-        return ActiveLine{*data.legStart, *data.activeWaypoint};
-    return std::nullopt;
+/// A diamond, open so that the chart's symbol shows, but for the waypoint that is flown to.
+void drawDiamond(Canvas& canvas, Point center, const Stamp& stamp) {
+    const auto part = static_cast<PlanPart>(stamp.variant);
+    const double r = stamp.radius;
+    const std::array diamond{Point{center.x, center.y - r}, Point{center.x + r, center.y},
+                             Point{center.x, center.y + r}, Point{center.x - r, center.y}};
+    canvas.polygon(diamond, std::nullopt, Pen{stamp.ground, kDiamondRim, PenStyle::Solid});
+    canvas.polygon(diamond,
+                   part == PlanPart::Active ? std::optional(Brush{stamp.ink}) : std::nullopt,
+                   Pen{stamp.ink, part == PlanPart::Passed ? 1.5 : 2.5, PenStyle::Solid});
 }
 
 class PlanPainter {
@@ -63,36 +34,23 @@ class PlanPainter {
     PlanPainter(const MapFrame& frame, Canvas& canvas)
         : frame_(frame),
           canvas_(canvas),
-          // A wide line's edge may show where its middle does not.
-          reach_(grown(frame.view, kActiveWidth)),
           background_(frame.colors[ColorKey::MapBackground]),
           plan_(frame.colors[ColorKey::MapFlightPlan]),
           active_(frame.colors[ColorKey::MapFlightPlanActive]),
           faded_(blended(plan_, background_, kFaded)) {}
 
-    void planLegs() const {
-        if (!frame_.data.plan)
-            return;
-        const PlanView& plan = *frame_.data.plan;
-        const std::optional<std::size_t> flown = flownRow(frame_.data);
-        for (std::size_t i = 1; i < plan.rows.size(); ++i) {
-            const GeoPoint from = plan.rows[i - 1].position;
-            const PlanPart part = planPart(plan, i);
-            if (i == flown && isFlownFrom(from))
-                continue;
-            line(from, plan.rows[i].position,
-                 part == PlanPart::Passed ? Pen{faded_, kPassedWidth, PenStyle::Dash}
-                                          : Pen{plan_, kAheadWidth, PenStyle::Solid});
+    void legs() const {
+        for (const PlanLine& line : frame_.plan) {
+            if (line.kind != PlanLineKind::Flown)
+                canvas_.polyline(line.points, penOf(line.kind));
         }
-    }
-
-    void activeLeg() const {
-        const auto leg = activeLine(frame_.data);
-        if (!leg)
-            return;
-        if (leg->beyond)
-            line(leg->to, *leg->beyond, {active_, kAheadWidth, PenStyle::Dash});
-        wideLine(leg->from, leg->to);
+        // Hollow: a track of the same colour, as at night, is never mistaken for it.
+        for (const Pen& pen : {Pen{background_, kActiveWidth + 2 * kRim, PenStyle::Solid},
+                               Pen{active_, kActiveWidth, PenStyle::Solid},
+                               Pen{background_, kCoreWidth, PenStyle::Solid}})
+            for (const PlanLine& line : frame_.plan)
+                if (line.kind == PlanLineKind::Flown)
+                    canvas_.polyline(line.points, pen);
     }
 
     void marks() const {
@@ -104,37 +62,28 @@ class PlanPainter {
     }
 
  private:
-    /// The leg that is flown is the plan's own, unless the pilot joined it from elsewhere.
-    [[nodiscard]] bool isFlownFrom(GeoPoint start) const {
-        const CockpitData& data = frame_.data;
-        return !data.directLeg && data.legStart && SamePoint(start, *data.legStart);
+    [[nodiscard]] Pen penOf(PlanLineKind kind) const {
+        switch (kind) {
+            case PlanLineKind::Passed:
+                return {faded_, kPassedWidth, PenStyle::Dash};
+            case PlanLineKind::Beyond:
+                return {active_, kAheadWidth, PenStyle::Dash};
+            default:
+                return {plan_, kAheadWidth, PenStyle::Solid};
+        }
     }
 
-    void line(GeoPoint from, GeoPoint to, const Pen& pen) const {
-        traceGreatCircle(frame_.projection, from, to, reach_,
-                         [&](std::span<const Point> piece) { canvas_.polyline(piece, pen); });
-    }
-
-    void wideLine(GeoPoint from, GeoPoint to) const {
-        line(from, to, {background_, kActiveWidth + 2 * kRim, PenStyle::Solid});
-        line(from, to, {active_, kActiveWidth, PenStyle::Solid});
-        // Hollow: a track of the same colour, as at night, is never mistaken for it.
-        line(from, to, {background_, kCoreWidth, PenStyle::Solid});
-    }
-
-    /// A diamond, open so that the chart's symbol shows, but for the waypoint that is flown to.
     void symbol(const PlanMark& mark) const {
-        const double r = planSymbolRadius(mark.part, frame_.textPx);
-        const Point c = mark.at;
-        const std::array diamond{Point{c.x, c.y - r}, Point{c.x + r, c.y}, Point{c.x, c.y + r},
-                                 Point{c.x - r, c.y}};
         const bool isActive = mark.part == PlanPart::Active;
-        const ColorValue color = isActive                        ? active_
-                                 : mark.part == PlanPart::Passed ? faded_
-                                                                 : plan_;
-        canvas_.polygon(diamond, std::nullopt, Pen{background_, 6, PenStyle::Solid});
-        canvas_.polygon(diamond, isActive ? std::optional(Brush{color}) : std::nullopt,
-                        Pen{color, mark.part == PlanPart::Passed ? 1.5 : 2.5, PenStyle::Solid});
+        const double radius = planSymbolRadius(mark.part, frame_.textPx);
+        canvas_.stamp(mark.at, {.draw = drawDiamond,
+                                .ink = isActive                        ? active_
+                                       : mark.part == PlanPart::Passed ? faded_
+                                                                       : plan_,
+                                .ground = background_,
+                                .radius = radius,
+                                .reach = radius + kDiamondRim,
+                                .variant = static_cast<int>(mark.part)});
     }
 
     void label(const PlanMark& mark) const {
@@ -151,7 +100,6 @@ class PlanPainter {
 
     const MapFrame& frame_;
     Canvas& canvas_;
-    Rect reach_;
     ColorValue background_;
     ColorValue plan_;
     ColorValue active_;
@@ -162,36 +110,8 @@ class PlanPainter {
 
 void paintPlan(const MapFrame& frame, Canvas& canvas) {
     const PlanPainter painter(frame, canvas);
-    painter.planLegs();
-    painter.activeLeg();
+    painter.legs();
     painter.marks();
-}
-
-void reservePlanLines(const CockpitData& data, const MapProjection& projection, const Rect& view,
-                      LabelSpace& lines) {
-    const auto keep = [&](std::span<const Point> piece) {
-        for (std::size_t i = 1; i < piece.size(); ++i) {
-            const Point from = piece[i - 1];
-            const Point to = piece[i];
-            const double length = std::hypot(to.x - from.x, to.y - from.y);
-            const int steps = std::max(1, static_cast<int>(std::ceil(length / kLineStep)));
-            for (int step = 0; step <= steps; ++step) {
-                const double share = static_cast<double>(step) / steps;
-                const Point middle{from.x + (to.x - from.x) * share,
-                                   from.y + (to.y - from.y) * share};
-                lines.reserve(grown({middle.x, middle.y, 0, 0}, kLineStep / 2));
-            }
-        }
-    };
-    const auto keepLeg = [&](GeoPoint from, GeoPoint to) {
-        traceGreatCircle(projection, from, to, view, keep);
-    };
-    if (const auto active = activeLine(data))
-        keepLeg(active->from, active->to);
-    const std::size_t rows = data.plan ? data.plan->rows.size() : 0;
-    for (std::size_t i = 1; i < rows; ++i)
-        if (planPart(*data.plan, i) == PlanPart::Ahead)
-            keepLeg(data.plan->rows[i - 1].position, data.plan->rows[i].position);
 }
 
 }  // namespace korvel

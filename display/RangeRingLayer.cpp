@@ -8,8 +8,8 @@
 #include "display/LabelSpace.h"
 #include "display/MapFrame.h"
 #include "display/PlaceSet.h"
+#include "display/Polar.h"
 #include "display/TextBox.h"
-#include "nav/WholeDegreeTrig.h"
 
 namespace korvel {
 namespace {
@@ -45,7 +45,7 @@ std::vector<RingLabel> candidates(const Canvas& canvas, Point center, double rad
     const TextExtent extent = canvas.measure(text, style.font);
     std::vector<RingLabel> found;
     for (const int angle : kLabelAngles) {
-        const Point at{center.x + radius * SinDeg(angle), center.y - radius * CosDeg(angle)};
+        const Point at = polar(center, radius, angle);
         found.push_back({.text = text, .at = at, .box = grown(textBox(at, extent, style), 3)});
     }
     return found;

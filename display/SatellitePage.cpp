@@ -7,10 +7,10 @@
 #include "config/StringTable.h"
 #include "display/MapColorCache.h"
 #include "display/MapLook.h"
+#include "display/Polar.h"
 #include "display/ScreenLayout.h"
 #include "nav/Geodesy.h"
 #include "nav/TextNumbers.h"
-#include "nav/WholeDegreeTrig.h"
 
 namespace korvel {
 namespace {
@@ -87,8 +87,7 @@ class SatellitePainter {
         for (std::size_t i = 0; i < kCorners.size(); ++i) {
             const int angle = static_cast<int>(i) * 90;
             const double out = radius + 0.85 * textPx_;
-            canvas_.text({center.x + out * SinDeg(angle), center.y - out * CosDeg(angle)},
-                         kCorners.substr(i, 1), style(bold(1.1), ink_));
+            canvas_.text(polar(center, out, angle), kCorners.substr(i, 1), style(bold(1.1), ink_));
         }
         for (const bool used : {false, true})  // the used ones on top
             for (const Satellite& satellite : satellites)
@@ -192,8 +191,7 @@ std::vector<Satellite> unpackSatellites(const std::array<std::uint32_t, 12>& wor
 
 Point skyPoint(const Satellite& satellite, Point center, double radius) {
     const double out = radius * (90 - satellite.elevationDeg) / 90;
-    return {center.x + out * SinDeg(satellite.azimuthDeg),
-            center.y - out * CosDeg(satellite.azimuthDeg)};
+    return polar(center, out, satellite.azimuthDeg);
 }
 
 std::string fixText(const CockpitData& data) {

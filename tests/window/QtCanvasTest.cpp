@@ -202,6 +202,36 @@ TEST(QtCanvas, FillsTranslucentAreasLikeSmallOnes) {
     }
 }
 
+/// Draws a letter on a disc; the letter goes through the cache that is about to keep the stamp.
+void drawBadge(Canvas& canvas, Point center, const Stamp& stamp) {
+    canvas.circle(center, stamp.radius, Brush{stamp.ink}, std::nullopt);
+    canvas.text(center, stamp.variant == 0 ? "A" : "B",
+        {.font = {12}, .color = stamp.ground, .alignX = AlignX::Center, .alignY = AlignY::Middle});
+}
+
+TEST(QtCanvas, StampsWhatTheDrawerWouldDraw) {
+    const Stamp first{.draw = drawBadge, .ink = kRed, .ground = kWhite, .radius = 9.5, .reach = 10.5};
+    Stamp second = first;
+    second.variant = 1;
+    for (const double ratio : {1.0, 2.0}) {
+        SCOPED_TRACE(ratio);
+        Sheet drawn(ratio);
+        drawn.draw({10, 0, 150, 100}, [&](Canvas& canvas) {
+            first.draw(canvas, {50, 40}, first);
+            second.draw(canvas, {90, 40}, second);
+        });
+        Sheet stamped(ratio);
+        for (int round = 0; round < 2; ++round) {  // made, then kept
+            stamped.image.fill(Qt::black);
+            stamped.draw({10, 0, 150, 100}, [&](Canvas& canvas) {
+                canvas.stamp({50.2, 39.8}, first);
+                canvas.stamp({90, 40}, second);
+            });
+            EXPECT_EQ(stamped.image, drawn.image);
+        }
+    }
+}
+
 TEST(LabelCache, StaysBoundedAndKeepsWhatIsInUse) {
     DisplayFonts fonts{QString()};
     LabelCache labels(fonts);
