@@ -2,6 +2,8 @@
 
 #include <functional>
 #include <span>
+#include <string>
+#include <vector>
 
 #include "display/ApproachLayer.h"
 #include "display/Canvas.h"
@@ -20,8 +22,15 @@ namespace korvel {
 class TrackLevels;
 struct PlaceSet;
 
+/// A name or a number whose room was claimed.
+struct MapName {
+    Point anchor;
+    std::string text;
+    TextStyle style;
+};
+
 /// All that a map layer may look at while it paints one frame. Everything is const but the labels'
-/// room, which all layers share.
+/// room and the names, which all layers share.
 struct MapFrame {
     const CockpitData& data;
     const MapColorCache& colors;
@@ -33,6 +42,8 @@ struct MapFrame {
     double textPx;   ///< type size of labels
     const MapFurniture& furniture;
     LabelSpace& labels;
+    /// What stands on the ground is named over the lines: half a name reads as another one.
+    std::vector<MapName>& names;
     const LabelSpace& planLines;           ///< the plan's legs, which names keep off where they can
     const PlaceSet* places = nullptr;      ///< from the databases; null for none
     const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none

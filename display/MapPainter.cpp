@@ -43,6 +43,7 @@ constexpr std::array kLayers{
     MapLayer{"ring distances", kNearest, kFarthest, paintRingLabels},
     MapLayer{"track", kNearest, kFarthest, paintTrack},
     MapLayer{"plan", kNearest, kFarthest, paintPlan},
+    MapLayer{"names", kNearest, kFarthest, paintNames},
     MapLayer{"approach", kNearest, kFarthest, paintApproach},
     MapLayer{"aircraft", kNearest, kFarthest, paintAircraft},
     MapLayer{"ruler", kNearest, kFarthest, paintMeasure},
@@ -92,6 +93,7 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
     const std::vector<RingLabel> ringLabels =
         layOutRingLabels(canvas, projection, aircraft, rangeNm, textPx, scene.places, labels);
 
+    std::vector<MapName> names;
     const MapFrame frame{.data = data,
                          .colors = colors,
                          .projection = projection,
@@ -102,6 +104,7 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
                          .textPx = textPx,
                          .furniture = furniture,
                          .labels = labels,
+                         .names = names,
                          .planLines = planLines,
                          .places = scene.places,
                          .track = scene.track,

@@ -83,13 +83,16 @@ void paintCompassRoses(const MapFrame& frame, Canvas& canvas) {
 void paintPlaces(const MapFrame& frame, Canvas& canvas) {
     if (frame.places == nullptr)
         return;
-    const PlaceLayout layout = layOutPlaces(frame, canvas);
+    const std::vector<PlaceMark> marks = layOutPlaces(frame, canvas);
     const PlaceSymbols symbols(frame);
     // The most important ones on top.
-    std::for_each(layout.marks.rbegin(), layout.marks.rend(),
+    std::for_each(marks.rbegin(), marks.rend(),
                   [&](const PlaceMark& mark) { symbols.paint(canvas, mark); });
-    for (const PlaceLabel& label : layout.labels)
-        canvas.text(label.anchor, label.text, label.style);
+}
+
+void paintNames(const MapFrame& frame, Canvas& canvas) {
+    for (const MapName& name : frame.names)
+        canvas.text(name.anchor, name.text, name.style);
 }
 
 }  // namespace korvel

@@ -60,18 +60,18 @@ class LayoutBuilder {
           aircraft_(aircraftArea(frame.aircraft, frame.textPx)),
           taken_(frame.view) {}
 
-    PlaceLayout build() {
+    std::vector<PlaceMark> build() {
         for (const MapPlace& place : frame_.places->places) {
-            if (layout_.marks.size() == kMostMarks)
+            if (marks_.size() == kMostMarks)
                 break;
             if (isShown(place.place, place.placeClass, frame_.rangeNm, frame_.places->options))
                 add(place);
         }
         // Close by all symbols stand; the names find their room among them.
         if (!sparse_)
-            for (const PlaceMark& mark : layout_.marks)
+            for (const PlaceMark& mark : marks_)
                 label(mark);
-        return std::move(layout_);
+        return std::move(marks_);
     }
 
  private:
@@ -85,7 +85,7 @@ class LayoutBuilder {
         if (sparse_ && !hasRoom(mark))
             return;
         take(mark);
-        layout_.marks.push_back(mark);
+        marks_.push_back(mark);
     }
 
     // Claims the label's room when there is.
@@ -165,7 +165,7 @@ class LayoutBuilder {
         if (!found)
             return false;
         taken_.reserve(boxes[*found]);
-        layout_.labels.push_back(
+        frame_.names.push_back(
             {{corners[*found].x, corners[*found].y + extent.capHeight}, std::move(text), style});
         return true;
     }
@@ -220,12 +220,12 @@ class LayoutBuilder {
     bool sparse_;
     Rect aircraft_;
     LabelSpace taken_;  ///< by places and their names alone
-    PlaceLayout layout_;
+    std::vector<PlaceMark> marks_;
 };
 
 }  // namespace
 
-PlaceLayout layOutPlaces(const MapFrame& frame, const Canvas& canvas) {
+std::vector<PlaceMark> layOutPlaces(const MapFrame& frame, const Canvas& canvas) {
     return LayoutBuilder(frame, canvas).build();
 }
 

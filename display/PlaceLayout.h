@@ -20,21 +20,10 @@ struct PlaceMark {
     bool runwaysToScale = false;  ///< they stand for the symbol
 };
 
-struct PlaceLabel {
-    Point anchor;
-    std::string text;
-    TextStyle style;
-};
-
-/// What of the places is drawn in one frame, and where; the most important ones first.
-struct PlaceLayout {
-    std::vector<PlaceMark> marks;
-    std::vector<PlaceLabel> labels;
-};
-
-/// Takes the room for symbols and labels out of frame.labels. Less important places give way: far
-/// out the whole place, close by its label only. The frame has places.
-PlaceLayout layOutPlaces(const MapFrame& frame, const Canvas& canvas);
+/// What of the places is drawn in one frame, and where; the most important ones first. Their names
+/// go to frame.names, the room for both is taken out of frame.labels. Less important places give
+/// way: far out the whole place, close by its name only. The frame has places.
+std::vector<PlaceMark> layOutPlaces(const MapFrame& frame, const Canvas& canvas);
 
 /// How far the stroke along an airport's longest runway reaches out of its circle.
 inline constexpr double kRunwayStrokeShare = 1.7;

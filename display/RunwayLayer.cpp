@@ -79,7 +79,7 @@ class RunwayPainter {
         const double away = (numbers_.font.height * 0.4 + extent.width / 2 + 2) / length;
         const Point place{end.x + (end.x - other.x) * away, end.y + (end.y - other.y) * away};
         if (frame_.labels.claim(textBox(place, extent, numbers_)))
-            canvas_.text(place, id, numbers_);
+            frame_.names.push_back({place, id, numbers_});
     }
 
     const MapFrame& frame_;
