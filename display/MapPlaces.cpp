@@ -112,9 +112,12 @@ void MapPlaces::fetch(const GeoBox& box, int rangeNm, const MapPlaceOptions& opt
     fetched_ = box;
     rangeNm_ = rangeNm;
     complete_ = false;
+    const auto isWanted = [&](const Place& place) {
+        return isShown(place, classOf(place), rangeNm, options);
+    };
     for (const KindCap& cap : kCaps) {
         if (rangeNm <= cap.toNm)
-            database_.placesIn(box, cap.kinds, kMostRows, found_);
+            database_.placesIn(box, cap.kinds, kMostRows, found_, isWanted);
         else if (cap.kinds == kFixKind)  // the pilot's own show farther out
             database_.userPlacesIn(box, kFixKind, found_);
         else
@@ -126,6 +129,7 @@ void MapPlaces::fetch(const GeoBox& box, int rangeNm, const MapPlaceOptions& opt
 
 void MapPlaces::addFound(std::size_t most, int rangeNm) {
     const auto first = static_cast<std::ptrdiff_t>(set_.places.size());
+    set_.places.reserve(set_.places.size() + found_.size());
     for (const Place& place : found_) {
         const PlaceClass placeClass = classOf(place);
         if (!isShown(place, placeClass, rangeNm, set_.options))

@@ -285,13 +285,13 @@ void NavDatabase::GetAirwayRoutes(std::string_view name, std::vector<std::string
 }
 
 void NavDatabase::placesIn(const GeoBox& box, KindMask kinds, std::size_t limit,
-                           std::vector<Place>& places) const {
-    findPlacesIn({files_, excludedPlaces_, userRecords_}, box, kinds, limit, places);
+                           std::vector<Place>& places, const PlaceFilter& accept) const {
+    findPlacesIn({files_, excludedPlaces_, userRecords_}, box, kinds, limit, accept, places);
 }
 
 void NavDatabase::userPlacesIn(const GeoBox& box, KindMask kinds,
                                std::vector<Place>& places) const {
-    findPlacesIn({{}, {}, userRecords_}, box, kinds, std::numeric_limits<std::size_t>::max(),
+    findPlacesIn({{}, {}, userRecords_}, box, kinds, std::numeric_limits<std::size_t>::max(), {},
                  places);
 }
 

@@ -75,9 +75,10 @@ class NavDatabase {
     /// date give none.
     void GetAirwayRoutes(std::string_view name, std::vector<std::string>& routes) const;
 
-    /// Replaces `places` by the places of these kinds in the box, at most `limit` of them.
-    void placesIn(const GeoBox& box, KindMask kinds, std::size_t limit,
-                  std::vector<Place>& places) const;
+    /// Replaces `places` by the places of these kinds in the box, at most `limit` of them. What
+    /// `accept` refuses is not read to its end.
+    void placesIn(const GeoBox& box, KindMask kinds, std::size_t limit, std::vector<Place>& places,
+                  const PlaceFilter& accept = {}) const;
 
     /// The same among the user's own records alone.
     void userPlacesIn(const GeoBox& box, KindMask kinds, std::vector<Place>& places) const;

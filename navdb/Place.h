@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "navdb/DatabaseRecord.h"
 
@@ -15,6 +16,9 @@ struct Place {
     Ident ident{};
     RowMatch match;  ///< file is RecordOrigin::kNoFile for user records
 };
+
+/// Whether a search keeps a place, which has no identifier yet; empty keeps all.
+using PlaceFilter = std::function<bool(const Place&)>;
 
 struct NearPlace {
     Place place;

@@ -116,8 +116,8 @@ std::unique_ptr<DatabaseRecord> buildRecord(RowReader& row, const TableEntry& ta
     return record;
 }
 
-Place buildPlace(RowReader& row, const PlaceFields& fields, const DatabaseFile& file,
-                 const RowMatch& match) {
+Place buildUnnamedPlace(const RowReader& row, const PlaceFields& fields, const DatabaseFile& file,
+                        const RowMatch& match) {
     Place place{.position = positionOfRow(row, fields),
                 .kind = kindOfRow(row, fields),
                 .expired = file.isExpired(),
@@ -125,9 +125,19 @@ Place buildPlace(RowReader& row, const PlaceFields& fields, const DatabaseFile& 
     place.flags = place.kind == kAirportKind
                       ? static_cast<std::uint32_t>(row.word(fields.flags).value_or(0))
                       : usageOfRow(row, fields);
+    return place;
+}
+
+void readIdent(RowReader& row, const PlaceFields& fields, Place& place) {
     std::string ident;
     row.text(fields.ident, ident);
     place.ident.assign(ident);
+}
+
+Place buildPlace(RowReader& row, const PlaceFields& fields, const DatabaseFile& file,
+                 const RowMatch& match) {
+    Place place = buildUnnamedPlace(row, fields, file, match);
+    readIdent(row, fields, place);
     return place;
 }
 

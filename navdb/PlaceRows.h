@@ -32,6 +32,10 @@ GeoPoint positionOfRow(const RowReader& row, const PlaceFields& fields);
 std::unique_ptr<DatabaseRecord> buildRecord(RowReader& row, const TableEntry& table,
                                             const DatabaseFile& file, const RowMatch& match);
 
+/// Without its identifier.
+Place buildUnnamedPlace(const RowReader& row, const PlaceFields& fields, const DatabaseFile& file,
+                        const RowMatch& match);
+void readIdent(RowReader& row, const PlaceFields& fields, Place& place);
 Place buildPlace(RowReader& row, const PlaceFields& fields, const DatabaseFile& file,
                  const RowMatch& match);
 

@@ -55,17 +55,21 @@ class Search {
     /// Latitudes that are wanted by now.
     [[nodiscard]] virtual Band band() const = 0;
     [[nodiscard]] virtual bool wants(GeoPoint position) = 0;
+    /// Of a place that is wanted where it stands and has no identifier yet.
+    [[nodiscard]] virtual bool accepts(const Place&) const { return true; }
     /// The place that was wanted last. False ends the search.
     virtual bool take(const Place& place) = 0;
 };
 
 class BoxSearch final : public Search {
  public:
-    BoxSearch(const GeoBox& box, std::size_t limit, std::vector<Place>& places)
+    BoxSearch(const GeoBox& box, std::size_t limit, const PlaceFilter& accept,
+              std::vector<Place>& places)
         : band_{.south = box.south * kDegToRad - kEdge, .north = box.north * kDegToRad + kEdge},
           west_(box.west * kDegToRad - kEdge),
           width_(widthOf(box) * kDegToRad + 2 * kEdge),
           limit_(limit),
+          accept_(accept),
           places_(places) {}
 
     [[nodiscard]] bool wantsCell(int) const override { return true; }
@@ -73,6 +77,9 @@ class BoxSearch final : public Search {
     [[nodiscard]] bool wants(GeoPoint position) override {
         return position.lat >= band_.south && position.lat <= band_.north &&
                PositiveMod(position.lon - west_, kTwoPi) <= width_ && places_.size() < limit_;
+    }
+    [[nodiscard]] bool accepts(const Place& place) const override {
+        return !accept_ || accept_(place);
     }
     bool take(const Place& place) override {
         places_.push_back(place);
@@ -84,6 +91,7 @@ class BoxSearch final : public Search {
     double west_;
     double width_;
     std::size_t limit_;
+    const PlaceFilter& accept_;
     std::vector<Place>& places_;
 };
 
@@ -156,10 +164,14 @@ bool searchIndex(LocationIndex& index, RowReader& rows, const DatabaseFile& file
         const std::int32_t south = storedDegrees(std::floor(band.south * kRadToDeg / kDegreesUnit));
         const std::int32_t north = storedDegrees(std::ceil(band.north * kRadToDeg / kDegreesUnit));
         index.visitCell(cell, south, north, [&](std::uint32_t row) {
-            const RowMatch match{.file = fileNumber, .row = index.index().rowPosition(row)};
-            if ((kindOfRow(rows, fields) & kinds) != 0 &&
-                search.wants(positionOfRow(rows, fields))) {
-                const Place place = buildPlace(rows, fields, file, match);
+            if ((kindOfRow(rows, fields) & kinds) == 0 ||
+                !search.wants(positionOfRow(rows, fields))) {
+                return true;
+            }
+            Place place = buildUnnamedPlace(
+                rows, fields, file, {.file = fileNumber, .row = index.index().rowPosition(row)});
+            if (search.accepts(place)) {
+                readIdent(rows, fields, place);
                 goOn = isExcluded(sources, place) || search.take(place);
             }
             return goOn;
@@ -200,8 +212,11 @@ void searchUserRecords(const PlaceSources& sources, KindMask kinds, std::span<co
                        Search& search) {
     for (const int cell : cells) {
         for (const DatabaseRecord* const record : sources.userRecords->bucket(cell)) {
-            if ((record->GetKind() & kinds) != 0 && search.wants(record->position) &&
-                !search.take(placeOfUser(*record))) {
+            if ((record->GetKind() & kinds) == 0 || !search.wants(record->position)) {
+                continue;
+            }
+            const Place place = placeOfUser(*record);
+            if (search.accepts(place) && !search.take(place)) {
                 return;
             }
         }
@@ -273,9 +288,9 @@ Place placeOfUser(const DatabaseRecord& record) {
 }
 
 void findPlacesIn(const PlaceSources& sources, const GeoBox& box, KindMask kinds, std::size_t limit,
-                  std::vector<Place>& places) {
+                  const PlaceFilter& accept, std::vector<Place>& places) {
     places.clear();
-    BoxSearch search(box, limit, places);
+    BoxSearch search(box, limit, accept, places);
     runSearch(sources, kinds, cellsFrom(box.west, widthOf(box)), search);
 }
 

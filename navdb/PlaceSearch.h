@@ -29,9 +29,9 @@ struct PlaceSources {
 [[nodiscard]] bool isExcluded(const PlaceSources& sources, const Place& place);
 [[nodiscard]] Place placeOfUser(const DatabaseRecord& record);
 
-/// Replaces `places` by those of `kinds` in the box, `limit` at most.
+/// Replaces `places` by those of `kinds` in the box that the filter accepts, `limit` at most.
 void findPlacesIn(const PlaceSources& sources, const GeoBox& box, KindMask kinds, std::size_t limit,
-                  std::vector<Place>& places);
+                  const PlaceFilter& accept, std::vector<Place>& places);
 
 /// The nearest `count` places of `kinds` within `withinNm`, nearest first.
 std::vector<NearPlace> findNearest(const PlaceSources& sources, GeoPoint position, KindMask kinds,

@@ -171,6 +171,16 @@ TEST_F(PlaceSearchTest, LeavesOutExcludedRowsAndStopsAtTheLimit) {
     std::vector<Place> places;
     database_.placesIn({-90, -180, 90, 180}, kAllKinds, 7, places);
     EXPECT_EQ(places.size(), 7U);
+    const auto isNorthern = [](const Place& place) {
+        EXPECT_TRUE(place.ident.empty()) << "read for what is kept alone";
+        return place.position.lat > 0.5 && place.kind == kAirportKind;
+    };
+    database_.placesIn({-90, -180, 90, 180}, kAllKinds, 7, places, isNorthern);
+    EXPECT_EQ(places.size(), 7U) << "what is refused does not count";
+    for (const Place& place : places) {
+        EXPECT_GT(place.position.lat, 0.5);
+        EXPECT_FALSE(place.ident.empty());
+    }
     EXPECT_TRUE(database_.nearest(GeoPoint{}, kAllKinds, 3, 100).empty());
 }
 
