@@ -10,6 +10,7 @@ namespace korvel {
 namespace {
 
 constexpr std::int64_t kWindowMs = 3000;
+constexpr std::int64_t kLongestGapMs = 31000;  // a tick at sixty times the speed, and some more
 constexpr std::int64_t kLeastSpanMs = 1900;
 /// A track that is still the same after this long has been sent again; before, it is only old.
 constexpr std::int64_t kRepeatMs = 1000;
@@ -28,7 +29,11 @@ void DerivedAttitude::add(double trackDeg, std::int64_t nowMs) {
             return;
     }
     samples_.push_back({nowMs, trackDeg});
-    while (nowMs - samples_.front().atMs > kWindowMs)
+    // When simulated time passes faster, two ticks are farther apart than the window is long.
+    const auto isOld = [nowMs](const Sample& sample, std::int64_t afterMs) {
+        return nowMs - sample.atMs > afterMs;
+    };
+    while (isOld(samples_.front(), samples_.size() > 2 ? kWindowMs : kLongestGapMs))
         samples_.pop_front();
 }
 

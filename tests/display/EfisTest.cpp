@@ -14,12 +14,13 @@ namespace korvel { namespace {
 class Flight {
  public:
     std::int64_t everyMs = 1000;
+    std::int64_t tickMs = 500;
     double ratePerSec = 0;
     CockpitData data = flying();
 
     void fly(int ticks) {
         for (int i = 0; i < ticks; ++i) {
-            nowMs_ += 500;
+            nowMs_ += tickMs;
             if (nowMs_ % everyMs == 0) {
                 const double turned = track_ + ratePerSec * static_cast<double>(everyMs) / 1000;
                 track_ = std::fmod(turned + 360, 360);
@@ -32,7 +33,7 @@ class Flight {
 
  private:
     DerivedAttitude attitude_;
-    std::int64_t nowMs_ = 5000;
+    std::int64_t nowMs_ = 0;
     double track_ = 350;
 };
 
@@ -58,6 +59,24 @@ TEST(DerivedAttitude, BanksAsAStandardTurnNeedsIt) {
             flight.fly(8);
             EXPECT_NEAR(*flight.data.bankDeg, 0, 0.05) << "level again after four seconds";
         }
+}
+
+TEST(DerivedAttitude, FollowsTurnsWhenSimulatedTimePassesFaster) {
+    for (const std::int64_t factor : {8, 60}) {
+        Flight flight;
+        flight.everyMs = flight.tickMs = 500 * factor;
+        flight.data.groundSpeedKt = 100;
+        flight.ratePerSec = 3;
+        flight.fly(5);
+        ASSERT_TRUE(flight.data.bankDeg) << factor;
+        EXPECT_NEAR(*flight.data.bankDeg, 15.36, 0.05) << factor;
+        flight.ratePerSec = 0;
+        flight.fly(2);
+        EXPECT_NEAR(*flight.data.bankDeg, 0, 0.05) << factor;
+        flight.tickMs = 120000;
+        flight.fly(1);
+        EXPECT_FALSE(flight.data.bankDeg) << "nothing is known of the last two minutes";
+    }
 }
 
 TEST(DerivedAttitude, PitchIsTheAngleOfTheFlightPath) {
