@@ -563,9 +563,11 @@ void CKorvelView::setField(std::size_t place, NavFieldId field) {
     layOut();
 }
 
-void CKorvelView::acknowledgeAlarm(std::size_t place) {
-    if (document_.navigator().alarms().acknowledge(place))
+bool CKorvelView::acknowledgeAlarm(std::size_t place) {
+    const bool done = document_.navigator().alarms().acknowledge(place);
+    if (done)
         refresh();
+    return done;
 }
 
 /// `at` counts from the page's corner.

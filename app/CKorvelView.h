@@ -96,8 +96,9 @@ class CKorvelView final : public QWidget {
     void say(const std::string& message);
     /// The same for a hint: once for every profile, and only while hints are wanted.
     void hint(TextId hint);
-    /// The pilot has seen the alarm that is shown at this place, 0 being the most urgent one.
-    void acknowledgeAlarm(std::size_t place = 0);
+    /// The pilot has seen the alarm that is shown at this place, 0 being the most urgent one; false
+    /// when there is none.
+    bool acknowledgeAlarm(std::size_t place = 0);
 
     /// A button of the touch bar that the view does not serve itself.
     std::function<void(TouchCommand)> onTouch;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDropEvent>
@@ -128,11 +129,24 @@ void CMainFrame::addViewCommands(QMenu& menu) {
                [this] { view_.setMeasuring(!view_.isMeasuring()); });
     menu.addSeparator();
     addCommand(menu, TextId::CommandNextPage, {Qt::Key_N}, [this] { view_.goToNextPage(); });
-    for (const PageId page : availablePages())
-        connect(menu.addAction(toQString(pageName(page))), &QAction::triggered, this,
-                [this, page] { view_.choosePage(page); });
+    addPages(menu);
     menu.addSeparator();
     addCommand(menu, TextId::CommandFullScreen, {Qt::Key_F11}, [this] { toggleFullScreen(); });
+}
+
+/// By the keys 1 to 9, in the order of the pages.
+void CMainFrame::addPages(QMenu& menu) {
+    auto* group = new QActionGroup(&menu);
+    int key = Qt::Key_1;
+    for (const PageId page : availablePages()) {
+        QAction* action = menu.addAction(toQString(pageName(page)));
+        action->setShortcut(QKeySequence(key++));
+        action->setCheckable(true);
+        group->addAction(action);
+        connect(action, &QAction::triggered, this, [this, page] { view_.choosePage(page); });
+        connect(&menu, &QMenu::aboutToShow, action,
+                [this, action, page] { action->setChecked(view_.page() == page); });
+    }
 }
 
 void CMainFrame::addOptions(QMenu& menu) {
@@ -150,7 +164,7 @@ void CMainFrame::addHelp(QMenu& menu) {
     });
     addCommand(menu, TextId::CommandConnected, {Qt::Key_F2}, [this] { showConnected(); });
     databases_.addToHelp(menu);
-    addCommand(menu, TextId::CommandAbout, {},
+    addCommand(menu, TextId::CommandAbout, {QKeySequence(Qt::CTRL | Qt::Key_F1)},
                [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::About)); });
 }
 

@@ -83,6 +83,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
 
     void addCommands();
     void addViewCommands(QMenu& menu);
+    void addPages(QMenu& menu);
     void addOptions(QMenu& menu);
     void addHelp(QMenu& menu);
     void addSchemes(QMenu& menu);

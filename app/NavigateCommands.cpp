@@ -27,8 +27,10 @@ void NavigateCommands::addTo(QMenu& menu) {
     suspended_ =
         &host_.addCommand(menu, TextId::CommandSuspend, {QKeySequence(Qt::CTRL | Qt::Key_U)},
                           [this] { suspend(suspended_->isChecked()); });
-    host_.addCommand(menu, TextId::CommandAcknowledge, {Qt::Key_Backspace},
-                     [this] { host_.view().acknowledgeAlarm(); });
+    host_.addCommand(menu, TextId::CommandAcknowledge, {Qt::Key_Backspace}, [this] {
+        if (!host_.view().acknowledgeAlarm())
+            host_.view().say(std::string(text(TextId::NoAlarm)));
+    });
     for (QAction* action : {tracking_.data(), suspended_.data()})
         action->setCheckable(true);
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { updateChecks(); });
@@ -40,17 +42,20 @@ void NavigateCommands::addPlanCommands(QMenu& menu) {
     host_.addCommand(menu, TextId::CommandRoute, {QKeySequence(Qt::SHIFT | Qt::Key_F)},
                      [this] { editRoute(); });
     host_.addCommand(menu, TextId::CommandActivate, {QKeySequence(Qt::CTRL | Qt::Key_A)},
-                     [this] { navigator().plan().activate(); });
+                     [this] { sayWhether(navigator().plan().activate(), TextId::PlanActivated); });
     host_.addCommand(menu, TextId::CommandReverse, {QKeySequence(Qt::CTRL | Qt::Key_R)},
-                     [this] { navigator().plan().reverse(); });
+                     [this] { sayWhether(navigator().plan().reverse(), TextId::PlanReversed); });
     host_.addCommand(menu, TextId::CommandUndo, {QKeySequence(Qt::CTRL | Qt::Key_Z)}, [this] {
-        if (!navigator().plan().undo())
-            host_.view().say(std::string(text(TextId::NothingToUndo)));
+        sayWhether(navigator().plan().undo(), TextId::PlanUndone, TextId::NothingToUndo);
     });
     host_.addCommand(menu, TextId::CommandRedo, {QKeySequence(Qt::CTRL | Qt::Key_Y)}, [this] {
-        if (!navigator().plan().redo())
-            host_.view().say(std::string(text(TextId::NothingToUndo)));
+        sayWhether(navigator().plan().redo(), TextId::PlanRedone, TextId::NothingToUndo);
     });
+}
+
+/// A plan that is not on the screen changes unseen.
+void NavigateCommands::sayWhether(bool done, TextId doneText, TextId otherwise) {
+    host_.view().say(std::string(text(done ? doneText : otherwise)));
 }
 
 void NavigateCommands::showPlan() {
@@ -94,6 +99,7 @@ void NavigateCommands::openPlanRow(std::size_t row) {
 void NavigateCommands::clearNavigation() {
     navigator().navigation().ClearNavigation();
     navigator().plan().clear();
+    host_.view().say(std::string(text(TextId::NavigationCleared)));
 }
 
 void NavigateCommands::suspend(bool on) {

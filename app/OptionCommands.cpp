@@ -25,9 +25,10 @@ void OptionCommands::addTo(QMenu& menu) {
     menu.addSeparator();
     addSheet<CPrefsSheet>(menu, TextId::CommandPrefs, {QKeySequence(Qt::CTRL | Qt::Key_P)});
     addSheet<CMapDialog>(menu, TextId::CommandMapOptions, {Qt::Key_O});
-    addSheet<CViewPagesDialog>(menu, TextId::CommandViewPages, {});
+    addSheet<CViewPagesDialog>(menu, TextId::CommandViewPages,
+                               {QKeySequence(Qt::SHIFT | Qt::Key_N)});
     menu.addSeparator();
-    host_.addCommand(menu, TextId::CommandPort, {}, [this] { choosePort(); });
+    host_.addCommand(menu, TextId::CommandPort, {Qt::Key_G}, [this] { choosePort(); });
     const auto updateChecks = [this] {
         simulating_->setChecked(host_.document().navigator().simulator().running());
     };

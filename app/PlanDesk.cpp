@@ -127,18 +127,22 @@ bool PlanDesk::changePlan(Change change) {
     return true;
 }
 
-void PlanDesk::reverse() {
+bool PlanDesk::reverse() {
     const PlanEntries before = entries();
-    if (changePlan([](FlightPlan& plan) { plan.reverse(); })) {
-        history_.remember(before);
-        comeIntoForce(true);
+    if (!changePlan([](FlightPlan& plan) { plan.reverse(); })) {
+        return false;
     }
+    history_.remember(before);
+    comeIntoForce(true);
+    return true;
 }
 
-void PlanDesk::activate() {
-    if (changePlan([](FlightPlan& plan) { plan.activate(); })) {
-        comeIntoForce(changed_);
+bool PlanDesk::activate() {
+    if (!changePlan([](FlightPlan& plan) { plan.activate(); })) {
+        return false;
     }
+    comeIntoForce(changed_);
+    return true;
 }
 
 void PlanDesk::flyTo(std::size_t index) {
@@ -155,7 +159,9 @@ void PlanDesk::flyTo(std::size_t index) {
 }
 
 void PlanDesk::clear() {
-    history_.remember(entries());
+    if (const PlanEntries before = entries(); !before.empty()) {
+        history_.remember(before);
+    }
     plan_.lock()->reset();
     file_.clear();
     comeIntoForce(false);

@@ -40,9 +40,10 @@ class PlanDesk {
     [[nodiscard]] std::string enterRoute(std::string_view line);
     /// Puts edited entries in force; none of them is no plan.
     void replace(std::vector<PlanWaypoint> entries);
-    void reverse();
-    /// Flies the plan anew from where the aircraft is.
-    void activate();
+    /// False without a plan.
+    bool reverse();
+    /// Flies the plan anew from where the aircraft is; false without one.
+    bool activate();
     /// Flies to this entry next; does nothing when there is none at `index`.
     void flyTo(std::size_t index);
     void clear();

@@ -344,6 +344,13 @@ constexpr auto kTexts = std::to_array<Row>({
         "Next Page goes through the pages that are chosen here; while there are fewer than two, "
         "through all."},
     Row{TextId::NoPlanToSave, "There is no flight plan to save."},
+    Row{TextId::PlanUndone, "Plan change taken back"},
+    Row{TextId::PlanRedone, "Plan change done again"},
+    Row{TextId::PlanReversed, "Flight plan reversed"},
+    Row{TextId::PlanActivated, "Flight plan activated"},
+    Row{TextId::PlanMissing, "There is no flight plan"},
+    Row{TextId::NavigationCleared, "Navigation cleared"},
+    Row{TextId::NoAlarm, "No alarm to acknowledge"},
     Row{TextId::ApproachShort, "APPR"},
     Row{TextId::GlideHigh, "HIGH"},
     Row{TextId::GlideLow, "LOW"},

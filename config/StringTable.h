@@ -308,6 +308,13 @@ enum class TextId : int {
     NoPlanToSave = 61923,
 
     // The approach to a runway.
+    PlanUndone = 61930,
+    PlanRedone = 61931,
+    PlanReversed = 61932,
+    PlanActivated = 61933,
+    PlanMissing = 61934,
+    NavigationCleared = 61935,
+    NoAlarm = 61936,
     ApproachShort = 61940,
     GlideHigh = 61941,
     GlideLow = 61942,

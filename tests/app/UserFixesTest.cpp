@@ -109,6 +109,12 @@ TEST_F(UserFixesTest, APlanThatWasNotSavedOutlivesAKill) {
     EXPECT_EQ(ofNextRun(), "AAA BBB ");
     plan.clear();
     EXPECT_EQ(ofNextRun(), "none");
+    EXPECT_FALSE(plan.reverse() || plan.activate()) << "without a plan";
+    plan.clear();  // of nothing: no change to take back
+    EXPECT_TRUE(plan.undo());
+    EXPECT_EQ(ofNextRun(), "AAA BBB ");
+    EXPECT_TRUE(plan.redo());
+    EXPECT_FALSE(plan.redo());
 }
 
 }}  // namespace korvel
