@@ -191,9 +191,10 @@ QString CMainFrame::keyList() const {
         list += menu->text().remove(QLatin1Char('&')).toUpper() + QLatin1Char('\n');
         for (const QAction* action : menu->menu()->actions()) {
             const QString keys = QKeySequence::listToString(action->shortcuts());
+            const QString name =
+                action->text().remove(QLatin1Char('&')).remove(QLatin1String("..."));
             if (!keys.isEmpty())
-                list +=
-                    QStringLiteral("%1:   %2\n").arg(action->text().remove(QLatin1Char('&')), keys);
+                list += QStringLiteral("%1:   %2\n").arg(name, keys);
         }
         list += QLatin1Char('\n');
     }

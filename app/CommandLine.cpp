@@ -123,6 +123,8 @@ std::string parseCommandLine(std::span<const std::string_view> arguments, Comman
         std::string error;
         if (argument == "--help" || argument == "-h")
             result.help = true;
+        else if (argument == "--version")
+            result.version = true;
         else if (argument == "--demo")
             result.demo = true;
         else if (argument == "--sim")
@@ -143,6 +145,7 @@ std::string parseCommandLine(std::span<const std::string_view> arguments, Comman
 
 std::string_view commandLineHelp() {
     return "korvel [PLAN.fp] [options]\n"
+           "  --version             say which version this is\n"
            "  --profile-folder DIR  keep korvel.ini in DIR\n"
            "  --replay FILE         fly a receiver's log instead of a receiver\n"
            "  --demo                fly the demonstration flight\n"

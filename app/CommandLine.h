@@ -10,6 +10,7 @@ namespace korvel {
 /// What the program was asked for when it was started.
 struct CommandLine {
     bool help = false;
+    bool version = false;       ///< say which one this is and end
     std::string planFile;       ///< a flight plan to open; empty for none
     std::string profileFolder;  ///< where korvel.ini lives; empty for the usual place
 

@@ -12,6 +12,7 @@
 #include "app/CKorvelApp.h"
 #include "app/CommandLine.h"
 #include "app/TouchStyle.h"
+#include "config/StringTable.h"
 
 namespace {
 
@@ -54,6 +55,10 @@ int main(int argc, char** argv) {
         std::cout << korvel::commandLineHelp();
         return 0;
     }
+    if (line.version) {
+        std::cout << korvel::text(korvel::TextId::ProgramName) << ' ' << KORVEL_VERSION << '\n';
+        return 0;
+    }
     qInstallMessageHandler(dropToolkitChatter);
     if (!line.profileFolder.empty() && !isFolder(line.profileFolder))
         return complain(line.profileFolder + ": is no folder and cannot be made one");
@@ -68,6 +73,7 @@ int main(int argc, char** argv) {
     const QApplication toolkit(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Tarnwick"));
     QApplication::setApplicationName(QStringLiteral("Korvel Pro"));
+    QApplication::setApplicationVersion(QStringLiteral(KORVEL_VERSION));
     QApplication::setStyle(std::make_unique<korvel::TouchStyle>().release());
     korvel::CKorvelApp program(line);
     if (const std::string error = program.start(); !error.empty())
