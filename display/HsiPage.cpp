@@ -9,6 +9,7 @@
 #include "config/StringTable.h"
 #include "display/ApproachBox.h"
 #include "display/AreaCanvas.h"
+#include "display/Clip.h"
 #include "display/GeoText.h"
 #include "display/HsiPainter.h"
 #include "display/MapColorCache.h"
@@ -25,6 +26,7 @@ namespace {
 constexpr double kMostScale = 3;
 constexpr double kMostScaleOverMap = 1.4;  // the map stays what the page is for
 constexpr double kLabelShare = 1.35;       // of the map's type size
+constexpr double kRoomAroundLabels = 3;    // that names on the map leave
 
 int toWhole(double degrees) {
     const int whole = RoundToInt(PositiveMod(degrees, 360));
@@ -254,6 +256,8 @@ std::vector<Rect> hsiLabelsOverMap(const Canvas& canvas, const CockpitData& data
                                    const MapViewport& viewport) {
     const ScaledHsi hsi = overMap(canvas, data, viewport);
     std::vector<Rect> boxes = hsi.labels(canvas, hsiState(data), noteFor(data));
+    std::ranges::transform(boxes, boxes.begin(),
+                           [](const Rect& box) { return grown(box, kRoomAroundLabels); });
     const double textPx = mapTextPx(canvas.width(), canvas.height());
     for (const Flag& flag : flags(hsi, data))
         boxes.push_back(warningFlagBox(canvas, flag.center, flag.word, textPx));
