@@ -7,7 +7,9 @@
 #include "app/Sheet.h"
 #include "config/StringTable.h"
 #include "display/GeoText.h"
+#include "nav/RouteWords.h"
 #include "nav/Units.h"
+#include "navdb/RecordKey.h"
 
 namespace korvel {
 namespace {
@@ -46,7 +48,7 @@ PlaceSearchBox::PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoi
     edit_.installEventFilter(this);
     setFocusProxy(&edit_);
     connect(&edit_, &QLineEdit::textEdited, this, [this] {
-        where_.reset();
+        given_.reset();
         showMatches();
         if (onChange)
             onChange();
@@ -62,7 +64,7 @@ PlaceSearchBox::PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoi
 }
 
 void PlaceSearchBox::showMatches() {
-    const std::string typed = edit_.text().trimmed().toUpper().toStdString();
+    const std::string typed = typedIdents(edit_.text().trimmed().toStdString());
     matches_ = typed.empty() ? std::vector<PlaceMatch>()
                              : placeMatches(database_, typed, near_, kMostMatches);
     if (!typed.empty() && !prefix_.empty())
@@ -83,13 +85,17 @@ PlaceChoice PlaceSearchBox::choice() const {
         const PlaceMatch& match = matches_.at(static_cast<std::size_t>(row));
         return {.identifier = match.key, .where = match.position};
     }
-    return {.identifier = edit_.text().trimmed().toUpper().toStdString(),
-            .where = where_ ? where_ : near_};
+    if (given_)
+        return *given_;
+    return {.identifier = typedIdents(edit_.text().trimmed().toStdString()), .where = near_};
 }
 
 void PlaceSearchBox::setChoice(const PlaceChoice& choice) {
-    edit_.setText(QString::fromStdString(choice.identifier));
-    where_ = choice.where;
+    if (choice.identifier.empty())
+        return;
+    edit_.setText(toQString(identOfKey(choice.identifier)));
+    edit_.selectAll();
+    given_ = choice;
 }
 
 bool PlaceSearchBox::eventFilter(QObject* watched, QEvent* event) {

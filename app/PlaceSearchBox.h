@@ -44,7 +44,7 @@ class PlaceSearchBox final : public QWidget {
     const NavDatabase& database_;
     std::optional<GeoPoint> near_;
     std::string prefix_;
-    std::optional<GeoPoint> where_;  // of what stands in the line and was not typed
+    std::optional<PlaceChoice> given_;  // what stands in the line and was not typed
     std::vector<PlaceMatch> matches_;
     QVBoxLayout column_{this};
     QLineEdit edit_;

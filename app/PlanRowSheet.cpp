@@ -87,7 +87,7 @@ void PlanRowSheet::insertBefore() {
     Navigator& navigator = document_.navigator();
     PlanDesk& plan = navigator.plan();
     PlanEditResult result =
-        insertWords(plan.entries(), row_, words_.text().toUpper().toStdString(),
+        insertWords(plan.entries(), row_, typedIdents(words_.text().toStdString()),
                     navigator.database(), plan.fixes(), document_.cockpitData().position);
     if (!result.error.empty())
         return message_.setText(toQString(result.error));

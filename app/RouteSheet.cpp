@@ -7,6 +7,7 @@
 #include "config/StringTable.h"
 #include "nav/Geodesy.h"
 #include "nav/RouteCheck.h"
+#include "nav/RouteWords.h"
 #include "nav/Units.h"
 
 namespace korvel {
@@ -26,13 +27,6 @@ QString marked(const CheckedWord& word) {
     }
 }
 
-std::string lineOf(const std::vector<PlanWaypoint>& entries) {
-    std::string line;
-    for (const PlanWaypoint& entry : entries)
-        line.append(line.empty() ? "" : " ").append(entry.text);
-    return line;
-}
-
 }  // namespace
 
 RouteSheet::RouteSheet(QWidget* parent, CKorvelDoc& document)
@@ -48,7 +42,9 @@ RouteSheet::RouteSheet(QWidget* parent, CKorvelDoc& document)
     addNote(message_);
     setPreferredWidth(14 * kRowPixels);
     connect(&line_, &QLineEdit::textEdited, this, [this] { check(); });
-    line_.setText(QString::fromStdString(lineOf(document.navigator().plan().entries())));
+    Navigator& navigator = document.navigator();
+    line_.setText(toQString(routeLine(navigator.plan().entries(), navigator.database(),
+                                      document.cockpitData().position)));
     line_.selectAll();
     line_.setFocus();
     check();
@@ -56,8 +52,9 @@ RouteSheet::RouteSheet(QWidget* parent, CKorvelDoc& document)
 
 void RouteSheet::check() {
     Navigator& navigator = document_.navigator();
-    const RouteCheck route = checkRoute(line_.text().toUpper().toStdString(), navigator.database(),
-                                        navigator.plan().fixes(), document_.cockpitData().position);
+    const RouteCheck route =
+        checkRoute(typedIdents(line_.text().toStdString()), navigator.database(),
+                   navigator.plan().fixes(), document_.cockpitData().position);
     QStringList words;
     for (const CheckedWord& word : route.words)
         words.append(marked(word));
@@ -72,7 +69,7 @@ void RouteSheet::check() {
 
 void RouteSheet::accept() {
     const std::string error =
-        document_.navigator().plan().enterRoute(line_.text().toUpper().toStdString());
+        document_.navigator().plan().enterRoute(typedIdents(line_.text().toStdString()));
     if (error.empty())
         return QDialog::accept();
     message_.setText(toQString(error));

@@ -5,7 +5,12 @@
 #include <utility>
 
 #include "config/StringTable.h"
+#include "nav/GeneratedFixes.h"
+#include "nav/Geodesy.h"
+#include "nav/PlaceLookup.h"
 #include "nav/RouteEntry.h"
+#include "nav/RouteWords.h"
+#include "navdb/RecordKey.h"
 
 namespace korvel {
 namespace {
@@ -59,6 +64,22 @@ PlanEntries withRecord(PlanEntries entries, std::size_t row,
     entry.record = std::move(record);
     entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(row), std::move(entry));
     return withoutRepeats(std::move(entries));
+}
+
+std::string routeLine(const PlanEntries& entries, NavDatabase& database,
+                      std::optional<GeoPoint> present) {
+    const GeneratedFixes none;
+    PlaceLookup lookup(database, none, present);
+    std::string line;
+    for (const PlanWaypoint& entry : entries) {
+        const std::string ident(identOfKey(entry.key));
+        const auto found = lookup.peek(ident);
+        const bool isPlain = found && found->key == entry.record->key &&
+                             SamePoint(found->position, entry.position());
+        line += (isPlain ? ident : entry.key) + altitudeSuffix(entry.altitudeFt) + ' ';
+        lookup.moveTo(entry.position());
+    }
+    return line;
 }
 
 PlanEntries withoutRow(PlanEntries entries, std::size_t row) {

@@ -38,6 +38,11 @@ PlanEditResult insertWords(const PlanEntries& entries, std::size_t row, std::str
 PlanEntries withRecord(PlanEntries entries, std::size_t row,
                        std::shared_ptr<const DatabaseRecord> record);
 
+/// The line that enters these very entries again: identifiers, or keys where an identifier alone
+/// would find a place of another kind. It ends with a space, to go on typing.
+std::string routeLine(const PlanEntries& entries, NavDatabase& database,
+                      std::optional<GeoPoint> present);
+
 PlanEntries withoutRow(PlanEntries entries, std::size_t row);
 /// Changes places with the row before it or behind it.
 PlanEntries withRowMoved(PlanEntries entries, std::size_t row, bool up);

@@ -28,6 +28,22 @@ std::vector<std::string> SplitWords(std::string_view text) {
     return words;
 }
 
+std::string typedIdents(std::string_view text) {
+    std::string idents(text);
+    bool begins = true;
+    for (std::size_t i = 0; i < idents.size(); ++i) {
+        char& letter = idents[i];
+        const bool isKind = begins && i + 1 < idents.size() && idents[i + 1] == '.';
+        begins = letter == ' ' || letter == '@';
+        if (isKind && letter >= 'A' && letter <= 'Z') {
+            letter = static_cast<char>(letter - 'A' + 'a');
+        } else if (!isKind && letter >= 'a' && letter <= 'z') {
+            letter = static_cast<char>(letter - 'a' + 'A');
+        }
+    }
+    return idents;
+}
+
 std::optional<std::int32_t> scanPlannedAltitude(std::string_view& text) {
     const auto hundreds = scanDouble(text);
     const double feet = hundreds.value_or(0.0) * 100.0;

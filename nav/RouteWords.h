@@ -28,6 +28,9 @@ std::string_view stripped(std::string_view text);
 /// truncated. Nothing without a number or out of range.
 std::optional<std::int32_t> scanPlannedAltitude(std::string_view& text);
 
+/// What a pilot typed, in capitals, but for the letter of a RecordKey.
+std::string typedIdents(std::string_view text);
+
 /// What a pilot typed as an altitude in hundreds of feet: all of the text must be it. Feet;
 /// kNoAltitudeFt for an empty text, nothing for what is no altitude.
 std::optional<std::int32_t> typedAltitude(std::string_view text);

@@ -5,6 +5,7 @@
 #include "nav/PlanEdit.h"
 #include "nav/RouteCheck.h"
 #include "nav/RouteEntry.h"
+#include "nav/RouteWords.h"
 #include "navdb/TestDatabase.h"
 
 namespace korvel { namespace {
@@ -56,6 +57,21 @@ TEST_F(PlanEditTest, Rows) {
     EXPECT_EQ(textsOf(withAltitude(route("A1 B1"), 1, 4550).entries), "A1 B1@45.5");
     EXPECT_EQ(textsOf(withAltitude(route("A1@9"), 0, kNoAltitudeFt).entries), "A1");
     EXPECT_EQ(withAltitude(route("A1"), 0, 100001).error, text(TextId::InvalidAltitude));
+}
+
+TEST_F(PlanEditTest, TheLineOfAPlanEntersItAgain) {
+    place("v.A1", 0, 0.1);  // nearer to where the flight begins than the fix
+    place("a.LONE", 10, 9.9);
+    PlanEntries plan = route("f.A1@9 B1 C1");
+    plan = withRecord(plan, 3, places_.find("f.LONE")->Clone());
+    const std::string line = routeLine(plan, database_, degrees(0, 0.1));
+    EXPECT_EQ(line, "f.A1@9 B1 C1 f.LONE ") << "a key where the identifier alone finds another place";
+    const PlanEntries again =
+        RouteEntry(database_, fixes_, degrees(0, 0.1)).EnterRoute(typedIdents(line), true).entries;
+    ASSERT_EQ(again.size(), 4U);
+    for (std::size_t i = 0; i < 4; ++i) { EXPECT_EQ(again[i].record->key, plan[i].record->key) << i; }
+
+    EXPECT_EQ(typedIdents(" kbfi f.lone@4.5 @v1 @V.A v A.B.C"), " KBFI f.LONE@4.5 @V1 @v.A V a.B.C");
 }
 
 TEST_F(PlanEditTest, HistoryIsBounded) {
