@@ -103,18 +103,6 @@ void clipPolyline(std::span<const Point> points, const Rect& view,
     finish();
 }
 
-void appendOutside(const Segment& segment, const Rect& hole, std::vector<Segment>& parts) {
-    const std::optional<Segment> inside = clipSegment(segment, hole);
-    if (!inside) {
-        parts.push_back(segment);
-        return;
-    }
-    if (inside->from != segment.from)
-        parts.push_back({segment.from, inside->from});
-    if (inside->to != segment.to)
-        parts.push_back({inside->to, segment.to});
-}
-
 std::vector<Point> clipPolygon(std::span<const Point> points, const Rect& view) {
     if (!std::all_of(points.begin(), points.end(), isFinite))
         return {};

@@ -21,9 +21,6 @@ std::optional<Segment> clipSegment(const Segment& segment, const Rect& view);
 void clipPolyline(std::span<const Point> points, const Rect& view,
                   const std::function<void(std::span<const Point>)>& piece);
 
-/// Adds what is left of the segment outside `hole`: up to two parts.
-void appendOutside(const Segment& segment, const Rect& hole, std::vector<Segment>& parts);
-
 /// The closed polygon inside the view (Sutherland-Hodgman); empty when nothing is left. Parts of a
 /// concave polygon stay joined along the view's edges, so fill the result but outline it through
 /// clipPolyline(), or clip to a view larger than the canvas.

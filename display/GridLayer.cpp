@@ -1,6 +1,5 @@
 #include "display/GridLayer.h"
 
-#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string>
@@ -21,51 +20,60 @@ constexpr double kEdgeMargin = 4;
 constexpr double kLabelMargin = 2;  // between a label and the line that it interrupts
 
 // Where a line's label may stand: on the line, as close to the edge as the whole label stays
-// inside; first at the left or upper end.
+// inside, or a little further in; first at the left or upper end.
 std::vector<Point> labelPlaces(const Segment& line, const Rect& view, const TextExtent& text) {
     const Rect room{view.x + text.width / 2 + kEdgeMargin,
                     view.y + text.capHeight / 2 + kEdgeMargin,
                     view.width - text.width - 2 * kEdgeMargin,
                     view.height - text.capHeight - text.descent - 2 * kEdgeMargin};
-    const std::optional<Segment> inside = clipSegment(line, room);
+    std::optional<Segment> inside = clipSegment(line, room);
     if (!inside)
         return {};
     const bool flat = std::abs(line.to.x - line.from.x) > std::abs(line.to.y - line.from.y);
-    const bool fromFirst = flat ? inside->from.x < inside->to.x : inside->from.y < inside->to.y;
-    return fromFirst ? std::vector{inside->from, inside->to}
-                     : std::vector{inside->to, inside->from};
+    if (flat ? inside->from.x > inside->to.x : inside->from.y > inside->to.y)
+        std::swap(inside->from, inside->to);
+    std::vector<Point> places;
+    for (const double share : {0.0, 1.0, 0.08, 0.92, 0.16, 0.84})
+        places.push_back({inside->from.x + (inside->to.x - inside->from.x) * share,
+                          inside->from.y + (inside->to.y - inside->from.y) * share});
+    return places;
+}
+
+TextStyle labelStyle(const MapFrame& frame) {
+    const ColorValue background = frame.colors[ColorKey::MapBackground];
+    return {.font = {.height = frame.textPx},
+            .color = blended(frame.colors[ColorKey::MapGrid], background, kLabelFaded),
+            .alignX = AlignX::Center,
+            .alignY = AlignY::Middle,
+            .halo = background};
 }
 
 }  // namespace
 
 void paintGrid(const MapFrame& frame, Canvas& canvas) {
-    const ColorValue background = frame.colors[ColorKey::MapBackground];
-    const ColorValue grid = frame.colors[ColorKey::MapGrid];
-    const TextStyle style{.font = {.height = frame.textPx},
-                          .color = blended(grid, background, kLabelFaded),
-                          .alignX = AlignX::Center,
-                          .alignY = AlignY::Middle,
-                          .halo = background};
     std::vector<Segment> segments;
-    std::vector<std::pair<Point, std::string>> labels;
+    for (const GridLine& line : gridLines(frame.projection, frame.view))
+        segments.push_back(line.segment);
+    canvas.lines(segments, {.color = blended(frame.colors[ColorKey::MapGrid],
+                                             frame.colors[ColorKey::MapBackground], kFaded),
+                            .width = 1});
+}
+
+void paintGridLabels(const MapFrame& frame, Canvas& canvas) {
+    const TextStyle style = labelStyle(frame);
     for (const GridLine& line : gridLines(frame.projection, frame.view)) {
         const TextExtent extent = canvas.measure(line.label, style.font);
         const std::vector<Point> places = labelPlaces(line.segment, frame.view, extent);
-        const auto boxAt = [&](Point place) {
-            return grown(textBox(place, extent, style), kLabelMargin);
-        };
-        const auto place = std::find_if(places.begin(), places.end(),
-                                        [&](Point p) { return frame.labels.claim(boxAt(p)); });
-        if (place == places.end()) {
-            segments.push_back(line.segment);
+        std::vector<Rect> boxes;
+        for (const Point place : places)
+            boxes.push_back(grown(textBox(place, extent, style), kLabelMargin));
+        const auto found = claimFirst(frame.labels, boxes, frame.planLines);
+        if (!found)
             continue;
-        }
-        appendOutside(line.segment, boxAt(*place), segments);
-        labels.emplace_back(*place, line.label);
+        // The line stops on both sides of it.
+        canvas.rect(boxes[*found], Brush{frame.colors[ColorKey::MapBackground]}, std::nullopt);
+        canvas.text(places[*found], line.label, style);
     }
-    canvas.lines(segments, {.color = blended(grid, background, kFaded), .width = 1});
-    for (const auto& [place, label] : labels)
-        canvas.text(place, label, style);
 }
 
 }  // namespace korvel

@@ -40,6 +40,7 @@ constexpr std::array kLayers{
     MapLayer{"compass roses", kNearest, kRosesToNm, paintCompassRoses},
     MapLayer{"runways", kNearest, kRunwaysToNm, paintRunways},
     MapLayer{"places", kNearest, kFarthest, paintPlaces},
+    MapLayer{"grid labels", kNearest, kFarthest, paintGridLabels},
     MapLayer{"ring distances", kNearest, kFarthest, paintRingLabels},
     MapLayer{"track", kNearest, kFarthest, paintTrack},
     MapLayer{"plan", kNearest, kFarthest, paintPlan},

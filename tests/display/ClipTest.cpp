@@ -102,20 +102,4 @@ TEST(Clip, PolygonsKeepTheirAreaInsideTheView) {
     }
 }
 
-TEST(Clip, AHoleLeavesTheEndsOfALine) {
-    const auto outside = [](const Segment& segment) {
-        std::vector<Segment> parts;
-        appendOutside(segment, kView, parts);
-        double length = 0;
-        for (const Segment& part : parts) length += std::hypot(part.to.x - part.from.x, part.to.y - part.from.y);
-        return std::pair(parts.size(), length);
-    };
-    const std::tuple<Segment, std::size_t, double> cases[] = {{{{0, 40}, {200, 40}}, 2, 100},
-        {{{50, 40}, {200, 40}}, 1, 90}, {{{50, 40}, {60, 40}}, 0, 0}, {{{0, 0}, {200, 0}}, 1, 200}};
-    for (const auto& [segment, parts, length] : cases) {
-        EXPECT_EQ(outside(segment).first, parts) << length;
-        EXPECT_NEAR(outside(segment).second, length, 1e-9);
-    }
-}
-
 }}  // namespace korvel

@@ -9,6 +9,7 @@
 #include "TempFolder.h"
 #include "config/Settings.h"
 #include "display/AirportPicture.h"
+#include "display/Clip.h"
 #include "display/ColorScheme.h"
 #include "display/LabelSpace.h"
 #include "display/MapColorCache.h"
@@ -17,6 +18,7 @@
 #include "display/NearestPage.h"
 #include "display/PagePainter.h"
 #include "display/PlaceHit.h"
+#include "display/PlaceLayout.h"
 #include "display/RecordingCanvas.h"
 #include "nav/Variation.h"
 #include "navdb/AirportRecord.h"
@@ -229,6 +231,27 @@ TEST(PlaceLayer, NamesKeepApartAndRunwaysCarryTheirNumbers) {
     EXPECT_LT(names.size(), 30U);
     for (std::size_t i = 0; i < names.size(); ++i)
         for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(overlap(names[i], names[j])) << i << " and " << j;
+}
+
+TEST(PlaceLayer, TheGridIsNamedWherePlacesLeaveRoom) {
+    const NearMap map;
+    const CockpitData data = flying();
+    PlaceSet set;
+    const auto whereIsTheGridNamed = [&] {
+        RecordingCanvas canvas(800, 400);
+        map.paint(canvas, data, set);
+        const auto label = std::ranges::find_if(canvas.elements(), [](const RecordingCanvas::Element& element) {
+            return element.text.starts_with("N") && element.text.ends_with("'");
+        });
+        return label != canvas.elements().end() ? label->area : Rect{};
+    };
+    const Rect before = whereIsTheGridNamed();
+    ASSERT_GT(before.width, 0);
+    const MapProjection projection = map.viewport.projection(*data.position, 0);
+    set.places = {placeAt("FIELD", before.center(), 9000, projection)};
+    const Rect after = whereIsTheGridNamed();
+    ASSERT_GT(after.width, 0) << "there is more room along the line";
+    EXPECT_FALSE(grown(after, symbolRadius(set.places[0].placeClass, 14)).contains(before.center()));
 }
 
 TEST(PlaceLayer, NamesKeepOffTheLegOrLieOverIt) {
