@@ -95,7 +95,11 @@ void CKorvelDoc::applySettings(const Settings& changed) {
     if (otherPort) {
         portFromScan_ = false;
         profile_.setInt(kOptionsSection, kPortScanned, 0, true);
-        monitor_.choosePort(portChoice(settings_.port));
+    }
+    PortChoice choice = portChoice(otherPort ? settings_.port : monitor_.choice().gps);
+    if (!(choice == monitor_.choice())) {
+        gyroPort_.close();  // the next tick opens what is wanted now
+        monitor_.choosePort(std::move(choice));
     }
     data_ = collectData();
     ++revision_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include <QGestureEvent>
 #include <QKeyEvent>
@@ -19,6 +20,7 @@
 #include "display/ApproachBox.h"
 #include "display/MapLook.h"
 #include "display/MeasureLayer.h"
+#include "display/NearAirports.h"
 #include "display/PlaceHit.h"
 
 namespace korvel {
@@ -190,7 +192,13 @@ void CKorvelView::takeNews() {
     if (document_.revision() == shownRevision_)
         return;
     shownRevision_ = document_.revision();
-    data_ = document_.cockpitData();
+    const CockpitData before = std::exchange(data_, document_.cockpitData());
+    if (nearestView_.selected && before.nearAirports && data_.nearAirports)
+        nearestView_.selected =
+            rowOfSame(*before.nearAirports, *nearestView_.selected, *data_.nearAirports);
+    // Whoever starts the simulator wants to see it.
+    if (data_.simulated && !before.simulated)
+        panned_.reset();
     angle_.update(data_);
     if (data_.alarms != laidOutAlarms_)
         layOut();

@@ -124,14 +124,22 @@ void CMainFrame::addViewCommands(QMenu& menu) {
                [this] { view_.zoomOut(); });
     addCommand(menu, TextId::CommandBackToAircraft, {Qt::Key_Space},
                [this] { view_.backToAircraft(); });
-    addCommand(menu, TextId::CommandRotateNavaids, {Qt::Key_V}, [this] { rotateNavaids(); });
-    addCommand(menu, TextId::CommandMeasure, {QKeySequence(Qt::SHIFT | Qt::Key_M)},
-               [this] { view_.setMeasuring(!view_.isMeasuring()); });
+    greyUnless(
+        menu,
+        addCommand(menu, TextId::CommandRotateNavaids, {Qt::Key_V}, [this] { rotateNavaids(); }),
+        [this] { return parts_.document.settings().rotateNavaids; });
+    markWhile(menu,
+              addCommand(menu, TextId::CommandMeasure, {QKeySequence(Qt::SHIFT | Qt::Key_M)},
+                         [this] { view_.setMeasuring(!view_.isMeasuring()); }),
+              [this] { return view_.isMeasuring(); });
     menu.addSeparator();
     addCommand(menu, TextId::CommandNextPage, {Qt::Key_N}, [this] { view_.goToNextPage(); });
     addPages(menu);
     menu.addSeparator();
-    addCommand(menu, TextId::CommandFullScreen, {Qt::Key_F11}, [this] { toggleFullScreen(); });
+    markWhile(
+        menu,
+        addCommand(menu, TextId::CommandFullScreen, {Qt::Key_F11}, [this] { toggleFullScreen(); }),
+        [this] { return isFullScreen(); });
 }
 
 /// By the keys 1 to 9, in the order of the pages.

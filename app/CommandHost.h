@@ -19,6 +19,21 @@ class CKorvelDoc;
 class CKorvelView;
 class ProfileFile;
 
+/// Shows the command of the menu in grey while it can do nothing. Its key works all the same and
+/// says why not.
+inline void greyUnless(const QMenu& menu, QAction& action, const std::function<bool()>& possible) {
+    QObject::connect(&menu, &QMenu::aboutToShow, &action,
+                     [&action, possible] { action.setEnabled(possible()); });
+    QObject::connect(&menu, &QMenu::aboutToHide, &action, [&action] { action.setEnabled(true); });
+}
+
+/// Gives the command of the menu a check mark.
+inline void markWhile(const QMenu& menu, QAction& action, const std::function<bool()>& on) {
+    action.setCheckable(true);
+    QObject::connect(&menu, &QMenu::aboutToShow, &action,
+                     [&action, on] { action.setChecked(on()); });
+}
+
 /// The window as the groups of its commands see it. Every command is an action with a text of the
 /// string table, its keys, and a handler.
 class CommandHost {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QDateTime>
+#include <QDir>
 #include <QMessageBox>
 
 #include "app/CKorvelDoc.h"
@@ -32,22 +33,29 @@ Navigator& FileCommands::navigator() { return host_.document().navigator(); }
 
 void FileCommands::addTo(QMenu& menu) {
     const auto nothing = [] {};
+    const auto hasPlan = [this] { return this->hasPlan(); };
     host_.addCommand(menu, TextId::CommandNewPlan, {QKeySequence(Qt::CTRL | Qt::Key_N)},
                      [this] { withPlanSafe([this] { newPlan(); }); });
     host_.addCommand(menu, TextId::CommandOpenPlan, {QKeySequence(Qt::CTRL | Qt::Key_O)},
                      [this] { choosePlan(); });
     recentMenu_ = menu.addMenu(korvel::toQString(TextId::MenuRecent));
     QObject::connect(recentMenu_, &QMenu::aboutToShow, recentMenu_, [this] { showRecent(); });
-    host_.addCommand(menu, TextId::CommandSavePlan, {QKeySequence(Qt::CTRL | Qt::Key_S)},
-                     [this, nothing] { savePlan(nothing); });
-    host_.addCommand(menu, TextId::CommandSavePlanAs,
-                     {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
-                     [this, nothing] { savePlanAs(nothing); });
+    greyUnless(menu,
+               host_.addCommand(menu, TextId::CommandSavePlan, {QKeySequence(Qt::CTRL | Qt::Key_S)},
+                                [this, nothing] { savePlan(nothing); }),
+               hasPlan);
+    greyUnless(menu,
+               host_.addCommand(menu, TextId::CommandSavePlanAs,
+                                {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
+                                [this, nothing] { savePlanAs(nothing); }),
+               hasPlan);
     menu.addSeparator();
     host_.addCommand(menu, TextId::CommandOpenTrack,
                      {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O)}, [this] { chooseTrack(); });
-    host_.addCommand(menu, TextId::CommandSaveTrack, {QKeySequence(Qt::CTRL | Qt::Key_T)},
-                     [this] { saveTrackAs(); });
+    greyUnless(menu,
+               host_.addCommand(menu, TextId::CommandSaveTrack,
+                                {QKeySequence(Qt::CTRL | Qt::Key_T)}, [this] { saveTrackAs(); }),
+               [this] { return navigator().track().track() != nullptr; });
     menu.addSeparator();
 }
 
@@ -63,7 +71,13 @@ void FileCommands::showRecent() {
 
 // Plans
 
-void FileCommands::newPlan() { navigator().plan().clear(); }
+void FileCommands::newPlan() {
+    const bool had = hasPlan();
+    navigator().plan().clear();
+    host_.view().say(std::string(text(had ? TextId::PlanClosed : TextId::PlanMissing)));
+}
+
+bool FileCommands::hasPlan() { return !navigator().plan().entries().empty(); }
 
 void FileCommands::choosePlan() {
     choose({TextId::OpenPlanTitle, TextId::PlanFilter},
@@ -75,7 +89,8 @@ void FileCommands::openFile(const std::filesystem::path& path) {
         return openTrack(path);
     withPlanSafe([this, path] {
         if (const std::string error = openPlan(path); !error.empty())
-            host_.showError(error);
+            return host_.showError(error);
+        host_.view().say(formatText(TextId::PlanOpened, {path.filename().string()}));
     });
 }
 
@@ -139,7 +154,8 @@ void FileCommands::chooseTrack() {
 
 void FileCommands::openTrack(const std::filesystem::path& path) {
     if (const std::string error = navigator().track().openTrack(path); !error.empty())
-        host_.showError(error);
+        return host_.showError(error);
+    host_.view().say(formatText(TextId::TrackOpened, {path.filename().string()}));
 }
 
 void FileCommands::saveTrackAs() {
@@ -150,15 +166,24 @@ void FileCommands::saveTrackAs() {
     choose({TextId::SaveTrackTitle, TextId::TrackFilter, QStringLiteral("trk"), name},
            [this](const std::filesystem::path& path) {
                if (const std::string error = navigator().track().saveTrack(path); !error.empty())
-                   host_.showError(error);
+                   return host_.showError(error);
+               host_.view().say(formatText(TextId::PlanSaved, {path.filename().string()}));
            });
+}
+
+/// Beside the plan that is open, else where the pilot's documents are.
+QString FileCommands::startFolder(const FileQuestion& question) {
+    const std::filesystem::path& plan = navigator().plan().file();
+    if (question.title == TextId::SavePlanTitle && !plan.empty())
+        return toQString(std::filesystem::absolute(plan).parent_path());
+    const std::filesystem::path documents = documentsFolder();
+    return documents.empty() ? QDir::homePath() : toQString(documents);
 }
 
 void FileCommands::choose(const FileQuestion& question,
                           const std::function<void(const std::filesystem::path&)>& chosen) {
-    auto* dialog =
-        new QFileDialog(&host_.window(), korvel::toQString(question.title),
-                        toQString(documentsFolder()), korvel::toQString(question.filter));
+    auto* dialog = new QFileDialog(&host_.window(), korvel::toQString(question.title),
+                                   startFolder(question), korvel::toQString(question.filter));
     const bool saves = !question.suffix.isEmpty();
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);

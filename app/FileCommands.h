@@ -36,6 +36,7 @@ class FileCommands {
 
  private:
     void newPlan();
+    bool hasPlan();
     void savePlan(const std::function<void()>& next);
     void savePlanAs(const std::function<void()>& next);
     void savePlanTo(const std::filesystem::path& path, const std::function<void()>& next);
@@ -48,6 +49,7 @@ class FileCommands {
         QString suffix{};    ///< of files to save; empty: one is opened
         QString proposal{};  ///< a bare name, so that nobody needs to type
     };
+    QString startFolder(const FileQuestion& question);
     /// A dialog that goes with the window and calls `chosen` with one file.
     void choose(const FileQuestion& question,
                 const std::function<void(const std::filesystem::path&)>& chosen);

@@ -27,10 +27,13 @@ void NavigateCommands::addTo(QMenu& menu) {
     suspended_ =
         &host_.addCommand(menu, TextId::CommandSuspend, {QKeySequence(Qt::CTRL | Qt::Key_U)},
                           [this] { suspend(suspended_->isChecked()); });
-    host_.addCommand(menu, TextId::CommandAcknowledge, {Qt::Key_Backspace}, [this] {
-        if (!host_.view().acknowledgeAlarm())
-            host_.view().say(std::string(text(TextId::NoAlarm)));
-    });
+    greyUnless(menu,
+               host_.addCommand(menu, TextId::CommandAcknowledge, {Qt::Key_Backspace},
+                                [this] {
+                                    if (!host_.view().acknowledgeAlarm())
+                                        host_.view().say(std::string(text(TextId::NoAlarm)));
+                                }),
+               [this] { return !host_.document().cockpitData().alarms.empty(); });
     for (QAction* action : {tracking_.data(), suspended_.data()})
         action->setCheckable(true);
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { updateChecks(); });
@@ -41,16 +44,31 @@ void NavigateCommands::addPlanCommands(QMenu& menu) {
     host_.addCommand(menu, TextId::CommandShowPlan, {Qt::Key_F}, [this] { showPlan(); });
     host_.addCommand(menu, TextId::CommandRoute, {QKeySequence(Qt::SHIFT | Qt::Key_F)},
                      [this] { editRoute(); });
-    host_.addCommand(menu, TextId::CommandActivate, {QKeySequence(Qt::CTRL | Qt::Key_A)},
-                     [this] { sayWhether(navigator().plan().activate(), TextId::PlanActivated); });
-    host_.addCommand(menu, TextId::CommandReverse, {QKeySequence(Qt::CTRL | Qt::Key_R)},
-                     [this] { sayWhether(navigator().plan().reverse(), TextId::PlanReversed); });
-    host_.addCommand(menu, TextId::CommandUndo, {QKeySequence(Qt::CTRL | Qt::Key_Z)}, [this] {
-        sayWhether(navigator().plan().undo(), TextId::PlanUndone, TextId::NothingToUndo);
-    });
-    host_.addCommand(menu, TextId::CommandRedo, {QKeySequence(Qt::CTRL | Qt::Key_Y)}, [this] {
-        sayWhether(navigator().plan().redo(), TextId::PlanRedone, TextId::NothingToUndo);
-    });
+    const auto hasPlan = [this] { return !navigator().plan().entries().empty(); };
+    greyUnless(menu,
+               host_.addCommand(
+                   menu, TextId::CommandActivate, {QKeySequence(Qt::CTRL | Qt::Key_A)},
+                   [this] { sayWhether(navigator().plan().activate(), TextId::PlanActivated); }),
+               hasPlan);
+    greyUnless(menu,
+               host_.addCommand(
+                   menu, TextId::CommandReverse, {QKeySequence(Qt::CTRL | Qt::Key_R)},
+                   [this] { sayWhether(navigator().plan().reverse(), TextId::PlanReversed); }),
+               hasPlan);
+    greyUnless(menu,
+               host_.addCommand(menu, TextId::CommandUndo, {QKeySequence(Qt::CTRL | Qt::Key_Z)},
+                                [this] {
+                                    sayWhether(navigator().plan().undo(), TextId::PlanUndone,
+                                               TextId::NothingToUndo);
+                                }),
+               [this] { return navigator().plan().canUndo(); });
+    greyUnless(menu,
+               host_.addCommand(menu, TextId::CommandRedo, {QKeySequence(Qt::CTRL | Qt::Key_Y)},
+                                [this] {
+                                    sayWhether(navigator().plan().redo(), TextId::PlanRedone,
+                                               TextId::NothingToUndo);
+                                }),
+               [this] { return navigator().plan().canRedo(); });
 }
 
 /// A plan that is not on the screen changes unseen.

@@ -117,6 +117,9 @@ void PlaceCommands::open(std::unique_ptr<DatabaseRecord> record) {
         if (onDirectTo)
             onDirectTo(place);
     };
+    sheet->onAdded = [this](const std::string& name) {
+        host_.view().say(formatText(TextId::AddedToPlan, {std::string_view(name)}));
+    };
     sheet->onShow = [this](GeoPoint place) { host_.view().lookAt(place); };
     host_.openSheet(std::move(sheet));
 }

@@ -62,6 +62,8 @@ PlaceSheet::PlaceSheet(QWidget* parent, CKorvelDoc& document,
         const std::size_t end = entries.size();
         plan.replace(withRecord(std::move(entries), end, record));
         QDialog::accept();
+        if (onAdded)
+            onAdded(std::string(record->ident.view()));
     });
     addButton(show_, TextId::ShowOnMap, [this, record] {
         QDialog::accept();

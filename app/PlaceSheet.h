@@ -30,6 +30,7 @@ class PlaceSheet : public Sheet {
 
     std::function<void(const PlaceChoice& place)> onDirectTo;
     std::function<void(GeoPoint)> onShow;
+    std::function<void(const std::string& name)> onAdded;  ///< to the plan
 
  protected:
     /// The words, and to their right whatever else there is.

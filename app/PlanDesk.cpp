@@ -27,7 +27,8 @@ void PlanDesk::setPresent(std::optional<GeoPoint> present) {
 }
 
 void PlanDesk::comeIntoForce(bool changed) {
-    changed_ = changed;
+    // Nothing is left to save of a plan without waypoints.
+    changed_ = changed && !entries().empty();
     ++revision_;
     keepUnsaved();
     onChange_();

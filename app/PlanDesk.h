@@ -51,6 +51,8 @@ class PlanDesk {
     /// Takes back the last change of the entries, and takes that back; false when there is none.
     bool undo();
     bool redo();
+    [[nodiscard]] bool canUndo() const { return history_.canUndo(); }
+    [[nodiscard]] bool canRedo() const { return history_.canRedo(); }
 
     /// Opens a ".fp" or ".TXT" file. A file that cannot be read as a plan leaves none; one that
     /// cannot be opened changes nothing.

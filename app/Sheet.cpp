@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScroller>
@@ -112,6 +113,15 @@ void Sheet::showEvent(QShowEvent* event) {
     letFingersScroll();
     place();
     QDialog::showEvent(event);
+}
+
+/// Enter presses the button that is marked, and only without one accepts the whole.
+void Sheet::keyPressEvent(QKeyEvent* event) {
+    const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto* marked = qobject_cast<QPushButton*>(focusWidget());
+    if (enters && marked != nullptr && marked->hasFocus())
+        return marked->click();
+    QDialog::keyPressEvent(event);
 }
 
 void Sheet::letFingersScroll() {

@@ -42,6 +42,7 @@ class Sheet : public QDialog {
     QDialogButtonBox& buttons() { return buttons_; }
 
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
  private:
     void addHeader(const QString& title);

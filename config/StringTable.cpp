@@ -367,6 +367,10 @@ constexpr auto kTexts = std::to_array<Row>({
     Row{TextId::ApproachEnded, "Approach ended"},
     Row{TextId::ApproachLeave, "Leave the Approach"},
     Row{TextId::ApproachButton, "Approach"},
+    Row{TextId::PlanOpened, "%s opened"},
+    Row{TextId::PlanClosed, "The flight plan is gone; Undo brings it back"},
+    Row{TextId::TrackOpened, "Track %s is shown"},
+    Row{TextId::AddedToPlan, "%s added to the plan"},
 });
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

@@ -329,6 +329,12 @@ enum class TextId : int {
     ApproachEnded = 61951,
     ApproachLeave = 61952,
     ApproachButton = 61953,
+
+    // What was done.
+    PlanOpened = 61980,  ///< %s: file
+    PlanClosed = 61981,
+    TrackOpened = 61982,  ///< %s: file
+    AddedToPlan = 61983,  ///< %s: waypoint
 };
 
 /// The text of that number.

@@ -108,4 +108,16 @@ void findNearAirports(const NavDatabase& database, GeoPoint position, const Vari
     }
 }
 
+std::optional<std::size_t> rowOfSame(std::span<const NearAirport> former, std::size_t row,
+                                     std::span<const NearAirport> airports) {
+    if (row >= former.size())
+        return std::nullopt;
+    const NearAirport& sought = former[row];
+    const auto found = std::ranges::find_if(airports, [&](const NearAirport& airport) {
+        return airport.key == sought.key && airport.position == sought.position;
+    });
+    return found == airports.end() ? std::nullopt
+                                   : std::optional<std::size_t>(found - airports.begin());
+}
+
 }  // namespace korvel

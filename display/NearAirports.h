@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
+#include <span>
 #include <vector>
 
 #include "display/NearAirport.h"
@@ -24,5 +26,9 @@ struct NearAirportOptions {
 /// when the position has changed by more than a pilot would see, not for each frame.
 void findNearAirports(const NavDatabase& database, GeoPoint position, const Variation& variation,
                       const NearAirportOptions& options, std::vector<NearAirport>& airports);
+
+/// Where the airport in this row of a former list stands now; nothing when it has gone.
+std::optional<std::size_t> rowOfSame(std::span<const NearAirport> former, std::size_t row,
+                                     std::span<const NearAirport> airports);
 
 }  // namespace korvel

@@ -17,6 +17,8 @@ struct PortChoice {
     bool viaGyro = false;  ///< the receiver speaks through the attitude module's port
     std::string gyroPort;  ///< the attitude module's port and speed, for its label
     std::string gyroBaud;
+
+    friend bool operator==(const PortChoice&, const PortChoice&) = default;
 };
 
 /// Finds the receiver, tells the pilot how far the connection has come, and notices when the
@@ -39,6 +41,7 @@ class ConnectionMonitor {
     /// Takes effect with the next open attempt; closes the receiver's port when its setting
     /// changed.
     void choosePort(PortChoice choice);
+    const PortChoice& choice() const { return choice_; }
     bool scanning() const { return choice_.gps.empty(); }
 
     /// The connection step: a status text of one or two lines ("\n" between them), empty once the

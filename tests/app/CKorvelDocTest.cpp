@@ -143,6 +143,22 @@ TEST_F(CKorvelDocTest, ChangedPortIsOpenedStoredAndCountsAsChosen) {
     EXPECT_EQ(ports_.openings().size(), 2U) << "a chosen port is never given up";
 }
 
+TEST_F(CKorvelDocTest, TheAttitudeModulesPortFollowsItsSettingsAtOnce) {
+    start("COM3:,4800,N,8,1");
+    doc_->tick();
+    Settings changed = doc_->settings();
+    for (const char* port : {"COM7", "COM8", ""}) {
+        changed.viaGyro = port[0] != 0;
+        changed.portGyro = port;
+        changed.baudGyro = "57600";
+        doc_->applySettings(changed);
+        doc_->tick();
+        EXPECT_EQ(data().status,
+            std::string(port[0] != 0 ? port : "COM3") + (port[0] != 0 ? " 57600" : " 4800") + "\nNo Gps Rcvr Activity");
+    }
+    EXPECT_EQ(ports_.openings(), (std::vector<std::string>{"COM3: 4800", "COM7: 57600", "COM8: 57600"}));
+}
+
 TEST_F(CKorvelDocTest, OnlyAPortThatAScanFoundIsLookedForAgain) {
     for (const bool scanned : {true, false}) {
         SCOPED_TRACE(scanned);

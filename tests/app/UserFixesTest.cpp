@@ -115,6 +115,10 @@ TEST_F(UserFixesTest, APlanThatWasNotSavedOutlivesAKill) {
     EXPECT_EQ(ofNextRun(), "AAA BBB ");
     EXPECT_TRUE(plan.redo());
     EXPECT_FALSE(plan.redo());
+    ASSERT_EQ(plan.enterRoute("AAA"), "");
+    plan.replace({});  // its last waypoint was removed
+    EXPECT_FALSE(plan.changed()) << "nothing to save";
+    EXPECT_EQ(ofNextRun(), "none");
 }
 
 }}  // namespace korvel

@@ -324,6 +324,14 @@ TEST_F(PlacesTest, NearAirportsCarryWhatThePilotAsksFor) {
     EXPECT_EQ(first.frequency, "TWR 118.100");
     EXPECT_EQ(found[1].frequency, "");
     EXPECT_EQ(found[1].longestRunwayFt, std::nullopt);
+    // The marked one stays marked when the aircraft comes nearer to another one.
+    std::vector<NearAirport> later;
+    findNearAirports(database_, atDegrees(50.9, 8), variation, {}, later);
+    EXPECT_EQ(rowOfSame(found, 0, later), 1U);
+    EXPECT_EQ(rowOfSame(found, 1, later), 0U);
+    EXPECT_EQ(rowOfSame(found, 2, later), std::nullopt) << "there is no such row";
+    later.pop_back();
+    EXPECT_EQ(rowOfSame(found, 0, later), std::nullopt);
     findNearAirports(
         database_, atDegrees(50, 8), variation, {.count = 2, .heliports = true, .privateAirports = true}, found);
     ASSERT_EQ(found.size(), 2U);
