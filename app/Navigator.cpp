@@ -52,7 +52,12 @@ Navigator::Navigator(const Clock& clock, const std::filesystem::path& folder)
     : clock_(clock),
       database_(clock),
       report_(folder.empty() ? LoadReport() : LoadReport(folder / kLoadReportName)),
-      plan_(database_, loader_.userRecords(), [this] { navigation_.planChanged(); }),
+      plan_(database_, loader_.userRecords(),
+            [this](bool edited) {
+                // An edited plan leaves a course that does not belong to it alone.
+                if (!edited || !navigation_.directLeg())
+                    navigation_.planChanged();
+            }),
       track_(clock_, inFolder(folder, kTrackJournalName)),
       log_(clock_, inFolder(folder, kFlightLogName), [this] { return placeHere(); }),
       navigation_({.clock = clock_,

@@ -1,5 +1,6 @@
 #include "app/PlanDesk.h"
 
+#include <algorithm>
 #include <system_error>
 #include <utility>
 
@@ -11,7 +12,7 @@
 namespace korvel {
 
 PlanDesk::PlanDesk(NavDatabase& database, const UserRecordStore& userRecords,
-                   std::function<void()> onChange)
+                   std::function<void(bool edited)> onChange)
     : database_(database),
       files_(database, fixes_, &userRecords, plan_),
       onChange_(std::move(onChange)) {}
@@ -26,12 +27,16 @@ void PlanDesk::setPresent(std::optional<GeoPoint> present) {
     files_.setPresent(present);
 }
 
-void PlanDesk::comeIntoForce(bool changed) {
+void PlanDesk::noteChange(bool changed) {
     // Nothing is left to save of a plan without waypoints.
     changed_ = changed && !entries().empty();
     ++revision_;
     keepUnsaved();
-    onChange_();
+}
+
+void PlanDesk::comeIntoForce(bool changed) {
+    noteChange(changed);
+    onChange_(false);
 }
 
 std::string PlanDesk::proposedFileName() const {
@@ -83,29 +88,51 @@ std::optional<std::string> PlanDesk::recover() {
 std::string PlanDesk::enterRoute(std::string_view line) {
     RouteResult result = RouteEntry(database_, fixes_, present_).EnterRoute(line, true);
     if (result.error.empty()) {
-        replace(std::move(result.entries));
+        const bool edited = beginsAlike(result.entries);
+        history_.remember(entries());
+        putInForce(std::move(result.entries), edited);
     }
     return result.error;
 }
 
-void PlanDesk::putInForce(PlanEntries entries) {
+bool PlanDesk::beginsAlike(const PlanEntries& entries) {
+    const auto plan = plan_.lock();
+    const auto current = plan->has_value() ? (*plan)->currentIndex() : std::nullopt;
+    if (!current || *current >= entries.size()) {
+        return false;
+    }
+    const auto sameKey = [](const PlanWaypoint& a, const PlanWaypoint& b) {
+        return a.record->key == b.record->key;
+    };
+    return std::equal(entries.begin(), entries.begin() + static_cast<std::ptrdiff_t>(*current) + 1,
+                      (*plan)->entries().begin(), sameKey);
+}
+
+void PlanDesk::putInForce(PlanEntries entries, bool edited) {
+    bool goesOn = false;
     if (entries.empty()) {
         plan_.lock()->reset();
     } else {
-        *plan_.lock() = FlightPlan(std::move(entries));
+        FlightPlan next(std::move(entries));
+        const auto plan = plan_.lock();
+        goesOn = edited && plan->has_value() && next.goOnFrom(**plan);
+        *plan = std::move(next);
     }
-    comeIntoForce(true);
+    noteChange(true);
+    if (!goesOn) {
+        onChange_(edited);
+    }
 }
 
 void PlanDesk::replace(PlanEntries entries) {
     history_.remember(this->entries());
-    putInForce(std::move(entries));
+    putInForce(std::move(entries), true);
 }
 
 bool PlanDesk::undo() {
     auto former = history_.undo(entries());
     if (former) {
-        putInForce(std::move(*former));
+        putInForce(std::move(*former), true);
     }
     return former.has_value();
 }
@@ -113,7 +140,7 @@ bool PlanDesk::undo() {
 bool PlanDesk::redo() {
     auto later = history_.redo(entries());
     if (later) {
-        putInForce(std::move(*later));
+        putInForce(std::move(*later), true);
     }
     return later.has_value();
 }

@@ -22,9 +22,10 @@ class UserRecordStore;
 /// pilot, empty on success; one that is refused leaves the plan as it was. Main thread only.
 class PlanDesk {
  public:
-    /// Both must outlive the desk. `onChange` is called when another plan has come into force.
+    /// Both must outlive the desk. `onChange` is called when another plan has come into force, or
+    /// one that was `edited` and is to be flown anew all the same.
     PlanDesk(NavDatabase& database, const UserRecordStore& userRecords,
-             std::function<void()> onChange);
+             std::function<void(bool edited)> onChange);
 
     GuardedPlan& plan() { return plan_; }
     GeneratedFixes& fixes() { return fixes_; }
@@ -36,9 +37,10 @@ class PlanDesk {
     /// Where the aircraft is: identifiers that repeat are looked up near it.
     void setPresent(std::optional<GeoPoint> present);
 
-    /// Replaces the plan by a line of identifiers and airways.
+    /// Replaces the plan by a line of identifiers and airways. A line that only goes on otherwise
+    /// behind what is flown to counts as edited.
     [[nodiscard]] std::string enterRoute(std::string_view line);
-    /// Puts edited entries in force; none of them is no plan.
+    /// Puts edited entries in force; none of them is no plan. What is flown to stays so if it can.
     void replace(std::vector<PlanWaypoint> entries);
     /// False without a plan.
     bool reverse();
@@ -82,7 +84,11 @@ class PlanDesk {
     /// Under the plan's lock; false without a plan.
     template <class Change>
     bool changePlan(Change change);
-    void putInForce(PlanEntries entries);
+    /// As the plan in force, as far as that has been flown.
+    bool beginsAlike(const PlanEntries& entries);
+    void putInForce(PlanEntries entries, bool edited);
+    /// What no file holds any more or not yet is looked after.
+    void noteChange(bool changed);
     void comeIntoForce(bool changed);
     void keepUnsaved();
 
@@ -90,7 +96,7 @@ class PlanDesk {
     GeneratedFixes fixes_;
     GuardedPlan plan_;
     PlanFiles files_;
-    std::function<void()> onChange_;
+    std::function<void(bool edited)> onChange_;
     std::optional<GeoPoint> present_;
     PlanHistory history_;
     std::filesystem::path file_;

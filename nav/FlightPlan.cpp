@@ -77,6 +77,47 @@ void FlightPlan::moveToEntry(std::size_t index) {
     legTo(index);
 }
 
+std::optional<std::size_t> FlightPlan::find(std::string_view recordKey, std::size_t index) const {
+    std::optional<std::size_t> nearest;
+    const auto away = [index](std::size_t i) { return i < index ? index - i : i - index; };
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        if (entries_[i].record->key == recordKey && (!nearest || away(i) < away(*nearest))) {
+            nearest = i;
+        }
+    }
+    return nearest;
+}
+
+bool FlightPlan::hasPassed(std::string_view recordKey) const {
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        if (progress_[i].state == State::passed && entries_[i].record->key == recordKey) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool FlightPlan::goOnFrom(const FlightPlan& former) {
+    std::optional<std::size_t> next;
+    for (std::size_t i = former.current_.value_or(former.entries_.size());
+         !next && i < former.entries_.size(); ++i) {
+        next = find(former.entries_[i].record->key, i);
+    }
+    if (!next) {
+        return false;
+    }
+    // What the pilot puts before it is to be flown first.
+    while (*next > 0 && !former.contains(entries_[*next - 1].record->key)) {
+        --*next;
+    }
+    for (std::size_t i = 0; i < *next; ++i) {
+        const bool passed = former.hasPassed(entries_[i].record->key);
+        progress_[i].state = passed ? State::passed : State::skipped;
+    }
+    moveToEntry(*next);
+    return true;
+}
+
 FlightPlan::Sight FlightPlan::sight(std::size_t index, const Motion& motion) const {
     const PlanWaypoint& entry = entries_[index];
     return {.distanceNm = DistanceNm(motion.position, entry.position()),

@@ -50,6 +50,10 @@ class FlightPlan {
 
     /// The opposite way, altitudes staying with their places.
     void reverse();
+    /// Goes on with what `former`, of which this is an edited copy, is flying to, or with what
+    /// follows that in `former` when it is gone; new entries just before that come first. False,
+    /// and nothing changed, when `former` flies to nothing or nothing of that is left.
+    bool goOnFrom(const FlightPlan& former);
     /// Flies the plan from where the aircraft is: what was passed or skipped is so no longer.
     void activate();
     /// Makes the first waypoint with this key the active one, from the present one on if it is
@@ -81,6 +85,10 @@ class FlightPlan {
     };
 
     void searchSoon();
+    /// The entry of that key that lies nearest to `index`, counted in entries.
+    [[nodiscard]] std::optional<std::size_t> find(std::string_view recordKey,
+                                                  std::size_t index) const;
+    [[nodiscard]] bool hasPassed(std::string_view recordKey) const;
     [[nodiscard]] Sight sight(std::size_t index, const Motion& motion) const;
     [[nodiscard]] bool isReached(std::size_t index, const Sight& sight, const Motion& motion) const;
     /// Examines the entries in order; nothing when none of them is to be flown to.

@@ -81,6 +81,28 @@ TEST_F(FlightPlanTest, CommandsChangeTheActiveEntry) {
     EXPECT_EQ(choose(0, 0, 90), "none");
 }
 
+TEST_F(FlightPlanTest, AnEditedPlanGoesOnWithWhatIsFlownTo) {
+    constexpr std::tuple<std::string_view, std::string_view> kCases[] = {{"ABCDE", "DA"},  // an altitude was changed
+        {"ABCDEF", "DA"},                                                                  // behind it
+        {"ABCFGDE", "FA"},                 // put before it: to be flown first
+        {"AFBCDE", "DA"},                  // put before what was left out
+        {"ABCE", "EA"},                    // it is gone: what follows
+        {"DABCE", "D-"},                   // it was moved
+        {"AEDBC", "DA"}, {"DBCDE", "D-"},  // twice: the one where it was
+        {"ABC", "none"}, {"FG", "none"}, {"", "none"}};
+    for (const auto& [edited, chosen] : kCases) {
+        plan_ = FlightPlan(entries("ABCDE"));
+        EXPECT_EQ(choose(0.5, 0, 90), "BA");
+        EXPECT_TRUE(plan_.moveTo("f.D"));  // the pilot's choice: by itself it would fly to B
+        FlightPlan next(entries(edited));
+        EXPECT_EQ(next.goOnFrom(plan_), chosen != "none") << edited;
+        plan_ = std::move(next);
+        if (chosen != "none") { EXPECT_EQ(choose(2, 0, 90), chosen) << edited; }
+    }
+    FlightPlan untouched(entries("AB"));
+    EXPECT_FALSE(untouched.goOnFrom(FlightPlan(entries("AB")))) << "nothing is flown to yet";
+}
+
 TEST_F(FlightPlanTest, FindsTheNextAltitudeAlongTheLegs) {
     std::vector<PlanWaypoint> list = entries("ABCDE");
     list[0].altitudeFt = 100;
