@@ -12,6 +12,7 @@
 #include "app/DemoFlight.h"
 #include "app/PageCycle.h"
 #include "app/ReplayScript.h"
+#include "config/StringTable.h"
 #include "platform/FileIo.h"
 #include "platform/Folders.h"
 #include "platform/SerialDevice.h"
@@ -77,6 +78,8 @@ std::string CKorvelApp::start() {
     // Half a second is long for a pilot who waits for the map.
     frame_.view().tick();
     if (line_.snapshotFile.empty()) {
+        if (const auto& copy = profile_.damagedCopy(); !copy.empty())
+            frame_.view().say(formatText(TextId::ProfileDamaged, {copy.filename().string()}));
         if (!isTold)
             frame_.welcome();
         return {};

@@ -69,6 +69,11 @@ void FileCommands::showRecent() {
         recentMenu_->addAction(korvel::toQString(TextId::NoRecentFiles))->setEnabled(false);
 }
 
+/// The message alone does not tell which file it is about.
+void FileCommands::showFileError(const std::filesystem::path& path, const std::string& error) {
+    host_.showError(path.filename().string() + ":\n" + error);
+}
+
 // Plans
 
 void FileCommands::newPlan() {
@@ -89,7 +94,7 @@ void FileCommands::openFile(const std::filesystem::path& path) {
         return openTrack(path);
     withPlanSafe([this, path] {
         if (const std::string error = openPlan(path); !error.empty())
-            return host_.showError(error);
+            return showFileError(path, error);
         host_.view().say(formatText(TextId::PlanOpened, {path.filename().string()}));
     });
 }
@@ -153,8 +158,11 @@ void FileCommands::chooseTrack() {
 }
 
 void FileCommands::openTrack(const std::filesystem::path& path) {
-    if (const std::string error = navigator().track().openTrack(path); !error.empty())
-        return host_.showError(error);
+    TrackRecorder& recorder = navigator().track();
+    if (const std::string error = recorder.openTrack(path); !error.empty())
+        return showFileError(path, error);
+    if (recorder.track()->read()->slots.empty())
+        return showFileError(path, std::string(text(TextId::TrackEmpty)));
     host_.view().say(formatText(TextId::TrackOpened, {path.filename().string()}));
 }
 

@@ -35,6 +35,7 @@ class FileCommands {
     void choosePlan();
 
  private:
+    void showFileError(const std::filesystem::path& path, const std::string& error);
     void newPlan();
     bool hasPlan();
     void savePlan(const std::function<void()>& next);

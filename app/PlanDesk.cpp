@@ -200,8 +200,13 @@ std::string PlanDesk::open(const std::filesystem::path& path) {
     if (!bytes) {
         return std::string(text(TextId::FileOpenError));
     }
+    PlanEntries before = entries();
     std::string error = files_.OpenPlanFile(path, *bytes);
-    history_.clear();
+    if (error.empty()) {
+        history_.clear();
+    } else if (!before.empty()) {
+        history_.remember(std::move(before));
+    }
     file_ = error.empty() ? path : std::filesystem::path();
     if (error.empty() && path.extension() != ".fp" && path.extension() != ".FP") {
         file_.replace_extension(".fp");  // what a list was converted into

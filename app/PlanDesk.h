@@ -56,7 +56,8 @@ class PlanDesk {
     [[nodiscard]] bool canUndo() const { return history_.canUndo(); }
     [[nodiscard]] bool canRedo() const { return history_.canRedo(); }
 
-    /// Opens a ".fp" or ".TXT" file. A file that cannot be read as a plan leaves none; one that
+    /// Opens a ".fp" or ".TXT" file. A file that cannot be read as a plan leaves none, and
+    /// undo() brings the former one back; one that
     /// cannot be opened changes nothing.
     [[nodiscard]] std::string open(const std::filesystem::path& path);
     /// Saves to this file, which becomes the plan's file.

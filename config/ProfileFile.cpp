@@ -38,38 +38,56 @@ std::string joinKey(std::string_view section, char separator, std::string_view n
 
 std::optional<int> readInt(std::string_view text) { return scanInt(text); }
 
-void parseLine(std::string_view line, ProfileEntries& entries) {
-    line = trimLeft(trimRight(line.substr(0, line.find(';'))));
-    if (line.empty()) {
-        return;
-    }
-    const std::size_t equals = line.find('=');
-    if (equals == std::string_view::npos) {
-        entries.insert_or_assign(std::string(), std::string(line));
-        return;
-    }
-    entries.insert_or_assign(std::string(trimRight(line.substr(0, equals))),
-                             std::string(trimLeft(line.substr(equals + 1))));
+/// What counts of a line.
+std::string_view contentOf(std::string_view line) {
+    return trimLeft(trimRight(line.substr(0, line.find(';'))));
 }
 
-}  // namespace
+void parseLine(std::string_view content, ProfileEntries& entries) {
+    const std::size_t equals = content.find('=');
+    if (equals == std::string_view::npos) {
+        entries.insert_or_assign(std::string(), std::string(content));
+        return;
+    }
+    entries.insert_or_assign(std::string(trimRight(content.substr(0, equals))),
+                             std::string(trimLeft(content.substr(equals + 1))));
+}
 
-ProfileEntries parseProfile(std::string_view bytes) {
+/// Calls `use` with the content of every line that has one.
+template <class Use>
+void forEachLine(std::string_view bytes, Use use) {
     std::string cleared(bytes);
     const std::size_t start = bytes.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
     for (std::size_t i = start; i < cleared.size(); ++i) {
         cleared[i] = withoutBit7(cleared[i]);
     }
     const std::string text = decodeTextBytes(cleared);
-
-    ProfileEntries entries;
     std::string_view rest = text;
     while (!rest.empty()) {
         // A CR LF counts as one break, but the empty line between the two would add nothing.
         const std::size_t end = std::min(rest.find_first_of(kLineEnds), rest.size());
-        parseLine(rest.substr(0, end), entries);
+        if (const auto content = contentOf(rest.substr(0, end)); !content.empty()) {
+            use(content);
+        }
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }
+}
+
+/// What a save writes has '=' in each line. Half a line or a block of zeros, as a cut of the power
+/// leaves them, has none.
+bool isDamaged(std::string_view bytes) {
+    bool damaged = false;
+    forEachLine(bytes, [&damaged](std::string_view content) {
+        damaged |= content.find('=') == std::string_view::npos;
+    });
+    return damaged;
+}
+
+}  // namespace
+
+ProfileEntries parseProfile(std::string_view bytes) {
+    ProfileEntries entries;
+    forEachLine(bytes, [&entries](std::string_view content) { parseLine(content, entries); });
     return entries;
 }
 
@@ -161,6 +179,12 @@ bool ProfileFile::load(const std::filesystem::path& file) {
         return false;
     }
     entries_ = parseProfile(*bytes);
+    if (isDamaged(*bytes)) {
+        damagedCopy_ = file;
+        damagedCopy_ += ".damaged";
+        std::filesystem::copy_file(file, damagedCopy_,
+                                   std::filesystem::copy_options::overwrite_existing, failure);
+    }
     return true;
 }
 

@@ -46,6 +46,10 @@ class ProfileFile {
     const std::filesystem::path& path() const { return path_; }
     const ProfileEntries& entries() const { return entries_; }
 
+    /// Where a copy of the file is kept that could not be read to its end as settings, since the
+    /// next save writes over it; empty: it could.
+    const std::filesystem::path& damagedCopy() const { return damagedCopy_; }
+
     /// A value that does not begin with an integer counts as missing and is replaced.
     int getInt(std::string_view section, std::string_view name, int fallback);
     void setInt(std::string_view section, std::string_view name, int value, bool deferSave = false);
@@ -63,6 +67,7 @@ class ProfileFile {
     void saveToRegistry();
 
     std::filesystem::path path_;
+    std::filesystem::path damagedCopy_;
     ProfileEntries entries_;
     RegistryProfile& registry_;
 };

@@ -371,6 +371,8 @@ constexpr auto kTexts = std::to_array<Row>({
     Row{TextId::PlanClosed, "The flight plan is gone; Undo brings it back"},
     Row{TextId::TrackOpened, "Track %s is shown"},
     Row{TextId::AddedToPlan, "%s added to the plan"},
+    Row{TextId::TrackEmpty, "There are no track points in it."},
+    Row{TextId::ProfileDamaged, "The settings were damaged; a copy is kept in %s"},
 });
 static_assert(std::ranges::is_sorted(kTexts, {}, &Row::id));
 

@@ -335,6 +335,8 @@ enum class TextId : int {
     PlanClosed = 61981,
     TrackOpened = 61982,  ///< %s: file
     AddedToPlan = 61983,  ///< %s: waypoint
+    TrackEmpty = 61984,
+    ProfileDamaged = 61985,  ///< %s: file
 };
 
 /// The text of that number.

@@ -119,6 +119,12 @@ TEST_F(UserFixesTest, APlanThatWasNotSavedOutlivesAKill) {
     plan.replace({});  // its last waypoint was removed
     EXPECT_FALSE(plan.changed()) << "nothing to save";
     EXPECT_EQ(ofNextRun(), "none");
+    ASSERT_EQ(plan.enterRoute("AAA BBB"), "");
+    ASSERT_TRUE(writeFileAtomically(folder_ / "bad.fp", "NOWHERE\r\n"));
+    EXPECT_NE(plan.open(folder_ / "bad.fp"), "");
+    EXPECT_TRUE(plan.entries().empty());
+    EXPECT_TRUE(plan.undo()) << "what was flown is not lost";
+    EXPECT_EQ(plan.entries().size(), 2U);
 }
 
 }}  // namespace korvel

@@ -77,6 +77,21 @@ TEST_F(ProfileFileTest, CreatesTheFileAndKeepsWhatWasRead) {
         onDisk(), (ProfileEntries{{"Options:Known", "7"}, {"Options.Known", "seven"}, {"Options:Unknown", "-5"}}));
 }
 
+TEST_F(ProfileFileTest, ADamagedFileIsKeptBesideTheOneThatIsWrittenOverIt) {
+    const std::string whole = formatProfile({{"", "x"}, {"Options.Port", "COM3:,4800,N,8,1"}});
+    const std::tuple<std::string, bool> cases[] = {{"", false}, {whole, false}, {"; said = \r\n\r\n" + whole, false},
+        {"\xFF\xFE\x61\0=\0\r\0\n\0"s, false}, {whole + bit7("Options.Sim"), true}, {std::string(64, '\0'), true}};
+    for (const auto& [bytes, damaged] : cases) {
+        SCOPED_TRACE(testing::PrintToString(bytes));
+        ASSERT_TRUE(writeFileAtomically(file_, bytes));
+        const std::filesystem::path copy = folder_.path() / "korvel.ini.damaged";
+        std::filesystem::remove(copy);
+        { EXPECT_EQ(ProfileFile(folder_.path(), registry_).damagedCopy(), damaged ? copy : std::filesystem::path()); }
+        EXPECT_EQ(readWholeFile(copy).value_or("none"), damaged ? bytes : "none");
+        EXPECT_EQ(ProfileFile(folder_.path(), registry_).damagedCopy(), "") << "once is enough";
+    }
+}
+
 TEST_F(ProfileFileTest, IntegersAndStringsOfOneNameAreTwoEntries) {
     folder_.write("korvel.ini", "Options:Port=abc\r\nOptions.Port=\r\nOptions:Tail= +12 kt\r\n");
     ProfileFile profile(folder_.path(), registry_);
