@@ -135,8 +135,10 @@ void Sheet::letFingersScroll() {
 void Sheet::offerKeyPad() {
     const auto lines = body_.findChildren<QLineEdit*>();
     keyPadButton_.setVisible(!lines.empty());
-    for (QLineEdit* line : lines)
+    for (QLineEdit* line : lines) {
+        line->setAttribute(Qt::WA_AcceptTouchEvents);  // or it would hear of the mouse only
         line->installEventFilter(this);
+    }
     showKeyPad(!lines.empty() && isKeyPadWanted());
 }
 
