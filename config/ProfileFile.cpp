@@ -73,12 +73,13 @@ void forEachLine(std::string_view bytes, Use use) {
     }
 }
 
-/// What a save writes has '=' in each line. Half a line or a block of zeros, as a cut of the power
-/// leaves them, has none.
+/// What a save writes has '=' in each line. Half a line, as a cut of the power leaves it, has none,
+/// or a block of zeros follows it.
 bool isDamaged(std::string_view bytes) {
     bool damaged = false;
     forEachLine(bytes, [&damaged](std::string_view content) {
-        damaged |= content.find('=') == std::string_view::npos;
+        damaged |= content.find('=') == std::string_view::npos ||
+                   content.find('\0') != std::string_view::npos;
     });
     return damaged;
 }
@@ -184,6 +185,13 @@ bool ProfileFile::load(const std::filesystem::path& file) {
         damagedCopy_ += ".damaged";
         std::filesystem::copy_file(file, damagedCopy_,
                                    std::filesystem::copy_options::overwrite_existing, failure);
+        // Zeros would count as damage again, and the copy would be lost at the next start.
+        std::erase_if(entries_, [](const auto& entry) {
+            return entry.first.find('\0') != std::string::npos;
+        });
+        for (auto& [key, value] : entries_) {
+            std::erase(value, '\0');
+        }
     }
     return true;
 }

@@ -80,7 +80,8 @@ TEST_F(ProfileFileTest, CreatesTheFileAndKeepsWhatWasRead) {
 TEST_F(ProfileFileTest, ADamagedFileIsKeptBesideTheOneThatIsWrittenOverIt) {
     const std::string whole = formatProfile({{"", "x"}, {"Options.Port", "COM3:,4800,N,8,1"}});
     const std::tuple<std::string, bool> cases[] = {{"", false}, {whole, false}, {"; said = \r\n\r\n" + whole, false},
-        {"\xFF\xFE\x61\0=\0\r\0\n\0"s, false}, {whole + bit7("Options.Sim"), true}, {std::string(64, '\0'), true}};
+        {"\xFF\xFE\x61\0=\0\r\0\n\0"s, false}, {whole + bit7("Options.Sim"), true}, {std::string(64, '\0'), true},
+        {whole + bit7("Options.Sim=4") + std::string(9, '\0'), true}};
     for (const auto& [bytes, damaged] : cases) {
         SCOPED_TRACE(testing::PrintToString(bytes));
         ASSERT_TRUE(writeFileAtomically(file_, bytes));
