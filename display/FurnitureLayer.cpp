@@ -1,6 +1,8 @@
 #include "display/FurnitureLayer.h"
 
 #include <array>
+#include <cstddef>
+#include <string_view>
 
 #include "display/MapFrame.h"
 #include "display/MapLook.h"
@@ -19,7 +21,17 @@ class FurniturePainter {
 
     void box(const InfoBox& box) {
         canvas_.rect(box.area, ground_, std::nullopt);
-        canvas_.text(box.area.center(), box.text, centered(infoFont(frame_.textPx), ink_));
+        const Font font = infoFont(frame_.textPx);
+        const Point center = box.area.center();
+        const std::string_view text = box.text;
+        const std::size_t end = text.find('\n');
+        if (end == text.npos) {
+            canvas_.text(center, text, centered(font, ink_));
+            return;
+        }
+        const double apart = lineHeight(font) / 2;
+        canvas_.text({center.x, center.y - apart}, text.substr(0, end), centered(font, ink_));
+        canvas_.text({center.x, center.y + apart}, text.substr(end + 1), centered(font, ink_));
     }
 
     // Not in the colours of information: a thick frame and a word in the colour of danger.

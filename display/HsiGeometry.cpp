@@ -148,9 +148,18 @@ std::optional<HsiGeometry::Needle> HsiGeometry::needle() const {
 
 double HsiGeometry::aircraftHalfLength() const { return 0.8 * kMarkStep * inner(); }
 
-Point HsiGeometry::noteCenter() const {
+Rect HsiGeometry::noteBox(double width, double height) const {
     const int course = state_.course == HsiState::kNone ? state_.heading : state_.course;
-    return beside(turned(state_.heading - course + 90), -0.6 * inner(), -0.4 * inner());
+    const Point far = beside(turned(state_.heading - course + 90), -0.6 * inner(), -0.4 * inner());
+    const Point away{far.x - state_.centerX, far.y - state_.centerY};
+    // Towards the middle until the box's outer corner is inside the labels.
+    const double room = std::max(0.0, inner() - kLongTick - 8.0);
+    double share = 1;
+    while (share > 0.5 && std::hypot(share * std::abs(away.x) + width / 2,
+                                     share * std::abs(away.y) + height / 2) > room)
+        share -= 0.02;
+    return {state_.centerX + share * away.x - width / 2,
+            state_.centerY + share * away.y - height / 2, width, height};
 }
 
 }  // namespace korvel

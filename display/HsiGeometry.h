@@ -80,9 +80,10 @@ class HsiGeometry {
 
     /// Half the length of an aircraft symbol that leaves the deviation scale free.
     double aircraftHalfLength() const;
-    /// A place for a small text that neither the needle nor its bar sweeps: left behind the
-    /// aircraft, as seen along the course.
-    Point noteCenter() const;
+    static Font noteFont(double labelHeight) { return {.height = labelHeight * 0.7}; }
+    /// The box of a small text where neither the needle nor its bar sweeps: left behind the
+    /// aircraft, as seen along the course, and inside the labels.
+    Rect noteBox(double width, double height) const;
 
  private:
     Point at(double radius, int angle) const;

@@ -13,6 +13,7 @@
 #include "display/GeoText.h"
 #include "display/HsiPainter.h"
 #include "display/MapColorCache.h"
+#include "display/MapFurniture.h"
 #include "display/MapLook.h"
 #include "display/NavField.h"
 #include "display/WarningFlag.h"
@@ -51,19 +52,40 @@ void addBoxesAlong(const Segment& line, double size, std::vector<Rect>& boxes) {
     }
 }
 
+void addBoxes(const HsiGeometry::Needle& needle, double size, std::vector<Rect>& boxes) {
+    addBoxesAlong(needle.front, size, boxes);
+    addBoxesAlong(needle.tail, size, boxes);
+    if (needle.bar)
+        addBoxesAlong(*needle.bar, size, boxes);
+    addBoxesAlong({needle.marks.front(), needle.marks.back()}, size, boxes);
+    boxes.push_back(boxAround(needle.head));
+    boxes.push_back(boxAround(needle.toFrom));
+}
+
+double distanceTo(const Rect& box, Point point) {
+    return std::hypot(point.x - std::clamp(point.x, box.x, box.right()),
+                      point.y - std::clamp(point.y, box.y, box.bottom()));
+}
+
 // Makes the card as large as the page allows, around the aircraft's point: the instrument is drawn
 // in its own pixels and scaled to the page's.
 class ScaledHsi {
  public:
-    /// `left` is the room that the page keeps free at its left edge.
+    /// `left` is the room that the page keeps free at its left edge, `corners` is what else the
+    /// card keeps off.
     ScaledHsi(const Rect& page, const MapViewport& viewport, double textPx, double mostScale,
-              double left)
+              double left, std::span<const Rect> corners = {})
         : aircraft_{static_cast<double>(viewport.aircraftX()),
                     static_cast<double>(viewport.aircraftY())} {
         const double above = kCard + kReadOut;
         scale_ = std::min({aircraft_.y / above, (page.height - aircraft_.y) / kCard,
                            (aircraft_.x - left) / kCard, mostScale});
         scale_ = std::max(scale_, 0.2);
+        // A card that covers nothing is of no use when it is too small to read.
+        const double least = 0.6 * scale_;
+        for (const Rect& box : corners)
+            scale_ = std::min(scale_, distanceTo(box, aircraft_) / kCard);
+        scale_ = std::max(scale_, least);
         labelHeight_ = std::max(1, RoundToInt(kLabelShare * textPx / scale_));
     }
 
@@ -88,13 +110,10 @@ class ScaledHsi {
             if (tick.labelled)
                 boxes.push_back(geometry.labelBox(
                     tick, canvas.measure(HsiGeometry::labelText(tick.value), font).width));
-        const double width = canvas.measure(note, font).width;
-        boxes.push_back({geometry.noteCenter().x - width / 2, geometry.noteCenter().y - height / 2,
-                         width, height});
-        if (const auto needle = geometry.needle()) {
-            addBoxesAlong(needle->front, height, boxes);
-            boxes.push_back(boxAround(needle->head));
-        }
+        const Font small = HsiGeometry::noteFont(height);
+        boxes.push_back(geometry.noteBox(canvas.measure(note, small).width, small.height));
+        if (const auto needle = geometry.needle())
+            addBoxes(*needle, height, boxes);
         if (const auto mark = geometry.bearingMark())
             for (const Segment& chord : *mark)
                 boxes.push_back(boxAround(std::array{chord.from, chord.to}));
@@ -191,8 +210,13 @@ double keptFree(const Rect& page, const CockpitData& data) {
 
 ScaledHsi overMap(const Canvas& canvas, const CockpitData& data, const MapViewport& viewport) {
     const Rect page{0, 0, canvas.width(), canvas.height()};
-    return {page, viewport, mapTextPx(page.width, page.height), kMostScaleOverMap,
-            keptFree(page, data)};
+    const double textPx = mapTextPx(page.width, page.height);
+    return {page,
+            viewport,
+            textPx,
+            kMostScaleOverMap,
+            keptFree(page, data),
+            lowerCorners(canvas, data, textPx)};
 }
 
 std::string noteFor(const CockpitData& data) {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "display/AircraftLayer.h"
+#include "display/Clip.h"
 #include "display/MapColorCache.h"
 
 namespace korvel {
@@ -32,15 +33,21 @@ class HsiArtist {
         for (std::size_t i = 0; i < ticks.size(); ++i)
             lines.at(i) = ticks.at(i).line;
         canvas_.lines(lines, linePen_);
-        // The halo keeps wide labels free of the ticks and readable on a map.
+        // Ground and halo keep wide labels free of the ticks and of what the map has there.
+        const Brush ground{colors_[ColorKey::MapBackground]};
         TextStyle style = centered(ColorKey::HsiNumeral);
         style.halo = colors_[ColorKey::MapBackground];
         for (const HsiGeometry::Tick& tick : ticks) {
             if (!tick.labelled)
                 continue;
             const std::string label = HsiGeometry::labelText(tick.value);
-            const double width = canvas_.measure(label, labelFont_).width;
-            canvas_.text(geometry_.labelBox(tick, width).center(), label, style);
+            const TextExtent extent = canvas_.measure(label, labelFont_);
+            const Point center = geometry_.labelBox(tick, extent.width).center();
+            canvas_.rect(grown({center.x - extent.width / 2, center.y - extent.capHeight / 2,
+                                extent.width, extent.capHeight},
+                               2),
+                         ground, std::nullopt);
+            canvas_.text(center, label, style);
         }
     }
 
@@ -81,9 +88,12 @@ class HsiArtist {
 
     void note(std::string_view text) {
         TextStyle style = centered(ColorKey::HsiNumeral);
-        style.font = {.height = labelFont_.height * 0.7};
+        style.font = HsiGeometry::noteFont(labelFont_.height);
         style.halo = colors_[ColorKey::MapBackground];
-        canvas_.text(geometry_.noteCenter(), text, style);
+        const double width = canvas_.measure(text, style.font).width;
+        const Rect box = geometry_.noteBox(width, style.font.height);
+        canvas_.rect(box, Brush{colors_[ColorKey::MapBackground]}, std::nullopt);
+        canvas_.text(box.center(), text, style);
     }
 
  private:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 #include "config/StringTable.h"
 #include "display/GeoText.h"
@@ -13,6 +14,7 @@ namespace korvel {
 namespace {
 
 constexpr double kScaleShareOfWidth = 0.2;  // the scale bar at its longest
+constexpr double kNoteShareOfWidth = 0.35;  // a longer note is set in two lines
 
 // Boxes of one size of type.
 class BoxLayout {
@@ -29,12 +31,34 @@ class BoxLayout {
         const double wide = width(text);
         return {{left, top, wide, height()}, std::move(text)};
     }
+    /// With its lower right corner there, in two lines where one is longer than `most`.
+    InfoBox endingAt(double right, double bottom, std::string text, double most) const {
+        double wide = width(text);
+        double high = height();
+        const std::size_t gap = wide > most ? middleSpace(text) : std::string::npos;
+        if (gap != std::string::npos) {
+            text[gap] = '\n';
+            wide = std::max(width(text.substr(0, gap)), width(text.substr(gap + 1)));
+            high += lineHeight(font_);
+        }
+        return {{right - wide, bottom - high, wide, high}, std::move(text)};
+    }
 
  private:
+    static std::size_t middleSpace(std::string_view text) {
+        const std::size_t after = text.find(' ', text.size() / 2);
+        const std::size_t before = text.rfind(' ', text.size() / 2);
+        if (after == text.npos || before == text.npos)
+            return std::min(after, before);
+        return after + before <= text.size() ? after : before;
+    }
+
     const Canvas& canvas_;
     Font font_;
     double margin_;
 };
+
+double scaleHeight(const BoxLayout& boxes) { return boxes.height() + boxes.margin(); }
 
 ScaleBar layOutScale(const Canvas& canvas, const MapProjection& projection,
                      const BoxLayout& boxes) {
@@ -44,7 +68,7 @@ ScaleBar layOutScale(const Canvas& canvas, const MapProjection& projection,
     ScaleBar scale;
     scale.text = distanceText(lengthNm);
     const double wide = std::max(length + 2 * boxes.margin(), boxes.width(scale.text));
-    const double high = boxes.height() + boxes.margin();
+    const double high = scaleHeight(boxes);
     scale.area = {boxes.margin(), canvas.height() - boxes.margin() - high, wide, high};
     const double left = scale.area.center().x - length / 2;
     const double y = scale.area.bottom() - boxes.margin();
@@ -68,6 +92,19 @@ std::vector<std::string> noteTexts(const CockpitData& data, bool moved) {
     else if (!data.position)
         texts.emplace_back(text(TextId::NoGpsSignal));
     return texts;
+}
+
+std::vector<InfoBox> layOutNotes(const Canvas& canvas, const CockpitData& data,
+                                 const BoxLayout& boxes, bool moved) {
+    std::vector<InfoBox> notes;
+    const double right = canvas.width() - boxes.margin();
+    double bottom = canvas.height() - boxes.margin();
+    for (std::string& words : noteTexts(data, moved)) {
+        notes.push_back(
+            boxes.endingAt(right, bottom, std::move(words), kNoteShareOfWidth * canvas.width()));
+        bottom = notes.back().area.y - std::round(boxes.margin() / 2);
+    }
+    return notes;
 }
 
 InfoBox layOutAlarm(const Canvas& canvas, const CockpitData& data, const BoxLayout& boxes,
@@ -122,19 +159,23 @@ MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
     const std::string range = distanceText(rangeNm);
     result.range = boxes.at(canvas.width() - margin - boxes.width(range), margin, range);
     result.scale = layOutScale(canvas, projection, boxes);
-
-    double top = canvas.height() - margin - boxes.height();
-    for (std::string& note : noteTexts(data, state.moved)) {
-        const double left = canvas.width() - margin - boxes.width(note);
-        result.notes.push_back(boxes.at(left, top, std::move(note)));
-        top -= boxes.height() + std::round(margin / 2);
-    }
+    result.notes = layOutNotes(canvas, data, boxes, state.moved);
     result.alarms.assign(state.alarms.begin(), state.alarms.end());
     if (!data.message.empty())
         result.message = layOutMessage(canvas, data.message, boxes, result.areas());
     if (!data.position && data.lastPosition)
         result.alarm = layOutAlarm(canvas, data, BoxLayout(canvas, alarmFont(textPx)), result);
     return result;
+}
+
+std::vector<Rect> lowerCorners(const Canvas& canvas, const CockpitData& data, double textPx) {
+    const BoxLayout boxes(canvas, infoFont(textPx));
+    const double high = scaleHeight(boxes) + boxes.margin();
+    const double wide = kScaleShareOfWidth * canvas.width() + 3 * boxes.margin();
+    std::vector<Rect> corners{{0, canvas.height() - high, wide, high}};
+    for (const InfoBox& note : layOutNotes(canvas, data, boxes, false))
+        corners.push_back(note.area);
+    return corners;
 }
 
 double roundLengthNm(double longestNm) {

@@ -14,7 +14,7 @@ namespace korvel {
 /// A short text on a small box of its own.
 struct InfoBox {
     Rect area;
-    std::string text;
+    std::string text;  ///< one line, or two in the notes
 };
 
 /// A length on the map with its ticks and its text.
@@ -49,6 +49,10 @@ struct MapState {
 MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
                              const MapProjection& projection, int rangeNm, double textPx,
                              const MapState& state = {});
+
+/// What the scale, at its longest, and the notes cover at the map's lower edge while the map is
+/// not moved: an instrument that lies over the map keeps off it.
+std::vector<Rect> lowerCorners(const Canvas& canvas, const CockpitData& data, double textPx);
 
 /// The longest round number (1, 2 or 5 times a power of ten) of the unit in force that is not
 /// longer than `longestNm`, in nautical miles.

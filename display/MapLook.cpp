@@ -21,6 +21,8 @@ Font alarmFont(double textPx) {
 
 double boxMargin(const Font& font) { return std::round(font.height * 0.55); }
 
+double lineHeight(const Font& font) { return std::round(font.height * 1.2); }
+
 double boxHeight(const Font& font) { return std::round(font.height * 1.5); }
 
 }  // namespace korvel

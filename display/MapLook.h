@@ -17,6 +17,8 @@ Font alarmFont(double textPx);  ///< what must be seen at once
 
 /// Around the words of a box and between boxes.
 double boxMargin(const Font& font);
+/// From one line of a box to the next.
+double lineHeight(const Font& font);
 /// Of a box with one line of words.
 double boxHeight(const Font& font);
 

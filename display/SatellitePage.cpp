@@ -195,6 +195,8 @@ Point skyPoint(const Satellite& satellite, Point center, double radius) {
 }
 
 std::string fixText(const CockpitData& data) {
+    if (data.simulated && data.fixQuality == 0)
+        return std::string(text(TextId::Simulator));
     std::string fix = "No fix";
     if (data.fixQuality != 0)
         fix = data.fix3D ? "3D fix" : "2D fix";

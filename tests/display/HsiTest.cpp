@@ -6,11 +6,15 @@
 #include <gtest/gtest.h>
 
 #include "Cockpit.h"
+#include "display/Clip.h"
 #include "display/ColorScheme.h"
 #include "display/HsiGeometry.h"
 #include "display/HsiPage.h"
 #include "display/HsiPainter.h"
+#include "display/LabelSpace.h"
 #include "display/MapColorCache.h"
+#include "display/MapFurniture.h"
+#include "display/MapLook.h"
 #include "display/RecordingCanvas.h"
 #include "nav/Units.h"
 
@@ -164,6 +168,34 @@ TEST(HsiPage, ShowsTheLegAsAPilotReadsIt) {
     EXPECT_EQ(hsiState(data).heading, 360) << "as courses are read";
     data.trackMagDeg.reset();
     EXPECT_EQ(hsiState(data).course, HsiState::kNone) << "without a track there is no up";
+}
+
+TEST(HsiPage, OverTheMapTheNumbersAreFreeOfEachOtherAndOfTheCorners) {
+    CockpitData data = navigating();
+    data.simulated = true;
+    data.databaseNotice = "CHARTS EXPIRED 2013-05-02";
+    data.fullScaleNm = 1.25;
+    const std::pair<int, int> sizes[] = {{480, 520}, {600, 760}, {640, 290}, {800, 370}, {1280, 660}, {1420, 540}};
+    for (const auto& [width, height] : sizes)
+        for (int track = 1; track < 360; track += 10) {
+            data.trackMagDeg = track;
+            MapViewport viewport;
+            viewport.layout(PageId::MapHsi, width, height);
+            const RecordingCanvas canvas(width, height);
+            std::vector<Rect> boxes = hsiLabelsOverMap(canvas, data, viewport);
+            ASSERT_GT(boxes.size(), 14U);
+            boxes.resize(14);  // heading, numbers and full scale; the needle crosses none of them
+            for (Rect& box : boxes) box = grown(box, -3);  // names on the map stay farther away
+            const double textPx = mapTextPx(width, height);
+            const MapFurniture corners =
+                layOutFurniture(canvas, data, viewport.projection(*data.position, 0), 4, textPx);
+            for (std::size_t i = 0; i < boxes.size(); ++i) {
+                for (std::size_t j = 0; j < i; ++j)
+                    EXPECT_FALSE(overlap(boxes[i], boxes[j])) << width << " " << track << ": " << i << " " << j;
+                for (const Rect& corner : corners.areas())
+                    EXPECT_FALSE(overlap(boxes[i], corner)) << width << " " << track << ": " << i;
+            }
+        }
 }
 
 TEST(HsiPage, StatesItsFullScaleInTheUnitInForce) {

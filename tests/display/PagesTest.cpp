@@ -117,6 +117,7 @@ TEST(SatellitePage, SaysWhyItIsEmpty) {
     EXPECT_EQ(fixText(data), "No fix, 0 satellites");
     EXPECT_NE(textsOf(PageId::Satellite, data).find("Waiting for satellite data"), std::string::npos);
     data.simulated = true;
+    EXPECT_EQ(fixText(data), "SIMULATOR");
     EXPECT_NE(textsOf(PageId::Satellite, data).find("The simulator has no satellites."), std::string::npos);
     data.status = "COM5 4800\nNo Gps Rcvr Activity";
     EXPECT_NE(textsOf(PageId::Satellite, data).find("\nCOM5 4800\nNo Gps Rcvr Activity\n"), std::string::npos);
