@@ -162,8 +162,8 @@ class EfisPainter {
     }
 
     void band(const Rect& box, std::string_view text) {
-        canvas_.rect(box, Brush{colors_[ColorKey::NavHeaderBackground]}, std::nullopt);
-        canvas_.text(box.center(), text, style(1, colors_[ColorKey::NavHeader]));
+        canvas_.rect(box, Brush{colors_[ColorKey::MapInfoBackground]}, std::nullopt);
+        canvas_.text(box.center(), text, style(1, colors_[ColorKey::MapInfoText]));
     }
 
     void speedTape() {

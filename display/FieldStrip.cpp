@@ -20,6 +20,7 @@ constexpr double kTallestCell = 150;  // in a column, where there is more room t
 constexpr double kLargestType = 400;
 constexpr double kCapShare = 0.62;       // of the height below the header that capitals fill
 constexpr double kCapShareOfLine = 0.3;  // the same for each of two lines
+constexpr double kDark = 80;             // light of a map's background by night
 constexpr std::string_view kWidestUnit = "mph";
 
 Font valueFont(double height) { return {.height = height, .weight = FontWeight::Bold}; }
@@ -112,14 +113,8 @@ class CellPainter {
     void paint(const NavField& field, const Rect& cell, const ValueSizes& sizes,
                const CockpitData& data) {
         const CellParts parts = partsOf(cell);
-        canvas_.rect(parts.header, Brush{colors_[ColorKey::NavHeaderBackground]}, std::nullopt);
         canvas_.rect(parts.value, Brush{colors_[ColorKey::NavBackground]}, std::nullopt);
-        canvas_.text(
-            parts.header.center(), field.header,
-            {.font = {.height = std::round(parts.header.height * 0.8), .weight = FontWeight::Bold},
-             .color = colors_[ColorKey::NavHeader],
-             .alignX = AlignX::Center,
-             .alignY = AlignY::Middle});
+        paintHeader(field.header, parts.header);
         const NavFieldText text = field.format(data);
         if (!text.secondLine.empty())
             paintTwoLines(text, parts.value, sizes.twoLines);
@@ -128,6 +123,24 @@ class CellPainter {
     }
 
  private:
+    // By night a bright band across the window dazzles: the brightness then ends with the word.
+    void paintHeader(std::string_view word, const Rect& area) {
+        const Font font{.height = std::round(area.height * 0.8), .weight = FontWeight::Bold};
+        const ColorValue ground = colors_[ColorKey::NavHeaderBackground];
+        const ColorValue ink = colors_[ColorKey::NavHeader];
+        Rect tab = area;
+        if (lightOf(colors_[ColorKey::MapBackground]) < kDark && lightOf(ground) > lightOf(ink)) {
+            canvas_.rect(area, Brush{colors_[ColorKey::NavBackground]}, std::nullopt);
+            tab.width =
+                std::min(area.width, std::round(canvas_.measure(word, font).width + font.height));
+            tab.x = std::round(area.center().x - tab.width / 2);
+        }
+        canvas_.rect(tab, Brush{ground}, std::nullopt);
+        canvas_.text(
+            area.center(), word,
+            {.font = font, .color = ink, .alignX = AlignX::Center, .alignY = AlignY::Middle});
+    }
+
     TextStyle style(const Font& font) const {
         return {.font = font, .color = colors_[ColorKey::NavText], .alignY = AlignY::Middle};
     }

@@ -135,8 +135,8 @@ class FlightPlanPainter {
 
     void header() {
         const Rect area = rows_.header();
-        canvas_.rect(area, Brush{colors_[ColorKey::NavHeaderBackground]}, std::nullopt);
-        const ColorValue color = colors_[ColorKey::NavHeader];
+        canvas_.rect(area, Brush{colors_[ColorKey::MapInfoBackground]}, std::nullopt);
+        const ColorValue color = colors_[ColorKey::MapInfoText];
         const double y = area.center().y;
         std::string title = data_.plan->fileName.empty() ? "WAYPOINT" : data_.plan->fileName;
         title += data_.plan->changed ? " *" : "";

@@ -47,12 +47,16 @@ std::string longitudeText(double degrees, int decimals) {
 }
 
 std::string distanceText(double nm) {
+    std::string text = distanceTenthsText(nm);
+    if (const std::size_t zero = text.find(".0 "); zero != std::string::npos)
+        text.erase(zero, 2);
+    return text;
+}
+
+std::string distanceTenthsText(double nm) {
     UnitLabels labels;
     const double shown = ConvertDistance(nm, &labels);
-    std::string number = formatFixed(shown, shown < 99.95 ? 1 : 0);
-    if (number.ends_with(".0"))
-        number.resize(number.size() - 2);
-    return number + " " + std::string(labels.distance);
+    return formatFixed(shown, shown < 99.95 ? 1 : 0) + " " + std::string(labels.distance);
 }
 
 std::string altitudeText(int feet, int altUnit) {

@@ -20,6 +20,8 @@ std::string coordinatesText(GeoPoint position);
 /// A distance in the unit in force with its label: "65 nm"; below a hundred with one decimal unless
 /// that is 0: "32.5 nm".
 std::string distanceText(double nm);
+/// The same with the decimal even if it is 0, for columns: "65.0 nm".
+std::string distanceTenthsText(double nm);
 
 /// "4500 ft", or in metres "1372 m" where `altUnit` is 1.
 std::string altitudeText(int feet, int altUnit);

@@ -69,9 +69,9 @@ class NearestPainter {
 
     void title(const NearestLayout& layout, std::size_t count) {
         const Rect& area = layout.title;
-        canvas_.rect(area, Brush{colors_[ColorKey::NavHeaderBackground]}, std::nullopt);
+        canvas_.rect(area, Brush{colors_[ColorKey::MapInfoBackground]}, std::nullopt);
         TextStyle style{.font = {.height = std::round(textPx_ * 1.1), .weight = FontWeight::Bold},
-                        .color = colors_[ColorKey::NavHeader],
+                        .color = colors_[ColorKey::MapInfoText],
                         .alignY = AlignY::Middle};
         canvas_.text({area.x + margin(), area.center().y}, text(TextId::NearestAirports), style);
         style.alignX = AlignX::Right;
@@ -99,7 +99,8 @@ class NearestPainter {
         const double lower = area.y + area.height * 0.74;
         who(airport, upper, lower);
         bearing(airport, area.width * kBearingColumn, upper);
-        right(distanceText(airport.distanceNm), area.width * kDistanceEnd, upper, large(), ink_);
+        right(distanceTenthsText(airport.distanceNm), area.width * kDistanceEnd, upper, large(),
+              ink_);
         runway(airport, area.width * kRunwayEnd - margin(), upper, lower);
         std::string elevation =
             airport.elevationFt ? lengthText(*airport.elevationFt, data_.altUnit) : "---";

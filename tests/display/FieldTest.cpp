@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Cockpit.h"
+#include "config/DataFileSearch.h"
 #include "display/ColorScheme.h"
 #include "display/FieldStrip.h"
 #include "display/GeoText.h"
@@ -44,6 +45,9 @@ TEST_F(Units, DistancesAreNeverRoundedToAWrongNumber) {
         SetDistanceUnit(each.unit);
         EXPECT_EQ(distanceText(each.nm), each.text);
     }
+    SetDistanceUnit(0);
+    EXPECT_EQ(distanceTenthsText(65), "65.0 nm");
+    EXPECT_EQ(distanceTenthsText(250), "250 nm");
 }
 
 TEST(GeoText, CoursesAndAges) {
@@ -214,6 +218,24 @@ TEST(FieldStrip, UsesTheColoursOfTheFields) {
     EXPECT_EQ(groundAt(canvas.findText("GS")->area.center()), scheme.Color("nav.header.background"));
     EXPECT_EQ(groundAt(canvas.findText("118")->area.center()), scheme.Color("nav.background"));
     EXPECT_EQ(groundAt({0, 40}), scheme.Color("nav.border"));
+}
+
+TEST(FieldStrip, OnlyWordsAreBrightAtNight) {
+    for (const bool night : {false, true}) {
+        ColorScheme scheme;
+        if (night) scheme.load(nightSchemeName(), DataFileSearch({}));
+        RecordingCanvas canvas(800, 62);
+        FieldStrip(MapColorCache(scheme))
+            .paint(canvas, FieldArrangement::OneRow, defaultNavFields().first(5), flying());
+        double bright = 0;
+        for (const RecordingCanvas::Element& element : canvas.elements())
+            if (element.area.height < 40 && element.fill &&
+                element.fill->color == scheme.Color("nav.header.background"))
+                bright += element.area.width;
+        EXPECT_EQ(bright > 700, !night) << bright;
+        EXPECT_GT(bright, 100);
+        EXPECT_EQ(canvas.findText("GS")->style.color, scheme.Color("nav.header"));
+    }
 }
 
 TEST(TouchBar, WordsAndStatesCanBeToldApart) {

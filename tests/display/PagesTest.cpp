@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "Cockpit.h"
+#include "config/DataFileSearch.h"
 #include "display/ColorScheme.h"
 #include "display/MapColorCache.h"
 #include "display/PagePainter.h"
@@ -19,12 +20,14 @@ constexpr std::uint32_t word(unsigned number, bool used, unsigned signal, unsign
     return (((elevation << 9U | azimuth) << 8U | signal) << 8U | number) | (used ? 0x80U : 0U);
 }
 
-// A page painted with the day scheme.
+// A page painted with the day scheme, unless a name says another one.
 struct PaintedPage {
     RecordingCanvas canvas;
 
-    PaintedPage(PageId page, const CockpitData& data, int width = 800, int height = 370) : canvas(width, height) {
-        const ColorScheme scheme;
+    PaintedPage(PageId page, const CockpitData& data, int width = 800, int height = 370, std::string_view name = {})
+        : canvas(width, height) {
+        ColorScheme scheme;
+        scheme.load(name, DataFileSearch({}));
         const MapColorCache colors(scheme);
         MapViewport viewport;
         viewport.layout(page, width, height);
@@ -137,6 +140,33 @@ TEST(AttitudePage, CrossesAStalePictureOut) {
         EXPECT_EQ(canvas.elements().front().kind, RecordingCanvas::Kind::Bitmap);
         EXPECT_EQ(canvas.findText("NO ATTITUDE") == nullptr, alive);
     }
+}
+
+// The ground on which a text stands: what was filled last below its middle.
+ColorValue groundOf(const std::vector<Element>& elements, std::size_t text, ColorValue page) {
+    const Point middle = elements[text].area.center();
+    for (std::size_t i = text; i-- > 0;) {
+        const Element& below = elements[i];
+        if ((below.kind == Kind::Rect || below.kind == Kind::Circle) && below.fill && below.area.contains(middle))
+            return blended(below.fill->color, page, 1 - below.fill->opacity);
+    }
+    return page;
+}
+
+TEST(PagePainter, NothingIsBrighterThanItsTextAtNight) {
+    CockpitData data = navigating();
+    data.alarms = {"CHECK GEAR"};
+    data.simulated = true;
+    for (const CockpitData& each : {data, flying(), CockpitData{}})
+        for (int page = 0; page < kPageCount; ++page) {
+            const PaintedPage night(PageId{page}, each, 800, 370, nightSchemeName());
+            const auto& elements = night.canvas.elements();
+            for (std::size_t i = 0; i < elements.size(); ++i) {
+                if (elements[i].kind != Kind::Text) continue;
+                EXPECT_LT(lightOf(groundOf(elements, i, Rgb(0, 0, 0))), lightOf(elements[i].style.color))
+                    << page << " " << elements[i].text;
+            }
+        }
 }
 
 TEST(PagePainter, EveryPageShowsSomethingInFlight) {
