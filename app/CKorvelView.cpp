@@ -22,6 +22,8 @@
 #include "display/MeasureLayer.h"
 #include "display/NearAirports.h"
 #include "display/PlaceHit.h"
+#include "display/PlanMarks.h"
+#include "navdb/RecordKey.h"
 
 namespace korvel {
 namespace {
@@ -41,6 +43,22 @@ constexpr std::array kButtons = {TouchCommand::Page,  TouchCommand::DirectTo, To
 constexpr double kFingerPixels = 24;
 /// A list moves by a row for each of these.
 constexpr double kScrollPixels = 40;
+
+/// The identifier as well: a VOR is often called like the airport beside it.
+std::string calledWaypoint(const CockpitData& data) {
+    const std::string_view ident = identOfKey(data.activeKey);
+    if (data.activeName.empty() || ident.empty() || ident == data.activeName)
+        return data.activeName.empty() ? std::string(ident) : data.activeName;
+    return std::string(ident) + ' ' + data.activeName;
+}
+
+/// The altitude that is wanted there; the one to be at next may belong to a later waypoint.
+std::optional<std::int32_t> altitudeAtWaypoint(const CockpitData& data) {
+    if (data.directLeg)
+        return data.targetAltitudeFt;
+    const auto row = flownRow(data);
+    return row ? data.plan->rows[*row].altitudeFt : std::nullopt;
+}
 
 /// A point of the window as the page counts it.
 Point onPage(Point at, const ScreenLayout& layout) {
@@ -160,14 +178,16 @@ void CKorvelView::pauseAutomatic() {
 
 /// Once for each: while it descends towards one, the altitude there changes all the time.
 void CKorvelView::announceWaypoint() {
-    if (data_.activeName == announced_)
+    std::string waypoint = calledWaypoint(data_);
+    if (waypoint == announced_)
         return;
-    announced_ = data_.activeName;
+    announced_ = std::move(waypoint);
     if (announced_.empty())
         return;
     const std::string_view name = announced_;
-    say(data_.targetAltitudeFt ? formatText(TextId::NextWaypointAt, {name, *data_.targetAltitudeFt})
-                               : formatText(TextId::NextWaypoint, {name}));
+    const auto altitudeFt = altitudeAtWaypoint(data_);
+    say(altitudeFt ? formatText(TextId::NextWaypointAt, {name, *altitudeFt})
+                   : formatText(TextId::NextWaypoint, {name}));
 }
 
 void CKorvelView::announceApproach() {

@@ -33,7 +33,8 @@ void DerivedAttitude::add(double trackDeg, std::int64_t nowMs) {
     const auto isOld = [nowMs](const Sample& sample, std::int64_t afterMs) {
         return nowMs - sample.atMs > afterMs;
     };
-    while (isOld(samples_.front(), samples_.size() > 2 ? kWindowMs : kLongestGapMs))
+    while (isOld(samples_.front(), kLongestGapMs) ||
+           (isOld(samples_.front(), kWindowMs) && nowMs - samples_[1].atMs >= kLeastSpanMs))
         samples_.pop_front();
 }
 

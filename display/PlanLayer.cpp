@@ -9,6 +9,7 @@ namespace korvel {
 namespace {
 
 constexpr double kFaded = 0.5;
+constexpr double kNameFaded = 0.2;
 constexpr double kActiveWidth = 5;
 constexpr double kCoreWidth = 1.5;  // of the background inside it
 constexpr double kAheadWidth = 2.5;
@@ -92,7 +93,9 @@ class PlanPainter {
             style.color = frame_.colors[ColorKey::HsiNumeral];
             canvas_.rect(mark.labelBox, Brush{background_}, Pen{active_, 2, PenStyle::Solid});
         } else {
-            style.color = mark.part == PlanPart::Passed ? faded_ : plan_;
+            // Its line may fade into the night, a name must stay readable.
+            style.color =
+                mark.part == PlanPart::Passed ? blended(plan_, background_, kNameFaded) : plan_;
             style.halo = background_;
         }
         canvas_.text(mark.labelAt, mark.label, style);

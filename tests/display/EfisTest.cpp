@@ -73,6 +73,11 @@ TEST(DerivedAttitude, FollowsTurnsWhenSimulatedTimePassesFaster) {
         flight.ratePerSec = 0;
         flight.fly(2);
         EXPECT_NEAR(*flight.data.bankDeg, 0, 0.05) << factor;
+        flight.tickMs = flight.everyMs = 500;
+        flight.fly(1);
+        EXPECT_TRUE(flight.data.bankDeg) << "time passes as usual again";
+        flight.fly(8);
+        EXPECT_TRUE(flight.data.bankDeg);
         flight.tickMs = 120000;
         flight.fly(1);
         EXPECT_FALSE(flight.data.bankDeg) << "nothing is known of the last two minutes";
