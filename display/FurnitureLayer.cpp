@@ -25,7 +25,7 @@ class FurniturePainter {
         const Point center = box.area.center();
         const std::string_view text = box.text;
         const std::size_t end = text.find('\n');
-        if (end == text.npos) {
+        if (end == std::string_view::npos) {
             canvas_.text(center, text, centered(font, ink_));
             return;
         }

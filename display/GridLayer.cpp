@@ -1,5 +1,6 @@
 #include "display/GridLayer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string>
@@ -64,9 +65,10 @@ void paintGridLabels(const MapFrame& frame, Canvas& canvas) {
     for (const GridLine& line : gridLines(frame.projection, frame.view)) {
         const TextExtent extent = canvas.measure(line.label, style.font);
         const std::vector<Point> places = labelPlaces(line.segment, frame.view, extent);
-        std::vector<Rect> boxes;
-        for (const Point place : places)
-            boxes.push_back(grown(textBox(place, extent, style), kLabelMargin));
+        std::vector<Rect> boxes(places.size());
+        std::ranges::transform(places, boxes.begin(), [&](Point place) {
+            return grown(textBox(place, extent, style), kLabelMargin);
+        });
         const auto found = claimFirst(frame.labels, boxes, frame.planLines);
         if (!found)
             continue;

@@ -48,7 +48,7 @@ class BoxLayout {
     static std::size_t middleSpace(std::string_view text) {
         const std::size_t after = text.find(' ', text.size() / 2);
         const std::size_t before = text.rfind(' ', text.size() / 2);
-        if (after == text.npos || before == text.npos)
+        if (after == std::string_view::npos || before == std::string_view::npos)
             return std::min(after, before);
         return after + before <= text.size() ? after : before;
     }

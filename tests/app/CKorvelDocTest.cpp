@@ -148,7 +148,7 @@ TEST_F(CKorvelDocTest, TheAttitudeModulesPortFollowsItsSettingsAtOnce) {
     doc_->tick();
     Settings changed = doc_->settings();
     for (const char* port : {"COM7", "COM8", ""}) {
-        changed.viaGyro = port[0] != 0;
+        changed.viaGyro = port[0] != 0 ? 1 : 0;
         changed.portGyro = port;
         changed.baudGyro = "57600";
         doc_->applySettings(changed);
