@@ -33,7 +33,7 @@ Navigator& FileCommands::navigator() { return host_.document().navigator(); }
 
 void FileCommands::addTo(QMenu& menu) {
     const auto nothing = [] {};
-    const auto hasPlan = [this] { return this->hasPlan(); };
+    const auto hasPlan = [this] { return navigator().plan().hasPlan(); };
     host_.addCommand(menu, TextId::CommandNewPlan, {QKeySequence(Qt::CTRL | Qt::Key_N)},
                      [this] { withPlanSafe([this] { newPlan(); }); });
     host_.addCommand(menu, TextId::CommandOpenPlan, {QKeySequence(Qt::CTRL | Qt::Key_O)},
@@ -77,12 +77,10 @@ void FileCommands::showFileError(const std::filesystem::path& path, const std::s
 // Plans
 
 void FileCommands::newPlan() {
-    const bool had = hasPlan();
+    const bool had = navigator().plan().hasPlan();
     navigator().plan().clear();
     host_.view().say(std::string(text(had ? TextId::PlanClosed : TextId::PlanMissing)));
 }
-
-bool FileCommands::hasPlan() { return !navigator().plan().entries().empty(); }
 
 void FileCommands::choosePlan() {
     choose({TextId::OpenPlanTitle, TextId::PlanFilter},

@@ -37,7 +37,6 @@ class FileCommands {
  private:
     void showFileError(const std::filesystem::path& path, const std::string& error);
     void newPlan();
-    bool hasPlan();
     void savePlan(const std::function<void()>& next);
     void savePlanAs(const std::function<void()>& next);
     void savePlanTo(const std::filesystem::path& path, const std::function<void()>& next);

@@ -1,5 +1,7 @@
 #include "app/NavigateCommands.h"
 
+#include <array>
+
 #include "app/ApproachSheet.h"
 #include "app/CKorvelDoc.h"
 #include "app/CKorvelView.h"
@@ -9,6 +11,19 @@
 #include "app/RouteSheet.h"
 
 namespace korvel {
+namespace {
+
+/// A command that changes the plan, with Ctrl and a key.
+struct PlanChange {
+    TextId name;
+    Qt::Key key;
+    bool (PlanDesk::*make)();
+    bool (PlanDesk::*can)() const;
+    TextId done;
+    TextId otherwise;  ///< said when there is nothing to change
+};
+
+}  // namespace
 
 Navigator& NavigateCommands::navigator() { return host_.document().navigator(); }
 
@@ -44,36 +59,24 @@ void NavigateCommands::addPlanCommands(QMenu& menu) {
     host_.addCommand(menu, TextId::CommandShowPlan, {Qt::Key_F}, [this] { showPlan(); });
     host_.addCommand(menu, TextId::CommandRoute, {QKeySequence(Qt::SHIFT | Qt::Key_F)},
                      [this] { editRoute(); });
-    const auto hasPlan = [this] { return !navigator().plan().entries().empty(); };
-    greyUnless(menu,
-               host_.addCommand(
-                   menu, TextId::CommandActivate, {QKeySequence(Qt::CTRL | Qt::Key_A)},
-                   [this] { sayWhether(navigator().plan().activate(), TextId::PlanActivated); }),
-               hasPlan);
-    greyUnless(menu,
-               host_.addCommand(
-                   menu, TextId::CommandReverse, {QKeySequence(Qt::CTRL | Qt::Key_R)},
-                   [this] { sayWhether(navigator().plan().reverse(), TextId::PlanReversed); }),
-               hasPlan);
-    greyUnless(menu,
-               host_.addCommand(menu, TextId::CommandUndo, {QKeySequence(Qt::CTRL | Qt::Key_Z)},
-                                [this] {
-                                    sayWhether(navigator().plan().undo(), TextId::PlanUndone,
-                                               TextId::NothingToUndo);
-                                }),
-               [this] { return navigator().plan().canUndo(); });
-    greyUnless(menu,
-               host_.addCommand(menu, TextId::CommandRedo, {QKeySequence(Qt::CTRL | Qt::Key_Y)},
-                                [this] {
-                                    sayWhether(navigator().plan().redo(), TextId::PlanRedone,
-                                               TextId::NothingToUndo);
-                                }),
-               [this] { return navigator().plan().canRedo(); });
-}
-
-/// A plan that is not on the screen changes unseen.
-void NavigateCommands::sayWhether(bool done, TextId doneText, TextId otherwise) {
-    host_.view().say(std::string(text(done ? doneText : otherwise)));
+    constexpr std::array kChanges{
+        PlanChange{TextId::CommandActivate, Qt::Key_A, &PlanDesk::activate, &PlanDesk::hasPlan,
+                   TextId::PlanActivated, TextId::PlanMissing},
+        PlanChange{TextId::CommandReverse, Qt::Key_R, &PlanDesk::reverse, &PlanDesk::hasPlan,
+                   TextId::PlanReversed, TextId::PlanMissing},
+        PlanChange{TextId::CommandUndo, Qt::Key_Z, &PlanDesk::undo, &PlanDesk::canUndo,
+                   TextId::PlanUndone, TextId::NothingToUndo},
+        PlanChange{TextId::CommandRedo, Qt::Key_Y, &PlanDesk::redo, &PlanDesk::canRedo,
+                   TextId::PlanRedone, TextId::NothingToUndo}};
+    for (const PlanChange& change : kChanges) {
+        QAction& action = host_.addCommand(
+            menu, change.name, {QKeySequence(Qt::CTRL | change.key)}, [this, change] {
+                // A plan that is not on the screen changes unseen.
+                const bool done = (navigator().plan().*change.make)();
+                host_.view().say(std::string(text(done ? change.done : change.otherwise)));
+            });
+        greyUnless(menu, action, [this, can = change.can] { return (navigator().plan().*can)(); });
+    }
 }
 
 void NavigateCommands::showPlan() {

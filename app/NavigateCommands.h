@@ -39,7 +39,6 @@ class NavigateCommands {
 
  private:
     void addPlanCommands(QMenu& menu);
-    void sayWhether(bool done, TextId doneText, TextId otherwise = TextId::PlanMissing);
     void clearNavigation();
     void suspend(bool on);
     void recordTrack(bool on);

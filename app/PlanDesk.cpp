@@ -22,6 +22,11 @@ std::vector<PlanWaypoint> PlanDesk::entries() const {
     return plan->has_value() ? (*plan)->entries() : std::vector<PlanWaypoint>();
 }
 
+bool PlanDesk::hasPlan() const {
+    const auto plan = plan_.lock();
+    return plan->has_value() && !(*plan)->entries().empty();
+}
+
 void PlanDesk::setPresent(std::optional<GeoPoint> present) {
     present_ = present;
     files_.setPresent(present);
@@ -29,7 +34,7 @@ void PlanDesk::setPresent(std::optional<GeoPoint> present) {
 
 void PlanDesk::noteChange(bool changed) {
     // Nothing is left to save of a plan without waypoints.
-    changed_ = changed && !entries().empty();
+    changed_ = changed && hasPlan();
     ++revision_;
     keepUnsaved();
 }

@@ -31,6 +31,7 @@ class PlanDesk {
     GeneratedFixes& fixes() { return fixes_; }
     /// A copy of the plan's entries; empty without a plan.
     [[nodiscard]] std::vector<PlanWaypoint> entries() const;
+    [[nodiscard]] bool hasPlan() const;
     /// Grows with every change of the plan.
     [[nodiscard]] std::uint64_t revision() const { return revision_; }
 
@@ -56,9 +57,8 @@ class PlanDesk {
     [[nodiscard]] bool canUndo() const { return history_.canUndo(); }
     [[nodiscard]] bool canRedo() const { return history_.canRedo(); }
 
-    /// Opens a ".fp" or ".TXT" file. A file that cannot be read as a plan leaves none, and
-    /// undo() brings the former one back; one that
-    /// cannot be opened changes nothing.
+    /// Opens a ".fp" or ".TXT" file. A file that cannot be read as a plan leaves none, and undo()
+    /// brings the former one back; one that cannot be opened changes nothing.
     [[nodiscard]] std::string open(const std::filesystem::path& path);
     /// Saves to this file, which becomes the plan's file.
     [[nodiscard]] std::string saveAs(const std::filesystem::path& path);

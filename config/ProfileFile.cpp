@@ -181,10 +181,12 @@ bool ProfileFile::load(const std::filesystem::path& file) {
     }
     entries_ = parseProfile(*bytes);
     if (isDamaged(*bytes)) {
-        damagedCopy_ = file;
-        damagedCopy_ += ".damaged";
-        std::filesystem::copy_file(file, damagedCopy_,
-                                   std::filesystem::copy_options::overwrite_existing, failure);
+        std::filesystem::path copy = file;
+        copy += ".damaged";
+        if (std::filesystem::copy_file(
+                file, copy, std::filesystem::copy_options::overwrite_existing, failure)) {
+            damagedCopy_ = std::move(copy);
+        }
         // Zeros would count as damage again, and the copy would be lost at the next start.
         std::erase_if(entries_, [](const auto& entry) {
             return entry.first.find('\0') != std::string::npos;

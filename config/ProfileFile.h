@@ -47,7 +47,7 @@ class ProfileFile {
     const ProfileEntries& entries() const { return entries_; }
 
     /// Where a copy of the file is kept that could not be read to its end as settings, since the
-    /// next save writes over it; empty: it could.
+    /// next save writes over it; empty when it could, or could not be copied.
     const std::filesystem::path& damagedCopy() const { return damagedCopy_; }
 
     /// A value that does not begin with an integer counts as missing and is replaced.

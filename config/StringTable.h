@@ -307,7 +307,7 @@ enum class TextId : int {
     PagesHelp = 61922,
     NoPlanToSave = 61923,
 
-    // The approach to a runway.
+    // What became of a command.
     PlanUndone = 61930,
     PlanRedone = 61931,
     PlanReversed = 61932,
@@ -315,6 +315,8 @@ enum class TextId : int {
     PlanMissing = 61934,
     NavigationCleared = 61935,
     NoAlarm = 61936,
+
+    // The approach to a runway.
     ApproachShort = 61940,
     GlideHigh = 61941,
     GlideLow = 61942,

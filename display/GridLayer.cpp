@@ -9,7 +9,6 @@
 
 #include "display/Clip.h"
 #include "display/MapFrame.h"
-#include "display/MapGrid.h"
 #include "display/TextBox.h"
 
 namespace korvel {
@@ -53,7 +52,8 @@ TextStyle labelStyle(const MapFrame& frame) {
 
 void paintGrid(const MapFrame& frame, Canvas& canvas) {
     std::vector<Segment> segments;
-    for (const GridLine& line : gridLines(frame.projection, frame.view))
+    segments.reserve(frame.grid.size());
+    for (const GridLine& line : frame.grid)
         segments.push_back(line.segment);
     canvas.lines(segments, {.color = blended(frame.colors[ColorKey::MapGrid],
                                              frame.colors[ColorKey::MapBackground], kFaded),
@@ -62,7 +62,7 @@ void paintGrid(const MapFrame& frame, Canvas& canvas) {
 
 void paintGridLabels(const MapFrame& frame, Canvas& canvas) {
     const TextStyle style = labelStyle(frame);
-    for (const GridLine& line : gridLines(frame.projection, frame.view)) {
+    for (const GridLine& line : frame.grid) {
         const TextExtent extent = canvas.measure(line.label, style.font);
         const std::vector<Point> places = labelPlaces(line.segment, frame.view, extent);
         std::vector<Rect> boxes(places.size());

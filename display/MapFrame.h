@@ -11,6 +11,7 @@
 #include "display/LabelSpace.h"
 #include "display/MapColorCache.h"
 #include "display/MapFurniture.h"
+#include "display/MapGrid.h"
 #include "display/MapViewport.h"
 #include "display/MeasureLayer.h"
 #include "display/PlanLines.h"
@@ -49,6 +50,7 @@ struct MapFrame {
     const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
     const MeasureTool* measure = nullptr;  ///< the ruler; null for none
     std::optional<MeasureLook> measureLook{};
+    std::span<const GridLine> grid{};               ///< meridians and parallels
     std::span<const PlanLine> plan{};               ///< its legs
     std::span<const PlanMark> planMarks{};          ///< with the room that their labels have
     std::span<const ApproachMark> approachMarks{};  ///< likewise

@@ -94,6 +94,7 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
     const std::vector<RingLabel> ringLabels =
         layOutRingLabels(canvas, projection, aircraft, rangeNm, textPx, scene.places, labels);
 
+    const std::vector<GridLine> grid = gridLines(projection, view);
     std::vector<MapName> names;
     const MapFrame frame{.data = data,
                          .colors = colors,
@@ -111,6 +112,7 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
                          .track = scene.track,
                          .measure = scene.measure,
                          .measureLook = std::move(measureLook),
+                         .grid = grid,
                          .plan = plan,
                          .planMarks = planMarks,
                          .approachMarks = approachMarks,
