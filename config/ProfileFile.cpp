@@ -6,8 +6,8 @@
 #include <system_error>
 #include <utility>
 
+#include "base/TextNumbers.h"
 #include "config/TextBytes.h"
-#include "nav/TextNumbers.h"
 #include "platform/FileIo.h"
 
 namespace korvel {

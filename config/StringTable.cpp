@@ -4,7 +4,7 @@
 #include <array>
 #include <cstddef>
 
-#include "nav/TextNumbers.h"
+#include "base/TextNumbers.h"
 
 namespace korvel {
 namespace {

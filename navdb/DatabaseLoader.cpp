@@ -4,7 +4,7 @@
 #include <iterator>
 #include <utility>
 
-#include "navdb/UserDatabaseReader.h"
+#include "navdb/user/UserDatabaseReader.h"
 #include "platform/Folders.h"
 
 namespace korvel {

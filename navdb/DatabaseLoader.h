@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
-#include "navdb/FixRecord.h"
 #include "navdb/LoadReport.h"
 #include "navdb/NavDatabase.h"
-#include "navdb/UserRecordStore.h"
+#include "navdb/records/FixRecord.h"
+#include "navdb/user/UserRecordStore.h"
 
 namespace korvel {
 

@@ -6,13 +6,13 @@
 #include <limits>
 #include <utility>
 
-#include "nav/Geodesy.h"
-#include "navdb/AirportDetails.h"
-#include "navdb/DatabaseFile.h"
-#include "navdb/PlaceRows.h"
-#include "navdb/PlaceSearch.h"
-#include "navdb/PrefixSearch.h"
-#include "navdb/UserRecordStore.h"
+#include "geo/Geodesy.h"
+#include "navdb/file/DatabaseFile.h"
+#include "navdb/records/AirportDetails.h"
+#include "navdb/search/PlaceRows.h"
+#include "navdb/search/PlaceSearch.h"
+#include "navdb/search/PrefixSearch.h"
+#include "navdb/user/UserRecordStore.h"
 
 namespace korvel {
 namespace {

@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
-#include "nav/GeoPoint.h"
-#include "navdb/AirportRecord.h"
-#include "navdb/DatabaseRecord.h"
-#include "navdb/Place.h"
+#include "geo/GeoPoint.h"
+#include "navdb/records/AirportRecord.h"
+#include "navdb/records/DatabaseRecord.h"
+#include "navdb/search/Place.h"
 #include "platform/Clock.h"
 
 namespace korvel {

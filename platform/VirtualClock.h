@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
+#include "base/Guarded.h"
 #include "platform/Clock.h"
-#include "platform/Guarded.h"
 
 namespace korvel {
 

@@ -9,7 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "nav/Geodesy.h"
+#include "geo/Geodesy.h"
 
 namespace korvel {
 namespace {

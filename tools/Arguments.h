@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "nav/GeoPoint.h"
+#include "geo/GeoPoint.h"
 #include "platform/Clock.h"
 
 namespace korvel {

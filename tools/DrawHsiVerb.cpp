@@ -1,11 +1,11 @@
 #include <string>
 
-#include "display/ColorScheme.h"
-#include "display/HsiPainter.h"
-#include "display/MapColorCache.h"
-#include "display/MapViewport.h"
-#include "display/SvgCanvas.h"
-#include "nav/Geodesy.h"
+#include "geo/Geodesy.h"
+#include "map/MapViewport.h"
+#include "pages/HsiPainter.h"
+#include "paint/ColorScheme.h"
+#include "paint/MapColorCache.h"
+#include "paint/SvgCanvas.h"
 #include "tools/Arguments.h"
 #include "tools/DrawVerb.h"
 

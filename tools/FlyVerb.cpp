@@ -8,9 +8,9 @@
 
 #include <climits>
 
-#include "app/CKorvelDoc.h"
-#include "nav/Geodesy.h"
-#include "nav/TextNumbers.h"
+#include "base/TextNumbers.h"
+#include "cockpit/CKorvelDoc.h"
+#include "geo/Geodesy.h"
 #include "platform/VirtualClock.h"
 #include "tools/Arguments.h"
 #include "tools/FeedDevice.h"

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "nav/Geodesy.h"
-#include "nav/TextNumbers.h"
+#include "base/TextNumbers.h"
+#include "geo/Geodesy.h"
 #include "tools/Arguments.h"
 #include "tools/Invocation.h"
 #include "tools/Verbs.h"

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "dbc/AiracCycle.h"
-#include "dbc/NavdbBuild.h"
+#include "compiler/NavdbBuild.h"
+#include "compiler/sources/AiracCycle.h"
 #include "tools/Arguments.h"
 #include "tools/ProgressBar.h"
 

@@ -5,11 +5,11 @@
 #include <optional>
 #include <vector>
 
-#include "nav/Geodesy.h"
-#include "nav/TextNumbers.h"
-#include "navdb/AirportRecord.h"
-#include "navdb/DatabaseFile.h"
-#include "navdb/DatabaseVerify.h"
+#include "base/TextNumbers.h"
+#include "geo/Geodesy.h"
+#include "navdb/file/DatabaseFile.h"
+#include "navdb/file/DatabaseVerify.h"
+#include "navdb/records/AirportRecord.h"
 #include "platform/VirtualClock.h"
 #include "tools/Arguments.h"
 #include "tools/LoadedDatabase.h"

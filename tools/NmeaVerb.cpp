@@ -8,10 +8,10 @@
 #include <system_error>
 #include <vector>
 
-#include "gps/GpsInput.h"
-#include "nav/Geodesy.h"
-#include "nav/TextNumbers.h"
+#include "base/TextNumbers.h"
+#include "geo/Geodesy.h"
 #include "platform/VirtualClock.h"
+#include "receiver/GpsInput.h"
 #include "tools/Arguments.h"
 #include "tools/Invocation.h"
 #include "tools/ProgressBar.h"

@@ -1,7 +1,7 @@
 #include "tools/PlanInput.h"
 
 #include "config/StringTable.h"
-#include "nav/Track.h"
+#include "nav/track/Track.h"
 #include "platform/FileIo.h"
 #include "tools/RecordJson.h"
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "nav/GeneratedFixes.h"
-#include "nav/PlanFiles.h"
+#include "nav/plan/GeneratedFixes.h"
+#include "nav/plan/PlanFiles.h"
 #include "tools/Invocation.h"
 #include "tools/LoadedDatabase.h"
 

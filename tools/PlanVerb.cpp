@@ -1,6 +1,6 @@
 #include <string>
 
-#include "nav/TextNumbers.h"
+#include "base/TextNumbers.h"
 #include "tools/Invocation.h"
 #include "tools/LoadedDatabase.h"
 #include "tools/PlanInput.h"

@@ -9,9 +9,9 @@
 #include <variant>
 #include <vector>
 
+#include "base/TextNumbers.h"
 #include "config/ProfileFile.h"
 #include "config/Settings.h"
-#include "nav/TextNumbers.h"
 #include "platform/FileIo.h"
 #include "platform/RegistryProfile.h"
 #include "tools/Arguments.h"

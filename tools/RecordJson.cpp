@@ -4,12 +4,12 @@
 #include <charconv>
 #include <optional>
 
-#include "display/AirportText.h"
-#include "nav/Geodesy.h"
-#include "nav/TextNumbers.h"
-#include "navdb/AirportRecord.h"
-#include "navdb/FixRecord.h"
-#include "navdb/NavaidRecord.h"
+#include "base/TextNumbers.h"
+#include "geo/Geodesy.h"
+#include "navdb/records/AirportRecord.h"
+#include "navdb/records/FixRecord.h"
+#include "navdb/records/NavaidRecord.h"
+#include "pages/AirportText.h"
 
 namespace korvel {
 namespace {

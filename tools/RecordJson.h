@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "navdb/DatabaseRecord.h"
+#include "navdb/records/DatabaseRecord.h"
 #include "tools/Invocation.h"
 
 namespace korvel {

@@ -2,8 +2,8 @@
 #include <string>
 #include <vector>
 
-#include "nav/GeneratedFixes.h"
-#include "nav/RouteEntry.h"
+#include "nav/plan/GeneratedFixes.h"
+#include "nav/plan/RouteEntry.h"
 #include "tools/Invocation.h"
 #include "tools/LoadedDatabase.h"
 #include "tools/PlanInput.h"

@@ -1,7 +1,7 @@
 #include <string>
 
-#include "display/ColorScheme.h"
-#include "nav/TextNumbers.h"
+#include "base/TextNumbers.h"
+#include "paint/ColorScheme.h"
 #include "tools/Invocation.h"
 #include "tools/Verbs.h"
 

@@ -2,10 +2,10 @@
 #include <cstdint>
 #include <string>
 
+#include "base/TextNumbers.h"
 #include "config/StringTable.h"
-#include "nav/LocalSeconds.h"
-#include "nav/TextNumbers.h"
-#include "nav/Track.h"
+#include "nav/track/LocalSeconds.h"
+#include "nav/track/Track.h"
 #include "platform/FileIo.h"
 #include "platform/SystemClock.h"
 #include "tools/Invocation.h"

@@ -12,9 +12,9 @@
 #include <benchmark/benchmark.h>
 
 #include "SqlitePlaces.h"
-#include "nav/Geodesy.h"
-#include "navdb/DatabaseFile.h"
+#include "geo/Geodesy.h"
 #include "navdb/NavDatabase.h"
+#include "navdb/file/DatabaseFile.h"
 #include "platform/SystemClock.h"
 
 namespace korvel {

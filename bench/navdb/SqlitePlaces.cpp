@@ -4,9 +4,9 @@
 #include <cmath>
 #include <stdexcept>
 
-#include "nav/Geodesy.h"
-#include "navdb/DatabaseFile.h"
-#include "navdb/DatabaseRecord.h"
+#include "geo/Geodesy.h"
+#include "navdb/file/DatabaseFile.h"
+#include "navdb/records/DatabaseRecord.h"
 #include "platform/SystemClock.h"
 
 namespace korvel {

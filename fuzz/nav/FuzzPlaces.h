@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 
-#include "nav/GeneratedFixes.h"
-#include "nav/Geodesy.h"
-#include "navdb/FixRecord.h"
+#include "geo/Geodesy.h"
+#include "nav/plan/GeneratedFixes.h"
 #include "navdb/NavDatabase.h"
-#include "navdb/UserRecordStore.h"
+#include "navdb/records/FixRecord.h"
+#include "navdb/user/UserRecordStore.h"
 #include "platform/VirtualClock.h"
 
 namespace korvel {

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "FuzzPlaces.h"
-#include "nav/PlanFiles.h"
+#include "nav/plan/PlanFiles.h"
 
 /// A plan that was read is written so that it can be read again, as the same plan.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "FuzzPlaces.h"
-#include "nav/RouteEntry.h"
+#include "nav/plan/RouteEntry.h"
 
 /// Every route is expanded or refused with a message and its word; every entry is a place.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

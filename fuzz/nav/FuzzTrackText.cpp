@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "nav/Track.h"
+#include "nav/track/Track.h"
 #include "platform/VirtualClock.h"
 
 /// What was read must come back the same after it was written.

@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include "FuzzPlaces.h"
-#include "nav/PlanFiles.h"
+#include "nav/plan/PlanFiles.h"
 
 /// Converts a list in a folder of its own and opens the result.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -9,13 +9,13 @@
 #include <unistd.h>
 #include <vector>
 
-#include "nav/Geodesy.h"
-#include "navdb/DatabaseChecksum.h"
-#include "navdb/DatabaseFile.h"
-#include "navdb/DatabaseLayout.h"
-#include "navdb/DatabaseVerify.h"
-#include "navdb/LittleEndian.h"
+#include "geo/Geodesy.h"
 #include "navdb/NavDatabase.h"
+#include "navdb/file/DatabaseChecksum.h"
+#include "navdb/file/DatabaseFile.h"
+#include "navdb/file/DatabaseLayout.h"
+#include "navdb/file/DatabaseVerify.h"
+#include "navdb/file/LittleEndian.h"
 #include "platform/VirtualClock.h"
 
 namespace korvel {

@@ -5,8 +5,8 @@
 #include <string>
 #include <unistd.h>
 
-#include "navdb/UserDatabaseReader.h"
-#include "navdb/UserRecordStore.h"
+#include "navdb/user/UserDatabaseReader.h"
+#include "navdb/user/UserRecordStore.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace korvel;  // NOLINT(google-build-using-namespace): the entry point is global

@@ -4,7 +4,7 @@
 #include <string>
 #include <system_error>
 
-#include "platform/Handle.h"
+#include "platform/win32/Handle.h"
 
 namespace korvel {
 namespace {

@@ -6,7 +6,7 @@
 #include <system_error>
 #include <windows.h>
 
-#include "platform/Handle.h"
+#include "platform/win32/Handle.h"
 
 namespace korvel {
 namespace {

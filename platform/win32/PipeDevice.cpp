@@ -1,4 +1,4 @@
-#include "platform/PipeDevice.h"
+#include "platform/win32/PipeDevice.h"
 
 #include <array>
 #include <chrono>

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "platform/Event.h"
-#include "platform/Handle.h"
 #include "platform/SerialDevice.h"
+#include "platform/win32/Handle.h"
 
 namespace korvel {
 

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <utility>
 
-#include "platform/PipeDevice.h"
+#include "platform/win32/PipeDevice.h"
 
 namespace korvel {
 namespace {

@@ -5,8 +5,8 @@
 #include <utility>
 #include <windows.h>
 
-#include "platform/Handle.h"
-#include "platform/PipeDevice.h"
+#include "platform/win32/Handle.h"
+#include "platform/win32/PipeDevice.h"
 
 namespace korvel {
 namespace {

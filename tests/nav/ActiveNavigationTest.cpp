@@ -3,10 +3,10 @@
 #include <random>
 
 #include "TempFolder.h"
-#include "nav/ActiveNavigation.h"
 #include "nav/PlacesFixture.h"
-#include "nav/RouteEntry.h"
-#include "nav/TrackRecorder.h"
+#include "nav/leg/ActiveNavigation.h"
+#include "nav/plan/RouteEntry.h"
+#include "nav/track/TrackRecorder.h"
 
 namespace korvel { namespace {
 

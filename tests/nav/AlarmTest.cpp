@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "nav/FlightAlarms.h"
+#include "nav/alarms/FlightAlarms.h"
 
 namespace korvel { namespace {
 

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "nav/ApproachMode.h"
-#include "nav/Geodesy.h"
-#include "nav/Units.h"
-#include "navdb/AirportRecord.h"
+#include "geo/Geodesy.h"
+#include "geo/Units.h"
+#include "nav/approach/ApproachMode.h"
+#include "navdb/records/AirportRecord.h"
 
 namespace korvel { namespace {
 

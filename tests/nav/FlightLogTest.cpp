@@ -2,7 +2,7 @@
 
 #include "TempFolder.h"
 #include "config/Settings.h"
-#include "nav/FlightLog.h"
+#include "nav/track/FlightLog.h"
 #include "platform/VirtualClock.h"
 
 namespace korvel { namespace {

@@ -1,5 +1,5 @@
-#include "nav/FlightPlan.h"
 #include "nav/PlacesFixture.h"
+#include "nav/plan/FlightPlan.h"
 
 namespace korvel { namespace {
 

@@ -7,14 +7,14 @@
 
 #include <gtest/gtest.h>
 
-#include "nav/GeneratedFixes.h"
-#include "nav/Geodesy.h"
-#include "nav/PlanWaypoint.h"
-#include "navdb/AirportRecord.h"
-#include "navdb/FixRecord.h"
+#include "geo/Geodesy.h"
+#include "nav/plan/GeneratedFixes.h"
+#include "nav/plan/PlanWaypoint.h"
 #include "navdb/NavDatabase.h"
-#include "navdb/NavaidRecord.h"
-#include "navdb/UserRecordStore.h"
+#include "navdb/records/AirportRecord.h"
+#include "navdb/records/FixRecord.h"
+#include "navdb/records/NavaidRecord.h"
+#include "navdb/user/UserRecordStore.h"
 #include "platform/VirtualClock.h"
 
 namespace korvel {

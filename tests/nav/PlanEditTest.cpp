@@ -1,11 +1,11 @@
 #include "TempFolder.h"
 #include "config/StringTable.h"
-#include "nav/PlaceMatches.h"
 #include "nav/PlacesFixture.h"
-#include "nav/PlanEdit.h"
-#include "nav/RouteCheck.h"
-#include "nav/RouteEntry.h"
-#include "nav/RouteWords.h"
+#include "nav/plan/PlaceMatches.h"
+#include "nav/plan/PlanEdit.h"
+#include "nav/plan/RouteCheck.h"
+#include "nav/plan/RouteEntry.h"
+#include "nav/plan/RouteWords.h"
 #include "navdb/TestDatabase.h"
 
 namespace korvel { namespace {

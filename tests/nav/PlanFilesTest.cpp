@@ -1,6 +1,6 @@
 #include "TempFolder.h"
 #include "nav/PlacesFixture.h"
-#include "nav/PlanFiles.h"
+#include "nav/plan/PlanFiles.h"
 
 namespace korvel { namespace {
 

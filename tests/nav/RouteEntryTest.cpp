@@ -1,9 +1,9 @@
 #include <cmath>
 
 #include "TempFolder.h"
-#include "nav/AirwayCrossing.h"
 #include "nav/PlacesFixture.h"
-#include "nav/RouteEntry.h"
+#include "nav/plan/AirwayCrossing.h"
+#include "nav/plan/RouteEntry.h"
 #include "navdb/TestDatabase.h"
 
 namespace korvel { namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "nav/Geodesy.h"
-#include "nav/Simulator.h"
+#include "geo/Geodesy.h"
+#include "nav/leg/Simulator.h"
 
 namespace korvel { namespace {
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
-#include "nav/Track.h"
-#include "nav/TrackRecorder.h"
+#include "nav/track/Track.h"
+#include "nav/track/TrackRecorder.h"
 #include "platform/VirtualClock.h"
 
 namespace korvel { namespace {

@@ -6,11 +6,11 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
-#include "navdb/DatabaseChecksum.h"
-#include "navdb/DatabaseFile.h"
-#include "navdb/DatabaseVerify.h"
-#include "navdb/LittleEndian.h"
 #include "navdb/TestDatabase.h"
+#include "navdb/file/DatabaseChecksum.h"
+#include "navdb/file/DatabaseFile.h"
+#include "navdb/file/DatabaseVerify.h"
+#include "navdb/file/LittleEndian.h"
 #include "platform/VirtualClock.h"
 
 namespace korvel { namespace {

@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
-#include "nav/Geodesy.h"
-#include "navdb/AirportRecord.h"
-#include "navdb/DatabaseFile.h"
+#include "geo/Geodesy.h"
 #include "navdb/DatabaseLoader.h"
 #include "navdb/TestDatabase.h"
+#include "navdb/file/DatabaseFile.h"
+#include "navdb/records/AirportRecord.h"
 #include "platform/VirtualClock.h"
 
 namespace korvel { namespace {

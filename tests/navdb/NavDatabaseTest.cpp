@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
-#include "nav/Geodesy.h"
-#include "navdb/DatabaseFile.h"
+#include "geo/Geodesy.h"
 #include "navdb/NavDatabase.h"
-#include "navdb/NavaidRecord.h"
 #include "navdb/TestDatabase.h"
-#include "navdb/UserRecordStore.h"
+#include "navdb/file/DatabaseFile.h"
+#include "navdb/records/NavaidRecord.h"
+#include "navdb/user/UserRecordStore.h"
 #include "platform/VirtualClock.h"
 
 namespace korvel { namespace {

@@ -6,12 +6,12 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
-#include "nav/Geodesy.h"
-#include "navdb/LittleEndian.h"
+#include "geo/Geodesy.h"
 #include "navdb/NavDatabase.h"
-#include "navdb/NavaidRecord.h"
-#include "navdb/PlaceSearch.h"
 #include "navdb/TestDatabase.h"
+#include "navdb/file/LittleEndian.h"
+#include "navdb/records/NavaidRecord.h"
+#include "navdb/search/PlaceSearch.h"
 #include "platform/VirtualClock.h"
 
 namespace korvel { namespace {

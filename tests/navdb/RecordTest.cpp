@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "navdb/AirportRecord.h"
-#include "navdb/DatabaseTables.h"
-#include "navdb/FixRecord.h"
-#include "navdb/NavaidRecord.h"
-#include "navdb/RecordKey.h"
+#include "navdb/file/DatabaseTables.h"
+#include "navdb/records/AirportRecord.h"
+#include "navdb/records/FixRecord.h"
+#include "navdb/records/NavaidRecord.h"
+#include "navdb/records/RecordKey.h"
 
 namespace korvel { namespace {
 

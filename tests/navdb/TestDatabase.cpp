@@ -7,8 +7,8 @@
 #include <iterator>
 #include <span>
 
-#include "navdb/DatabaseChecksum.h"
-#include "navdb/LittleEndian.h"
+#include "navdb/file/DatabaseChecksum.h"
+#include "navdb/file/LittleEndian.h"
 
 namespace korvel {
 namespace {

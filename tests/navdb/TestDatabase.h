@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "navdb/DatabaseTables.h"
+#include "navdb/file/DatabaseTables.h"
 
 namespace korvel {
 

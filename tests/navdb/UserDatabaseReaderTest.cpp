@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
-#include "nav/Geodesy.h"
-#include "navdb/AirportRecord.h"
-#include "navdb/FixRecord.h"
-#include "navdb/NavaidRecord.h"
+#include "geo/Geodesy.h"
 #include "navdb/TestDatabase.h"
-#include "navdb/UserDatabaseReader.h"
+#include "navdb/records/AirportRecord.h"
+#include "navdb/records/FixRecord.h"
+#include "navdb/records/NavaidRecord.h"
+#include "navdb/user/UserDatabaseReader.h"
 
 namespace korvel { namespace {
 

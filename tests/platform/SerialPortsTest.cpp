@@ -2,7 +2,7 @@
 
 #include "TempFolder.h"
 #include "platform/FileIo.h"
-#include "platform/SerialPorts.h"
+#include "platform/linux/SerialPorts.h"
 
 namespace korvel { namespace {
 

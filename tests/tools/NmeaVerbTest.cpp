@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "TempFolder.h"
-#include "gps/GpsFixture.h"
+#include "receiver/GpsFixture.h"
 #include "tools/ToolRun.h"
 
 namespace korvel { namespace {

@@ -18,17 +18,17 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
-#include "app/CAirportSheet.h"
-#include "app/CKorvelDoc.h"
-#include "app/CMainFrame.h"
-#include "app/KeyPad.h"
-#include "app/PageCycle.h"
+#include "cockpit/CKorvelDoc.h"
 #include "config/DataFileSearch.h"
-#include "display/ColorScheme.h"
-#include "gps/FakePorts.h"
-#include "gps/GpsFixture.h"
-#include "navdb/AirportRecord.h"
+#include "navdb/records/AirportRecord.h"
+#include "paint/ColorScheme.h"
 #include "platform/FileIo.h"
+#include "receiver/FakePorts.h"
+#include "receiver/GpsFixture.h"
+#include "screen/PageCycle.h"
+#include "window/CMainFrame.h"
+#include "window/sheets/CAirportSheet.h"
+#include "window/sheets/KeyPad.h"
 
 namespace korvel { namespace {
 

@@ -13,9 +13,9 @@
 
 #include "TempFolder.h"
 #include "config/ProfileFile.h"
-#include "gps/GpsFixture.h"
 #include "platform/FileIo.h"
 #include "platform/RegistryProfile.h"
+#include "receiver/GpsFixture.h"
 
 namespace korvel { namespace {
 

@@ -7,7 +7,7 @@
 #include <QPainter>
 #include <gtest/gtest.h>
 
-#include "app/QtCanvas.h"
+#include "window/QtCanvas.h"
 
 namespace korvel { namespace {
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "app/CGPSDialog.h"
-#include "app/MapAngle.h"
-#include "app/ZoomGesture.h"
+#include "screen/MapAngle.h"
+#include "screen/ZoomGesture.h"
+#include "window/sheets/CGPSDialog.h"
 
 namespace korvel { namespace {
 

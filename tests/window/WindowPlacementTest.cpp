@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/WindowPlacement.h"
+#include "window/WindowPlacement.h"
 
 namespace korvel { namespace {
 

@@ -1,7 +1,0 @@
-#include "gps/NmeaPeer.h"
-
-namespace korvel {
-
-std::unique_ptr<NmeaPeer> makeNmeaPeer() { return nullptr; }
-
-}  // namespace korvel

@@ -1,0 +1,217 @@
+#include "cockpit/CKorvelDoc.h"
+
+#include <cmath>
+#include <utility>
+
+#include "config/StringTable.h"
+#include "geo/Geodesy.h"
+#include "geo/Units.h"
+
+namespace korvel {
+namespace {
+
+/// A value that was stored longer ago than this is not shown any more.
+constexpr std::int64_t kFreshMs = 5000;
+
+/// How long a port that was once found by scanning may stay without a fix's worth of data.
+constexpr std::int64_t kPortPatienceMs = 10000;
+
+/// Set beside "Port" when it was found by scanning, not chosen by the pilot.
+constexpr std::string_view kPortScanned = "PortScanned";
+
+/// Receivers send anything, also a latitude of 99 degrees.
+bool isOnEarth(GeoPoint point) {
+    return IsValid(point) && std::abs(point.lat) <= kPi / 2 && std::abs(point.lon) <= kPi;
+}
+
+bool isFresh(std::int64_t storedMs, std::int64_t nowMs) {
+    return storedMs != kNeverStored && nowMs - storedMs < kFreshMs;
+}
+
+}  // namespace
+
+CKorvelDoc::CKorvelDoc(const Foundations& foundations)
+    : profile_(foundations.profile),
+      clock_(foundations.clock),
+      settings_(loadSettings(foundations.profile)),
+      attitudeModule_(foundations.pluginFolder),
+      input_(foundations.clock, *this),
+      gpsPort_(foundations.openDevice, foundations.clock),
+      gyroPort_(foundations.openDevice, foundations.clock),
+      monitor_({gpsPort_, gyroPort_, *this, input_, *this, foundations.profile, foundations.clock}),
+      navigator_(foundations.clock, foundations.folder),
+      userFixes_(profile_, navigator_),
+      portFromScan_(foundations.profile.getInt(kOptionsSection, kPortScanned, 0) != 0),
+      lastConnectedMs_(foundations.clock.tickMs()) {
+    SetDistanceUnit(settings_.gsUnit);
+    monitor_.choosePort(portChoice(settings_.port));
+    data_ = collectData();
+}
+
+CKorvelDoc::~CKorvelDoc() {
+    gpsPort_.close();
+    gyroPort_.close();
+}
+
+void CKorvelDoc::tick() {
+    monitor_.gpsTick();
+    openGyroPort();
+    status_ = monitor_.connectionStatus(true);
+    reconsiderPort();
+    const ActiveNavigation::Aircraft aircraft = received();
+    navigator_.lookAround(aircraft);
+    if (beforeNavigation) {
+        beforeNavigation();
+    }
+    navigator_.tick(settings_, variation(), aircraft);
+    navigator_.refresh(variation());
+    CockpitData data = collectData();
+    attitude_.update(data, navigator_.tickMs());
+    show(std::move(data));
+}
+
+void CKorvelDoc::refresh() {
+    navigator_.refresh(variation());
+    CockpitData data = collectData();
+    // The attitude comes out of the ticks alone.
+    data.turnRateDegPerSec = data_.turnRateDegPerSec;
+    data.bankDeg = data_.bankDeg;
+    data.pitchDeg = data_.pitchDeg;
+    show(std::move(data));
+}
+
+void CKorvelDoc::show(CockpitData data) {
+    if (data != data_) {
+        data_ = std::move(data);
+        ++revision_;
+    }
+}
+
+void CKorvelDoc::applySettings(const Settings& changed) {
+    storeChangedSettings(profile_, settings_, changed);
+    const bool otherPort = changed.port != settings_.port;
+    settings_ = changed;
+    SetDistanceUnit(settings_.gsUnit);
+    if (otherPort) {
+        portFromScan_ = false;
+        profile_.setInt(kOptionsSection, kPortScanned, 0, true);
+    }
+    PortChoice choice = portChoice(otherPort ? settings_.port : monitor_.choice().gps);
+    if (!(choice == monitor_.choice())) {
+        gyroPort_.close();  // the next tick opens what is wanted now
+        monitor_.choosePort(std::move(choice));
+    }
+    data_ = collectData();
+    ++revision_;
+}
+
+void CKorvelDoc::usePort(std::string settingsText) {
+    portFromScan_ = false;
+    monitor_.choosePort(portChoice(std::move(settingsText)));
+}
+
+void CKorvelDoc::onLine(SerialPort& /*port*/, std::string_view text) { input_.onSentence(text); }
+
+void CKorvelDoc::openGyroPort() {
+    if (settings_.viaGyro == 0 || settings_.portGyro.empty()) {
+        return;
+    }
+    if (gyroPort_.hasReadFailed()) {
+        gyroPort_.close();
+    }
+    const std::string text = settings_.portGyro + ":," + settings_.baudGyro + ",N,8,1";
+    // A failure shows as a silent receiver; the next tick tries again.
+    if (!gyroPort_.isOpen() && gyroPort_.open(text).empty()) {
+        gyroPort_.setListener(this);
+        gyroPort_.startThread();
+    }
+}
+
+void CKorvelDoc::reconsiderPort() {
+    const std::int64_t now = clock_.tickMs();
+    const GpsFix fix = input_.store().copy();
+    if ((fix.sentenceFlags & SentenceFlag::kChecksumCorrect) != 0) {
+        lastConnectedMs_ = now;
+    }
+    if (portFromScan_ && !monitor_.scanning() && now - lastConnectedMs_ >= kPortPatienceMs) {
+        portFromScan_ = false;
+        monitor_.choosePort(portChoice({}));
+    }
+}
+
+PortChoice CKorvelDoc::portChoice(std::string gps) const {
+    return {std::move(gps), settings_.viaGyro != 0, settings_.portGyro, settings_.baudGyro};
+}
+
+Variation CKorvelDoc::variation() const {
+    const double receiver = input_.store().own().magVariation;
+    // The receiver counts east as negative.
+    return {.receiverDeg = receiver == kNoAngle ? kNoAngle : -receiver,
+            .databaseDeg = navigator_.databaseVariationDeg(),
+            .ignoreReceiver = settings_.ignoreMagVar != 0};
+}
+
+ActiveNavigation::Aircraft CKorvelDoc::received() {
+    constexpr double kFullCircleDeg = 360;
+    ActiveNavigation::Aircraft aircraft;
+    // While the simulator runs the question is answered for it.
+    if (simulatorActive() || !input_.hasFix(false)) {
+        return aircraft;
+    }
+    const std::int64_t now = clock_.tickMs();
+    const GpsFix& fix = input_.store().own();
+    if (isFresh(fix.positionTickMs, now) && isOnEarth(fix.position)) {
+        aircraft.position = fix.position;
+    }
+    if (isFresh(fix.groundSpeedTickMs, now) && std::isfinite(fix.groundSpeedKt)) {
+        aircraft.groundSpeedKt = fix.groundSpeedKt;
+    }
+    // Neither the value for no angle nor what no angle can be.
+    if (isFresh(fix.trackTickMs, now) && fix.trackMag >= 0 && fix.trackMag <= kFullCircleDeg) {
+        aircraft.trackMag = fix.trackMag;
+    }
+    if (isFresh(fix.altitudeTickMs, now)) {
+        aircraft.altitudeFt = input_.correctedAltitudeFt();
+    }
+    return aircraft;
+}
+
+CockpitData CKorvelDoc::collectData() {
+    CockpitData data;
+    data.status = status_;
+    data.now = clock_.localNow();
+    data.altUnit = settings_.altUnit;
+    collectFix(data);
+    navigator_.collect(data, variation());
+    return data;
+}
+
+void CKorvelDoc::collectFix(CockpitData& data) {
+    constexpr std::int64_t kMsPerSecond = 1000;
+    const GpsFix fix = input_.store().copy();
+    data.fixQuality = fix.fixQuality;
+    data.fix3D = fix.fix3D != 0;
+    data.satsInUse = fix.satsInUse;
+    data.satellites = fix.satellites;
+    data.receiverActive = (fix.sentenceFlags & SentenceFlag::kBytesArrive) != 0;
+    const ActiveNavigation::Aircraft aircraft = received();
+    if (IsValid(aircraft.position)) {
+        data.position = aircraft.position;
+        lastPosition_ = aircraft.position;
+        lastPositionMs_ = fix.positionTickMs;
+    } else if (data.status.empty()) {
+        data.status = text(TextId::NoGpsSignal);
+    }
+    data.groundSpeedKt = aircraft.groundSpeedKt;
+    data.altitudeFt = aircraft.altitudeFt;
+    if (aircraft.trackMag != kNoAngle) {
+        data.trackMagDeg = aircraft.trackMag;
+        data.trackTrueDeg = input_.magneticToTrue(aircraft.trackMag);
+    }
+    if (lastPosition_) {
+        data.lastPosition = lastPosition_;
+        data.positionAgeSec = static_cast<int>((clock_.tickMs() - lastPositionMs_) / kMsPerSecond);
+    }
+}
+
+}  // namespace korvel

@@ -1,0 +1,141 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cockpit/AttitudeModule.h"
+#include "cockpit/CockpitData.h"
+#include "cockpit/DerivedAttitude.h"
+#include "cockpit/Navigator.h"
+#include "cockpit/UserFixes.h"
+#include "config/ProfileFile.h"
+#include "config/Settings.h"
+#include "platform/Clock.h"
+#include "platform/SerialDevice.h"
+#include "receiver/ConnectionMonitor.h"
+#include "receiver/GpsInput.h"
+#include "receiver/LineListener.h"
+#include "receiver/SerialPort.h"
+
+namespace korvel {
+
+/// The document: settings, receiver, fix and what is made of them. It knows no window and runs the
+/// same without one. Main thread only, but for onLine(), which the port's thread calls.
+class CKorvelDoc final : private LineListener, private GpsSurroundings {
+ public:
+    /// What it is built on; all of it outlives the document.
+    struct Foundations {
+        ProfileFile& profile;
+        const Clock& clock;
+        SerialDeviceOpener openDevice;
+        /// For the load report, the flight log and the journals; empty: nothing of them is kept.
+        std::filesystem::path folder{};
+        /// Where plug-ins are; empty: none is loaded.
+        std::filesystem::path pluginFolder{};
+    };
+
+    /// Reads all settings. The port is opened by the first tick.
+    explicit CKorvelDoc(const Foundations& foundations);
+    CKorvelDoc(const CKorvelDoc&) = delete;
+    CKorvelDoc& operator=(const CKorvelDoc&) = delete;
+    /// Closes the ports and ends their threads.
+    ~CKorvelDoc() override;
+
+    /// The half-second tick: decodes what has arrived, steps the connection, flies the plan and
+    /// brings the data of the pages up to date.
+    void tick();
+
+    /// Brings the data of the pages up to date between two ticks, after a command.
+    void refresh();
+
+    /// Called within each tick when the position is known and nothing is made of it yet: the
+    /// moment for commands that shall count in this very tick.
+    std::function<void()> beforeNavigation;
+
+    /// Places, plan, simulator, track. What is done there shows with the next tick.
+    Navigator& navigator() { return navigator_; }
+    const Navigator& navigator() const { return navigator_; }
+
+    /// The points that the pilot has marked.
+    UserFixes& userFixes() { return userFixes_; }
+
+    /// What the pages show, as of the last tick.
+    const CockpitData& cockpitData() const { return data_; }
+    /// Grows whenever something in cockpitData() has changed.
+    std::uint64_t revision() const { return revision_; }
+
+    /// Whether the receiver's port is searched for.
+    bool searchesPort() const { return monitor_.scanning(); }
+    /// The port that the receiver is heard on, or listened for at present, and its speed.
+    std::string portLabel() const { return monitor_.portLabel(settings_.viaGyro == 0); }
+
+    const Settings& settings() const { return settings_; }
+    /// Puts changed settings in force and into the profile, which reaches its file at exit. A port
+    /// among them counts as chosen by the pilot from now on.
+    void applySettings(const Settings& changed);
+
+    /// Reads this port in this run, whatever the settings say, and leaves them alone.
+    void usePort(std::string settingsText);
+
+    /// To be called at each tick while the satellites are looked at.
+    void wantSatellites() { input_.satellitesForDisplay(); }
+
+    AttitudeModule& attitudeModule() { return attitudeModule_; }
+
+    void setTracing(bool on) { input_.store().setTracing(on); }
+    std::vector<std::string> takeTrace() { return input_.store().takeTrace(); }
+
+ private:
+    void onLine(SerialPort& port, std::string_view text) override;
+
+    bool simulatorActive() const override { return navigator_.simulator().running(); }
+    std::int32_t simulatedAltitudeFt() const override {
+        return navigator_.simulator().altitudeFt();
+    }
+    double databaseVariationDeg() const override { return navigator_.databaseVariationDeg(); }
+    bool ignoreReceiverVariation() const override { return settings_.ignoreMagVar != 0; }
+    std::string portSettings() const override { return gpsPort_.settings(); }
+    void writeToPort(std::string_view bytes) override { gpsPort_.write(bytes); }
+    void passToAttitudePlugin(std::string_view sentence) override {
+        attitudeModule_.processMessage(sentence);
+    }
+
+    void openGyroPort();
+    /// Goes back to scanning when a port that an earlier scan found stays silent.
+    void reconsiderPort();
+    PortChoice portChoice(std::string gps) const;
+    Variation variation() const;
+    /// What of the fix is fresh; nothing without one.
+    ActiveNavigation::Aircraft received();
+    CockpitData collectData();
+    void show(CockpitData data);
+    void collectFix(CockpitData& data);
+
+    ProfileFile& profile_;
+    const Clock& clock_;
+    Settings settings_;
+    AttitudeModule attitudeModule_;  // before the ports, whose threads call it
+    GpsInput input_;
+    SerialPort gpsPort_;
+    SerialPort gyroPort_;
+    ConnectionMonitor monitor_;
+    Navigator navigator_;
+    UserFixes userFixes_;
+
+    std::string status_;  // of the connection, empty while there is a fix
+    bool portFromScan_;   // the port in use was found by an earlier run's scan
+    std::int64_t lastConnectedMs_;
+    std::optional<GeoPoint> lastPosition_;
+    std::int64_t lastPositionMs_ = 0;
+
+    DerivedAttitude attitude_;
+    CockpitData data_;
+    std::uint64_t revision_ = 1;
+};
+
+}  // namespace korvel

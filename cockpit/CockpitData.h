@@ -1,0 +1,111 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cockpit/NearAirport.h"
+#include "cockpit/PlanView.h"
+#include "geo/GeoPoint.h"
+#include "nav/approach/LandingRunway.h"
+#include "nav/track/Track.h"
+#include "platform/Clock.h"
+
+namespace korvel {
+
+/// The runway that is approached.
+struct ApproachView {
+    LandingRunway runway;
+    double toGoNm = 0;  ///< along the center line; negative behind the threshold
+
+    friend bool operator==(const ApproachView&, const ApproachView&) = default;
+};
+
+/// Everything the pages show, taken from the document once per redraw. A value that is absent is
+/// unknown or too old to be trusted and is shown as "---"; painters never look behind it.
+struct CockpitData {
+    std::optional<GeoPoint> position;  ///< live position: fresh, with a fix
+    /// Where the aircraft was when the fix was last good; the map may stay there but says so.
+    std::optional<GeoPoint> lastPosition;
+    std::optional<int> positionAgeSec;  ///< age of lastPosition in whole seconds
+    std::optional<double> groundSpeedKt;
+    std::optional<double> trackMagDeg;   ///< 0 to 360, magnetic
+    std::optional<double> trackTrueDeg;  ///< 0 to 360, true
+    std::optional<int> altitudeFt;
+    std::optional<int> verticalSpeedFpm;  ///< from the altitudes of the last seconds; up positive
+    std::optional<double> variationDeg;   ///< where the aircraft is, east positive
+
+    // What DerivedAttitude makes of the motion over the ground.
+    std::optional<double> turnRateDegPerSec;  ///< to the right positive
+    std::optional<double> bankDeg;            ///< to the right positive
+    std::optional<double> pitchDeg;           ///< of the flight path, up positive
+
+    // The leg that is flown. All of it is absent while there is no waypoint or no position.
+    std::string activeKey;   ///< RecordKey; empty for none or for a point without a record
+    std::string activeName;  ///< empty when nothing is flown to
+    std::optional<GeoPoint> activeWaypoint;
+    std::optional<GeoPoint> legStart;
+    std::optional<double> bearingMagDeg;  ///< to the waypoint
+    std::optional<double> distanceNm;     ///< to the waypoint
+    std::optional<double> crossTrackNm;   ///< positive when the aircraft is left of the course
+    std::optional<double> desiredTrackTrueDeg;
+    std::optional<double> desiredTrackMagDeg;
+    std::optional<double> obsCourseMagDeg;  ///< set by the pilot with direct-to
+    std::optional<double> offCourseDeg;     ///< seen from the waypoint; positive like crossTrackNm
+    std::optional<int> targetAltitudeFt;  ///< wanted at the end of the descent path; on an approach
+                                          ///< the glide path's here
+    std::optional<int> pathAltitudeFt;    ///< of the descent path at the active waypoint
+    bool directLeg = false;               ///< direct-to or a course to a point, not the plan's
+    double fullScaleNm = 5.0;             ///< cross-track at the HSI's outermost mark
+
+    /// While a runway is approached the leg's values above lead to it.
+    std::optional<ApproachView> approach;
+
+    /// Where the leg's values lead to.
+    [[nodiscard]] std::optional<GeoPoint> flownTo() const {
+        return approach ? approach->runway.threshold : activeWaypoint;
+    }
+
+    /// Null when there is no plan.
+    std::shared_ptr<const PlanView> plan;
+    /// Null when there is none; `trackSlots` tells painters and comparisons that it has grown.
+    std::shared_ptr<const Track> track;
+    std::size_t trackSlots = 0;
+    /// Nearest first; null until they are wanted or when there is no position.
+    std::shared_ptr<const std::vector<NearAirport>> nearAirports;
+    /// What needs the pilot's attention, most urgent first; shown until acknowledged.
+    std::vector<std::string> alarms;
+
+    bool simulated = false;  ///< the position comes from the simulator
+    /// Connection status for the pilot, lines separated by "\n"; empty while the receiver has a
+    /// fix.
+    std::string status;
+    /// Bytes arrive from a receiver, with a fix or without. While none do, the status screen tells
+    /// how to go on without one.
+    bool receiverActive = false;
+    /// A passing message ("Auto-zoom/view disabled for 30 secs."); empty for none.
+    std::string message;
+
+    /// What the pilot must know about the charts at all times ("CHARTS EXPIRED 2013-05-02"), shown
+    /// at the map's edge; empty for nothing.
+    std::string databaseNotice;
+
+    int fixQuality = 0;
+    bool fix3D = false;
+    int satsInUse = 0;
+    /// Satellites in view: bits 0-6 number, 7 used, 8-15 signal in dB, 16-24 azimuth, 25-31
+    /// elevation (91: below the horizon); 0 is an empty slot.
+    std::array<std::uint32_t, 12> satellites{};
+
+    LocalTime now;
+    std::optional<int> utcSecondOfDay;
+    std::optional<int> flightTimeSec;  ///< since the start of this flight
+    int altUnit = 0;  ///< 0 feet, 1 metres; the unit of speed and distance is the one in force
+
+    friend bool operator==(const CockpitData&, const CockpitData&) = default;
+};
+
+}  // namespace korvel

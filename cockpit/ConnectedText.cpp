@@ -1,0 +1,129 @@
+#include "cockpit/ConnectedText.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "base/TextNumbers.h"
+#include "cockpit/CKorvelDoc.h"
+#include "config/StringTable.h"
+#include "navdb/file/DatabaseFile.h"
+#include "receiver/ConnectionTexts.h"
+
+namespace korvel {
+namespace {
+
+void addLine(std::string& words, std::string_view line) { words.append(line).append("\n"); }
+
+/// What the pilot can do about a state of the connection.
+struct Advice {
+    std::string_view state;
+    TextId text;
+};
+constexpr std::array<Advice, 8> kAdvice = {{
+    {kInvalidPortText, TextId::AdviceNoPort},
+    {kPortOpenText, TextId::AdvicePortTaken},
+    {kPortMissingText, TextId::AdvicePortTaken},
+    {kPortUsedText, TextId::AdvicePortTaken},
+    {kNoActivityText, TextId::AdviceSilent},
+    {kWaitingForNmeaText, TextId::AdviceNoNmea},
+    {kWaitingForCourseText, TextId::AdviceSentences},
+    {kWaitingForAltitudeText, TextId::AdviceSentences},
+}};
+
+std::string_view adviceOn(std::string_view state) {
+    const auto* const found = std::ranges::find(kAdvice, state, &Advice::state);
+    return text(found == kAdvice.end() ? TextId::AdviceSky : found->text);
+}
+
+void addReceiver(std::string& words, const CKorvelDoc& document) {
+    const CockpitData& data = document.cockpitData();
+    if (data.simulated)
+        return addLine(words, text(TextId::ConnectedSimulator));
+    if (data.status.empty())
+        return addLine(words, document.portLabel() + ": " +
+                                  formatText(TextId::ConnectedFix, {data.satsInUse}));
+    // The label of a port that could not be opened stands in the status: the search is past it.
+    const std::size_t end = data.status.find('\n');
+    const bool labelled = end != std::string::npos;
+    const std::string label = labelled ? data.status.substr(0, end) : document.portLabel();
+    const std::string state = labelled ? data.status.substr(end + 1) : data.status;
+    if (document.searchesPort())
+        addLine(words, text(TextId::ConnectedPortSearched));
+    addLine(words, label.empty() ? state : label + ": " + state);
+    addLine(words, adviceOn(state));
+}
+
+std::string attitudeModule(const Settings& settings) {
+    if (settings.viaGyro == 0)
+        return std::string(text(TextId::ConnectedNoModule));
+    if (settings.portGyro.empty())
+        return std::string(text(TextId::ConnectedModuleNoPort));
+    const std::string label = settings.portGyro + " " + settings.baudGyro;
+    return formatText(TextId::ConnectedModule, {std::string_view(label)});
+}
+
+std::string expiryText(std::uint32_t yyyymmdd, const LocalTime& now) {
+    if (yyyymmdd == 0)
+        return std::string(text(TextId::ConnectedUndated));
+    std::string date = formatInt(yyyymmdd);
+    if (date.size() == 8)
+        date.insert(6, "-").insert(4, "-");
+    const int today = (now.year * 100 + now.month) * 100 + now.day;
+    const bool isOver = std::cmp_less(yyyymmdd, today);
+    return formatText(isOver ? TextId::ConnectedExpired : TextId::ConnectedExpiry,
+                      {std::string_view(date)});
+}
+
+void addDatabases(std::string& words, const CKorvelDoc& document,
+                  std::span<const std::filesystem::path> folders) {
+    const auto& files = document.navigator().database().files();
+    addLine(words, formatText(TextId::ConnectedDatabases, {static_cast<int>(files.size())}));
+    addLine(words, document.navigator().databaseNotice());
+    for (const auto& file : files)
+        addLine(words, *file->fileName() + "   " +
+                           expiryText(file->header().expiry, document.cockpitData().now));
+    addLine(words, "");
+    addLine(words, text(TextId::ConnectedFolders));
+    addLine(words, text(TextId::ConnectedFoldersHelp));
+    for (const std::filesystem::path& folder : folders)
+        if (!folder.empty())
+            addLine(words, "  " + folder.string());
+    if (const auto& report = document.navigator().report().path(); !report.empty()) {
+        addLine(words, text(TextId::ConnectedReport));
+        addLine(words, "  " + report.string());
+    }
+}
+
+}  // namespace
+
+std::string connectedText(const CKorvelDoc& document,
+                          std::span<const std::filesystem::path> folders) {
+    std::string words;
+    addLine(words, text(TextId::ConnectedReceiver));
+    addReceiver(words, document);
+    addLine(words, "");
+    addLine(words, text(TextId::ConnectedAttitude));
+    addLine(words, attitudeModule(document.settings()));
+    addLine(words, "");
+    addDatabases(words, document, folders);
+    return words;
+}
+
+std::string loadReportText(const CKorvelDoc& document,
+                           std::span<const std::filesystem::path> folders) {
+    const Navigator& navigator = document.navigator();
+    std::string words;
+    if (navigator.database().files().empty())
+        addLine(words, text(TextId::NoDatabaseHelp));
+    else if (!navigator.databaseNotice().empty())
+        addLine(words, text(TextId::OldDatabaseHelp));
+    addLine(words, "");
+    addDatabases(words, document, folders);
+    addLine(words, "");
+    addLine(words, text(TextId::LoadReportLines));
+    return words + navigator.report().text();
+}
+
+}  // namespace korvel

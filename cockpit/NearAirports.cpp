@@ -1,0 +1,123 @@
+#include "cockpit/NearAirports.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <string_view>
+
+#include "base/TextNumbers.h"
+#include "cockpit/PlaceClass.h"
+#include "cockpit/PlaceDetails.h"
+#include "geo/Geodesy.h"
+#include "geo/Variation.h"
+#include "navdb/NavDatabase.h"
+#include "navdb/file/DatabaseTables.h"
+#include "navdb/records/AirportRecord.h"
+
+namespace korvel {
+namespace {
+
+/// Of so many places some are heliports and private strips that are not wanted.
+constexpr std::size_t kCandidatesPerAirport = 4;
+constexpr std::size_t kMostCandidates = 2000;
+constexpr int kFrequencyDecimals = 3;
+
+bool isWanted(const Place& place, const NearAirportOptions& options) {
+    if (!options.privateAirports && (place.flags & kAirportPrivate) != 0)
+        return false;
+    switch (classOf(place)) {
+        case PlaceClass::Heliport:
+            return options.heliports;
+        case PlaceClass::SeaplaneBase:
+            return options.seaplaneBases;
+        default:
+            return true;
+    }
+}
+
+/// The nearest that are wanted; looks among more places while too few of them are.
+std::vector<NearPlace> wantedNear(const NavDatabase& database, GeoPoint position,
+                                  const NearAirportOptions& options) {
+    for (std::size_t candidates = options.count * kCandidatesPerAirport;;
+         candidates *= kCandidatesPerAirport) {
+        std::vector<NearPlace> places =
+            database.nearest(position, kAirportKind, candidates, options.withinNm);
+        const bool areAll = places.size() < candidates;
+        std::erase_if(places,
+                      [&](const NearPlace& near) { return !isWanted(near.place, options); });
+        if (areAll || places.size() >= options.count || candidates >= kMostCandidates) {
+            places.resize(std::min(places.size(), options.count));
+            return places;
+        }
+    }
+}
+
+/// Whom to call first: the tower, where there is none the common frequency, last of all approach.
+std::string firstFrequency(const AirportRecord& airport) {
+    static constexpr std::array<std::string_view, 10> kOrder{"TWR", "TOWER", "CTAF", "AFIS", "INFO",
+                                                             "RDO", "RADIO", "UNIC", "MULT", "APP"};
+    for (const std::string_view type : kOrder)
+        for (const CommFreqRecord& comm : airport.comms)
+            if (comm.type.starts_with(type) && comm.freqMhz > 0)
+                return comm.type.substr(0, comm.type.find('/')) + ' ' +
+                       formatFixed(comm.freqMhz, kFrequencyDecimals);
+    return {};
+}
+
+std::string runwayName(const RunwayRecord& runway) {
+    std::string name;
+    for (const RunwayEnd& end : runway.ends)
+        name += (name.empty() ? "" : "/") + end.id;
+    return name;
+}
+
+void takeRecord(const AirportRecord& airport, NearAirport& near) {
+    near.key = airport.key;
+    near.name = airport.GetName();
+    if (airport.elevationFt != kNoElevationFt)
+        near.elevationFt = airport.elevationFt;
+    if (const RunwayRecord* longest = longestRunway(airport)) {
+        near.longestRunwayFt = longest->lengthFt;
+        near.surface = longest->surface;
+        near.runway = runwayName(*longest);
+    }
+    near.frequency = firstFrequency(airport);
+}
+
+}  // namespace
+
+void findNearAirports(const NavDatabase& database, GeoPoint position, const Variation& variation,
+                      const NearAirportOptions& options, std::vector<NearAirport>& airports) {
+    airports.clear();
+    if (!IsValid(position))
+        return;
+    for (const auto& [place, distanceNm] : wantedNear(database, position, options)) {
+        const std::unique_ptr<DatabaseRecord> record = database.recordOf(place);
+        auto* airport = dynamic_cast<AirportRecord*>(record.get());
+        if (airport == nullptr)
+            continue;
+        database.loadDetails(*airport);
+        NearAirport near;
+        near.ident = place.ident.view();
+        near.position = place.position;
+        near.distanceNm = distanceNm;
+        near.bearingMagDeg = variation.TrueToMagnetic(TrueCourseDeg(position, place.position));
+        near.expired = place.expired;
+        takeRecord(*airport, near);
+        airports.push_back(std::move(near));
+    }
+}
+
+std::optional<std::size_t> rowOfSame(std::span<const NearAirport> former, std::size_t row,
+                                     std::span<const NearAirport> airports) {
+    if (row >= former.size())
+        return std::nullopt;
+    const NearAirport& sought = former[row];
+    const auto found = std::ranges::find_if(airports, [&](const NearAirport& airport) {
+        return airport.key == sought.key && airport.position == sought.position;
+    });
+    return found == airports.end() ? std::nullopt
+                                   : std::optional<std::size_t>(found - airports.begin());
+}
+
+}  // namespace korvel

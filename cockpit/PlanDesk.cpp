@@ -1,0 +1,238 @@
+#include "cockpit/PlanDesk.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+#include "config/StringTable.h"
+#include "nav/plan/RouteEntry.h"
+#include "navdb/records/RecordKey.h"
+#include "platform/FileIo.h"
+
+namespace korvel {
+
+PlanDesk::PlanDesk(NavDatabase& database, const UserRecordStore& userRecords,
+                   std::function<void(bool edited)> onChange)
+    : database_(database),
+      files_(database, fixes_, &userRecords, plan_),
+      onChange_(std::move(onChange)) {}
+
+std::vector<PlanWaypoint> PlanDesk::entries() const {
+    const auto plan = plan_.lock();
+    return plan->has_value() ? (*plan)->entries() : std::vector<PlanWaypoint>();
+}
+
+bool PlanDesk::hasPlan() const {
+    const auto plan = plan_.lock();
+    return plan->has_value() && !(*plan)->entries().empty();
+}
+
+void PlanDesk::setPresent(std::optional<GeoPoint> present) {
+    present_ = present;
+    files_.setPresent(present);
+}
+
+void PlanDesk::noteChange(bool changed) {
+    // Nothing is left to save of a plan without waypoints.
+    changed_ = changed && hasPlan();
+    ++revision_;
+    keepUnsaved();
+}
+
+void PlanDesk::comeIntoForce(bool changed) {
+    noteChange(changed);
+    onChange_(false);
+}
+
+std::string PlanDesk::proposedFileName() const {
+    if (!file_.empty()) {
+        return file_.filename().string();
+    }
+    const PlanEntries plan = entries();
+    if (plan.empty()) {
+        return {};
+    }
+    const auto nameOf = [](const PlanWaypoint& entry) {
+        std::string name(hasKindPrefix(entry.key) ? identOfKey(entry.key) : entry.key);
+        // A place without a record is called by words.
+        std::erase_if(name, [](char letter) {
+            return (letter < 'A' || letter > 'Z') && (letter < '0' || letter > '9');
+        });
+        return name;
+    };
+    return nameOf(plan.front()) + '-' + nameOf(plan.back()) + ".fp";
+}
+
+/// A failure to write is forgotten, the next change tries again: the flight goes on.
+void PlanDesk::keepUnsaved() {
+    if (!changed_)
+        return forgetUnsaved();
+    if (!unsaved_.empty()) {
+        unsavedIsOurs_ = files_.savePlanAs(unsaved_).empty() || unsavedIsOurs_;
+    }
+}
+
+void PlanDesk::forgetUnsaved() {
+    if (std::exchange(unsavedIsOurs_, false)) {
+        std::error_code failure;
+        std::filesystem::remove(unsaved_, failure);
+    }
+}
+
+std::optional<std::string> PlanDesk::recover() {
+    const auto bytes = unsaved_.empty() ? std::nullopt : readWholeFile(unsaved_);
+    if (!bytes) {
+        return std::nullopt;
+    }
+    std::string error = files_.LoadPlanText(*bytes);
+    unsavedIsOurs_ = error.empty();
+    comeIntoForce(error.empty());
+    return error;
+}
+
+std::string PlanDesk::enterRoute(std::string_view line) {
+    RouteResult result = RouteEntry(database_, fixes_, present_).EnterRoute(line, true);
+    if (result.error.empty()) {
+        const bool edited = beginsAlike(result.entries);
+        history_.remember(entries());
+        putInForce(std::move(result.entries), edited);
+    }
+    return result.error;
+}
+
+bool PlanDesk::beginsAlike(const PlanEntries& entries) {
+    const auto plan = plan_.lock();
+    const auto current = plan->has_value() ? (*plan)->currentIndex() : std::nullopt;
+    if (!current || *current >= entries.size()) {
+        return false;
+    }
+    const auto sameKey = [](const PlanWaypoint& a, const PlanWaypoint& b) {
+        return a.record->key == b.record->key;
+    };
+    return std::equal(entries.begin(), entries.begin() + static_cast<std::ptrdiff_t>(*current) + 1,
+                      (*plan)->entries().begin(), sameKey);
+}
+
+void PlanDesk::putInForce(PlanEntries entries, bool edited) {
+    bool goesOn = false;
+    if (entries.empty()) {
+        plan_.lock()->reset();
+    } else {
+        FlightPlan next(std::move(entries));
+        const auto plan = plan_.lock();
+        goesOn = edited && plan->has_value() && next.goOnFrom(**plan);
+        *plan = std::move(next);
+    }
+    noteChange(true);
+    if (!goesOn) {
+        onChange_(edited);
+    }
+}
+
+void PlanDesk::replace(PlanEntries entries) {
+    history_.remember(this->entries());
+    putInForce(std::move(entries), true);
+}
+
+bool PlanDesk::undo() {
+    auto former = history_.undo(entries());
+    if (former) {
+        putInForce(std::move(*former), true);
+    }
+    return former.has_value();
+}
+
+bool PlanDesk::redo() {
+    auto later = history_.redo(entries());
+    if (later) {
+        putInForce(std::move(*later), true);
+    }
+    return later.has_value();
+}
+
+template <class Change>
+bool PlanDesk::changePlan(Change change) {
+    const auto plan = plan_.lock();
+    if (!plan->has_value()) {
+        return false;
+    }
+    change(**plan);
+    return true;
+}
+
+bool PlanDesk::reverse() {
+    const PlanEntries before = entries();
+    if (!changePlan([](FlightPlan& plan) { plan.reverse(); })) {
+        return false;
+    }
+    history_.remember(before);
+    comeIntoForce(true);
+    return true;
+}
+
+bool PlanDesk::activate() {
+    if (!changePlan([](FlightPlan& plan) { plan.activate(); })) {
+        return false;
+    }
+    comeIntoForce(changed_);
+    return true;
+}
+
+void PlanDesk::flyTo(std::size_t index) {
+    bool moved = false;
+    changePlan([&](FlightPlan& plan) {
+        moved = index < plan.entries().size();
+        if (moved) {
+            plan.moveToEntry(index);
+        }
+    });
+    if (moved) {
+        comeIntoForce(changed_);
+    }
+}
+
+void PlanDesk::clear() {
+    if (const PlanEntries before = entries(); !before.empty()) {
+        history_.remember(before);
+    }
+    plan_.lock()->reset();
+    file_.clear();
+    comeIntoForce(false);
+}
+
+std::string PlanDesk::open(const std::filesystem::path& path) {
+    const auto bytes = readWholeFile(path);
+    if (!bytes) {
+        return std::string(text(TextId::FileOpenError));
+    }
+    PlanEntries before = entries();
+    std::string error = files_.OpenPlanFile(path, *bytes);
+    if (error.empty()) {
+        history_.clear();
+    } else if (!before.empty()) {
+        history_.remember(std::move(before));
+    }
+    file_ = error.empty() ? path : std::filesystem::path();
+    if (error.empty() && path.extension() != ".fp" && path.extension() != ".FP") {
+        file_.replace_extension(".fp");  // what a list was converted into
+    }
+    comeIntoForce(false);
+    return error;
+}
+
+std::string PlanDesk::exportTo(const std::filesystem::path& path) const {
+    return files_.savePlanAs(path);
+}
+
+std::string PlanDesk::saveAs(const std::filesystem::path& path) {
+    std::string error = files_.savePlanAs(path);
+    if (error.empty()) {
+        file_ = path;
+        changed_ = false;
+        ++revision_;
+        keepUnsaved();
+    }
+    return error;
+}
+
+}  // namespace korvel

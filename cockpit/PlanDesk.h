@@ -1,0 +1,110 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "nav/plan/FlightPlan.h"
+#include "nav/plan/GeneratedFixes.h"
+#include "nav/plan/PlanEdit.h"
+#include "nav/plan/PlanFiles.h"
+
+namespace korvel {
+
+class NavDatabase;
+class UserRecordStore;
+
+/// The active plan and what the pilot does with it. Every command returns the message for the
+/// pilot, empty on success; one that is refused leaves the plan as it was. Main thread only.
+class PlanDesk {
+ public:
+    /// Both must outlive the desk. `onChange` is called when another plan has come into force, or
+    /// one that was `edited` and is to be flown anew all the same.
+    PlanDesk(NavDatabase& database, const UserRecordStore& userRecords,
+             std::function<void(bool edited)> onChange);
+
+    GuardedPlan& plan() { return plan_; }
+    GeneratedFixes& fixes() { return fixes_; }
+    /// A copy of the plan's entries; empty without a plan.
+    [[nodiscard]] std::vector<PlanWaypoint> entries() const;
+    [[nodiscard]] bool hasPlan() const;
+    /// Grows with every change of the plan.
+    [[nodiscard]] std::uint64_t revision() const { return revision_; }
+
+    /// Where the aircraft is: identifiers that repeat are looked up near it.
+    void setPresent(std::optional<GeoPoint> present);
+
+    /// Replaces the plan by a line of identifiers and airways. A line that only goes on otherwise
+    /// behind what is flown to counts as edited.
+    [[nodiscard]] std::string enterRoute(std::string_view line);
+    /// Puts edited entries in force; none of them is no plan. What is flown to stays so if it can.
+    void replace(std::vector<PlanWaypoint> entries);
+    /// False without a plan.
+    bool reverse();
+    /// Flies the plan anew from where the aircraft is; false without one.
+    bool activate();
+    /// Flies to this entry next; does nothing when there is none at `index`.
+    void flyTo(std::size_t index);
+    void clear();
+
+    /// Takes back the last change of the entries, and takes that back; false when there is none.
+    bool undo();
+    bool redo();
+    [[nodiscard]] bool canUndo() const { return history_.canUndo(); }
+    [[nodiscard]] bool canRedo() const { return history_.canRedo(); }
+
+    /// Opens a ".fp" or ".TXT" file. A file that cannot be read as a plan leaves none, and undo()
+    /// brings the former one back; one that cannot be opened changes nothing.
+    [[nodiscard]] std::string open(const std::filesystem::path& path);
+    /// Saves to this file, which becomes the plan's file.
+    [[nodiscard]] std::string saveAs(const std::filesystem::path& path);
+    /// Writes the plan to a file without making it the plan's own.
+    [[nodiscard]] std::string exportTo(const std::filesystem::path& path) const;
+
+    /// Empty for a plan that has no file yet.
+    [[nodiscard]] const std::filesystem::path& file() const { return file_; }
+    /// A bare name to save it under: its file's, else of where it begins and ends.
+    [[nodiscard]] std::string proposedFileName() const;
+
+    /// From now on what no file of the pilot's holds is kept in this one: a program that is killed
+    /// loses no plan. It goes as soon as there is nothing to keep any more.
+    void keepUnsavedIn(const std::filesystem::path& path) { unsaved_ = path; }
+    /// Puts what an earlier run has left there in force, as a plan without a file. Nothing when
+    /// there is none, else the message.
+    [[nodiscard]] std::optional<std::string> recover();
+    /// The pilot does not want to keep what no file holds.
+    void forgetUnsaved();
+    /// There is something that no file holds.
+    [[nodiscard]] bool changed() const { return changed_; }
+
+ private:
+    /// Under the plan's lock; false without a plan.
+    template <class Change>
+    bool changePlan(Change change);
+    /// As the plan in force, as far as that has been flown.
+    bool beginsAlike(const PlanEntries& entries);
+    void putInForce(PlanEntries entries, bool edited);
+    /// What no file holds any more or not yet is looked after.
+    void noteChange(bool changed);
+    void comeIntoForce(bool changed);
+    void keepUnsaved();
+
+    NavDatabase& database_;
+    GeneratedFixes fixes_;
+    GuardedPlan plan_;
+    PlanFiles files_;
+    std::function<void(bool edited)> onChange_;
+    std::optional<GeoPoint> present_;
+    PlanHistory history_;
+    std::filesystem::path file_;
+    bool changed_ = false;
+    std::filesystem::path unsaved_;  // empty: nothing is kept
+    bool unsavedIsOurs_ = false;     // and not an earlier run's, which nobody has seen
+    std::uint64_t revision_ = 0;
+};
+
+}  // namespace korvel

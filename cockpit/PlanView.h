@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "geo/GeoPoint.h"
+
+namespace korvel {
+
+/// One entry of the plan as the pages show it. Distances and courses are those of the leg that
+/// ends here; the first entry has none.
+struct PlanRow {
+    std::string text;   ///< as in the route line, with its altitude
+    std::string key;    ///< of the record, or the words of a generated fix
+    std::string ident;  ///< what the map writes beside it
+    std::string name;
+    GeoPoint position;
+    std::optional<std::int32_t> altitudeFt;
+    std::optional<double> courseMagDeg;
+    std::optional<double> legNm;
+
+    friend bool operator==(const PlanRow&, const PlanRow&) = default;
+};
+
+/// The active plan, copied out of its lock when it changed.
+struct PlanView {
+    std::vector<PlanRow> rows;
+    std::optional<std::size_t> active;  ///< flown to at present; none before the first choice
+    double totalNm = 0.0;
+    std::string fileName;  ///< bare; empty for a plan that was never saved
+    bool changed = false;  ///< there is something to save
+
+    friend bool operator==(const PlanView&, const PlanView&) = default;
+};
+
+}  // namespace korvel

@@ -1,0 +1,34 @@
+#include "cockpit/PlanViewBuilder.h"
+
+#include <utility>
+
+#include "geo/Geodesy.h"
+#include "nav/plan/FlightPlan.h"
+
+namespace korvel {
+
+PlanView makePlanView(const FlightPlan& plan, const Variation& variation) {
+    PlanView view;
+    view.rows.reserve(plan.entries().size());
+    for (const PlanWaypoint& entry : plan.entries()) {
+        PlanRow row;
+        row.text = entry.text;
+        row.key = entry.record->key;
+        row.ident = entry.record->ident.view();
+        row.name = entry.record->GetName();
+        row.position = entry.position();
+        if (entry.altitudeFt != kNoAltitudeFt)
+            row.altitudeFt = entry.altitudeFt;
+        if (!view.rows.empty()) {
+            const GeoPoint from = view.rows.back().position;
+            row.courseMagDeg = variation.TrueToMagnetic(TrueCourseDeg(from, row.position));
+            row.legNm = DistanceNm(from, row.position);
+        }
+        view.rows.push_back(std::move(row));
+    }
+    view.active = plan.currentIndex();
+    view.totalNm = plan.totalNm();
+    return view;
+}
+
+}  // namespace korvel

@@ -1,0 +1,53 @@
+#include "cockpit/RecentFiles.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "config/ProfileFile.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kSection = "Recent File List";
+
+std::string nameOf(std::size_t index) { return "File" + std::to_string(index + 1); }
+
+/// The store keeps seven bits of each byte and ends a value at a semicolon.
+bool canBeStored(const std::string& text) {
+    return std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~' && c != ';'; });
+}
+
+}  // namespace
+
+RecentFiles::RecentFiles(ProfileFile& profile) : profile_(profile) {
+    for (std::size_t i = 0; i < kMost; ++i) {
+        const std::string file = profile_.getString(kSection, nameOf(i), "");
+        if (!file.empty()) {
+            files_.emplace_back(file);
+        }
+    }
+}
+
+void RecentFiles::add(const std::filesystem::path& file) {
+    std::erase(files_, file);
+    if (canBeStored(file.string())) {
+        files_.push_front(file);
+        if (files_.size() > kMost) {
+            files_.pop_back();
+        }
+    }
+    store();
+}
+
+void RecentFiles::remove(const std::filesystem::path& file) {
+    std::erase(files_, file);
+    store();
+}
+
+void RecentFiles::store() {
+    for (std::size_t i = 0; i < kMost; ++i) {
+        profile_.setString(kSection, nameOf(i), i < files_.size() ? files_[i].string() : "", true);
+    }
+}
+
+}  // namespace korvel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "cockpit/Navigator.h"
+
+namespace korvel {
+
+/// What the pilot types to start or to change the simulated aircraft.
+struct SimulatorForm {
+    std::string latitude;   ///< degrees, south negative
+    std::string longitude;  ///< degrees, west negative
+    std::string heading;    ///< magnetic degrees, 0 to 360
+    std::string speed;      ///< knots
+    std::string altitude;   ///< feet
+
+    static SimulatorForm of(const SimulatorStart& start);
+
+    /// The values typed. The message for the pilot names the first that will not do, and `start`
+    /// is then as it was; empty on success.
+    [[nodiscard]] std::string read(SimulatorStart& start) const;
+};
+
+}  // namespace korvel

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "geo/GeoPoint.h"
+
+namespace korvel {
+
+class Navigator;
+class ProfileFile;
+
+/// A point that the pilot has marked.
+struct UserFix {
+    std::string name;
+    GeoPoint position;
+};
+
+/// The pilot's own fixes: kept in the profile, and places like any other for look-ups, map and
+/// plans. Main thread only.
+class UserFixes {
+ public:
+    /// Reads them from the profile. Both must outlive this.
+    UserFixes(ProfileFile& profile, Navigator& navigator);
+
+    /// In the order in which they were marked.
+    [[nodiscard]] std::span<const UserFix> all() const { return fixes_; }
+    /// "USR001", or the next one that is free.
+    [[nodiscard]] std::string proposedName() const;
+
+    /// Marks a point; the profile is saved at once. The message for the pilot, empty on success: a
+    /// name is one that no place and no airway has.
+    [[nodiscard]] std::string add(std::string_view name, GeoPoint position);
+    /// The message for the pilot, empty on success: one that the plan leads over stays.
+    [[nodiscard]] std::string remove(std::size_t index);
+
+ private:
+    [[nodiscard]] std::string refusal(std::string_view name) const;
+    void load();
+    void save();
+    void putInForce();
+
+    ProfileFile& profile_;
+    Navigator& navigator_;
+    std::vector<UserFix> fixes_;
+};
+
+}  // namespace korvel

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "compiler/sources/ImportLog.h"
+
+namespace korvel {
+
+enum class NavdbSource : std::uint8_t { xplane, ourAirports };
+
+/// The region letter of a database that covers no one region. Airport look-ups that fail put the
+/// letter before the identifier, and take it off a longer one, to bridge the two spellings within a
+/// region (SEA and KSEA). Any capital letter would make "SSS" find Singapore's WSSS in a 'W'
+/// database; identifiers are in capitals, so this small one ("world") never makes two different
+/// airports meet.
+inline constexpr char kWorldRegion = 'w';
+
+struct NavdbBuildOptions {
+    NavdbSource source = NavdbSource::xplane;
+    /// X-Plane's files, plain or .gz; an empty path leaves that kind of place out.
+    std::filesystem::path apt;
+    std::filesystem::path nav;
+    std::filesystem::path fix;
+    std::filesystem::path awy;
+    /// Folder of OurAirports' files, plain or .gz; airports.csv must be there, the others may.
+    std::filesystem::path folder;
+    std::filesystem::path output;
+    char region = kWorldRegion;
+    /// YYYYMMDD; without one the expiry of the data cycle that the sources name, else none, and
+    /// the database counts as out of date.
+    std::optional<int> expiryYmd;
+};
+
+/// Share of the work done, 0 to 1, and what is being done.
+using BuildProgress = std::function<void(double share, std::string_view what)>;
+
+/// Compiles a database. The result is empty, or why there is none; then an existing output file is
+/// untouched. `log` tells what was taken and left out.
+[[nodiscard]] std::string buildNavdb(const NavdbBuildOptions& options, ImportLog& log,
+                                     const BuildProgress& progress = {});
+
+}  // namespace korvel

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "compiler/sources/AviationData.h"
+
+namespace korvel {
+
+// What the sources leave to be concluded about airports and runways, the same for all of them.
+
+/// United States identifiers of four characters with two digits and two adjacent letters ("CA54",
+/// "81CA", "1OK8") are given to private-use fields only. The sources say nothing better.
+bool isPrivateIdentifier(std::string_view ident, const GeoDegrees& position);
+
+/// Closed airports stay in the sources for the sake of the scenery, marked in their names.
+bool saysClosed(std::string_view name);
+
+/// Runway number of a designator: 16 of "16L". 0 for helipads and other names.
+int runwayNumber(std::string_view designator);
+
+/// Puts the end with the lower number first ("16L" before "34R").
+void orderEnds(SourceRunway& runway);
+
+/// Length between the ends in whole feet.
+int lengthBetweenFt(const GeoDegrees& a, const GeoDegrees& b);
+
+/// The full name goes to the information text when the name field, of which 20 characters are
+/// shown, cannot hold it.
+std::string informationFor(std::string_view fullName);
+
+/// A frequency's words, such as "SEATTLE APP/DEP": `name`, with the service added when it does not
+/// say it itself.
+std::string commType(std::string_view name, std::string_view service);
+
+}  // namespace korvel

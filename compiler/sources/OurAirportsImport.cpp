@@ -1,0 +1,270 @@
+#include "compiler/sources/OurAirportsImport.h"
+
+#include <cmath>
+#include <optional>
+#include <utility>
+
+#include "compiler/sources/AirportRules.h"
+#include "compiler/sources/AsciiText.h"
+#include "geo/Geodesy.h"
+
+namespace korvel {
+
+namespace {
+
+std::optional<int> wholeFeet(std::string_view text) {
+    const auto value = wholeDouble(text);
+    if (!value || std::abs(*value) > 100000.0)
+        return std::nullopt;
+    return RoundToInt(*value);
+}
+
+std::optional<GeoDegrees> position(std::string_view latText, std::string_view lonText) {
+    const auto lat = latitudeDeg(latText);
+    const auto lon = longitudeDeg(lonText);
+    if (!lat || !lon)
+        return std::nullopt;
+    return GeoDegrees{*lat, *lon};
+}
+
+/// A length; the tables say 0 where they know none.
+std::optional<int> positiveFeet(std::string_view text) {
+    const auto feet = wholeFeet(text);
+    return feet && *feet > 0 ? feet : std::nullopt;
+}
+
+/// The identifier by which pilots know the airport. The table's own one is invented ("US-0571")
+/// where no other was known; then the code that receivers use is better, and in North America the
+/// local one.
+std::string_view identOf(const CsvTable& row) {
+    const auto own = row["ident"];
+    if (own.find('-') == std::string_view::npos)
+        return own;
+    if (isIdentifier(row["gps_code"]))
+        return row["gps_code"];
+    const bool northAmerica = row["iso_country"] == "US" || row["iso_country"] == "CA";
+    return northAmerica && isIdentifier(row["local_code"]) ? row["local_code"] : own;
+}
+
+struct SurfaceWord {
+    std::string_view begins;
+    std::string_view text;
+    bool hard;
+};
+
+/// Contributors write surfaces in many ways; what is not here is kept as it stands.
+constexpr std::array kSurfaces{
+    SurfaceWord{"ASP", "ASPH", true},   SurfaceWord{"BIT", "ASPH", true},
+    SurfaceWord{"TAR", "ASPH", true},   SurfaceWord{"PAVED", "PAVED", true},
+    SurfaceWord{"CON", "CONC", true},   SurfaceWord{"PEM", "PEM", true},
+    SurfaceWord{"GR", "TURF", false},   SurfaceWord{"TURF", "TURF", false},
+    SurfaceWord{"SOD", "TURF", false},  SurfaceWord{"GVL", "GRVL", false},
+    SurfaceWord{"DIRT", "DIRT", false}, SurfaceWord{"WAT", "WATER", false}};
+
+void setSurface(std::string_view text, SourceRunway& runway) {
+    std::string surface = toAsciiText(text);
+    for (char& c : surface)
+        if (c >= 'a' && c <= 'z')
+            c = static_cast<char>(c - 'a' + 'A');
+    // Gravel begins like grass.
+    if (surface.starts_with("GRAV") || surface.starts_with("GRV")) {
+        runway.surface = "GRVL";
+        return;
+    }
+    runway.surface = surface;
+    for (const auto& word : kSurfaces)
+        if (surface.starts_with(word.begins)) {
+            runway.surface = word.text;
+            runway.hard = word.hard;
+            return;
+        }
+}
+
+SourceRunwayEnd endOf(const CsvTable& row, std::string_view prefix) {
+    const auto field = [&](std::string_view name) { return row[std::string(prefix).append(name)]; };
+    SourceRunwayEnd end;
+    end.id = toAsciiText(field("_ident"));
+    end.position = position(field("_latitude_deg"), field("_longitude_deg"));
+    if (const auto heading = wholeDouble(field("_heading_degT"));
+        heading && std::abs(*heading) <= 360.0)
+        end.headingTrue = heading;
+    end.elevationFt = wholeFeet(field("_elevation_ft"));
+    return end;
+}
+
+std::optional<NavaidKind> navaidKind(std::string_view type) {
+    if (type == "VOR")
+        return NavaidKind::vor;
+    if (type == "VOR-DME")
+        return NavaidKind::vorDme;
+    if (type == "VORTAC")
+        return NavaidKind::vortac;
+    if (type == "NDB")
+        return NavaidKind::ndb;
+    if (type == "NDB-DME")
+        return NavaidKind::ndbDme;
+    if (type == "DME" || type == "TACAN")
+        return NavaidKind::dmeOnly;
+    return std::nullopt;
+}
+
+Usage usageOf(std::string_view usage, std::string_view power) {
+    if (usage == "TERMINAL")
+        return kUsageTerminal;
+    if (usage == "LO")
+        return kUsageLow;
+    if (usage == "HI")
+        return kUsageHigh;
+    if (usage == "BOTH")
+        return kUsageBoth;
+    return power == "HIGH" ? kUsageBoth : kUsageLow;
+}
+
+template <class Take>
+std::string eachRow(CsvTable& table, std::span<const std::string_view> required, Take take) {
+    if (auto refused = table.readHeader(required); !refused.empty())
+        return refused;
+    while (table.next())
+        take();
+    return table.failure();
+}
+
+}  // namespace
+
+std::string OurAirportsImport::importAirports(CsvTable table) {
+    constexpr std::array<std::string_view, 5> kColumns{"ident", "type", "name", "latitude_deg",
+                                                       "longitude_deg"};
+    return eachRow(table, kColumns, [&] { takeAirport(table); });
+}
+
+void OurAirportsImport::takeAirport(CsvTable& row) {
+    const auto type = row["type"];
+    const std::string name = toAsciiText(row["name"]);
+    if (type == "closed" || saysClosed(name)) {
+        log_.leftOut("closed airports");
+        return;
+    }
+    if (type == "balloonport") {
+        log_.leftOut("balloon ports");
+        return;
+    }
+    const auto where = position(row["latitude_deg"], row["longitude_deg"]);
+    const auto ident = identOf(row);
+    if (!where || !isIdentifier(ident)) {
+        row.malformed("airport without position or usable identifier");
+        return;
+    }
+    SourceAirport airport;
+    airport.ident = ident;
+    airport.kind = type == "heliport"        ? AirportKind::heliport
+                   : type == "seaplane_base" ? AirportKind::seaplane
+                                             : AirportKind::land;
+    airport.position = *where;
+    airport.elevationFt = wholeFeet(row["elevation_ft"]);
+    airport.isPrivate = isPrivateIdentifier(ident, *where);
+    airport.info = informationFor(name);
+    const std::string town = toAsciiText(row["municipality"]);
+    if (!town.empty() && name.find(town) == std::string::npos)
+        airport.info.append(airport.info.empty() ? "" : ", ").append(town);
+    airport.name = name;
+    airports_.emplace(row["ident"], data_.airports.size());
+    data_.airports.push_back(std::move(airport));
+}
+
+SourceAirport* OurAirportsImport::airportOf(const CsvTable& row) {
+    const auto found = airports_.find(std::string(row["airport_ident"]));
+    return found == airports_.end() ? nullptr : &data_.airports[found->second];
+}
+
+std::string OurAirportsImport::importRunways(CsvTable table) {
+    constexpr std::array<std::string_view, 4> kColumns{"airport_ident", "length_ft", "width_ft",
+                                                       "le_ident"};
+    return eachRow(table, kColumns, [&] { takeRunway(table); });
+}
+
+void OurAirportsImport::takeRunway(CsvTable& row) {
+    SourceAirport* const airport = airportOf(row);
+    if (airport == nullptr) {
+        log_.leftOut("runways and frequencies of airports left out");
+        return;
+    }
+    if (row["closed"] == "1") {
+        log_.leftOut("closed runways");
+        return;
+    }
+    SourceRunway runway;
+    runway.ends = {endOf(row, "le"), endOf(row, "he")};
+    const auto& [low, high] = runway.ends;
+    if (low.id.empty()) {
+        row.malformed("runway without designator");
+        return;
+    }
+    if (high.id.empty() && airport->kind != AirportKind::heliport) {
+        log_.leftOut("helipads of airports with runways");
+        return;
+    }
+    runway.widthFt = positiveFeet(row["width_ft"]);
+    runway.lengthFt = positiveFeet(row["length_ft"]);
+    if (!runway.lengthFt && low.position && high.position)
+        runway.lengthFt = lengthBetweenFt(*low.position, *high.position);
+    runway.lighted = row["lighted"] == "1";
+    setSurface(row["surface"], runway);
+    orderEnds(runway);
+    airport->runways.push_back(std::move(runway));
+}
+
+std::string OurAirportsImport::importFrequencies(CsvTable table) {
+    constexpr std::array<std::string_view, 3> kColumns{"airport_ident", "type", "frequency_mhz"};
+    return eachRow(table, kColumns, [&] { takeFrequency(table); });
+}
+
+void OurAirportsImport::takeFrequency(CsvTable& row) {
+    SourceAirport* const airport = airportOf(row);
+    if (airport == nullptr) {
+        log_.leftOut("runways and frequencies of airports left out");
+        return;
+    }
+    const auto mhz = wholeDouble(row["frequency_mhz"]);
+    if (!mhz || *mhz < 1.0 || *mhz > 400.0) {
+        row.malformed("frequency missing or out of range");
+        return;
+    }
+    airport->comms.push_back({commType(row["description"], row["type"]), *mhz});
+}
+
+std::string OurAirportsImport::importNavaids(CsvTable table) {
+    constexpr std::array<std::string_view, 6> kColumns{
+        "ident", "name", "type", "frequency_khz", "latitude_deg", "longitude_deg"};
+    return eachRow(table, kColumns, [&] { takeNavaid(table); });
+}
+
+void OurAirportsImport::takeNavaid(CsvTable& row) {
+    const auto kind = navaidKind(row["type"]);
+    const auto where = position(row["latitude_deg"], row["longitude_deg"]);
+    const auto khz = wholeDouble(row["frequency_khz"]);
+    if (!kind || !where || !khz || !isIdentifier(row["ident"])) {
+        row.malformed("navaid without type, position, frequency or identifier");
+        return;
+    }
+    SourceNavaid navaid;
+    navaid.kind = *kind;
+    navaid.ident = row["ident"];
+    navaid.name = toAsciiText(row["name"]);
+    navaid.position = *where;
+    const bool ndb = *kind == NavaidKind::ndb || *kind == NavaidKind::ndbDme;
+    navaid.frequency = ndb ? *khz : *khz / 1000.0;
+    const bool inBand = ndb ? *khz >= 100.0 && *khz < 2000.0
+                            : navaid.frequency >= 108.0 && navaid.frequency < 118.0;
+    if (!inBand && *kind != NavaidKind::dmeOnly) {
+        row.malformed("frequency out of range");
+        return;
+    }
+    navaid.usage = usageOf(row["usageType"], row["power"]);
+    // What the station is aligned to; the variation of its place where that is not given.
+    navaid.variation = variationDeg(row["slaved_variation_deg"]);
+    if (!navaid.variation)
+        navaid.variation = variationDeg(row["magnetic_variation_deg"]);
+    data_.navaids.push_back(std::move(navaid));
+}
+
+}  // namespace korvel

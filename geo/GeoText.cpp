@@ -1,0 +1,85 @@
+#include "geo/GeoText.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "base/TextNumbers.h"
+#include "geo/Geodesy.h"
+#include "geo/Units.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::array kPowersOfTen{1.0, 10.0, 100.0, 1000.0};
+
+std::string padded(std::string digits, std::size_t width) {
+    if (digits.size() < width)
+        digits.insert(0, width - digits.size(), '0');
+    return digits;
+}
+
+// Rounded as a whole and split afterwards, so that the minutes never read 60.
+std::string coordinateText(char hemisphere, double degrees, std::size_t degreeDigits,
+                           int decimals) {
+    const int places = std::clamp(decimals, 0, 3);
+    const double parts = kPowersOfTen.at(static_cast<std::size_t>(places));
+    const double total = std::round(std::abs(degrees) * 60 * parts);
+    const double whole = std::floor(total / (60 * parts));
+    const double minutes = (total - whole * 60 * parts) / parts;
+    const std::size_t minuteWidth = places == 0 ? 2 : static_cast<std::size_t>(places) + 3;
+    std::string text(1, hemisphere);
+    text += padded(formatFixed(whole, 0), degreeDigits) + "°";
+    return text += padded(formatFixed(minutes, places), minuteWidth) + "'";
+}
+
+}  // namespace
+
+std::string zeroPadded(int value, std::size_t digits) { return padded(formatInt(value), digits); }
+
+std::string latitudeText(double degrees, int decimals) {
+    return coordinateText(degrees < 0 ? 'S' : 'N', degrees, 2, decimals);
+}
+
+std::string longitudeText(double degrees, int decimals) {
+    const double folded = 180 - PositiveMod(180 - degrees, 360);  // above -180, up to 180
+    return coordinateText(folded < 0 ? 'W' : 'E', folded, 3, decimals);
+}
+
+std::string distanceText(double nm) {
+    std::string text = distanceTenthsText(nm);
+    if (const std::size_t zero = text.find(".0 "); zero != std::string::npos)
+        text.erase(zero, 2);
+    return text;
+}
+
+std::string distanceTenthsText(double nm) {
+    UnitLabels labels;
+    const double shown = ConvertDistance(nm, &labels);
+    return formatFixed(shown, shown < 99.95 ? 1 : 0) + " " + std::string(labels.distance);
+}
+
+std::string altitudeText(int feet, int altUnit) {
+    return altUnit == 1 ? formatInt(RoundToInt(feet * kMetresPerFoot)) + " m"
+                        : formatInt(feet) + " ft";
+}
+
+std::string courseText(double degrees) {
+    const int whole = RoundToInt(PositiveMod(degrees, 360));
+    return zeroPadded(whole == 0 ? 360 : whole, 3);
+}
+
+std::string ageText(int seconds) {
+    if (seconds < 60)
+        return formatInt(seconds) + " s";
+    if (seconds < 3600)
+        return formatInt(seconds / 60) + " min " + zeroPadded(seconds % 60, 2) + " s";
+    return formatInt(seconds / 3600) + " h " + zeroPadded(seconds / 60 % 60, 2) + " min";
+}
+
+std::string coordinatesText(GeoPoint position) {
+    return latitudeText(position.lat * kRadToDeg, 2) + "  " +
+           longitudeText(position.lon * kRadToDeg, 2);
+}
+
+}  // namespace korvel

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "geo/GeoPoint.h"
+
+namespace korvel {
+
+/// The two magnetic variations that the document knows, and the one pair of functions that crosses
+/// between true and magnetic. Degrees, east positive, kNoAngle when unknown; magnetic = true -
+/// variation. The receiver's sentences count east as negative: whoever fills `receiverDeg` turns
+/// the sign.
+struct Variation {
+    double receiverDeg = kNoAngle;
+    double databaseDeg = kNoAngle;  ///< for the present area
+    bool ignoreReceiver = false;    ///< setting "IgnoreMagVar"
+
+    /// The one in force: the receiver's unless it is to be ignored or unknown, else the
+    /// database's, else 0.
+    double inForceDeg() const;
+
+    /// Both return kNoAngle for kNoAngle, else an angle of 0 up to but not including 360.
+    double TrueToMagnetic(double trueDeg) const;
+    double MagneticToTrue(double magneticDeg) const;
+};
+
+}  // namespace korvel

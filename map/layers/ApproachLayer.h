@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cockpit/CockpitData.h"
+#include "paint/Canvas.h"
+#include "paint/LabelSpace.h"
+
+namespace korvel {
+
+class MapProjection;
+struct MapFrame;
+
+/// A distance from the threshold, marked on the runway's extended center line.
+struct ApproachMark {
+    Segment tick;       ///< across the center line
+    std::string label;  ///< distance, and altitude on the glide path; empty where there is no room
+    Point labelAt;      ///< its middle
+};
+
+/// A mark for each unit of distance, in the unit in force, where they do not crowd; else every
+/// second or fifth. Their labels take their room, off `lines` where they can. None while no runway
+/// is approached.
+std::vector<ApproachMark> layOutApproach(const Canvas& canvas, const CockpitData& data,
+                                         const MapProjection& projection, const Rect& view,
+                                         double textPx, LabelSpace& labels,
+                                         const LabelSpace& lines);
+
+/// MapFrame::approachMarks, over the line that the plan's layer has drawn.
+void paintApproach(const MapFrame& frame, Canvas& canvas);
+
+}  // namespace korvel

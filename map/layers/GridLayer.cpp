@@ -1,0 +1,81 @@
+#include "map/layers/GridLayer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "map/MapFrame.h"
+#include "paint/Clip.h"
+#include "paint/TextBox.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kFaded = 0.7;  // how much of the line is hidden by the background
+constexpr double kLabelFaded = 0.3;
+constexpr double kEdgeMargin = 4;
+constexpr double kLabelMargin = 2;  // between a label and the line that it interrupts
+
+// Where a line's label may stand: on the line, as close to the edge as the whole label stays
+// inside, or a little further in; first at the left or upper end.
+std::vector<Point> labelPlaces(const Segment& line, const Rect& view, const TextExtent& text) {
+    const Rect room{view.x + text.width / 2 + kEdgeMargin,
+                    view.y + text.capHeight / 2 + kEdgeMargin,
+                    view.width - text.width - 2 * kEdgeMargin,
+                    view.height - text.capHeight - text.descent - 2 * kEdgeMargin};
+    std::optional<Segment> inside = clipSegment(line, room);
+    if (!inside)
+        return {};
+    const bool flat = std::abs(line.to.x - line.from.x) > std::abs(line.to.y - line.from.y);
+    if (flat ? inside->from.x > inside->to.x : inside->from.y > inside->to.y)
+        std::swap(inside->from, inside->to);
+    std::vector<Point> places;
+    for (const double share : {0.0, 1.0, 0.08, 0.92, 0.16, 0.84})
+        places.push_back({inside->from.x + (inside->to.x - inside->from.x) * share,
+                          inside->from.y + (inside->to.y - inside->from.y) * share});
+    return places;
+}
+
+TextStyle labelStyle(const MapFrame& frame) {
+    const ColorValue background = frame.colors[ColorKey::MapBackground];
+    return {.font = {.height = frame.textPx},
+            .color = blended(frame.colors[ColorKey::MapGrid], background, kLabelFaded),
+            .alignX = AlignX::Center,
+            .alignY = AlignY::Middle,
+            .halo = background};
+}
+
+}  // namespace
+
+void paintGrid(const MapFrame& frame, Canvas& canvas) {
+    std::vector<Segment> segments;
+    segments.reserve(frame.grid.size());
+    for (const GridLine& line : frame.grid)
+        segments.push_back(line.segment);
+    canvas.lines(segments, {.color = blended(frame.colors[ColorKey::MapGrid],
+                                             frame.colors[ColorKey::MapBackground], kFaded),
+                            .width = 1});
+}
+
+void paintGridLabels(const MapFrame& frame, Canvas& canvas) {
+    const TextStyle style = labelStyle(frame);
+    for (const GridLine& line : frame.grid) {
+        const TextExtent extent = canvas.measure(line.label, style.font);
+        const std::vector<Point> places = labelPlaces(line.segment, frame.view, extent);
+        std::vector<Rect> boxes(places.size());
+        std::ranges::transform(places, boxes.begin(), [&](Point place) {
+            return grown(textBox(place, extent, style), kLabelMargin);
+        });
+        const auto found = claimFirst(frame.labels, boxes, frame.planLines);
+        if (!found)
+            continue;
+        // The line stops on both sides of it.
+        canvas.rect(boxes[*found], Brush{frame.colors[ColorKey::MapBackground]}, std::nullopt);
+        canvas.text(places[*found], line.label, style);
+    }
+}
+
+}  // namespace korvel

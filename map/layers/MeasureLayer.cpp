@@ -1,0 +1,200 @@
+#include "map/layers/MeasureLayer.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "config/StringTable.h"
+#include "geo/GeoText.h"
+#include "geo/Geodesy.h"
+#include "map/GreatCircleLine.h"
+#include "map/MapFrame.h"
+#include "paint/Clip.h"
+#include "paint/LabelSpace.h"
+#include "paint/MapLook.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kCloseFloorPx = 44;
+constexpr double kRim = 2;
+constexpr double kLineWidth = 3;
+
+std::string bearingText(double trueDeg, const std::optional<double>& magneticDeg) {
+    const std::string magnetic = magneticDeg ? courseText(*magneticDeg) + "°M" : "---°M";
+    return courseText(trueDeg) + "°T  " + magnetic;
+}
+
+/// The middle of the part of the line that the view shows.
+std::optional<Point> seenMiddle(const MeasureTool& tool, const CockpitData& data,
+                                const MapProjection& projection, const Rect& view) {
+    const auto from = positionOf(*tool.from(), data);
+    const auto to = positionOf(*tool.to(), data);
+    if (!from || !to)
+        return std::nullopt;
+    std::vector<Point> seen;
+    traceGreatCircle(projection, *from, *to, view, [&](std::span<const Point> piece) {
+        seen.insert(seen.end(), piece.begin(), piece.end());
+    });
+    if (seen.empty())
+        return std::nullopt;
+    return Point{(seen.front().x + seen.back().x) / 2, (seen.front().y + seen.back().y) / 2};
+}
+
+Rect within(Rect box, const Rect& view) {
+    box.x = std::max(view.x, std::min(box.x, view.right() - box.width));
+    box.y = std::max(view.y, std::min(box.y, view.bottom() - box.height));
+    return box;
+}
+
+/// Beside the middle where there is room, else where it covers least of importance.
+Rect placeLabel(Point middle, double width, double height, const Rect& view, double gap,
+                LabelSpace& labels) {
+    const std::array sides{Point{gap, gap},
+                           Point{gap, -gap - height},
+                           Point{-gap - width, -gap - height},
+                           Point{-gap - width, gap},
+                           Point{-width / 2, 3 * gap},
+                           Point{-width / 2, -3 * gap - height},
+                           Point{4 * gap, -height / 2},
+                           Point{-4 * gap - width, -height / 2}};
+    for (const Point& side : sides) {
+        const Rect box = within({middle.x + side.x, middle.y + side.y, width, height}, view);
+        if (labels.claim(box))
+            return box;
+    }
+    const Rect box = within({middle.x - width / 2, middle.y + gap, width, height}, view);
+    labels.reserve(box);
+    return box;
+}
+
+class MeasurePainter {
+ public:
+    MeasurePainter(const MapFrame& frame, Canvas& canvas)
+        : frame_(frame),
+          canvas_(canvas),
+          ground_(frame.colors[ColorKey::MapInfoBackground]),
+          ink_(frame.colors[ColorKey::MapInfoText]) {}
+
+    void line(GeoPoint from, GeoPoint to) const {
+        const auto trace = [&](const Pen& pen) {
+            traceGreatCircle(frame_.projection, from, to, grown(frame_.view, kLineWidth),
+                             [&](std::span<const Point> piece) { canvas_.polyline(piece, pen); });
+        };
+        trace({ground_, kLineWidth + 2 * kRim, PenStyle::Solid});
+        trace({ink_, kLineWidth, PenStyle::Dash});
+    }
+
+    void end(GeoPoint position) const {
+        const Point at = frame_.projection.project(position);
+        if (!frame_.view.contains(at))
+            return;
+        const double radius = std::round(frame_.textPx * 0.5);
+        canvas_.circle(at, radius, std::nullopt, Pen{ground_, 6, PenStyle::Solid});
+        canvas_.circle(at, radius, std::nullopt, Pen{ink_, 2.5, PenStyle::Solid});
+    }
+
+    void label(const MeasureLook& look) const {
+        canvas_.rect(look.label, Brush{ground_}, Pen{ink_, 1, PenStyle::Solid});
+        const double step = look.label.height / static_cast<double>(look.lines.size());
+        double middle = look.label.y + step / 2;
+        for (const std::string& line : look.lines) {
+            canvas_.text({look.label.center().x, middle}, line, centered(infoFont(frame_.textPx)));
+            middle += step;
+        }
+    }
+
+    void close(const Rect& box) const {
+        canvas_.rect(box, Brush{ground_}, Pen{ink_, 1, PenStyle::Solid});
+        const double arm = box.height * 0.16;
+        const Point c{box.center().x, box.y + box.height * 0.34};
+        canvas_.lines(std::array{Segment{{c.x - arm, c.y - arm}, {c.x + arm, c.y + arm}},
+                                 Segment{{c.x - arm, c.y + arm}, {c.x + arm, c.y - arm}}},
+                      Pen{ink_, 3, PenStyle::Solid});
+        canvas_.text({c.x, box.y + box.height * 0.78}, text(TextId::MeasureButton),
+                     centered({.height = frame_.textPx, .weight = FontWeight::Bold}));
+    }
+
+ private:
+    TextStyle centered(const Font& font) const {
+        return {.font = font, .color = ink_, .alignX = AlignX::Center, .alignY = AlignY::Middle};
+    }
+
+    const MapFrame& frame_;
+    Canvas& canvas_;
+    ColorValue ground_;
+    ColorValue ink_;
+};
+
+}  // namespace
+
+Rect measureCloseBox(double viewWidth, double textPx) {
+    const Font font = infoFont(textPx);
+    const double margin = boxMargin(font);
+    const double size = std::max(kCloseFloorPx, std::round(textPx * 3.4));
+    const double width = std::round(size * 1.35);
+    const double top = 2 * margin + boxHeight(font);  // the range's box stands above
+    return {viewWidth - margin - width, top, width, size};
+}
+
+std::vector<std::string> measureLines(const MeasureTool& tool, const MeasureFigures& figures) {
+    std::vector<std::string> lines;
+    const std::string& from = tool.from()->name;
+    const std::string& to = tool.to()->name;
+    if (!from.empty() || !to.empty())
+        lines.push_back((from.empty() ? "…" : from) + " to " + (to.empty() ? "…" : to));
+    lines.push_back(distanceText(figures.distanceNm) + "   ETE " +
+                    (figures.seconds ? ageText(*figures.seconds) : "---"));
+    lines.push_back(bearingText(figures.trueDeg, figures.magneticDeg));
+    lines.push_back("back " + bearingText(figures.backTrueDeg, figures.backMagneticDeg));
+    return lines;
+}
+
+std::optional<MeasureLook> layOutMeasure(const Canvas& canvas, const MeasureTool& tool,
+                                         const CockpitData& data, const MapProjection& projection,
+                                         const Rect& view, double textPx, LabelSpace& labels) {
+    if (!tool.isOn())
+        return std::nullopt;
+    MeasureLook look;
+    look.close = measureCloseBox(view.width, textPx);
+    labels.reserve(look.close);
+    const auto figures = measure(tool, data);
+    const auto middle = figures ? seenMiddle(tool, data, projection, view) : std::nullopt;
+    if (!middle)
+        return look;
+    for (const auto* end : {&tool.from(), &tool.to()}) {
+        const Point at = projection.project(*positionOf(**end, data));
+        labels.reserve({at.x - textPx, at.y - textPx, 2 * textPx, 2 * textPx});
+    }
+    look.lines = measureLines(tool, *figures);
+    const Font font = infoFont(textPx);
+    double width = 0;
+    for (const std::string& line : look.lines)
+        width = std::max(width, canvas.measure(line, font).width);
+    const double margin = boxMargin(font);
+    look.label = placeLabel(*middle, std::ceil(width) + 2 * margin,
+                            std::round(static_cast<double>(look.lines.size()) * font.height * 1.35),
+                            view, margin, labels);
+    return look;
+}
+
+void paintMeasure(const MapFrame& frame, Canvas& canvas) {
+    if (frame.measure == nullptr || !frame.measureLook)
+        return;
+    const MeasurePainter painter(frame, canvas);
+    const auto position = [&](const std::optional<MeasureEnd>& end) {
+        return end ? positionOf(*end, frame.data) : std::nullopt;
+    };
+    const auto from = position(frame.measure->from());
+    const auto to = position(frame.measure->to());
+    if (from && to)
+        painter.line(*from, *to);
+    for (const auto& end : {from, to})
+        if (end)
+            painter.end(*end);
+    if (!frame.measureLook->lines.empty())
+        painter.label(*frame.measureLook);
+    painter.close(frame.measureLook->close);
+}
+
+}  // namespace korvel

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "map/MeasureTool.h"
+#include "paint/Canvas.h"
+
+namespace korvel {
+
+struct MapFrame;
+class LabelSpace;
+
+/// Where the ruler's words stand, as numbers.
+struct MeasureLook {
+    Rect close;  ///< the button that ends measuring
+    Rect label;  ///< around the lines; empty without any
+    std::vector<std::string> lines;
+};
+
+/// The button that ends measuring, below the range at the map's right edge. Large enough for a
+/// finger.
+Rect measureCloseBox(double viewWidth, double textPx);
+
+/// The lines of the label: the ends' names if any, distance and time, the bearings of both ways.
+std::vector<std::string> measureLines(const MeasureTool& tool, const MeasureFigures& figures);
+
+/// Finds room for the label where the line's middle is seen, always whole inside the view, and
+/// takes it. Nothing while the tool is off.
+std::optional<MeasureLook> layOutMeasure(const Canvas& canvas, const MeasureTool& tool,
+                                         const CockpitData& data, const MapProjection& projection,
+                                         const Rect& view, double textPx, LabelSpace& labels);
+
+/// The ruler: its line, its ends, its label and the button that ends it.
+void paintMeasure(const MapFrame& frame, Canvas& canvas);
+
+}  // namespace korvel

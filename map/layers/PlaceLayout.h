@@ -1,0 +1,46 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cockpit/PlaceSet.h"
+#include "map/MapViewport.h"
+#include "paint/Canvas.h"
+
+namespace korvel {
+
+struct MapFrame;
+
+/// A place on the screen.
+struct PlaceMark {
+    const MapPlace* place = nullptr;
+    Point at;
+    Rect area{};                  ///< that its symbol, or its runways to scale, take up
+    bool runwaysToScale = false;  ///< they stand for the symbol
+};
+
+/// What of the places is drawn in one frame, and where; the most important ones first. Their names
+/// go to frame.names, the room for both is taken out of frame.labels. Less important places give
+/// way: far out the whole place, close by its name only. The frame has places.
+std::vector<PlaceMark> layOutPlaces(const MapFrame& frame, const Canvas& canvas);
+
+/// How far the stroke along an airport's longest runway reaches out of its circle.
+inline constexpr double kRunwayStrokeShare = 1.7;
+
+/// True direction of that stroke in whole degrees; nothing when it is unknown, and for heliports
+/// and seaplane bases.
+std::optional<int> directionOf(const MapPlace& airport);
+
+/// Half the size of a symbol in pixels.
+double symbolRadius(PlaceClass placeClass, double textPx);
+
+/// Whether the airport's runways are long enough on the screen to be drawn in its symbol's place.
+bool showsRunways(const MapPlace& airport, const MapProjection& projection, int rangeNm,
+                  double textPx, const MapPlaceOptions& options);
+
+/// A label's text: the identifier, of a navaid close by its frequency too; in brackets when the
+/// data are out of date.
+std::string labelOf(const MapPlace& place, int rangeNm);
+
+}  // namespace korvel

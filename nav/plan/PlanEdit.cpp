@@ -1,0 +1,146 @@
+#include "nav/plan/PlanEdit.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "config/StringTable.h"
+#include "geo/Geodesy.h"
+#include "nav/plan/GeneratedFixes.h"
+#include "nav/plan/PlaceLookup.h"
+#include "nav/plan/RouteEntry.h"
+#include "nav/plan/RouteWords.h"
+#include "navdb/records/RecordKey.h"
+
+namespace korvel {
+namespace {
+
+PlanEntries withoutRepeats(PlanEntries entries) {
+    const auto sameText = [](const PlanWaypoint& a, const PlanWaypoint& b) {
+        return a.text == b.text;
+    };
+    entries.erase(std::unique(entries.begin(), entries.end(), sameText), entries.end());
+    return entries;
+}
+
+/// Begins with the entry before the new ones, so that an airway can be flown from there.
+std::string lineFrom(const PlanWaypoint* before, std::string_view words) {
+    std::string line = before != nullptr ? before->record->key + ' ' : std::string();
+    return line.append(words);
+}
+
+}  // namespace
+
+PlanEditResult insertWords(const PlanEntries& entries, std::size_t row, std::string_view words,
+                           NavDatabase& database, GeneratedFixes& fixes,
+                           std::optional<GeoPoint> present) {
+    row = std::min(row, entries.size());
+    const PlanWaypoint* const before = row > 0 ? &entries[row - 1] : nullptr;
+    const PlanWaypoint* const behind = row < entries.size() ? &entries[row] : nullptr;
+    const PlanWaypoint* const near = before != nullptr ? before : behind;
+    RouteEntry route(database, fixes, near != nullptr ? near->position() : present);
+    RouteResult result = route.EnterRoute(lineFrom(before, words), true);
+    if (!result.error.empty()) {
+        return {.error = std::move(result.error), .entries = entries, .row = row};
+    }
+    auto first = result.entries.begin();
+    if (before != nullptr && first != result.entries.end()) {
+        ++first;
+    }
+    PlanEditResult edited{.entries = entries, .row = row};
+    edited.entries.insert(edited.entries.begin() + static_cast<std::ptrdiff_t>(row),
+                          std::make_move_iterator(first),
+                          std::make_move_iterator(result.entries.end()));
+    edited.entries = withoutRepeats(std::move(edited.entries));
+    return edited;
+}
+
+PlanEntries withRecord(PlanEntries entries, std::size_t row,
+                       std::shared_ptr<const DatabaseRecord> record) {
+    row = std::min(row, entries.size());
+    PlanWaypoint entry;
+    entry.text = record->key;
+    entry.key = record->key;
+    entry.record = std::move(record);
+    entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(row), std::move(entry));
+    return withoutRepeats(std::move(entries));
+}
+
+std::string routeLine(const PlanEntries& entries, NavDatabase& database,
+                      std::optional<GeoPoint> present) {
+    const GeneratedFixes none;
+    PlaceLookup lookup(database, none, present);
+    std::string line;
+    for (const PlanWaypoint& entry : entries) {
+        const std::string ident(identOfKey(entry.key));
+        const auto found = lookup.peek(ident);
+        const bool isPlain = found && found->key == entry.record->key &&
+                             SamePoint(found->position, entry.position());
+        line += (isPlain ? ident : entry.key) + altitudeSuffix(entry.altitudeFt) + ' ';
+        lookup.moveTo(entry.position());
+    }
+    return line;
+}
+
+PlanEntries withoutRow(PlanEntries entries, std::size_t row) {
+    if (row < entries.size()) {
+        entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(row));
+    }
+    return withoutRepeats(std::move(entries));
+}
+
+PlanEntries withRowMoved(PlanEntries entries, std::size_t row, bool up) {
+    const std::size_t first = up ? row - 1 : row;
+    if (row < entries.size() && (!up || row > 0) && first + 1 < entries.size()) {
+        std::swap(entries[first], entries[first + 1]);
+    }
+    return withoutRepeats(std::move(entries));
+}
+
+PlanEditResult withAltitude(const PlanEntries& entries, std::size_t row, std::int32_t altitudeFt) {
+    PlanEditResult edited{.entries = entries, .row = row};
+    if (altitudeFt != kNoAltitudeFt &&
+        (altitudeFt < kLowestPlannedFt || altitudeFt > kHighestPlannedFt)) {
+        edited.error = text(TextId::InvalidAltitude);
+    } else if (row < entries.size()) {
+        PlanWaypoint& entry = edited.entries[row];
+        entry.altitudeFt = altitudeFt;
+        entry.text = entry.key + altitudeSuffix(altitudeFt);
+    }
+    return edited;
+}
+
+void PlanHistory::remember(PlanEntries before) {
+    undone_.push_back(std::move(before));
+    if (undone_.size() > kMostSteps) {
+        undone_.pop_front();
+    }
+    redone_.clear();
+}
+
+std::optional<PlanEntries> PlanHistory::undo(PlanEntries present) {
+    if (undone_.empty()) {
+        return std::nullopt;
+    }
+    redone_.push_back(std::move(present));
+    PlanEntries entries = std::move(undone_.back());
+    undone_.pop_back();
+    return entries;
+}
+
+std::optional<PlanEntries> PlanHistory::redo(PlanEntries present) {
+    if (redone_.empty()) {
+        return std::nullopt;
+    }
+    undone_.push_back(std::move(present));
+    PlanEntries entries = std::move(redone_.back());
+    redone_.pop_back();
+    return entries;
+}
+
+void PlanHistory::clear() {
+    undone_.clear();
+    redone_.clear();
+}
+
+}  // namespace korvel

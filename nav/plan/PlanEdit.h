@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "geo/GeoPoint.h"
+#include "nav/plan/PlanWaypoint.h"
+
+namespace korvel {
+
+class GeneratedFixes;
+class NavDatabase;
+
+using PlanEntries = std::vector<PlanWaypoint>;
+
+// What the pilot does to a plan, as entries in and entries out: nothing here touches the plan in
+// force. Neighbours that say the same become one. A row that is not there changes nothing.
+
+struct PlanEditResult {
+    std::string error{};    ///< the message for the pilot; empty on success
+    PlanEntries entries{};  ///< the new ones; on an error those that were handed in
+    std::size_t row = 0;    ///< where the first new entry stands
+};
+
+/// Puts what the pilot typed before the entry `row` (the count of entries: behind the last). The
+/// words are looked up near the entry before them, else near the one behind, else near `present`.
+/// An airway may come first: it is then flown from the entry before it.
+PlanEditResult insertWords(const PlanEntries& entries, std::size_t row, std::string_view words,
+                           NavDatabase& database, GeneratedFixes& fixes,
+                           std::optional<GeoPoint> present);
+
+/// The same with a place that is known already, under its key.
+PlanEntries withRecord(PlanEntries entries, std::size_t row,
+                       std::shared_ptr<const DatabaseRecord> record);
+
+/// The line that enters these very entries again: identifiers, or keys where an identifier alone
+/// would find a place of another kind. It ends with a space, to go on typing.
+std::string routeLine(const PlanEntries& entries, NavDatabase& database,
+                      std::optional<GeoPoint> present);
+
+PlanEntries withoutRow(PlanEntries entries, std::size_t row);
+/// Changes places with the row before it or behind it.
+PlanEntries withRowMoved(PlanEntries entries, std::size_t row, bool up);
+
+/// `altitudeFt` kNoAltitudeFt for none.
+PlanEditResult withAltitude(const PlanEntries& entries, std::size_t row, std::int32_t altitudeFt);
+
+/// The entries before and after the last changes, to go back and forth between.
+class PlanHistory {
+ public:
+    static constexpr std::size_t kMostSteps = 50;
+
+    /// Before a change. What had been undone cannot be redone any more.
+    void remember(PlanEntries before);
+    [[nodiscard]] bool canUndo() const { return !undone_.empty(); }
+    [[nodiscard]] bool canRedo() const { return !redone_.empty(); }
+    /// The entries to put in force in place of `present`; nothing when there is no step.
+    std::optional<PlanEntries> undo(PlanEntries present);
+    std::optional<PlanEntries> redo(PlanEntries present);
+    /// Another plan was opened.
+    void clear();
+
+ private:
+    std::deque<PlanEntries> undone_;  ///< the last step last
+    std::vector<PlanEntries> redone_;
+};
+
+}  // namespace korvel

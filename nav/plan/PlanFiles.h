@@ -1,0 +1,57 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "nav/plan/FlightPlan.h"
+
+namespace korvel {
+
+class GeneratedFixes;
+class NavDatabase;
+class PlaceLookup;
+class UserRecordStore;
+
+/// The active plan as a file. A ".fp" file has a line for each entry:
+///   KEY[@ALTITUDE][ LAT LON]
+/// with the altitude in hundreds of feet and, for places that only this program or this user knows,
+/// the position in degrees. Lines of remarks begin with ";".
+///
+/// User-interface thread only; the plan is replaced under its lock.
+class PlanFiles {
+ public:
+    /// Everything must outlive this; `userRecords` may be null.
+    PlanFiles(NavDatabase& database, GeneratedFixes& fixes, const UserRecordStore* userRecords,
+              GuardedPlan& plan)
+        : database_(database), fixes_(fixes), userRecords_(userRecords), plan_(plan) {}
+
+    /// Where the aircraft is: identifiers that repeat are looked up near it.
+    void setPresent(std::optional<GeoPoint> present) { present_ = present; }
+
+    /// The text of the active plan, empty without one.
+    [[nodiscard]] std::string SavePlan() const;
+    /// Writes it; the message for the pilot, empty on success.
+    [[nodiscard]] std::string savePlanAs(const std::filesystem::path& path) const;
+
+    /// Loads a ".fp" file or converts and loads a ".TXT" file (see WaypointList.h). The result is
+    /// the message for the pilot; when it is not empty there may be no active plan any more.
+    [[nodiscard]] std::string OpenPlanFile(const std::filesystem::path& path,
+                                           std::string_view bytes);
+    /// Replaces the active plan. On failure, which the message tells, there is none.
+    [[nodiscard]] std::string LoadPlanText(std::string_view text);
+
+ private:
+    [[nodiscard]] std::string resolveLine(std::string_view line, PlaceLookup& lookup,
+                                          PlanWaypoint& entry);
+    [[nodiscard]] bool isOwnPlace(std::string_view key) const;
+
+    NavDatabase& database_;
+    GeneratedFixes& fixes_;
+    const UserRecordStore* userRecords_;
+    GuardedPlan& plan_;
+    std::optional<GeoPoint> present_;
+};
+
+}  // namespace korvel

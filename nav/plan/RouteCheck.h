@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "nav/plan/PlanWaypoint.h"
+
+namespace korvel {
+
+class GeneratedFixes;
+class NavDatabase;
+
+/// A word of a route line that is being typed.
+struct CheckedWord {
+    enum class Kind : std::uint8_t { Place, Airway, Unknown, BadAltitude };
+
+    std::string word;
+    Kind kind = Kind::Unknown;
+    std::int32_t altitudeFt = kNoAltitudeFt;
+    std::shared_ptr<const DatabaseRecord> record;  ///< of a place
+    /// Why the route cannot be expanded here; empty where it can.
+    std::string message;
+};
+
+/// What would become of a route line if it were entered now.
+struct RouteCheck {
+    std::vector<CheckedWord> words;
+    std::string error;      ///< the message of the whole line; empty when it can be flown
+    std::size_t count = 0;  ///< entries that it gives
+    double totalNm = 0.0;
+};
+
+/// Looks at a line without entering it: `fixes` stay as they are. For every stroke of a key.
+RouteCheck checkRoute(std::string_view line, NavDatabase& database, const GeneratedFixes& fixes,
+                      std::optional<GeoPoint> present);
+
+}  // namespace korvel

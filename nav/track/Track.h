@@ -1,0 +1,84 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Guarded.h"
+#include "geo/Geodesy.h"
+#include "platform/Clock.h"
+
+namespace korvel {
+
+struct TrackPoint {
+    std::uint32_t offsetS = 0;  ///< seconds after the track's base time
+    GeoPoint position;          ///< radians
+    std::int32_t groundSpeedKt = 0;
+    std::int32_t trackDeg = 0;
+    std::int32_t altitudeFt = 0;
+
+    friend bool operator==(const TrackPoint&, const TrackPoint&) = default;
+};
+
+/// The breadcrumb track: where the aircraft was, when, how fast, whither and how high.
+///
+/// Its text form, the ".trk" file, has a line for each slot, ended by CR LF:
+///   YYYYMMDD,HHMMSS,lat,lon,speed,track,altitude    local time; degrees, whole kt, °, ft
+///   00000000,000000,0.0,0.0,0,0,0                   a break
+/// and lines of remarks that begin with ";".
+///
+/// Reading and recording are safe from any thread: the recording lies inside its lock.
+class Track {
+ public:
+    struct Recording {
+        std::int64_t baseS = 0;  ///< base time, as localSeconds()
+        /// In the order of recording; an empty slot is a break between two stretches.
+        std::vector<std::optional<TrackPoint>> slots;
+
+     private:
+        friend class Track;
+        bool breakPending_ = false;
+        // Elapsed time is counted by ticks from here, so that setting the wall clock during a
+        // flight neither stops the recording nor tears it.
+        std::int64_t anchorS_ = 0;
+        std::int64_t anchorTickMs_ = 0;
+    };
+
+    static constexpr std::uint32_t kMinimumIntervalS = 5;
+
+    /// The clock must outlive the track.
+    explicit Track(const Clock& clock) : clock_(clock) {}
+
+    /// Records the point unless the last one is at the same position or less than 5 s old, or the
+    /// position is not valid. Returns how many slots were appended: 0, 1, or 2 with a break.
+    std::size_t AddTrackPoint(GeoPoint position, std::int32_t groundSpeedKt, std::int32_t trackDeg,
+                              std::int32_t altitudeFt);
+
+    /// The next point will not be joined to the last one.
+    void setPendingBreak() { recording_.lock()->breakPending_ = true; }
+
+    /// Replaces `text` by the text form. Always true: every recording has one.
+    bool WriteTrackText(std::string& text) const;
+
+    /// Replaces the recording. One malformed line makes the whole text refused: false, and the
+    /// track is empty. A malformed rest without a line end is what a killed writer left, and ends
+    /// the reading. Recording may go on behind what was read.
+    bool ReadTrackText(std::string_view text);
+
+    /// The lines of the last `count` slots.
+    [[nodiscard]] std::string lastLines(std::size_t count) const;
+
+    [[nodiscard]] Guarded<Recording>::Handle<const Recording> read() const {
+        return recording_.lock();
+    }
+
+ private:
+    void anchor(Recording& recording, std::int64_t notBeforeS) const;
+
+    const Clock& clock_;
+    Guarded<Recording> recording_;
+};
+
+}  // namespace korvel

@@ -1,0 +1,201 @@
+#include "navdb/file/DatabaseFile.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <optional>
+#include <span>
+
+#include "base/TextNumbers.h"
+#include "navdb/file/DatabaseChecksum.h"
+#include "navdb/file/LittleEndian.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kOpenError = "File Open Error";
+constexpr std::string_view kInvalidFormat = "Invalid Format";
+constexpr std::string_view kIncorrectFormat = "Incorrect Format";
+constexpr std::string_view kUpdateFormat = "Incorrect Format...Update!";
+constexpr std::string_view kCorrupted = "Corrupted file";
+
+constexpr std::size_t kCheckBlock = 65536;
+constexpr int kCheckStart = 10;  // progress, per cent
+constexpr int kCheckSpan = 50;
+constexpr int kQuickTestDone = 50;
+constexpr int kTablesDone = 70;
+constexpr int kIndexesDone = 85;
+constexpr int kAllDone = 100;
+
+constexpr char kRegionThatExpires = 'K';
+
+using HeaderBytes = std::array<std::uint8_t, kHeaderSize>;
+
+void report(const DatabaseFile::Progress& progress, int percent) {
+    if (progress) {
+        progress(percent);
+    }
+}
+
+/// Empty when this program can read the version, else the message.
+std::string_view parseVersion(const HeaderBytes& bytes, DatabaseHeader& header) {
+    const auto* const end = std::find(bytes.begin(), bytes.begin() + kVersionLength, 0);
+    header.version.assign(bytes.begin(), end);
+    std::string_view text = header.version;
+    if (text.substr(0, kFormatNameLength) != kFormatVersion.substr(0, kFormatNameLength)) {
+        return kIncorrectFormat;
+    }
+    text.remove_prefix(kFormatNameLength);
+    header.versionNumber = scanDouble(text).value_or(0.0);
+    const double own = ParseDouble(kFormatVersion.substr(kFormatNameLength));
+    const bool readable = header.versionNumber >= kOldestReadableVersion &&
+                          std::trunc(header.versionNumber) == std::trunc(own);
+    return readable ? std::string_view{} : kUpdateFormat;
+}
+
+void parseFields(const HeaderBytes& bytes, DatabaseHeader& header) {
+    header.fullChecksum = loadU32(bytes, kFullChecksumOffset);
+    header.region = loadU32(bytes, kRegionOffset);
+    header.tableDirectory = loadU32(bytes, kTableDirectoryOffset);
+    header.indexDirectory = loadU32(bytes, kIndexDirectoryOffset);
+    header.stringArea = loadU32(bytes, kStringAreaOffset);
+    header.expiry = loadU32(bytes, kExpiryOffset);
+    header.southernCoverageDeg = loadI32(bytes, kSouthernCoverageOffset) * kDegreesUnit;
+    header.northernCoverageDeg = loadI32(bytes, kNorthernCoverageOffset) * kDegreesUnit;
+    header.dataCycle = loadU32(bytes, kDataCycleOffset);
+    header.areaGrid = loadU32(bytes, kAreaGridOffset);
+    header.headerChecksum = loadU32(bytes, kHeaderChecksumOffset);
+}
+
+/// The sum over everything from the region word on; nothing when the file cannot be read through.
+std::optional<std::uint32_t> sumOfFile(const RandomAccessFile& file, std::uint64_t size,
+                                       const DatabaseFile::Progress& progress) {
+    DatabaseChecksum checksum;
+    std::vector<std::uint8_t> block(kCheckBlock);
+    for (std::uint64_t at = kRegionOffset; at < size;) {
+        const std::size_t wanted = std::min<std::uint64_t>(block.size(), size - at);
+        const auto bytes = std::span(block).first(wanted);
+        if (file.readAt(at, bytes) != wanted) {
+            return std::nullopt;
+        }
+        checksum.add(bytes);
+        at += wanted;
+        const double share = static_cast<double>(at) / static_cast<double>(size);
+        report(progress, kCheckStart + static_cast<int>(share * kCheckSpan));
+    }
+    return checksum.value();
+}
+
+/// Later opens find a full checksum of 0 and test the header only. A file that cannot be written
+/// is simply tested in full again.
+void markAsVerified(const std::filesystem::path& path) {
+    constexpr std::array<std::uint8_t, 4> kVerified{};
+    [[maybe_unused]] const bool marked = overwriteInFile(path, kFullChecksumOffset, kVerified);
+}
+
+/// Months and days out of range run on into the next ones.
+std::chrono::sys_days dayOf(int year, int month, int day) {
+    const auto first = std::chrono::year{year} / std::chrono::January / 1;
+    return std::chrono::sys_days{first + std::chrono::months{month - 1}} +
+           std::chrono::days{day - 1};
+}
+
+}  // namespace
+
+std::string DatabaseFile::Open(const std::filesystem::path& path, const Clock& clock,
+                               const Progress& progress) {
+    const auto file = openRandomAccessFile(path);
+    if (!file) {
+        return std::string(kOpenError);
+    }
+    const std::string_view message = readFrom(path, *file, progress);
+    if (!message.empty()) {
+        header_ = {};
+        directory_ = {};
+        gridWords_.clear();
+        return std::string(message);
+    }
+    expired_ = isOutOfDate(header_.expiry, regionLetter(), clock.localNow());
+    fileName_ = std::make_shared<const std::string>(path.filename().string());
+    *rows_.lock() = RowReader(path, header_.stringArea);
+    report(progress, kAllDone);
+    return {};
+}
+
+std::string_view DatabaseFile::readFrom(const std::filesystem::path& path,
+                                        const RandomAccessFile& file, const Progress& progress) {
+    HeaderBytes bytes{};
+    if (file.readAt(0, bytes) != bytes.size()) {
+        return kInvalidFormat;
+    }
+    if (const auto message = parseVersion(bytes, header_); !message.empty()) {
+        return message;
+    }
+    parseFields(bytes, header_);
+    size_ = file.size();
+    if (header_.fullChecksum == 0) {
+        report(progress, kQuickTestDone);
+        if (headerChecksum(bytes, static_cast<std::uint32_t>(size_)) != header_.headerChecksum) {
+            return kCorrupted;
+        }
+    } else {
+        if (sumOfFile(file, size_, progress) != header_.fullChecksum) {
+            return kCorrupted;
+        }
+        if (header_.versionNumber >= kFirstMarkedVersion) {
+            markAsVerified(path);
+        }
+    }
+    if (!directory_.readTables(file, size_, header_.tableDirectory)) {
+        return kCorrupted;
+    }
+    report(progress, kTablesDone);
+    if (!directory_.readIndexes(file, size_, header_.indexDirectory)) {
+        return kCorrupted;
+    }
+    report(progress, kIndexesDone);
+    return header_.stringArea > size_ || !readAreaGrid(file) ? kCorrupted : std::string_view{};
+}
+
+bool DatabaseFile::readAreaGrid(const RandomAccessFile& file) {
+    if (header_.areaGrid == 0) {
+        return true;
+    }
+    std::array<std::uint8_t, 4> word{};
+    if (file.readAt(header_.areaGrid, word) != word.size()) {
+        return false;
+    }
+    const std::uint32_t cells = loadU32(word, 0);
+    const int first = static_cast<int>(cells >> 16U);
+    const int last = static_cast<int>(cells & 0xFFFFU);
+    if (last < first) {
+        return true;  // a grid of no cells
+    }
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(last - first + 2) * 4);
+    if (file.readAt(std::uint64_t{header_.areaGrid} + word.size(), bytes) != bytes.size()) {
+        return false;
+    }
+    firstCell_ = first;
+    gridWords_.resize(bytes.size() / 4);
+    for (std::size_t i = 0; i < gridWords_.size(); ++i) {
+        gridWords_[i] = loadU32(bytes, i * 4);
+    }
+    return true;
+}
+
+bool isOutOfDate(std::uint32_t expiry, char region, const LocalTime& now) {
+    if (expiry == 0) {
+        return true;
+    }
+    if (region != kRegionThatExpires) {
+        return false;
+    }
+    const auto part = [expiry](std::uint32_t divisor, std::uint32_t range) {
+        return static_cast<int>(expiry / divisor % range);
+    };
+    const std::chrono::sys_days lastDay = dayOf(part(10000, 10000), part(100, 100), part(1, 100));
+    return dayOf(now.year, now.month, now.day) >= lastDay + std::chrono::days{1};
+}
+
+}  // namespace korvel

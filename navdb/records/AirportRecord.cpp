@@ -1,0 +1,33 @@
+#include "navdb/records/AirportRecord.h"
+
+#include <array>
+#include <utility>
+
+#include "navdb/file/DatabaseTables.h"
+
+namespace korvel {
+
+std::string AirportRecord::GetInfoText() const {
+    static constexpr std::array<std::pair<AirportFlag, std::string_view>, 7> kWords{{
+        {kAirportSeaplaneBase, "seaplane base"},
+        {kAirportHeliport, "heliport"},
+        {kAirportPrivate, "private"},
+        {kAirportTower, "tower"},
+        {kAirportHardSurface, "hard surface"},
+        {kAirportLighted, "lighted"},
+        {kAirportBeacon, "beacon"},
+    }};
+    std::string text;
+    for (const auto& [flag, word] : kWords) {
+        if ((flags & flag) != 0) {
+            text += text.empty() ? "" : ", ";
+            text += word;
+        }
+    }
+    if (!text.empty()) {
+        text[0] = static_cast<char>(text[0] - 'a' + 'A');
+    }
+    return text;
+}
+
+}  // namespace korvel

@@ -1,0 +1,148 @@
+#include "navdb/user/UserDatabaseReader.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <utility>
+
+#include "platform/RandomAccessFile.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::size_t kReadBlock = 1024;
+constexpr std::size_t kLongestLine = 65536;  // what is longer is cut: no record has such a line
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t\r";
+    const auto first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+}  // namespace
+
+UserDatabaseReader::UserDatabaseReader(LoadReport& report, RecordSink sink)
+    : report_(report), sink_(std::move(sink)) {}
+
+std::string UserDatabaseReader::LoadFile(const std::filesystem::path& path) {
+    const auto file = openRandomAccessFile(path);
+    if (!file) {
+        return "File open error.";
+    }
+    fileName_ = std::make_shared<const std::string>(path.filename().string());
+    report_.AppendLoadReport("Loading " + path.string() + "\r\n");
+    if (file->size() > 0) {
+        readLines(*file);
+        report_.AppendLoadReport("  Done\r\n\r\n");
+    }
+    return {};
+}
+
+void UserDatabaseReader::readLines(const RandomAccessFile& file) {
+    const std::uint64_t size = file.size();
+    std::array<std::uint8_t, kReadBlock> block{};
+    std::string line;
+    for (std::uint64_t at = 0; at < size;) {
+        const std::size_t count = file.readAt(at, block);
+        if (count == 0) {
+            logLine("File read error", Severity::error);
+            break;
+        }
+        for (const std::uint8_t byte : std::span(block).first(count)) {
+            if (byte == '\n') {
+                takeLine(line);
+                line.clear();
+                ++lineNumber_;
+            } else if (line.size() < kLongestLine) {
+                line += static_cast<char>(byte);
+            }
+        }
+        at += count;
+    }
+    takeLine(line);
+    if (airportIsOpen_ || navaidIsOpen_) {
+        logLine("File ended before record-end.", Severity::error);
+    }
+}
+
+void UserDatabaseReader::takeLine(std::string_view line) {
+    if (const std::string message = ParseLine(line); !message.empty()) {
+        logLine(message, Severity::error);
+    }
+}
+
+void UserDatabaseReader::logLine(std::string_view message, Severity severity) {
+    std::string text = "  Line " + std::to_string(lineNumber_);
+    text += severity == Severity::error ? ": ERROR " : ": WARNING ";
+    text += message;
+    report_.AppendLoadReport(text + "\r\n");
+}
+
+std::string UserDatabaseReader::ParseLine(std::string_view line) {
+    line = trimmed(line.substr(0, line.find(';')));
+    if (line.empty()) {
+        return {};
+    }
+    if (line == "ARPT_BEGIN") {
+        finishOpenRecord();
+        airportIsOpen_ = true;
+    } else if (line == "NAVAID_BEGIN") {
+        finishOpenRecord();
+        navaidIsOpen_ = true;
+    } else if (line == "ARPT_END") {
+        endAirport();
+    } else if (line == "NAVAID_END") {
+        endNavaid();
+    } else {
+        return takeField(line);
+    }
+    pending_.clear();
+    return {};
+}
+
+std::string UserDatabaseReader::takeField(std::string_view line) {
+    const auto equals = line.find('=');
+    if (equals == std::string_view::npos) {
+        return "'=' not found";
+    }
+    if (equals == 0) {
+        return "No key value found.";
+    }
+    if (const auto value = line.substr(equals + 1); !value.empty()) {
+        pending_.insert_or_assign(std::string(line.substr(0, equals)), value);
+    }
+    return {};
+}
+
+void UserDatabaseReader::finishOpenRecord() {
+    if (airportIsOpen_) {
+        endAirport();
+        logLine("Airport end-line not found", Severity::error);
+    }
+    if (navaidIsOpen_) {
+        endNavaid();
+        logLine("Navaid end-line not found", Severity::error);
+    }
+}
+
+void UserDatabaseReader::endAirport() {
+    airportIsOpen_ = false;
+    hand(buildUserAirport(pending_, [this](auto... message) { logLine(message...); }));
+}
+
+void UserDatabaseReader::endNavaid() {
+    navaidIsOpen_ = false;
+    hand(buildUserNavaid(pending_, [this](auto... message) { logLine(message...); }));
+}
+
+void UserDatabaseReader::hand(std::unique_ptr<DatabaseRecord> record) {
+    if (record) {
+        record->origin.fileName = fileName_;
+        sink_(std::move(record));
+    }
+}
+
+}  // namespace korvel

@@ -1,0 +1,261 @@
+#include "navdb/user/UserRecordBuilder.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+#include <utility>
+
+#include "base/TextNumbers.h"
+#include "geo/Geodesy.h"
+#include "navdb/records/AirportRecord.h"
+#include "navdb/records/FixRecord.h"
+#include "navdb/records/NavaidRecord.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kUserFeetPerMetre = 3.2808399;
+constexpr double kMinutesPerDegree = 60.0;
+
+/// The fields of a record, with the messages that reading them leads to.
+class FieldReader {
+ public:
+    FieldReader(const UserFields& fields, const MessageSink& log) : fields_(fields), log_(log) {}
+
+    [[nodiscard]] bool has(std::string_view key) const { return fields_.contains(key); }
+    /// Empty when there is no such field.
+    [[nodiscard]] std::string_view text(std::string_view key) const {
+        const auto found = fields_.find(key);
+        return found == fields_.end() ? std::string_view{} : std::string_view(found->second);
+    }
+    void error(std::string_view message) const { log_(message, Severity::error); }
+    void warning(std::string_view message) const { log_(message, Severity::warning); }
+
+    /// False, after an error, when the record lacks the field.
+    [[nodiscard]] bool require(std::string_view key) const {
+        if (has(key)) {
+            return true;
+        }
+        error(std::string(key) + " field not found.");
+        return false;
+    }
+
+    /// Nothing when the field is absent or, after a message, does not hold a number.
+    [[nodiscard]] std::optional<int> integer(std::string_view key, std::string_view message,
+                                             Severity severity) const {
+        std::string_view value = text(key);
+        const auto number = scanInt(value);
+        if (!number && has(key)) {
+            log_(message, severity);
+        }
+        return number;
+    }
+    [[nodiscard]] std::optional<int> notNegative(std::string_view key,
+                                                 std::string_view message) const {
+        const auto number = integer(key, message, Severity::error);
+        if (number && *number < 0) {
+            error(message);
+            return std::nullopt;
+        }
+        return number;
+    }
+    /// Not infinite, and not beyond what a float holds.
+    [[nodiscard]] std::optional<float> real(std::string_view key) const {
+        std::string_view value = text(key);
+        const auto number = scanDouble(value);
+        if (!number || !std::isfinite(static_cast<float>(*number))) {
+            return std::nullopt;
+        }
+        return static_cast<float>(*number);
+    }
+    [[nodiscard]] bool isMetric(std::string_view key) const {
+        return text(key) == "M" || text(key) == "m";
+    }
+    [[nodiscard]] GeoPoint position(std::string_view latKey, std::string_view lonKey) const {
+        return {.lat = parseUserCoordinate(text(latKey)) * kDegToRad,
+                .lon = parseUserCoordinate(text(lonKey)) * kDegToRad};
+    }
+
+ private:
+    const UserFields& fields_;
+    const MessageSink& log_;
+};
+
+std::optional<int> inFeet(std::optional<int> value, bool isMetric) {
+    return value && isMetric ? std::optional(RoundToInt(*value * kUserFeetPerMetre)) : value;
+}
+
+void setPlace(DatabaseRecord& record, const FieldReader& fields) {
+    const std::string_view ident = fields.text("ID");
+    record.key = makeRecordKey(record.GetKind(), ident);
+    record.ident.assign(ident);
+    record.position = fields.position("POSN.LAT", "POSN.LON");
+    record.SetName(fields.text("NAME"));
+}
+
+std::uint8_t readUsage(const FieldReader& fields) {
+    static constexpr std::array<std::pair<std::string_view, Usage>, 5> kWords{
+        {{"LOW", kUsageLow},
+         {"HIGH", kUsageHigh},
+         {"BOTH", kUsageBoth},
+         {"TERM", kUsageTerminal},
+         {"VRP", kUsageVisual}}};
+    const auto* const word = std::find_if(kWords.begin(), kWords.end(), [&](const auto& entry) {
+        return entry.first == fields.text("USAGE");
+    });
+    if (word != kWords.end()) {
+        return word->second;
+    }
+    if (fields.has("USAGE")) {
+        fields.warning("Invalid USAGE field.");
+    }
+    return kUsageLow;
+}
+
+RunwayEnd readEnd(const FieldReader& fields, const std::string& prefix) {
+    const auto key = [&prefix](std::string_view name) { return prefix + std::string(name); };
+    RunwayEnd end;
+    end.id = fields.text(key("ID"));
+    end.magHeadingDeg = fields.integer(key("MAG_HDG"), "Invalid MAG_HDG field.", Severity::warning);
+    if (fields.has(key("POSN.LAT")) && fields.has(key("POSN.LON"))) {
+        end.position = fields.position(key("POSN.LAT"), key("POSN.LON"));
+    }
+    end.elevationFt = inFeet(fields.integer(key("ELEV"), "Invalid ELEV.", Severity::warning),
+                             fields.isMetric(key("ELEV.UNITS")));
+    if (const auto pattern = fields.text(key("PATTERN")); pattern == "L" || pattern == "l") {
+        end.pattern = 'L';
+    } else if (pattern == "R" || pattern == "r") {
+        end.pattern = 'R';
+    } else if (!pattern.empty()) {
+        fields.warning("Invalid PATTERN field.");
+    }
+    return end;
+}
+
+RunwayRecord readRunway(const FieldReader& fields, const std::string& prefix) {
+    RunwayRecord runway;
+    const bool isMetric = fields.isMetric(prefix + ".UNITS");
+    runway.lengthFt = inFeet(fields.notNegative(prefix + ".LEN", "Invalid RWY.LEN."), isMetric);
+    runway.widthFt = inFeet(fields.notNegative(prefix + ".WIDTH", "Invalid RWY.WIDTH."), isMetric);
+    runway.surface = fields.text(prefix + ".SURFACE");
+    runway.info = fields.text(prefix + ".INFO");
+    runway.ends = {readEnd(fields, prefix + ".LO."), readEnd(fields, prefix + ".HI.")};
+    return runway;
+}
+
+void readRunways(const FieldReader& fields, AirportRecord& airport) {
+    for (int n = 1;; ++n) {
+        const std::string prefix = "RWY" + std::to_string(n);
+        if (!fields.has(prefix + ".LEN")) {
+            return;
+        }
+        airport.runways.push_back(readRunway(fields, prefix));
+    }
+}
+
+void readComms(const FieldReader& fields, AirportRecord& airport) {
+    for (int n = 1;; ++n) {
+        const std::string prefix = "COM" + std::to_string(n);
+        if (!fields.has(prefix + ".TYPE") || !fields.has(prefix + ".FREQ")) {
+            return;
+        }
+        std::string_view text = fields.text(prefix + ".FREQ");
+        const auto frequency = scanDouble(text);
+        if (frequency && std::isfinite(*frequency)) {
+            airport.comms.push_back(
+                {.type = std::string(fields.text(prefix + ".TYPE")), .freqMhz = *frequency});
+        } else {
+            fields.warning("Invalid COM.FREQ.");
+        }
+    }
+}
+
+}  // namespace
+
+double parseUserCoordinate(std::string_view text) {
+    std::string_view rest = text;
+    const auto degrees = scanInt(rest);
+    if (degrees && rest.starts_with(':')) {
+        rest.remove_prefix(1);
+        if (const auto minutes = scanDouble(rest); minutes && std::isfinite(*minutes)) {
+            const double part = *minutes / kMinutesPerDegree;
+            const bool isNegative = *degrees < 0 || text.starts_with('-');
+            return isNegative ? *degrees - part : *degrees + part;
+        }
+    }
+    const double value = ParseDouble(text);
+    return std::isfinite(value) ? value : 0.0;
+}
+
+std::unique_ptr<DatabaseRecord> buildUserNavaid(const UserFields& fields, const MessageSink& log) {
+    const FieldReader reader(fields, log);
+    if (!reader.require("ID")) {
+        return nullptr;
+    }
+    if (reader.text("ID").size() > kMaxIdentLength) {
+        reader.error("ID field too long.");
+        return nullptr;
+    }
+    if (!reader.require("NAME") || !reader.require("TYPE")) {
+        return nullptr;
+    }
+    const std::string_view type = reader.text("TYPE");
+    if (type != "VOR" && type != "NDB" && type != "FIX") {
+        reader.error("Invalid TYPE field.");
+        return nullptr;
+    }
+    if (!reader.require("POSN.LAT") || !reader.require("POSN.LON")) {
+        return nullptr;
+    }
+    const std::uint8_t usage = readUsage(reader);
+    if (type == "FIX") {
+        auto fix = std::make_unique<FixRecord>();
+        fix->usage = usage;
+        setPlace(*fix, reader);
+        return fix;
+    }
+    if (!reader.require("FREQ")) {
+        return nullptr;
+    }
+    const auto frequency = reader.real("FREQ");
+    if (!frequency) {
+        reader.error("Invalid FREQ field.");
+        return nullptr;
+    }
+    std::unique_ptr<NavaidRecord> navaid;
+    if (type == "VOR") {
+        navaid = std::make_unique<VorRecord>();
+    } else {
+        navaid = std::make_unique<NdbRecord>();
+    }
+    navaid->usage = usage;
+    navaid->frequency = *frequency;
+    setPlace(*navaid, reader);
+    return navaid;
+}
+
+std::unique_ptr<DatabaseRecord> buildUserAirport(const UserFields& fields, const MessageSink& log) {
+    const FieldReader reader(fields, log);
+    for (const std::string_view key : {"ID", "NAME", "POSN.LAT", "POSN.LON"}) {
+        if (!reader.require(key)) {
+            return nullptr;
+        }
+    }
+    auto airport = std::make_unique<AirportRecord>();
+    setPlace(*airport, reader);
+    airport->info = reader.text("INFO");
+    if (const auto variation = reader.real("MAG_VAR")) {
+        airport->magVariationDeg = *variation;
+    } else if (reader.has("MAG_VAR")) {
+        reader.warning("Invalid MAG-VAR.");
+    }
+    airport->elevationFt = inFeet(reader.integer("ELEV", "Invalid ELEV.", Severity::warning),
+                                  reader.isMetric("ELEV.UNITS"))
+                               .value_or(kNoElevationFt);
+    readRunways(reader, *airport);
+    readComms(reader, *airport);
+    return airport;
+}
+
+}  // namespace korvel

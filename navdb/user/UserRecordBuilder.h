@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "navdb/records/DatabaseRecord.h"
+
+namespace korvel {
+
+/// The key=value lines of one record of a user database; values are never empty.
+using UserFields = std::map<std::string, std::string, std::less<>>;
+
+enum class Severity { error, warning };
+
+/// Gets the messages about the record that is being built.
+using MessageSink = std::function<void(std::string_view message, Severity severity)>;
+
+// Both return null after an error that drops the record.
+std::unique_ptr<DatabaseRecord> buildUserAirport(const UserFields& fields, const MessageSink& log);
+std::unique_ptr<DatabaseRecord> buildUserNavaid(const UserFields& fields, const MessageSink& log);
+
+/// Degrees from "DEGREES:MINUTES" or decimal degrees, 0 for anything else. A leading '-' counts
+/// even where the degrees are 0.
+double parseUserCoordinate(std::string_view text);
+
+}  // namespace korvel

@@ -1,0 +1,318 @@
+#include "pages/AirportPicture.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "base/TextNumbers.h"
+#include "cockpit/PlaceDetails.h"
+#include "config/StringTable.h"
+#include "geo/Geodesy.h"
+#include "geo/Units.h"
+#include "map/layers/RunwayLayer.h"
+#include "navdb/records/AirportRecord.h"
+#include "paint/LabelSpace.h"
+#include "paint/MapColorCache.h"
+#include "paint/TextBox.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kMarginHeights = 3.4;  // of the type size: room for numbers and patterns
+constexpr double kThinnestPx = 4;
+constexpr double kUsualWidthFt = 75;
+constexpr double kUsualLengthFt = 3000;  // of a runway whose length is unknown, beside others
+constexpr std::size_t kMostInARow = 4;
+
+double lengthFt(const RunwayRecord& runway) { return runway.lengthFt.value_or(0); }
+double widthFt(const RunwayRecord& runway) { return runway.widthFt.value_or(kUsualWidthFt); }
+
+/// Feet east and north (upwards, so negative y) of the origin, on the plane that touches it.
+Point onPlane(GeoPoint origin, GeoPoint point) {
+    const double east = PositiveMod(point.lon - origin.lon + kPi, kTwoPi) - kPi;
+    const double feet = kNmPerRadian * kFeetPerNm;
+    return {east * std::cos(origin.lat) * feet, (origin.lat - point.lat) * feet};
+}
+
+bool liesInPlace(const RunwayRecord& runway) {
+    return runway.ends.size() == 2 && IsValid(runway.ends[0].position) &&
+           IsValid(runway.ends[1].position);
+}
+
+/// Moves and scales shapes so that they fill the area's middle.
+double fit(std::vector<RunwayShape>& shapes, const Rect& area) {
+    double left = std::numeric_limits<double>::max();
+    double top = left;
+    double right = -left;
+    double bottom = -left;
+    for (const RunwayShape& shape : shapes)
+        for (const Point point : {shape.from, shape.to}) {
+            left = std::min(left, point.x);
+            right = std::max(right, point.x);
+            top = std::min(top, point.y);
+            bottom = std::max(bottom, point.y);
+        }
+    const double scale = std::min(area.width / std::max(right - left, 1.0),
+                                  area.height / std::max(bottom - top, 1.0));
+    const Point middle{(left + right) / 2, (top + bottom) / 2};
+    const auto placed = [&](Point point) {
+        return Point{area.center().x + (point.x - middle.x) * scale,
+                     area.center().y + (point.y - middle.y) * scale};
+    };
+    for (RunwayShape& shape : shapes) {
+        shape.from = placed(shape.from);
+        shape.to = placed(shape.to);
+    }
+    return scale;
+}
+
+void layOutInPlace(const AirportRecord& airport, const Rect& area, AirportPictureLayout& layout) {
+    const GeoPoint origin = airport.runways.front().ends.front().position;
+    for (std::size_t i = 0; i < airport.runways.size(); ++i) {
+        const RunwayRecord& runway = airport.runways[i];
+        layout.runways.push_back({.runway = i,
+                                  .from = onPlane(origin, runway.ends[0].position),
+                                  .to = onPlane(origin, runway.ends[1].position)});
+    }
+    layout.pixelsPerFt = fit(layout.runways, area);
+    layout.inPlace = true;
+}
+
+void layOutSideBySide(const AirportRecord& airport, const Rect& area,
+                      AirportPictureLayout& layout) {
+    const std::size_t count = airport.runways.size();
+    const std::size_t columns = std::min(count, kMostInARow);
+    const std::size_t rows = (count + columns - 1) / columns;
+    const double cellWidth = area.width / static_cast<double>(columns);
+    const double cellHeight = area.height / static_cast<double>(rows);
+    const double margin = count > 1 ? 0.65 : 1.0;
+    const double room = margin * std::min(cellWidth, cellHeight);
+    double longestFt = 0;
+    for (const RunwayRecord& runway : airport.runways)
+        longestFt = std::max(longestFt, lengthFt(runway));
+    layout.pixelsPerFt = longestFt > 0 ? room / longestFt : 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const RunwayRecord& runway = airport.runways[i];
+        double length = room;
+        if (longestFt > 0)
+            length = layout.pixelsPerFt *
+                     (runway.lengthFt ? lengthFt(runway) : std::min(kUsualLengthFt, longestFt));
+        const double deg = runwayTrueDeg(runway, airport).value_or(0);
+        const Point half{std::sin(deg * kDegToRad) * length / 2,
+                         -std::cos(deg * kDegToRad) * length / 2};
+        const std::size_t column = i % columns;
+        const std::size_t row = i / columns;
+        const Point center{area.x + cellWidth * (static_cast<double>(column) + 0.5),
+                           area.y + cellHeight * (static_cast<double>(row) + 0.5)};
+        layout.runways.push_back({.runway = i,
+                                  .from = {center.x - half.x, center.y - half.y},
+                                  .to = {center.x + half.x, center.y + half.y}});
+    }
+}
+
+class PicturePainter {
+ public:
+    PicturePainter(Canvas& canvas, const Rect& area, const AirportRecord& airport,
+                   const MapColorCache& colors)
+        : canvas_(canvas),
+          area_(area),
+          airport_(airport),
+          colors_(colors),
+          textPx_(std::clamp(std::round(std::min(area.width, area.height) / 22), 12.0, 22.0)),
+          background_(colors[ColorKey::MapBackground]),
+          ink_(colors[ColorKey::MapRunway]),
+          labels_(area),
+          layout_(layOutAirport(airport, area, textPx_)) {}
+
+    void paint() {
+        canvas_.rect(area_, Brush{background_}, std::nullopt);
+        if (layout_.runways.empty()) {
+            canvas_.text(area_.center(), text(TextId::NoRunwayKnown),
+                         style(textPx_ * 1.2, FontWeight::Bold, ink_));
+            return;
+        }
+        northArrow();
+        scaleBar();
+        for (const RunwayShape& shape : layout_.runways)
+            surface(shape);
+        for (const RunwayShape& shape : layout_.runways) {
+            end(shape, 0);
+            end(shape, 1);
+        }
+        for (const RunwayShape& shape : layout_.runways)
+            length(shape);
+    }
+
+ private:
+    TextStyle style(double height, FontWeight weight, ColorValue color) const {
+        return {.font = {.height = std::round(height), .weight = weight},
+                .color = color,
+                .alignX = AlignX::Center,
+                .alignY = AlignY::Middle,
+                .halo = background_};
+    }
+    const RunwayRecord& recordOf(const RunwayShape& shape) const {
+        return airport_.runways[shape.runway];
+    }
+
+    void northArrow() {
+        const double size = textPx_;
+        const Point top{area_.x + 1.5 * size, area_.y + 0.6 * size};
+        canvas_.polygon(std::array{top, Point{top.x + 0.6 * size, top.y + 1.7 * size},
+                                   Point{top.x, top.y + 1.3 * size},
+                                   Point{top.x - 0.6 * size, top.y + 1.7 * size}},
+                        Brush{ink_}, std::nullopt);
+        canvas_.text({top.x, top.y + 2.4 * size}, "N", style(size, FontWeight::Bold, ink_));
+        labels_.reserve({area_.x, area_.y, 3 * size, 3.6 * size});
+    }
+
+    // 500, 1000, 2000 … feet, about a quarter of the width.
+    void scaleBar() {
+        if (layout_.pixelsPerFt <= 0)
+            return;
+        double feet = 500;
+        while (feet * 2 * layout_.pixelsPerFt < area_.width / 4)
+            feet *= 2;
+        const double left = area_.x + textPx_;
+        const double y = area_.bottom() - 0.7 * textPx_;
+        const double right = left + feet * layout_.pixelsPerFt;
+        const double tick = 0.3 * textPx_;
+        canvas_.lines(
+            std::array{Segment{{left, y}, {right, y}}, Segment{{left, y - tick}, {left, y + tick}},
+                       Segment{{right, y - tick}, {right, y + tick}}},
+            {ink_, 1.5, PenStyle::Solid});
+        TextStyle words = style(std::max(11.0, textPx_ * 0.85), FontWeight::Regular, ink_);
+        words.alignX = AlignX::Left;
+        canvas_.text({left, y - textPx_}, formatInt(std::lround(feet)) + " ft", words);
+        labels_.reserve({area_.x, y - 1.6 * textPx_, right - area_.x + textPx_, 2.3 * textPx_});
+    }
+
+    void surface(const RunwayShape& shape) {
+        const RunwayRecord& runway = recordOf(shape);
+        const std::vector<Point> corners = runwayCorners(shape.from, shape.to, shape.widthPx);
+        if (corners.empty())
+            return;
+        if (isHardSurface(runway.surface))
+            canvas_.polygon(corners, Brush{ink_}, std::nullopt);
+        else
+            canvas_.polygon(corners, Brush{blended(ink_, background_, 0.8)}, Pen{ink_, 1});
+        const Point step{(shape.to.x - shape.from.x) / kSteps,
+                         (shape.to.y - shape.from.y) / kSteps};
+        for (int i = 0; i <= kSteps; ++i) {
+            const double half = shape.widthPx / 2 + 1;
+            labels_.reserve({shape.from.x + step.x * i - half, shape.from.y + step.y * i - half,
+                             2 * half, 2 * half});
+        }
+    }
+
+    // The number beyond the end, and the way from base to final on the side of the pattern.
+    void end(const RunwayShape& shape, std::size_t which) {
+        const RunwayRecord& runway = recordOf(shape);
+        if (which >= runway.ends.size())
+            return;
+        const RunwayEnd& end = runway.ends[which];
+        const Point at = which == 0 ? shape.from : shape.to;
+        const Point other = which == 0 ? shape.to : shape.from;
+        const double length = std::hypot(at.x - other.x, at.y - other.y);
+        if (!(length > 0))
+            return;
+        const Point landing{(other.x - at.x) / length, (other.y - at.y) / length};
+        if (end.pattern != 0)
+            pattern(at, landing, end.pattern);
+        const TextStyle number =
+            style(textPx_ * 1.1, FontWeight::Bold, colors_[ColorKey::MapRunwayHeading]);
+        const TextExtent extent = canvas_.measure(end.id, number.font);
+        for (const double away : {end.pattern == 0 ? 1.0 : 1.7, 2.4, 0.4})
+            for (const double aside : {0.0, 1.3, -1.3}) {
+                const Point place{at.x - (landing.x * away + landing.y * aside) * textPx_,
+                                  at.y - (landing.y * away - landing.x * aside) * textPx_};
+                if (!labels_.claim(textBox(place, extent, number)))
+                    continue;
+                canvas_.text(place, end.id, number);
+                return;
+            }
+    }
+
+    void pattern(Point at, Point landing, char side) {
+        const double left = side == 'L' ? 1.0 : -1.0;
+        const Point aside{landing.y * left, -landing.x * left};
+        const auto place = [&](double before, double beside) {
+            return Point{at.x + (aside.x * beside - landing.x * before) * textPx_,
+                         at.y + (aside.y * beside - landing.y * before) * textPx_};
+        };
+        const Pen pen{colors_[ColorKey::HsiBearing], 2, PenStyle::Solid};
+        canvas_.lines(std::array{Segment{place(0.8, 1.8), place(0.8, 0)},
+                                 Segment{place(0.8, 0), place(0.15, 0)},
+                                 Segment{place(0.15, 0), place(0.5, 0.3)},
+                                 Segment{place(0.15, 0), place(0.5, -0.3)}},
+                      pen);
+    }
+
+    // Beside the runway, near its middle if there is room.
+    void length(const RunwayShape& shape) {
+        const RunwayRecord& runway = recordOf(shape);
+        if (!runway.lengthFt)
+            return;
+        const std::string words = formatInt(*runway.lengthFt) + " ft";
+        const TextStyle label = style(std::max(11.0, textPx_ * 0.85), FontWeight::Regular, ink_);
+        const TextExtent extent = canvas_.measure(words, label.font);
+        const double x = shape.to.x - shape.from.x;
+        const double y = shape.to.y - shape.from.y;
+        const double length = std::hypot(x, y);
+        if (!(length > 0))
+            return;
+        const Point across{-y / length, x / length};
+        // Far enough that the text's box clears the runway at any angle.
+        const double away = shape.widthPx / 2 + 4 + std::abs(across.x) * extent.width / 2 +
+                            std::abs(across.y) * extent.capHeight;
+        for (const double along : {0.5, 0.35, 0.65, 0.2, 0.8})
+            for (const double side : {1.0, -1.0}) {
+                const Point place{shape.from.x + x * along + across.x * away * side,
+                                  shape.from.y + y * along + across.y * away * side};
+                if (!labels_.claim(textBox(place, extent, label)))
+                    continue;
+                canvas_.text(place, words, label);
+                return;
+            }
+    }
+
+    static constexpr int kSteps = 40;
+
+    Canvas& canvas_;
+    Rect area_;
+    const AirportRecord& airport_;
+    const MapColorCache& colors_;
+    double textPx_;
+    ColorValue background_;
+    ColorValue ink_;
+    LabelSpace labels_;
+    AirportPictureLayout layout_;
+};
+
+}  // namespace
+
+AirportPictureLayout layOutAirport(const AirportRecord& airport, const Rect& area, double textPx) {
+    AirportPictureLayout layout;
+    if (airport.runways.empty())
+        return layout;
+    const double margin = kMarginHeights * textPx;
+    const Rect room{area.x + margin, area.y + margin, std::max(area.width - 2 * margin, 1.0),
+                    std::max(area.height - 2 * margin, 1.0)};
+    if (std::all_of(airport.runways.begin(), airport.runways.end(), liesInPlace))
+        layOutInPlace(airport, room, layout);
+    else
+        layOutSideBySide(airport, room, layout);
+    for (RunwayShape& shape : layout.runways)
+        shape.widthPx =
+            std::max(widthFt(airport.runways[shape.runway]) * layout.pixelsPerFt, kThinnestPx);
+    return layout;
+}
+
+void paintAirportPicture(Canvas& canvas, const Rect& area, const AirportRecord& airport,
+                         const MapColorCache& colors) {
+    PicturePainter(canvas, area, airport, colors).paint();
+}
+
+}  // namespace korvel

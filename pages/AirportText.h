@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+#include "navdb/records/AirportRecord.h"
+
+namespace korvel {
+
+/// "08/26   4000 x 98 ft   ASPH   right pattern 26", as far as it is known.
+std::string runwayText(const RunwayRecord& runway);
+
+/// "TWR   118.100".
+std::string commText(const CommFreqRecord& comm);
+
+}  // namespace korvel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "paint/Canvas.h"
+
+namespace korvel {
+
+class MapColorCache;
+
+/// More are not shown at once: the next ones come up when these are acknowledged.
+inline constexpr std::size_t kMostAlarmBoxes = 3;
+
+/// Where the alarms stand, in the order of CockpitData::alarms. On a map they lie over it in a
+/// column, in the middle of its upper edge and clear of its corners. Other pages, which have no
+/// room to spare, leave them a strip at the lower edge, where as many as fit stand side by side.
+struct AlarmBoxes {
+    enum class Place : std::uint8_t { OverMap, Strip };
+
+    /// None.
+    AlarmBoxes() = default;
+    /// `canvas` is the page with the strip, and `textPx` the type size of a map's labels on it.
+    AlarmBoxes(const Canvas& canvas, std::span<const std::string> alarms, double textPx,
+               Place place);
+
+    /// Which alarm a finger at this point means.
+    std::optional<std::size_t> alarmAt(Point finger) const;
+
+    std::vector<Rect> areas;
+    std::vector<std::string> words;  ///< of each
+    Font font;                       ///< of the words
+    double stripHeight = 0;          ///< that the page leaves; 0 on a map and for no alarms
+};
+
+/// A thick frame, a warning triangle and the words in the colour of danger; under a strip of them
+/// the background.
+void paintAlarms(Canvas& canvas, const AlarmBoxes& boxes, const MapColorCache& colors);
+
+}  // namespace korvel

@@ -1,0 +1,256 @@
+#include "pages/FieldStrip.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <numeric>
+
+#include "paint/MapColorCache.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kBorder = 1;
+constexpr double kPadding = 6;        // beside the value
+constexpr double kUnitShare = 0.46;   // of the value's type size
+constexpr double kUnitGap = 0.12;     // of the value's type size
+constexpr double kNarrowCell = 160;   // along a row
+constexpr double kLowCell = 80;       // in a column
+constexpr double kTallestCell = 150;  // in a column, where there is more room than use
+constexpr double kLargestType = 400;
+constexpr double kCapShare = 0.62;       // of the height below the header that capitals fill
+constexpr double kCapShareOfLine = 0.3;  // the same for each of two lines
+constexpr double kDark = 80;             // light of a map's background by night
+constexpr std::string_view kWidestUnit = "mph";
+
+Font valueFont(double height) { return {.height = height, .weight = FontWeight::Bold}; }
+Font unitFont(double valueHeight) { return {.height = std::max(11.0, valueHeight * kUnitShare)}; }
+
+// The width of the field's widest text in type one pixel high, unit included.
+double naturalWidth(const Canvas& canvas, const NavField& field) {
+    constexpr double kSample = 100;
+    double width = canvas.measure(field.widest, valueFont(kSample)).width;
+    if (field.lines == 1)
+        width += canvas.measure(kWidestUnit, unitFont(kSample)).width + kSample * kUnitGap;
+    return width / kSample;
+}
+
+// The room that a field asks for along a row: two lines are set at about half the size.
+double weight(const Canvas& canvas, const NavField& field) {
+    return naturalWidth(canvas, field) / (field.lines == 1 ? 1 : 1.6);
+}
+
+// The parts of one cell, inside its border.
+struct CellParts {
+    Rect header;
+    Rect value;
+};
+
+CellParts partsOf(const Rect& cell) {
+    const double headerHeight = std::clamp(std::round(cell.height * 0.29), 15.0, 30.0);
+    const Rect inside{cell.x, cell.y, cell.width - kBorder, cell.height - kBorder};
+    return {{inside.x, inside.y, inside.width, headerHeight},
+            {inside.x, inside.y + headerHeight + kBorder, inside.width,
+             inside.height - headerHeight - kBorder}};
+}
+
+// The type sizes of a strip: one for all values of one line, one for those of two.
+struct ValueSizes {
+    double oneLine = kLargestType;
+    double twoLines = kLargestType;
+};
+
+// The largest type in which the widest text of every field fits its cell.
+ValueSizes fittingSizes(const Canvas& canvas, std::span<const NavFieldId> fields,
+                        std::span<const Rect> cells) {
+    const double capPerHeight = canvas.measure("0", valueFont(100)).capHeight / 100;
+    ValueSizes sizes;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const NavField& field = navField(fields[i]);
+        const Rect value = partsOf(cells[i]).value;
+        const double byWidth =
+            std::floor((value.width - 2 * kPadding) / naturalWidth(canvas, field));
+        double& size = field.lines == 1 ? sizes.oneLine : sizes.twoLines;
+        size = std::min(size, byWidth);
+        sizes.oneLine =
+            std::min(sizes.oneLine, std::floor(value.height * kCapShare / capPerHeight));
+        sizes.twoLines =
+            std::min(sizes.twoLines, std::floor(value.height * kCapShareOfLine / capPerHeight));
+    }
+    return sizes;
+}
+
+std::vector<Rect> rowCells(const Canvas& canvas, std::span<const NavFieldId> fields,
+                           const Rect& row) {
+    std::vector<double> ends;
+    for (const NavFieldId id : fields)
+        ends.push_back((ends.empty() ? 0 : ends.back()) + weight(canvas, navField(id)));
+    std::vector<Rect> cells;
+    double left = row.x;
+    for (const double end : ends) {
+        const double right = row.x + std::round(row.width * end / ends.back());
+        cells.push_back({left, row.y, right - left, row.height});
+        left = right;
+    }
+    return cells;
+}
+
+// In a wide column the cells grow with their type.
+double tallestCell(double width) {
+    constexpr double kTallestShare = 0.8;
+    return std::max(kTallestCell, kTallestShare * width);
+}
+
+// Left and top borders belong to the strip, right and bottom ones to the cells.
+Rect contentArea(const Canvas& canvas) {
+    return {kBorder, kBorder, canvas.width() - kBorder, canvas.height() - kBorder};
+}
+
+class CellPainter {
+ public:
+    CellPainter(Canvas& canvas, const MapColorCache& colors) : canvas_(canvas), colors_(colors) {}
+
+    void paint(const NavField& field, const Rect& cell, const ValueSizes& sizes,
+               const CockpitData& data) {
+        const CellParts parts = partsOf(cell);
+        canvas_.rect(parts.value, Brush{colors_[ColorKey::NavBackground]}, std::nullopt);
+        paintHeader(field.header, parts.header);
+        const NavFieldText text = field.format(data);
+        if (!text.secondLine.empty())
+            paintTwoLines(text, parts.value, sizes.twoLines);
+        else
+            paintValue(text, parts.value, sizes.oneLine);
+    }
+
+ private:
+    // By night a bright band across the window dazzles: the brightness then ends with the word.
+    void paintHeader(std::string_view word, const Rect& area) {
+        const Font font{.height = std::round(area.height * 0.8), .weight = FontWeight::Bold};
+        const ColorValue ground = colors_[ColorKey::NavHeaderBackground];
+        const ColorValue ink = colors_[ColorKey::NavHeader];
+        Rect tab = area;
+        if (lightOf(colors_[ColorKey::MapBackground]) < kDark && lightOf(ground) > lightOf(ink)) {
+            canvas_.rect(area, Brush{colors_[ColorKey::NavBackground]}, std::nullopt);
+            tab.width =
+                std::min(area.width, std::round(canvas_.measure(word, font).width + font.height));
+            tab.x = std::round(area.center().x - tab.width / 2);
+        }
+        canvas_.rect(tab, Brush{ground}, std::nullopt);
+        canvas_.text(
+            area.center(), word,
+            {.font = font, .color = ink, .alignX = AlignX::Center, .alignY = AlignY::Middle});
+    }
+
+    TextStyle style(const Font& font) const {
+        return {.font = font, .color = colors_[ColorKey::NavText], .alignY = AlignY::Middle};
+    }
+
+    void paintTwoLines(const NavFieldText& text, const Rect& area, double height) {
+        TextStyle centered = style(valueFont(height));
+        centered.alignX = AlignX::Center;
+        const double step = area.height * 0.22;
+        for (const auto& [line, down] :
+             {std::pair{&text.value, -step}, std::pair{&text.secondLine, step}}) {
+            centered.font = valueFont(fittingHeight(*line, "", area.width, height));
+            canvas_.text({area.center().x, area.center().y + down}, *line, centered);
+        }
+    }
+
+    // Names and rare values are longer than what the strip's type is chosen for.
+    double fittingHeight(const std::string& value, const std::string& unit, double room,
+                         double height) const {
+        double width = canvas_.measure(value, valueFont(height)).width;
+        if (!unit.empty())
+            width += canvas_.measure(unit, unitFont(height)).width + height * kUnitGap;
+        const double most = room - 2 * kBorder;
+        return width <= most ? height : std::floor(height * most / width);
+    }
+
+    void paintValue(const NavFieldText& text, const Rect& area, double usualHeight) {
+        const double height = fittingHeight(text.value, text.unit, area.width, usualHeight);
+        const TextExtent value = canvas_.measure(text.value, valueFont(height));
+        const Font small = unitFont(height);
+        const double unitWidth =
+            text.unit.empty() ? 0 : canvas_.measure(text.unit, small).width + height * kUnitGap;
+        const double left = area.center().x - (value.width + unitWidth) / 2;
+        const double middle = area.center().y;
+        canvas_.text({left, middle}, text.value, style(valueFont(height)));
+        if (text.unit.empty())
+            return;
+        TextStyle beside = style(small);
+        beside.alignY = AlignY::Baseline;
+        canvas_.text({left + value.width + height * kUnitGap, middle + value.capHeight / 2},
+                     text.unit, beside);
+    }
+
+    Canvas& canvas_;
+    const MapColorCache& colors_;
+};
+
+}  // namespace
+
+std::span<const NavFieldId> FieldStrip::fitting(std::span<const NavFieldId> chosen,
+                                                FieldArrangement arrangement, double width,
+                                                double height) {
+    const double perRow = std::floor(width / kNarrowCell);
+    double most = perRow;
+    if (arrangement == FieldArrangement::TwoRows)
+        most = 2 * std::max(3.0, perRow);
+    if (arrangement == FieldArrangement::Column)
+        most = 2 * std::floor(height / kLowCell);
+    return chosen.first(std::min(chosen.size(), static_cast<std::size_t>(std::max(most, 5.0))));
+}
+
+std::optional<std::size_t> FieldStrip::fieldAt(const Canvas& canvas, FieldArrangement arrangement,
+                                               std::span<const NavFieldId> fields, Point point) {
+    const std::vector<Rect> areas = cells(canvas, arrangement, fields);
+    const auto hit =
+        std::ranges::find_if(areas, [point](const Rect& area) { return area.contains(point); });
+    if (hit == areas.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(hit - areas.begin());
+}
+
+std::vector<Rect> FieldStrip::cells(const Canvas& canvas, FieldArrangement arrangement,
+                                    std::span<const NavFieldId> fields) {
+    if (fields.empty())
+        return {};
+    const Rect area = contentArea(canvas);
+    std::size_t perRow = fields.size();
+    if (arrangement == FieldArrangement::TwoRows)
+        perRow = (fields.size() + 1) / 2;
+    if (arrangement == FieldArrangement::Column)
+        perRow = 2;
+    const std::size_t rows = (fields.size() + perRow - 1) / perRow;
+    double height = area.height / static_cast<double>(rows);
+    if (arrangement == FieldArrangement::Column)
+        height = std::min(height, tallestCell(area.width / 2));
+    std::vector<Rect> all;
+    for (std::size_t row = 0; row < rows; ++row) {
+        const double top = std::round(static_cast<double>(row) * height);
+        const double bottom = std::round(static_cast<double>(row + 1) * height);
+        const auto inRow =
+            fields.subspan(row * perRow, std::min(perRow, fields.size() - row * perRow));
+        const std::vector<Rect> cells =
+            rowCells(canvas, inRow, {area.x, area.y + top, area.width, bottom - top});
+        all.insert(all.end(), cells.begin(), cells.end());
+    }
+    return all;
+}
+
+void FieldStrip::paint(Canvas& canvas, FieldArrangement arrangement,
+                       std::span<const NavFieldId> fields, const CockpitData& data) const {
+    const std::vector<Rect> areas = cells(canvas, arrangement, fields);
+    canvas.rect({0, 0, canvas.width(), canvas.height()}, Brush{colors_[ColorKey::NavBackground]},
+                std::nullopt);
+    if (areas.empty())
+        return;
+    canvas.rect({0, 0, canvas.width(), areas.back().bottom()}, Brush{colors_[ColorKey::NavBorder]},
+                std::nullopt);
+    const ValueSizes sizes = fittingSizes(canvas, fields, areas);
+    CellPainter painter(canvas, colors_);
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        painter.paint(navField(fields[i]), areas[i], sizes, data);
+}
+
+}  // namespace korvel

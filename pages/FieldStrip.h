@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "cockpit/CockpitData.h"
+#include "pages/NavField.h"
+#include "pages/ScreenLayout.h"
+#include "paint/Canvas.h"
+
+namespace korvel {
+
+class MapColorCache;
+
+/// The navigation fields: a header band over a value as large as fits, its unit smaller beside it.
+class FieldStrip {
+ public:
+    /// The colours must outlive the strip.
+    explicit FieldStrip(const MapColorCache& colors) : colors_(colors) {}
+
+    /// Fills the whole canvas.
+    void paint(Canvas& canvas, FieldArrangement arrangement, std::span<const NavFieldId> fields,
+               const CockpitData& data) const;
+
+    /// The first of the chosen fields, as many as a strip of that size shows large enough to read:
+    /// five or more.
+    static std::span<const NavFieldId> fitting(std::span<const NavFieldId> chosen,
+                                               FieldArrangement arrangement, double width,
+                                               double height);
+
+    /// The cells of the fields in their order. Along a row the widths follow what the fields have
+    /// to show, so that all values can be equally large.
+    static std::vector<Rect> cells(const Canvas& canvas, FieldArrangement arrangement,
+                                   std::span<const NavFieldId> fields);
+
+    /// Which of the fields lies under a point of the strip.
+    static std::optional<std::size_t> fieldAt(const Canvas& canvas, FieldArrangement arrangement,
+                                              std::span<const NavFieldId> fields, Point point);
+
+ private:
+    const MapColorCache& colors_;
+};
+
+}  // namespace korvel

@@ -1,0 +1,325 @@
+#include "pages/FlightPlanPage.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/TextNumbers.h"
+#include "config/StringTable.h"
+#include "geo/GeoText.h"
+#include "geo/Units.h"
+#include "map/layers/PlanMarks.h"
+#include "pages/NavField.h"
+#include "pages/PlanFigures.h"
+#include "paint/MapColorCache.h"
+#include "paint/MapLook.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kLeastRowPx = 40;  // 9 mm and a little
+constexpr double kFaded = 0.5;
+constexpr double kWideEnoughPx = 900;  // for a column more
+constexpr double kBarPx = 6;
+
+/// The columns of figures, from the right edge; the waypoint takes what is left.
+enum class Column : std::uint8_t { Altitude, Track, Leg, Total, Time, Arrival };
+
+struct ColumnLook {
+    Column column;
+    std::string_view head;
+    double widthEm;  ///< of the type size
+    bool always;     ///< also in a narrow window
+};
+
+constexpr std::array kColumns{
+    ColumnLook{Column::Altitude, "ALT", 3.9, true}, ColumnLook{Column::Track, "TRK °M", 3.4, true},
+    ColumnLook{Column::Leg, "DIST", 4.0, true},     ColumnLook{Column::Total, "TOTAL", 4.4, false},
+    ColumnLook{Column::Time, "ETE", 3.6, true},     ColumnLook{Column::Arrival, "ETA", 3.7, true}};
+
+std::string milesText(const std::optional<double>& nm) {
+    if (!nm)
+        return std::string(kNoValue);
+    const double shown = ConvertDistance(*nm);
+    return formatFixed(shown, shown < 99.95 ? 1 : 0);
+}
+
+/// What stands in a column of a row, and nothing where nothing is expected.
+std::string cellText(Column column, const PlanRow& row, const PlanFigures& figures,
+                     const CockpitData& data) {
+    switch (column) {
+        case Column::Altitude:
+            return row.altitudeFt ? altitudeText(*row.altitudeFt, data.altUnit) : "";
+        case Column::Track:
+            return figures.courseMagDeg ? courseText(*figures.courseMagDeg) + "°" : "";
+        case Column::Leg:
+            return figures.legNm ? milesText(figures.legNm) : "";
+        case Column::Total:
+            return figures.totalNm ? milesText(figures.totalNm) : "";
+        case Column::Time:
+            return figures.legNm ? durationText(figures.legHours) : "";
+        case Column::Arrival:
+            return figures.totalNm ? arrivalText(figures.totalHours, data.now) : "";
+    }
+    return {};
+}
+
+class FlightPlanPainter {
+ public:
+    FlightPlanPainter(Canvas& canvas, const CockpitData& data, const FlightPlanView& view,
+                      const MapColorCache& colors)
+        : canvas_(canvas),
+          data_(data),
+          view_(view),
+          colors_(colors),
+          rows_(canvas.width(), canvas.height(), data.plan ? data.plan->rows.size() : 0),
+          first_(firstShownRow(data, view, rows_)),
+          textPx_(rows_.textPx()),
+          background_(colors[ColorKey::MapBackground]),
+          ink_(colors[ColorKey::HsiNumeral]),
+          line_(blended(colors[ColorKey::HsiLine], background_, 0.75)) {}
+
+    void paint() {
+        canvas_.rect({0, 0, canvas_.width(), canvas_.height()}, Brush{background_}, std::nullopt);
+        if (!data_.plan || data_.plan->rows.empty()) {
+            empty();
+            return;
+        }
+        layOutColumns();
+        header();
+        const std::vector<PlanFigures> figures = planFigures(data_);
+        const std::size_t end = std::min(first_ + rows_.visible(), data_.plan->rows.size());
+        for (std::size_t i = first_; i < end; ++i)
+            row(i, figures[i]);
+        scrollBar();
+        totals(figures.back());
+    }
+
+ private:
+    struct PlacedColumn {
+        const ColumnLook* look;
+        double right;
+    };
+
+    void layOutColumns() {
+        double right = canvas_.width() - textPx_ * 0.7 - kBarPx;
+        for (std::size_t i = kColumns.size(); i-- > 0;) {
+            const ColumnLook& look = kColumns.at(i);
+            if (!look.always && canvas_.width() < kWideEnoughPx)
+                continue;
+            columns_.push_back({&look, right});
+            right -= look.widthEm * textPx_;
+        }
+        namesEnd_ = right;
+    }
+
+    [[nodiscard]] TextStyle style(double share, ColorValue color, AlignX align,
+                                  bool bold = true) const {
+        return {.font = {.height = std::round(textPx_ * share),
+                         .weight = bold ? FontWeight::Bold : FontWeight::Regular},
+                .color = color,
+                .alignX = align,
+                .alignY = AlignY::Middle};
+    }
+
+    void empty() {
+        TextStyle words = style(1.4, ink_, AlignX::Center);
+        const std::string_view note = text(TextId::NoFlightPlan);
+        const double width = canvas_.measure(note, words.font).width;
+        words.font.height *= std::min(1.0, 0.92 * canvas_.width() / width);
+        canvas_.text({canvas_.width() / 2, canvas_.height() / 2}, note, words);
+    }
+
+    void header() {
+        const Rect area = rows_.header();
+        canvas_.rect(area, Brush{colors_[ColorKey::MapInfoBackground]}, std::nullopt);
+        const ColorValue color = colors_[ColorKey::MapInfoText];
+        const double y = area.center().y;
+        std::string title = data_.plan->fileName.empty() ? "WAYPOINT" : data_.plan->fileName;
+        title += data_.plan->changed ? " *" : "";
+        const TextStyle left = style(0.8, color, AlignX::Left);
+        canvas_.text({namesBegin(), y}, fitting(title, left.font, namesEnd_ - namesBegin()), left);
+        for (const PlacedColumn& column : columns_)
+            canvas_.text({column.right, y}, headOf(*column.look), style(0.8, color, AlignX::Right));
+    }
+
+    /// With its unit where that depends on the settings.
+    static std::string headOf(const ColumnLook& look) {
+        std::string head(look.head);
+        if (look.column == Column::Leg) {
+            UnitLabels labels;
+            ConvertDistance(0, &labels);
+            head.append(" ").append(labels.distance);
+        }
+        return head;
+    }
+
+    [[nodiscard]] double namesBegin() const { return textPx_ * 2.2; }
+
+    /// As much of the text as fits, with dots for the rest.
+    [[nodiscard]] std::string fitting(std::string whole, const Font& font, double width) const {
+        if (canvas_.measure(whole, font).width <= width)
+            return whole;
+        while (!whole.empty() && canvas_.measure(whole + "…", font).width > width) {
+            // Never between the bytes of a letter.
+            do
+                whole.pop_back();
+            while (!whole.empty() && (static_cast<unsigned char>(whole.back()) & 0x80U) != 0);
+        }
+        return whole.empty() ? whole : whole + "…";
+    }
+
+    void row(std::size_t index, const PlanFigures& figures) {
+        const PlanRow& row = data_.plan->rows[index];
+        const PlanPart part = planPart(*data_.plan, index);
+        const Rect area = rows_.row(index, first_);
+        const bool isActive = part == PlanPart::Active;
+        const ColorValue ink = part == PlanPart::Passed ? blended(ink_, background_, kFaded) : ink_;
+        if (isActive)
+            canvas_.rect(area, Brush{blended(activeColor(), background_, 0.82)}, std::nullopt);
+        canvas_.line({area.x, area.bottom()}, {area.right(), area.bottom()}, {line_, 1});
+        mark({area.x + textPx_ * 1.1, area.center().y}, part);
+        names(row, area, ink, isActive);
+        for (const PlacedColumn& column : columns_)
+            canvas_.text({column.right, area.center().y},
+                         cellText(column.look->column, row, figures, data_),
+                         style(1, ink, AlignX::Right, isActive));
+        if (view_.selectedRow == index)
+            canvas_.rect({area.x + 1.5, area.y + 1.5, area.width - kBarPx - 3, area.height - 3},
+                         std::nullopt, Pen{colors_[ColorKey::MapNavaidSelected], 3});
+    }
+
+    [[nodiscard]] ColorValue activeColor() const { return colors_[ColorKey::MapFlightPlanActive]; }
+
+    /// An arrowhead for what is flown to, a tick for what was passed.
+    void mark(Point at, PlanPart part) {
+        const double r = textPx_ * 0.5;
+        if (part == PlanPart::Active)
+            canvas_.polygon(std::array{Point{at.x - r, at.y - r}, Point{at.x + r, at.y},
+                                       Point{at.x - r, at.y + r}},
+                            Brush{activeColor()}, std::nullopt);
+        if (part == PlanPart::Passed)
+            canvas_.polyline(
+                std::array{Point{at.x - r * 0.8, at.y}, Point{at.x - r * 0.2, at.y + r * 0.6},
+                           Point{at.x + r * 0.8, at.y - r * 0.6}},
+                {blended(ink_, background_, kFaded), 2});
+    }
+
+    void names(const PlanRow& row, const Rect& area, ColorValue ink, bool isActive) {
+        const TextStyle ident = style(isActive ? 1.25 : 1.1, ink, AlignX::Left);
+        const double y = area.center().y;
+        const double room = namesEnd_ - namesBegin() - textPx_ * 0.4;
+        const std::string shown = fitting(row.ident, ident.font, room);
+        canvas_.text({namesBegin(), y}, shown, ident);
+        if (row.name == row.ident || shown != row.ident)
+            return;
+        const double begin = canvas_.measure(shown, ident.font).width + textPx_ * 0.6;
+        const TextStyle name = style(0.85, blended(ink, background_, 0.25), AlignX::Left, false);
+        canvas_.text({namesBegin() + begin, y}, fitting(row.name, name.font, room - begin), name);
+    }
+
+    void scrollBar() {
+        const std::size_t count = data_.plan->rows.size();
+        if (count <= rows_.visible())
+            return;
+        const double top = rows_.header().bottom();
+        const double height = rows_.totals().y - top;
+        const auto share = [&](std::size_t row) {
+            return height * static_cast<double>(row) / static_cast<double>(count);
+        };
+        canvas_.rect({canvas_.width() - kBarPx, top + share(first_), kBarPx,
+                      std::max(share(rows_.visible()), 2 * kBarPx)},
+                     Brush{colors_[ColorKey::HsiLine], 0.6}, std::nullopt);
+    }
+
+    void totals(const PlanFigures& last) {
+        const Rect area = rows_.totals();
+        canvas_.line({area.x, area.y}, {area.right(), area.y}, {colors_[ColorKey::HsiLine], 2});
+        std::vector<std::string> words{"Total " + distanceText(data_.plan->totalNm)};
+        if (last.totalNm && data_.distanceNm && flownRow(data_))
+            words.insert(words.end(), {"To go " + distanceText(*last.totalNm),
+                                       "ETE " + durationText(last.totalHours),
+                                       "ETA " + arrivalText(last.totalHours, data_.now)});
+        const double left = textPx_ * 0.7;
+        const double room = columns_.front().right - left;
+        double taken = (static_cast<double>(words.size()) - 1) * textPx_;  // with the least gaps
+        for (const std::string& word : words)
+            taken += widthOf(word, style(1, ink_, AlignX::Left));
+        const TextStyle look = style(std::min(1.0, room / taken), ink_, AlignX::Left);
+        double gap = room;
+        for (const std::string& word : words)
+            gap -= widthOf(word, look);
+        gap /= std::max(static_cast<double>(words.size()) - 1, 1.0);
+        double x = left;
+        for (const std::string& word : words) {
+            canvas_.text({x, area.center().y}, word, look);
+            x += widthOf(word, look) + gap;
+        }
+    }
+
+    [[nodiscard]] double widthOf(const std::string& word, const TextStyle& look) const {
+        return canvas_.measure(word, look.font).width;
+    }
+
+    Canvas& canvas_;
+    const CockpitData& data_;
+    const FlightPlanView& view_;
+    const MapColorCache& colors_;
+    FlightPlanRows rows_;
+    std::size_t first_;
+    double textPx_;
+    ColorValue background_;
+    ColorValue ink_;
+    ColorValue line_;
+    std::vector<PlacedColumn> columns_;  ///< from the right
+    double namesEnd_ = 0;
+};
+
+}  // namespace
+
+FlightPlanRows::FlightPlanRows(double width, double height, std::size_t rowCount)
+    : count_(rowCount),
+      textPx_(std::clamp(std::round(std::min(width / 34, height / 22)), 16.0, 28.0)),
+      rowHeight_(std::max(kLeastRowPx, std::round(textPx_ * 2))),
+      header_{0, 0, width, std::round(textPx_ * 1.5)},
+      totals_{0, height - rowHeight_, width, rowHeight_} {
+    list_ = {0, header_.bottom(), width, std::max(0.0, totals_.y - header_.bottom())};
+    visible_ = static_cast<std::size_t>(list_.height / rowHeight_);
+}
+
+std::size_t FlightPlanRows::lastFirst() const {
+    return count_ - std::min(count_, std::max<std::size_t>(visible_, 1));
+}
+
+std::size_t FlightPlanRows::firstFor(std::size_t row) const {
+    return std::min(row - std::min<std::size_t>(row, 1), lastFirst());
+}
+
+Rect FlightPlanRows::row(std::size_t row, std::size_t first) const {
+    return {list_.x, list_.y + static_cast<double>(row - first) * rowHeight_, list_.width,
+            rowHeight_};
+}
+
+std::optional<std::size_t> FlightPlanRows::rowAt(Point point, std::size_t first) const {
+    if (!list_.contains(point))
+        return std::nullopt;
+    const auto below = static_cast<std::size_t>((point.y - list_.y) / rowHeight_);
+    return below < visible_ && first + below < count_ ? std::optional(first + below) : std::nullopt;
+}
+
+std::size_t firstShownRow(const CockpitData& data, const FlightPlanView& view,
+                          const FlightPlanRows& rows) {
+    if (view.firstRow)
+        return std::min(*view.firstRow, rows.lastFirst());
+    return rows.firstFor(data.plan ? data.plan->active.value_or(0) : 0);
+}
+
+void paintFlightPlanPage(Canvas& canvas, const CockpitData& data, const FlightPlanView& view,
+                         const MapColorCache& colors) {
+    FlightPlanPainter(canvas, data, view, colors).paint();
+}
+
+}  // namespace korvel

@@ -1,0 +1,291 @@
+#include "pages/HsiPage.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <span>
+#include <string_view>
+
+#include "base/TextNumbers.h"
+#include "config/StringTable.h"
+#include "geo/GeoText.h"
+#include "geo/Geodesy.h"
+#include "geo/Units.h"
+#include "map/layers/MapFurniture.h"
+#include "pages/ApproachBox.h"
+#include "pages/HsiPainter.h"
+#include "pages/NavField.h"
+#include "pages/WarningFlag.h"
+#include "paint/AreaCanvas.h"
+#include "paint/Clip.h"
+#include "paint/MapColorCache.h"
+#include "paint/MapLook.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kMostScale = 3;
+constexpr double kMostScaleOverMap = 1.4;  // the map stays what the page is for
+constexpr double kLabelShare = 1.35;       // of the map's type size
+constexpr double kRoomAroundLabels = 3;    // that names on the map leave
+
+int toWhole(double degrees) {
+    const int whole = RoundToInt(PositiveMod(degrees, 360));
+    return whole == 0 ? 360 : whole;
+}
+
+Rect boxAround(std::span<const Point> points) {
+    const auto [left, right] = std::ranges::minmax(points, {}, &Point::x);
+    const auto [top, bottom] = std::ranges::minmax(points, {}, &Point::y);
+    return {left.x, top.y, right.x - left.x, bottom.y - top.y};
+}
+
+/// So that a name straight ahead does not stand under the needle.
+void addBoxesAlong(const Segment& line, double size, std::vector<Rect>& boxes) {
+    const double length = std::hypot(line.to.x - line.from.x, line.to.y - line.from.y);
+    const int steps = std::max(1, RoundToInt(2 * length / size));
+    const double side = size / 2;
+    for (int step = 0; step <= steps; ++step) {
+        const double share = static_cast<double>(step) / steps;
+        boxes.push_back({line.from.x + share * (line.to.x - line.from.x) - side / 2,
+                         line.from.y + share * (line.to.y - line.from.y) - side / 2, side, side});
+    }
+}
+
+void addBoxes(const HsiGeometry::Needle& needle, double size, std::vector<Rect>& boxes) {
+    addBoxesAlong(needle.front, size, boxes);
+    addBoxesAlong(needle.tail, size, boxes);
+    if (needle.bar)
+        addBoxesAlong(*needle.bar, size, boxes);
+    addBoxesAlong({needle.marks.front(), needle.marks.back()}, size, boxes);
+    boxes.push_back(boxAround(needle.head));
+    boxes.push_back(boxAround(needle.toFrom));
+}
+
+double distanceTo(const Rect& box, Point point) {
+    return std::hypot(point.x - std::clamp(point.x, box.x, box.right()),
+                      point.y - std::clamp(point.y, box.y, box.bottom()));
+}
+
+// Makes the card as large as the page allows, around the aircraft's point: the instrument is drawn
+// in its own pixels and scaled to the page's.
+class ScaledHsi {
+ public:
+    /// `left` is the room that the page keeps free at its left edge, `corners` is what else the
+    /// card keeps off.
+    ScaledHsi(const Rect& page, const MapViewport& viewport, double textPx, double mostScale,
+              double left, std::span<const Rect> corners = {})
+        : aircraft_{static_cast<double>(viewport.aircraftX()),
+                    static_cast<double>(viewport.aircraftY())} {
+        const double above = kCard + kReadOut;
+        scale_ = std::min({aircraft_.y / above, (page.height - aircraft_.y) / kCard,
+                           (aircraft_.x - left) / kCard, mostScale});
+        scale_ = std::max(scale_, 0.2);
+        // A card that covers nothing is of no use when it is too small to read.
+        const double least = 0.6 * scale_;
+        for (const Rect& box : corners)
+            scale_ = std::min(scale_, distanceTo(box, aircraft_) / kCard);
+        scale_ = std::max(scale_, least);
+        labelHeight_ = std::max(1, RoundToInt(kLabelShare * textPx / scale_));
+    }
+
+    void paint(Canvas& canvas, const HsiState& state, const MapColorCache& colors,
+               const std::string& note) const {
+        AreaCanvas own(canvas,
+                       {aircraft_.x - kMiddle * scale_, aircraft_.y - kMiddle * scale_,
+                        2 * kMiddle * scale_, 2 * kMiddle * scale_},
+                       scale_);
+        paintHsi(own, placed(state), colors, note);
+    }
+
+    // The boxes of the texts on the page.
+    std::vector<Rect> labels(const Canvas& canvas, const HsiState& state,
+                             const std::string& note) const {
+        const HsiGeometry geometry(placed(state));
+        const double height = placed(state).labelHeight;
+        const Font font{height, FontWeight::Bold};
+        std::vector<Rect> boxes{
+            geometry.readOut(canvas.measure(geometry.headingText(), font).width).box};
+        for (const HsiGeometry::Tick& tick : geometry.ticks())
+            if (tick.labelled)
+                boxes.push_back(geometry.labelBox(
+                    tick, canvas.measure(HsiGeometry::labelText(tick.value), font).width));
+        const Font small = HsiGeometry::noteFont(height);
+        boxes.push_back(geometry.noteBox(canvas.measure(note, small).width, small.height));
+        if (const auto needle = geometry.needle())
+            addBoxes(*needle, height, boxes);
+        if (const auto mark = geometry.bearingMark())
+            for (const Segment& chord : *mark)
+                boxes.push_back(boxAround(std::array{chord.from, chord.to}));
+        for (Rect& box : boxes)
+            box = {aircraft_.x + (box.x - kMiddle) * scale_,
+                   aircraft_.y + (box.y - kMiddle) * scale_, box.width * scale_,
+                   box.height * scale_};
+        return boxes;
+    }
+
+    double radius() const { return kCard * scale_; }
+    Point aircraft() const { return aircraft_; }
+
+ private:
+    static constexpr int kCard = 188;     // radius with the bearing mark on the rim
+    static constexpr int kReadOut = 40;   // above the rim
+    static constexpr int kMiddle = 1000;  // far from the edges of the instrument's own canvas
+
+    HsiState placed(HsiState state) const {
+        state.labelHeight = std::min(labelHeight_, kReadOut - 12);
+        state.place(kMiddle, kMiddle);
+        return state;
+    }
+
+    Point aircraft_;
+    double scale_ = 1;
+    int labelHeight_ = 0;
+};
+
+struct Flag {
+    Point center;
+    std::string_view word;
+};
+
+// What keeps the indicator from showing all.
+std::vector<Flag> flags(const ScaledHsi& hsi, const CockpitData& data) {
+    const Point at = hsi.aircraft();
+    const double away = 0.42 * hsi.radius();
+    std::vector<Flag> all;
+    if (!data.trackMagDeg)
+        all.push_back({{at.x, at.y - away}, "NO TRACK"});
+    if (!data.bearingMagDeg)
+        all.push_back({{at.x, at.y + away}, "NO WPT"});
+    return all;
+}
+
+void paintFlags(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data, double textPx,
+                const MapColorCache& colors) {
+    for (const Flag& flag : flags(hsi, data))
+        paintWarningFlag(canvas, flag.center, flag.word, textPx, colors);
+}
+
+// A corner's field: its name over its value.
+void paintCorner(Canvas& canvas, const NavField& field, const CockpitData& data, const Rect& room,
+                 bool right, double textPx, const MapColorCache& colors) {
+    const NavFieldText text = field.format(data);
+    TextStyle style{.font = {.height = textPx, .weight = FontWeight::Bold},
+                    .color = colors[ColorKey::HsiLine],
+                    .alignX = right ? AlignX::Right : AlignX::Left,
+                    .alignY = AlignY::Top};
+    const double x = right ? room.right() : room.x;
+    canvas.text({x, room.y}, field.header, style);
+    const std::string value = text.unit.empty() ? text.value : text.value + " " + text.unit;
+    style.font.height = std::round(textPx * 1.9);
+    const double width = canvas.measure(value, style.font).width;
+    style.font.height *= std::min(1.0, room.width / std::max(width, 1.0));
+    style.color = colors[ColorKey::HsiNumeral];
+    canvas.text({x, room.y + 1.3 * textPx}, value, style);
+}
+
+void paintCorners(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data, double textPx,
+                  const MapColorCache& colors) {
+    const double margin = textPx;
+    const double height = std::round(3 * textPx);
+    // At the corner's far end the card has turned away.
+    const double width =
+        std::min(canvas.width() / 2 - hsi.radius() * 0.62 - 2 * margin, canvas.width() * 0.3);
+    if (width < 4 * textPx)
+        return;
+    const double bottom = canvas.height() - margin - height + 0.5 * textPx;
+    const auto corner = [&](NavFieldId id, bool right, double top) {
+        const double left = right ? canvas.width() - margin - width : margin;
+        paintCorner(canvas, navField(id), data, {left, top, width, height}, right, textPx, colors);
+    };
+    corner(NavFieldId::Waypoint, false, margin);
+    corner(NavFieldId::DesiredTrack, true, margin);
+    corner(NavFieldId::CrossTrack, false, bottom);
+    corner(NavFieldId::Distance, true, bottom);
+}
+
+double keptFree(const Rect& page, const CockpitData& data) {
+    return data.approach ? approachBox(page.width, page.height).right() : 0;
+}
+
+ScaledHsi overMap(const Canvas& canvas, const CockpitData& data, const MapViewport& viewport) {
+    const Rect page{0, 0, canvas.width(), canvas.height()};
+    const double textPx = mapTextPx(page.width, page.height);
+    return {page,
+            viewport,
+            textPx,
+            kMostScaleOverMap,
+            keptFree(page, data),
+            lowerCorners(canvas, data, textPx)};
+}
+
+std::string noteFor(const CockpitData& data) {
+    return data.crossTrackNm ? fullScaleText(data) : std::string();
+}
+
+}  // namespace
+
+HsiState hsiState(const CockpitData& data) {
+    HsiState state;
+    if (!data.trackMagDeg)
+        return state;
+    state.heading = toWhole(*data.trackMagDeg);
+    if (data.bearingMagDeg)
+        state.bearing = *data.bearingMagDeg;
+    const std::optional<double> course =
+        data.obsCourseMagDeg ? data.obsCourseMagDeg : data.desiredTrackMagDeg;
+    if (!course)
+        return state;
+    state.course = toWhole(*course);
+    if (data.crossTrackNm && data.fullScaleNm > 0)
+        state.deviation = *data.crossTrackNm / data.fullScaleNm;
+    if (data.bearingMagDeg)
+        state.toFrom = std::abs(std::remainder(*data.bearingMagDeg - *course, 360.0)) <= 90 ? 1 : 2;
+    return state;
+}
+
+std::string fullScaleText(const CockpitData& data) {
+    UnitLabels labels;
+    std::string number = formatFixed(ConvertDistance(data.fullScaleNm, &labels), 2);
+    while (number.ends_with('0'))
+        number.pop_back();
+    if (number.ends_with('.'))
+        number.pop_back();
+    return "±" + number + " " + std::string(labels.distance);
+}
+
+void paintHsiPage(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
+                  const MapColorCache& colors) {
+    const Rect page{0, 0, canvas.width(), canvas.height()};
+    const double textPx = instrumentTextPx(page.width, page.height);
+    canvas.rect(page, Brush{colors[ColorKey::MapBackground]}, std::nullopt);
+    const ScaledHsi hsi(page, viewport, textPx, kMostScale, keptFree(page, data));
+    paintCorners(canvas, hsi, data, textPx, colors);
+    hsi.paint(canvas, hsiState(data), colors, noteFor(data));
+    paintFlags(canvas, hsi, data, std::round(1.3 * textPx), colors);
+    if (!data.position && data.positionAgeSec)
+        paintWarningFlag(canvas, hsi.aircraft(),
+                         formatText(TextId::PositionLost, {ageText(*data.positionAgeSec)}),
+                         std::round(1.6 * textPx), colors);
+}
+
+void paintHsiOverMap(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
+                     const MapColorCache& colors) {
+    const ScaledHsi hsi = overMap(canvas, data, viewport);
+    hsi.paint(canvas, hsiState(data), colors, noteFor(data));
+    paintFlags(canvas, hsi, data, mapTextPx(canvas.width(), canvas.height()), colors);
+}
+
+std::vector<Rect> hsiLabelsOverMap(const Canvas& canvas, const CockpitData& data,
+                                   const MapViewport& viewport) {
+    const ScaledHsi hsi = overMap(canvas, data, viewport);
+    std::vector<Rect> boxes = hsi.labels(canvas, hsiState(data), noteFor(data));
+    std::ranges::transform(boxes, boxes.begin(),
+                           [](const Rect& box) { return grown(box, kRoomAroundLabels); });
+    const double textPx = mapTextPx(canvas.width(), canvas.height());
+    for (const Flag& flag : flags(hsi, data))
+        boxes.push_back(warningFlagBox(canvas, flag.center, flag.word, textPx));
+    return boxes;
+}
+
+}  // namespace korvel

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cockpit/CockpitData.h"
+#include "map/MapViewport.h"
+#include "pages/HsiGeometry.h"
+#include "paint/Canvas.h"
+
+namespace korvel {
+
+class MapColorCache;
+
+/// What the indicator shows of a situation; its place and type size are left open. Without a track
+/// there is no up, so bearing and course are left out then.
+HsiState hsiState(const CockpitData& data);
+
+/// The cross-track at full deflection, in the unit in force: "±1.25 nm".
+std::string fullScaleText(const CockpitData& data);
+
+/// The page "HSI": the indicator, and in the corners what belongs to the leg. Fills the whole
+/// canvas; the viewport is laid out for it.
+void paintHsiPage(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
+                  const MapColorCache& colors);
+
+/// The indicator over the map of the page "Map+HSI", around the aircraft, where a position is
+/// known.
+void paintHsiOverMap(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
+                     const MapColorCache& colors);
+
+/// Where the indicator's texts will stand on that page, so that the map's keep out of them.
+std::vector<Rect> hsiLabelsOverMap(const Canvas& canvas, const CockpitData& data,
+                                   const MapViewport& viewport);
+
+}  // namespace korvel

@@ -1,0 +1,295 @@
+#include "pages/NavField.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "base/TextNumbers.h"
+#include "geo/GeoText.h"
+#include "geo/Geodesy.h"
+#include "geo/Units.h"
+#include "navdb/records/RecordKey.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kPositionDecimals = 2;  // of a minute: 19 m
+/// Slower than this the time to a place says nothing.
+constexpr double kSlowestKt = 5;
+constexpr int kSecondsPerHour = 3600;
+constexpr int kSecondsPerDay = 24 * kSecondsPerHour;
+constexpr double kMetresPerSecondPerFpm = kMetresPerFoot / 60;
+
+NavFieldText absent() { return {std::string(kNoValue), "", ""}; }
+
+// "12.3", from a hundred on "123"; never "100.0".
+std::string oneDecimal(double value) { return formatFixed(value, std::abs(value) < 99.95 ? 1 : 0); }
+
+NavFieldText distanceIn(std::optional<double> nm) {
+    if (!nm)
+        return absent();
+    UnitLabels labels;
+    const double shown = ConvertDistance(*nm, &labels);
+    return {oneDecimal(shown), std::string(labels.distance), ""};
+}
+
+NavFieldText courseIn(std::optional<double> degrees) {
+    return degrees ? NavFieldText{courseText(*degrees), "°M", ""} : absent();
+}
+
+NavFieldText altitudeIn(const CockpitData& data, std::optional<int> feet) {
+    if (!feet)
+        return absent();
+    if (data.altUnit == 1)
+        return {formatInt(RoundToInt(*feet * kMetresPerFoot)), "m", ""};
+    return {formatInt(*feet), "ft", ""};
+}
+
+// "42:10" in minutes or "1:42" in hours; the unit tells which.
+NavFieldText durationIn(std::optional<double> seconds) {
+    constexpr double kTooLong = 100.0 * kSecondsPerHour;
+    if (!seconds || !(*seconds >= 0) || *seconds >= kTooLong)
+        return absent();
+    const int whole = RoundToInt(*seconds);
+    if (whole < kSecondsPerHour)
+        return {formatInt(whole / 60) + ":" + zeroPadded(whole % 60, 2), "min", ""};
+    return {formatInt(whole / kSecondsPerHour) + ":" + zeroPadded(whole / 60 % 60, 2), "h", ""};
+}
+
+NavFieldText clockTime(int secondOfDay) {
+    const int second = (secondOfDay % kSecondsPerDay + kSecondsPerDay) % kSecondsPerDay;
+    return {zeroPadded(second / kSecondsPerHour, 2) + ":" + zeroPadded(second / 60 % 60, 2),
+            zeroPadded(second % 60, 2), ""};
+}
+
+std::optional<double> secondsFor(const CockpitData& data, std::optional<double> nm) {
+    if (!nm || !data.groundSpeedKt || *data.groundSpeedKt < kSlowestKt)
+        return std::nullopt;
+    return *nm / *data.groundSpeedKt * kSecondsPerHour;
+}
+
+// Along the plan to its end; nothing while something else is flown.
+std::optional<double> planRestNm(const CockpitData& data) {
+    if (data.directLeg || !data.plan || !data.plan->active || !data.distanceNm)
+        return std::nullopt;
+    double rest = *data.distanceNm;
+    for (std::size_t i = *data.plan->active + 1; i < data.plan->rows.size(); ++i) {
+        const std::optional<double>& leg = data.plan->rows[i].legNm;
+        if (!leg)
+            return std::nullopt;
+        rest += *leg;
+    }
+    return rest;
+}
+
+NavFieldText groundSpeed(const CockpitData& data) {
+    if (!data.groundSpeedKt)
+        return absent();
+    UnitLabels labels;
+    const double speed = ConvertDistance(*data.groundSpeedKt, &labels);
+    return {formatFixed(speed, 0), std::string(labels.speed), ""};
+}
+
+NavFieldText track(const CockpitData& data) { return courseIn(data.trackMagDeg); }
+NavFieldText bearing(const CockpitData& data) { return courseIn(data.bearingMagDeg); }
+NavFieldText distance(const CockpitData& data) { return distanceIn(data.distanceNm); }
+
+NavFieldText timeToGo(const CockpitData& data) {
+    return durationIn(secondsFor(data, data.distanceNm));
+}
+
+NavFieldText altitude(const CockpitData& data) { return altitudeIn(data, data.altitudeFt); }
+
+NavFieldText verticalSpeed(const CockpitData& data) {
+    if (!data.verticalSpeedFpm)
+        return absent();
+    const int fpm = *data.verticalSpeedFpm;
+    const bool metric = data.altUnit == 1;
+    std::string number = metric ? formatFixed(fpm * kMetresPerSecondPerFpm, 1)
+                                : formatInt(RoundToInt(fpm / 10.0) * 10LL);
+    if (number == "-0.0")
+        number = "0.0";
+    if (fpm > 0 && number != "0" && number != "0.0")
+        number.insert(0, "+");
+    return {number, metric ? "m/s" : "fpm", ""};
+}
+
+// The letter says on which side of the course the aircraft is.
+NavFieldText crossTrack(const CockpitData& data) {
+    if (!data.crossTrackNm)
+        return absent();
+    NavFieldText text = distanceIn(std::abs(*data.crossTrackNm));
+    if (text.value != "0.0")
+        text.value.insert(0, *data.crossTrackNm > 0 ? "L" : "R");
+    return text;
+}
+
+NavFieldText desiredTrack(const CockpitData& data) {
+    return courseIn(data.obsCourseMagDeg ? data.obsCourseMagDeg : data.desiredTrackMagDeg);
+}
+
+NavFieldText eta(const CockpitData& data) {
+    const std::optional<double> seconds = secondsFor(data, data.distanceNm);
+    if (!seconds || *seconds >= kSecondsPerDay)
+        return absent();
+    const int now = data.now.hour * kSecondsPerHour + data.now.minute * 60 + data.now.second;
+    return clockTime(now + RoundToInt(*seconds));
+}
+
+NavFieldText waypoint(const CockpitData& data) {
+    if (data.approach)
+        return {"RW" + data.approach->runway.id, "", ""};
+    std::string name;
+    if (!data.directLeg && data.plan && data.plan->active &&
+        *data.plan->active < data.plan->rows.size())
+        name = data.plan->rows[*data.plan->active].ident;
+    if (name.empty() && hasKindPrefix(data.activeKey))
+        name = identOfKey(data.activeKey);
+    if (name.empty())
+        name = data.activeName;
+    return name.empty() ? absent() : NavFieldText{name, "", ""};
+}
+
+NavFieldText targetAltitude(const CockpitData& data) {
+    return altitudeIn(data, data.targetAltitudeFt);
+}
+
+NavFieldText offCourse(const CockpitData& data) {
+    if (!data.offCourseDeg || !std::isfinite(*data.offCourseDeg))
+        return absent();
+    const int degrees = RoundToInt(*data.offCourseDeg);
+    std::string side;
+    if (degrees != 0)
+        side = degrees > 0 ? "L" : "R";
+    return {side + formatInt(std::abs(degrees)), "°", ""};
+}
+
+NavFieldText nearestAirport(const CockpitData& data) {
+    if (!data.nearAirports || data.nearAirports->empty())
+        return absent();
+    const NearAirport& airport = data.nearAirports->front();
+    const NavFieldText distance = distanceIn(airport.distanceNm);
+    return {airport.ident, "",
+            courseText(airport.bearingMagDeg) + "° " + distance.value + " " + distance.unit};
+}
+
+NavFieldText planDistance(const CockpitData& data) { return distanceIn(planRestNm(data)); }
+NavFieldText planTime(const CockpitData& data) {
+    return durationIn(secondsFor(data, planRestNm(data)));
+}
+
+NavFieldText variation(const CockpitData& data) {
+    if (!data.variationDeg)
+        return absent();
+    const std::string number = formatFixed(std::abs(*data.variationDeg), 1);
+    return {number, *data.variationDeg < 0 ? "°W" : "°E", ""};
+}
+
+NavFieldText position(const CockpitData& data) {
+    if (!data.position)
+        return absent();
+    return {latitudeText(data.position->lat * kRadToDeg, kPositionDecimals), "",
+            longitudeText(data.position->lon * kRadToDeg, kPositionDecimals)};
+}
+
+NavFieldText timeOfDay(const CockpitData& data) {
+    return clockTime(data.now.hour * kSecondsPerHour + data.now.minute * 60 + data.now.second);
+}
+
+NavFieldText utc(const CockpitData& data) {
+    return data.utcSecondOfDay ? clockTime(*data.utcSecondOfDay) : absent();
+}
+
+NavFieldText flightTime(const CockpitData& data) {
+    if (!data.flightTimeSec)
+        return absent();
+    return durationIn(static_cast<double>(*data.flightTimeSec));
+}
+
+NavFieldText satellites(const CockpitData& data) {
+    if (!data.position)
+        return absent();
+    return {formatInt(data.satsInUse), data.fix3D ? "3D" : "2D", ""};
+}
+
+constexpr std::array kFields{
+    NavField{NavFieldId::GroundSpeed, "GS", "888", 1, groundSpeed},
+    NavField{NavFieldId::Track, "TRK", "888", 1, track},
+    NavField{NavFieldId::Bearing, "BRG", "888", 1, bearing},
+    NavField{NavFieldId::Distance, "DIST", "88.8", 1, distance},
+    NavField{NavFieldId::TimeToGo, "TTG", "88:88", 1, timeToGo},
+    NavField{NavFieldId::Altitude, "ALT", "88888", 1, altitude},
+    NavField{NavFieldId::VerticalSpeed, "VS", "+8888", 1, verticalSpeed},
+    NavField{NavFieldId::CrossTrack, "XTK", "R88.8", 1, crossTrack},
+    NavField{NavFieldId::DesiredTrack, "DTK", "888", 1, desiredTrack},
+    NavField{NavFieldId::Eta, "ETA", "88:88", 1, eta},
+    NavField{NavFieldId::Waypoint, "WPT", "WWWWW", 1, waypoint},
+    NavField{NavFieldId::TargetAltitude, "TGT ALT", "88888", 1, targetAltitude},
+    NavField{NavFieldId::OffCourse, "OFF CRS", "R88", 1, offCourse},
+    NavField{NavFieldId::NearestAirport, "NRST", "888° 88.8 nm", 2, nearestAirport},
+    NavField{NavFieldId::PlanDistance, "PLAN DIST", "8888", 1, planDistance},
+    NavField{NavFieldId::PlanTime, "PLAN TIME", "88:88", 1, planTime},
+    NavField{NavFieldId::Variation, "VAR", "88.8", 1, variation},
+    NavField{NavFieldId::Position, "POS", "W188°88.88'", 2, position},
+    NavField{NavFieldId::Time, "TIME", "88:88", 1, timeOfDay},
+    NavField{NavFieldId::Utc, "UTC", "88:88", 1, utc},
+    NavField{NavFieldId::FlightTime, "FLT TIME", "88:88", 1, flightTime},
+    NavField{NavFieldId::Satellites, "SAT", "88", 1, satellites},
+};
+
+constexpr std::array kDefaultFields{NavFieldId::GroundSpeed,  NavFieldId::Track,
+                                    NavFieldId::Bearing,      NavFieldId::Distance,
+                                    NavFieldId::TimeToGo,     NavFieldId::Altitude,
+                                    NavFieldId::CrossTrack,   NavFieldId::VerticalSpeed,
+                                    NavFieldId::DesiredTrack, NavFieldId::Eta};
+
+char upper(char letter) {
+    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
+bool sameName(std::string_view a, std::string_view b) {
+    return std::ranges::equal(a, b, {}, upper, upper);
+}
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+}  // namespace
+
+std::span<const NavField> navFields() { return kFields; }
+
+const NavField& navField(NavFieldId id) {
+    return *std::find_if(kFields.begin(), kFields.end(),
+                         [id](const NavField& field) { return field.id == id; });
+}
+
+std::span<const NavFieldId> defaultNavFields() { return kDefaultFields; }
+
+std::vector<NavFieldId> navFieldsFromText(std::string_view text) {
+    std::vector<NavFieldId> chosen;
+    while (!text.empty() && chosen.size() < kMostNavFields) {
+        const std::size_t end = std::min(text.find(','), text.size());
+        const std::string_view name = trimmed(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+        const auto* field = std::ranges::find_if(
+            kFields, [name](const NavField& each) { return sameName(each.header, name); });
+        if (field != kFields.end() && std::ranges::find(chosen, field->id) == chosen.end())
+            chosen.push_back(field->id);
+    }
+    if (chosen.empty())
+        chosen.assign(kDefaultFields.begin(), kDefaultFields.end());
+    return chosen;
+}
+
+std::string navFieldsToText(std::span<const NavFieldId> fields) {
+    std::string text;
+    for (const NavFieldId id : fields)
+        text.append(text.empty() ? "" : ",").append(navField(id).header);
+    return text;
+}
+
+}  // namespace korvel

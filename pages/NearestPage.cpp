@@ -1,0 +1,221 @@
+#include "pages/NearestPage.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+#include <string_view>
+
+#include "base/TextNumbers.h"
+#include "config/StringTable.h"
+#include "geo/GeoText.h"
+#include "geo/Geodesy.h"
+#include "geo/Units.h"
+#include "paint/MapColorCache.h"
+#include "paint/MapLook.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kTitleHeights = 2.2;  // of the type size, as are the next ones
+constexpr double kRowHeights = 3.6;
+constexpr double kLargeShare = 1.35;
+constexpr double kFaded = 0.35;
+constexpr double kWordsFromPx = 640;  // width from which figures have room for a word
+constexpr int kMetresUnit = 1;
+
+// Left edges of the columns as shares of the width: who, where, how far, what.
+constexpr double kBearingColumn = 0.40;
+constexpr double kDistanceEnd = 0.72;
+constexpr double kRunwayEnd = 1.0;
+
+double typeSize(double width, double height) { return mapTextPx(width, height); }
+
+std::string lengthText(int ft, int altUnit) {
+    return altUnit == kMetresUnit ? formatInt(std::lround(ft * kMetresPerFoot)) + " m"
+                                  : formatInt(ft) + " ft";
+}
+
+class NearestPainter {
+ public:
+    NearestPainter(Canvas& canvas, const CockpitData& data, const MapColorCache& colors)
+        : canvas_(canvas),
+          data_(data),
+          colors_(colors),
+          textPx_(typeSize(canvas.width(), canvas.height())),
+          background_(colors[ColorKey::MapBackground]),
+          ink_(colors[ColorKey::HsiNumeral]) {}
+
+    void paint(const NearestView& view) {
+        canvas_.rect({0, 0, canvas_.width(), canvas_.height()}, Brush{background_}, std::nullopt);
+        const std::size_t count = data_.nearAirports ? data_.nearAirports->size() : 0;
+        const NearestLayout layout =
+            layOutNearestPage(canvas_.width(), canvas_.height(), count, view);
+        title(layout, count);
+        if (count == 0)
+            reason();
+        for (std::size_t i = 0; i < layout.rows.size(); ++i) {
+            const std::size_t index = layout.firstRow + i;
+            row((*data_.nearAirports)[index], layout.rows[i], view.selected == index);
+        }
+    }
+
+ private:
+    Font large() const {
+        return {.height = std::round(textPx_ * kLargeShare), .weight = FontWeight::Bold};
+    }
+    Font small() const { return {.height = std::max(11.0, std::round(textPx_ * 0.95))}; }
+    double margin() const { return textPx_; }
+
+    void title(const NearestLayout& layout, std::size_t count) {
+        const Rect& area = layout.title;
+        canvas_.rect(area, Brush{colors_[ColorKey::MapInfoBackground]}, std::nullopt);
+        TextStyle style{.font = {.height = std::round(textPx_ * 1.1), .weight = FontWeight::Bold},
+                        .color = colors_[ColorKey::MapInfoText],
+                        .alignY = AlignY::Middle};
+        canvas_.text({area.x + margin(), area.center().y}, text(TextId::NearestAirports), style);
+        style.alignX = AlignX::Right;
+        if (count > 0)
+            canvas_.text({area.right() - margin(), area.center().y}, shownOf(layout, count), style);
+    }
+
+    /// "7–12 / 20".
+    static std::string shownOf(const NearestLayout& layout, std::size_t count) {
+        const std::size_t last = std::min(count, layout.firstRow + layout.perPage);
+        return formatInt(static_cast<long long>(layout.firstRow) + 1) + "\u2013" +
+               formatInt(static_cast<long long>(last)) + " / " +
+               formatInt(static_cast<long long>(count));
+    }
+
+    void row(const NearAirport& airport, const Rect& area, bool selected) {
+        const ColorValue ground = selected ? colors_[ColorKey::NavBackground] : background_;
+        ink_ = selected ? colors_[ColorKey::NavText] : colors_[ColorKey::HsiNumeral];
+        faint_ = blended(ink_, ground, kFaded);
+        if (selected)
+            canvas_.rect(area, Brush{ground}, std::nullopt);
+        canvas_.line({area.x, area.bottom()}, {area.right(), area.bottom()},
+                     {blended(colors_[ColorKey::HsiLine], background_, 0.6), 1});
+        const double upper = area.y + area.height * 0.33;
+        const double lower = area.y + area.height * 0.74;
+        who(airport, upper, lower);
+        bearing(airport, area.width * kBearingColumn, upper);
+        right(distanceTenthsText(airport.distanceNm), area.width * kDistanceEnd, upper, large(),
+              ink_);
+        runway(airport, area.width * kRunwayEnd - margin(), upper, lower);
+        std::string elevation =
+            airport.elevationFt ? lengthText(*airport.elevationFt, data_.altUnit) : "---";
+        if (area.width >= kWordsFromPx)
+            elevation.insert(0, "elev ");
+        right(elevation, area.width * kDistanceEnd, lower, small(), faint_);
+        left(airport.frequency.empty() ? "---" : airport.frequency, area.width * kBearingColumn,
+             lower, small(), ink_);
+    }
+
+    void who(const NearAirport& airport, double upper, double lower) {
+        left(airport.ident, margin(), upper, large(), ink_);
+        left(airport.name, margin(), lower, small(), faint_);
+        if (!airport.expired)
+            return;
+        // A word in a frame, so that it does not hang on the colour.
+        const double x = margin() + canvas_.measure(airport.ident, large()).width + 0.6 * textPx_;
+        const std::string_view word = text(TextId::Expired);
+        const Font font = small();
+        const double width = canvas_.measure(word, font).width + 0.6 * textPx_;
+        canvas_.rect({x, upper - 0.65 * font.height, width, 1.3 * font.height}, Brush{background_},
+                     Pen{colors_[ColorKey::MapObstacleDanger], 2});
+        left(word, x + 0.3 * textPx_, upper, font, colors_[ColorKey::MapObstacleDanger]);
+    }
+
+    // The arrow points to where the airport lies as seen from the seat; without a track it would
+    // mean nothing.
+    void bearing(const NearAirport& airport, double x, double y) {
+        const double size = textPx_ * 0.75;
+        if (data_.trackMagDeg)
+            arrow({x + size, y}, size, airport.bearingMagDeg - *data_.trackMagDeg);
+        left(courseText(airport.bearingMagDeg) + "°", x + 2.6 * size, y, large(), ink_);
+    }
+
+    void arrow(Point center, double size, double deg) {
+        const double sine = std::sin(deg * kDegToRad) * size;
+        const double cosine = std::cos(deg * kDegToRad) * size;
+        const auto at = [&](double right, double ahead) {
+            return Point{center.x + right * cosine + ahead * sine,
+                         center.y + right * sine - ahead * cosine};
+        };
+        canvas_.polygon(std::array{at(0, 1), at(0.65, -0.75), at(0, -0.4), at(-0.65, -0.75)},
+                        Brush{ink_}, std::nullopt);
+    }
+
+    void runway(const NearAirport& airport, double edge, double upper, double lower) {
+        if (!airport.longestRunwayFt) {
+            right("---", edge, upper, large(), ink_);
+            return;
+        }
+        right(lengthText(*airport.longestRunwayFt, data_.altUnit), edge, upper, large(), ink_);
+        right(airport.runway + (airport.surface.empty() ? "" : "  " + airport.surface), edge, lower,
+              small(), faint_);
+    }
+
+    void reason() {
+        std::string why(text(TextId::NoAirportNear));
+        if (!data_.nearAirports)
+            why = text(data_.position ? TextId::NearestNotKnown : TextId::NoGpsSignal);
+        TextStyle style{
+            .font = large(), .color = ink_, .alignX = AlignX::Center, .alignY = AlignY::Middle};
+        const Point center{canvas_.width() / 2, canvas_.height() / 2};
+        canvas_.text(center, why, style);
+        style.font = small();
+        canvas_.text({center.x, center.y + 2 * textPx_}, data_.databaseNotice, style);
+    }
+
+    void left(std::string_view words, double x, double y, const Font& font, ColorValue color) {
+        canvas_.text({x, y}, words, {.font = font, .color = color, .alignY = AlignY::Middle});
+    }
+    void right(std::string_view words, double x, double y, const Font& font, ColorValue color) {
+        canvas_.text(
+            {x, y}, words,
+            {.font = font, .color = color, .alignX = AlignX::Right, .alignY = AlignY::Middle});
+    }
+
+    Canvas& canvas_;
+    const CockpitData& data_;
+    const MapColorCache& colors_;
+    double textPx_;
+    ColorValue background_;
+    ColorValue ink_;
+    ColorValue faint_ = 0;
+};
+
+}  // namespace
+
+std::optional<std::size_t> NearestLayout::rowAt(Point point) const {
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        if (rows[i].contains(point))
+            return firstRow + i;
+    return std::nullopt;
+}
+
+NearestLayout layOutNearestPage(double width, double height, std::size_t airports,
+                                const NearestView& view) {
+    const double textPx = typeSize(width, height);
+    NearestLayout layout;
+    layout.title = {0, 0, width, std::round(textPx * kTitleHeights)};
+    const double rowHeight = std::round(textPx * kRowHeights);
+    const double room = std::max(0.0, height - layout.title.height);
+    layout.perPage = std::max<std::size_t>(1, static_cast<std::size_t>(room / rowHeight));
+    if (airports == 0)
+        return layout;
+    layout.firstRow = std::min(view.first, airports - 1);
+    const std::size_t shown = std::min(layout.perPage, airports - layout.firstRow);
+    for (std::size_t i = 0; i < shown; ++i)
+        layout.rows.push_back(
+            {0, layout.title.height + rowHeight * static_cast<double>(i), width, rowHeight});
+    return layout;
+}
+
+void paintNearestPage(Canvas& canvas, const CockpitData& data, const NearestView& view,
+                      const MapColorCache& colors) {
+    NearestPainter(canvas, data, colors).paint(view);
+}
+
+}  // namespace korvel

@@ -1,0 +1,211 @@
+#include "pages/SatellitePage.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+#include "base/TextNumbers.h"
+#include "config/StringTable.h"
+#include "geo/Geodesy.h"
+#include "pages/ScreenLayout.h"
+#include "paint/MapColorCache.h"
+#include "paint/MapLook.h"
+#include "paint/Polar.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kFullScaleDb = 60;
+constexpr std::size_t kSlots = 12;
+constexpr double kFaded = 0.55;
+
+class SatellitePainter {
+ public:
+    SatellitePainter(Canvas& canvas, const MapColorCache& colors)
+        : canvas_(canvas),
+          colors_(colors),
+          textPx_(mapTextPx(canvas.width(), canvas.height())),
+          background_(colors[ColorKey::MapBackground]),
+          ink_(colors[ColorKey::HsiNumeral]),
+          line_(colors[ColorKey::HsiLine]) {}
+
+    void paint(const CockpitData& data) {
+        const double width = canvas_.width();
+        const double height = canvas_.height();
+        canvas_.rect({0, 0, width, height}, Brush{background_}, std::nullopt);
+        const double margin = textPx_;
+        const double titleHeight = std::round(textPx_ * 2.4);
+        title(data, {margin, margin / 2, width - 2 * margin, titleHeight});
+        const Rect rest{margin, titleHeight + margin, width - 2 * margin,
+                        height - titleHeight - 2 * margin};
+        const std::vector<Satellite> satellites = unpackSatellites(data.satellites);
+        const bool beside = rest.width > rest.height;
+        const double side = beside ? std::min(rest.height, rest.width * 0.45)
+                                   : std::min(rest.width, rest.height * 0.55);
+        const Rect skyArea = beside ? Rect{rest.x, rest.y, side, rest.height}
+                                    : Rect{rest.x, rest.y, rest.width, side};
+        const Rect barArea =
+            beside ? Rect{rest.x + side + 2 * margin, rest.y, rest.width - side - 2 * margin,
+                          rest.height}
+                   : Rect{rest.x, rest.y + side + margin, rest.width, rest.height - side - margin};
+        sky(satellites, skyArea);
+        if (satellites.empty())
+            reason(data, barArea);
+        else
+            bars(satellites, barArea);
+    }
+
+ private:
+    TextStyle style(const Font& font, ColorValue color) const {
+        return {.font = font, .color = color, .alignX = AlignX::Center, .alignY = AlignY::Middle};
+    }
+    Font small() const { return {.height = textPx_}; }
+    Font bold(double share) const {
+        return {.height = std::round(textPx_ * share), .weight = FontWeight::Bold};
+    }
+
+    void title(const CockpitData& data, const Rect& area) {
+        canvas_.text(area.center(), fixText(data), style(bold(1.5), ink_));
+    }
+
+    void sky(const std::vector<Satellite>& satellites, const Rect& area) {
+        const Point center = area.center();
+        const double radius = std::min(area.width, area.height) / 2 - 1.6 * textPx_;
+        const Pen pen{blended(line_, background_, kFaded), 1, PenStyle::Solid};
+        canvas_.circle(center, radius, std::nullopt, {{line_, 2, PenStyle::Solid}});
+        for (const int elevation : {30, 60}) {
+            const double ring = radius * (90 - elevation) / 90;
+            canvas_.circle(center, ring, std::nullopt, pen);
+            TextStyle label = style({.height = std::max(11.0, textPx_ * 0.8)},
+                                    blended(ink_, background_, kFaded));
+            label.halo = background_;
+            canvas_.text({center.x, center.y - ring}, formatInt(elevation) + "°", label);
+        }
+        canvas_.line({center.x - radius, center.y}, {center.x + radius, center.y}, pen);
+        canvas_.line({center.x, center.y - radius}, {center.x, center.y + radius}, pen);
+        constexpr std::string_view kCorners = "NESW";
+        for (std::size_t i = 0; i < kCorners.size(); ++i) {
+            const int angle = static_cast<int>(i) * 90;
+            const double out = radius + 0.85 * textPx_;
+            canvas_.text(polar(center, out, angle), kCorners.substr(i, 1), style(bold(1.1), ink_));
+        }
+        for (const bool used : {false, true})  // the used ones on top
+            for (const Satellite& satellite : satellites)
+                if (satellite.used == used && satellite.inSky())
+                    disc(satellite, skyPoint(satellite, center, radius));
+    }
+
+    void disc(const Satellite& satellite, Point at) {
+        const ColorValue fill = satellite.used ? colors_[ColorKey::NavBackground] : background_;
+        const ColorValue rim = satellite.used ? colors_[ColorKey::NavBackground] : line_;
+        canvas_.circle(at, textPx_ * 0.95, Brush{fill}, Pen{rim, 2, PenStyle::Solid});
+        canvas_.text(at, formatInt(satellite.number),
+                     style(bold(satellite.number < 100 ? 0.95 : 0.75),
+                           satellite.used ? colors_[ColorKey::NavText] : ink_));
+    }
+
+    void bars(const std::vector<Satellite>& satellites, const Rect& area) {
+        const double numberHeight = 1.6 * textPx_;
+        TextStyle scaleStyle = style(small(), blended(ink_, background_, kFaded));
+        scaleStyle.alignX = AlignX::Right;
+        const double scaleWidth = canvas_.measure("dB", small()).width + 0.4 * textPx_;
+        const Rect chart{area.x + scaleWidth, area.y + numberHeight, area.width - scaleWidth,
+                         area.height - 2 * numberHeight};
+        const std::vector<Rect> columns = gridCells(chart, kSlots, 1);
+        for (const int db : {20, 40}) {
+            const double y = chart.bottom() - chart.height * db / kFullScaleDb;
+            canvas_.text({area.x + scaleWidth - 0.4 * textPx_, y}, formatInt(db), scaleStyle);
+            canvas_.line({chart.x, y}, {chart.right(), y},
+                         {blended(line_, background_, 0.75), 1, PenStyle::Solid});
+        }
+        canvas_.text({area.x + scaleWidth - 0.4 * textPx_, chart.y}, "dB", scaleStyle);
+        canvas_.line({chart.x, chart.bottom()}, {chart.right(), chart.bottom()},
+                     {line_, 2, PenStyle::Solid});
+        for (std::size_t i = 0; i < satellites.size(); ++i)
+            bar(satellites[i], columns[i]);
+    }
+
+    void bar(const Satellite& satellite, const Rect& column) {
+        const double gap = std::round(column.width * 0.14);
+        const double level = std::clamp(satellite.signalDb / kFullScaleDb, 0.0, 1.0);
+        const double top = std::round(column.bottom() - column.height * level);
+        const Rect box{column.x + gap, top, column.width - 2 * gap, column.bottom() - top};
+        const double middle = column.center().x;
+        canvas_.text({middle, column.bottom() + 0.95 * textPx_}, formatInt(satellite.number),
+                     style(bold(1), ink_));
+        if (satellite.signalDb > 0) {
+            const ColorValue color = satellite.used ? colors_[ColorKey::NavBackground] : line_;
+            canvas_.rect(box, Brush{color}, std::nullopt);
+            if (!satellite.used && box.height > 4)
+                canvas_.rect({box.x + 2, box.y + 2, box.width - 4, box.height - 2},
+                             Brush{background_}, std::nullopt);
+        }
+        canvas_.text({middle, top - 0.75 * textPx_},
+                     satellite.signalDb > 0 ? formatInt(satellite.signalDb) : "-",
+                     style(small(), ink_));
+    }
+
+    void reason(const CockpitData& data, const Rect& area) {
+        std::string_view lines = data.status;
+        if (lines.empty())
+            lines = text(data.simulated ? TextId::SimulatorHasNoSatellites
+                                        : TextId::WaitingForSatellites);
+        const auto count = 1 + std::count(lines.begin(), lines.end(), '\n');
+        double y = area.center().y - 1.05 * textPx_ * static_cast<double>(count - 1);
+        while (!lines.empty()) {
+            const std::size_t end = std::min(lines.find('\n'), lines.size());
+            TextStyle words = style(bold(1.4), ink_);
+            const double width = canvas_.measure(lines.substr(0, end), words.font).width;
+            words.font.height *= std::min(1.0, area.width / std::max(width, 1.0));
+            canvas_.text({area.center().x, y}, lines.substr(0, end), words);
+            lines.remove_prefix(std::min(end + 1, lines.size()));
+            y += 2.1 * textPx_;
+        }
+    }
+
+    Canvas& canvas_;
+    const MapColorCache& colors_;
+    double textPx_;
+    ColorValue background_;
+    ColorValue ink_;
+    ColorValue line_;
+};
+
+}  // namespace
+
+std::vector<Satellite> unpackSatellites(const std::array<std::uint32_t, 12>& words) {
+    std::vector<Satellite> satellites;
+    for (const std::uint32_t word : words) {
+        if (word == 0)
+            continue;
+        const auto field = [word](unsigned shift, unsigned mask) {
+            return static_cast<int>((word >> shift) & mask);
+        };
+        satellites.push_back(
+            {field(0, 0x7F), field(7, 1) != 0, field(8, 0xFF), field(16, 0x1FF), field(25, 0x7F)});
+    }
+    std::sort(satellites.begin(), satellites.end(),
+              [](const Satellite& a, const Satellite& b) { return a.number < b.number; });
+    return satellites;
+}
+
+Point skyPoint(const Satellite& satellite, Point center, double radius) {
+    const double out = radius * (90 - satellite.elevationDeg) / 90;
+    return polar(center, out, satellite.azimuthDeg);
+}
+
+std::string fixText(const CockpitData& data) {
+    if (data.simulated && data.fixQuality == 0)
+        return std::string(text(TextId::Simulator));
+    std::string fix = "No fix";
+    if (data.fixQuality != 0)
+        fix = data.fix3D ? "3D fix" : "2D fix";
+    return fix + ", " + formatInt(data.satsInUse) +
+           (data.satsInUse == 1 ? " satellite" : " satellites");
+}
+
+void paintSatellitePage(Canvas& canvas, const CockpitData& data, const MapColorCache& colors) {
+    SatellitePainter(canvas, colors).paint(data);
+}
+
+}  // namespace korvel

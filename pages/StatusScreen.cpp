@@ -1,0 +1,100 @@
+#include "pages/StatusScreen.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+#include <vector>
+
+#include "config/StringTable.h"
+#include "paint/MapColorCache.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kLineStep = 1.35;  // of the type size
+constexpr double kSmallShare = 0.6;
+
+struct Line {
+    std::string_view text;
+    bool large = true;
+};
+
+void appendLines(std::string_view text, bool large, std::vector<Line>& lines) {
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        lines.push_back({text.substr(0, end), large});
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+}
+
+std::vector<Line> linesFor(const CockpitData& data) {
+    std::vector<Line> lines;
+    if (data.lastPosition)
+        appendLines(text(TextId::NoGpsSignal), true, lines);
+    appendLines(data.status, true, lines);
+    if (!data.receiverActive) {
+        if (!lines.empty())
+            lines.push_back({"", false});
+        appendLines(text(TextId::ConnectingHelp), lines.empty(), lines);
+    }
+    if (!data.message.empty()) {
+        lines.push_back({"", false});
+        lines.push_back({data.message, false});
+    }
+    if (!data.databaseNotice.empty()) {
+        lines.push_back({"", false});
+        lines.push_back({data.databaseNotice, false});
+    }
+    return lines;
+}
+
+Font fontFor(const Line& line, double size) {
+    return {.height = line.large ? size : size * kSmallShare,
+            .weight = line.large ? FontWeight::Bold : FontWeight::Regular};
+}
+
+// The type size in which all lines fit across the canvas.
+double fittingSize(const Canvas& canvas, const std::vector<Line>& lines) {
+    double size = std::clamp(std::min(canvas.width() / 16, canvas.height() / 9), 16.0, 56.0);
+    for (const Line& line : lines) {
+        const double width = canvas.measure(line.text, fontFor(line, size)).width;
+        size *= std::min(1.0, 0.92 * canvas.width() / std::max(width, 1.0));
+    }
+    return std::floor(size);
+}
+
+void paintLines(Canvas& canvas, const std::vector<Line>& lines, const MapColorCache& colors) {
+    canvas.rect({0, 0, canvas.width(), canvas.height()}, Brush{colors[ColorKey::MapBackground]},
+                std::nullopt);
+    const double size = fittingSize(canvas, lines);
+    double total = 0;
+    for (const Line& line : lines)
+        total += fontFor(line, size).height * kLineStep;
+    double top = (canvas.height() - total) / 2;
+    for (const Line& line : lines) {
+        const Font font = fontFor(line, size);
+        if (!line.text.empty())
+            canvas.text({canvas.width() / 2, top + font.height * kLineStep / 2}, line.text,
+                        {.font = font,
+                         .color = colors[ColorKey::HsiNumeral],
+                         .alignX = AlignX::Center,
+                         .alignY = AlignY::Middle});
+        top += font.height * kLineStep;
+    }
+}
+
+}  // namespace
+
+void paintStatusScreen(Canvas& canvas, const CockpitData& data, const MapColorCache& colors) {
+    paintLines(canvas, linesFor(data), colors);
+}
+
+void paintNotice(Canvas& canvas, std::string_view words, const MapColorCache& colors) {
+    std::vector<Line> lines;
+    appendLines(words, true, lines);
+    for (std::size_t i = 1; i < lines.size(); ++i)
+        lines[i].large = false;
+    paintLines(canvas, lines, colors);
+}
+
+}  // namespace korvel

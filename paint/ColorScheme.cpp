@@ -1,0 +1,174 @@
+#include "paint/ColorScheme.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+
+#include "base/TextNumbers.h"
+#include "config/DataFileSearch.h"
+#include "config/ProfileFile.h"
+#include "config/StringTable.h"
+#include "config/TextBytes.h"
+#include "paint/BuiltInSchemes.h"
+#include "platform/FileIo.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kSchemeFileKey = "SchemeFile";
+/// One read takes this much; a file that fills it may be longer and is not trusted.
+constexpr std::size_t kFileLimit = 20480;
+constexpr std::string_view kBlanks = " \t";
+
+std::string_view trimBlanks(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
+/// "%d,%d,%d"; each number counts modulo 256.
+std::optional<ColorValue> readTriple(std::string_view text) {
+    std::array<unsigned, 3> parts{};
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (i > 0) {
+            if (!text.starts_with(',')) {
+                return std::nullopt;
+            }
+            text.remove_prefix(1);
+        }
+        const std::optional<int> number = scanInt(text);
+        if (!number) {
+            return std::nullopt;
+        }
+        parts[i] = static_cast<unsigned>(*number);
+    }
+    return Rgb(parts[0], parts[1], parts[2]);
+}
+
+std::optional<ColorValue> readHex(std::string_view text) {
+    const std::optional<unsigned> number = scanHex(text);
+    if (!number) {
+        return std::nullopt;
+    }
+    return Rgb(*number >> 16U, *number >> 8U, *number);
+}
+
+std::string inBrackets(TextId id, std::string_view suffix = {}) {
+    std::string name = "<";
+    name += text(id);
+    name += suffix;
+    return name += '>';
+}
+
+bool beginsWithoutCase(std::string_view text, std::string_view start) {
+    const auto lower = [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    };
+    return text.size() >= start.size() &&
+           std::ranges::equal(text.substr(0, start.size()), start, {}, lower, lower);
+}
+
+}  // namespace
+
+ColorScheme::ColorScheme() { load({}, DataFileSearch({})); }
+
+ColorScheme::ColorScheme(ProfileFile& profile, const DataFileSearch& files)
+    : profile_(&profile), files_(&files) {
+    Reload();
+}
+
+void ColorScheme::Reload() {
+    if (profile_ != nullptr && files_ != nullptr) {
+        load(profile_->getString(kOptionsSection, kSchemeFileKey, ""), *files_);
+    }
+}
+
+void ColorScheme::load(std::string_view schemeName, const DataFileSearch& files) {
+    entries_.clear();
+    const bool night = schemeName == nightSchemeName();
+    for (const BuiltInColor& color : kBuiltInColors) {
+        set(color.key, night ? color.night : color.day);
+    }
+    if (night || schemeName.empty() || schemeName == daySchemeName()) {
+        return;
+    }
+    if (schemeName == secondDaySchemeName()) {
+        for (const OverridingColor& color : kSecondDayColors) {
+            set(color.key, color.color);
+        }
+        set("map.obs.danger", Color("geo.topo.danger"));
+        set("map.obs.caution", Color("geo.topo.warning"));
+        return;
+    }
+    for (const std::filesystem::path& file : files.pathsOf(schemeName)) {
+        if (const std::optional<std::string> bytes = readWholeFile(file, kFileLimit)) {
+            if (bytes->size() < kFileLimit) {
+                parseText(*bytes);
+            }
+            return;
+        }
+    }
+}
+
+ColorValue ColorScheme::Color(std::string_view key) const {
+    const auto place = std::ranges::lower_bound(entries_, key, {}, &Entry::first);
+    return place != entries_.end() && place->first == key ? place->second : Rgb(0, 0, 0);
+}
+
+void ColorScheme::set(std::string_view key, ColorValue color) {
+    const auto place = std::ranges::lower_bound(entries_, key, {}, &Entry::first);
+    if (place != entries_.end() && place->first == key) {
+        place->second = color;
+    } else {
+        entries_.emplace(place, key, color);
+    }
+}
+
+void ColorScheme::ParseLine(std::string_view line) {
+    line = line.substr(0, line.find(';'));
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos) {
+        return;
+    }
+    const std::string_view value = line.substr(equals + 1);
+    std::optional<ColorValue> color = readTriple(value);
+    if (!color) {
+        color = readHex(value);
+    }
+    if (color) {
+        set(trimBlanks(line.substr(0, equals)), *color);
+    }
+}
+
+void ColorScheme::parseText(std::string_view bytes) {
+    std::string decoded = decodeTextBytes(bytes);
+    std::erase(decoded, '\r');
+    std::string_view rest = decoded;
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find('\n'), rest.size());
+        ParseLine(rest.substr(0, end));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+}
+
+std::string daySchemeName() { return inBrackets(TextId::DaySchemeName); }
+std::string secondDaySchemeName() { return inBrackets(TextId::DaySchemeName, "2"); }
+std::string nightSchemeName() { return inBrackets(TextId::NightSchemeName); }
+
+std::vector<std::string> listSchemes(const DataFileSearch& files) {
+    std::vector<std::string> list{daySchemeName(), secondDaySchemeName(), nightSchemeName()};
+    for (std::string& name : files.findNames("*.SCM")) {
+        list.push_back(std::move(name));
+    }
+    return list;
+}
+
+std::size_t selectedScheme(std::span<const std::string> list, std::string_view stored) {
+    if (stored.empty()) {
+        return 0;
+    }
+    const auto place = std::ranges::find_if(
+        list, [stored](const std::string& name) { return beginsWithoutCase(name, stored); });
+    return place == list.end() ? 0 : static_cast<std::size_t>(place - list.begin());
+}
+
+}  // namespace korvel

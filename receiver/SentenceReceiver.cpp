@@ -1,0 +1,111 @@
+#include "receiver/SentenceReceiver.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "base/TextNumbers.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kInView = "$GPGSV";
+constexpr std::array<std::string_view, 5> kUsedSentences = {"$GPRMC", "$GPGGA", "$GPVTG", kInView,
+                                                            "$GPGSA"};
+
+char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+bool sameWithoutCase(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return upper(x) == upper(y); });
+}
+
+/// The sentence's place in the table; nothing for one that the program does not use.
+std::optional<std::string_view> usedSentence(std::string_view id) {
+    const auto* const found =
+        std::find_if(kUsedSentences.begin(), kUsedSentences.end(),
+                     [id](std::string_view used) { return sameWithoutCase(used, id); });
+    return found == kUsedSentences.end() ? std::nullopt : std::optional(*found);
+}
+
+/// Everything up to 'z': the few characters above it that ASCII has are refused as well. Nearly
+/// every line passes, so each is looked at whole, in bytes and without a way out: such a loop the
+/// compiler turns into vectors.
+bool areAllowed(std::string_view line) {
+    constexpr unsigned char kSpan = 'z' - ' ';
+    unsigned char refused = 0;
+    for (const char c : line) {
+        const auto aboveSpace = static_cast<unsigned char>(c - ' ');
+        refused |= aboveSpace > kSpan ? 1 : 0;
+    }
+    return refused == 0;
+}
+
+}  // namespace
+
+void SentenceReceiver::onSentence(std::string_view text) {
+    const std::string_view line = text.substr(0, text.find('\r'));
+    if (line.empty() || line.front() != '$') {
+        if (text == "ASTRAL" || text == "ASTRAL\r") {
+            surroundings_.writeToPort("ASTRAL\r\n");
+        }
+        return;
+    }
+    if (!areAllowed(line)) {
+        store_.trace(line, " non-ascii chars");
+        return;
+    }
+    const std::string_view id = line.substr(0, line.find(','));
+    if (id == "$RPY") {
+        surroundings_.passToAttitudePlugin(line);
+        return;
+    }
+    if (!checksumCorrect(line)) {
+        return;
+    }
+    store_.shared().lock()->sentenceFlags |= SentenceFlag::kChecksumCorrect;
+    const std::optional<std::string_view> kind = usedSentence(id);
+    if (!kind) {
+        store_.trace(line, " not used");
+        return;
+    }
+    {
+        const auto queue = queue_.lock();
+        if (*kind != kInView) {
+            queue->replace(id, line);
+        } else if (satellitesWanted_) {
+            queue->append(line);
+        }
+    }
+    traceAccepted(line);
+}
+
+bool SentenceReceiver::checksumCorrect(std::string_view line) {
+    constexpr std::size_t kTail = 3;  // the asterisk and two digits
+    const std::size_t asterisk = line.rfind('*');
+    if (asterisk == std::string_view::npos || asterisk + kTail != line.size()) {
+        store_.trace(line, " no checksum");
+        return false;
+    }
+    unsigned char sum = 0;
+    for (const char c : line.substr(1, asterisk - 1)) {
+        sum ^= static_cast<unsigned char>(c);
+    }
+    std::string_view digits = line.substr(asterisk + 1);
+    if (scanHex(digits) != sum) {
+        store_.trace(line, " checksum failed");
+        return false;
+    }
+    return true;
+}
+
+void SentenceReceiver::traceAccepted(std::string_view line) {
+    const std::int64_t now = clock_.tickMs();
+    if (store_.tracing()) {
+        const std::int64_t delta = previousTickMs_ == 0 ? 0 : now - previousTickMs_;
+        store_.trace(line, " ok (delta " + formatInt(delta) + ")");
+    }
+    previousTickMs_ = now;
+}
+
+}  // namespace korvel

@@ -1,0 +1,98 @@
+#include "screen/PagePainter.h"
+
+#include <functional>
+#include <vector>
+
+#include "map/MapPainter.h"
+#include "pages/ApproachBox.h"
+#include "pages/EfisPage.h"
+#include "pages/HsiPage.h"
+#include "pages/SatellitePage.h"
+#include "pages/StatusScreen.h"
+#include "paint/MapColorCache.h"
+
+namespace korvel {
+
+bool PagePainter::turns(PageId page) { return page != PageId::NorthUp; }
+
+bool PagePainter::isMap(PageId page) {
+    return page == PageId::Map || page == PageId::NorthUp || page == PageId::MapHsi;
+}
+
+AlarmBoxes::Place PagePainter::alarmPlace(PageId page) {
+    // Over the map with the HSI they would lie on the heading.
+    return page == PageId::Map || page == PageId::NorthUp ? AlarmBoxes::Place::OverMap
+                                                          : AlarmBoxes::Place::Strip;
+}
+
+bool PagePainter::showsApproach(PageId page, const CockpitData& data, bool looksAround) {
+    return (isMap(page) || page == PageId::Hsi) && data.approach && data.position && !looksAround;
+}
+
+void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) const {
+    paintPage(canvas, page, scene);
+    if (showsApproach(page, scene.data, scene.lookAt.has_value()))
+        paintApproachBox(canvas, approachBox(canvas.width(), canvas.height()), scene.data, colors_);
+}
+
+void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene) const {
+    const CockpitData& data = scene.data;
+    if (page == PageId::Satellite) {
+        paintSatellitePage(canvas, data, colors_);
+        return;
+    }
+    if (page == PageId::Attitude) {
+        paintAttitudePage(canvas, scene.attitude, colors_);
+        return;
+    }
+    if (page == PageId::FlightPlan) {
+        paintFlightPlanPage(canvas, data, scene.plan, colors_);
+        return;
+    }
+    // Without an aircraft the map still shows what the pilot looks for.
+    const bool looksElsewhere = scene.lookAt && isMap(page);
+    if (!data.position && !data.lastPosition && !looksElsewhere) {
+        paintStatusScreen(canvas, data, colors_);
+        return;
+    }
+    if (page == PageId::NearestAirport) {
+        paintNearestPage(canvas, data, scene.nearest, colors_);
+        return;
+    }
+    if (page == PageId::Hsi) {
+        paintHsiPage(canvas, data, scene.viewport, colors_);
+        return;
+    }
+    if (page == PageId::Efis) {
+        paintEfisPage(canvas, data, colors_);
+        return;
+    }
+    track_.update(data.track);
+    // Around the aircraft, so not while the pilot looks elsewhere.
+    const bool withHsi = page == PageId::MapHsi && data.position && !scene.lookAt;
+    std::vector<Rect> covered;
+    std::function<void()> overMap;
+    if (showsApproach(page, scene.data, scene.lookAt.has_value()))
+        covered.push_back(approachBox(canvas.width(), canvas.height()));
+    if (withHsi) {
+        const std::vector<Rect> labels = hsiLabelsOverMap(canvas, data, scene.viewport);
+        covered.insert(covered.end(), labels.begin(), labels.end());
+        overMap = [&] { paintHsiOverMap(canvas, data, scene.viewport, colors_); };
+    }
+    // Pages that are not drawn yet show the map: better than nothing in flight.
+    paintMap(canvas,
+             {.data = data,
+              .viewport = scene.viewport,
+              .upTrueDeg = turns(page) ? scene.upTrueDeg : 0,
+              .turns = turns(page),
+              .lookAt = scene.lookAt,
+              .places = scene.places,
+              .track = &track_,
+              .measure = scene.measure,
+              .overMap = overMap,
+              .covered = covered,
+              .alarms = scene.alarms},
+             colors_);
+}
+
+}  // namespace korvel

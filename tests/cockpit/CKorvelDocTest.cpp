@@ -1,0 +1,203 @@
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+#include "TempFolder.h"
+#include "cockpit/CKorvelDoc.h"
+#include "cockpit/ConnectedText.h"
+#include "geo/Geodesy.h"
+#include "platform/FileIo.h"
+#include "platform/RegistryProfile.h"
+#include "receiver/FakePorts.h"
+#include "receiver/GpsFixture.h"
+
+namespace korvel { namespace {
+
+/// The document at work on a receiver that says what the test wants.
+class CKorvelDocTest : public testing::Test {
+ protected:
+    void start(const char* port, bool portScanned = false) {
+        profile_.setString(kOptionsSection, "Port", port);
+        profile_.setInt(kOptionsSection, "PortScanned", portScanned ? 1 : 0);
+        doc_ = std::make_unique<CKorvelDoc>(CKorvelDoc::Foundations{profile_, clock_, ports_.opener()});
+        doc_->setTracing(true);
+    }
+    const CockpitData& data() const { return doc_->cockpitData(); }
+    void tickAfter(std::int64_t ms) {
+        clock_.advanceMs(ms);
+        doc_->tick();
+    }
+    /// Sends the sentences through the port and ticks until the last of them has been decoded. The
+    /// line that nobody uses behind them tells by its trace.
+    void say(const std::vector<std::string>& bodies) {
+        doc_->tick();  // opens the port
+        for (const std::string& body : bodies) { ports_.send(sentence(body) + "\r\n"); }
+        ports_.send(sentence("KVEND") + "\r\n");
+        const std::string end = sentence("KVEND") + ": not used";
+        ASSERT_TRUE(eventually([&] {
+            const std::vector<std::string> trace = doc_->takeTrace();
+            return std::find(trace.begin(), trace.end(), end) != trace.end();
+        }));
+        doc_->tick();
+    }
+
+    static std::string rmc(const std::string& position) { return "GPRMC,1,A," + position + ",10.5,89.68,211200,,"; }
+    static std::string gga(const std::string& position, int quality = 1) {
+        return "GPGGA,1," + position + "," + std::to_string(quality) + ",04,1.2,100.0,M,,,,";
+    }
+
+    TempFolder folder_;
+    VirtualClock clock_;
+    std::unique_ptr<RegistryProfile> registry_ = openRegistryProfile();
+    ProfileFile profile_{folder_.path(), *registry_};
+    FakePorts ports_;
+    std::unique_ptr<CKorvelDoc> doc_;
+};
+
+constexpr const char* kHere = "4730.0,N,01015.0,E";
+
+TEST_F(CKorvelDocTest, ValuesVanishFiveSecondsAfterTheLastSentence) {
+    start("COM3:,4800,N,8,1");
+    say({rmc(kHere), gga(kHere)});
+    ASSERT_TRUE(data().position);
+    EXPECT_NEAR(data().position->lat * kRadToDeg, 47.5, 1e-9);
+    EXPECT_EQ(data().groundSpeedKt, 10.5);
+    EXPECT_EQ(data().trackMagDeg, 89.68);
+    EXPECT_EQ(data().altitudeFt, 328);
+    EXPECT_EQ(data().status, "");
+    const GeoPoint last = *data().position;
+    tickAfter(4999);
+    EXPECT_TRUE(data().position && data().groundSpeedKt && data().trackMagDeg && data().altitudeFt);
+    tickAfter(1);
+    EXPECT_FALSE(
+        data().position || data().groundSpeedKt || data().trackMagDeg || data().trackTrueDeg || data().altitudeFt);
+    EXPECT_EQ(data().fixQuality, 0);
+    EXPECT_NE(data().status, "");
+    tickAfter(60000);
+    EXPECT_EQ(data().lastPosition, last);
+    EXPECT_EQ(data().positionAgeSec, 65);
+}
+
+TEST_F(CKorvelDocTest, ASentenceThatStaysAwayTakesItsValuesWithIt) {
+    start("COM3:,4800,N,8,1");
+    say({rmc(kHere), gga(kHere)});
+    for (int second = 0; second < 5; ++second) {
+        clock_.advanceMs(1000);
+        say({gga(kHere)});
+    }
+    EXPECT_FALSE(data().position) << "the position was RMC's";
+    EXPECT_FALSE(data().groundSpeedKt || data().trackMagDeg);
+    EXPECT_EQ(data().altitudeFt, 328) << "GGA is still there";
+    EXPECT_EQ(data().status, "No gps signal!");
+}
+
+TEST_F(CKorvelDocTest, OnlyAPositionWithAFixOnThisEarthIsLive) {
+    const char* const zero = "0000.000,N,00000.000,E";
+    const std::tuple<const char*, std::vector<std::string>, bool> cases[] = {
+        {"no fix", {"GPRMC,1,V,0000.000,N,00000.000,E,0,0,,,", gga(zero, 0)}, false},
+        {"no fix, called active", {rmc(zero), gga(zero, 0)}, false},
+        {"no quality known", {rmc(zero)}, false},
+        {"latitude 99", {rmc("9900.0,N,01015.0,E"), gga(kHere)}, false},
+        {"longitude 181", {rmc("4730.0,N,18100.0,E"), gga(kHere)}, false},
+        {"no number", {rmc("nan,N,inf,E"), gga(kHere)}, false},
+        {"the very corner", {rmc("9000.0,S,18000.0,W"), gga(kHere)}, true},
+        {"a fix where the meridian meets the equator", {rmc(zero), gga(zero)}, true},
+    };
+    for (const auto& [what, said, live] : cases) {
+        SCOPED_TRACE(what);
+        start("COM3:,4800,N,8,1");
+        say(said);
+        EXPECT_EQ(data().position.has_value(), live);
+        EXPECT_EQ(data().lastPosition.has_value(), live);
+        EXPECT_EQ(data().status.empty(), live) << data().status;
+    }
+}
+
+TEST_F(CKorvelDocTest, NumbersThatAreNoneAreNotShown) {
+    start("COM3:,4800,N,8,1");
+    say({"GPRMC,1,A,4730.0,N,01015.0,E,inf,nan,211200,,", gga(kHere)});
+    EXPECT_TRUE(data().position);
+    EXPECT_FALSE(data().groundSpeedKt || data().trackMagDeg || data().trackTrueDeg);
+}
+
+TEST_F(CKorvelDocTest, ChangedPortIsOpenedStoredAndCountsAsChosen) {
+    start("COM3:,4800,N,8,1", true);
+    say({rmc(kHere), gga(kHere)});
+    const std::uint64_t before = doc_->revision();
+    Settings changed = doc_->settings();
+    changed.port = "COM4:,9600,N,8,1";
+    changed.ignoreMagVar = 1;
+    doc_->applySettings(changed);
+    EXPECT_GT(doc_->revision(), before);
+    doc_->tick();
+    EXPECT_EQ(ports_.openings(), (std::vector<std::string>{"COM3: 4800", "COM4: 9600"}));
+    EXPECT_FALSE(data().position) << "the new port has told nothing yet";
+    EXPECT_EQ(profile_.getInt(kOptionsSection, "IgnoreMagVar", 0), 1);
+    EXPECT_EQ(profile_.getInt(kOptionsSection, "PortScanned", 1), 0);
+    const auto stored = [&] { return parseProfile(*readWholeFile(profile_.path())); };
+    EXPECT_EQ(stored().at("Options.Port"), "COM3:,4800,N,8,1") << "until the end of the run";
+    ASSERT_TRUE(profile_.save());
+    EXPECT_EQ(stored().at("Options.Port"), "COM4:,9600,N,8,1");
+    clock_.advanceMs(60000);
+    doc_->tick();
+    EXPECT_EQ(ports_.openings().size(), 2U) << "a chosen port is never given up";
+}
+
+TEST_F(CKorvelDocTest, TheAttitudeModulesPortFollowsItsSettingsAtOnce) {
+    start("COM3:,4800,N,8,1");
+    doc_->tick();
+    Settings changed = doc_->settings();
+    for (const char* port : {"COM7", "COM8", ""}) {
+        changed.viaGyro = port[0] != 0 ? 1 : 0;
+        changed.portGyro = port;
+        changed.baudGyro = "57600";
+        doc_->applySettings(changed);
+        doc_->tick();
+        EXPECT_EQ(data().status,
+            std::string(port[0] != 0 ? port : "COM3") + (port[0] != 0 ? " 57600" : " 4800") + "\nNo Gps Rcvr Activity");
+    }
+    EXPECT_EQ(ports_.openings(), (std::vector<std::string>{"COM3: 4800", "COM7: 57600", "COM8: 57600"}));
+}
+
+TEST_F(CKorvelDocTest, OnlyAPortThatAScanFoundIsLookedForAgain) {
+    for (const bool scanned : {true, false}) {
+        SCOPED_TRACE(scanned);
+        const std::size_t earlier = ports_.attempts().size();
+        start("COM3:,4800,N,8,1", scanned);
+        doc_->tick();
+        say({rmc(kHere), gga(kHere)});
+        tickAfter(5000);
+        EXPECT_EQ(data().status, "COM3 4800\nNo Gps Rcvr Activity");
+        tickAfter(4999);
+        EXPECT_EQ(ports_.attempts().size(), earlier + 1);
+        tickAfter(5000);
+        tickAfter(500);
+        EXPECT_EQ(ports_.attempts().back(), scanned ? "COM1:" : "COM3:");
+        EXPECT_EQ(ports_.attempts().size(), earlier + (scanned ? 2 : 1));
+    }
+}
+
+TEST_F(CKorvelDocTest, TellsWhatToDoAboutEachStateOfTheReceiver) {
+    const auto says = [&](std::string_view words) {
+        const std::string told = connectedText(*doc_, {});
+        EXPECT_NE(told.find(words), std::string::npos) << words << "\nnot in\n" << told;
+    };
+    ports_.refuse("COM1:", kErrorAccessDenied);
+    ports_.refuse("COM2:", kErrorFileNotFound);
+    start("");
+    doc_->tick();
+    says("COM1 to COM9 are searched");
+    says("COM1 9600: Port already open!\nAnother program uses this port");
+    doc_->tick();
+    says("COM2 9600: Invalid Port\nThis computer has no such port");
+    doc_->tick();
+    says("COM3 9600: No Gps Rcvr Activity\nThe port is open and silent");
+    say({rmc(kHere)});
+    says("COM3 9600: Waiting for NMEA gpgga\nThe receiver must send");
+    say({gga(kHere, 0)});
+    says("COM3 9600: Locating Satellites\nThe receiver is heard but has no position");
+    say({rmc(kHere), gga(kHere)});
+    says("COM3 9600: A fix, 4 satellites in use\n\nATTITUDE\nNo module");
+}
+
+}}  // namespace korvel

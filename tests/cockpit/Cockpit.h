@@ -1,0 +1,70 @@
+#pragma once
+
+#include "cockpit/CockpitData.h"
+#include "geo/Geodesy.h"
+
+namespace korvel {
+
+inline GeoPoint atDegrees(double lat, double lon) { return {lat * kDegToRad, lon * kDegToRad}; }
+
+/// In flight near Munich with a good fix.
+inline CockpitData flying() {
+    CockpitData data;
+    data.position = atDegrees(48.3537, 11.7861);
+    data.groundSpeedKt = 118.4;
+    data.trackMagDeg = 83;
+    data.trackTrueDeg = 86;
+    data.altitudeFt = 5500;
+    data.receiverActive = true;
+    data.fixQuality = 1;
+    data.fix3D = true;
+    data.satsInUse = 8;
+    data.now = {2024, 5, 1, 14, 5, 7};
+    return data;
+}
+
+/// The same flight on a leg to Augsburg, a little left of its course.
+inline CockpitData navigating() {
+    CockpitData data = flying();
+    data.activeKey = "a.EDMA";
+    data.activeName = "AUGSBURG";
+    data.activeWaypoint = atDegrees(48.4253, 10.9317);
+    data.legStart = data.position;
+    data.bearingMagDeg = 91.4;
+    data.distanceNm = 34.26;
+    data.crossTrackNm = 1.26;
+    data.desiredTrackMagDeg = 88.6;
+    data.offCourseDeg = 2.1;
+    data.targetAltitudeFt = 3500;
+    data.verticalSpeedFpm = 447;
+    data.variationDeg = -3.26;
+    data.utcSecondOfDay = 12 * 3600 + 5 * 60 + 7;
+    data.flightTimeSec = 3725;
+    data.turnRateDegPerSec = 1.5;
+    data.bankDeg = 9.2;
+    data.pitchDeg = 2.1;
+    PlanView plan;
+    plan.rows.resize(3);
+    plan.rows[1].ident = "EDMA";
+    plan.rows[2].legNm = 70;
+    plan.active = 1;
+    data.plan = std::make_shared<const PlanView>(plan);
+    NearAirport near;
+    near.ident = "EDMO";
+    near.distanceNm = 12.36;
+    near.bearingMagDeg = 224.6;
+    data.nearAirports = std::make_shared<const std::vector<NearAirport>>(1, near);
+    return data;
+}
+
+/// The same flight, `seconds` after the fix was lost.
+inline CockpitData lost(int seconds) {
+    CockpitData data;
+    data.lastPosition = flying().position;
+    data.positionAgeSec = seconds;
+    data.receiverActive = true;
+    data.now = flying().now;
+    return data;
+}
+
+}  // namespace korvel

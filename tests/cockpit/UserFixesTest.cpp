@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include "TempFolder.h"
+#include "cockpit/Navigator.h"
+#include "cockpit/UserFixes.h"
+#include "config/ProfileFile.h"
+#include "geo/Geodesy.h"
+#include "platform/FileIo.h"
+#include "platform/RegistryProfile.h"
+#include "platform/VirtualClock.h"
+
+namespace korvel { namespace {
+
+class UserFixesTest : public testing::Test {
+ protected:
+    static GeoPoint at(double lat, double lon) { return {lat * kDegToRad, lon * kDegToRad}; }
+    std::string names() const {
+        std::string list;
+        for (const UserFix& fix : fixes_.all()) list += fix.name + ' ';
+        return list;
+    }
+
+    TempFolder folder_;
+    VirtualClock clock_;
+    std::unique_ptr<RegistryProfile> registry_ = openRegistryProfile();
+    ProfileFile profile_{folder_.path(), *registry_};
+    Navigator navigator_{clock_, {}};
+    UserFixes fixes_{profile_, navigator_};
+};
+
+TEST_F(UserFixesTest, AMarkIsAPlaceAtOnceAndAfterEveryStart) {
+    const GeoPoint here = at(-33.123456, 179.999999);
+    EXPECT_EQ(fixes_.proposedName(), "USR001");
+    ASSERT_EQ(fixes_.add("USR001", here), "");
+    EXPECT_EQ(fixes_.proposedName(), "USR002");
+    // Loading databases does not take it away, and a second program reads it from the file.
+    navigator_.loadDatabases({});
+    ProfileFile again{folder_.path(), *registry_};
+    Navigator later{clock_, {}};
+    const UserFixes reread(again, later);
+    for (Navigator* navigator : {&navigator_, &later})
+        for (const char* key : {"USR001", "f.USR001"}) {
+            const DatabaseRecord* found = navigator->database().Find(key);
+            ASSERT_NE(found, nullptr) << key;
+            EXPECT_LT(DistanceNm(found->position, here), 0.001);
+        }
+}
+
+TEST_F(UserFixesTest, NamesAreUnmistakable) {
+    ASSERT_EQ(fixes_.add("HOME", at(1, 2)), "");
+    for (const char* name : {"", "home", "MY HOME", "A@5", "A.B", "TWELVELETTER"})
+        EXPECT_EQ(fixes_.add(name, at(1, 2)), "A name has 1 to 11 letters and digits.") << name;
+    EXPECT_EQ(fixes_.add("HOME", at(3, 4)), "HOME is the name of another place.");
+    EXPECT_EQ(names(), "HOME ");
+}
+
+TEST_F(UserFixesTest, APlanKeepsItsMarksAndItsFileThePosition) {
+    for (const char* name : {"AAA", "BBB", "CCC"}) ASSERT_EQ(fixes_.add(name, at(10, 20)), "");
+    ASSERT_EQ(navigator_.plan().enterRoute("AAA CCC"), "");
+    EXPECT_EQ(fixes_.remove(0), "AAA is in the flight plan.");
+    EXPECT_EQ(navigator_.plan().proposedFileName(), "AAA-CCC.fp");
+    ASSERT_EQ(navigator_.plan().saveAs(folder_ / "a.fp"), "");
+    EXPECT_EQ(readWholeFile(folder_ / "a.fp"), "AAA 10.000000 20.000000\r\nCCC 10.000000 20.000000\r\n");
+    EXPECT_EQ(navigator_.plan().proposedFileName(), "a.fp");
+    EXPECT_EQ(fixes_.remove(1), "");
+    EXPECT_EQ(navigator_.database().Find("BBB"), nullptr);
+    EXPECT_EQ(names(), "AAA CCC ");
+    navigator_.plan().clear();
+    EXPECT_EQ(navigator_.plan().proposedFileName(), "");
+    EXPECT_EQ(fixes_.remove(1), "");
+    EXPECT_EQ(fixes_.remove(0), "");
+    // Elsewhere, where nobody marked them, the file is enough.
+    EXPECT_EQ(navigator_.plan().open(folder_ / "a.fp"), "");
+    Navigator later{clock_, {}};
+    EXPECT_EQ(UserFixes(profile_, later).all().size(), 0U);
+}
+
+TEST_F(UserFixesTest, APlanThatWasNotSavedOutlivesAKill) {
+    const auto file = folder_ / "unsaved.fp";
+    const auto ofNextRun = [&] {
+        Navigator next{clock_, {}};
+        const UserFixes fixes(profile_, next);
+        next.plan().keepUnsavedIn(file);
+        const auto error = next.plan().recover();
+        EXPECT_EQ(next.plan().changed(), error == "");
+        std::string plan = error ? *error : "none";
+        for (const PlanWaypoint& entry : next.plan().entries()) plan += entry.text + ' ';
+        return plan;
+    };
+    for (const char* name : {"AAA", "BBB", "CCC"}) ASSERT_EQ(fixes_.add(name, at(10, 20)), "");
+    PlanDesk& plan = navigator_.plan();
+    plan.keepUnsavedIn(file);
+    EXPECT_EQ(ofNextRun(), "none");
+    ASSERT_EQ(plan.enterRoute("AAA CCC@45"), "");
+    plan.reverse();
+    EXPECT_EQ(ofNextRun(), "CCC@45.0 AAA ");
+    EXPECT_EQ(ofNextRun(), "CCC@45.0 AAA ");  // nobody has saved it yet
+    ASSERT_EQ(plan.saveAs(folder_ / "a.fp"), "");
+    EXPECT_EQ(ofNextRun(), "none");
+    plan.reverse();
+    plan.forgetUnsaved();
+    EXPECT_EQ(ofNextRun(), "none");
+    ASSERT_TRUE(writeFileAtomically(file, "NOWHERE\r\n"));
+    EXPECT_NE(ofNextRun(), "none");
+    // What nobody has seen yet stays, until a plan of this run takes its place.
+    plan.clear();
+    EXPECT_EQ(readWholeFile(file), "NOWHERE\r\n");
+    ASSERT_EQ(plan.enterRoute("AAA BBB"), "");
+    EXPECT_EQ(ofNextRun(), "AAA BBB ");
+    plan.clear();
+    EXPECT_EQ(ofNextRun(), "none");
+    EXPECT_FALSE(plan.reverse() || plan.activate()) << "without a plan";
+    plan.clear();  // of nothing: no change to take back
+    EXPECT_TRUE(plan.undo());
+    EXPECT_EQ(ofNextRun(), "AAA BBB ");
+    EXPECT_TRUE(plan.redo());
+    EXPECT_FALSE(plan.redo());
+    ASSERT_EQ(plan.enterRoute("AAA"), "");
+    plan.replace({});  // its last waypoint was removed
+    EXPECT_FALSE(plan.changed()) << "nothing to save";
+    EXPECT_EQ(ofNextRun(), "none");
+    ASSERT_EQ(plan.enterRoute("AAA BBB"), "");
+    ASSERT_TRUE(writeFileAtomically(folder_ / "bad.fp", "NOWHERE\r\n"));
+    EXPECT_NE(plan.open(folder_ / "bad.fp"), "");
+    EXPECT_TRUE(plan.entries().empty());
+    EXPECT_TRUE(plan.undo()) << "what was flown is not lost";
+    EXPECT_EQ(plan.entries().size(), 2U);
+}
+
+}}  // namespace korvel

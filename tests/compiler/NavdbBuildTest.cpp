@@ -1,0 +1,224 @@
+#include <filesystem>
+#include <sstream>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include "TempFolder.h"
+#include "compiler/NavdbBuild.h"
+#include "geo/Geodesy.h"
+#include "navdb/NavDatabase.h"
+#include "navdb/file/DatabaseFile.h"
+#include "navdb/records/NavaidRecord.h"
+#include "platform/FileIo.h"
+#include "platform/VirtualClock.h"
+
+namespace korvel { namespace {
+
+namespace fs = std::filesystem;
+
+class NavdbBuild : public testing::Test {
+ protected:
+    NavdbBuild() { options_.output = folder_ / "out.ng2"; }
+
+    fs::path put(const std::string& name, std::string_view text) { return folder_.write(name, text); }
+
+    std::string build() { return buildNavdb(options_, log_); }
+
+    /// Builds and opens the result with the program's own reader.
+    DatabaseHeader headerOfBuild() {
+        EXPECT_EQ(build(), "");
+        DatabaseFile file;
+        EXPECT_EQ(file.Open(options_.output, clock_), "");
+        return file.header();
+    }
+
+    TempFolder folder_;
+    NavdbBuildOptions options_;
+    ImportLog log_;
+    VirtualClock clock_;
+};
+
+/// A file of one fix, with this version line.
+std::string oneFix(std::string_view version) {
+    std::string text("I\n");
+    text.append(version).append("\n 47.7 8.2 06TRA\n99\n");
+    return text;
+}
+
+TEST_F(NavdbBuild, TakesTheExpiryOfTheOldestDataCycleUnlessItIsGiven) {
+    options_.fix = put("fix.dat", oneFix("600 Version - data cycle 2013.10, build 1"));
+    options_.nav = put("nav.dat", "I\n1200 Version - data cycle 2406, build 1\n99\n");
+    auto header = headerOfBuild();
+    EXPECT_EQ(header.expiry, 20131017U);
+    EXPECT_EQ(header.dataCycle, 1310U);
+    EXPECT_EQ(header.region, static_cast<std::uint32_t>(kWorldRegion));
+    EXPECT_EQ(header.southernCoverageDeg, header.northernCoverageDeg);
+    options_.expiryYmd = 20300101;
+    options_.region = 'K';
+    header = headerOfBuild();
+    EXPECT_EQ(header.expiry, 20300101U);
+    EXPECT_EQ(header.region, static_cast<std::uint32_t>('K'));
+    options_.expiryYmd.reset();
+    options_.nav.clear();
+    options_.fix = put("fix.dat", oneFix("600 Version"));
+    EXPECT_EQ(headerOfBuild().expiry, 0U);
+}
+
+TEST_F(NavdbBuild, LeavesAnExistingDatabaseAloneWhenItsSourcesAreRefused) {
+    put("out.ng2", "as it was");
+    EXPECT_EQ(build(), "No input files given.");
+    options_.apt = folder_ / "gone.dat";
+    EXPECT_EQ(build(), "File Open Error: " + options_.apt.string());
+    options_.apt = put("apt.dat", "nothing of the kind\n");
+    EXPECT_EQ(build(), "apt.dat: not an X-Plane data file");
+    options_.source = NavdbSource::ourAirports;
+    options_.folder = folder_.path();
+    EXPECT_EQ(build(), "File Open Error: " + (folder_ / "airports.csv").string());
+    EXPECT_EQ(readWholeFile(options_.output), "as it was");
+    options_.source = NavdbSource::xplane;
+    options_.apt.clear();
+    options_.fix = put("fix.dat", oneFix("600 Version"));
+    options_.output = folder_ / "no folder/out.ng2";
+    EXPECT_EQ(build(), "File Write Error: " + options_.output.string());
+}
+
+TEST_F(NavdbBuild, CompilesOurAirportsTables) {
+    options_.source = NavdbSource::ourAirports;
+    options_.folder = folder_.path();
+    put("airports.csv",
+        "ident,type,name,latitude_deg,longitude_deg,elevation_ft\n"
+        "EDDL,large_airport,Düsseldorf Airport International,51.2895,6.7668,147\n"
+        "XH,heliport,Pad,10,10,\n");
+    put("runways.csv",
+        "airport_ident,length_ft,width_ft,surface,le_ident,he_ident,le_heading_degT\n"
+        "EDDL,9843,0,CON,05R,23L,53\nXH,50,50,,H1,,90\n");
+    put("navaids.csv",
+        "ident,name,type,frequency_khz,latitude_deg,longitude_deg,slaved_variation_deg\n"
+        "DUS,Düsseldorf,VOR,115150,51.2,6.7,-1.5\n");
+    EXPECT_EQ(headerOfBuild().expiry, 0U) << "no data cycle: out of date";
+    NavDatabase database(clock_);
+    ASSERT_EQ(database.openFile(options_.output), "");
+    const auto* found = database.Find("a.EDDL");
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->GetName(), "Dusseldorf Airport I");
+    EXPECT_TRUE(found->expired);
+    auto airport = dynamic_cast<const AirportRecord&>(*found);
+    database.loadDetails(airport);
+    EXPECT_EQ(airport.info, "Dusseldorf Airport International");
+    EXPECT_NEAR(airport.magVariationDeg, -1.5, 1e-4);
+    ASSERT_EQ(airport.runways.size(), 1U);
+    EXPECT_EQ(airport.runways[0].lengthFt, 9843);
+    EXPECT_FALSE(airport.runways[0].widthFt);
+    ASSERT_EQ(airport.runways[0].ends.size(), 2U);
+    EXPECT_EQ(airport.runways[0].ends[0].magHeadingDeg, 55);  // 53 true, 1.5 west
+    EXPECT_FALSE(airport.runways[0].ends[1].magHeadingDeg);
+    EXPECT_FALSE(IsValid(airport.runways[0].ends[0].position));
+    found = database.Find("a.XH");
+    ASSERT_NE(found, nullptr);
+    auto pad = dynamic_cast<const AirportRecord&>(*found);
+    database.loadDetails(pad);
+    EXPECT_EQ(pad.magVariationDeg, static_cast<float>(kNoAngle)) << "no station within reach";
+    ASSERT_EQ(pad.runways.size(), 1U);
+    EXPECT_EQ(pad.runways[0].ends.size(), 1U);
+    EXPECT_FALSE(pad.runways[0].ends[0].magHeadingDeg);
+}
+
+/// The bundled database, compiled once from the data that the project carries.
+class World : public testing::Test {
+ protected:
+    static void SetUpTestSuite() {
+        const fs::path source = KORVEL_WORLD_DATA;
+        NavdbBuildOptions options;
+        options.apt = source / "apt.dat.gz";
+        options.nav = source / "nav.dat.gz";
+        options.fix = source / "fix.dat.gz";
+        options.awy = source / "awy.dat.gz";
+        options.output = path();
+        ImportLog log;
+        double last = 0.0;
+        ASSERT_EQ(buildNavdb(options, log,
+                      [&](double share, std::string_view) {
+                          EXPECT_GE(share, last);
+                          last = share;
+                      }),
+            "");
+        EXPECT_EQ(last, 1.0);
+        EXPECT_LT(log.malformedLines(), 25U);
+    }
+    static void TearDownTestSuite() { fs::remove(path()); }
+    static fs::path path() {
+        return fs::path(testing::TempDir()) / ("world_test." + std::to_string(getpid()) + ".ng2");
+    }
+
+    void SetUp() override { ASSERT_EQ(database_.openFile(path()), ""); }
+
+    static GeoPoint at(double lat, double lon) { return {lat * kDegToRad, lon * kDegToRad}; }
+
+    VirtualClock clock_;
+    NavDatabase database_{clock_};
+};
+
+TEST_F(World, KnowsSeattlesAirport) {
+    const auto* found = database_.Find("a.KSEA");
+    ASSERT_NE(found, nullptr);
+    EXPECT_FALSE(found->expired) << "its airways are to stay usable";
+    auto sea = dynamic_cast<const AirportRecord&>(*found);
+    database_.loadDetails(sea);
+    EXPECT_EQ(sea.GetName(), "Seattle Tacoma Intl");
+    EXPECT_EQ(sea.elevationFt, 433);
+    EXPECT_EQ(sea.GetInfoText().find("rivate"), std::string::npos);
+    const struct {
+        const char* low;
+        const char* high;
+        int lengthFt;
+    } runways[] = {{"16L", "34R", 11901}, {"16C", "34C", 9426}, {"16R", "34L", 8500}};
+    ASSERT_EQ(sea.runways.size(), std::size(runways));
+    for (std::size_t i = 0; i < std::size(runways); ++i) {
+        const auto& ends = sea.runways[i].ends;
+        ASSERT_EQ(ends.size(), 2U);
+        EXPECT_EQ(ends[0].id, runways[i].low);
+        EXPECT_EQ(ends[1].id, runways[i].high);
+        EXPECT_NEAR(*sea.runways[i].lengthFt, runways[i].lengthFt, 15);  // as published
+        EXPECT_NEAR(*ends[0].magHeadingDeg, 164, 4);
+        EXPECT_NEAR(*ends[1].magHeadingDeg, 344, 4);
+    }
+    std::vector<double> frequencies;
+    for (const auto& comm : sea.comms) frequencies.push_back(comm.freqMhz);
+    const std::vector<double> expected{118.0, 122.95, 128.0, 121.7, 119.9, 119.2, 120.1};
+    ASSERT_EQ(frequencies.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_NEAR(frequencies[i], expected[i], 1e-6);
+    EXPECT_EQ(database_.Find("a.SSS"), nullptr) << "not Singapore's WSSS";
+}
+
+TEST_F(World, KnowsNavaidsFixesAndAirways) {
+    const auto* vor = dynamic_cast<const VorRecord*>(database_.Find("v.SEA"));
+    ASSERT_NE(vor, nullptr);
+    EXPECT_EQ(vor->GetInfoText(), "116.8");
+    EXPECT_EQ(vor->usage, kUsageBoth);
+    EXPECT_LT(DistanceNm(vor->position, at(47.43536111, -122.30961111)), 0.001);
+    std::vector<std::string> routes;
+    database_.GetAirwayRoutes("V23", routes);
+    ASSERT_EQ(routes.size(), 4U);
+    EXPECT_NE(routes[1].find(" PAE SEA MCKEN "), std::string::npos);
+    // Every point of an airway is a place, somewhere near the one before it.
+    std::istringstream words(routes[1]);
+    auto here = at(49.05, -124.0);
+    for (std::string word; words >> word;) {
+        const auto* place = database_.Find(word, here);
+        ASSERT_NE(place, nullptr) << word;
+        EXPECT_LT(DistanceNm(here, place->position), 150.0) << word;
+        here = place->position;
+    }
+}
+
+TEST_F(World, FindsWhatIsNearAcrossTheDateLine) {
+    const auto near = database_.nearest(at(-17.0, 179.999), kAirportKind, 5, 200.0);
+    ASSERT_EQ(near.size(), 5U);
+    bool east = false;
+    bool west = false;
+    for (const auto& place : near) (place.place.position.lon > 0 ? east : west) = true;
+    EXPECT_TRUE(east && west) << "Fiji lies on both sides";
+}
+
+}}  // namespace korvel

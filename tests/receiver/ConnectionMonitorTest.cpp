@@ -1,0 +1,258 @@
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "TempFolder.h"
+#include "platform/FileIo.h"
+#include "platform/PseudoTerminal.h"
+#include "platform/RegistryProfile.h"
+#include "receiver/ConnectionMonitor.h"
+#include "receiver/FakePorts.h"
+#include "receiver/GpsFixture.h"
+
+namespace korvel { namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kRmc = "GPRMC,1,A,4730.0,N,01015.0,E,10.5,89.68,211200,,";
+constexpr const char* kGga = "GPGGA,1,4730.0,N,01015.0,E,1,04,1.2,100.0,M,,,,";
+constexpr const char* kGgaWithoutFix = "GPGGA,1,,,,,0,00,,,M,,,,";
+
+class ConnectionMonitorTest : public GpsTest, protected LineListener {
+ protected:
+    void TearDown() override { rig_.reset(); }  // the port's thread, before what it calls
+
+    void onLine(SerialPort& /*port*/, std::string_view text) override {
+        input_.onSentence(text);
+        ++*linesHeard_.lock();
+    }
+
+    void use(const SerialDeviceOpener& opener) {
+        // One at a time: the old one's port must be closed before a new one listens.
+        rig_.reset();
+        rig_ = std::make_unique<Rig>(*this, opener);
+    }
+    ConnectionMonitor& monitor() { return rig_->monitor; }
+    std::string status() { return monitor().connectionStatus(true); }
+    std::string statusAfter(std::int64_t ms) {
+        clock_.advanceMs(ms);
+        return status();
+    }
+    void tickAfter(std::int64_t ms) {
+        clock_.advanceMs(ms);
+        monitor().gpsTick();
+    }
+    /// The receiver says so, and the next tick decodes it.
+    void say(std::initializer_list<const char*> bodies) {
+        for (const char* body : bodies) { input_.onSentence(sentence(body)); }
+        monitor().gpsTick();
+    }
+    void setFlags(std::uint32_t flags, int fixQuality = 0) {
+        const auto shared = input_.store().shared().lock();
+        shared->sentenceFlags = flags;
+        shared->fixQuality = fixQuality;
+    }
+    ProfileEntries storedEntries() const { return parseProfile(readWholeFile(profile_.path()).value_or("")); }
+
+    struct Rig {
+        Rig(ConnectionMonitorTest& test, const SerialDeviceOpener& opener)
+            : gpsPort(opener, test.clock_),
+              gyroPort(opener, test.clock_),
+              monitor({gpsPort, gyroPort, test, test.input_, test.surroundings_, test.profile_, test.clock_}) {}
+        Rig(const Rig&) = delete;
+        Rig& operator=(const Rig&) = delete;
+        ~Rig() { gpsPort.close(); }
+
+        SerialPort gpsPort;
+        SerialPort gyroPort;
+        ConnectionMonitor monitor;
+    };
+
+    TempFolder folder_;
+    std::unique_ptr<RegistryProfile> registry_ = openRegistryProfile();
+    ProfileFile profile_{folder_.path(), *registry_};
+    FakePorts ports_;
+    Guarded<int> linesHeard_;
+    std::unique_ptr<Rig> rig_ = std::make_unique<Rig>(*this, ports_.opener());
+};
+
+TEST_F(ConnectionMonitorTest, StatusTellsHowFarTheConnectionHasCome) {
+    const std::tuple<std::uint32_t, const char*> cases[] = {
+        {0, "COM3 4800\nNo Gps Rcvr Activity"},
+        {8 | 4, "COM3 4800\nNo Gps Rcvr Activity"},
+        {1 | 4, "COM3 4800\nNo Gps Rcvr Activity"},
+        {1 | 2, "COM3 4800\nWaiting for NMEA gprmc or gpvtg"},
+        {1 | 2 | 4, "COM3 4800\nWaiting for NMEA gprmc or gpvtg"},
+        {1 | 2 | 8, "COM3 4800\nWaiting for NMEA gpgga"},
+        {1 | 2 | 4 | 8, "Locating Satellites"},
+    };
+    monitor().choosePort({.gps = "COM3:,4800,N,8,1", .gyroPort = {}, .gyroBaud = {}});
+    ASSERT_EQ(status(), "COM3 4800\nNo Gps Rcvr Activity");
+    for (const auto& [flags, text] : cases) {
+        setFlags(flags);
+        EXPECT_EQ(status(), text) << flags;
+    }
+    EXPECT_FALSE(monitor().connected());
+    setFlags(0, 1);
+    EXPECT_EQ(status(), "");
+    EXPECT_TRUE(monitor().connected());
+    EXPECT_EQ(ports_.openings(), std::vector<std::string>{"COM3: 4800"}) << "opened once";
+    EXPECT_FALSE(storedEntries().contains("Options.Port")) << "a chosen port is not stored";
+
+    setFlags(0);
+    ports_.send("\x80\x81\x82");
+    EXPECT_TRUE(eventually([&] { return status() == "COM3 4800\nWaiting for NMEA Data"; }))
+        << "bytes at a wrong speed are bytes";
+    EXPECT_EQ(statusAfter(4999), "COM3 4800\nWaiting for NMEA Data");
+    EXPECT_EQ(statusAfter(1), "COM3 4800\nNo Gps Rcvr Activity") << "no more of them came";
+}
+
+TEST_F(ConnectionMonitorTest, LabelNamesThePortInUse) {
+    EXPECT_EQ(monitor().portLabel(true), "");
+    EXPECT_EQ(monitor().connectionStatus(false), "No Gps Rcvr Activity");
+    for (const auto& [setting, label] :
+        {std::pair{"COM12:,115200,N,8,1", "COM12 115200"}, {"COM1:,9600", "COM1 9600"}, {"COM1", "COM1"}}) {
+        monitor().choosePort({.gps = setting, .gyroPort = "COM7", .gyroBaud = "57600"});
+        EXPECT_EQ(monitor().portLabel(true), label);
+        EXPECT_EQ(monitor().portLabel(false), "COM7 57600");
+    }
+    monitor().choosePort({.gps = "COM1:,9600,N,8,1", .viaGyro = true, .gyroPort = "COM7", .gyroBaud = "57600"});
+    EXPECT_EQ(status(), "COM7 57600\nNo Gps Rcvr Activity") << "the port that carries the data";
+}
+
+TEST_F(ConnectionMonitorTest, ScanTriesEveryPortAndDwellsLongerEachTime) {
+    const char* const table[] = {"COM1: 9600", "COM1: 4800", "COM2: 9600", "COM2: 4800", "COM3: 9600", "COM3: 4800",
+        "COM4: 9600", "COM4: 4800", "COM5: 9600", "COM5: 4800", "COM6: 38400", "COM6: 9600", "COM6: 4800", "COM7: 9600",
+        "COM7: 4800", "COM8: 9600", "COM8: 4800", "COM9: 9600", "COM9: 4800"};
+    std::vector<std::string> expected;
+    for (const std::int64_t dwellMs : {3000, 3500, 4000}) {
+        for (const std::string entry : table) {
+            expected.push_back(entry);
+            std::string label = entry;
+            label.erase(label.find(':'), 1);
+            ASSERT_EQ(status(), label + "\nNo Gps Rcvr Activity");
+            statusAfter(dwellMs - 1);
+            ASSERT_EQ(ports_.openings(), expected) << "given up too early";
+            ASSERT_EQ(statusAfter(1), label + "\nNo Gps Rcvr Activity");
+        }
+    }
+}
+
+TEST_F(ConnectionMonitorTest, ScanPassesOverPortsThatDoNotOpen) {
+    const std::pair<SystemError, const char*> failures[] = {{kErrorFileNotFound, "Invalid Port"},
+        {kErrorAccessDenied, "Port already open!"}, {kErrorDeviceDoesNotExist, "Used or Non-existent Port!"},
+        {31, "Port Open Failed=31"}};
+    std::vector<std::string> expected;
+    for (int port = 1; port <= 9; ++port) {
+        const std::string name = "COM" + std::to_string(port);
+        const auto& [error, text] = failures[port % 4];
+        ports_.refuse(name + ":", error);
+        EXPECT_EQ(status(), name + (port == 6 ? " 38400\n" : " 9600\n") + text);
+        expected.push_back(name + ":");
+    }
+    EXPECT_EQ(monitor().portLabel(true), "") << "the next attempt begins anew";
+    ports_.refuse("COM1:", kNoError);
+    EXPECT_EQ(status(), "COM1 9600\nNo Gps Rcvr Activity");
+    expected.emplace_back("COM1:");
+    EXPECT_EQ(ports_.attempts(), expected) << "one attempt a port";
+    EXPECT_EQ(ports_.openings(), std::vector<std::string>{"COM1: 9600"});
+}
+
+TEST_F(ConnectionMonitorTest, FoundPortIsWrittenAtOnceAndOnce) {
+    for (int port = 1; port <= 5; ++port) {
+        ports_.refuse("COM" + std::to_string(port) + ":", kErrorFileNotFound);
+        status();
+    }
+    EXPECT_EQ(status(), "COM6 38400\nNo Gps Rcvr Activity");
+    say({kRmc, kGga});
+    EXPECT_EQ(status(), "");
+    EXPECT_EQ(storedEntries().at("Options.Port"), "COM6:,38400,N,8,1");
+    EXPECT_EQ(storedEntries().at("Options:PortScanned"), "1");
+    fs::remove(profile_.path());
+    EXPECT_EQ(status(), "");
+    EXPECT_FALSE(fs::exists(profile_.path())) << "nothing new, nothing to write";
+}
+
+TEST_F(ConnectionMonitorTest, SilentReceiverIsDeadAfterFiveSeconds) {
+    monitor().choosePort({.gps = "COM3:,4800,N,8,1", .gyroPort = {}, .gyroBaud = {}});
+    status();
+    input_.satellitesForDisplay();
+    say({"GPGSV,1,1,01,15,45,200,38", kRmc, kGga});
+    input_.store().setTracing(true);
+    tickAfter(4999);
+    EXPECT_EQ(status(), "");
+    EXPECT_EQ(fix().sentenceFlags, 2U | 4U | 8U);
+    tickAfter(1);
+    EXPECT_EQ(fix().fixQuality, 0);
+    EXPECT_EQ(fix().satsInUse, 0);
+    EXPECT_EQ(fix().sentenceFlags, 0U);
+    EXPECT_EQ(fix().rmcPositionValid, 0);
+    EXPECT_EQ(fix().satellites, SatelliteWords{});
+    EXPECT_EQ(fix().groundSpeedKt, 10.5) << "what was told stays, its age tells";
+    EXPECT_EQ(status(), "COM3 4800\nNo Gps Rcvr Activity");
+    tickAfter(20000);
+    EXPECT_EQ(trace(), (std::vector<std::string>{"bGpsDead=TRUE -1 5001 1 5000", "*** gps commands not received ***"}))
+        << "declared once";
+
+    say({kRmc, kGga});
+    EXPECT_EQ(status(), "") << "and back with its next sentences";
+    surroundings_.simulator = true;
+    tickAfter(5000);
+    EXPECT_EQ(fix().fixQuality, 1) << "the simulator flies on";
+}
+
+TEST_F(ConnectionMonitorTest, ReceiverThatLosesItsFixIsDeadAtOnce) {
+    say({kRmc, kGga});
+    say({kRmc, kGga});
+    input_.store().setTracing(true);
+    say({kRmc, kGgaWithoutFix});
+    EXPECT_EQ(fix().sentenceFlags, 0U);
+    EXPECT_EQ(fix().rmcPositionValid, 0);
+    const std::vector<std::string> lines = trace();
+    ASSERT_EQ(lines.size(), 4U);
+    EXPECT_EQ(lines[2], "bGpsDead=TRUE");
+    EXPECT_EQ(lines[3], "*** gps commands not received ***");
+}
+
+TEST_F(ConnectionMonitorTest, PortOfAVanishedDeviceIsOpenedAgain) {
+    monitor().choosePort({.gps = "COM3:,4800,N,8,1", .gyroPort = {}, .gyroBaud = {}});
+    status();
+    say({kRmc, kGga});
+    EXPECT_EQ(status(), "");
+    ports_.refuse("COM3:", kErrorFileNotFound);
+    ports_.fail(kErrorDeviceFailure);
+    EXPECT_TRUE(eventually([&] { return status() == "COM3 4800\nInvalid Port"; }));
+    EXPECT_FALSE(input_.hasFix(false));
+    EXPECT_FALSE(monitor().connected());
+    ports_.refuse("COM3:", kNoError);
+    ports_.fail(kNoError);
+    EXPECT_EQ(status(), "COM3 4800\nNo Gps Rcvr Activity");
+    ports_.send(sentence(kRmc) + "\r\n" + sentence(kGga) + "\r\n");
+    EXPECT_TRUE(eventually([&] {
+        monitor().gpsTick();
+        return status().empty();
+    }));
+}
+
+TEST_F(ConnectionMonitorTest, FindsAReceiverOnARealLine) {
+    const auto receiver = PseudoTerminal::create();
+    ASSERT_NE(receiver, nullptr);
+    std::string device = receiver->deviceName();
+    device.pop_back();  // the colon
+    // Links that lead nowhere stand before the one that does, whatever this machine has.
+    for (int port = 1; port <= 9; ++port) {
+        fs::create_symlink(port == 6 ? device : "/nonexistent", folder_.path() / ("com" + std::to_string(port)));
+    }
+    use(systemSerialDeviceOpener(folder_.path()));
+    for (int port = 1; port <= 5; ++port) { EXPECT_EQ(status(), "COM" + std::to_string(port) + " 9600\nInvalid Port"); }
+    EXPECT_EQ(status(), "COM6 38400\nNo Gps Rcvr Activity");
+    for (const char* body : {kRmc, kGga}) {
+        ASSERT_TRUE(receiver->write(sentence(body) + "\r\n", std::chrono::seconds(30)));
+    }
+    ASSERT_TRUE(eventually([&] { return *linesHeard_.lock() == 2; }));
+    monitor().gpsTick();
+    EXPECT_EQ(status(), "");
+    EXPECT_EQ(storedEntries().at("Options.Port"), "COM6:,38400,N,8,1");
+}
+
+}}  // namespace korvel

@@ -1,0 +1,116 @@
+// The port on real bytes: a pseudo-terminal stands for the receiver.
+#include <array>
+#include <chrono>
+#include <thread>
+
+#include <gtest/gtest.h>
+
+#include "platform/PseudoTerminal.h"
+#include "platform/VirtualClock.h"
+#include "receiver/PortFixtures.h"
+#include "receiver/SerialPort.h"
+
+namespace korvel { namespace {
+
+class SerialPortTerminalTest : public testing::Test {
+ protected:
+    void SetUp() override {
+        receiver_ = PseudoTerminal::create();
+        ASSERT_NE(receiver_, nullptr);
+    }
+
+    std::string settings(const std::string& baud = "115200") const {
+        return receiver_->deviceName() + "," + baud + ",N,8,1";
+    }
+
+    RunningPort run(LineListener& listener) {
+        EXPECT_EQ(port_.open(settings()), "");
+        port_.setListener(&listener);
+        port_.startThread();
+        return RunningPort(port_);
+    }
+
+    std::unique_ptr<PseudoTerminal> receiver_;
+    VirtualClock clock_;
+    SerialPort port_{systemSerialDeviceOpener({}), clock_};
+};
+
+TEST_F(SerialPortTerminalTest, LinesArriveWholeWhateverComesBetween) {
+    LineCollector lines;
+    const RunningPort running = run(lines);
+    const std::vector<std::string> pieces = {"$GPGGA,1", "\r", "\n", std::string(200, 'x') + "\r\n", "$GPGGA,2\r\n",
+        std::string(1100, 'x'), "tail\r\n", "$GPGGA,3\r\n"};
+    for (const std::string& piece : pieces) { ASSERT_TRUE(receiver_->write(piece, kDeadline)); }
+    EXPECT_EQ(lines.waitFor(3), (std::vector<std::string>{"$GPGGA,1", "$GPGGA,2", "$GPGGA,3"}));
+}
+
+TEST_F(SerialPortTerminalTest, NothingIsLostAtFullSpeed) {
+    // Ten seconds of a receiver that fills the line at 115200 baud, faster than it would come.
+    std::vector<std::string> expected;
+    for (int i = 0; i < 1600; ++i) { expected.push_back("$GPGSV,3,1,11," + std::to_string(i) + std::string(50, ',')); }
+    LineCollector lines;
+    const RunningPort running = run(lines);
+    std::thread sender([&] {
+        for (const std::string& sentence : expected) { EXPECT_TRUE(receiver_->write(sentence + "\r\n", kDeadline)); }
+    });
+    EXPECT_EQ(lines.waitFor(expected.size()), expected);
+    sender.join();
+}
+
+TEST_F(SerialPortTerminalTest, BytesGoOutAsTheyAre) {
+    LineCollector lines;
+    const RunningPort running = run(lines);
+    const std::string bytes("$PSRF151,01*0F\r\n\0\x11\x13\xff", 20);
+    port_.write(bytes);
+    std::string arrived;
+    std::array<char, 64> some{};
+    std::size_t count = 1;
+    while (arrived.size() < bytes.size() && count > 0) {
+        count = receiver_->read(some, kDeadline);
+        arrived.append(some.data(), count);
+    }
+    EXPECT_EQ(arrived, bytes);
+}
+
+TEST_F(SerialPortTerminalTest, APortHasOneUserAndCanBeOpenedAgain) {
+    SerialPort other(systemSerialDeviceOpener({}), clock_);
+    EXPECT_EQ(port_.open(settings()), "");
+    EXPECT_EQ(port_.open(settings()), "Port already open!");
+    EXPECT_EQ(other.open(settings()), "Port already open!");
+    port_.close();
+    EXPECT_EQ(other.open(settings("300")), "Unsupported baud");
+    EXPECT_EQ(other.open(settings("4800")), "");
+}
+
+TEST_F(SerialPortTerminalTest, NamesWithoutASerialLineHaveTheirTexts) {
+    EXPECT_EQ(port_.open("/dev/nothing:,4800"), "Invalid Port");
+    EXPECT_EQ(port_.open("COM:,4800"), "Invalid Port");
+    EXPECT_EQ(port_.open("COM9999:,4800"), "Invalid Port");
+    EXPECT_EQ(port_.open("/dev/null:,4800"), "Port Being Used");
+}
+
+TEST_F(SerialPortTerminalTest, AnUnpluggedReceiverIsNoticedAndThePortClosed) {
+    LineCollector lines;
+    const RunningPort running = run(lines);
+    ASSERT_TRUE(receiver_->write("$A\r\n", kDeadline));
+    EXPECT_EQ(lines.waitFor(1).size(), 1U);
+    receiver_->unplug();
+    const auto deadline = std::chrono::steady_clock::now() + kDeadline;
+    while (!port_.hasReadFailed() && std::chrono::steady_clock::now() < deadline) { std::this_thread::yield(); }
+    EXPECT_TRUE(port_.hasReadFailed());
+    EXPECT_TRUE(port_.isOpen());
+    port_.close();
+    EXPECT_FALSE(port_.isOpen());
+}
+
+TEST_F(SerialPortTerminalTest, CloseEndsAWriteThatNobodyTakes) {
+    LineCollector lines;
+    const RunningPort running = run(lines);
+    for (int i = 0; i < 5; ++i) {  // more than the line holds
+        port_.write(std::string(4000, 'x'));
+    }
+    port_.close();
+    EXPECT_EQ(port_.open(settings()), "");
+}
+
+}}  // namespace korvel

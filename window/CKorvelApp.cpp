@@ -1,0 +1,168 @@
+#include "window/CKorvelApp.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include <QApplication>
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include "config/StringTable.h"
+#include "platform/FileIo.h"
+#include "platform/Folders.h"
+#include "platform/SerialDevice.h"
+#include "receiver/DemoFlight.h"
+#include "receiver/ReplayScript.h"
+#include "screen/PageCycle.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kFontKey = "SysFont";
+constexpr std::string_view kUsualFont = "Arial Narrow";
+constexpr std::string_view kUnsavedPlan = "unsaved-plan.fp";
+
+std::filesystem::path profileFolder(const CommandLine& line) {
+    return line.profileFolder.empty() ? programFolder() : std::filesystem::path(line.profileFolder);
+}
+
+std::optional<PageId> pageOfName(std::string_view name) {
+    const auto pages = availablePages();
+    const auto found = std::ranges::find(pages, name, pageName);
+    return found == pages.end() ? std::nullopt : std::optional(*found);
+}
+
+template <class Items, class Name>
+std::string listOf(const Items& items, Name name) {
+    std::string list;
+    for (const auto& item : items)
+        list.append(list.empty() ? "" : ", ").append(name(item));
+    return list;
+}
+
+}  // namespace
+
+CKorvelApp::CKorvelApp(const CommandLine& line)
+    : line_(line),
+      registry_(openRegistryProfile()),
+      profile_(profileFolder(line), *registry_),
+      fonts_(QString::fromStdString(profile_.getString(kOptionsSection, kFontKey, kUsualFont))),
+      labels_(fonts_),
+      dataFiles_({documentsFolder(), programFolder()}),
+      scheme_(profile_, dataFiles_),
+      document_({profile_, clock_, systemSerialDeviceOpener(profileFolder(line) / "ports"),
+                 profileFolder(line), pluginFolder()}),
+      frame_({document_, profile_, scheme_, dataFiles_, labels_}) {}
+
+std::string CKorvelApp::start() {
+    // A window on the screen may wait for its places, a picture may not.
+    if (line_.snapshotFile.empty())
+        frame_.showWhereItWas();
+    frame_.loadDatabases();
+    bool isTold =
+        line_.simulate || line_.demo || !line_.replayFile.empty() || !line_.planFile.empty();
+    if (line_.snapshotFile.empty())
+        isTold |= frame_.recoverPlan(profileFolder(line_) / kUnsavedPlan, line_.planFile.empty());
+    if (!line_.planFile.empty())
+        if (const std::string error = frame_.openFile(line_.planFile); !error.empty())
+            return line_.planFile + ": " + error;
+    for (const auto step : {&CKorvelApp::startReplay, &CKorvelApp::applyView})
+        if (std::string error = (this->*step)(); !error.empty())
+            return error;
+    if (line_.simulate) {
+        frame_.simulate();
+        document_.navigator().setTimeFactor(line_.timeFactor);
+    }
+    // Half a second is long for a pilot who waits for the map.
+    frame_.view().tick();
+    if (line_.snapshotFile.empty()) {
+        if (const auto& copy = profile_.damagedCopy(); !copy.empty())
+            frame_.view().say(formatText(TextId::ProfileDamaged, {copy.filename().string()}));
+        if (!isTold)
+            frame_.welcome();
+        return {};
+    }
+    frame_.view().onFirstPaint = [this] {
+        constexpr double kMsPerSecond = 1000;
+        QTimer::singleShot(static_cast<int>(line_.afterSec * kMsPerSecond), &frame_,
+                           [this] { takeSnapshot(); });
+    };
+    frame_.resize(line_.width, line_.height);
+    frame_.show();
+    return {};
+}
+
+std::string CKorvelApp::startReplay() {
+    if (!line_.demo && line_.replayFile.empty())
+        return {};
+    const auto log = line_.demo ? makeDemoFlightLog() : readWholeFile(line_.replayFile);
+    if (!log)
+        return line_.replayFile + ": cannot be read";
+    auto script = makeReplayScript(*log);
+    if (script.empty())
+        return line_.replayFile + ": holds no sentences of a receiver";
+    replay_ = std::make_unique<ReplaySource>(std::move(script), line_.speed, line_.demo);
+    if (std::string error = replay_->start(); !error.empty())
+        return error;
+    document_.usePort(replay_->portSettings());
+    return {};
+}
+
+std::string CKorvelApp::applyView() {
+    if (!line_.scheme.empty()) {
+        const auto names = listSchemes(dataFiles_);
+        if (std::ranges::find(names, line_.scheme) == names.end())
+            return "--scheme: choose from " +
+                   listOf(names, [](const std::string& name) { return name; });
+        frame_.showScheme(line_.scheme);
+    }
+    if (!line_.page.empty() || line_.rangeNm)
+        frame_.view().holdView();
+    if (!line_.page.empty()) {
+        const auto page = pageOfName(line_.page);
+        if (!page)
+            return "--page: choose from " + listOf(availablePages(), pageName);
+        frame_.view().showPage(*page);
+    }
+    if (line_.rangeNm && !frame_.view().setRange(*line_.rangeNm))
+        return "--range: choose from " +
+               listOf(kRangeStepsNm, [](int rangeNm) { return std::to_string(rangeNm); });
+    return {};
+}
+
+void CKorvelApp::takeSnapshot() {
+    if (!frame_.grab().save(QString::fromStdString(line_.snapshotFile)))
+        runError_ = line_.snapshotFile + ": cannot be written";
+    // Not quit(), which closes the window, and a window that is closed remembers its place.
+    QApplication::exit();
+}
+
+/// However the system ends the program, it remembers what it would at a close of its window.
+void CKorvelApp::listenForTheEnd() {
+    if (endRequest_.descriptor() >= 0) {
+        auto* notifier = new QSocketNotifier(endRequest_.descriptor(), QSocketNotifier::Read,
+                                             &frame_);  // the frame owns it
+        QObject::connect(notifier, &QSocketNotifier::activated, &frame_, [this, notifier] {
+            notifier->setEnabled(false);
+            // A picture's window has no place worth remembering.
+            if (line_.snapshotFile.empty())
+                frame_.storeState();
+            QApplication::exit();
+        });
+    }
+    const auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    QObject::connect(application, &QGuiApplication::commitDataRequest, &frame_, [this] {
+        frame_.storeState();
+        profile_.save();
+    });
+}
+
+std::string CKorvelApp::run() {
+    listenForTheEnd();
+    QApplication::exec();
+    return runError_;
+}
+
+}  // namespace korvel

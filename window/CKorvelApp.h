@@ -1,0 +1,56 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "cockpit/CKorvelDoc.h"
+#include "config/DataFileSearch.h"
+#include "config/ProfileFile.h"
+#include "paint/ColorScheme.h"
+#include "platform/EndRequest.h"
+#include "platform/RegistryProfile.h"
+#include "platform/SystemClock.h"
+#include "receiver/ReplaySource.h"
+#include "window/CMainFrame.h"
+#include "window/CommandLine.h"
+#include "window/DisplayFonts.h"
+#include "window/LabelCache.h"
+
+namespace korvel {
+
+/// The program: builds its parts in the order in which they need each other, and ends them in the
+/// reverse order. Lives inside a running QApplication.
+class CKorvelApp {
+ public:
+    explicit CKorvelApp(const CommandLine& line);
+
+    /// Does what the command line asks for and shows the window. Returns an error text of one
+    /// line, empty on success.
+    [[nodiscard]] std::string start();
+
+    /// Runs until the window is closed or the picture is taken; returns an error text.
+    [[nodiscard]] std::string run();
+
+ private:
+    std::string startReplay();
+    std::string applyView();
+    void takeSnapshot();
+    void listenForTheEnd();
+
+    CommandLine line_;
+    EndRequest endRequest_;
+    SystemClock clock_;
+    std::unique_ptr<RegistryProfile> registry_;
+    ProfileFile profile_;
+    DisplayFonts fonts_;
+    LabelCache labels_;
+    DataFileSearch dataFiles_;
+    ColorScheme scheme_;
+    std::unique_ptr<ReplaySource> replay_;
+    CKorvelDoc document_;
+    CMainFrame frame_;
+    std::string runError_;
+};
+
+}  // namespace korvel

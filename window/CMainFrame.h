@@ -1,0 +1,115 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include <QActionGroup>
+#include <QMainWindow>
+
+#include "config/StringTable.h"
+#include "window/CKorvelView.h"
+#include "window/ScreenKeeper.h"
+#include "window/commands/CommandHost.h"
+#include "window/commands/DatabaseCommands.h"
+#include "window/commands/FileCommands.h"
+#include "window/commands/NavigateCommands.h"
+#include "window/commands/OptionCommands.h"
+#include "window/commands/PlaceCommands.h"
+#include "window/sheets/Sheet.h"
+
+namespace korvel {
+
+class CKorvelDoc;
+class ColorScheme;
+class DataFileSearch;
+class DisplayFonts;
+class ProfileFile;
+
+/// What the frame and its view work with; all of it outlives them.
+struct FrameParts {
+    CKorvelDoc& document;
+    ProfileFile& profile;
+    ColorScheme& scheme;
+    const DataFileSearch& dataFiles;
+    LabelCache& labels;
+};
+
+/// The window: menus with the key of each command beside it, and the view below.
+class CMainFrame final : public QMainWindow, private CommandHost {
+ public:
+    explicit CMainFrame(const FrameParts& parts);
+
+    CKorvelView& view() override { return view_; }
+    /// Opens a plan or a track; the message for the pilot, empty on success.
+    [[nodiscard]] std::string openFile(const std::filesystem::path& path);
+
+    /// Brings back the plan that the program had no time to ask about when it ended, and keeps
+    /// those to come in this file. True when there was one.
+    bool recoverPlan(const std::filesystem::path& unsaved, bool wanted);
+
+    /// Starts the simulator where the plan or the settings say.
+    void simulate() { options_.simulate(true); }
+    /// Loads the navigation databases; the map goes on meanwhile.
+    void loadDatabases() { databases_.load(); }
+
+    /// Shows the window where it stood when it was last closed.
+    void showWhereItWas();
+    /// Tells the first time what is connected and loaded, and what to do next.
+    void welcome();
+
+    /// Keeps the window's place, page and range in the profile, as a close does.
+    void storeState();
+
+    /// Takes another scheme into use, menus included, for this run.
+    void showScheme(const std::string& name);
+
+ protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+ private:
+    void fitLetters();
+    QAction& addCommand(QMenu& menu, TextId name, const QList<QKeySequence>& keys,
+                        const Handler& handler) override;
+    void openSheet(std::unique_ptr<Sheet> sheet) override;
+    void showError(const std::string& message) override;
+    QWidget& window() override { return *this; }
+    CKorvelDoc& document() override { return parts_.document; }
+    ProfileFile& profile() override { return parts_.profile; }
+
+    void addCommands();
+    void addViewCommands(QMenu& menu);
+    void addPages(QMenu& menu);
+    void addOptions(QMenu& menu);
+    void addHelp(QMenu& menu);
+    void addSchemes(QMenu& menu);
+    void runTouch(TouchCommand command);
+    void showConnected();
+    QString keyList() const;
+    void chooseField(std::size_t field);
+    /// Shows a scheme and remembers it.
+    void chooseScheme(const std::string& name);
+    void rotateNavaids();
+    void toggleFullScreen();
+    void toggleNight();
+
+    FrameParts parts_;
+    CKorvelView view_;
+    FileCommands file_;
+    NavigateCommands navigate_;
+    PlaceCommands places_;
+    DatabaseCommands databases_;
+    OptionCommands options_;
+    ScreenKeeper screenKeeper_;
+    bool mayClose_ = false;  // the plan is safe
+    QActionGroup schemes_;
+    std::string shownScheme_;
+    std::string dayScheme_;  // what C goes back to
+    std::unique_ptr<Sheet> sheet_;
+};
+
+}  // namespace korvel

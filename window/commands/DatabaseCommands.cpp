@@ -1,0 +1,48 @@
+#include "window/commands/DatabaseCommands.h"
+
+#include "cockpit/CKorvelDoc.h"
+#include "cockpit/ConnectedText.h"
+#include "platform/Folders.h"
+#include "window/CKorvelView.h"
+#include "window/QtText.h"
+#include "window/sheets/LoadProgress.h"
+#include "window/sheets/TextSheet.h"
+
+namespace korvel {
+
+void DatabaseCommands::addToFile(QMenu& menu) {
+    host_.addCommand(menu, TextId::CommandReload, {Qt::Key_F5}, [this] { reload(); });
+}
+
+void DatabaseCommands::addToHelp(QMenu& menu) {
+    host_.addCommand(menu, TextId::CommandLoadReport, {QKeySequence(Qt::SHIFT | Qt::Key_F2)},
+                     [this] { showReport(); });
+}
+
+void DatabaseCommands::load() {
+    // The window is painted while it loads, and rows of closed files mean nothing any more.
+    host_.view().databasesChanged();
+    LoadProgress progress(host_.view());
+    host_.document().navigator().loadDatabases(
+        dataFolders(),
+        [&progress](std::string_view doing, int percent) { progress.show(doing, percent); });
+    host_.view().databasesChanged();
+}
+
+void DatabaseCommands::reload() {
+    load();
+    const Navigator& navigator = host_.document().navigator();
+    for (const DatabaseLoader::OpenedFile& file : navigator.loader().openedFiles())
+        if (!file.error.empty())
+            return showReport();
+    host_.view().say(formatText(TextId::DatabasesLoaded,
+                                {static_cast<int>(navigator.database().files().size())}));
+}
+
+void DatabaseCommands::showReport() {
+    host_.openSheet(
+        std::make_unique<TextSheet>(&host_.window(), toQString(TextId::LoadReportTitle),
+                                    toQString(loadReportText(host_.document(), dataFolders()))));
+}
+
+}  // namespace korvel

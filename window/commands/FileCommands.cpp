@@ -1,0 +1,207 @@
+#include "window/commands/FileCommands.h"
+
+#include <algorithm>
+
+#include <QDateTime>
+#include <QDir>
+#include <QMessageBox>
+
+#include "cockpit/CKorvelDoc.h"
+#include "config/StringTable.h"
+#include "platform/Folders.h"
+#include "window/CKorvelView.h"
+#include "window/QtText.h"
+
+namespace korvel {
+namespace {
+
+std::filesystem::path toPath(const QString& name) { return {name.toStdU16String()}; }
+
+QString toQString(const std::filesystem::path& path) {
+    return QString::fromStdU16String(path.u16string());
+}
+
+bool isTrack(const std::filesystem::path& path) {
+    return toQString(path).endsWith(QLatin1String(".trk"), Qt::CaseInsensitive);
+}
+
+}  // namespace
+
+FileCommands::FileCommands(CommandHost& host) : host_(host), recent_(host.profile()) {}
+
+Navigator& FileCommands::navigator() { return host_.document().navigator(); }
+
+void FileCommands::addTo(QMenu& menu) {
+    const auto nothing = [] {};
+    const auto hasPlan = [this] { return navigator().plan().hasPlan(); };
+    host_.addCommand(menu, TextId::CommandNewPlan, {QKeySequence(Qt::CTRL | Qt::Key_N)},
+                     [this] { withPlanSafe([this] { newPlan(); }); });
+    host_.addCommand(menu, TextId::CommandOpenPlan, {QKeySequence(Qt::CTRL | Qt::Key_O)},
+                     [this] { choosePlan(); });
+    recentMenu_ = menu.addMenu(korvel::toQString(TextId::MenuRecent));
+    QObject::connect(recentMenu_, &QMenu::aboutToShow, recentMenu_, [this] { showRecent(); });
+    greyUnless(menu,
+               host_.addCommand(menu, TextId::CommandSavePlan, {QKeySequence(Qt::CTRL | Qt::Key_S)},
+                                [this, nothing] { savePlan(nothing); }),
+               hasPlan);
+    greyUnless(menu,
+               host_.addCommand(menu, TextId::CommandSavePlanAs,
+                                {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
+                                [this, nothing] { savePlanAs(nothing); }),
+               hasPlan);
+    menu.addSeparator();
+    host_.addCommand(menu, TextId::CommandOpenTrack,
+                     {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O)}, [this] { chooseTrack(); });
+    greyUnless(menu,
+               host_.addCommand(menu, TextId::CommandSaveTrack,
+                                {QKeySequence(Qt::CTRL | Qt::Key_T)}, [this] { saveTrackAs(); }),
+               [this] { return navigator().track().track() != nullptr; });
+    menu.addSeparator();
+}
+
+void FileCommands::showRecent() {
+    recentMenu_->clear();
+    for (const auto& file : recent_.files()) {
+        QAction* action = recentMenu_->addAction(toQString(file));
+        QObject::connect(action, &QAction::triggered, action, [this, file] { openFile(file); });
+    }
+    if (recent_.files().empty())
+        recentMenu_->addAction(korvel::toQString(TextId::NoRecentFiles))->setEnabled(false);
+}
+
+/// The message alone does not tell which file it is about.
+void FileCommands::showFileError(const std::filesystem::path& path, const std::string& error) {
+    host_.showError(path.filename().string() + ":\n" + error);
+}
+
+// Plans
+
+void FileCommands::newPlan() {
+    const bool had = navigator().plan().hasPlan();
+    navigator().plan().clear();
+    host_.view().say(std::string(text(had ? TextId::PlanClosed : TextId::PlanMissing)));
+}
+
+void FileCommands::choosePlan() {
+    choose({TextId::OpenPlanTitle, TextId::PlanFilter},
+           [this](const std::filesystem::path& path) { openFile(path); });
+}
+
+void FileCommands::openFile(const std::filesystem::path& path) {
+    if (isTrack(path))
+        return openTrack(path);
+    withPlanSafe([this, path] {
+        if (const std::string error = openPlan(path); !error.empty())
+            return showFileError(path, error);
+        host_.view().say(formatText(TextId::PlanOpened, {path.filename().string()}));
+    });
+}
+
+std::string FileCommands::openPlan(const std::filesystem::path& path) {
+    std::string error = navigator().plan().open(path);
+    if (error.empty())
+        recent_.add(std::filesystem::absolute(path));
+    else
+        recent_.remove(std::filesystem::absolute(path));
+    return error;
+}
+
+void FileCommands::savePlan(const std::function<void()>& next) {
+    PlanDesk& plan = navigator().plan();
+    if (plan.file().empty())
+        return savePlanAs(next);
+    savePlanTo(plan.file(), next);
+}
+
+void FileCommands::savePlanTo(const std::filesystem::path& path,
+                              const std::function<void()>& next) {
+    if (const std::string error = navigator().plan().saveAs(path); !error.empty())
+        return host_.showError(error);
+    recent_.add(std::filesystem::absolute(path));
+    host_.view().say(formatText(TextId::PlanSaved, {path.filename().string()}));
+    next();
+}
+
+void FileCommands::savePlanAs(const std::function<void()>& next) {
+    const std::string name = navigator().plan().proposedFileName();
+    if (name.empty())
+        return host_.showError(std::string(text(TextId::NoPlanToSave)));
+    choose({TextId::SavePlanTitle, TextId::PlanSaveFilter, QStringLiteral("fp"),
+            QString::fromStdString(name)},
+           [this, next](const std::filesystem::path& path) { savePlanTo(path, next); });
+}
+
+void FileCommands::withPlanSafe(const std::function<void()>& next) {
+    if (!navigator().plan().changed())
+        return next();
+    auto* box = new QMessageBox(QMessageBox::Question, korvel::toQString(TextId::ProgramName),
+                                korvel::toQString(TextId::AskSavePlan),
+                                QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
+                                &host_.window());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(box, &QMessageBox::finished, box, [this, next](int answer) {
+        if (answer == QMessageBox::Save)
+            savePlan(next);
+        else if (answer == QMessageBox::Discard)
+            next();
+    });
+    box->open();
+}
+
+// Tracks
+
+void FileCommands::chooseTrack() {
+    choose({TextId::OpenTrackTitle, TextId::TrackFilter},
+           [this](const std::filesystem::path& path) { openTrack(path); });
+}
+
+void FileCommands::openTrack(const std::filesystem::path& path) {
+    TrackRecorder& recorder = navigator().track();
+    if (const std::string error = recorder.openTrack(path); !error.empty())
+        return showFileError(path, error);
+    if (recorder.track()->read()->slots.empty())
+        return showFileError(path, std::string(text(TextId::TrackEmpty)));
+    host_.view().say(formatText(TextId::TrackOpened, {path.filename().string()}));
+}
+
+void FileCommands::saveTrackAs() {
+    if (!navigator().track().track())
+        return host_.showError(std::string(text(TextId::NoTrackToSave)));
+    const QString name =
+        QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-HHmm'.trk'"));
+    choose({TextId::SaveTrackTitle, TextId::TrackFilter, QStringLiteral("trk"), name},
+           [this](const std::filesystem::path& path) {
+               if (const std::string error = navigator().track().saveTrack(path); !error.empty())
+                   return host_.showError(error);
+               host_.view().say(formatText(TextId::PlanSaved, {path.filename().string()}));
+           });
+}
+
+/// Beside the plan that is open, else where the pilot's documents are.
+QString FileCommands::startFolder(const FileQuestion& question) {
+    const std::filesystem::path& plan = navigator().plan().file();
+    if (question.title == TextId::SavePlanTitle && !plan.empty())
+        return toQString(std::filesystem::absolute(plan).parent_path());
+    const std::filesystem::path documents = documentsFolder();
+    return documents.empty() ? QDir::homePath() : toQString(documents);
+}
+
+void FileCommands::choose(const FileQuestion& question,
+                          const std::function<void(const std::filesystem::path&)>& chosen) {
+    auto* dialog = new QFileDialog(&host_.window(), korvel::toQString(question.title),
+                                   startFolder(question), korvel::toQString(question.filter));
+    const bool saves = !question.suffix.isEmpty();
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog->setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog->setDefaultSuffix(question.suffix);
+    if (saves)
+        dialog->selectFile(question.proposal);
+    // As large as the window: rows and buttons are large, too.
+    dialog->resize(host_.window().size());
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
+                     [chosen](const QString& name) { chosen(toPath(name)); });
+    dialog->open();
+}
+
+}  // namespace korvel

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include <QFileDialog>
+#include <QMenu>
+
+#include "cockpit/RecentFiles.h"
+#include "window/commands/CommandHost.h"
+
+namespace korvel {
+
+class Navigator;
+
+/// The menu File: plans and tracks to and from files.
+class FileCommands {
+ public:
+    /// The host must outlive this.
+    explicit FileCommands(CommandHost& host);
+
+    void addTo(QMenu& menu);
+    /// Fills the list of recent files; call when the menu is about to show.
+    void showRecent();
+
+    /// Opens a plan or a track by its name, as a drop or the command line does. A plan that would
+    /// be lost is asked for first.
+    void openFile(const std::filesystem::path& path);
+    /// Opens a plan at once; the message for the pilot, empty on success.
+    [[nodiscard]] std::string openPlan(const std::filesystem::path& path);
+
+    /// Does `next` at once, or when the pilot has saved a changed plan or given it up.
+    void withPlanSafe(const std::function<void()>& next);
+    void choosePlan();
+
+ private:
+    void showFileError(const std::filesystem::path& path, const std::string& error);
+    void newPlan();
+    void savePlan(const std::function<void()>& next);
+    void savePlanAs(const std::function<void()>& next);
+    void savePlanTo(const std::filesystem::path& path, const std::function<void()>& next);
+    void chooseTrack();
+    void saveTrackAs();
+    void openTrack(const std::filesystem::path& path);
+    struct FileQuestion {
+        TextId title;
+        TextId filter;
+        QString suffix{};    ///< of files to save; empty: one is opened
+        QString proposal{};  ///< a bare name, so that nobody needs to type
+    };
+    QString startFolder(const FileQuestion& question);
+    /// A dialog that goes with the window and calls `chosen` with one file.
+    void choose(const FileQuestion& question,
+                const std::function<void(const std::filesystem::path&)>& chosen);
+
+    Navigator& navigator();
+
+    CommandHost& host_;
+    RecentFiles recent_;
+    QMenu* recentMenu_ = nullptr;  ///< its parent menu's
+};
+
+}  // namespace korvel

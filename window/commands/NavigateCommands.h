@@ -1,0 +1,54 @@
+#pragma once
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include <QMenu>
+#include <QPointer>
+
+#include "nav/approach/LandingRunway.h"
+#include "window/commands/CommandHost.h"
+#include "window/sheets/PlaceChoice.h"
+
+namespace korvel {
+
+class Navigator;
+
+/// The menu Navigate: direct-to, the plan and what is done to it, the track.
+class NavigateCommands {
+ public:
+    /// Goes on at once, or when the pilot has saved or given up what is not saved of the plan.
+    using PlanGuard = std::function<void(const std::function<void()>& next)>;
+
+    /// The host must outlive this.
+    NavigateCommands(CommandHost& host, PlanGuard whenPlanIsSafe)
+        : host_(host), whenPlanIsSafe_(std::move(whenPlanIsSafe)) {}
+
+    void addTo(QMenu& menu);
+
+    void directTo(const PlaceChoice& place = {});
+    /// Chooses a runway to approach, of the destination or near by.
+    void approach();
+    void approach(std::vector<LandingRunway> runways);
+    /// Shows the plan's page, and on that page the line to change it with.
+    void showPlan();
+    void editRoute();
+    /// What can be done with a row of the plan.
+    void openPlanRow(std::size_t row);
+
+ private:
+    void addPlanCommands(QMenu& menu);
+    void clearNavigation();
+    void suspend(bool on);
+    void recordTrack(bool on);
+    void updateChecks();
+    Navigator& navigator();
+
+    CommandHost& host_;
+    PlanGuard whenPlanIsSafe_;
+    QPointer<QAction> tracking_;
+    QPointer<QAction> suspended_;
+};
+
+}  // namespace korvel

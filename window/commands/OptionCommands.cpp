@@ -1,0 +1,68 @@
+#include "window/commands/OptionCommands.h"
+
+#include "cockpit/CKorvelDoc.h"
+#include "window/CKorvelView.h"
+#include "window/sheets/CGPSDialog.h"
+#include "window/sheets/CPrefsSheet.h"
+#include "window/sheets/SimulatorSheet.h"
+#include "window/sheets/TraceSheet.h"
+
+namespace korvel {
+
+template <class SheetType>
+void OptionCommands::addSheet(QMenu& menu, TextId name, const QList<QKeySequence>& keys) {
+    host_.addCommand(menu, name, keys, [this] {
+        host_.openSheet(std::make_unique<SheetType>(&host_.window(), host_.document()));
+    });
+}
+
+void OptionCommands::addTo(QMenu& menu) {
+    addSheet<SimulatorSheet>(menu, TextId::CommandSimulator, {Qt::Key_S});
+    simulating_ = &host_.addCommand(
+        menu, TextId::CommandSimulate, {QKeySequence(Qt::SHIFT | Qt::Key_S)},
+        [this] { simulate(!host_.document().navigator().simulator().running()); });
+    simulating_->setCheckable(true);
+    menu.addSeparator();
+    addSheet<CPrefsSheet>(menu, TextId::CommandPrefs, {QKeySequence(Qt::CTRL | Qt::Key_P)});
+    addSheet<CMapDialog>(menu, TextId::CommandMapOptions, {Qt::Key_O});
+    addSheet<CViewPagesDialog>(menu, TextId::CommandViewPages,
+                               {QKeySequence(Qt::SHIFT | Qt::Key_N)});
+    menu.addSeparator();
+    host_.addCommand(menu, TextId::CommandPort, {Qt::Key_G}, [this] { choosePort(); });
+    const auto updateChecks = [this] {
+        simulating_->setChecked(host_.document().navigator().simulator().running());
+    };
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, updateChecks);
+}
+
+void OptionCommands::simulate(bool on) {
+    Navigator& navigator = host_.document().navigator();
+    if (on)
+        navigator.startSimulator(navigator.simulatorStart(host_.document().settings()));
+    else
+        navigator.stopSimulator();
+    // The sheet starts and stops it, too, behind the back of the check.
+    simulating_->setChecked(on);
+    host_.view().say(std::string(text(on ? TextId::SimulatorOn : TextId::SimulatorOff)));
+}
+
+void OptionCommands::choosePort() {
+    CKorvelDoc& document = host_.document();
+    auto sheet = std::make_unique<CGPSDialog>(&host_.window(), document.settings().port);
+    QObject::connect(sheet.get(), &QDialog::accepted, sheet.get(),
+                     [&document, chooser = sheet.get()] {
+                         Settings settings = document.settings();
+                         settings.port = chooser->settings();
+                         document.applySettings(settings);
+                     });
+    sheet->status = [&document] {
+        const CockpitData& data = document.cockpitData();
+        return data.status.empty() ? formatText(TextId::PortHasFix, {data.satsInUse}) : data.status;
+    };
+    sheet->onTrace = [this] {
+        host_.openSheet(std::make_unique<TraceSheet>(&host_.window(), host_.document()));
+    };
+    host_.openSheet(std::move(sheet));
+}
+
+}  // namespace korvel

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QMenu>
+#include <QPointer>
+
+#include "window/commands/CommandHost.h"
+
+namespace korvel {
+
+/// What the menu Options has besides the colour schemes: the simulator, the receiver, the
+/// preferences.
+class OptionCommands {
+ public:
+    /// The host must outlive this.
+    explicit OptionCommands(CommandHost& host) : host_(host) {}
+
+    void addTo(QMenu& menu);
+
+    /// Starts the simulator where and how it would be offered.
+    void simulate(bool on);
+    void choosePort();
+
+ private:
+    /// A command that opens a sheet on the document.
+    template <class SheetType>
+    void addSheet(QMenu& menu, TextId name, const QList<QKeySequence>& keys);
+
+    CommandHost& host_;
+    QPointer<QAction> simulating_;
+};
+
+}  // namespace korvel

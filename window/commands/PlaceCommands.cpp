@@ -1,0 +1,144 @@
+#include "window/commands/PlaceCommands.h"
+
+#include <QListWidget>
+
+#include "cockpit/CKorvelDoc.h"
+#include "navdb/records/AirportRecord.h"
+#include "window/CKorvelView.h"
+#include "window/QtText.h"
+#include "window/sheets/CAirportSheet.h"
+#include "window/sheets/FindSheet.h"
+#include "window/sheets/KindWord.h"
+#include "window/sheets/UserFixSheets.h"
+
+namespace korvel {
+namespace {
+
+/// Several places under one finger: a row for each.
+class PlaceChooser final : public Sheet {
+ public:
+    PlaceChooser(QWidget* parent, const NavDatabase& database, const std::vector<MapPlace>& places)
+        : Sheet(parent, toQString(TextId::ChoosePlace), QDialogButtonBox::Close) {
+        for (const MapPlace& place : places) {
+            const auto record = database.recordOf(place.place);
+            const std::string_view name = record ? record->GetName() : std::string_view();
+            const QString row = QStringLiteral("%1   %2   %3")
+                                    .arg(toQString(place.place.ident.view()),
+                                         kindWord(place.place.kind), toQString(name));
+            auto* item = new QListWidgetItem(row, &list_);  // the list owns it
+            item->setSizeHint({0, kRowPixels});
+        }
+        setPreferredWidth(11 * kRowPixels);
+        addTallRow(list_);
+        connect(&list_, &QListWidget::itemClicked, this, [this] { choose(); });
+        connect(&list_, &QListWidget::itemActivated, this, [this] { choose(); });
+    }
+
+    std::function<void(std::size_t)> onChosen;
+
+ private:
+    void choose() {
+        if (!isVisible())
+            return;  // a click that also activates counts once
+        QDialog::accept();
+        onChosen(static_cast<std::size_t>(list_.currentRow()));
+    }
+
+    QListWidget list_;
+};
+
+}  // namespace
+
+void PlaceCommands::addTo(QMenu& menu) {
+    host_.addCommand(menu, TextId::CommandFind,
+                     {QKeySequence(Qt::CTRL | Qt::Key_F), QKeySequence(Qt::Key_Slash)},
+                     [this] { find(); });
+    host_.addCommand(menu, TextId::CommandMark, {Qt::Key_M}, [this] { mark(); });
+    host_.addCommand(menu, TextId::CommandMarks, {QKeySequence(Qt::CTRL | Qt::Key_M)},
+                     [this] { listMarks(); });
+}
+
+void PlaceCommands::mark() {
+    CKorvelView& view = host_.view();
+    // Not where the aircraft was last seen.
+    const auto where = view.isPanned() ? view.mapCenter() : host_.document().cockpitData().position;
+    if (!where)
+        return view.say(std::string(text(TextId::NothingToMark)));
+    auto sheet = std::make_unique<MarkSheet>(&host_.window(), host_.document(), *where);
+    sheet->onMarked = [&view](const std::string& name) {
+        view.databasesChanged();
+        view.say(formatText(TextId::Marked, {std::string_view(name)}));
+    };
+    host_.openSheet(std::move(sheet));
+}
+
+void PlaceCommands::listMarks() {
+    auto sheet = std::make_unique<UserFixesSheet>(&host_.window(), host_.document());
+    sheet->onOpen = [this](const std::string& key) {
+        const DatabaseRecord* found = host_.document().navigator().database().Find(key);
+        open(found != nullptr ? found->Clone() : nullptr);
+    };
+    sheet->onRemoved = [this] { host_.view().databasesChanged(); };
+    host_.openSheet(std::move(sheet));
+}
+
+void PlaceCommands::find() {
+    auto sheet =
+        std::make_unique<FindSheet>(&host_.window(), host_.document(), host_.view().mapCenter());
+    sheet->onFound = [this](std::unique_ptr<DatabaseRecord> record) {
+        host_.view().lookAt(record->position);
+        open(std::move(record));
+    };
+    host_.openSheet(std::move(sheet));
+}
+
+void PlaceCommands::identify(const std::vector<MapPlace>& places) {
+    const NavDatabase& database = host_.document().navigator().database();
+    if (places.size() == 1)
+        return open(database.recordOf(places.front().place));
+    auto sheet = std::make_unique<PlaceChooser>(&host_.window(), database, places);
+    sheet->onChosen = [this, places](std::size_t row) {
+        open(host_.document().navigator().database().recordOf(places.at(row).place));
+    };
+    host_.openSheet(std::move(sheet));
+}
+
+void PlaceCommands::openAirport(const NearAirport& airport) {
+    const DatabaseRecord* found =
+        host_.document().navigator().database().Find(airport.key, airport.position);
+    open(found != nullptr ? found->Clone() : nullptr);
+}
+
+void PlaceCommands::open(std::unique_ptr<DatabaseRecord> record) {
+    if (!record)
+        return host_.view().say(std::string(text(TextId::NotFound)));
+    std::unique_ptr<PlaceSheet> sheet = sheetFor(std::move(record));
+    sheet->onDirectTo = [this](const PlaceChoice& place) {
+        if (onDirectTo)
+            onDirectTo(place);
+    };
+    sheet->onAdded = [this](const std::string& name) {
+        host_.view().say(formatText(TextId::AddedToPlan, {std::string_view(name)}));
+    };
+    sheet->onShow = [this](GeoPoint place) { host_.view().lookAt(place); };
+    host_.openSheet(std::move(sheet));
+}
+
+std::unique_ptr<PlaceSheet> PlaceCommands::sheetFor(std::shared_ptr<DatabaseRecord> record) {
+    CKorvelDoc& document = host_.document();
+    if (record->GetKind() != kAirportKind) {
+        const std::string words = placeText(document, *record);
+        return std::make_unique<PlaceSheet>(&host_.window(), document, std::move(record), words);
+    }
+    const auto airport = std::static_pointer_cast<AirportRecord>(record);
+    document.navigator().database().loadDetails(*airport);
+    auto sheet = std::make_unique<CAirportSheet>(&host_.window(), document,
+                                                 CAirportSheet::Look{labels_, colors_}, airport);
+    sheet->onApproach = [this](std::vector<LandingRunway> runways) {
+        if (onApproach)
+            onApproach(std::move(runways));
+    };
+    return sheet;
+}
+
+}  // namespace korvel

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include <QMenu>
+
+#include "cockpit/NearAirport.h"
+#include "cockpit/PlaceSet.h"
+#include "nav/approach/LandingRunway.h"
+#include "navdb/records/DatabaseRecord.h"
+#include "paint/MapColorCache.h"
+#include "window/LabelCache.h"
+#include "window/commands/CommandHost.h"
+#include "window/sheets/PlaceChoice.h"
+
+namespace korvel {
+
+class PlaceSheet;
+
+/// What a pilot asks about places: what lies under a finger, and what an airport of a list has.
+class PlaceCommands {
+ public:
+    /// Both outlive this.
+    PlaceCommands(CommandHost& host, LabelCache& labels, const ColorScheme& scheme)
+        : host_(host), labels_(labels), colors_(scheme) {}
+
+    /// Call after the colour scheme was reloaded.
+    void schemeChanged(const ColorScheme& scheme) { colors_.refresh(scheme); }
+
+    /// Adds the commands to the menu Navigate.
+    void addTo(QMenu& menu);
+
+    void find();
+    /// Where the aircraft is, or the middle of a map that was moved.
+    void mark();
+    void listMarks();
+    /// Several places are offered in a list first.
+    void identify(const std::vector<MapPlace>& places);
+    void openAirport(const NearAirport& airport);
+
+    /// The pilot wants to fly direct to the place.
+    std::function<void(const PlaceChoice& place)> onDirectTo;
+    /// The pilot wants to land on one of these runways.
+    std::function<void(std::vector<LandingRunway>)> onApproach;
+
+ private:
+    void open(std::unique_ptr<DatabaseRecord> record);
+    std::unique_ptr<PlaceSheet> sheetFor(std::shared_ptr<DatabaseRecord> record);
+
+    CommandHost& host_;
+    LabelCache& labels_;
+    MapColorCache colors_;
+};
+
+}  // namespace korvel

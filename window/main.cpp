@@ -1,0 +1,83 @@
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include <QApplication>
+#include <QSysInfo>
+
+#include "config/StringTable.h"
+#include "window/CKorvelApp.h"
+#include "window/CommandLine.h"
+#include "window/TouchStyle.h"
+
+namespace {
+
+int complain(std::string_view error) {
+    std::cerr << "korvel: " << error << '\n';
+    return 1;
+}
+
+/// Makes it when it is missing.
+bool isFolder(const std::filesystem::path& path) {
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    return std::filesystem::is_directory(path, error);
+}
+
+/// True on systems that draw windows through a display server which may be missing.
+bool lacksDisplay() {
+    const QString kernel = QSysInfo::kernelType();
+    return kernel != QLatin1String("winnt") && kernel != QLatin1String("darwin") &&
+           qEnvironmentVariableIsEmpty("DISPLAY") &&
+           qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+           qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+/// The toolkit talks to itself on the error stream; what a user can act on is ours to say there.
+void dropToolkitChatter(QtMsgType type, const QMessageLogContext& /*context*/,
+                        const QString& message) {
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::cerr << "korvel: " << message.toStdString() << '\n';
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string_view> arguments(argv + 1, argv + argc);
+    korvel::CommandLine line;
+    if (const std::string error = korvel::parseCommandLine(arguments, line); !error.empty())
+        return complain(error);
+    if (line.help) {
+        std::cout << korvel::commandLineHelp();
+        return 0;
+    }
+    if (line.version) {
+        std::cout << korvel::text(korvel::TextId::ProgramName) << ' ' << KORVEL_VERSION << '\n';
+        return 0;
+    }
+    qInstallMessageHandler(dropToolkitChatter);
+    if (!line.profileFolder.empty() && !isFolder(line.profileFolder))
+        return complain(line.profileFolder + ": is no folder and cannot be made one");
+    if (lacksDisplay()) {
+        if (line.snapshotFile.empty())
+            return complain("there is no display to open a window on (--snapshot needs none)");
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+
+    QApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    const QApplication toolkit(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Tarnwick"));
+    QApplication::setApplicationName(QStringLiteral("Korvel Pro"));
+    QApplication::setApplicationVersion(QStringLiteral(KORVEL_VERSION));
+    QApplication::setStyle(std::make_unique<korvel::TouchStyle>().release());
+    korvel::CKorvelApp program(line);
+    if (const std::string error = program.start(); !error.empty())
+        return complain(error);
+    const std::string error = program.run();
+    return error.empty() ? 0 : complain(error);
+}

@@ -1,0 +1,78 @@
+#include "window/sheets/ApproachSheet.h"
+
+#include <utility>
+
+#include "cockpit/CKorvelDoc.h"
+#include "geo/GeoText.h"
+#include "window/QtText.h"
+
+namespace korvel {
+namespace {
+
+QString titleFor(const std::vector<LandingRunway>& runways) {
+    if (runways.empty())
+        return toQString(TextId::ApproachTitle);
+    return toQString(
+        formatText(TextId::ApproachTitleAt, {std::string_view(runways.front().airport)}));
+}
+
+TextId whyNone(const CKorvelDoc& document) {
+    if (!document.settings().apprMode)
+        return TextId::ApproachOff;
+    return document.cockpitData().position ? TextId::ApproachNoRunway : TextId::NoGpsSignal;
+}
+
+/// "27L   272°M   6000 ft".
+std::string rowText(const LandingRunway& runway, const CockpitData& data) {
+    std::string row = runway.id + "     ";
+    row += data.variationDeg ? courseText(runway.courseTrueDeg - *data.variationDeg) + "\u00b0M"
+                             : courseText(runway.courseTrueDeg) + "\u00b0T";
+    if (runway.lengthFt)
+        row += "     " + altitudeText(*runway.lengthFt, data.altUnit);
+    return row;
+}
+
+}  // namespace
+
+ApproachSheet::ApproachSheet(QWidget* parent, CKorvelDoc& document,
+                             std::vector<LandingRunway> runways)
+    : Sheet(parent, titleFor(runways), QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
+      document_(document),
+      runways_(std::move(runways)) {
+    for (const LandingRunway& runway : runways_)
+        addRunway(runway);
+    addTallRow(list_);
+    addNote(none_);
+    ApproachMode& mode = document_.navigator().approach().mode();
+    if (runways_.empty()) {
+        none_.setText(toQString(whyNone(document_)));
+        list_.hide();
+    }
+    leave_.setText(toQString(TextId::ApproachLeave));
+    leave_.setEnabled(mode.runway().has_value());
+    leave_.setAutoDefault(false);
+    addRow(leave_);
+    connect(&leave_, &QPushButton::clicked, this, [this, &mode] {
+        mode.leave();
+        QDialog::accept();
+    });
+    connect(&list_, &QListWidget::itemClicked, this, [this] { accept(); });
+    setPreferredWidth(9 * kRowPixels);
+    list_.setFocus();
+}
+
+void ApproachSheet::addRunway(const LandingRunway& runway) {
+    auto* item = new QListWidgetItem(toQString(rowText(runway, document_.cockpitData())), &list_);
+    item->setSizeHint({0, kRowPixels});
+    const auto& flown = document_.navigator().approach().mode().runway();
+    if (list_.count() == 1 || (flown && *flown == runway))
+        list_.setCurrentItem(item);
+}
+
+void ApproachSheet::accept() {
+    if (const int row = list_.currentRow(); row >= 0)
+        document_.navigator().approach().mode().choose(runways_.at(static_cast<std::size_t>(row)));
+    Sheet::accept();
+}
+
+}  // namespace korvel

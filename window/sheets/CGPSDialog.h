@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+
+#include "window/sheets/Sheet.h"
+
+namespace korvel {
+
+/// Chooses the receiver's port: searched for, or one port at one speed.
+class CGPSDialog final : public Sheet {
+ public:
+    /// `settings` is the "Port" setting, empty for the search.
+    CGPSDialog(QWidget* parent, std::string_view settings);
+
+    /// What the receiver does, asked for twice a second.
+    std::function<std::string()> status;
+    /// The pilot wants to see its sentences.
+    std::function<void()> onTrace;
+
+    /// The choice in the form of the "Port" setting.
+    std::string settings() const;
+
+ private:
+    void fill(std::string_view settings);
+
+    QRadioButton search_;
+    QRadioButton fixed_;
+    QComboBox port_;
+    QComboBox baud_;
+    QLabel hint_;
+    QLabel status_;
+    QPushButton trace_;
+    QTimer timer_;
+};
+
+}  // namespace korvel

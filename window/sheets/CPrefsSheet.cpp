@@ -1,0 +1,133 @@
+#include "window/sheets/CPrefsSheet.h"
+
+#include <array>
+
+#include <QFormLayout>
+#include <QScrollArea>
+#include <QTabBar>
+
+#include "base/TextNumbers.h"
+#include "cockpit/CKorvelDoc.h"
+#include "window/QtText.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::array kAllPages = {PrefsPage::General,  PrefsPage::Map,         PrefsPage::MapLayers,
+                                  PrefsPage::Approach, PrefsPage::Identifiers, PrefsPage::Gps,
+                                  PrefsPage::Log,      PrefsPage::Pages};
+constexpr std::array kMapPages = {PrefsPage::Map, PrefsPage::MapLayers};
+constexpr std::array kPagesPage = {PrefsPage::Pages};
+constexpr int kRowSpacing = 4;
+
+}  // namespace
+
+CPrefsSheet::CPrefsSheet(QWidget* parent, CKorvelDoc& document)
+    : CPrefsSheet(parent, document, kAllPages) {}
+
+CPrefsSheet::CPrefsSheet(QWidget* parent, CKorvelDoc& document, std::span<const PrefsPage> pages)
+    : Sheet(parent, toQString(TextId::PrefsTitle), QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
+      document_(document) {
+    tabs_.setUsesScrollButtons(true);
+    tabs_.tabBar()->setMinimumHeight(kRowPixels);
+    tabs_.tabBar()->setVisible(pages.size() > 1);
+    for (const PrefsPage page : pages)
+        tabs_.addTab(makePage(page, document.settings()).release(), toQString(prefsPageName(page)));
+    message_.setWordWrap(true);
+    message_.hide();
+    addTallRow(tabs_);
+    addRow(message_);
+    setPreferredWidth(18 * kRowPixels);
+}
+
+std::unique_ptr<QWidget> CPrefsSheet::makePage(PrefsPage page, const Settings& settings) {
+    auto rows = std::make_unique<QWidget>();
+    auto* form = new QFormLayout(rows.get());
+    form->setVerticalSpacing(kRowSpacing);
+    form->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    if (page == PrefsPage::Pages) {
+        auto* help = new QLabel(toQString(TextId::PagesHelp), rows.get());
+        help->setWordWrap(true);
+        form->addRow(help);
+    }
+    for (const PrefRow& row : prefRows())
+        if (row.page == page)
+            addEditor(*rows, row, row.valueIn(settings));
+    auto scroll = std::make_unique<QScrollArea>();
+    scroll->setWidgetResizable(true);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(rows.release());
+    return scroll;
+}
+
+void CPrefsSheet::addEditor(QWidget& page, const PrefRow& row, const SettingValue& value) {
+    auto& form = static_cast<QFormLayout&>(*page.layout());
+    const QString name = toQString(row.label);
+    Editor editor{.row = row, .tab = tabs_.count()};
+    QWidget* widget = nullptr;
+    if (row.kind == PrefKind::Flag) {
+        widget = editor.box = new QCheckBox(name, &page);
+        editor.box->setChecked(std::get<int>(value) != 0);
+        form.addRow(widget);
+    } else if (row.kind == PrefKind::Choice) {
+        widget = editor.list = new QComboBox(&page);
+        for (const TextId choice : row.choices)
+            editor.list->addItem(toQString(choice));
+        const int index = std::get<int>(value);
+        editor.list->setCurrentIndex(index >= 0 && index < editor.list->count() ? index : 0);
+    } else {
+        const int* number = std::get_if<int>(&value);
+        widget = editor.line = new QLineEdit(&page);
+        editor.line->setText(
+            toQString(number == nullptr ? std::get<std::string>(value) : formatInt(*number)));
+        if (row.kind == PrefKind::Text)
+            editor.line->setMaxLength(row.highest);
+    }
+    if (editor.box == nullptr)
+        form.addRow(name, widget);
+    widget->setMinimumHeight(kRowPixels);
+    widget->setAccessibleName(name);
+    // A number out of range shows, and is asked for, when the pilot accepts.
+    if (!read(editor, editor.shown).empty())
+        editor.shown = value;
+    editors_.push_back(editor);
+}
+
+std::string CPrefsSheet::read(const Editor& editor, SettingValue& value) {
+    if (editor.line != nullptr)
+        return editor.row.read(editor.line->text().trimmed().toStdString(), value);
+    value = editor.box == nullptr ? editor.list->currentIndex() : (editor.box->isChecked() ? 1 : 0);
+    return {};
+}
+
+void CPrefsSheet::accept() {
+    Settings settings = document_.settings();
+    for (const Editor& editor : editors_) {
+        SettingValue value;
+        const std::string error = read(editor, value);
+        if (!error.empty()) {
+            message_.setText(toQString(error));
+            message_.show();
+            tabs_.setCurrentIndex(editor.tab);
+            editor.line->setFocus();
+            return;
+        }
+        if (value != editor.shown)
+            editor.row.store(value, settings);
+    }
+    document_.applySettings(settings);
+    Sheet::accept();
+}
+
+CMapDialog::CMapDialog(QWidget* parent, CKorvelDoc& document)
+    : CPrefsSheet(parent, document, kMapPages) {
+    setWindowTitle(toQString(TextId::PrefsMap));
+}
+
+CViewPagesDialog::CViewPagesDialog(QWidget* parent, CKorvelDoc& document)
+    : CPrefsSheet(parent, document, kPagesPage) {
+    setWindowTitle(toQString(TextId::PrefsPages));
+}
+
+}  // namespace korvel

@@ -1,0 +1,41 @@
+#include "window/sheets/ConnectedSheet.h"
+
+#include <utility>
+
+#include "window/QtText.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kUpdateMs = 1000;
+
+}  // namespace
+
+ConnectedSheet::ConnectedSheet(QWidget* parent, std::function<std::string()> words)
+    : TextSheet(parent, toQString(TextId::ConnectedTitle), {}), source_(std::move(words)) {
+    update();
+    connect(&timer_, &QTimer::timeout, this, [this] { update(); });
+    connect(this, &QDialog::finished, &timer_, &QTimer::stop);
+    timer_.start(kUpdateMs);
+}
+
+/// Words that have not changed stay as they are scrolled and marked.
+void ConnectedSheet::update() {
+    QString now = toQString(source_());
+    if (now == shown_)
+        return;
+    shown_ = std::move(now);
+    words().setPlainText(shown_);
+}
+
+void ConnectedSheet::addNext(TextId name, const std::function<void()>& next) {
+    auto* button = new QPushButton(toQString(name), this);  // the sheet owns it
+    button->setAutoDefault(false);
+    addRow(*button);
+    connect(button, &QPushButton::clicked, this, [this, next] {
+        QDialog::accept();
+        next();
+    });
+}
+
+}  // namespace korvel

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include <QPushButton>
+#include <QTimer>
+
+#include "config/StringTable.h"
+#include "window/sheets/TextSheet.h"
+
+namespace korvel {
+
+/// What is connected and loaded, kept up to date, and what to do next about it. The very first
+/// start opens it.
+class ConnectedSheet final : public TextSheet {
+ public:
+    /// `words` is asked again every second.
+    ConnectedSheet(QWidget* parent, std::function<std::string()> words);
+
+    /// Adds a button that closes the sheet and does this.
+    void addNext(TextId name, const std::function<void()>& next);
+
+ private:
+    void update();
+
+    std::function<std::string()> source_;
+    QString shown_;
+    QTimer timer_;
+};
+
+}  // namespace korvel

@@ -1,0 +1,83 @@
+#include "window/sheets/PlaceSheet.h"
+
+#include <QLabel>
+
+#include "cockpit/CKorvelDoc.h"
+#include "geo/GeoText.h"
+#include "geo/Geodesy.h"
+#include "nav/plan/PlanEdit.h"
+#include "window/QtText.h"
+
+namespace korvel {
+namespace {
+
+/// Where it is, and where that is from the aircraft.
+std::string positionText(const CockpitData& data, GeoPoint place) {
+    std::string lines = coordinatesText(place) + '\n';
+    if (!data.position)
+        return lines;
+    const double bearing = TrueCourseDeg(*data.position, place) - data.variationDeg.value_or(0);
+    return lines + distanceText(DistanceNm(*data.position, place)) + "   " + courseText(bearing) +
+           (data.variationDeg ? "\u00b0M\n" : "\u00b0T\n");
+}
+
+}  // namespace
+
+std::string placeText(const CKorvelDoc& document, const DatabaseRecord& record) {
+    const CockpitData& data = document.cockpitData();
+    std::string lines = std::string(record.ident.view()) + "   " + std::string(record.GetName());
+    if (record.expired)
+        lines += "   " + std::string(text(TextId::Expired));
+    lines += '\n';
+    if (const std::string info = record.GetInfoText(); !info.empty())
+        lines += info + '\n';
+    if (IsValid(record.position))
+        lines += positionText(data, record.position);
+    return lines;
+}
+
+PlaceSheet::PlaceSheet(QWidget* parent, CKorvelDoc& document,
+                       const std::shared_ptr<const DatabaseRecord>& record,
+                       const std::string& words)
+    : Sheet(parent, toQString(record->ident.view()), QDialogButtonBox::Close) {
+    auto* page = new QWidget;  // the scroll area takes it
+    content_ = new QHBoxLayout(page);
+    auto* label = new QLabel(toQString(words));  // its layout's parent's
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignTop);
+    content_->addWidget(label, 1);
+    scroll_.setWidget(page);
+    scroll_.setWidgetResizable(true);
+    setPreferredWidth(13 * kRowPixels);
+    addTallRow(scroll_);
+    addButton(direct_, TextId::DirectToTitle, [this, record] {
+        QDialog::accept();
+        if (onDirectTo)
+            onDirectTo({.identifier = record->key, .where = record->position});
+    });
+    addButton(add_, TextId::AddToPlan, [this, &document, record] {
+        PlanDesk& plan = document.navigator().plan();
+        PlanEntries entries = plan.entries();
+        const std::size_t end = entries.size();
+        plan.replace(withRecord(std::move(entries), end, record));
+        QDialog::accept();
+        if (onAdded)
+            onAdded(std::string(record->ident.view()));
+    });
+    addButton(show_, TextId::ShowOnMap, [this, record] {
+        QDialog::accept();
+        if (onShow)
+            onShow(record->position);
+    });
+}
+
+void PlaceSheet::addButton(QPushButton& button, TextId text, const std::function<void()>& handler) {
+    button.setText(toQString(text));
+    button.setAutoDefault(false);
+    button.setMinimumSize(2 * kRowPixels, kRowPixels);
+    buttons().addButton(&button, QDialogButtonBox::ActionRole);
+    connect(&button, &QPushButton::clicked, this, handler);
+}
+
+}  // namespace korvel

@@ -1,0 +1,110 @@
+#include "window/sheets/PlanRowSheet.h"
+
+#include <memory>
+
+#include <QHBoxLayout>
+
+#include "cockpit/CKorvelDoc.h"
+#include "config/StringTable.h"
+#include "nav/plan/PlanEdit.h"
+#include "nav/plan/RouteWords.h"
+#include "window/QtText.h"
+
+namespace korvel {
+namespace {
+
+/// Adds a row of widgets side by side, which stay the caller's.
+void addSideBySide(QVBoxLayout& column, std::initializer_list<QWidget*> widgets) {
+    auto layout = std::make_unique<QHBoxLayout>();
+    for (QWidget* widget : widgets) {
+        widget->setMinimumHeight(Sheet::kRowPixels);
+        layout->addWidget(widget);
+    }
+    column.addLayout(layout.release());
+}
+
+}  // namespace
+
+PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t row)
+    : Sheet(parent, toQString(TextId::PlanRowTitle), QDialogButtonBox::Close),
+      document_(document),
+      row_(row) {
+    const PlanEntries entries = document.navigator().plan().entries();
+    if (row < entries.size()) {
+        place_ = {.identifier = entries[row].key, .where = entries[row].record->position};
+        const QString ident = QString::fromStdString(entries[row].text);
+        const QString name = toQString(entries[row].record->GetName());
+        title_.setText(name == ident ? ident : QStringLiteral("%1   %2").arg(ident, name));
+    }
+    title_.setAccessibleName(title_.text());
+    words_.setPlaceholderText(toQString(TextId::InsertHint));
+    altitude_.setPlaceholderText(toQString(TextId::AltitudeHint));
+    addRow(title_);
+    addButton(fly_, TextId::FlyToRow, [this] {
+        document_.navigator().plan().flyTo(row_);
+        QDialog::accept();
+    });
+    addButton(direct_, TextId::DirectToTitle, [this] {
+        QDialog::accept();
+        if (onDirectTo)
+            onDirectTo(place_);
+    });
+    addButton(up_, TextId::MoveRowUp, [this] { move(true); });
+    addButton(down_, TextId::MoveRowDown, [this] { move(false); });
+    addButton(remove_, TextId::RemoveRow, [this] { remove(); });
+    addButton(setAltitude_, TextId::SetAltitude, [this] { setAltitude(); });
+    addButton(insert_, TextId::InsertWords, [this] { insertBefore(); });
+    addSideBySide(column(), {&fly_, &direct_});
+    addSideBySide(column(), {&up_, &down_, &remove_});
+    addSideBySide(column(), {&altitude_, &setAltitude_});
+    addSideBySide(column(), {&words_, &insert_});
+    addNote(message_);
+    connect(&altitude_, &QLineEdit::returnPressed, this, [this] { setAltitude(); });
+    connect(&words_, &QLineEdit::returnPressed, this, [this] { insertBefore(); });
+    setPreferredWidth(12 * kRowPixels);
+}
+
+void PlanRowSheet::addButton(QPushButton& button, TextId text,
+                             const std::function<void()>& handler) {
+    button.setText(toQString(text));
+    button.setAutoDefault(false);
+    connect(&button, &QPushButton::clicked, this, handler);
+}
+
+void PlanRowSheet::setAltitude() {
+    PlanDesk& plan = document_.navigator().plan();
+    const auto feet = typedAltitude(altitude_.text().toStdString());
+    if (!feet)
+        return message_.setText(toQString(TextId::InvalidAltitude));
+    PlanEditResult result = withAltitude(plan.entries(), row_, *feet);
+    if (!result.error.empty())
+        return message_.setText(toQString(result.error));
+    plan.replace(std::move(result.entries));
+    QDialog::accept();
+}
+
+void PlanRowSheet::insertBefore() {
+    Navigator& navigator = document_.navigator();
+    PlanDesk& plan = navigator.plan();
+    PlanEditResult result =
+        insertWords(plan.entries(), row_, typedIdents(words_.text().toStdString()),
+                    navigator.database(), plan.fixes(), document_.cockpitData().position);
+    if (!result.error.empty())
+        return message_.setText(toQString(result.error));
+    plan.replace(std::move(result.entries));
+    QDialog::accept();
+}
+
+void PlanRowSheet::move(bool up) {
+    PlanDesk& plan = document_.navigator().plan();
+    plan.replace(withRowMoved(plan.entries(), row_, up));
+    QDialog::accept();
+}
+
+void PlanRowSheet::remove() {
+    PlanDesk& plan = document_.navigator().plan();
+    plan.replace(withoutRow(plan.entries(), row_));
+    QDialog::accept();
+}
+
+}  // namespace korvel

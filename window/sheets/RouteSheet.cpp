@@ -1,0 +1,79 @@
+#include "window/sheets/RouteSheet.h"
+
+#include <QPushButton>
+
+#include "cockpit/CKorvelDoc.h"
+#include "config/StringTable.h"
+#include "geo/Geodesy.h"
+#include "geo/Units.h"
+#include "nav/plan/RouteCheck.h"
+#include "nav/plan/RouteWords.h"
+#include "window/QtText.h"
+
+namespace korvel {
+namespace {
+
+/// The mark beside a word: its meaning is not left to a colour.
+QString marked(const CheckedWord& word) {
+    const QString name = QString::fromStdString(word.word).toHtmlEscaped();
+    switch (word.kind) {
+        case CheckedWord::Kind::Place:
+            return QStringLiteral("%1&nbsp;\u2713").arg(name);
+        case CheckedWord::Kind::Airway:
+            return word.message.empty() ? QStringLiteral("<i>%1</i>&nbsp;\u2713").arg(name)
+                                        : QStringLiteral("<b>%1&nbsp;\u2717</b>").arg(name);
+        default:
+            return QStringLiteral("<b>%1&nbsp;\u2717</b>").arg(name);
+    }
+}
+
+}  // namespace
+
+RouteSheet::RouteSheet(QWidget* parent, CKorvelDoc& document)
+    : Sheet(parent, toQString(TextId::RouteTitle), QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
+      document_(document) {
+    line_.setPlaceholderText(toQString(TextId::RouteHint));
+    words_.setWordWrap(true);
+    words_.setTextFormat(Qt::RichText);
+    words_.setMinimumHeight(3 * kRowPixels);
+    words_.setAlignment(Qt::AlignTop);
+    for (QWidget* row : std::initializer_list<QWidget*>{&line_, &words_})
+        addRow(*row);
+    addNote(message_);
+    setPreferredWidth(14 * kRowPixels);
+    connect(&line_, &QLineEdit::textEdited, this, [this] { check(); });
+    Navigator& navigator = document.navigator();
+    line_.setText(toQString(routeLine(navigator.plan().entries(), navigator.database(),
+                                      document.cockpitData().position)));
+    line_.selectAll();
+    line_.setFocus();
+    check();
+}
+
+void RouteSheet::check() {
+    Navigator& navigator = document_.navigator();
+    const RouteCheck route =
+        checkRoute(typedIdents(line_.text().toStdString()), navigator.database(),
+                   navigator.plan().fixes(), document_.cockpitData().position);
+    QStringList words;
+    for (const CheckedWord& word : route.words)
+        words.append(marked(word));
+    words_.setText(words.join(QStringLiteral(" &nbsp; ")));
+    if (route.words.empty() || !route.error.empty())
+        return message_.setText(toQString(route.error));
+    UnitLabels labels;
+    const int total = RoundToInt(ConvertDistance(route.totalNm, &labels));
+    message_.setText(toQString(
+        formatText(TextId::RouteSummary, {static_cast<int>(route.count), total, labels.distance})));
+}
+
+void RouteSheet::accept() {
+    const std::string error =
+        document_.navigator().plan().enterRoute(typedIdents(line_.text().toStdString()));
+    if (error.empty())
+        return QDialog::accept();
+    message_.setText(toQString(error));
+    line_.setFocus();
+}
+
+}  // namespace korvel

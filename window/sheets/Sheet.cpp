@@ -1,0 +1,187 @@
+#include "window/sheets/Sheet.h"
+
+#include <algorithm>
+#include <memory>
+
+#include <QAbstractItemView>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScroller>
+
+#include "window/QtText.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kMargin = 10;
+constexpr int kSpacing = 6;
+/// The application's note that the pilot types with the key pad.
+constexpr const char* kKeyPadWanted = "keyPadWanted";
+
+bool isKeyPadWanted() { return QCoreApplication::instance()->property(kKeyPadWanted).toBool(); }
+
+}  // namespace
+
+Sheet::Sheet(QWidget* parent, const QString& title, QDialogButtonBox::StandardButtons buttons)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint),
+      outer_(this),
+      column_(&body_),
+      keyPad_(this),
+      buttons_(buttons) {
+    setWindowTitle(title);
+    setWindowModality(Qt::WindowModal);
+    outer_.setContentsMargins(0, 0, 0, 0);
+    outer_.setSpacing(0);
+    column_.setContentsMargins(kMargin, kMargin, kMargin, kSpacing);
+    column_.setSpacing(kSpacing);
+    addHeader(title);
+    outer_.addWidget(&body_, 1);
+    addFoot();
+    connect(this, &QWidget::windowTitleChanged, &title_, &QLabel::setText);
+    connect(&buttons_, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(&buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    if (parent != nullptr)
+        parent->window()->installEventFilter(this);
+}
+
+void Sheet::addHeader(const QString& title) {
+    header_.setBackgroundRole(QPalette::Highlight);
+    title_.setForegroundRole(QPalette::HighlightedText);
+    header_.setAutoFillBackground(true);
+    auto* row = new QHBoxLayout(&header_);  // the header owns its layout
+    row->setContentsMargins(kMargin, 0, 0, 0);
+    row->addWidget(&title_, 1);
+    row->addWidget(&back_);
+    QFont bold = title_.font();
+    bold.setBold(true);
+    title_.setFont(bold);
+    title_.setText(title);
+    back_.setText(QStringLiteral("\u00D7"));
+    back_.setStyleSheet(QStringLiteral(
+        "QToolButton { color: palette(highlighted-text); border: none; font-size: 24px; }"));
+    back_.setAccessibleName(toQString(TextId::CloseSheet));
+    back_.setFocusPolicy(Qt::NoFocus);
+    back_.setFixedSize(kRowPixels + kMargin, kRowPixels);
+    connect(&back_, &QToolButton::clicked, this, &QDialog::reject);
+    outer_.addWidget(&header_);
+}
+
+void Sheet::addFoot() {
+    auto foot = std::make_unique<QVBoxLayout>();
+    foot->setContentsMargins(kMargin, 0, kMargin, kMargin);
+    foot->setSpacing(kSpacing);
+    foot->addWidget(&keyPad_);
+    auto row = std::make_unique<QHBoxLayout>();
+    row->addWidget(&keyPadButton_);
+    row->addWidget(&buttons_, 1);
+    foot->addLayout(row.release());
+    outer_.addLayout(foot.release());
+    keyPad_.hide();
+    keyPadButton_.setText(toQString(TextId::KeyPadShow));
+    keyPadButton_.setCheckable(true);
+    keyPadButton_.setFocusPolicy(Qt::NoFocus);
+    keyPadButton_.setMinimumSize(2 * kRowPixels, kRowPixels);
+    connect(&keyPadButton_, &QToolButton::clicked, this, &Sheet::showKeyPad);
+    for (QAbstractButton* button : buttons_.buttons())
+        button->setMinimumSize(3 * kRowPixels, kRowPixels);
+}
+
+void Sheet::addRow(QWidget& row) {
+    row.setMinimumHeight(std::max(kRowPixels, row.minimumHeight()));
+    column_.addWidget(&row);
+}
+
+void Sheet::addNote(QLabel& note) {
+    note.setWordWrap(true);
+    column_.addWidget(&note);
+}
+
+void Sheet::addTallRow(QWidget& row) { column_.addWidget(&row, 1); }
+
+void Sheet::showEvent(QShowEvent* event) {
+    // The rows stay together at the top unless one of them takes the height.
+    bool hasTallRow = false;
+    for (int i = 0; i < column_.count(); ++i)
+        hasTallRow |= column_.stretch(i) > 0;
+    if (!hasTallRow)
+        column_.addStretch(1);
+    offerKeyPad();
+    letFingersScroll();
+    place();
+    QDialog::showEvent(event);
+}
+
+/// Enter presses the button that is marked, and only without one accepts the whole.
+void Sheet::keyPressEvent(QKeyEvent* event) {
+    const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto* marked = qobject_cast<QPushButton*>(focusWidget());
+    if (enters && marked != nullptr && marked->hasFocus())
+        return marked->click();
+    QDialog::keyPressEvent(event);
+}
+
+void Sheet::letFingersScroll() {
+    for (auto* area : body_.findChildren<QAbstractScrollArea*>())
+        QScroller::grabGesture(area->viewport(), QScroller::TouchGesture);
+    for (auto* list : body_.findChildren<QAbstractItemView*>())
+        list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+}
+
+/// There is something to type when the sheet has a line for it.
+void Sheet::offerKeyPad() {
+    const auto lines = body_.findChildren<QLineEdit*>();
+    keyPadButton_.setVisible(!lines.empty());
+    for (QLineEdit* line : lines) {
+        line->setAttribute(Qt::WA_AcceptTouchEvents);  // or it would hear of the mouse only
+        line->installEventFilter(this);
+    }
+    showKeyPad(!lines.empty() && isKeyPadWanted());
+}
+
+void Sheet::showKeyPad(bool on) {
+    keyPad_.setVisible(on);
+    keyPadButton_.setChecked(on);
+    place();  // the layout has grown the sheet, and would leave it so
+    if (keyPadButton_.isVisible())
+        QCoreApplication::instance()->setProperty(kKeyPadWanted, on);
+}
+
+bool Sheet::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::Resize:
+        case QEvent::Move:
+            if (isVisible() && watched == parentWidget()->window())
+                place();
+            break;
+        case QEvent::TouchBegin:
+            if (watched->inherits("QLineEdit"))
+                showKeyPad(true);
+            break;
+        case QEvent::KeyPress:
+            // What the pad sends does not come from the system.
+            if (event->spontaneous() && keyPad_.isVisible())
+                showKeyPad(false);
+            break;
+        default:
+            break;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void Sheet::place() {
+    if (parentWidget() == nullptr)
+        return;
+    const QWidget& window = *parentWidget()->window();
+    const QSize room = window.size();
+    const int wanted = std::max({preferredWidth_ * font().pixelSize() / kUsualLetters,
+                                 sizeHint().width(), minimumSizeHint().width()});
+    const int width = std::min(wanted, room.width());
+    setGeometry(
+        QRect(window.mapToGlobal(QPoint(room.width() - width, 0)), QSize(width, room.height())));
+}
+
+}  // namespace korvel
