@@ -1,11 +1,12 @@
-# korvel_room(TARGET FOLDER folder HEADERS ... SOURCES ... LINKS ...)
+# korvel_room(TARGET [OWN_PRECOMPILED] FOLDER folder HEADERS ... SOURCES ... LINKS ...)
 #
 # One room of the house as a static library. Its headers are seen through an include
 # folder of its own that holds links to them and nothing else, so that
 # #include "folder/Header.h" compiles only where the room is linked: an arrow that the
-# design does not have is a compile error.
+# design does not have is a compile error. OWN_PRECOMPILED says that the room names the headers
+# that are worth precompiling for it itself.
 function(korvel_room target)
-  cmake_parse_arguments(ROOM "" "FOLDER" "HEADERS;SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ROOM "OWN_PRECOMPILED" "FOLDER" "HEADERS;SOURCES;LINKS" ${ARGN})
   set(view ${CMAKE_BINARY_DIR}/include/${target})
   file(REMOVE_RECURSE ${view})
   foreach(header IN LISTS ROOM_HEADERS)
@@ -19,6 +20,10 @@ function(korvel_room target)
     add_library(${target} STATIC ${ROOM_SOURCES})
     target_include_directories(${target} PUBLIC ${view})
     target_link_libraries(${target} PUBLIC ${ROOM_LINKS} PRIVATE korvel_warnings)
+    if(NOT ROOM_OWN_PRECOMPILED)
+      target_precompile_headers(${target} REUSE_FROM korvel_standard)
+      korvel_follows_precompiled(${target})
+    endif()
   else()
     add_library(${target} INTERFACE)
     target_include_directories(${target} INTERFACE ${view})
