@@ -39,8 +39,8 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
       gpsPort_(foundations.openDevice, foundations.clock),
       gyroPort_(foundations.openDevice, foundations.clock),
       monitor_({gpsPort_, gyroPort_, *this, input_, *this, foundations.profile, foundations.clock}),
-      navigator_(foundations.clock, foundations.folder),
-      userFixes_(profile_, navigator_),
+      flight_(foundations.clock, foundations.folder),
+      userFixes_(profile_, flight_),
       portFromScan_(foundations.profile.getInt(kOptionsSection, kPortScanned, 0) != 0),
       lastConnectedMs_(foundations.clock.tickMs()) {
     SetDistanceUnit(settings_.gsUnit);
@@ -59,19 +59,19 @@ void CKorvelDoc::tick() {
     status_ = monitor_.connectionStatus(true);
     reconsiderPort();
     const ActiveNavigation::Aircraft aircraft = received();
-    navigator_.lookAround(aircraft);
+    flight_.lookAround(aircraft);
     if (beforeNavigation) {
         beforeNavigation();
     }
-    navigator_.tick(settings_, variation(), aircraft);
-    navigator_.refresh(variation());
+    flight_.tick(settings_, variation(), aircraft);
+    flight_.refresh(variation());
     CockpitData data = collectData();
-    attitude_.update(data, navigator_.tickMs());
+    attitude_.update(data, flight_.tickMs());
     show(std::move(data));
 }
 
 void CKorvelDoc::refresh() {
-    navigator_.refresh(variation());
+    flight_.refresh(variation());
     CockpitData data = collectData();
     // The attitude comes out of the ticks alone.
     data.turnRateDegPerSec = data_.turnRateDegPerSec;
@@ -147,7 +147,7 @@ Variation CKorvelDoc::variation() const {
     const double receiver = input_.store().own().magVariation;
     // The receiver counts east as negative.
     return {.receiverDeg = receiver == kNoAngle ? kNoAngle : -receiver,
-            .databaseDeg = navigator_.databaseVariationDeg(),
+            .databaseDeg = flight_.databaseVariationDeg(),
             .ignoreReceiver = settings_.ignoreMagVar != 0};
 }
 
@@ -182,7 +182,7 @@ CockpitData CKorvelDoc::collectData() {
     data.now = clock_.localNow();
     data.altUnit = settings_.altUnit;
     collectFix(data);
-    navigator_.collect(data, variation());
+    flight_.collect(data, variation());
     return data;
 }
 

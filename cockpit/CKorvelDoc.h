@@ -11,7 +11,7 @@
 #include "cockpit/AttitudeModule.h"
 #include "cockpit/CockpitData.h"
 #include "cockpit/DerivedAttitude.h"
-#include "cockpit/Navigator.h"
+#include "cockpit/Flight.h"
 #include "cockpit/UserFixes.h"
 #include "config/ProfileFile.h"
 #include "config/Settings.h"
@@ -58,8 +58,8 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     std::function<void()> beforeNavigation;
 
     /// Places, plan, simulator, track. What is done there shows with the next tick.
-    Navigator& navigator() { return navigator_; }
-    const Navigator& navigator() const { return navigator_; }
+    Flight& flight() { return flight_; }
+    const Flight& flight() const { return flight_; }
 
     /// The points that the pilot has marked.
     UserFixes& userFixes() { return userFixes_; }
@@ -93,11 +93,9 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
  private:
     void onLine(SerialPort& port, std::string_view text) override;
 
-    bool simulatorActive() const override { return navigator_.simulator().running(); }
-    std::int32_t simulatedAltitudeFt() const override {
-        return navigator_.simulator().altitudeFt();
-    }
-    double databaseVariationDeg() const override { return navigator_.databaseVariationDeg(); }
+    bool simulatorActive() const override { return flight_.simulator().running(); }
+    std::int32_t simulatedAltitudeFt() const override { return flight_.simulator().altitudeFt(); }
+    double databaseVariationDeg() const override { return flight_.databaseVariationDeg(); }
     bool ignoreReceiverVariation() const override { return settings_.ignoreMagVar != 0; }
     std::string portSettings() const override { return gpsPort_.settings(); }
     void writeToPort(std::string_view bytes) override { gpsPort_.write(bytes); }
@@ -124,7 +122,7 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     SerialPort gpsPort_;
     SerialPort gyroPort_;
     ConnectionMonitor monitor_;
-    Navigator navigator_;
+    Flight flight_;
     UserFixes userFixes_;
 
     std::string status_;  // of the connection, empty while there is a fix

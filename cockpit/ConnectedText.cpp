@@ -78,9 +78,9 @@ std::string expiryText(std::uint32_t yyyymmdd, const LocalTime& now) {
 
 void addDatabases(std::string& words, const CKorvelDoc& document,
                   std::span<const std::filesystem::path> folders) {
-    const auto& files = document.navigator().database().files();
+    const auto& files = document.flight().database().files();
     addLine(words, formatText(TextId::ConnectedDatabases, {static_cast<int>(files.size())}));
-    addLine(words, document.navigator().databaseNotice());
+    addLine(words, document.flight().databaseNotice());
     for (const auto& file : files)
         addLine(words, *file->fileName() + "   " +
                            expiryText(file->header().expiry, document.cockpitData().now));
@@ -90,7 +90,7 @@ void addDatabases(std::string& words, const CKorvelDoc& document,
     for (const std::filesystem::path& folder : folders)
         if (!folder.empty())
             addLine(words, "  " + folder.string());
-    if (const auto& report = document.navigator().report().path(); !report.empty()) {
+    if (const auto& report = document.flight().report().path(); !report.empty()) {
         addLine(words, text(TextId::ConnectedReport));
         addLine(words, "  " + report.string());
     }
@@ -113,17 +113,17 @@ std::string connectedText(const CKorvelDoc& document,
 
 std::string loadReportText(const CKorvelDoc& document,
                            std::span<const std::filesystem::path> folders) {
-    const Navigator& navigator = document.navigator();
+    const Flight& flight = document.flight();
     std::string words;
-    if (navigator.database().files().empty())
+    if (flight.database().files().empty())
         addLine(words, text(TextId::NoDatabaseHelp));
-    else if (!navigator.databaseNotice().empty())
+    else if (!flight.databaseNotice().empty())
         addLine(words, text(TextId::OldDatabaseHelp));
     addLine(words, "");
     addDatabases(words, document, folders);
     addLine(words, "");
     addLine(words, text(TextId::LoadReportLines));
-    return words + navigator.report().text();
+    return words + flight.report().text();
 }
 
 }  // namespace korvel

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "cockpit/Navigator.h"
+#include "cockpit/Flight.h"
 
 namespace korvel {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/TextNumbers.h"
-#include "cockpit/Navigator.h"
+#include "cockpit/Flight.h"
 #include "config/ProfileFile.h"
 #include "config/StringTable.h"
 #include "nav/plan/RouteWords.h"
@@ -38,8 +38,7 @@ FixRecord recordOf(const UserFix& fix) {
 
 }  // namespace
 
-UserFixes::UserFixes(ProfileFile& profile, Navigator& navigator)
-    : profile_(profile), navigator_(navigator) {
+UserFixes::UserFixes(ProfileFile& profile, Flight& flight) : profile_(profile), flight_(flight) {
     load();
     putInForce();
 }
@@ -71,7 +70,7 @@ void UserFixes::putInForce() {
     records.reserve(fixes_.size());
     for (const UserFix& fix : fixes_)
         records.push_back(recordOf(fix));
-    navigator_.loader().setMarkedFixes(std::move(records));
+    flight_.loader().setMarkedFixes(std::move(records));
 }
 
 std::string UserFixes::proposedName() const {
@@ -88,8 +87,8 @@ std::string UserFixes::refusal(std::string_view name) const {
     if (!isName(name) || fixes_.size() >= kMostFixes)
         return std::string(text(TextId::MarkNameInvalid));
     std::vector<std::string> airway;
-    navigator_.database().GetAirwayRoutes(name, airway);
-    const bool isTaken = !airway.empty() || navigator_.database().Find(name) != nullptr ||
+    flight_.database().GetAirwayRoutes(name, airway);
+    const bool isTaken = !airway.empty() || flight_.database().Find(name) != nullptr ||
                          std::ranges::find(fixes_, name, &UserFix::name) != fixes_.end();
     return isTaken ? formatText(TextId::MarkNameTaken, {name}) : std::string();
 }
@@ -105,7 +104,7 @@ std::string UserFixes::add(std::string_view name, GeoPoint position) {
 
 std::string UserFixes::remove(std::size_t index) {
     const std::string key = makeRecordKey(kFixKind, fixes_.at(index).name);
-    const auto entries = navigator_.plan().entries();
+    const auto entries = flight_.plan().entries();
     if (std::ranges::any_of(entries, [&](const auto& entry) { return entry.record->key == key; }))
         return formatText(TextId::MarkInPlan, {std::string_view(fixes_[index].name)});
     fixes_.erase(fixes_.begin() + static_cast<std::ptrdiff_t>(index));

@@ -10,7 +10,7 @@
 
 namespace korvel {
 
-class Navigator;
+class Flight;
 class ProfileFile;
 
 /// A point that the pilot has marked.
@@ -24,7 +24,7 @@ struct UserFix {
 class UserFixes {
  public:
     /// Reads them from the profile. Both must outlive this.
-    UserFixes(ProfileFile& profile, Navigator& navigator);
+    UserFixes(ProfileFile& profile, Flight& flight);
 
     /// In the order in which they were marked.
     [[nodiscard]] std::span<const UserFix> all() const { return fixes_; }
@@ -44,7 +44,7 @@ class UserFixes {
     void putInForce();
 
     ProfileFile& profile_;
-    Navigator& navigator_;
+    Flight& flight_;
     std::vector<UserFix> fixes_;
 };
 

@@ -87,7 +87,7 @@ Json pointOrNull(GeoPoint point) {
 }
 
 Json tickJson(int tick, const CKorvelDoc& document) {
-    const ActiveNavigation& navigation = document.navigator().navigation();
+    const ActiveNavigation& navigation = document.flight().navigation();
     const ActiveNavigation::Aircraft& aircraft = navigation.present();
     const NavigationState state = navigation.state();
     const bool valid = IsValid(aircraft.position);
@@ -117,7 +117,7 @@ std::string fixedOr(double value, double sentinel, int decimals) {
 
 std::string tickText(int tick, const CKorvelDoc& document) {
     constexpr int kDecimals = 5;
-    const ActiveNavigation& navigation = document.navigator().navigation();
+    const ActiveNavigation& navigation = document.flight().navigation();
     const GeoPoint at = navigation.present().position;
     const NavigationState state = navigation.state();
     return formatInt(tick) + "  " +
@@ -132,15 +132,15 @@ std::string tickText(int tick, const CKorvelDoc& document) {
 }
 
 /// One flight of the program's document on a virtual clock.
-class Flight {
+class FlownRun {
  public:
-    Flight(const Invocation& call, const Options& options)
+    FlownRun(const Invocation& call, const Options& options)
         : call_(call), options_(options), clock_(call.now()) {
         profile_.setString(kOptionsSection, "Port", options.nmea.empty() ? "" : kPort, true);
         profile_.setInt(kOptionsSection, "Tracking", options.trackOut.empty() ? 0 : 1, true);
         document_.emplace(CKorvelDoc::Foundations{profile_, clock_, opener()});
         const auto folders = call.dataFolders();
-        document_->navigator().loadDatabases(folders);
+        document_->flight().loadDatabases(folders);
     }
 
     /// The message that keeps the flight on the ground; empty when it can begin.
@@ -151,23 +151,23 @@ class Flight {
                 return "File Open Error: " + options_.nmea;
             }
         }
-        Navigator& navigator = document_->navigator();
+        Flight& flight = document_->flight();
         if (!options_.sim.empty()) {
             const std::vector<double> values = toNumbers(options_.sim, 4, 5);
-            navigator.startSimulator({.position = toPosition(values[0], values[1]),
-                                      .headingMag = toHeading(values[2]),
-                                      .speedKt = values[3],
-                                      .altitudeFt = values.size() > 4 ? RoundToInt(values[4]) : 0});
-            navigator.lookAround({});
+            flight.startSimulator({.position = toPosition(values[0], values[1]),
+                                   .headingMag = toHeading(values[2]),
+                                   .speedKt = values[3],
+                                   .altitudeFt = values.size() > 4 ? RoundToInt(values[4]) : 0});
+            flight.lookAround({});
         }
         if (options_.steer == "on") {
-            navigator.simulator().steerAtOnce();
+            flight.simulator().steerAtOnce();
         }
-        navigator.simulator().setSteering(options_.steer != "off");
+        flight.simulator().setSteering(options_.steer != "off");
         if (!options_.plan.empty()) {
-            return navigator.plan().open(options_.plan);
+            return flight.plan().open(options_.plan);
         }
-        return options_.route.empty() ? std::string() : navigator.plan().enterRoute(options_.route);
+        return options_.route.empty() ? std::string() : flight.plan().enterRoute(options_.route);
     }
 
     /// The message that ended the flight; empty when it went to its end.
@@ -188,11 +188,10 @@ class Flight {
             if (!refusal_.empty()) {
                 return refusal_;
             }
-            clock_.advanceMs(Navigator::kTickMs);
+            clock_.advanceMs(Flight::kTickMs);
         }
-        return options_.trackOut.empty()
-                   ? std::string()
-                   : document_->navigator().track().saveTrack(options_.trackOut);
+        return options_.trackOut.empty() ? std::string()
+                                         : document_->flight().track().saveTrack(options_.trackOut);
     }
 
  private:
@@ -233,7 +232,7 @@ class Flight {
 
     /// Within the tick, once there is a position for what needs one.
     void giveCommands() {
-        ActiveNavigation& navigation = document_->navigator().navigation();
+        ActiveNavigation& navigation = document_->flight().navigation();
         if (goToDue_) {
             goToDue_ = false;
             refusal_ = goTo(navigation);
@@ -286,10 +285,10 @@ int runFly(Invocation& call) {
     if (toInt(options.linesPerTick) < 1 || (!options.ticks.empty() && toInt(options.ticks) < 1)) {
         usageError("Ticks and lines per tick are numbers above 0");
     }
-    Flight flight(call, options);
-    std::string error = flight.prepare();
+    FlownRun run(call, options);
+    std::string error = run.prepare();
     if (error.empty()) {
-        error = flight.fly();
+        error = run.fly();
     }
     return error.empty() ? kExitDone : call.fail(error);
 }

@@ -73,7 +73,7 @@ std::string CKorvelApp::start() {
             return error;
     if (line_.simulate) {
         frame_.simulate();
-        document_.navigator().setTimeFactor(line_.timeFactor);
+        document_.flight().setTimeFactor(line_.timeFactor);
     }
     // Half a second is long for a pilot who waits for the map.
     frame_.view().tick();

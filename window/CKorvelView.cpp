@@ -83,7 +83,7 @@ CKorvelView::CKorvelView(CKorvelDoc& document, ProfileFile& profile, const Color
       labels_(labels),
       colors_(scheme),
       pagePainter_(colors_),
-      places_(document.navigator().database()) {
+      places_(document.flight().database()) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_AcceptTouchEvents);
     setFocusPolicy(Qt::StrongFocus);
@@ -118,7 +118,7 @@ void CKorvelView::tick() {
         document_.wantSatellites();
     if (page_ == PageId::NearestAirport ||
         std::ranges::find(fields_, NavFieldId::NearestAirport) != fields_.end())
-        document_.navigator().wantNearAirports();
+        document_.flight().wantNearAirports();
     document_.tick();
     if (messageTicks_ > 0 && --messageTicks_ == 0) {
         message_.clear();
@@ -592,7 +592,7 @@ void CKorvelView::setField(std::size_t place, NavFieldId field) {
 }
 
 bool CKorvelView::acknowledgeAlarm(std::size_t place) {
-    const bool done = document_.navigator().alarms().acknowledge(place);
+    const bool done = document_.flight().alarms().acknowledge(place);
     if (done)
         refresh();
     return done;
@@ -676,7 +676,7 @@ MeasureEnd CKorvelView::measureEndAt(Point at) {
         end.variationDeg = data_.variationDeg;
         return end;
     }
-    const double variation = document_.navigator().database().variationNear(end.position);
+    const double variation = document_.flight().database().variationNear(end.position);
     if (variation != kNoAngle)
         end.variationDeg = variation;
     return end;

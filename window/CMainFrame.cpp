@@ -235,7 +235,7 @@ void CMainFrame::chooseField(std::size_t field) {
 std::string CMainFrame::openFile(const std::filesystem::path& path) { return file_.openPlan(path); }
 
 bool CMainFrame::recoverPlan(const std::filesystem::path& unsaved, bool wanted) {
-    PlanDesk& plan = parts_.document.navigator().plan();
+    ActivePlan& plan = parts_.document.flight().plan();
     plan.keepUnsavedIn(unsaved);
     const auto error = wanted ? plan.recover() : std::nullopt;
     if (!error)
@@ -349,11 +349,11 @@ void CMainFrame::storeState() {
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event) {
-    if (!mayClose_ && parts_.document.navigator().plan().changed()) {
+    if (!mayClose_ && parts_.document.flight().plan().changed()) {
         event->ignore();
         return file_.withPlanSafe([this] {
             mayClose_ = true;
-            parts_.document.navigator().plan().forgetUnsaved();
+            parts_.document.flight().plan().forgetUnsaved();
             close();
         });
     }

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
-#include "cockpit/Navigator.h"
+#include "cockpit/Flight.h"
 #include "cockpit/UserFixes.h"
 #include "config/ProfileFile.h"
 #include "geo/Geodesy.h"
@@ -24,8 +24,8 @@ class UserFixesTest : public testing::Test {
     VirtualClock clock_;
     std::unique_ptr<RegistryProfile> registry_ = openRegistryProfile();
     ProfileFile profile_{folder_.path(), *registry_};
-    Navigator navigator_{clock_, {}};
-    UserFixes fixes_{profile_, navigator_};
+    Flight flight_{clock_, {}};
+    UserFixes fixes_{profile_, flight_};
 };
 
 TEST_F(UserFixesTest, AMarkIsAPlaceAtOnceAndAfterEveryStart) {
@@ -34,13 +34,13 @@ TEST_F(UserFixesTest, AMarkIsAPlaceAtOnceAndAfterEveryStart) {
     ASSERT_EQ(fixes_.add("USR001", here), "");
     EXPECT_EQ(fixes_.proposedName(), "USR002");
     // Loading databases does not take it away, and a second program reads it from the file.
-    navigator_.loadDatabases({});
+    flight_.loadDatabases({});
     ProfileFile again{folder_.path(), *registry_};
-    Navigator later{clock_, {}};
+    Flight later{clock_, {}};
     const UserFixes reread(again, later);
-    for (Navigator* navigator : {&navigator_, &later})
+    for (Flight* flight : {&flight_, &later})
         for (const char* key : {"USR001", "f.USR001"}) {
-            const DatabaseRecord* found = navigator->database().Find(key);
+            const DatabaseRecord* found = flight->database().Find(key);
             ASSERT_NE(found, nullptr) << key;
             EXPECT_LT(DistanceNm(found->position, here), 0.001);
         }
@@ -56,29 +56,29 @@ TEST_F(UserFixesTest, NamesAreUnmistakable) {
 
 TEST_F(UserFixesTest, APlanKeepsItsMarksAndItsFileThePosition) {
     for (const char* name : {"AAA", "BBB", "CCC"}) ASSERT_EQ(fixes_.add(name, at(10, 20)), "");
-    ASSERT_EQ(navigator_.plan().enterRoute("AAA CCC"), "");
+    ASSERT_EQ(flight_.plan().enterRoute("AAA CCC"), "");
     EXPECT_EQ(fixes_.remove(0), "AAA is in the flight plan.");
-    EXPECT_EQ(navigator_.plan().proposedFileName(), "AAA-CCC.fp");
-    ASSERT_EQ(navigator_.plan().saveAs(folder_ / "a.fp"), "");
+    EXPECT_EQ(flight_.plan().proposedFileName(), "AAA-CCC.fp");
+    ASSERT_EQ(flight_.plan().saveAs(folder_ / "a.fp"), "");
     EXPECT_EQ(readWholeFile(folder_ / "a.fp"), "AAA 10.000000 20.000000\r\nCCC 10.000000 20.000000\r\n");
-    EXPECT_EQ(navigator_.plan().proposedFileName(), "a.fp");
+    EXPECT_EQ(flight_.plan().proposedFileName(), "a.fp");
     EXPECT_EQ(fixes_.remove(1), "");
-    EXPECT_EQ(navigator_.database().Find("BBB"), nullptr);
+    EXPECT_EQ(flight_.database().Find("BBB"), nullptr);
     EXPECT_EQ(names(), "AAA CCC ");
-    navigator_.plan().clear();
-    EXPECT_EQ(navigator_.plan().proposedFileName(), "");
+    flight_.plan().clear();
+    EXPECT_EQ(flight_.plan().proposedFileName(), "");
     EXPECT_EQ(fixes_.remove(1), "");
     EXPECT_EQ(fixes_.remove(0), "");
     // Elsewhere, where nobody marked them, the file is enough.
-    EXPECT_EQ(navigator_.plan().open(folder_ / "a.fp"), "");
-    Navigator later{clock_, {}};
+    EXPECT_EQ(flight_.plan().open(folder_ / "a.fp"), "");
+    Flight later{clock_, {}};
     EXPECT_EQ(UserFixes(profile_, later).all().size(), 0U);
 }
 
 TEST_F(UserFixesTest, APlanThatWasNotSavedOutlivesAKill) {
     const auto file = folder_ / "unsaved.fp";
     const auto ofNextRun = [&] {
-        Navigator next{clock_, {}};
+        Flight next{clock_, {}};
         const UserFixes fixes(profile_, next);
         next.plan().keepUnsavedIn(file);
         const auto error = next.plan().recover();
@@ -88,7 +88,7 @@ TEST_F(UserFixesTest, APlanThatWasNotSavedOutlivesAKill) {
         return plan;
     };
     for (const char* name : {"AAA", "BBB", "CCC"}) ASSERT_EQ(fixes_.add(name, at(10, 20)), "");
-    PlanDesk& plan = navigator_.plan();
+    ActivePlan& plan = flight_.plan();
     plan.keepUnsavedIn(file);
     EXPECT_EQ(ofNextRun(), "none");
     ASSERT_EQ(plan.enterRoute("AAA CCC@45"), "");

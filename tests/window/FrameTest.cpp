@@ -231,7 +231,7 @@ TEST_F(FrameTest, APlanIsChangedByRowsTakenBackAndNotLost) {
     press(Qt::Key_F);
     ASSERT_EQ(view().page(), PageId::FlightPlan);
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) QTest::keyClick(&view(), key);
-    PlanDesk& plan = document_->navigator().plan();
+    ActivePlan& plan = document_->flight().plan();
     EXPECT_FALSE(plan.changed());
     clickIn<QDialog>("Remove");
     ASSERT_EQ(plan.entries().size(), 2U);
@@ -291,7 +291,7 @@ TEST_F(FrameTest, WhatIsRefusedIsSaidWhereItWasTyped) {
             << refused.said.toStdString();
         sheet->reject();
     }
-    EXPECT_TRUE(document_->navigator().plan().entries().empty());
+    EXPECT_TRUE(document_->flight().plan().entries().empty());
 }
 
 TEST_F(FrameTest, AnAirportsSheetSaysWhatItsRecordHas) {

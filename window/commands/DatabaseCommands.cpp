@@ -23,7 +23,7 @@ void DatabaseCommands::load() {
     // The window is painted while it loads, and rows of closed files mean nothing any more.
     host_.view().databasesChanged();
     LoadProgress progress(host_.view());
-    host_.document().navigator().loadDatabases(
+    host_.document().flight().loadDatabases(
         dataFolders(),
         [&progress](std::string_view doing, int percent) { progress.show(doing, percent); });
     host_.view().databasesChanged();
@@ -31,12 +31,12 @@ void DatabaseCommands::load() {
 
 void DatabaseCommands::reload() {
     load();
-    const Navigator& navigator = host_.document().navigator();
-    for (const DatabaseLoader::OpenedFile& file : navigator.loader().openedFiles())
+    const Flight& flight = host_.document().flight();
+    for (const DatabaseLoader::OpenedFile& file : flight.loader().openedFiles())
         if (!file.error.empty())
             return showReport();
-    host_.view().say(formatText(TextId::DatabasesLoaded,
-                                {static_cast<int>(navigator.database().files().size())}));
+    host_.view().say(
+        formatText(TextId::DatabasesLoaded, {static_cast<int>(flight.database().files().size())}));
 }
 
 void DatabaseCommands::showReport() {

@@ -29,11 +29,11 @@ bool isTrack(const std::filesystem::path& path) {
 
 FileCommands::FileCommands(CommandHost& host) : host_(host), recent_(host.profile()) {}
 
-Navigator& FileCommands::navigator() { return host_.document().navigator(); }
+Flight& FileCommands::flight() { return host_.document().flight(); }
 
 void FileCommands::addTo(QMenu& menu) {
     const auto nothing = [] {};
-    const auto hasPlan = [this] { return navigator().plan().hasPlan(); };
+    const auto hasPlan = [this] { return flight().plan().hasPlan(); };
     host_.addCommand(menu, TextId::CommandNewPlan, {QKeySequence(Qt::CTRL | Qt::Key_N)},
                      [this] { withPlanSafe([this] { newPlan(); }); });
     host_.addCommand(menu, TextId::CommandOpenPlan, {QKeySequence(Qt::CTRL | Qt::Key_O)},
@@ -55,7 +55,7 @@ void FileCommands::addTo(QMenu& menu) {
     greyUnless(menu,
                host_.addCommand(menu, TextId::CommandSaveTrack,
                                 {QKeySequence(Qt::CTRL | Qt::Key_T)}, [this] { saveTrackAs(); }),
-               [this] { return navigator().track().track() != nullptr; });
+               [this] { return flight().track().track() != nullptr; });
     menu.addSeparator();
 }
 
@@ -77,8 +77,8 @@ void FileCommands::showFileError(const std::filesystem::path& path, const std::s
 // Plans
 
 void FileCommands::newPlan() {
-    const bool had = navigator().plan().hasPlan();
-    navigator().plan().clear();
+    const bool had = flight().plan().hasPlan();
+    flight().plan().clear();
     host_.view().say(std::string(text(had ? TextId::PlanClosed : TextId::PlanMissing)));
 }
 
@@ -98,7 +98,7 @@ void FileCommands::openFile(const std::filesystem::path& path) {
 }
 
 std::string FileCommands::openPlan(const std::filesystem::path& path) {
-    std::string error = navigator().plan().open(path);
+    std::string error = flight().plan().open(path);
     if (error.empty())
         recent_.add(std::filesystem::absolute(path));
     else
@@ -107,7 +107,7 @@ std::string FileCommands::openPlan(const std::filesystem::path& path) {
 }
 
 void FileCommands::savePlan(const std::function<void()>& next) {
-    PlanDesk& plan = navigator().plan();
+    ActivePlan& plan = flight().plan();
     if (plan.file().empty())
         return savePlanAs(next);
     savePlanTo(plan.file(), next);
@@ -115,7 +115,7 @@ void FileCommands::savePlan(const std::function<void()>& next) {
 
 void FileCommands::savePlanTo(const std::filesystem::path& path,
                               const std::function<void()>& next) {
-    if (const std::string error = navigator().plan().saveAs(path); !error.empty())
+    if (const std::string error = flight().plan().saveAs(path); !error.empty())
         return host_.showError(error);
     recent_.add(std::filesystem::absolute(path));
     host_.view().say(formatText(TextId::PlanSaved, {path.filename().string()}));
@@ -123,7 +123,7 @@ void FileCommands::savePlanTo(const std::filesystem::path& path,
 }
 
 void FileCommands::savePlanAs(const std::function<void()>& next) {
-    const std::string name = navigator().plan().proposedFileName();
+    const std::string name = flight().plan().proposedFileName();
     if (name.empty())
         return host_.showError(std::string(text(TextId::NoPlanToSave)));
     choose({TextId::SavePlanTitle, TextId::PlanSaveFilter, QStringLiteral("fp"),
@@ -132,7 +132,7 @@ void FileCommands::savePlanAs(const std::function<void()>& next) {
 }
 
 void FileCommands::withPlanSafe(const std::function<void()>& next) {
-    if (!navigator().plan().changed())
+    if (!flight().plan().changed())
         return next();
     auto* box = new QMessageBox(QMessageBox::Question, korvel::toQString(TextId::ProgramName),
                                 korvel::toQString(TextId::AskSavePlan),
@@ -156,7 +156,7 @@ void FileCommands::chooseTrack() {
 }
 
 void FileCommands::openTrack(const std::filesystem::path& path) {
-    TrackRecorder& recorder = navigator().track();
+    TrackRecorder& recorder = flight().track();
     if (const std::string error = recorder.openTrack(path); !error.empty())
         return showFileError(path, error);
     if (recorder.track()->read()->slots.empty())
@@ -165,13 +165,13 @@ void FileCommands::openTrack(const std::filesystem::path& path) {
 }
 
 void FileCommands::saveTrackAs() {
-    if (!navigator().track().track())
+    if (!flight().track().track())
         return host_.showError(std::string(text(TextId::NoTrackToSave)));
     const QString name =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-HHmm'.trk'"));
     choose({TextId::SaveTrackTitle, TextId::TrackFilter, QStringLiteral("trk"), name},
            [this](const std::filesystem::path& path) {
-               if (const std::string error = navigator().track().saveTrack(path); !error.empty())
+               if (const std::string error = flight().track().saveTrack(path); !error.empty())
                    return host_.showError(error);
                host_.view().say(formatText(TextId::PlanSaved, {path.filename().string()}));
            });
@@ -179,7 +179,7 @@ void FileCommands::saveTrackAs() {
 
 /// Beside the plan that is open, else where the pilot's documents are.
 QString FileCommands::startFolder(const FileQuestion& question) {
-    const std::filesystem::path& plan = navigator().plan().file();
+    const std::filesystem::path& plan = flight().plan().file();
     if (question.title == TextId::SavePlanTitle && !plan.empty())
         return toQString(std::filesystem::absolute(plan).parent_path());
     const std::filesystem::path documents = documentsFolder();

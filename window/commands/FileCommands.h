@@ -12,7 +12,7 @@
 
 namespace korvel {
 
-class Navigator;
+class Flight;
 
 /// The menu File: plans and tracks to and from files.
 class FileCommands {
@@ -54,7 +54,7 @@ class FileCommands {
     void choose(const FileQuestion& question,
                 const std::function<void(const std::filesystem::path&)>& chosen);
 
-    Navigator& navigator();
+    Flight& flight();
 
     CommandHost& host_;
     RecentFiles recent_;

@@ -17,15 +17,15 @@ namespace {
 struct PlanChange {
     TextId name;
     Qt::Key key;
-    bool (PlanDesk::*make)();
-    bool (PlanDesk::*can)() const;
+    bool (ActivePlan::*make)();
+    bool (ActivePlan::*can)() const;
     TextId done;
     TextId otherwise;  ///< said when there is nothing to change
 };
 
 }  // namespace
 
-Navigator& NavigateCommands::navigator() { return host_.document().navigator(); }
+Flight& NavigateCommands::flight() { return host_.document().flight(); }
 
 void NavigateCommands::addTo(QMenu& menu) {
     host_.addCommand(menu, TextId::CommandDirectTo, {Qt::Key_D}, [this] { directTo(); });
@@ -60,22 +60,22 @@ void NavigateCommands::addPlanCommands(QMenu& menu) {
     host_.addCommand(menu, TextId::CommandRoute, {QKeySequence(Qt::SHIFT | Qt::Key_F)},
                      [this] { editRoute(); });
     constexpr std::array kChanges{
-        PlanChange{TextId::CommandActivate, Qt::Key_A, &PlanDesk::activate, &PlanDesk::hasPlan,
+        PlanChange{TextId::CommandActivate, Qt::Key_A, &ActivePlan::activate, &ActivePlan::hasPlan,
                    TextId::PlanActivated, TextId::PlanMissing},
-        PlanChange{TextId::CommandReverse, Qt::Key_R, &PlanDesk::reverse, &PlanDesk::hasPlan,
+        PlanChange{TextId::CommandReverse, Qt::Key_R, &ActivePlan::reverse, &ActivePlan::hasPlan,
                    TextId::PlanReversed, TextId::PlanMissing},
-        PlanChange{TextId::CommandUndo, Qt::Key_Z, &PlanDesk::undo, &PlanDesk::canUndo,
+        PlanChange{TextId::CommandUndo, Qt::Key_Z, &ActivePlan::undo, &ActivePlan::canUndo,
                    TextId::PlanUndone, TextId::NothingToUndo},
-        PlanChange{TextId::CommandRedo, Qt::Key_Y, &PlanDesk::redo, &PlanDesk::canRedo,
+        PlanChange{TextId::CommandRedo, Qt::Key_Y, &ActivePlan::redo, &ActivePlan::canRedo,
                    TextId::PlanRedone, TextId::NothingToUndo}};
     for (const PlanChange& change : kChanges) {
         QAction& action = host_.addCommand(
             menu, change.name, {QKeySequence(Qt::CTRL | change.key)}, [this, change] {
                 // A plan that is not on the screen changes unseen.
-                const bool done = (navigator().plan().*change.make)();
+                const bool done = (flight().plan().*change.make)();
                 host_.view().say(std::string(text(done ? change.done : change.otherwise)));
             });
-        greyUnless(menu, action, [this, can = change.can] { return (navigator().plan().*can)(); });
+        greyUnless(menu, action, [this, can = change.can] { return (flight().plan().*can)(); });
     }
 }
 
@@ -87,7 +87,7 @@ void NavigateCommands::showPlan() {
 
 void NavigateCommands::updateChecks() {
     tracking_->setChecked(host_.document().settings().tracking);
-    suspended_->setChecked(navigator().navigation().suspended());
+    suspended_->setChecked(flight().navigation().suspended());
 }
 
 void NavigateCommands::directTo(const PlaceChoice& place) {
@@ -99,7 +99,7 @@ void NavigateCommands::directTo(const PlaceChoice& place) {
 void NavigateCommands::approach() {
     const auto& position = host_.document().cockpitData().position;
     const bool wanted = host_.document().settings().apprMode && position;
-    approach(wanted ? navigator().approach().offered(*position) : std::vector<LandingRunway>());
+    approach(wanted ? flight().approach().offered(*position) : std::vector<LandingRunway>());
 }
 
 void NavigateCommands::approach(std::vector<LandingRunway> runways) {
@@ -118,13 +118,13 @@ void NavigateCommands::openPlanRow(std::size_t row) {
 }
 
 void NavigateCommands::clearNavigation() {
-    navigator().navigation().ClearNavigation();
-    navigator().plan().clear();
+    flight().navigation().ClearNavigation();
+    flight().plan().clear();
     host_.view().say(std::string(text(TextId::NavigationCleared)));
 }
 
 void NavigateCommands::suspend(bool on) {
-    navigator().navigation().setSuspended(on);
+    flight().navigation().setSuspended(on);
     host_.view().say(std::string(text(on ? TextId::Suspended : TextId::Resumed)));
 }
 

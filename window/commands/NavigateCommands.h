@@ -13,7 +13,7 @@
 
 namespace korvel {
 
-class Navigator;
+class Flight;
 
 /// The menu Navigate: direct-to, the plan and what is done to it, the track.
 class NavigateCommands {
@@ -43,7 +43,7 @@ class NavigateCommands {
     void suspend(bool on);
     void recordTrack(bool on);
     void updateChecks();
-    Navigator& navigator();
+    Flight& flight();
 
     CommandHost& host_;
     PlanGuard whenPlanIsSafe_;

@@ -18,9 +18,9 @@ void OptionCommands::addSheet(QMenu& menu, TextId name, const QList<QKeySequence
 
 void OptionCommands::addTo(QMenu& menu) {
     addSheet<SimulatorSheet>(menu, TextId::CommandSimulator, {Qt::Key_S});
-    simulating_ = &host_.addCommand(
-        menu, TextId::CommandSimulate, {QKeySequence(Qt::SHIFT | Qt::Key_S)},
-        [this] { simulate(!host_.document().navigator().simulator().running()); });
+    simulating_ =
+        &host_.addCommand(menu, TextId::CommandSimulate, {QKeySequence(Qt::SHIFT | Qt::Key_S)},
+                          [this] { simulate(!host_.document().flight().simulator().running()); });
     simulating_->setCheckable(true);
     menu.addSeparator();
     addSheet<CPrefsSheet>(menu, TextId::CommandPrefs, {QKeySequence(Qt::CTRL | Qt::Key_P)});
@@ -30,17 +30,17 @@ void OptionCommands::addTo(QMenu& menu) {
     menu.addSeparator();
     host_.addCommand(menu, TextId::CommandPort, {Qt::Key_G}, [this] { choosePort(); });
     const auto updateChecks = [this] {
-        simulating_->setChecked(host_.document().navigator().simulator().running());
+        simulating_->setChecked(host_.document().flight().simulator().running());
     };
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, updateChecks);
 }
 
 void OptionCommands::simulate(bool on) {
-    Navigator& navigator = host_.document().navigator();
+    Flight& flight = host_.document().flight();
     if (on)
-        navigator.startSimulator(navigator.simulatorStart(host_.document().settings()));
+        flight.startSimulator(flight.simulatorStart(host_.document().settings()));
     else
-        navigator.stopSimulator();
+        flight.stopSimulator();
     // The sheet starts and stops it, too, behind the back of the check.
     simulating_->setChecked(on);
     host_.view().say(std::string(text(on ? TextId::SimulatorOn : TextId::SimulatorOff)));

@@ -75,7 +75,7 @@ void PlaceCommands::mark() {
 void PlaceCommands::listMarks() {
     auto sheet = std::make_unique<UserFixesSheet>(&host_.window(), host_.document());
     sheet->onOpen = [this](const std::string& key) {
-        const DatabaseRecord* found = host_.document().navigator().database().Find(key);
+        const DatabaseRecord* found = host_.document().flight().database().Find(key);
         open(found != nullptr ? found->Clone() : nullptr);
     };
     sheet->onRemoved = [this] { host_.view().databasesChanged(); };
@@ -93,19 +93,19 @@ void PlaceCommands::find() {
 }
 
 void PlaceCommands::identify(const std::vector<MapPlace>& places) {
-    const NavDatabase& database = host_.document().navigator().database();
+    const NavDatabase& database = host_.document().flight().database();
     if (places.size() == 1)
         return open(database.recordOf(places.front().place));
     auto sheet = std::make_unique<PlaceChooser>(&host_.window(), database, places);
     sheet->onChosen = [this, places](std::size_t row) {
-        open(host_.document().navigator().database().recordOf(places.at(row).place));
+        open(host_.document().flight().database().recordOf(places.at(row).place));
     };
     host_.openSheet(std::move(sheet));
 }
 
 void PlaceCommands::openAirport(const NearAirport& airport) {
     const DatabaseRecord* found =
-        host_.document().navigator().database().Find(airport.key, airport.position);
+        host_.document().flight().database().Find(airport.key, airport.position);
     open(found != nullptr ? found->Clone() : nullptr);
 }
 
@@ -131,7 +131,7 @@ std::unique_ptr<PlaceSheet> PlaceCommands::sheetFor(std::shared_ptr<DatabaseReco
         return std::make_unique<PlaceSheet>(&host_.window(), document, std::move(record), words);
     }
     const auto airport = std::static_pointer_cast<AirportRecord>(record);
-    document.navigator().database().loadDetails(*airport);
+    document.flight().database().loadDetails(*airport);
     auto sheet = std::make_unique<CAirportSheet>(&host_.window(), document,
                                                  CAirportSheet::Look{labels_, colors_}, airport);
     sheet->onApproach = [this](std::vector<LandingRunway> runways) {

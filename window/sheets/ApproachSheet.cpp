@@ -43,7 +43,7 @@ ApproachSheet::ApproachSheet(QWidget* parent, CKorvelDoc& document,
         addRunway(runway);
     addTallRow(list_);
     addNote(none_);
-    ApproachMode& mode = document_.navigator().approach().mode();
+    ApproachMode& mode = document_.flight().approach().mode();
     if (runways_.empty()) {
         none_.setText(toQString(whyNone(document_)));
         list_.hide();
@@ -64,14 +64,14 @@ ApproachSheet::ApproachSheet(QWidget* parent, CKorvelDoc& document,
 void ApproachSheet::addRunway(const LandingRunway& runway) {
     auto* item = new QListWidgetItem(toQString(rowText(runway, document_.cockpitData())), &list_);
     item->setSizeHint({0, kRowPixels});
-    const auto& flown = document_.navigator().approach().mode().runway();
+    const auto& flown = document_.flight().approach().mode().runway();
     if (list_.count() == 1 || (flown && *flown == runway))
         list_.setCurrentItem(item);
 }
 
 void ApproachSheet::accept() {
     if (const int row = list_.currentRow(); row >= 0)
-        document_.navigator().approach().mode().choose(runways_.at(static_cast<std::size_t>(row)));
+        document_.flight().approach().mode().choose(runways_.at(static_cast<std::size_t>(row)));
     Sheet::accept();
 }
 

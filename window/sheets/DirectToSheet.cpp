@@ -13,7 +13,7 @@ DirectToSheet::DirectToSheet(QWidget* parent, CKorvelDoc& document, const PlaceC
     : Sheet(parent, toQString(TextId::DirectToTitle),
             QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
-      place_(document.navigator().database(), document.cockpitData().position,
+      place_(document.flight().database(), document.cockpitData().position,
              document.settings().icaoPrefix) {
     buttons().button(QDialogButtonBox::Ok)->setText(toQString(TextId::DirectToTitle));
     course_.setPlaceholderText(toQString(TextId::CourseHint));
@@ -39,7 +39,7 @@ void DirectToSheet::accept() {
     const auto altitudeFt = typedAltitude(altitude_.text().toStdString());
     if (!altitudeFt)
         return refuse(std::string(text(TextId::InvalidAltitude)));
-    ActiveNavigation& navigation = document_.navigator().navigation();
+    ActiveNavigation& navigation = document_.flight().navigation();
     const std::uint64_t before = navigation.announcement().number;
     const PlaceChoice place = place_.choice();
     const std::string said = navigation.DirectTo(

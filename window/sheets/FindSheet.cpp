@@ -10,7 +10,7 @@ namespace korvel {
 FindSheet::FindSheet(QWidget* parent, CKorvelDoc& document, std::optional<GeoPoint> near)
     : Sheet(parent, toQString(TextId::FindTitle), QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
-      place_(document.navigator().database(), near, document.settings().icaoPrefix) {
+      place_(document.flight().database(), near, document.settings().icaoPrefix) {
     buttons().button(QDialogButtonBox::Ok)->setText(toQString(TextId::FindButton));
     addTallRow(place_);
     addNote(message_);
@@ -23,7 +23,7 @@ FindSheet::FindSheet(QWidget* parent, CKorvelDoc& document, std::optional<GeoPoi
 void FindSheet::accept() {
     const PlaceChoice choice = place_.choice();
     const DatabaseRecord* found =
-        document_.navigator().database().Find(choice.identifier, choice.where);
+        document_.flight().database().Find(choice.identifier, choice.where);
     if (found == nullptr)
         return message_.setText(toQString(TextId::NotFound));
     auto record = found->Clone();

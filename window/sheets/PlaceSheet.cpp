@@ -57,7 +57,7 @@ PlaceSheet::PlaceSheet(QWidget* parent, CKorvelDoc& document,
             onDirectTo({.identifier = record->key, .where = record->position});
     });
     addButton(add_, TextId::AddToPlan, [this, &document, record] {
-        PlanDesk& plan = document.navigator().plan();
+        ActivePlan& plan = document.flight().plan();
         PlanEntries entries = plan.entries();
         const std::size_t end = entries.size();
         plan.replace(withRecord(std::move(entries), end, record));

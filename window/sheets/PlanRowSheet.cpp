@@ -29,7 +29,7 @@ PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t ro
     : Sheet(parent, toQString(TextId::PlanRowTitle), QDialogButtonBox::Close),
       document_(document),
       row_(row) {
-    const PlanEntries entries = document.navigator().plan().entries();
+    const PlanEntries entries = document.flight().plan().entries();
     if (row < entries.size()) {
         place_ = {.identifier = entries[row].key, .where = entries[row].record->position};
         const QString ident = QString::fromStdString(entries[row].text);
@@ -41,7 +41,7 @@ PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t ro
     altitude_.setPlaceholderText(toQString(TextId::AltitudeHint));
     addRow(title_);
     addButton(fly_, TextId::FlyToRow, [this] {
-        document_.navigator().plan().flyTo(row_);
+        document_.flight().plan().flyTo(row_);
         QDialog::accept();
     });
     addButton(direct_, TextId::DirectToTitle, [this] {
@@ -72,7 +72,7 @@ void PlanRowSheet::addButton(QPushButton& button, TextId text,
 }
 
 void PlanRowSheet::setAltitude() {
-    PlanDesk& plan = document_.navigator().plan();
+    ActivePlan& plan = document_.flight().plan();
     const auto feet = typedAltitude(altitude_.text().toStdString());
     if (!feet)
         return message_.setText(toQString(TextId::InvalidAltitude));
@@ -84,11 +84,11 @@ void PlanRowSheet::setAltitude() {
 }
 
 void PlanRowSheet::insertBefore() {
-    Navigator& navigator = document_.navigator();
-    PlanDesk& plan = navigator.plan();
+    Flight& flight = document_.flight();
+    ActivePlan& plan = flight.plan();
     PlanEditResult result =
         insertWords(plan.entries(), row_, typedIdents(words_.text().toStdString()),
-                    navigator.database(), plan.fixes(), document_.cockpitData().position);
+                    flight.database(), plan.fixes(), document_.cockpitData().position);
     if (!result.error.empty())
         return message_.setText(toQString(result.error));
     plan.replace(std::move(result.entries));
@@ -96,13 +96,13 @@ void PlanRowSheet::insertBefore() {
 }
 
 void PlanRowSheet::move(bool up) {
-    PlanDesk& plan = document_.navigator().plan();
+    ActivePlan& plan = document_.flight().plan();
     plan.replace(withRowMoved(plan.entries(), row_, up));
     QDialog::accept();
 }
 
 void PlanRowSheet::remove() {
-    PlanDesk& plan = document_.navigator().plan();
+    ActivePlan& plan = document_.flight().plan();
     plan.replace(withoutRow(plan.entries(), row_));
     QDialog::accept();
 }

@@ -42,19 +42,18 @@ RouteSheet::RouteSheet(QWidget* parent, CKorvelDoc& document)
     addNote(message_);
     setPreferredWidth(14 * kRowPixels);
     connect(&line_, &QLineEdit::textEdited, this, [this] { check(); });
-    Navigator& navigator = document.navigator();
-    line_.setText(toQString(routeLine(navigator.plan().entries(), navigator.database(),
-                                      document.cockpitData().position)));
+    Flight& flight = document.flight();
+    line_.setText(toQString(
+        routeLine(flight.plan().entries(), flight.database(), document.cockpitData().position)));
     line_.selectAll();
     line_.setFocus();
     check();
 }
 
 void RouteSheet::check() {
-    Navigator& navigator = document_.navigator();
-    const RouteCheck route =
-        checkRoute(typedIdents(line_.text().toStdString()), navigator.database(),
-                   navigator.plan().fixes(), document_.cockpitData().position);
+    Flight& flight = document_.flight();
+    const RouteCheck route = checkRoute(typedIdents(line_.text().toStdString()), flight.database(),
+                                        flight.plan().fixes(), document_.cockpitData().position);
     QStringList words;
     for (const CheckedWord& word : route.words)
         words.append(marked(word));
@@ -69,7 +68,7 @@ void RouteSheet::check() {
 
 void RouteSheet::accept() {
     const std::string error =
-        document_.navigator().plan().enterRoute(typedIdents(line_.text().toStdString()));
+        document_.flight().plan().enterRoute(typedIdents(line_.text().toStdString()));
     if (error.empty())
         return QDialog::accept();
     message_.setText(toQString(error));

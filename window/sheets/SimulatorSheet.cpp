@@ -36,8 +36,8 @@ SimulatorSheet::SimulatorSheet(QWidget* parent, CKorvelDoc& document)
     startStop_.setDefault(true);
     connect(&startStop_, &QPushButton::clicked, this, [this] { startOrStop(); });
 
-    offered_ = SimulatorForm::of(document.navigator().simulatorStart(document.settings()));
-    const Simulator& simulator = document.navigator().simulator();
+    offered_ = SimulatorForm::of(document.flight().simulatorStart(document.settings()));
+    const Simulator& simulator = document.flight().simulator();
     if (simulator.running())
         offered_ = SimulatorForm::of({.position = simulator.position(),
                                       .headingMag = simulator.headingMag(),
@@ -86,18 +86,18 @@ void SimulatorSheet::addNumber(QLineEdit& edit, TextId name, int step) {
 
 void SimulatorSheet::addSwitches() {
     steering_.setText(toQString(TextId::SimulatorSteering));
-    steering_.setChecked(document_.navigator().simulator().steering());
+    steering_.setChecked(document_.flight().simulator().steering());
     steering_.setMinimumHeight(kRowPixels);
     connect(&steering_, &QCheckBox::toggled, this,
-            [this](bool on) { document_.navigator().simulator().setSteering(on); });
-    const int current = document_.navigator().timeFactor();  // may be any, by the command line
-    for (const int factor : std::set{1, 2, 5, 10, 30, Navigator::kFastestTime, current})
+            [this](bool on) { document_.flight().simulator().setSteering(on); });
+    const int current = document_.flight().timeFactor();  // may be any, by the command line
+    for (const int factor : std::set{1, 2, 5, 10, 30, Flight::kFastestTime, current})
         timeFactor_.addItem(QStringLiteral("× %1").arg(factor), factor);
     timeFactor_.setCurrentIndex(timeFactor_.findData(current));
     timeFactor_.setMinimumHeight(kRowPixels);
     timeFactor_.setAccessibleName(toQString(TextId::SimulatorTime));
     connect(&timeFactor_, &QComboBox::currentIndexChanged, this,
-            [this] { document_.navigator().setTimeFactor(timeFactor_.currentData().toInt()); });
+            [this] { document_.flight().setTimeFactor(timeFactor_.currentData().toInt()); });
     form_.addRow(toQString(TextId::SimulatorTime), &timeFactor_);
     form_.addRow(QString(), &steering_);
 }
@@ -117,9 +117,9 @@ bool SimulatorSheet::read(SimulatorStart& start) {
 }
 
 void SimulatorSheet::startOrStop() {
-    if (!document_.navigator().simulator().running())
+    if (!document_.flight().simulator().running())
         return start();
-    document_.navigator().stopSimulator();
+    document_.flight().stopSimulator();
     timeFactor_.setCurrentIndex(0);
     message_.clear();
     showState();
@@ -136,13 +136,13 @@ void SimulatorSheet::start() {
         settings.simLon = form.longitude;
         document_.applySettings(settings);
     }
-    document_.navigator().startSimulator(start);
-    document_.navigator().setTimeFactor(timeFactor_.currentData().toInt());
+    document_.flight().startSimulator(start);
+    document_.flight().setTimeFactor(timeFactor_.currentData().toInt());
     accept();
 }
 
 void SimulatorSheet::change() {
-    Simulator& simulator = document_.navigator().simulator();
+    Simulator& simulator = document_.flight().simulator();
     SimulatorStart wanted;
     if (!read(wanted) || !simulator.running())
         return;
@@ -155,7 +155,7 @@ void SimulatorSheet::change() {
 }
 
 void SimulatorSheet::showState() {
-    const bool running = document_.navigator().simulator().running();
+    const bool running = document_.flight().simulator().running();
     startStop_.setText(toQString(running ? TextId::SimulatorStop : TextId::SimulatorStart));
     latitude_.setEnabled(!running);
     longitude_.setEnabled(!running);
@@ -163,8 +163,8 @@ void SimulatorSheet::showState() {
         return;
     // It steers by itself: what flies is what the fields show, but where the pilot types.
     const SimulatorForm flown =
-        SimulatorForm::of({.position = document_.navigator().simulator().position(),
-                           .headingMag = document_.navigator().simulator().headingMag()});
+        SimulatorForm::of({.position = document_.flight().simulator().position(),
+                           .headingMag = document_.flight().simulator().headingMag()});
     latitude_.setText(toQString(flown.latitude));
     longitude_.setText(toQString(flown.longitude));
     if (!heading_.hasFocus()) {

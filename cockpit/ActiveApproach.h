@@ -21,9 +21,9 @@ struct Settings;
 
 /// The document's approach: reads the runways, decides with ApproachMode which one is flown to, and
 /// puts its figures in the place of the leg's. Main thread only.
-class ApproachDesk {
+class ActiveApproach {
  public:
-    explicit ApproachDesk(NavDatabase& database) : database_(database) {}
+    explicit ActiveApproach(NavDatabase& database) : database_(database) {}
 
     /// Once per tick, while the position is known. `destination` is where the flight ends,
     /// once it is what is flown to; null for none.

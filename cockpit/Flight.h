@@ -10,9 +10,9 @@
 #include <string_view>
 #include <vector>
 
-#include "cockpit/ApproachDesk.h"
+#include "cockpit/ActiveApproach.h"
+#include "cockpit/ActivePlan.h"
 #include "cockpit/CockpitData.h"
-#include "cockpit/PlanDesk.h"
 #include "cockpit/ShiftedClock.h"
 #include "nav/alarms/AlarmBoard.h"
 #include "nav/alarms/FlightAlarms.h"
@@ -39,19 +39,19 @@ struct SimulatorStart {
 
 /// The document's places and its flight: databases, plan, active navigation, simulator, track and
 /// log. Main thread only, but for what its parts allow.
-class Navigator {
+class Flight {
  public:
     /// The period of tick(), which the simulator's faster time counts in.
     static constexpr std::int64_t kTickMs = 500;
     static constexpr int kFastestTime = 60;
 
     /// `folder` is where the load report, the flight log and the journals lie; empty: nothing of
-    /// them is kept. The clock must outlive the navigator.
-    Navigator(const Clock& clock, const std::filesystem::path& folder);
-    Navigator(const Navigator&) = delete;
-    Navigator& operator=(const Navigator&) = delete;
+    /// them is kept. The clock must outlive the flight.
+    Flight(const Clock& clock, const std::filesystem::path& folder);
+    Flight(const Flight&) = delete;
+    Flight& operator=(const Flight&) = delete;
     /// Completes the flight log and sets the track's journal aside.
-    ~Navigator();
+    ~Flight();
 
     /// Opens and merges the databases of these folders in place of those that were open. A plan
     /// that is in force keeps its places.
@@ -65,12 +65,12 @@ class Navigator {
     /// What the pilot must know about the charts' age at all times; empty for nothing.
     const std::string& databaseNotice() const { return databaseNotice_; }
 
-    PlanDesk& plan() { return plan_; }
-    const PlanDesk& plan() const { return plan_; }
+    ActivePlan& plan() { return plan_; }
+    const ActivePlan& plan() const { return plan_; }
     ActiveNavigation& navigation() { return navigation_; }
     const ActiveNavigation& navigation() const { return navigation_; }
     TrackRecorder& track() { return track_; }
-    ApproachDesk& approach() { return approach_; }
+    ActiveApproach& approach() { return approach_; }
     /// Other sources of alarms may join.
     AlarmBoard& alarms() { return alarms_; }
 
@@ -119,14 +119,14 @@ class Navigator {
     DatabaseLoader loader_{database_, report_};
     std::string databaseNotice_;
 
-    PlanDesk plan_;
+    ActivePlan plan_;
     Simulator simulator_;
     TrackRecorder track_;
     FlightLog log_;
     ActiveNavigation navigation_;
     VerticalSpeed verticalSpeed_;
     int timeFactor_ = 1;
-    ApproachDesk approach_;
+    ActiveApproach approach_;
     FlightSituation situation_;
     AlarmBoard alarms_;
 

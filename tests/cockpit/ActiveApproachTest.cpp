@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
-#include "cockpit/Navigator.h"
+#include "cockpit/Flight.h"
 #include "config/Settings.h"
 #include "geo/Geodesy.h"
 #include "platform/VirtualClock.h"
@@ -16,11 +16,11 @@ constexpr std::string_view kPlaces =
     "NAVAID_BEGIN\nID=XSO\nNAME=South\nTYPE=VOR\nPOSN.LAT=47.0\nPOSN.LON=10\nFREQ=112.0\nNAVAID_END\n"
     "NAVAID_BEGIN\nID=XNO\nNAME=North\nTYPE=VOR\nPOSN.LAT=48.0\nPOSN.LON=10\nFREQ=113.0\nNAVAID_END\n";
 
-class ApproachDeskTest : public testing::Test {
+class ActiveApproachTest : public testing::Test {
  protected:
-    ApproachDeskTest() {
+    ActiveApproachTest() {
         folder_.write("x.UDB.TXT", kPlaces);
-        navigator_.loadDatabases(std::vector{folder_.path()});
+        flight_.loadDatabases(std::vector{folder_.path()});
     }
     /// What the pages show after so many seconds there.
     CockpitData fly(double lat, double lon, double trackTrue, int seconds, int altitudeFt = 3000) {
@@ -29,13 +29,13 @@ class ApproachDeskTest : public testing::Test {
             .trackMag = variation_.TrueToMagnetic(trackTrue),
             .altitudeFt = altitudeFt};
         for (int tick = 0; tick < 2 * seconds; ++tick) {
-            clock_.advanceMs(Navigator::kTickMs);
-            navigator_.lookAround(aircraft);
-            navigator_.tick(settings_, variation_, aircraft);
+            clock_.advanceMs(Flight::kTickMs);
+            flight_.lookAround(aircraft);
+            flight_.tick(settings_, variation_, aircraft);
         }
         CockpitData data;
         data.position = aircraft.position;
-        navigator_.collect(data, variation_);
+        flight_.collect(data, variation_);
         return data;
     }
 
@@ -43,11 +43,11 @@ class ApproachDeskTest : public testing::Test {
     VirtualClock clock_;
     Settings settings_;
     Variation variation_{.receiverDeg = 3};
-    Navigator navigator_{clock_, {}};
+    Flight flight_{clock_, {}};
 };
 
-TEST_F(ApproachDeskTest, LinedUpWithTheDestinationTheRunwayTakesTheLegsPlace) {
-    ASSERT_EQ(navigator_.plan().enterRoute("XSO XFLD"), "");
+TEST_F(ActiveApproachTest, LinedUpWithTheDestinationTheRunwayTakesTheLegsPlace) {
+    ASSERT_EQ(flight_.plan().enterRoute("XSO XFLD"), "");
     CockpitData data = fly(47.4, 10, 0, 5);
     ASSERT_TRUE(data.approach);
     EXPECT_EQ(data.approach->runway.id, "36");
@@ -68,29 +68,29 @@ TEST_F(ApproachDeskTest, LinedUpWithTheDestinationTheRunwayTakesTheLegsPlace) {
     EXPECT_TRUE(fly(47.4, 10, 0, 5).approach) << "switching off declines nothing";
 }
 
-TEST_F(ApproachDeskTest, OnlyADestinationIsApproachedByItselfAnyAirportWhenChosen) {
-    ASSERT_EQ(navigator_.plan().enterRoute("XSO XFLD XNO"), "");
+TEST_F(ActiveApproachTest, OnlyADestinationIsApproachedByItselfAnyAirportWhenChosen) {
+    ASSERT_EQ(flight_.plan().enterRoute("XSO XFLD XNO"), "");
     EXPECT_FALSE(fly(47.4, 10, 0, 5).approach) << "the plan leads on";
-    const std::vector<LandingRunway> offered = navigator_.approach().offered({47.6 * kDegToRad, 10 * kDegToRad});
+    const std::vector<LandingRunway> offered = flight_.approach().offered({47.6 * kDegToRad, 10 * kDegToRad});
     ASSERT_EQ(offered.size(), 2U);
     EXPECT_EQ(offered.front().id, "18") << "straight in";
-    navigator_.approach().mode().choose(offered.front());
+    flight_.approach().mode().choose(offered.front());
     const CockpitData data = fly(47.6, 10.1, 180, 20);
     ASSERT_TRUE(data.approach);
     EXPECT_EQ(data.flownTo(), offered.front().threshold) << "whatever the plan flies to";
     EXPECT_NEAR(*data.crossTrackNm, 4.05, 0.01);
     EXPECT_TRUE(data.alarms.empty()) << "not joined yet";
-    navigator_.approach().mode().leave();
-    navigator_.navigation().DirectTo("XFLD", "");
+    flight_.approach().mode().leave();
+    flight_.navigation().DirectTo("XFLD", "");
     EXPECT_TRUE(fly(47.4, 10, 0, 5).approach);
 }
 
-TEST_F(ApproachDeskTest, ACourseToAWaypointOfThePlanEndsThereWhenThePlanShallGoOn) {
+TEST_F(ActiveApproachTest, ACourseToAWaypointOfThePlanEndsThereWhenThePlanShallGoOn) {
     for (const bool goesOn : {false, true}) {
         settings_.autoSequence = goesOn;
-        ASSERT_EQ(navigator_.plan().enterRoute("XSO XFLD XNO"), "");
+        ASSERT_EQ(flight_.plan().enterRoute("XSO XFLD XNO"), "");
         fly(47.3, 10, 0, 1);
-        navigator_.navigation().DirectTo("XFLD", "357");
+        flight_.navigation().DirectTo("XFLD", "357");
         EXPECT_EQ(fly(47.5, 10, 0, 2).activeName, "Field") << "near it, but still ahead";
         EXPECT_EQ(fly(47.52, 10, 0, 2).activeName, goesOn ? "North" : "Field");
     }

@@ -1,11 +1,11 @@
-#include "cockpit/ApproachDesk.h"
+#include "cockpit/ActiveApproach.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "cockpit/CockpitData.h"
-#include "cockpit/Known.h"
+#include "cockpit/SentinelValues.h"
 #include "config/Settings.h"
 #include "geo/Geodesy.h"
 #include "navdb/NavDatabase.h"
@@ -23,7 +23,7 @@ constexpr double kSameFieldNm = 3;
 
 }  // namespace
 
-std::vector<LandingRunway> ApproachDesk::runwaysOf(const DatabaseRecord& record) const {
+std::vector<LandingRunway> ActiveApproach::runwaysOf(const DatabaseRecord& record) const {
     const auto* airport = dynamic_cast<const AirportRecord*>(&record);
     if (airport == nullptr) {
         return {};
@@ -42,10 +42,10 @@ std::vector<LandingRunway> ApproachDesk::runwaysOf(const DatabaseRecord& record)
     return landingRunways(detailed);
 }
 
-void ApproachDesk::tick(const Settings& settings, const Variation& variation,
-                        const ActiveNavigation::Aircraft& aircraft,
-                        const std::shared_ptr<const DatabaseRecord>& destination,
-                        std::int64_t nowMs) {
+void ActiveApproach::tick(const Settings& settings, const Variation& variation,
+                          const ActiveNavigation::Aircraft& aircraft,
+                          const std::shared_ptr<const DatabaseRecord>& destination,
+                          std::int64_t nowMs) {
     if (!settings.apprMode) {
         mode_ = {};
         return;
@@ -64,7 +64,7 @@ void ApproachDesk::tick(const Settings& settings, const Variation& variation,
                  nowMs);
 }
 
-std::vector<LandingRunway> ApproachDesk::nearestRunways(GeoPoint position) const {
+std::vector<LandingRunway> ActiveApproach::nearestRunways(GeoPoint position) const {
     for (const NearPlace& near :
          database_.nearest(position, kAirportKind, kAirportsAsked, kAirportsWithinNm)) {
         const auto record = database_.recordOf(near.place);
@@ -77,7 +77,7 @@ std::vector<LandingRunway> ApproachDesk::nearestRunways(GeoPoint position) const
     return {};
 }
 
-std::vector<LandingRunway> ApproachDesk::offered(GeoPoint position) const {
+std::vector<LandingRunway> ActiveApproach::offered(GeoPoint position) const {
     std::vector<LandingRunway> all = runways_.empty() ? nearestRunways(position) : runways_;
     const auto turning = [&](const LandingRunway& runway) {
         const double bearing = TrueCourseDeg(position, runway.threshold);
@@ -87,7 +87,7 @@ std::vector<LandingRunway> ApproachDesk::offered(GeoPoint position) const {
     return all;
 }
 
-void ApproachDesk::describe(FlightSituation& situation, GeoPoint position) const {
+void ActiveApproach::describe(FlightSituation& situation, GeoPoint position) const {
     if (!mode_.runway()) {
         return;
     }
@@ -98,7 +98,7 @@ void ApproachDesk::describe(FlightSituation& situation, GeoPoint position) const
                             : std::nullopt;
 }
 
-void ApproachDesk::collect(CockpitData& data, const Variation& variation) const {
+void ActiveApproach::collect(CockpitData& data, const Variation& variation) const {
     if (!mode_.runway() || !data.position) {
         return;
     }

@@ -20,12 +20,12 @@ class UserRecordStore;
 
 /// The active plan and what the pilot does with it. Every command returns the message for the
 /// pilot, empty on success; one that is refused leaves the plan as it was. Main thread only.
-class PlanDesk {
+class ActivePlan {
  public:
     /// Both must outlive the desk. `onChange` is called when another plan has come into force, or
     /// one that was `edited` and is to be flown anew all the same.
-    PlanDesk(NavDatabase& database, const UserRecordStore& userRecords,
-             std::function<void(bool edited)> onChange);
+    ActivePlan(NavDatabase& database, const UserRecordStore& userRecords,
+               std::function<void(bool edited)> onChange);
 
     GuardedPlan& plan() { return plan_; }
     GeneratedFixes& fixes() { return fixes_; }

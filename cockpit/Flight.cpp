@@ -1,13 +1,13 @@
-#include "cockpit/Navigator.h"
+#include "cockpit/Flight.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "base/TextNumbers.h"
-#include "cockpit/Known.h"
 #include "cockpit/NearAirports.h"
 #include "cockpit/PlanViewBuilder.h"
+#include "cockpit/SentinelValues.h"
 #include "config/Settings.h"
 #include "config/StringTable.h"
 #include "geo/Geodesy.h"
@@ -48,7 +48,7 @@ std::uint32_t dateNumber(const LocalTime& time) {
 
 }  // namespace
 
-Navigator::Navigator(const Clock& clock, const std::filesystem::path& folder)
+Flight::Flight(const Clock& clock, const std::filesystem::path& folder)
     : clock_(clock),
       database_(clock),
       report_(folder.empty() ? LoadReport() : LoadReport(folder / kLoadReportName)),
@@ -72,15 +72,15 @@ Navigator::Navigator(const Clock& clock, const std::filesystem::path& folder)
     updateDatabaseNotice();
 }
 
-Navigator::~Navigator() {
+Flight::~Flight() {
     log_.close();
     track_.endSession();
 }
 
 // Databases
 
-void Navigator::loadDatabases(std::span<const std::filesystem::path> folders,
-                              const DatabaseLoader::Progress& progress) {
+void Flight::loadDatabases(std::span<const std::filesystem::path> folders,
+                           const DatabaseLoader::Progress& progress) {
     nearAirports_.reset();
     loader_.load(folders, progress);
     nearAirports_.reset();
@@ -88,7 +88,7 @@ void Navigator::loadDatabases(std::span<const std::filesystem::path> folders,
     updateDatabaseNotice();
 }
 
-void Navigator::updateDatabaseNotice() {
+void Flight::updateDatabaseNotice() {
     const auto& files = database_.files();
     databaseNotice_.clear();
     if (files.empty()) {
@@ -107,7 +107,7 @@ void Navigator::updateDatabaseNotice() {
     }
 }
 
-void Navigator::lookUpVariation() {
+void Flight::lookUpVariation() {
     const GeoPoint here = navigation_.present().position;
     if (!IsValid(here) ||
         (IsValid(variationPoint_) && DistanceNm(here, variationPoint_) < kVariationStepNm)) {
@@ -117,7 +117,7 @@ void Navigator::lookUpVariation() {
     variationDeg_ = database_.variationNear(here);
 }
 
-void Navigator::lookUpNearAirports(const Settings& settings, const Variation& variation) {
+void Flight::lookUpNearAirports(const Settings& settings, const Variation& variation) {
     const GeoPoint here = navigation_.present().position;
     if (!std::exchange(nearAirportsWanted_, false) || !IsValid(here)) {
         nearAirports_.reset();
@@ -133,7 +133,7 @@ void Navigator::lookUpNearAirports(const Settings& settings, const Variation& va
     nearAirports_ = std::move(airports);
 }
 
-std::string Navigator::placeHere() const {
+std::string Flight::placeHere() const {
     const GeoPoint here = navigation_.present().position;
     if (!IsValid(here)) {
         return {};
@@ -144,7 +144,7 @@ std::string Navigator::placeHere() const {
 
 // Simulator
 
-SimulatorStart Navigator::simulatorStart(const Settings& settings) const {
+SimulatorStart Flight::simulatorStart(const Settings& settings) const {
     SimulatorStart start{.position = kDefaultField};
     const double lat = ParseDouble(settings.simLat);
     const double lon = ParseDouble(settings.simLon);
@@ -167,29 +167,29 @@ SimulatorStart Navigator::simulatorStart(const Settings& settings) const {
     return start;
 }
 
-void Navigator::startSimulator(const SimulatorStart& start) {
+void Flight::startSimulator(const SimulatorStart& start) {
     simulator_.start(start.position, start.headingMag, start.speedKt, start.altitudeFt,
                      clock_.tickMs());
     plan_.activate();
 }
 
-void Navigator::stopSimulator() {
+void Flight::stopSimulator() {
     simulator_.stop();
     timeFactor_ = 1;
 }
 
-void Navigator::setTimeFactor(int factor) { timeFactor_ = std::clamp(factor, 1, kFastestTime); }
+void Flight::setTimeFactor(int factor) { timeFactor_ = std::clamp(factor, 1, kFastestTime); }
 
 // The tick
 
-void Navigator::lookAround(const ActiveNavigation::Aircraft& received) {
+void Flight::lookAround(const ActiveNavigation::Aircraft& received) {
     navigation_.lookAround(received);
     plan_.setPresent(known(navigation_.present().position));
     lookUpVariation();
 }
 
-void Navigator::tick(const Settings& settings, const Variation& variation,
-                     const ActiveNavigation::Aircraft& received) {
+void Flight::tick(const Settings& settings, const Variation& variation,
+                  const ActiveNavigation::Aircraft& received) {
     navigation_.setOptions({.variation = variation,
                             .tracking = settings.tracking,
                             .log = FlightLog::Options::from(settings)});
@@ -210,7 +210,7 @@ void Navigator::tick(const Settings& settings, const Variation& variation,
 
 /// Ends a course to a waypoint of the plan when it has been flown to the waypoint: the plan's next
 /// leg follows. Without a course the plan takes over by itself.
-void Navigator::goOnWithPlan() {
+void Flight::goOnWithPlan() {
     const auto& record = navigation_.directRecord();
     if (!navigation_.directLeg() || !record) {
         return;
@@ -232,7 +232,7 @@ void Navigator::goOnWithPlan() {
 
 /// Where the flight ends, once it is what is flown to: the plan's last waypoint, or the airport of
 /// a direct leg. Null for none.
-std::shared_ptr<const DatabaseRecord> Navigator::destination() {
+std::shared_ptr<const DatabaseRecord> Flight::destination() {
     if (navigation_.directLeg()) {
         const auto& record = navigation_.directRecord();
         return record && record->GetKind() == kAirportKind ? record : nullptr;
@@ -245,7 +245,7 @@ std::shared_ptr<const DatabaseRecord> Navigator::destination() {
     return (*plan)->currentIndex() == entries.size() - 1 ? entries.back().record : nullptr;
 }
 
-void Navigator::watchFlight(const Settings& settings, const Variation& variation) {
+void Flight::watchFlight(const Settings& settings, const Variation& variation) {
     const ActiveNavigation::Aircraft& present = navigation_.present();
     if (!IsValid(present.position)) {
         return;
@@ -270,7 +270,7 @@ void Navigator::watchFlight(const Settings& settings, const Variation& variation
     alarms_.update(clock_.tickMs());
 }
 
-void Navigator::refresh(const Variation& variation) {
+void Flight::refresh(const Variation& variation) {
     const auto plan = plan_.plan().lock();
     if (!plan->has_value()) {
         planView_.reset();
@@ -289,7 +289,7 @@ void Navigator::refresh(const Variation& variation) {
     planView_ = std::make_shared<const PlanView>(std::move(view));
 }
 
-void Navigator::collectSimulated(CockpitData& data, const Variation& variation) const {
+void Flight::collectSimulated(CockpitData& data, const Variation& variation) const {
     const ActiveNavigation::Aircraft& present = navigation_.present();
     data.simulated = true;
     data.status.clear();
@@ -302,7 +302,7 @@ void Navigator::collectSimulated(CockpitData& data, const Variation& variation) 
     data.altitudeFt = present.altitudeFt;
 }
 
-void Navigator::collect(CockpitData& data, const Variation& variation) const {
+void Flight::collect(CockpitData& data, const Variation& variation) const {
     if (simulator_.running()) {
         collectSimulated(data, variation);
     }
@@ -326,7 +326,7 @@ void Navigator::collect(CockpitData& data, const Variation& variation) const {
     approach_.collect(data, variation);
 }
 
-void Navigator::collectLeg(CockpitData& data, const Variation& variation) const {
+void Flight::collectLeg(CockpitData& data, const Variation& variation) const {
     const NavigationState state = navigation_.state();
     if (state.activeKey.empty() && !navigation_.directLeg()) {
         return;

@@ -1,4 +1,4 @@
-#include "cockpit/PlanDesk.h"
+#include "cockpit/ActivePlan.h"
 
 #include <algorithm>
 #include <system_error>
@@ -11,40 +11,40 @@
 
 namespace korvel {
 
-PlanDesk::PlanDesk(NavDatabase& database, const UserRecordStore& userRecords,
-                   std::function<void(bool edited)> onChange)
+ActivePlan::ActivePlan(NavDatabase& database, const UserRecordStore& userRecords,
+                       std::function<void(bool edited)> onChange)
     : database_(database),
       files_(database, fixes_, &userRecords, plan_),
       onChange_(std::move(onChange)) {}
 
-std::vector<PlanWaypoint> PlanDesk::entries() const {
+std::vector<PlanWaypoint> ActivePlan::entries() const {
     const auto plan = plan_.lock();
     return plan->has_value() ? (*plan)->entries() : std::vector<PlanWaypoint>();
 }
 
-bool PlanDesk::hasPlan() const {
+bool ActivePlan::hasPlan() const {
     const auto plan = plan_.lock();
     return plan->has_value() && !(*plan)->entries().empty();
 }
 
-void PlanDesk::setPresent(std::optional<GeoPoint> present) {
+void ActivePlan::setPresent(std::optional<GeoPoint> present) {
     present_ = present;
     files_.setPresent(present);
 }
 
-void PlanDesk::noteChange(bool changed) {
+void ActivePlan::noteChange(bool changed) {
     // Nothing is left to save of a plan without waypoints.
     changed_ = changed && hasPlan();
     ++revision_;
     keepUnsaved();
 }
 
-void PlanDesk::comeIntoForce(bool changed) {
+void ActivePlan::comeIntoForce(bool changed) {
     noteChange(changed);
     onChange_(false);
 }
 
-std::string PlanDesk::proposedFileName() const {
+std::string ActivePlan::proposedFileName() const {
     if (!file_.empty()) {
         return file_.filename().string();
     }
@@ -64,7 +64,7 @@ std::string PlanDesk::proposedFileName() const {
 }
 
 /// A failure to write is forgotten, the next change tries again: the flight goes on.
-void PlanDesk::keepUnsaved() {
+void ActivePlan::keepUnsaved() {
     if (!changed_)
         return forgetUnsaved();
     if (!unsaved_.empty()) {
@@ -72,14 +72,14 @@ void PlanDesk::keepUnsaved() {
     }
 }
 
-void PlanDesk::forgetUnsaved() {
+void ActivePlan::forgetUnsaved() {
     if (std::exchange(unsavedIsOurs_, false)) {
         std::error_code failure;
         std::filesystem::remove(unsaved_, failure);
     }
 }
 
-std::optional<std::string> PlanDesk::recover() {
+std::optional<std::string> ActivePlan::recover() {
     const auto bytes = unsaved_.empty() ? std::nullopt : readWholeFile(unsaved_);
     if (!bytes) {
         return std::nullopt;
@@ -90,7 +90,7 @@ std::optional<std::string> PlanDesk::recover() {
     return error;
 }
 
-std::string PlanDesk::enterRoute(std::string_view line) {
+std::string ActivePlan::enterRoute(std::string_view line) {
     RouteResult result = RouteEntry(database_, fixes_, present_).EnterRoute(line, true);
     if (result.error.empty()) {
         const bool edited = beginsAlike(result.entries);
@@ -100,7 +100,7 @@ std::string PlanDesk::enterRoute(std::string_view line) {
     return result.error;
 }
 
-bool PlanDesk::beginsAlike(const PlanEntries& entries) {
+bool ActivePlan::beginsAlike(const PlanEntries& entries) {
     const auto plan = plan_.lock();
     const auto current = plan->has_value() ? (*plan)->currentIndex() : std::nullopt;
     if (!current || *current >= entries.size()) {
@@ -113,7 +113,7 @@ bool PlanDesk::beginsAlike(const PlanEntries& entries) {
                       (*plan)->entries().begin(), sameKey);
 }
 
-void PlanDesk::putInForce(PlanEntries entries, bool edited) {
+void ActivePlan::putInForce(PlanEntries entries, bool edited) {
     bool goesOn = false;
     if (entries.empty()) {
         plan_.lock()->reset();
@@ -129,12 +129,12 @@ void PlanDesk::putInForce(PlanEntries entries, bool edited) {
     }
 }
 
-void PlanDesk::replace(PlanEntries entries) {
+void ActivePlan::replace(PlanEntries entries) {
     history_.remember(this->entries());
     putInForce(std::move(entries), true);
 }
 
-bool PlanDesk::undo() {
+bool ActivePlan::undo() {
     auto former = history_.undo(entries());
     if (former) {
         putInForce(std::move(*former), true);
@@ -142,7 +142,7 @@ bool PlanDesk::undo() {
     return former.has_value();
 }
 
-bool PlanDesk::redo() {
+bool ActivePlan::redo() {
     auto later = history_.redo(entries());
     if (later) {
         putInForce(std::move(*later), true);
@@ -151,7 +151,7 @@ bool PlanDesk::redo() {
 }
 
 template <class Change>
-bool PlanDesk::changePlan(Change change) {
+bool ActivePlan::changePlan(Change change) {
     const auto plan = plan_.lock();
     if (!plan->has_value()) {
         return false;
@@ -160,7 +160,7 @@ bool PlanDesk::changePlan(Change change) {
     return true;
 }
 
-bool PlanDesk::reverse() {
+bool ActivePlan::reverse() {
     const PlanEntries before = entries();
     if (!changePlan([](FlightPlan& plan) { plan.reverse(); })) {
         return false;
@@ -170,7 +170,7 @@ bool PlanDesk::reverse() {
     return true;
 }
 
-bool PlanDesk::activate() {
+bool ActivePlan::activate() {
     if (!changePlan([](FlightPlan& plan) { plan.activate(); })) {
         return false;
     }
@@ -178,7 +178,7 @@ bool PlanDesk::activate() {
     return true;
 }
 
-void PlanDesk::flyTo(std::size_t index) {
+void ActivePlan::flyTo(std::size_t index) {
     bool moved = false;
     changePlan([&](FlightPlan& plan) {
         moved = index < plan.entries().size();
@@ -191,7 +191,7 @@ void PlanDesk::flyTo(std::size_t index) {
     }
 }
 
-void PlanDesk::clear() {
+void ActivePlan::clear() {
     if (const PlanEntries before = entries(); !before.empty()) {
         history_.remember(before);
     }
@@ -200,7 +200,7 @@ void PlanDesk::clear() {
     comeIntoForce(false);
 }
 
-std::string PlanDesk::open(const std::filesystem::path& path) {
+std::string ActivePlan::open(const std::filesystem::path& path) {
     const auto bytes = readWholeFile(path);
     if (!bytes) {
         return std::string(text(TextId::FileOpenError));
@@ -220,11 +220,11 @@ std::string PlanDesk::open(const std::filesystem::path& path) {
     return error;
 }
 
-std::string PlanDesk::exportTo(const std::filesystem::path& path) const {
+std::string ActivePlan::exportTo(const std::filesystem::path& path) const {
     return files_.savePlanAs(path);
 }
 
-std::string PlanDesk::saveAs(const std::filesystem::path& path) {
+std::string ActivePlan::saveAs(const std::filesystem::path& path) {
     std::string error = files_.savePlanAs(path);
     if (error.empty()) {
         file_ = path;
