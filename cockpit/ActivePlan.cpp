@@ -4,7 +4,8 @@
 #include <system_error>
 #include <utility>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
 #include "nav/plan/RouteEntry.h"
 #include "navdb/records/RecordKey.h"
 #include "platform/FileIo.h"
@@ -203,7 +204,7 @@ void ActivePlan::clear() {
 std::string ActivePlan::open(const std::filesystem::path& path) {
     const auto bytes = readWholeFile(path);
     if (!bytes) {
-        return std::string(text(TextId::FileOpenError));
+        return std::string(text(kFlightTexts.fileOpenError));
     }
     PlanEntries before = entries();
     std::string error = files_.OpenPlanFile(path, *bytes);

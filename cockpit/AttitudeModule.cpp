@@ -1,6 +1,7 @@
 #include "cockpit/AttitudeModule.h"
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
 #include "platform/Folders.h"
 
 namespace korvel {
@@ -22,7 +23,8 @@ std::string AttitudeModule::load(const std::filesystem::path& path) {
     if (draw_ != nullptr && processMessage_ != nullptr && checkAlive_ != nullptr)
         return {};
     draw_ = nullptr;
-    return formatText(TextId::PluginLacksFunctions, {std::string_view(path.filename().string())});
+    return formatText(kFlightTexts.pluginLacksFunctions,
+                      {std::string_view(path.filename().string())});
 }
 
 void AttitudeModule::processMessage(std::string_view sentence) {

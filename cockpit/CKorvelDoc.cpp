@@ -3,7 +3,8 @@
 #include <cmath>
 #include <utility>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
 
@@ -200,7 +201,7 @@ void CKorvelDoc::collectFix(CockpitData& data) {
         lastPosition_ = aircraft.position;
         lastPositionMs_ = fix.positionTickMs;
     } else if (data.status.empty()) {
-        data.status = text(TextId::NoGpsSignal);
+        data.status = text(kStatusTexts.noGpsSignal);
     }
     data.groundSpeedKt = aircraft.groundSpeedKt;
     data.altitudeFt = aircraft.altitudeFt;

@@ -7,7 +7,8 @@
 
 #include "base/TextNumbers.h"
 #include "cockpit/CKorvelDoc.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/ConnectedTexts.h"
 #include "navdb/file/DatabaseFile.h"
 #include "receiver/ConnectionTexts.h"
 
@@ -19,79 +20,80 @@ void addLine(std::string& words, std::string_view line) { words.append(line).app
 /// What the pilot can do about a state of the connection.
 struct Advice {
     std::string_view state;
-    TextId text;
+    Text text;
 };
 constexpr std::array<Advice, 8> kAdvice = {{
-    {kInvalidPortText, TextId::AdviceNoPort},
-    {kPortOpenText, TextId::AdvicePortTaken},
-    {kPortMissingText, TextId::AdvicePortTaken},
-    {kPortUsedText, TextId::AdvicePortTaken},
-    {kNoActivityText, TextId::AdviceSilent},
-    {kWaitingForNmeaText, TextId::AdviceNoNmea},
-    {kWaitingForCourseText, TextId::AdviceSentences},
-    {kWaitingForAltitudeText, TextId::AdviceSentences},
+    {kInvalidPortText, kConnectedTexts.adviceNoPort},
+    {kPortOpenText, kConnectedTexts.advicePortTaken},
+    {kPortMissingText, kConnectedTexts.advicePortTaken},
+    {kPortUsedText, kConnectedTexts.advicePortTaken},
+    {kNoActivityText, kConnectedTexts.adviceSilent},
+    {kWaitingForNmeaText, kConnectedTexts.adviceNoNmea},
+    {kWaitingForCourseText, kConnectedTexts.adviceSentences},
+    {kWaitingForAltitudeText, kConnectedTexts.adviceSentences},
 }};
 
 std::string_view adviceOn(std::string_view state) {
     const auto* const found = std::ranges::find(kAdvice, state, &Advice::state);
-    return text(found == kAdvice.end() ? TextId::AdviceSky : found->text);
+    return text(found == kAdvice.end() ? kConnectedTexts.adviceSky : found->text);
 }
 
 void addReceiver(std::string& words, const CKorvelDoc& document) {
     const CockpitData& data = document.cockpitData();
     if (data.simulated)
-        return addLine(words, text(TextId::ConnectedSimulator));
+        return addLine(words, text(kConnectedTexts.connectedSimulator));
     if (data.status.empty())
         return addLine(words, document.portLabel() + ": " +
-                                  formatText(TextId::ConnectedFix, {data.satsInUse}));
+                                  formatText(kConnectedTexts.connectedFix, {data.satsInUse}));
     // The label of a port that could not be opened stands in the status: the search is past it.
     const std::size_t end = data.status.find('\n');
     const bool labelled = end != std::string::npos;
     const std::string label = labelled ? data.status.substr(0, end) : document.portLabel();
     const std::string state = labelled ? data.status.substr(end + 1) : data.status;
     if (document.searchesPort())
-        addLine(words, text(TextId::ConnectedPortSearched));
+        addLine(words, text(kConnectedTexts.connectedPortSearched));
     addLine(words, label.empty() ? state : label + ": " + state);
     addLine(words, adviceOn(state));
 }
 
 std::string attitudeModule(const Settings& settings) {
     if (settings.viaGyro == 0)
-        return std::string(text(TextId::ConnectedNoModule));
+        return std::string(text(kConnectedTexts.connectedNoModule));
     if (settings.portGyro.empty())
-        return std::string(text(TextId::ConnectedModuleNoPort));
+        return std::string(text(kConnectedTexts.connectedModuleNoPort));
     const std::string label = settings.portGyro + " " + settings.baudGyro;
-    return formatText(TextId::ConnectedModule, {std::string_view(label)});
+    return formatText(kConnectedTexts.connectedModule, {std::string_view(label)});
 }
 
 std::string expiryText(std::uint32_t yyyymmdd, const LocalTime& now) {
     if (yyyymmdd == 0)
-        return std::string(text(TextId::ConnectedUndated));
+        return std::string(text(kConnectedTexts.connectedUndated));
     std::string date = formatInt(yyyymmdd);
     if (date.size() == 8)
         date.insert(6, "-").insert(4, "-");
     const int today = (now.year * 100 + now.month) * 100 + now.day;
     const bool isOver = std::cmp_less(yyyymmdd, today);
-    return formatText(isOver ? TextId::ConnectedExpired : TextId::ConnectedExpiry,
+    return formatText(isOver ? kConnectedTexts.connectedExpired : kConnectedTexts.connectedExpiry,
                       {std::string_view(date)});
 }
 
 void addDatabases(std::string& words, const CKorvelDoc& document,
                   std::span<const std::filesystem::path> folders) {
     const auto& files = document.flight().database().files();
-    addLine(words, formatText(TextId::ConnectedDatabases, {static_cast<int>(files.size())}));
+    addLine(words,
+            formatText(kConnectedTexts.connectedDatabases, {static_cast<int>(files.size())}));
     addLine(words, document.flight().databaseNotice());
     for (const auto& file : files)
         addLine(words, *file->fileName() + "   " +
                            expiryText(file->header().expiry, document.cockpitData().now));
     addLine(words, "");
-    addLine(words, text(TextId::ConnectedFolders));
-    addLine(words, text(TextId::ConnectedFoldersHelp));
+    addLine(words, text(kConnectedTexts.connectedFolders));
+    addLine(words, text(kConnectedTexts.connectedFoldersHelp));
     for (const std::filesystem::path& folder : folders)
         if (!folder.empty())
             addLine(words, "  " + folder.string());
     if (const auto& report = document.flight().report().path(); !report.empty()) {
-        addLine(words, text(TextId::ConnectedReport));
+        addLine(words, text(kConnectedTexts.connectedReport));
         addLine(words, "  " + report.string());
     }
 }
@@ -101,10 +103,10 @@ void addDatabases(std::string& words, const CKorvelDoc& document,
 std::string connectedText(const CKorvelDoc& document,
                           std::span<const std::filesystem::path> folders) {
     std::string words;
-    addLine(words, text(TextId::ConnectedReceiver));
+    addLine(words, text(kConnectedTexts.connectedReceiver));
     addReceiver(words, document);
     addLine(words, "");
-    addLine(words, text(TextId::ConnectedAttitude));
+    addLine(words, text(kConnectedTexts.connectedAttitude));
     addLine(words, attitudeModule(document.settings()));
     addLine(words, "");
     addDatabases(words, document, folders);
@@ -116,13 +118,13 @@ std::string loadReportText(const CKorvelDoc& document,
     const Flight& flight = document.flight();
     std::string words;
     if (flight.database().files().empty())
-        addLine(words, text(TextId::NoDatabaseHelp));
+        addLine(words, text(kConnectedTexts.noDatabaseHelp));
     else if (!flight.databaseNotice().empty())
-        addLine(words, text(TextId::OldDatabaseHelp));
+        addLine(words, text(kConnectedTexts.oldDatabaseHelp));
     addLine(words, "");
     addDatabases(words, document, folders);
     addLine(words, "");
-    addLine(words, text(TextId::LoadReportLines));
+    addLine(words, text(kConnectedTexts.loadReportLines));
     return words + flight.report().text();
 }
 

@@ -9,7 +9,8 @@
 #include "cockpit/PlanViewBuilder.h"
 #include "cockpit/SentinelValues.h"
 #include "config/Settings.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
 #include "navdb/file/DatabaseFile.h"
 
@@ -92,7 +93,7 @@ void Flight::updateDatabaseNotice() {
     const auto& files = database_.files();
     databaseNotice_.clear();
     if (files.empty()) {
-        databaseNotice_ = text(TextId::NoDatabase);
+        databaseNotice_ = text(kStatusTexts.noDatabase);
         return;
     }
     const std::uint32_t today = dateNumber(clock_.localNow());
@@ -101,9 +102,10 @@ void Flight::updateDatabaseNotice() {
         oldest = std::min(oldest, file->header().expiry);
     }
     if (oldest == 0) {
-        databaseNotice_ = text(TextId::ChartsUndated);
+        databaseNotice_ = text(kStatusTexts.chartsUndated);
     } else if (oldest < today) {
-        databaseNotice_ = formatText(TextId::ChartsExpired, {std::string_view(dateText(oldest))});
+        databaseNotice_ =
+            formatText(kStatusTexts.chartsExpired, {std::string_view(dateText(oldest))});
     }
 }
 

@@ -6,27 +6,31 @@
 #include "base/TextNumbers.h"
 #include "cockpit/PageId.h"
 #include "cockpit/PlaceClass.h"
+#include "config/texts/FlightTexts.h"
+#include "config/texts/PreferenceTexts.h"
 
 namespace korvel {
 namespace {
 
 using enum PrefsPage;
 
-constexpr std::array kAltitudeUnits = {TextId::UnitFeet, TextId::UnitMetres};
-constexpr std::array kSpeedUnits = {TextId::UnitKnots, TextId::UnitMph, TextId::UnitKmh};
-constexpr std::array kTerrainModes = {TextId::TerrainAbsolute, TextId::TerrainRelative};
+constexpr std::array kAltitudeUnits = {kPreferenceTexts.unitFeet, kPreferenceTexts.unitMetres};
+constexpr std::array kSpeedUnits = {kPreferenceTexts.unitKnots, kPreferenceTexts.unitMph,
+                                    kPreferenceTexts.unitKmh};
+constexpr std::array kTerrainModes = {kPreferenceTexts.terrainAbsolute,
+                                      kPreferenceTexts.terrainRelative};
 constexpr unsigned kLabelsAbove = 16;  // where a layer's labels have their bit
 constexpr int kHighestAltitude = 60000;
 constexpr int kFastestKt = 500;
 
-constexpr PrefRow flag(PrefsPage page, std::string_view key, TextId label) {
+constexpr PrefRow flag(PrefsPage page, std::string_view key, Text label) {
     return {.page = page, .key = key, .label = label, .kind = PrefKind::Flag};
 }
-constexpr PrefRow choice(PrefsPage page, std::string_view key, TextId label,
-                         std::span<const TextId> choices) {
+constexpr PrefRow choice(PrefsPage page, std::string_view key, Text label,
+                         std::span<const Text> choices) {
     return {.page = page, .key = key, .label = label, .kind = PrefKind::Choice, .choices = choices};
 }
-constexpr PrefRow number(PrefsPage page, std::string_view key, TextId label, int lowest,
+constexpr PrefRow number(PrefsPage page, std::string_view key, Text label, int lowest,
                          int highest) {
     return {.page = page,
             .key = key,
@@ -36,10 +40,10 @@ constexpr PrefRow number(PrefsPage page, std::string_view key, TextId label, int
             .highest = highest};
 }
 /// `highest` is the number of characters.
-constexpr PrefRow words(PrefsPage page, std::string_view key, TextId label, int highest) {
+constexpr PrefRow words(PrefsPage page, std::string_view key, Text label, int highest) {
     return {.page = page, .key = key, .label = label, .kind = PrefKind::Text, .highest = highest};
 }
-constexpr PrefRow mode(TextId label, unsigned number) {
+constexpr PrefRow mode(Text label, unsigned number) {
     constexpr unsigned kBits = 8;
     PrefRow row = choice(Map, "RotateMask", label, kNavaidSetNames);
     row.shift = kBits * number;
@@ -51,81 +55,81 @@ constexpr PrefRow bit(PrefRow row, unsigned number) {
     row.bits = 1;
     return row;
 }
-constexpr PrefRow symbols(TextId label, PlaceLayerBit layer) {
+constexpr PrefRow symbols(Text label, PlaceLayerBit layer) {
     return bit(flag(MapLayers, "MapMask2", label), static_cast<unsigned>(layer));
 }
-constexpr PrefRow labels(TextId label, PlaceLayerBit layer) {
+constexpr PrefRow labels(Text label, PlaceLayerBit layer) {
     return bit(flag(MapLayers, "MapMask2", label), static_cast<unsigned>(layer) + kLabelsAbove);
 }
-constexpr PrefRow shown(TextId label, PageId page) {
+constexpr PrefRow shown(Text label, PageId page) {
     return bit(flag(Pages, "DisplayPages", label), static_cast<unsigned>(page));
 }
 
 constexpr std::array kRows = {
-    flag(General, "ShowHints2", TextId::PrefHints),
-    choice(General, "AltUnit", TextId::PrefAltUnit, kAltitudeUnits),
-    choice(General, "GsUnit", TextId::PrefGsUnit, kSpeedUnits),
-    flag(General, "Autozoom", TextId::PrefAutozoom),
-    flag(General, "Autoview", TextId::PrefAutoview),
+    flag(General, "ShowHints2", kPreferenceTexts.prefHints),
+    choice(General, "AltUnit", kPreferenceTexts.prefAltUnit, kAltitudeUnits),
+    choice(General, "GsUnit", kPreferenceTexts.prefGsUnit, kSpeedUnits),
+    flag(General, "Autozoom", kPreferenceTexts.prefAutozoom),
+    flag(General, "Autoview", kPreferenceTexts.prefAutoview),
 
-    flag(Map, "Icon", TextId::PrefIcons),
-    flag(Map, "HighNavaids", TextId::PrefHighNavaids),
-    flag(Map, "VRPNavaids", TextId::PrefVrpNavaids),
-    flag(Map, "DisplayPrivAirports", TextId::PrefPrivateAirports),
-    flag(Map, "RotateNavaids", TextId::PrefRotateNavaids),
-    mode(TextId::PrefRotateMode1, 0),
-    mode(TextId::PrefRotateMode2, 1),
-    mode(TextId::PrefRotateMode3, 2),
-    choice(Map, "AltMode", TextId::PrefAltMode, kTerrainModes),
-    number(Map, "MinObsHt", TextId::PrefMinObstacle, 0, 9999),
-    number(Map, "IntelliBdryAlt", TextId::PrefBoundaryAltitude, 0, kHighestAltitude),
-    number(Map, "MapPref", TextId::PrefMapPreference, 0, 9999),
+    flag(Map, "Icon", kPreferenceTexts.prefIcons),
+    flag(Map, "HighNavaids", kPreferenceTexts.prefHighNavaids),
+    flag(Map, "VRPNavaids", kPreferenceTexts.prefVrpNavaids),
+    flag(Map, "DisplayPrivAirports", kPreferenceTexts.prefPrivateAirports),
+    flag(Map, "RotateNavaids", kPreferenceTexts.prefRotateNavaids),
+    mode(kPreferenceTexts.prefRotateMode1, 0),
+    mode(kPreferenceTexts.prefRotateMode2, 1),
+    mode(kPreferenceTexts.prefRotateMode3, 2),
+    choice(Map, "AltMode", kPreferenceTexts.prefAltMode, kTerrainModes),
+    number(Map, "MinObsHt", kPreferenceTexts.prefMinObstacle, 0, 9999),
+    number(Map, "IntelliBdryAlt", kPreferenceTexts.prefBoundaryAltitude, 0, kHighestAltitude),
+    number(Map, "MapPref", kPreferenceTexts.prefMapPreference, 0, 9999),
 
-    bit(flag(MapLayers, "ViewMask", TextId::ClassAirports), 0),
-    bit(flag(MapLayers, "ViewMask", TextId::ClassNavaids), 1),
-    bit(flag(MapLayers, "ViewMask", TextId::ClassFixes), 3),
-    symbols(TextId::LayerAirports, PlaceLayerBit::Airports),
-    labels(TextId::LabelsAirports, PlaceLayerBit::Airports),
-    symbols(TextId::LayerRunways, PlaceLayerBit::Runways),
-    labels(TextId::LabelsRunways, PlaceLayerBit::Runways),
-    symbols(TextId::LayerVors, PlaceLayerBit::Vors),
-    labels(TextId::LabelsVors, PlaceLayerBit::Vors),
-    symbols(TextId::LayerRoses, PlaceLayerBit::CompassRoses),
-    symbols(TextId::LayerNdbs, PlaceLayerBit::Ndbs),
-    labels(TextId::LabelsNdbs, PlaceLayerBit::Ndbs),
-    symbols(TextId::LayerFixes, PlaceLayerBit::Fixes),
-    labels(TextId::LabelsFixes, PlaceLayerBit::Fixes),
-    symbols(TextId::LayerVrps, PlaceLayerBit::VisualPoints),
-    labels(TextId::LabelsVrps, PlaceLayerBit::VisualPoints),
+    bit(flag(MapLayers, "ViewMask", kPreferenceTexts.classAirports), 0),
+    bit(flag(MapLayers, "ViewMask", kPreferenceTexts.classNavaids), 1),
+    bit(flag(MapLayers, "ViewMask", kPreferenceTexts.classFixes), 3),
+    symbols(kPreferenceTexts.layerAirports, PlaceLayerBit::Airports),
+    labels(kPreferenceTexts.labelsAirports, PlaceLayerBit::Airports),
+    symbols(kPreferenceTexts.layerRunways, PlaceLayerBit::Runways),
+    labels(kPreferenceTexts.labelsRunways, PlaceLayerBit::Runways),
+    symbols(kPreferenceTexts.layerVors, PlaceLayerBit::Vors),
+    labels(kPreferenceTexts.labelsVors, PlaceLayerBit::Vors),
+    symbols(kPreferenceTexts.layerRoses, PlaceLayerBit::CompassRoses),
+    symbols(kPreferenceTexts.layerNdbs, PlaceLayerBit::Ndbs),
+    labels(kPreferenceTexts.labelsNdbs, PlaceLayerBit::Ndbs),
+    symbols(kPreferenceTexts.layerFixes, PlaceLayerBit::Fixes),
+    labels(kPreferenceTexts.labelsFixes, PlaceLayerBit::Fixes),
+    symbols(kPreferenceTexts.layerVrps, PlaceLayerBit::VisualPoints),
+    labels(kPreferenceTexts.labelsVrps, PlaceLayerBit::VisualPoints),
 
-    flag(Approach, "ApprMode", TextId::PrefApproach),
-    flag(Approach, "AutoApprMode", TextId::PrefAutoApproach),
-    number(Approach, "Approach", TextId::PrefApproachSpeed, 1, kFastestKt),
-    flag(Approach, "GearWarning", TextId::PrefGearWarning),
-    flag(Approach, "AutoSequence", TextId::PrefAutoSequence),
+    flag(Approach, "ApprMode", kPreferenceTexts.prefApproach),
+    flag(Approach, "AutoApprMode", kPreferenceTexts.prefAutoApproach),
+    number(Approach, "Approach", kPreferenceTexts.prefApproachSpeed, 1, kFastestKt),
+    flag(Approach, "GearWarning", kPreferenceTexts.prefGearWarning),
+    flag(Approach, "AutoSequence", kPreferenceTexts.prefAutoSequence),
 
-    words(Identifiers, "IcaoPrefix", TextId::PrefIcaoPrefix, 2),
+    words(Identifiers, "IcaoPrefix", kPreferenceTexts.prefIcaoPrefix, 2),
 
-    flag(Gps, "IgnoreMagVar", TextId::PrefIgnoreMagVar),
-    flag(Gps, "GyroConn", TextId::PrefGyroConnected),
-    flag(Gps, "ViaGyro", TextId::PrefViaGyro),
-    words(Gps, "PortGyro", TextId::PrefPortGyro, 16),
-    words(Gps, "BaudGyro", TextId::PrefBaudGyro, 6),
+    flag(Gps, "IgnoreMagVar", kPreferenceTexts.prefIgnoreMagVar),
+    flag(Gps, "GyroConn", kPreferenceTexts.prefGyroConnected),
+    flag(Gps, "ViaGyro", kPreferenceTexts.prefViaGyro),
+    words(Gps, "PortGyro", kPreferenceTexts.prefPortGyro, 16),
+    words(Gps, "BaudGyro", kPreferenceTexts.prefBaudGyro, 6),
 
-    flag(Log, "Tracking", TextId::PrefTracking),
-    flag(Log, "LogEnable", TextId::PrefLogEnable),
-    number(Log, "LogStartVal", TextId::PrefLogStart, -1, kFastestKt),
-    number(Log, "LogEndVal", TextId::PrefLogEnd, -1, kFastestKt),
+    flag(Log, "Tracking", kPreferenceTexts.prefTracking),
+    flag(Log, "LogEnable", kPreferenceTexts.prefLogEnable),
+    number(Log, "LogStartVal", kPreferenceTexts.prefLogStart, -1, kFastestKt),
+    number(Log, "LogEndVal", kPreferenceTexts.prefLogEnd, -1, kFastestKt),
 
-    shown(TextId::PageMap, PageId::Map),
-    shown(TextId::PageMapHsi, PageId::MapHsi),
-    shown(TextId::PageHsi, PageId::Hsi),
-    shown(TextId::PageEfis, PageId::Efis),
-    shown(TextId::PageNorthUp, PageId::NorthUp),
-    shown(TextId::PageFlightPlan, PageId::FlightPlan),
-    shown(TextId::PageNearest, PageId::NearestAirport),
-    shown(TextId::PageSatellite, PageId::Satellite),
-    shown(TextId::PageAttitude, PageId::Attitude),
+    shown(kPreferenceTexts.pageMap, PageId::Map),
+    shown(kPreferenceTexts.pageMapHsi, PageId::MapHsi),
+    shown(kPreferenceTexts.pageHsi, PageId::Hsi),
+    shown(kPreferenceTexts.pageEfis, PageId::Efis),
+    shown(kPreferenceTexts.pageNorthUp, PageId::NorthUp),
+    shown(kPreferenceTexts.pageFlightPlan, PageId::FlightPlan),
+    shown(kPreferenceTexts.pageNearest, PageId::NearestAirport),
+    shown(kPreferenceTexts.pageSatellite, PageId::Satellite),
+    shown(kPreferenceTexts.pageAttitude, PageId::Attitude),
 };
 static_assert(std::ranges::is_sorted(kRows, {}, &PrefRow::page));
 
@@ -135,10 +139,12 @@ const SettingInfo& infoOf(std::string_view key) {
 
 }  // namespace
 
-TextId prefsPageName(PrefsPage page) {
-    constexpr std::array<TextId, kPrefsPageCount> kNames = {
-        TextId::PrefsGeneral,     TextId::PrefsMap, TextId::PrefsLayers, TextId::PrefsApproach,
-        TextId::PrefsIdentifiers, TextId::PrefsGps, TextId::PrefsLog,    TextId::PrefsPages};
+Text prefsPageName(PrefsPage page) {
+    constexpr std::array<Text, kPrefsPageCount> kNames = {
+        kPreferenceTexts.prefsGeneral,     kPreferenceTexts.prefsMap,
+        kPreferenceTexts.prefsLayers,      kPreferenceTexts.prefsApproach,
+        kPreferenceTexts.prefsIdentifiers, kPreferenceTexts.prefsGps,
+        kPreferenceTexts.prefsLog,         kPreferenceTexts.prefsPages};
     return kNames.at(static_cast<std::size_t>(page));
 }
 
@@ -168,7 +174,7 @@ std::string PrefRow::read(std::string_view typed, SettingValue& value) const {
     const auto number = scanInt(typed);
     const bool isAll = typed.find_first_not_of(' ') == std::string_view::npos;
     if (!number || !isAll || *number < lowest || *number > highest)
-        return formatText(TextId::NumberOutOfRange, {text(label), lowest, highest});
+        return formatText(kFlightTexts.numberOutOfRange, {text(label), lowest, highest});
     value = *number;
     return {};
 }

@@ -6,7 +6,8 @@
 #include <string_view>
 
 #include "config/Settings.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/PreferenceTexts.h"
 
 namespace korvel {
 
@@ -22,7 +23,7 @@ enum class PrefsPage : std::uint8_t {
 };
 inline constexpr int kPrefsPageCount = 8;
 
-TextId prefsPageName(PrefsPage page);
+Text prefsPageName(PrefsPage page);
 
 enum class PrefKind : std::uint8_t {
     Flag,
@@ -35,11 +36,11 @@ enum class PrefKind : std::uint8_t {
 struct PrefRow {
     PrefsPage page;
     std::string_view key;  ///< of the settings' table
-    TextId label;
+    Text label;
     PrefKind kind;
     int lowest = 0;
     int highest = 0;
-    std::span<const TextId> choices{};
+    std::span<const Text> choices{};
     /// Bits of the stored number that belong to the row; none for all of it.
     unsigned shift = 0;
     unsigned bits = 0;
@@ -54,9 +55,9 @@ struct PrefRow {
 };
 
 /// By the numbers of NavaidSet.
-inline constexpr std::array kNavaidSetNames = {TextId::NavaidsLow, TextId::NavaidsHigh,
-                                               TextId::NavaidsTerm, TextId::NavaidsVrp,
-                                               TextId::NavaidsOff};
+inline constexpr std::array kNavaidSetNames = {
+    kPreferenceTexts.navaidsLow, kPreferenceTexts.navaidsHigh, kPreferenceTexts.navaidsTerm,
+    kPreferenceTexts.navaidsVrp, kPreferenceTexts.navaidsOff};
 
 /// All rows, those of a page together in the order in which they show. What has a place of its own
 /// elsewhere is not among them: the port, the colour scheme, the simulator's start.

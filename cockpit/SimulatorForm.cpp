@@ -4,7 +4,9 @@
 #include <string_view>
 
 #include "base/TextNumbers.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
+#include "config/texts/SheetTexts.h"
 #include "geo/Geodesy.h"
 
 namespace korvel {
@@ -12,7 +14,7 @@ namespace {
 
 /// One value of the form and what it may be.
 struct Range {
-    TextId name;
+    Text name;
     int lowest;
     int highest;
 
@@ -24,15 +26,15 @@ struct Range {
         return value && isAll && *value >= lowest && *value <= highest ? value : std::nullopt;
     }
     std::string complaint() const {
-        return formatText(TextId::NumberOutOfRange, {text(name), lowest, highest});
+        return formatText(kFlightTexts.numberOutOfRange, {text(name), lowest, highest});
     }
 };
 
-constexpr Range kLatitude{TextId::SimulatorLatitude, -90, 90};
-constexpr Range kLongitude{TextId::SimulatorLongitude, -180, 180};
-constexpr Range kHeading{TextId::SimulatorHeading, 0, 360};
-constexpr Range kSpeed{TextId::SimulatorSpeed, 0, 900};  // 1000 stands for no speed
-constexpr Range kAltitude{TextId::SimulatorAltitude, -1500, 60000};
+constexpr Range kLatitude{kSheetTexts.simulatorLatitude, -90, 90};
+constexpr Range kLongitude{kSheetTexts.simulatorLongitude, -180, 180};
+constexpr Range kHeading{kSheetTexts.simulatorHeading, 0, 360};
+constexpr Range kSpeed{kSheetTexts.simulatorSpeed, 0, 900};  // 1000 stands for no speed
+constexpr Range kAltitude{kSheetTexts.simulatorAltitude, -1500, 60000};
 constexpr int kPositionDecimals = 5;  // about a metre
 
 }  // namespace

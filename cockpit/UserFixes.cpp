@@ -5,7 +5,8 @@
 #include "base/TextNumbers.h"
 #include "cockpit/Flight.h"
 #include "config/ProfileFile.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
 #include "nav/plan/RouteWords.h"
 #include "navdb/records/FixRecord.h"
 #include "navdb/records/RecordKey.h"
@@ -85,12 +86,12 @@ std::string UserFixes::proposedName() const {
 
 std::string UserFixes::refusal(std::string_view name) const {
     if (!isName(name) || fixes_.size() >= kMostFixes)
-        return std::string(text(TextId::MarkNameInvalid));
+        return std::string(text(kFlightTexts.markNameInvalid));
     std::vector<std::string> airway;
     flight_.database().GetAirwayRoutes(name, airway);
     const bool isTaken = !airway.empty() || flight_.database().Find(name) != nullptr ||
                          std::ranges::find(fixes_, name, &UserFix::name) != fixes_.end();
-    return isTaken ? formatText(TextId::MarkNameTaken, {name}) : std::string();
+    return isTaken ? formatText(kFlightTexts.markNameTaken, {name}) : std::string();
 }
 
 std::string UserFixes::add(std::string_view name, GeoPoint position) {
@@ -106,7 +107,7 @@ std::string UserFixes::remove(std::size_t index) {
     const std::string key = makeRecordKey(kFixKind, fixes_.at(index).name);
     const auto entries = flight_.plan().entries();
     if (std::ranges::any_of(entries, [&](const auto& entry) { return entry.record->key == key; }))
-        return formatText(TextId::MarkInPlan, {std::string_view(fixes_[index].name)});
+        return formatText(kFlightTexts.markInPlan, {std::string_view(fixes_[index].name)});
     fixes_.erase(fixes_.begin() + static_cast<std::ptrdiff_t>(index));
     save();
     putInForce();

@@ -4,7 +4,8 @@
 #include <cmath>
 
 #include "config/ProfileFile.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
 #include "geo/WholeDegreeTrig.h"
 
@@ -128,7 +129,7 @@ std::string MapViewport::zoomTo(std::optional<int> rangeNm, bool autoZoom) {
 
 std::string MapViewport::pauseAutomatic() {
     pauseTicks_ = kPauseTicks;
-    return formatText(TextId::AutoZoomDisabled, {kPauseTicks / kTicksPerSecond});
+    return formatText(kStatusTexts.autoZoomDisabled, {kPauseTicks / kTicksPerSecond});
 }
 
 bool MapViewport::setRange(double rangeNm) {
@@ -155,7 +156,7 @@ std::string MapViewport::tick() {
     if (pauseTicks_ == 0 || --pauseTicks_ > 0) {
         return {};
     }
-    return std::string(text(TextId::AutoZoomEnabled));
+    return std::string(text(kStatusTexts.autoZoomEnabled));
 }
 
 double MapViewport::pixelsPerNm() const {

@@ -8,7 +8,8 @@
 
 #include "base/TextNumbers.h"
 #include "cockpit/PlaceDetails.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
 #include "map/layers/RunwayLayer.h"
@@ -129,7 +130,7 @@ class PicturePainter {
     void paint() {
         canvas_.rect(area_, Brush{background_}, std::nullopt);
         if (layout_.runways.empty()) {
-            canvas_.text(area_.center(), text(TextId::NoRunwayKnown),
+            canvas_.text(area_.center(), text(kStatusTexts.noRunwayKnown),
                          style(textPx_ * 1.2, FontWeight::Bold, ink_));
             return;
         }

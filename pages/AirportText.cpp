@@ -1,7 +1,8 @@
 #include "pages/AirportText.h"
 
 #include "base/TextNumbers.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 
 namespace korvel {
 
@@ -19,7 +20,7 @@ std::string runwayText(const RunwayRecord& runway) {
         line += "   " + runway.surface;
     for (const RunwayEnd& end : runway.ends)
         if (end.pattern == 'R')
-            line += "   " + formatText(TextId::RightPattern, {std::string_view(end.id)});
+            line += "   " + formatText(kStatusTexts.rightPattern, {std::string_view(end.id)});
     return line;
 }
 

@@ -5,7 +5,8 @@
 #include <cmath>
 #include <string>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
@@ -42,7 +43,7 @@ class BoxPainter {
 
     void title(const LandingRunway& runway) {
         canvas_.rect(area_, Brush{ground_}, std::nullopt);
-        line(kTitleAt, text(TextId::ApproachShort), 1);
+        line(kTitleAt, text(kStatusTexts.approachShort), 1);
         line(kRunwayAt, runway.id, 1.7);
     }
 
@@ -66,15 +67,16 @@ class BoxPainter {
 
     void words(const std::optional<GlideDeviation>& deviation, int altUnit) {
         if (!deviation) {
-            line(kWordAt, text(TextId::GlideUnknown), 1);
+            line(kWordAt, text(kStatusTexts.glideUnknown), 1);
             return;
         }
         const int feet = std::abs(deviation->aboveFt);
         if (feet <= kOnPathFt) {
-            line(kWordAt, text(TextId::GlideOnPath), 1);
+            line(kWordAt, text(kStatusTexts.glideOnPath), 1);
             return;
         }
-        line(kWordAt, text(deviation->aboveFt > 0 ? TextId::GlideHigh : TextId::GlideLow), 1);
+        line(kWordAt, text(deviation->aboveFt > 0 ? kStatusTexts.glideHigh : kStatusTexts.glideLow),
+             1);
         const int rounded = RoundToInt(static_cast<double>(feet) / kRoundedToFt) * kRoundedToFt;
         line(kFeetAt, altitudeText(rounded, altUnit), 1);
     }

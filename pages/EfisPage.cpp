@@ -8,7 +8,8 @@
 #include <vector>
 
 #include "base/TextNumbers.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
@@ -54,9 +55,10 @@ class EfisPainter {
         headingTape();
         origin();
         if (!data_.position && data_.positionAgeSec)
-            paintWarningFlag(canvas_, {layout_.center.x, layout_.attitude.bottom() - 2.5 * textPx_},
-                             formatText(TextId::PositionLost, {ageText(*data_.positionAgeSec)}),
-                             1.6 * textPx_, colors_);
+            paintWarningFlag(
+                canvas_, {layout_.center.x, layout_.attitude.bottom() - 2.5 * textPx_},
+                formatText(kStatusTexts.positionLost, {ageText(*data_.positionAgeSec)}),
+                1.6 * textPx_, colors_);
     }
 
  private:

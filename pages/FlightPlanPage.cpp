@@ -8,7 +8,8 @@
 #include <vector>
 
 #include "base/TextNumbers.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Units.h"
 #include "map/layers/PlanMarks.h"
@@ -127,7 +128,7 @@ class FlightPlanPainter {
 
     void empty() {
         TextStyle words = style(1.4, ink_, AlignX::Center);
-        const std::string_view note = text(TextId::NoFlightPlan);
+        const std::string_view note = text(kStatusTexts.noFlightPlan);
         const double width = canvas_.measure(note, words.font).width;
         words.font.height *= std::min(1.0, 0.92 * canvas_.width() / width);
         canvas_.text({canvas_.width() / 2, canvas_.height() / 2}, note, words);

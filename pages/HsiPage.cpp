@@ -7,7 +7,8 @@
 #include <string_view>
 
 #include "base/TextNumbers.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
@@ -265,7 +266,7 @@ void paintHsiPage(Canvas& canvas, const CockpitData& data, const MapViewport& vi
     paintFlags(canvas, hsi, data, std::round(1.3 * textPx), colors);
     if (!data.position && data.positionAgeSec)
         paintWarningFlag(canvas, hsi.aircraft(),
-                         formatText(TextId::PositionLost, {ageText(*data.positionAgeSec)}),
+                         formatText(kStatusTexts.positionLost, {ageText(*data.positionAgeSec)}),
                          std::round(1.6 * textPx), colors);
 }
 

@@ -7,7 +7,8 @@
 #include <string_view>
 
 #include "base/TextNumbers.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
@@ -73,7 +74,8 @@ class NearestPainter {
         TextStyle style{.font = {.height = std::round(textPx_ * 1.1), .weight = FontWeight::Bold},
                         .color = colors_[ColorKey::MapInfoText],
                         .alignY = AlignY::Middle};
-        canvas_.text({area.x + margin(), area.center().y}, text(TextId::NearestAirports), style);
+        canvas_.text({area.x + margin(), area.center().y}, text(kStatusTexts.nearestAirports),
+                     style);
         style.alignX = AlignX::Right;
         if (count > 0)
             canvas_.text({area.right() - margin(), area.center().y}, shownOf(layout, count), style);
@@ -118,7 +120,7 @@ class NearestPainter {
             return;
         // A word in a frame, so that it does not hang on the colour.
         const double x = margin() + canvas_.measure(airport.ident, large()).width + 0.6 * textPx_;
-        const std::string_view word = text(TextId::Expired);
+        const std::string_view word = text(kStatusTexts.expired);
         const Font font = small();
         const double width = canvas_.measure(word, font).width + 0.6 * textPx_;
         canvas_.rect({x, upper - 0.65 * font.height, width, 1.3 * font.height}, Brush{background_},
@@ -157,9 +159,9 @@ class NearestPainter {
     }
 
     void reason() {
-        std::string why(text(TextId::NoAirportNear));
+        std::string why(text(kStatusTexts.noAirportNear));
         if (!data_.nearAirports)
-            why = text(data_.position ? TextId::NearestNotKnown : TextId::NoGpsSignal);
+            why = text(data_.position ? kStatusTexts.nearestNotKnown : kStatusTexts.noGpsSignal);
         TextStyle style{
             .font = large(), .color = ink_, .alignX = AlignX::Center, .alignY = AlignY::Middle};
         const Point center{canvas_.width() / 2, canvas_.height() / 2};

@@ -5,7 +5,8 @@
 #include <string_view>
 
 #include "base/TextNumbers.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
 #include "pages/ScreenLayout.h"
 #include "paint/MapColorCache.h"
@@ -148,8 +149,8 @@ class SatellitePainter {
     void reason(const CockpitData& data, const Rect& area) {
         std::string_view lines = data.status;
         if (lines.empty())
-            lines = text(data.simulated ? TextId::SimulatorHasNoSatellites
-                                        : TextId::WaitingForSatellites);
+            lines = text(data.simulated ? kStatusTexts.simulatorHasNoSatellites
+                                        : kStatusTexts.waitingForSatellites);
         const auto count = 1 + std::count(lines.begin(), lines.end(), '\n');
         double y = area.center().y - 1.05 * textPx_ * static_cast<double>(count - 1);
         while (!lines.empty()) {
@@ -196,7 +197,7 @@ Point skyPoint(const Satellite& satellite, Point center, double radius) {
 
 std::string fixText(const CockpitData& data) {
     if (data.simulated && data.fixQuality == 0)
-        return std::string(text(TextId::Simulator));
+        return std::string(text(kStatusTexts.simulator));
     std::string fix = "No fix";
     if (data.fixQuality != 0)
         fix = data.fix3D ? "3D fix" : "2D fix";

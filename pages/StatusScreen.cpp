@@ -5,7 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "paint/MapColorCache.h"
 
 namespace korvel {
@@ -30,12 +31,12 @@ void appendLines(std::string_view text, bool large, std::vector<Line>& lines) {
 std::vector<Line> linesFor(const CockpitData& data) {
     std::vector<Line> lines;
     if (data.lastPosition)
-        appendLines(text(TextId::NoGpsSignal), true, lines);
+        appendLines(text(kStatusTexts.noGpsSignal), true, lines);
     appendLines(data.status, true, lines);
     if (!data.receiverActive) {
         if (!lines.empty())
             lines.push_back({"", false});
-        appendLines(text(TextId::ConnectingHelp), lines.empty(), lines);
+        appendLines(text(kStatusTexts.connectingHelp), lines.empty(), lines);
     }
     if (!data.message.empty()) {
         lines.push_back({"", false});

@@ -7,8 +7,9 @@
 #include "base/TextNumbers.h"
 #include "config/DataFileSearch.h"
 #include "config/ProfileFile.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
 #include "config/TextBytes.h"
+#include "config/texts/StatusTexts.h"
 #include "paint/BuiltInSchemes.h"
 #include "platform/FileIo.h"
 
@@ -52,7 +53,7 @@ std::optional<ColorValue> readHex(std::string_view text) {
     return Rgb(*number >> 16U, *number >> 8U, *number);
 }
 
-std::string inBrackets(TextId id, std::string_view suffix = {}) {
+std::string inBrackets(Text id, std::string_view suffix = {}) {
     std::string name = "<";
     name += text(id);
     name += suffix;
@@ -150,9 +151,9 @@ void ColorScheme::parseText(std::string_view bytes) {
     }
 }
 
-std::string daySchemeName() { return inBrackets(TextId::DaySchemeName); }
-std::string secondDaySchemeName() { return inBrackets(TextId::DaySchemeName, "2"); }
-std::string nightSchemeName() { return inBrackets(TextId::NightSchemeName); }
+std::string daySchemeName() { return inBrackets(kStatusTexts.daySchemeName); }
+std::string secondDaySchemeName() { return inBrackets(kStatusTexts.daySchemeName, "2"); }
+std::string nightSchemeName() { return inBrackets(kStatusTexts.nightSchemeName); }
 
 std::vector<std::string> listSchemes(const DataFileSearch& files) {
     std::vector<std::string> list{daySchemeName(), secondDaySchemeName(), nightSchemeName()};

@@ -6,7 +6,8 @@
 #include <utility>
 
 #include "cockpit/PlanViewBuilder.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
 #include "map/MapPainter.h"
 #include "map/MapViewport.h"
@@ -114,7 +115,7 @@ int drawMap(const Invocation& call, const MapOptions& options) {
     SvgCanvas canvas(width, height);
     const PageId page{options.picture.page};
     if (loaded.database.files().empty())
-        data.databaseNotice = text(TextId::NoDatabase);
+        data.databaseNotice = text(kStatusTexts.noDatabase);
     MapPlaces places(loaded.database);
     const int upDeg = PagePainter::turns(page) ? angle : 0;
     do {

@@ -1,6 +1,7 @@
 #include "tools/PlanInput.h"
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
 #include "nav/track/Track.h"
 #include "platform/FileIo.h"
 #include "tools/RecordJson.h"
@@ -11,15 +12,16 @@ PlanInput::PlanInput(LoadedDatabase& loaded, const std::string& file)
     : files(loaded.database, fixes, &loaded.loader.userRecords(), plan) {
     const auto bytes = readWholeFile(file);
     error = bytes ? files.OpenPlanFile(file, *bytes)
-                  : std::string(text(TextId::FileOpenError)) + ": " + file;
+                  : std::string(text(kFlightTexts.fileOpenError)) + ": " + file;
 }
 
 std::string readTrackFile(const std::string& file, Track& track) {
     const auto bytes = readWholeFile(file);
     if (!bytes) {
-        return std::string(text(TextId::FileOpenError)) + ": " + file;
+        return std::string(text(kFlightTexts.fileOpenError)) + ": " + file;
     }
-    return track.ReadTrackText(*bytes) ? std::string() : std::string(text(TextId::InvalidFormat));
+    return track.ReadTrackText(*bytes) ? std::string()
+                                       : std::string(text(kFlightTexts.invalidFormat));
 }
 
 void addWaypoint(Json& json, const PlanWaypoint& entry) {

@@ -3,7 +3,8 @@
 #include <string>
 
 #include "base/TextNumbers.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
 #include "nav/track/LocalSeconds.h"
 #include "nav/track/Track.h"
 #include "platform/FileIo.h"
@@ -91,7 +92,7 @@ int runTrack(Invocation& call) {
     }
     std::string lines;
     if (!output.empty() && !(track.WriteTrackText(lines) && writeFileAtomically(output, lines))) {
-        return call.fail(std::string(text(TextId::FileOpenError)) + ": " + output, document);
+        return call.fail(std::string(text(kFlightTexts.fileOpenError)) + ": " + output, document);
     }
     return call.done(document, plain);
 }

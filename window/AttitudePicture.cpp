@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "cockpit/AttitudeModule.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "paint/Color.h"
 #include "paint/MapColorCache.h"
 #include "platform/Folders.h"
@@ -24,7 +25,7 @@ AttitudeView AttitudePicture::draw(AttitudeModule& module, int width, int height
     if (!module.isLoaded() || width <= 0 || height <= 0) {
         const std::string folder = pluginFolder().string();
         notice_ = module.error().empty()
-                      ? formatText(TextId::NoAttitudePlugin, {std::string_view(folder)})
+                      ? formatText(kStatusTexts.noAttitudePlugin, {std::string_view(folder)})
                       : module.error();
         return {.picture = {}, .alive = false, .notice = notice_};
     }

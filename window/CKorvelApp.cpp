@@ -9,7 +9,8 @@
 #include <QSocketNotifier>
 #include <QTimer>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FileTexts.h"
 #include "platform/FileIo.h"
 #include "platform/Folders.h"
 #include "platform/SerialDevice.h"
@@ -79,7 +80,7 @@ std::string CKorvelApp::start() {
     frame_.view().tick();
     if (line_.snapshotFile.empty()) {
         if (const auto& copy = profile_.damagedCopy(); !copy.empty())
-            frame_.view().say(formatText(TextId::ProfileDamaged, {copy.filename().string()}));
+            frame_.view().say(formatText(kFileTexts.profileDamaged, {copy.filename().string()}));
         if (!isTold)
             frame_.welcome();
         return {};

@@ -16,6 +16,7 @@
 #include "cockpit/CKorvelDoc.h"
 #include "cockpit/NearAirports.h"
 #include "config/ProfileFile.h"
+#include "config/texts/MessageTexts.h"
 #include "map/PlaceHit.h"
 #include "map/layers/MeasureLayer.h"
 #include "map/layers/PlanMarks.h"
@@ -186,8 +187,8 @@ void CKorvelView::announceWaypoint() {
         return;
     const std::string_view name = announced_;
     const auto altitudeFt = altitudeAtWaypoint(data_);
-    say(altitudeFt ? formatText(TextId::NextWaypointAt, {name, *altitudeFt})
-                   : formatText(TextId::NextWaypoint, {name}));
+    say(altitudeFt ? formatText(kMessageTexts.nextWaypointAt, {name, *altitudeFt})
+                   : formatText(kMessageTexts.nextWaypoint, {name}));
 }
 
 void CKorvelView::announceApproach() {
@@ -197,9 +198,9 @@ void CKorvelView::announceApproach() {
     if (!data_.position || runway == announcedRunway_)
         return;
     announcedRunway_ = runway;
-    say(runway ? formatText(TextId::ApproachBegun,
+    say(runway ? formatText(kMessageTexts.approachBegun,
                             {std::string_view(runway->id), std::string_view(runway->airport)})
-               : std::string(text(TextId::ApproachEnded)));
+               : std::string(text(kMessageTexts.approachEnded)));
 }
 
 void CKorvelView::refresh() {
@@ -352,8 +353,9 @@ void CKorvelView::say(const std::string& message) {
     update();
 }
 
-void CKorvelView::hint(TextId hint) {
-    constexpr std::array kHints = {TextId::HintFields, TextId::HintFullScreen, TextId::MeasureHint};
+void CKorvelView::hint(Text hint) {
+    constexpr std::array kHints = {kMessageTexts.hintFields, kMessageTexts.hintFullScreen,
+                                   kMessageTexts.measureHint};
     const auto number = std::ranges::find(kHints, hint) - kHints.begin();
     const int shown = profile_.getInt(kOptionsSection, kHintsKey, 0);
     const int own = 1 << number;
@@ -398,7 +400,7 @@ void CKorvelView::choosePage(PageId page) {
     held_ = false;
     showPage(page);
     if (isMapPage())
-        hint(TextId::HintFields);
+        hint(kMessageTexts.hintFields);
 }
 
 void CKorvelView::goToNextPage() { choosePage(nextPage(page_, document_.settings().displayPages)); }
@@ -436,9 +438,9 @@ void CKorvelView::setMeasuring(bool on) {
     if (on && !isMapPage())
         showPage(PageId::Map);
     if (on)
-        hint(TextId::MeasureHint);
+        hint(kMessageTexts.measureHint);
     else if (ruler_.isOn())
-        say(std::string(text(TextId::MeasureEnded)));
+        say(std::string(text(kMessageTexts.measureEnded)));
     ruler_.setOn(on);
     update();
 }
@@ -446,7 +448,7 @@ void CKorvelView::setMeasuring(bool on) {
 void CKorvelView::setBarMayHide(bool mayHide) {
     barMayHide_ = mayHide;
     if (mayHide)
-        hint(TextId::HintFullScreen);
+        hint(kMessageTexts.hintFullScreen);
     barHidden_ = false;
     layOut();
 }

@@ -9,7 +9,7 @@
 #include <QBasicTimer>
 #include <QWidget>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
 #include "map/MapViewport.h"
 #include "map/MeasureTool.h"
 #include "map/feeds/MapPlaces.h"
@@ -95,7 +95,7 @@ class CKorvelView final : public QWidget {
     /// What the map says for five seconds.
     void say(const std::string& message);
     /// The same for a hint: once for every profile, and only while hints are wanted.
-    void hint(TextId hint);
+    void hint(Text hint);
     /// The pilot has seen the alarm that is shown at this place, 0 being the most urgent one; false
     /// when there is none.
     bool acknowledgeAlarm(std::size_t place = 0);

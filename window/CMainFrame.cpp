@@ -19,6 +19,10 @@
 #include "cockpit/PrefsTable.h"
 #include "config/DataFileSearch.h"
 #include "config/ProfileFile.h"
+#include "config/texts/CommandTexts.h"
+#include "config/texts/FileTexts.h"
+#include "config/texts/MessageTexts.h"
+#include "config/texts/SheetTexts.h"
 #include "paint/ColorScheme.h"
 #include "platform/Folders.h"
 #include "screen/PageCycle.h"
@@ -51,7 +55,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
       options_(*this),
       schemes_(this),
       dayScheme_(daySchemeName()) {
-    setWindowTitle(toQString(TextId::ProgramName));
+    setWindowTitle(toQString(kCommandTexts.programName));
     setWindowIcon(appIcon(parts_.scheme));
     fitLetters();
     addCommands();
@@ -89,7 +93,7 @@ void CMainFrame::resizeEvent(QResizeEvent* event) {
 
 // Commands
 
-QAction& CMainFrame::addCommand(QMenu& menu, TextId name, const QList<QKeySequence>& keys,
+QAction& CMainFrame::addCommand(QMenu& menu, Text name, const QList<QKeySequence>& keys,
                                 const Handler& handler) {
     QAction* action = menu.addAction(toQString(name));
     action->setShortcuts(keys);
@@ -101,45 +105,46 @@ QAction& CMainFrame::addCommand(QMenu& menu, TextId name, const QList<QKeySequen
 }
 
 void CMainFrame::addCommands() {
-    QMenu& file = *menuBar()->addMenu(toQString(TextId::MenuFile));
+    QMenu& file = *menuBar()->addMenu(toQString(kCommandTexts.menuFile));
     file_.addTo(file);
     databases_.addToFile(file);
-    addCommand(file, TextId::CommandQuit, {QKeySequence(Qt::CTRL | Qt::Key_Q)},
+    addCommand(file, kCommandTexts.commandQuit, {QKeySequence(Qt::CTRL | Qt::Key_Q)},
                [this] { close(); });
-    addViewCommands(*menuBar()->addMenu(toQString(TextId::MenuView)));
-    QMenu& navigate = *menuBar()->addMenu(toQString(TextId::MenuNavigate));
+    addViewCommands(*menuBar()->addMenu(toQString(kCommandTexts.menuView)));
+    QMenu& navigate = *menuBar()->addMenu(toQString(kCommandTexts.menuNavigate));
     places_.addTo(navigate);
     navigate_.addTo(navigate);
-    addOptions(*menuBar()->addMenu(toQString(TextId::MenuOptions)));
-    addHelp(*menuBar()->addMenu(toQString(TextId::MenuHelp)));
+    addOptions(*menuBar()->addMenu(toQString(kCommandTexts.menuOptions)));
+    addHelp(*menuBar()->addMenu(toQString(kCommandTexts.menuHelp)));
     // The menu bar may vanish in full screen, the keys must not.
     for (QAction* menu : menuBar()->actions())
         addActions(menu->menu()->actions());
 }
 
 void CMainFrame::addViewCommands(QMenu& menu) {
-    addCommand(menu, TextId::CommandZoomIn, {Qt::Key_Z, Qt::Key_Plus}, [this] { view_.zoomIn(); });
-    addCommand(menu, TextId::CommandZoomOut,
+    addCommand(menu, kCommandTexts.commandZoomIn, {Qt::Key_Z, Qt::Key_Plus},
+               [this] { view_.zoomIn(); });
+    addCommand(menu, kCommandTexts.commandZoomOut,
                {QKeySequence(Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::Key_Minus)},
                [this] { view_.zoomOut(); });
-    addCommand(menu, TextId::CommandBackToAircraft, {Qt::Key_Space},
+    addCommand(menu, kCommandTexts.commandBackToAircraft, {Qt::Key_Space},
                [this] { view_.backToAircraft(); });
-    greyUnless(
-        menu,
-        addCommand(menu, TextId::CommandRotateNavaids, {Qt::Key_V}, [this] { rotateNavaids(); }),
-        [this] { return parts_.document.settings().rotateNavaids; });
+    greyUnless(menu,
+               addCommand(menu, kCommandTexts.commandRotateNavaids, {Qt::Key_V},
+                          [this] { rotateNavaids(); }),
+               [this] { return parts_.document.settings().rotateNavaids; });
     markWhile(menu,
-              addCommand(menu, TextId::CommandMeasure, {QKeySequence(Qt::SHIFT | Qt::Key_M)},
+              addCommand(menu, kCommandTexts.commandMeasure, {QKeySequence(Qt::SHIFT | Qt::Key_M)},
                          [this] { view_.setMeasuring(!view_.isMeasuring()); }),
               [this] { return view_.isMeasuring(); });
     menu.addSeparator();
-    addCommand(menu, TextId::CommandNextPage, {Qt::Key_N}, [this] { view_.goToNextPage(); });
+    addCommand(menu, kCommandTexts.commandNextPage, {Qt::Key_N}, [this] { view_.goToNextPage(); });
     addPages(menu);
     menu.addSeparator();
-    markWhile(
-        menu,
-        addCommand(menu, TextId::CommandFullScreen, {Qt::Key_F11}, [this] { toggleFullScreen(); }),
-        [this] { return isFullScreen(); });
+    markWhile(menu,
+              addCommand(menu, kCommandTexts.commandFullScreen, {Qt::Key_F11},
+                         [this] { toggleFullScreen(); }),
+              [this] { return isFullScreen(); });
 }
 
 /// By the keys 1 to 9, in the order of the pages.
@@ -158,30 +163,30 @@ void CMainFrame::addPages(QMenu& menu) {
 }
 
 void CMainFrame::addOptions(QMenu& menu) {
-    addCommand(menu, TextId::CommandNight, {Qt::Key_C}, [this] { toggleNight(); });
-    addSchemes(*menu.addMenu(toQString(TextId::MenuSchemes)));
+    addCommand(menu, kCommandTexts.commandNight, {Qt::Key_C}, [this] { toggleNight(); });
+    addSchemes(*menu.addMenu(toQString(kCommandTexts.menuSchemes)));
     menu.addSeparator();
     options_.addTo(menu);
 }
 
 void CMainFrame::addHelp(QMenu& menu) {
-    addCommand(menu, TextId::CommandHelp, {Qt::Key_F1},
+    addCommand(menu, kCommandTexts.commandHelp, {Qt::Key_F1},
                [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::FirstFlight)); });
-    addCommand(menu, TextId::CommandKeys, {QKeySequence(Qt::SHIFT | Qt::Key_F1)}, [this] {
-        openSheet(std::make_unique<TextSheet>(this, toQString(TextId::KeysTitle), keyList()));
+    addCommand(menu, kCommandTexts.commandKeys, {QKeySequence(Qt::SHIFT | Qt::Key_F1)}, [this] {
+        openSheet(std::make_unique<TextSheet>(this, toQString(kSheetTexts.keysTitle), keyList()));
     });
-    addCommand(menu, TextId::CommandConnected, {Qt::Key_F2}, [this] { showConnected(); });
+    addCommand(menu, kCommandTexts.commandConnected, {Qt::Key_F2}, [this] { showConnected(); });
     databases_.addToHelp(menu);
-    addCommand(menu, TextId::CommandAbout, {QKeySequence(Qt::CTRL | Qt::Key_F1)},
+    addCommand(menu, kCommandTexts.commandAbout, {QKeySequence(Qt::CTRL | Qt::Key_F1)},
                [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::About)); });
 }
 
 void CMainFrame::showConnected() {
     auto sheet = std::make_unique<ConnectedSheet>(
         this, [this] { return connectedText(parts_.document, dataFolders()); });
-    sheet->addNext(TextId::NextPort, [this] { options_.choosePort(); });
-    sheet->addNext(TextId::NextSimulator, [this] { options_.simulate(true); });
-    sheet->addNext(TextId::NextPlan, [this] { file_.choosePlan(); });
+    sheet->addNext(kCommandTexts.nextPort, [this] { options_.choosePort(); });
+    sheet->addNext(kCommandTexts.nextSimulator, [this] { options_.simulate(true); });
+    sheet->addNext(kCommandTexts.nextPlan, [this] { file_.choosePlan(); });
     openSheet(std::move(sheet));
 }
 
@@ -241,7 +246,7 @@ bool CMainFrame::recoverPlan(const std::filesystem::path& unsaved, bool wanted) 
     if (!error)
         return false;
     if (error->empty())
-        view_.say(std::string(text(TextId::PlanRecovered)));
+        view_.say(std::string(text(kFileTexts.planRecovered)));
     else
         showError(*error);
     return true;
@@ -258,7 +263,7 @@ void CMainFrame::dropEvent(QDropEvent* event) {
 }
 
 void CMainFrame::showError(const std::string& message) {
-    auto* box = new QMessageBox(QMessageBox::Critical, toQString(TextId::ErrorTitle),
+    auto* box = new QMessageBox(QMessageBox::Critical, toQString(kFileTexts.errorTitle),
                                 toQString(message), QMessageBox::Ok, this);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
@@ -268,13 +273,13 @@ void CMainFrame::showError(const std::string& message) {
 void CMainFrame::rotateNavaids() {
     Settings settings = parts_.document.settings();
     if (!settings.rotateNavaids)
-        return view_.say(std::string(text(TextId::NavaidsNotRotated)));
+        return view_.say(std::string(text(kMessageTexts.navaidsNotRotated)));
     const NavaidSet next =
         nextNavaidSet(static_cast<NavaidSet>(settings.rotateModes.front()), settings);
     settings.rotateModes.front() = static_cast<int>(next);
     parts_.document.applySettings(settings);
-    const TextId name = kNavaidSetNames.at(static_cast<std::size_t>(next));
-    view_.say(formatText(TextId::NavaidsShown, {text(name)}));
+    const Text name = kNavaidSetNames.at(static_cast<std::size_t>(next));
+    view_.say(formatText(kMessageTexts.navaidsShown, {text(name)}));
 }
 
 void CMainFrame::toggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }

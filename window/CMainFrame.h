@@ -7,7 +7,7 @@
 #include <QActionGroup>
 #include <QMainWindow>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
 #include "window/CKorvelView.h"
 #include "window/ScreenKeeper.h"
 #include "window/commands/CommandHost.h"
@@ -73,7 +73,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
 
  private:
     void fitLetters();
-    QAction& addCommand(QMenu& menu, TextId name, const QList<QKeySequence>& keys,
+    QAction& addCommand(QMenu& menu, Text name, const QList<QKeySequence>& keys,
                         const Handler& handler) override;
     void openSheet(std::unique_ptr<Sheet> sheet) override;
     void showError(const std::string& message) override;

@@ -4,13 +4,13 @@
 
 #include <QString>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
 
 namespace korvel {
 
 inline QString toQString(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
-inline QString toQString(TextId id) { return toQString(text(id)); }
+inline QString toQString(Text id) { return toQString(text(id)); }
 
 }  // namespace korvel

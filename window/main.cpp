@@ -9,7 +9,8 @@
 #include <QApplication>
 #include <QSysInfo>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/CommandTexts.h"
 #include "window/CKorvelApp.h"
 #include "window/CommandLine.h"
 #include "window/TouchStyle.h"
@@ -56,7 +57,8 @@ int main(int argc, char** argv) {
         return 0;
     }
     if (line.version) {
-        std::cout << korvel::text(korvel::TextId::ProgramName) << ' ' << KORVEL_VERSION << '\n';
+        std::cout << korvel::text(korvel::kCommandTexts.programName) << ' ' << KORVEL_VERSION
+                  << '\n';
         return 0;
     }
     qInstallMessageHandler(dropToolkitChatter);

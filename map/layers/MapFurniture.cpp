@@ -4,7 +4,8 @@
 #include <cmath>
 #include <string_view>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Units.h"
 #include "paint/LabelSpace.h"
@@ -84,13 +85,13 @@ std::vector<std::string> noteTexts(const CockpitData& data, bool moved) {
     if (!data.databaseNotice.empty())
         texts.push_back(firstLine(data.databaseNotice));
     if (moved)
-        texts.emplace_back(text(TextId::LookingAround));
+        texts.emplace_back(text(kStatusTexts.lookingAround));
     if (data.simulated)
-        texts.emplace_back(text(TextId::Simulator));
+        texts.emplace_back(text(kStatusTexts.simulator));
     if (!data.status.empty())
         texts.push_back(lastLine(data.status));
     else if (!data.position)
-        texts.emplace_back(text(TextId::NoGpsSignal));
+        texts.emplace_back(text(kStatusTexts.noGpsSignal));
     return texts;
 }
 
@@ -110,8 +111,8 @@ std::vector<InfoBox> layOutNotes(const Canvas& canvas, const CockpitData& data,
 InfoBox layOutAlarm(const Canvas& canvas, const CockpitData& data, const BoxLayout& boxes,
                     const MapFurniture& corners) {
     std::string words = data.positionAgeSec
-                            ? formatText(TextId::PositionLost, {ageText(*data.positionAgeSec)})
-                            : formatText(TextId::PositionLost, {""});
+                            ? formatText(kStatusTexts.positionLost, {ageText(*data.positionAgeSec)})
+                            : formatText(kStatusTexts.positionLost, {""});
     while (words.ends_with(' '))
         words.pop_back();
     const double left = std::round((canvas.width() - boxes.width(words)) / 2);

@@ -4,7 +4,8 @@
 #include <array>
 #include <cmath>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "map/GreatCircleLine.h"
@@ -111,7 +112,7 @@ class MeasurePainter {
         canvas_.lines(std::array{Segment{{c.x - arm, c.y - arm}, {c.x + arm, c.y + arm}},
                                  Segment{{c.x - arm, c.y + arm}, {c.x + arm, c.y - arm}}},
                       Pen{ink_, 3, PenStyle::Solid});
-        canvas_.text({c.x, box.y + box.height * 0.78}, text(TextId::MeasureButton),
+        canvas_.text({c.x, box.y + box.height * 0.78}, text(kStatusTexts.measureButton),
                      centered({.height = frame_.textPx, .weight = FontWeight::Bold}));
     }
 

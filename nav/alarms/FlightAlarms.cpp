@@ -2,7 +2,8 @@
 
 #include <cmath>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
 
 namespace korvel {
 namespace {
@@ -48,7 +49,7 @@ bool needsGear(const FlightSituation& now, bool holds) {
     return low || slow;
 }
 
-std::optional<std::string> wordsIf(bool holds, TextId words) {
+std::optional<std::string> wordsIf(bool holds, Text words) {
     return holds ? std::optional(std::string(text(words))) : std::nullopt;
 }
 
@@ -56,19 +57,19 @@ std::optional<std::string> wordsIf(bool holds, TextId words) {
 
 void addFlightAlarms(AlarmBoard& board, const FlightSituation& situation) {
     board.add({.urgency = AlarmUrgency::Warning, .condition = [&situation](bool holds) {
-                   return wordsIf(needsGear(situation, holds), TextId::AlarmGear);
+                   return wordsIf(needsGear(situation, holds), kFlightTexts.alarmGear);
                }});
     board.add({.urgency = AlarmUrgency::Caution,
                .delayMs = kOffCourseDelayMs,
                .condition = [&situation](bool holds) {
-                   return wordsIf(isOffCourse(situation, holds), TextId::AlarmOffCourse);
+                   return wordsIf(isOffCourse(situation, holds), kFlightTexts.alarmOffCourse);
                }});
     board.add({.urgency = AlarmUrgency::Notice,
                .condition = [&situation](bool holds) -> std::optional<std::string> {
                    if (!arrives(situation, holds)) {
                        return std::nullopt;
                    }
-                   return formatText(TextId::AlarmArriving,
+                   return formatText(kFlightTexts.alarmArriving,
                                      {std::string_view(situation.destination->name)});
                }});
 }

@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "base/TextNumbers.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
 #include "nav/plan/GeneratedFixes.h"
@@ -262,7 +264,7 @@ std::string ActiveNavigation::DirectTo(std::string_view identifier, std::string_
     if (!obsText.empty()) {
         const auto degrees = scanInt(obsText);
         if (!degrees || *degrees < 0 || *degrees > 360) {
-            return std::string(text(TextId::InvalidObs));
+            return std::string(text(kFlightTexts.invalidObs));
         }
         course = *degrees;
     }
@@ -270,13 +272,13 @@ std::string ActiveNavigation::DirectTo(std::string_view identifier, std::string_
     const std::optional<GeoPoint> near = IsValid(present) ? std::optional(present) : std::nullopt;
     auto record = PlaceLookup(parts_.database, parts_.fixes, where ? where : near).peek(identifier);
     if (!record) {
-        return std::string(text(TextId::NotFound));
+        return std::string(text(kFlightTexts.notFound));
     }
     if (const auto plan = parts_.plan.lock(); plan->has_value()) {
         (*plan)->moveTo(record->key);
     }
     if (!near) {
-        return std::string(text(TextId::NoGpsSignal));
+        return std::string(text(kStatusTexts.noGpsSignal));
     }
     ClearNavigation();
     const auto state = state_.lock();
@@ -304,16 +306,16 @@ std::string ActiveNavigation::DirectTo(std::string_view identifier, std::string_
     announce(*state);
     directRecord_ = std::move(record);
     direct_ = true;
-    return formatText(TextId::DirectTo, {std::string_view(state->activeName)});
+    return formatText(kFlightTexts.directTo, {std::string_view(state->activeName)});
 }
 
 std::string ActiveNavigation::GoToWithCourse(GeoPoint point, double courseMag,
                                              std::string_view name) {
     if (!isOnEarth(point)) {
-        return std::string(text(TextId::NotFound));
+        return std::string(text(kFlightTexts.notFound));
     }
     if (!(courseMag >= 0.0 && courseMag <= 360.0)) {
-        return std::string(text(TextId::InvalidObs));
+        return std::string(text(kFlightTexts.invalidObs));
     }
     ClearNavigation();
     const auto state = state_.lock();

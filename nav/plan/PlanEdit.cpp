@@ -4,7 +4,8 @@
 #include <iterator>
 #include <utility>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
 #include "geo/Geodesy.h"
 #include "nav/plan/GeneratedFixes.h"
 #include "nav/plan/PlaceLookup.h"
@@ -101,7 +102,7 @@ PlanEditResult withAltitude(const PlanEntries& entries, std::size_t row, std::in
     PlanEditResult edited{.entries = entries, .row = row};
     if (altitudeFt != kNoAltitudeFt &&
         (altitudeFt < kLowestPlannedFt || altitudeFt > kHighestPlannedFt)) {
-        edited.error = text(TextId::InvalidAltitude);
+        edited.error = text(kFlightTexts.invalidAltitude);
     } else if (row < entries.size()) {
         PlanWaypoint& entry = edited.entries[row];
         entry.altitudeFt = altitudeFt;

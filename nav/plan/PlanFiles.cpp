@@ -4,7 +4,8 @@
 #include <utility>
 
 #include "base/TextNumbers.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
 #include "nav/plan/GeneratedFixes.h"
 #include "nav/plan/PlaceLookup.h"
 #include "nav/plan/WaypointList.h"
@@ -54,7 +55,7 @@ std::string PlanFiles::SavePlan() const {
 
 std::string PlanFiles::savePlanAs(const std::filesystem::path& path) const {
     return writeFileAtomically(path, SavePlan()) ? std::string()
-                                                 : std::string(text(TextId::FileOpenError));
+                                                 : std::string(text(kFlightTexts.fileOpenError));
 }
 
 std::string PlanFiles::OpenPlanFile(const std::filesystem::path& path, std::string_view bytes) {
@@ -63,7 +64,7 @@ std::string PlanFiles::OpenPlanFile(const std::filesystem::path& path, std::stri
         return LoadPlanText(bytes);
     }
     if (!endsWithIgnoringCase(name, ".TXT")) {
-        return std::string(text(TextId::UnsupportedFileType));
+        return std::string(text(kFlightTexts.unsupportedFileType));
     }
     if (ImportWaypointList(path, bytes, PlaceLookup(database_, fixes_, present_))) {
         // Whole, however short the list was: half of a longitude is a wrong longitude.
@@ -71,7 +72,7 @@ std::string PlanFiles::OpenPlanFile(const std::filesystem::path& path, std::stri
             return LoadPlanText(*converted);
         }
     }
-    return std::string(text(TextId::InvalidFormat));
+    return std::string(text(kFlightTexts.invalidFormat));
 }
 
 std::string PlanFiles::resolveLine(std::string_view line, PlaceLookup& lookup,
@@ -81,7 +82,7 @@ std::string PlanFiles::resolveLine(std::string_view line, PlaceLookup& lookup,
         std::string_view number = std::string_view(words).substr(at + 1);
         const auto altitude = scanPlannedAltitude(number);
         if (!altitude) {
-            return std::string(text(TextId::InvalidAltitude));
+            return std::string(text(kFlightTexts.invalidAltitude));
         }
         entry.altitudeFt = *altitude;
         words.erase(at, std::min(words.find(' ', at), words.size()) - at);
@@ -99,7 +100,7 @@ std::string PlanFiles::resolveLine(std::string_view line, PlaceLookup& lookup,
         entry.key = entry.record->key;
     }
     if (!entry.record) {
-        return formatText(TextId::NavaidNotFound, {identOfKey(entry.key)});
+        return formatText(kFlightTexts.navaidNotFound, {identOfKey(entry.key)});
     }
     lookup.moveTo(entry.record->position);
     entry.text = entry.key;

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
 #include "nav/plan/FlightPlan.h"
 #include "nav/plan/GeneratedFixes.h"
 #include "nav/plan/PlaceLookup.h"
@@ -18,7 +19,7 @@ CheckedWord checkWord(const std::string& text, bool isFirst, const NavDatabase& 
     CheckedWord checked{.word = text, .altitudeFt = word.altitudeFt, .record = {}, .message = {}};
     if (word.unreadable) {
         checked.kind = CheckedWord::Kind::BadAltitude;
-        checked.message = korvel::text(TextId::InvalidAltitude);
+        checked.message = korvel::text(kFlightTexts.invalidAltitude);
         return checked;
     }
     if (!word.isAirway) {
@@ -33,7 +34,7 @@ CheckedWord checkWord(const std::string& text, bool isFirst, const NavDatabase& 
     if (!isFirst && !routes.empty()) {
         checked.kind = CheckedWord::Kind::Airway;
     } else {
-        checked.message = formatText(TextId::NavaidOrAirwayNotFound, {word.ident});
+        checked.message = formatText(kFlightTexts.navaidOrAirwayNotFound, {word.ident});
     }
     return checked;
 }

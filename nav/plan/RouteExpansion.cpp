@@ -4,7 +4,8 @@
 #include <iterator>
 #include <utility>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
 #include "nav/plan/AirwayCrossing.h"
 
 namespace korvel {
@@ -17,7 +18,7 @@ std::optional<std::size_t> indexOf(const std::vector<std::string>& segment, std:
 }
 
 std::string missingFix(std::string_view fix, std::string_view airway) {
-    return formatText(TextId::AirwayFixNotFound, {fix, airway});
+    return formatText(kFlightTexts.airwayFixNotFound, {fix, airway});
 }
 
 /// The places of the segment that also stand on the other airway, nearest to the entry first. The
@@ -76,7 +77,7 @@ RouteExpansion::Step RouteExpansion::takeWord() {
         return takeAirway(word.ident);
     }
     if (word.unreadable) {
-        return fail(std::string(text(TextId::InvalidAltitude)));
+        return fail(std::string(text(kFlightTexts.invalidAltitude)));
     }
     if (auto record = lookup_.next(word.ident)) {
         result_.entries.push_back({.text = words_[current_],
@@ -91,17 +92,17 @@ RouteExpansion::Step RouteExpansion::takeWord() {
 RouteExpansion::Step RouteExpansion::takeAirway(std::string_view name) {
     const auto found = airways_.find(name);
     if (found == airways_.end()) {
-        return fail(formatText(TextId::NavaidOrAirwayNotFound, {name}));
+        return fail(formatText(kFlightTexts.navaidOrAirwayNotFound, {name}));
     }
     if (current_ == 0) {
-        return fail(formatText(TextId::NoLeadingFix, {name}));
+        return fail(formatText(kFlightTexts.noLeadingFix, {name}));
     }
     if (current_ + 1 == words_.size()) {
-        return fail(formatText(TextId::NoTrailingFix, {name}));
+        return fail(formatText(kFlightTexts.noTrailingFix, {name}));
     }
     Airway airway{.name = name};
     if (!lookAround(airway)) {
-        return fail(std::string(text(TextId::InvalidAltitude)));
+        return fail(std::string(text(kFlightTexts.invalidAltitude)));
     }
     for (const Segment& segment : found->second) {
         const Step step = takeSegment(airway, segment);

@@ -2,7 +2,8 @@
 
 #include <utility>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
 #include "platform/FileIo.h"
 
 namespace korvel {
@@ -47,10 +48,10 @@ std::string TrackRecorder::saveTrack(const std::filesystem::path& path) const {
     const std::shared_ptr<const Track> saved = track();
     std::string lines;
     if (!saved || !saved->WriteTrackText(lines)) {
-        return std::string(text(TextId::NoTrackToSave));
+        return std::string(text(kFlightTexts.noTrackToSave));
     }
     return writeFileAtomically(path, lines) ? std::string()
-                                            : std::string(text(TextId::FileOpenError));
+                                            : std::string(text(kFlightTexts.fileOpenError));
 }
 
 std::string TrackRecorder::openTrack(const std::filesystem::path& path) {
@@ -60,7 +61,7 @@ std::string TrackRecorder::openTrack(const std::filesystem::path& path) {
     if (!bytes || !(*track)->ReadTrackText(*bytes)) {
         track->reset();
         journal_.remove();
-        return std::string(text(TextId::InvalidFormat));
+        return std::string(text(kFlightTexts.invalidFormat));
     }
     (*track)->setPendingBreak();
     std::string lines;

@@ -1,5 +1,6 @@
 #include "TempFolder.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
 #include "nav/PlacesFixture.h"
 #include "nav/plan/PlaceMatches.h"
 #include "nav/plan/PlanEdit.h"
@@ -56,7 +57,7 @@ TEST_F(PlanEditTest, Rows) {
 
     EXPECT_EQ(textsOf(withAltitude(route("A1 B1"), 1, 4550).entries), "A1 B1@45.5");
     EXPECT_EQ(textsOf(withAltitude(route("A1@9"), 0, kNoAltitudeFt).entries), "A1");
-    EXPECT_EQ(withAltitude(route("A1"), 0, 100001).error, text(TextId::InvalidAltitude));
+    EXPECT_EQ(withAltitude(route("A1"), 0, 100001).error, text(kFlightTexts.invalidAltitude));
 }
 
 TEST_F(PlanEditTest, TheLineOfAPlanEntersItAgain) {

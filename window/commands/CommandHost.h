@@ -10,7 +10,7 @@
 #include <QMenu>
 #include <QWidget>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
 #include "window/sheets/Sheet.h"
 
 namespace korvel {
@@ -46,7 +46,7 @@ class CommandHost {
     virtual ~CommandHost() = default;
 
     /// The action belongs to the menu.
-    virtual QAction& addCommand(QMenu& menu, TextId name, const QList<QKeySequence>& keys,
+    virtual QAction& addCommand(QMenu& menu, Text name, const QList<QKeySequence>& keys,
                                 const Handler& handler) = 0;
     /// Shows the sheet in place of the one that is open. The map goes on behind it.
     virtual void openSheet(std::unique_ptr<Sheet> sheet) = 0;

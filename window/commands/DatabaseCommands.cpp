@@ -2,6 +2,9 @@
 
 #include "cockpit/CKorvelDoc.h"
 #include "cockpit/ConnectedText.h"
+#include "config/texts/CommandTexts.h"
+#include "config/texts/MessageTexts.h"
+#include "config/texts/SheetTexts.h"
 #include "platform/Folders.h"
 #include "window/CKorvelView.h"
 #include "window/QtText.h"
@@ -11,11 +14,11 @@
 namespace korvel {
 
 void DatabaseCommands::addToFile(QMenu& menu) {
-    host_.addCommand(menu, TextId::CommandReload, {Qt::Key_F5}, [this] { reload(); });
+    host_.addCommand(menu, kCommandTexts.commandReload, {Qt::Key_F5}, [this] { reload(); });
 }
 
 void DatabaseCommands::addToHelp(QMenu& menu) {
-    host_.addCommand(menu, TextId::CommandLoadReport, {QKeySequence(Qt::SHIFT | Qt::Key_F2)},
+    host_.addCommand(menu, kCommandTexts.commandLoadReport, {QKeySequence(Qt::SHIFT | Qt::Key_F2)},
                      [this] { showReport(); });
 }
 
@@ -35,13 +38,13 @@ void DatabaseCommands::reload() {
     for (const DatabaseLoader::OpenedFile& file : flight.loader().openedFiles())
         if (!file.error.empty())
             return showReport();
-    host_.view().say(
-        formatText(TextId::DatabasesLoaded, {static_cast<int>(flight.database().files().size())}));
+    host_.view().say(formatText(kMessageTexts.databasesLoaded,
+                                {static_cast<int>(flight.database().files().size())}));
 }
 
 void DatabaseCommands::showReport() {
     host_.openSheet(
-        std::make_unique<TextSheet>(&host_.window(), toQString(TextId::LoadReportTitle),
+        std::make_unique<TextSheet>(&host_.window(), toQString(kSheetTexts.loadReportTitle),
                                     toQString(loadReportText(host_.document(), dataFolders()))));
 }
 

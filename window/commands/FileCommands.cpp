@@ -7,7 +7,11 @@
 #include <QMessageBox>
 
 #include "cockpit/CKorvelDoc.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/CommandTexts.h"
+#include "config/texts/FileTexts.h"
+#include "config/texts/FlightTexts.h"
+#include "config/texts/MessageTexts.h"
 #include "platform/Folders.h"
 #include "window/CKorvelView.h"
 #include "window/QtText.h"
@@ -34,26 +38,27 @@ Flight& FileCommands::flight() { return host_.document().flight(); }
 void FileCommands::addTo(QMenu& menu) {
     const auto nothing = [] {};
     const auto hasPlan = [this] { return flight().plan().hasPlan(); };
-    host_.addCommand(menu, TextId::CommandNewPlan, {QKeySequence(Qt::CTRL | Qt::Key_N)},
+    host_.addCommand(menu, kCommandTexts.commandNewPlan, {QKeySequence(Qt::CTRL | Qt::Key_N)},
                      [this] { withPlanSafe([this] { newPlan(); }); });
-    host_.addCommand(menu, TextId::CommandOpenPlan, {QKeySequence(Qt::CTRL | Qt::Key_O)},
+    host_.addCommand(menu, kCommandTexts.commandOpenPlan, {QKeySequence(Qt::CTRL | Qt::Key_O)},
                      [this] { choosePlan(); });
-    recentMenu_ = menu.addMenu(korvel::toQString(TextId::MenuRecent));
+    recentMenu_ = menu.addMenu(korvel::toQString(kCommandTexts.menuRecent));
     QObject::connect(recentMenu_, &QMenu::aboutToShow, recentMenu_, [this] { showRecent(); });
+    greyUnless(
+        menu,
+        host_.addCommand(menu, kCommandTexts.commandSavePlan, {QKeySequence(Qt::CTRL | Qt::Key_S)},
+                         [this, nothing] { savePlan(nothing); }),
+        hasPlan);
     greyUnless(menu,
-               host_.addCommand(menu, TextId::CommandSavePlan, {QKeySequence(Qt::CTRL | Qt::Key_S)},
-                                [this, nothing] { savePlan(nothing); }),
-               hasPlan);
-    greyUnless(menu,
-               host_.addCommand(menu, TextId::CommandSavePlanAs,
+               host_.addCommand(menu, kCommandTexts.commandSavePlanAs,
                                 {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
                                 [this, nothing] { savePlanAs(nothing); }),
                hasPlan);
     menu.addSeparator();
-    host_.addCommand(menu, TextId::CommandOpenTrack,
+    host_.addCommand(menu, kCommandTexts.commandOpenTrack,
                      {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O)}, [this] { chooseTrack(); });
     greyUnless(menu,
-               host_.addCommand(menu, TextId::CommandSaveTrack,
+               host_.addCommand(menu, kCommandTexts.commandSaveTrack,
                                 {QKeySequence(Qt::CTRL | Qt::Key_T)}, [this] { saveTrackAs(); }),
                [this] { return flight().track().track() != nullptr; });
     menu.addSeparator();
@@ -66,7 +71,7 @@ void FileCommands::showRecent() {
         QObject::connect(action, &QAction::triggered, action, [this, file] { openFile(file); });
     }
     if (recent_.files().empty())
-        recentMenu_->addAction(korvel::toQString(TextId::NoRecentFiles))->setEnabled(false);
+        recentMenu_->addAction(korvel::toQString(kCommandTexts.noRecentFiles))->setEnabled(false);
 }
 
 /// The message alone does not tell which file it is about.
@@ -79,11 +84,11 @@ void FileCommands::showFileError(const std::filesystem::path& path, const std::s
 void FileCommands::newPlan() {
     const bool had = flight().plan().hasPlan();
     flight().plan().clear();
-    host_.view().say(std::string(text(had ? TextId::PlanClosed : TextId::PlanMissing)));
+    host_.view().say(std::string(text(had ? kFileTexts.planClosed : kMessageTexts.planMissing)));
 }
 
 void FileCommands::choosePlan() {
-    choose({TextId::OpenPlanTitle, TextId::PlanFilter},
+    choose({kFileTexts.openPlanTitle, kFileTexts.planFilter},
            [this](const std::filesystem::path& path) { openFile(path); });
 }
 
@@ -93,7 +98,7 @@ void FileCommands::openFile(const std::filesystem::path& path) {
     withPlanSafe([this, path] {
         if (const std::string error = openPlan(path); !error.empty())
             return showFileError(path, error);
-        host_.view().say(formatText(TextId::PlanOpened, {path.filename().string()}));
+        host_.view().say(formatText(kFileTexts.planOpened, {path.filename().string()}));
     });
 }
 
@@ -118,15 +123,15 @@ void FileCommands::savePlanTo(const std::filesystem::path& path,
     if (const std::string error = flight().plan().saveAs(path); !error.empty())
         return host_.showError(error);
     recent_.add(std::filesystem::absolute(path));
-    host_.view().say(formatText(TextId::PlanSaved, {path.filename().string()}));
+    host_.view().say(formatText(kFileTexts.planSaved, {path.filename().string()}));
     next();
 }
 
 void FileCommands::savePlanAs(const std::function<void()>& next) {
     const std::string name = flight().plan().proposedFileName();
     if (name.empty())
-        return host_.showError(std::string(text(TextId::NoPlanToSave)));
-    choose({TextId::SavePlanTitle, TextId::PlanSaveFilter, QStringLiteral("fp"),
+        return host_.showError(std::string(text(kFileTexts.noPlanToSave)));
+    choose({kFileTexts.savePlanTitle, kFileTexts.planSaveFilter, QStringLiteral("fp"),
             QString::fromStdString(name)},
            [this, next](const std::filesystem::path& path) { savePlanTo(path, next); });
 }
@@ -134,8 +139,8 @@ void FileCommands::savePlanAs(const std::function<void()>& next) {
 void FileCommands::withPlanSafe(const std::function<void()>& next) {
     if (!flight().plan().changed())
         return next();
-    auto* box = new QMessageBox(QMessageBox::Question, korvel::toQString(TextId::ProgramName),
-                                korvel::toQString(TextId::AskSavePlan),
+    auto* box = new QMessageBox(QMessageBox::Question, korvel::toQString(kCommandTexts.programName),
+                                korvel::toQString(kFileTexts.askSavePlan),
                                 QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
                                 &host_.window());
     box->setAttribute(Qt::WA_DeleteOnClose);
@@ -151,7 +156,7 @@ void FileCommands::withPlanSafe(const std::function<void()>& next) {
 // Tracks
 
 void FileCommands::chooseTrack() {
-    choose({TextId::OpenTrackTitle, TextId::TrackFilter},
+    choose({kFileTexts.openTrackTitle, kFileTexts.trackFilter},
            [this](const std::filesystem::path& path) { openTrack(path); });
 }
 
@@ -160,27 +165,27 @@ void FileCommands::openTrack(const std::filesystem::path& path) {
     if (const std::string error = recorder.openTrack(path); !error.empty())
         return showFileError(path, error);
     if (recorder.track()->read()->slots.empty())
-        return showFileError(path, std::string(text(TextId::TrackEmpty)));
-    host_.view().say(formatText(TextId::TrackOpened, {path.filename().string()}));
+        return showFileError(path, std::string(text(kFileTexts.trackEmpty)));
+    host_.view().say(formatText(kFileTexts.trackOpened, {path.filename().string()}));
 }
 
 void FileCommands::saveTrackAs() {
     if (!flight().track().track())
-        return host_.showError(std::string(text(TextId::NoTrackToSave)));
+        return host_.showError(std::string(text(kFlightTexts.noTrackToSave)));
     const QString name =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-HHmm'.trk'"));
-    choose({TextId::SaveTrackTitle, TextId::TrackFilter, QStringLiteral("trk"), name},
+    choose({kFileTexts.saveTrackTitle, kFileTexts.trackFilter, QStringLiteral("trk"), name},
            [this](const std::filesystem::path& path) {
                if (const std::string error = flight().track().saveTrack(path); !error.empty())
                    return host_.showError(error);
-               host_.view().say(formatText(TextId::PlanSaved, {path.filename().string()}));
+               host_.view().say(formatText(kFileTexts.planSaved, {path.filename().string()}));
            });
 }
 
 /// Beside the plan that is open, else where the pilot's documents are.
 QString FileCommands::startFolder(const FileQuestion& question) {
     const std::filesystem::path& plan = flight().plan().file();
-    if (question.title == TextId::SavePlanTitle && !plan.empty())
+    if (question.title == kFileTexts.savePlanTitle && !plan.empty())
         return toQString(std::filesystem::absolute(plan).parent_path());
     const std::filesystem::path documents = documentsFolder();
     return documents.empty() ? QDir::homePath() : toQString(documents);

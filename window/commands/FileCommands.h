@@ -44,8 +44,8 @@ class FileCommands {
     void saveTrackAs();
     void openTrack(const std::filesystem::path& path);
     struct FileQuestion {
-        TextId title;
-        TextId filter;
+        Text title;
+        Text filter;
         QString suffix{};    ///< of files to save; empty: one is opened
         QString proposal{};  ///< a bare name, so that nobody needs to type
     };

@@ -3,6 +3,8 @@
 #include <array>
 
 #include "cockpit/CKorvelDoc.h"
+#include "config/texts/CommandTexts.h"
+#include "config/texts/MessageTexts.h"
 #include "window/CKorvelView.h"
 #include "window/QtText.h"
 #include "window/sheets/ApproachSheet.h"
@@ -15,12 +17,12 @@ namespace {
 
 /// A command that changes the plan, with Ctrl and a key.
 struct PlanChange {
-    TextId name;
+    Text name;
     Qt::Key key;
     bool (ActivePlan::*make)();
     bool (ActivePlan::*can)() const;
-    TextId done;
-    TextId otherwise;  ///< said when there is nothing to change
+    Text done;
+    Text otherwise;  ///< said when there is nothing to change
 };
 
 }  // namespace
@@ -28,25 +30,26 @@ struct PlanChange {
 Flight& NavigateCommands::flight() { return host_.document().flight(); }
 
 void NavigateCommands::addTo(QMenu& menu) {
-    host_.addCommand(menu, TextId::CommandDirectTo, {Qt::Key_D}, [this] { directTo(); });
-    host_.addCommand(menu, TextId::CommandNearest, {Qt::Key_R},
+    host_.addCommand(menu, kCommandTexts.commandDirectTo, {Qt::Key_D}, [this] { directTo(); });
+    host_.addCommand(menu, kCommandTexts.commandNearest, {Qt::Key_R},
                      [this] { host_.view().showPage(PageId::NearestAirport); });
-    host_.addCommand(menu, TextId::CommandApproach, {Qt::Key_A}, [this] { approach(); });
-    host_.addCommand(menu, TextId::CommandClearNavigation, {QKeySequence(Qt::CTRL | Qt::Key_D)},
+    host_.addCommand(menu, kCommandTexts.commandApproach, {Qt::Key_A}, [this] { approach(); });
+    host_.addCommand(menu, kCommandTexts.commandClearNavigation,
+                     {QKeySequence(Qt::CTRL | Qt::Key_D)},
                      [this] { whenPlanIsSafe_([this] { clearNavigation(); }); });
     menu.addSeparator();
     addPlanCommands(menu);
     menu.addSeparator();
-    tracking_ = &host_.addCommand(menu, TextId::CommandRecordTrack, {Qt::Key_T},
+    tracking_ = &host_.addCommand(menu, kCommandTexts.commandRecordTrack, {Qt::Key_T},
                                   [this] { recordTrack(tracking_->isChecked()); });
     suspended_ =
-        &host_.addCommand(menu, TextId::CommandSuspend, {QKeySequence(Qt::CTRL | Qt::Key_U)},
+        &host_.addCommand(menu, kCommandTexts.commandSuspend, {QKeySequence(Qt::CTRL | Qt::Key_U)},
                           [this] { suspend(suspended_->isChecked()); });
     greyUnless(menu,
-               host_.addCommand(menu, TextId::CommandAcknowledge, {Qt::Key_Backspace},
+               host_.addCommand(menu, kCommandTexts.commandAcknowledge, {Qt::Key_Backspace},
                                 [this] {
                                     if (!host_.view().acknowledgeAlarm())
-                                        host_.view().say(std::string(text(TextId::NoAlarm)));
+                                        host_.view().say(std::string(text(kMessageTexts.noAlarm)));
                                 }),
                [this] { return !host_.document().cockpitData().alarms.empty(); });
     for (QAction* action : {tracking_.data(), suspended_.data()})
@@ -56,18 +59,18 @@ void NavigateCommands::addTo(QMenu& menu) {
 }
 
 void NavigateCommands::addPlanCommands(QMenu& menu) {
-    host_.addCommand(menu, TextId::CommandShowPlan, {Qt::Key_F}, [this] { showPlan(); });
-    host_.addCommand(menu, TextId::CommandRoute, {QKeySequence(Qt::SHIFT | Qt::Key_F)},
+    host_.addCommand(menu, kCommandTexts.commandShowPlan, {Qt::Key_F}, [this] { showPlan(); });
+    host_.addCommand(menu, kCommandTexts.commandRoute, {QKeySequence(Qt::SHIFT | Qt::Key_F)},
                      [this] { editRoute(); });
     constexpr std::array kChanges{
-        PlanChange{TextId::CommandActivate, Qt::Key_A, &ActivePlan::activate, &ActivePlan::hasPlan,
-                   TextId::PlanActivated, TextId::PlanMissing},
-        PlanChange{TextId::CommandReverse, Qt::Key_R, &ActivePlan::reverse, &ActivePlan::hasPlan,
-                   TextId::PlanReversed, TextId::PlanMissing},
-        PlanChange{TextId::CommandUndo, Qt::Key_Z, &ActivePlan::undo, &ActivePlan::canUndo,
-                   TextId::PlanUndone, TextId::NothingToUndo},
-        PlanChange{TextId::CommandRedo, Qt::Key_Y, &ActivePlan::redo, &ActivePlan::canRedo,
-                   TextId::PlanRedone, TextId::NothingToUndo}};
+        PlanChange{kCommandTexts.commandActivate, Qt::Key_A, &ActivePlan::activate,
+                   &ActivePlan::hasPlan, kMessageTexts.planActivated, kMessageTexts.planMissing},
+        PlanChange{kCommandTexts.commandReverse, Qt::Key_R, &ActivePlan::reverse,
+                   &ActivePlan::hasPlan, kMessageTexts.planReversed, kMessageTexts.planMissing},
+        PlanChange{kCommandTexts.commandUndo, Qt::Key_Z, &ActivePlan::undo, &ActivePlan::canUndo,
+                   kMessageTexts.planUndone, kMessageTexts.nothingToUndo},
+        PlanChange{kCommandTexts.commandRedo, Qt::Key_Y, &ActivePlan::redo, &ActivePlan::canRedo,
+                   kMessageTexts.planRedone, kMessageTexts.nothingToUndo}};
     for (const PlanChange& change : kChanges) {
         QAction& action = host_.addCommand(
             menu, change.name, {QKeySequence(Qt::CTRL | change.key)}, [this, change] {
@@ -120,19 +123,19 @@ void NavigateCommands::openPlanRow(std::size_t row) {
 void NavigateCommands::clearNavigation() {
     flight().navigation().ClearNavigation();
     flight().plan().clear();
-    host_.view().say(std::string(text(TextId::NavigationCleared)));
+    host_.view().say(std::string(text(kMessageTexts.navigationCleared)));
 }
 
 void NavigateCommands::suspend(bool on) {
     flight().navigation().setSuspended(on);
-    host_.view().say(std::string(text(on ? TextId::Suspended : TextId::Resumed)));
+    host_.view().say(std::string(text(on ? kMessageTexts.suspended : kMessageTexts.resumed)));
 }
 
 void NavigateCommands::recordTrack(bool on) {
     Settings settings = host_.document().settings();
     settings.tracking = on;
     host_.document().applySettings(settings);
-    host_.view().say(std::string(text(on ? TextId::TrackOn : TextId::TrackOff)));
+    host_.view().say(std::string(text(on ? kMessageTexts.trackOn : kMessageTexts.trackOff)));
 }
 
 }  // namespace korvel

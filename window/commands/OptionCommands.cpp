@@ -1,6 +1,8 @@
 #include "window/commands/OptionCommands.h"
 
 #include "cockpit/CKorvelDoc.h"
+#include "config/texts/CommandTexts.h"
+#include "config/texts/MessageTexts.h"
 #include "window/CKorvelView.h"
 #include "window/sheets/CGPSDialog.h"
 #include "window/sheets/CPrefsSheet.h"
@@ -10,25 +12,25 @@
 namespace korvel {
 
 template <class SheetType>
-void OptionCommands::addSheet(QMenu& menu, TextId name, const QList<QKeySequence>& keys) {
+void OptionCommands::addSheet(QMenu& menu, Text name, const QList<QKeySequence>& keys) {
     host_.addCommand(menu, name, keys, [this] {
         host_.openSheet(std::make_unique<SheetType>(&host_.window(), host_.document()));
     });
 }
 
 void OptionCommands::addTo(QMenu& menu) {
-    addSheet<SimulatorSheet>(menu, TextId::CommandSimulator, {Qt::Key_S});
-    simulating_ =
-        &host_.addCommand(menu, TextId::CommandSimulate, {QKeySequence(Qt::SHIFT | Qt::Key_S)},
-                          [this] { simulate(!host_.document().flight().simulator().running()); });
+    addSheet<SimulatorSheet>(menu, kCommandTexts.commandSimulator, {Qt::Key_S});
+    simulating_ = &host_.addCommand(
+        menu, kCommandTexts.commandSimulate, {QKeySequence(Qt::SHIFT | Qt::Key_S)},
+        [this] { simulate(!host_.document().flight().simulator().running()); });
     simulating_->setCheckable(true);
     menu.addSeparator();
-    addSheet<CPrefsSheet>(menu, TextId::CommandPrefs, {QKeySequence(Qt::CTRL | Qt::Key_P)});
-    addSheet<CMapDialog>(menu, TextId::CommandMapOptions, {Qt::Key_O});
-    addSheet<CViewPagesDialog>(menu, TextId::CommandViewPages,
+    addSheet<CPrefsSheet>(menu, kCommandTexts.commandPrefs, {QKeySequence(Qt::CTRL | Qt::Key_P)});
+    addSheet<CMapDialog>(menu, kCommandTexts.commandMapOptions, {Qt::Key_O});
+    addSheet<CViewPagesDialog>(menu, kCommandTexts.commandViewPages,
                                {QKeySequence(Qt::SHIFT | Qt::Key_N)});
     menu.addSeparator();
-    host_.addCommand(menu, TextId::CommandPort, {Qt::Key_G}, [this] { choosePort(); });
+    host_.addCommand(menu, kCommandTexts.commandPort, {Qt::Key_G}, [this] { choosePort(); });
     const auto updateChecks = [this] {
         simulating_->setChecked(host_.document().flight().simulator().running());
     };
@@ -43,7 +45,8 @@ void OptionCommands::simulate(bool on) {
         flight.stopSimulator();
     // The sheet starts and stops it, too, behind the back of the check.
     simulating_->setChecked(on);
-    host_.view().say(std::string(text(on ? TextId::SimulatorOn : TextId::SimulatorOff)));
+    host_.view().say(
+        std::string(text(on ? kMessageTexts.simulatorOn : kMessageTexts.simulatorOff)));
 }
 
 void OptionCommands::choosePort() {
@@ -57,7 +60,8 @@ void OptionCommands::choosePort() {
                      });
     sheet->status = [&document] {
         const CockpitData& data = document.cockpitData();
-        return data.status.empty() ? formatText(TextId::PortHasFix, {data.satsInUse}) : data.status;
+        return data.status.empty() ? formatText(kMessageTexts.portHasFix, {data.satsInUse})
+                                   : data.status;
     };
     sheet->onTrace = [this] {
         host_.openSheet(std::make_unique<TraceSheet>(&host_.window(), host_.document()));

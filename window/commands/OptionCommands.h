@@ -23,7 +23,7 @@ class OptionCommands {
  private:
     /// A command that opens a sheet on the document.
     template <class SheetType>
-    void addSheet(QMenu& menu, TextId name, const QList<QKeySequence>& keys);
+    void addSheet(QMenu& menu, Text name, const QList<QKeySequence>& keys);
 
     CommandHost& host_;
     QPointer<QAction> simulating_;

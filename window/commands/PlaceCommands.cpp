@@ -3,6 +3,10 @@
 #include <QListWidget>
 
 #include "cockpit/CKorvelDoc.h"
+#include "config/texts/CommandTexts.h"
+#include "config/texts/FlightTexts.h"
+#include "config/texts/MessageTexts.h"
+#include "config/texts/SheetTexts.h"
 #include "navdb/records/AirportRecord.h"
 #include "window/CKorvelView.h"
 #include "window/QtText.h"
@@ -18,7 +22,7 @@ namespace {
 class PlaceChooser final : public Sheet {
  public:
     PlaceChooser(QWidget* parent, const NavDatabase& database, const std::vector<MapPlace>& places)
-        : Sheet(parent, toQString(TextId::ChoosePlace), QDialogButtonBox::Close) {
+        : Sheet(parent, toQString(kSheetTexts.choosePlace), QDialogButtonBox::Close) {
         for (const MapPlace& place : places) {
             const auto record = database.recordOf(place.place);
             const std::string_view name = record ? record->GetName() : std::string_view();
@@ -50,11 +54,11 @@ class PlaceChooser final : public Sheet {
 }  // namespace
 
 void PlaceCommands::addTo(QMenu& menu) {
-    host_.addCommand(menu, TextId::CommandFind,
+    host_.addCommand(menu, kCommandTexts.commandFind,
                      {QKeySequence(Qt::CTRL | Qt::Key_F), QKeySequence(Qt::Key_Slash)},
                      [this] { find(); });
-    host_.addCommand(menu, TextId::CommandMark, {Qt::Key_M}, [this] { mark(); });
-    host_.addCommand(menu, TextId::CommandMarks, {QKeySequence(Qt::CTRL | Qt::Key_M)},
+    host_.addCommand(menu, kCommandTexts.commandMark, {Qt::Key_M}, [this] { mark(); });
+    host_.addCommand(menu, kCommandTexts.commandMarks, {QKeySequence(Qt::CTRL | Qt::Key_M)},
                      [this] { listMarks(); });
 }
 
@@ -63,11 +67,11 @@ void PlaceCommands::mark() {
     // Not where the aircraft was last seen.
     const auto where = view.isPanned() ? view.mapCenter() : host_.document().cockpitData().position;
     if (!where)
-        return view.say(std::string(text(TextId::NothingToMark)));
+        return view.say(std::string(text(kMessageTexts.nothingToMark)));
     auto sheet = std::make_unique<MarkSheet>(&host_.window(), host_.document(), *where);
     sheet->onMarked = [&view](const std::string& name) {
         view.databasesChanged();
-        view.say(formatText(TextId::Marked, {std::string_view(name)}));
+        view.say(formatText(kMessageTexts.marked, {std::string_view(name)}));
     };
     host_.openSheet(std::move(sheet));
 }
@@ -111,14 +115,14 @@ void PlaceCommands::openAirport(const NearAirport& airport) {
 
 void PlaceCommands::open(std::unique_ptr<DatabaseRecord> record) {
     if (!record)
-        return host_.view().say(std::string(text(TextId::NotFound)));
+        return host_.view().say(std::string(text(kFlightTexts.notFound)));
     std::unique_ptr<PlaceSheet> sheet = sheetFor(std::move(record));
     sheet->onDirectTo = [this](const PlaceChoice& place) {
         if (onDirectTo)
             onDirectTo(place);
     };
     sheet->onAdded = [this](const std::string& name) {
-        host_.view().say(formatText(TextId::AddedToPlan, {std::string_view(name)}));
+        host_.view().say(formatText(kMessageTexts.addedToPlan, {std::string_view(name)}));
     };
     sheet->onShow = [this](GeoPoint place) { host_.view().lookAt(place); };
     host_.openSheet(std::move(sheet));

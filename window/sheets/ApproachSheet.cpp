@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "cockpit/CKorvelDoc.h"
+#include "config/texts/SheetTexts.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "window/QtText.h"
 
@@ -11,15 +13,16 @@ namespace {
 
 QString titleFor(const std::vector<LandingRunway>& runways) {
     if (runways.empty())
-        return toQString(TextId::ApproachTitle);
+        return toQString(kSheetTexts.approachTitle);
     return toQString(
-        formatText(TextId::ApproachTitleAt, {std::string_view(runways.front().airport)}));
+        formatText(kSheetTexts.approachTitleAt, {std::string_view(runways.front().airport)}));
 }
 
-TextId whyNone(const CKorvelDoc& document) {
+Text whyNone(const CKorvelDoc& document) {
     if (!document.settings().apprMode)
-        return TextId::ApproachOff;
-    return document.cockpitData().position ? TextId::ApproachNoRunway : TextId::NoGpsSignal;
+        return kSheetTexts.approachOff;
+    return document.cockpitData().position ? kSheetTexts.approachNoRunway
+                                           : kStatusTexts.noGpsSignal;
 }
 
 /// "27L   272°M   6000 ft".
@@ -48,7 +51,7 @@ ApproachSheet::ApproachSheet(QWidget* parent, CKorvelDoc& document,
         none_.setText(toQString(whyNone(document_)));
         list_.hide();
     }
-    leave_.setText(toQString(TextId::ApproachLeave));
+    leave_.setText(toQString(kSheetTexts.approachLeave));
     leave_.setEnabled(mode.runway().has_value());
     leave_.setAutoDefault(false);
     addRow(leave_);

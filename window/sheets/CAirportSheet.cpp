@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "cockpit/CKorvelDoc.h"
+#include "config/texts/SheetTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "pages/AirportPicture.h"
@@ -44,13 +45,14 @@ std::string airportText(const CKorvelDoc& document, const AirportRecord& airport
     const int altUnit = document.cockpitData().altUnit;
     std::string lines = placeText(document, airport);
     if (airport.elevationFt != kNoElevationFt)
-        lines += formatText(TextId::PlaceElevation,
+        lines += formatText(kSheetTexts.placeElevation,
                             {std::string_view(altitudeText(airport.elevationFt, altUnit))}) +
                  '\n';
     if (const double variation = airport.magVariationDeg; variation != kNoAngle)
-        lines += formatText(TextId::PlaceVariation, {RoundToInt(std::abs(variation)),
-                                                     std::string_view(variation < 0 ? "W" : "E")}) +
-                 '\n';
+        lines +=
+            formatText(kSheetTexts.placeVariation, {RoundToInt(std::abs(variation)),
+                                                    std::string_view(variation < 0 ? "W" : "E")}) +
+            '\n';
     for (const CommFreqRecord& comm : airport.comms)
         lines += commText(comm) + '\n';
     for (const RunwayRecord& runway : airport.runways)
@@ -66,7 +68,7 @@ CAirportSheet::CAirportSheet(QWidget* parent, CKorvelDoc& document, const Look& 
     setPreferredWidth(15 * kRowPixels);
     if (landingRunways(*airport).empty() || !document.settings().apprMode)
         return;
-    addButton(approach_, TextId::ApproachButton, [this, airport] {
+    addButton(approach_, kSheetTexts.approachButton, [this, airport] {
         QDialog::accept();
         if (onApproach)
             onApproach(landingRunways(*airport));

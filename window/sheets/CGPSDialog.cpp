@@ -3,6 +3,7 @@
 #include <QPushButton>
 
 #include "cockpit/PortSettings.h"
+#include "config/texts/SheetTexts.h"
 #include "window/QtText.h"
 
 namespace korvel {
@@ -15,11 +16,12 @@ constexpr int kStatusMs = 500;
 }  // namespace
 
 CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings)
-    : Sheet(parent, toQString(TextId::PortTitle), QDialogButtonBox::Ok | QDialogButtonBox::Cancel) {
-    search_.setText(toQString(TextId::PortSearch));
-    fixed_.setText(toQString(TextId::PortChosen));
+    : Sheet(parent, toQString(kSheetTexts.portTitle),
+            QDialogButtonBox::Ok | QDialogButtonBox::Cancel) {
+    search_.setText(toQString(kSheetTexts.portSearch));
+    fixed_.setText(toQString(kSheetTexts.portChosen));
     port_.setEditable(true);
-    hint_.setText(toQString(TextId::PortHint));
+    hint_.setText(toQString(kSheetTexts.portHint));
     for (int number = 1; number <= kOfferedPorts; ++number)
         port_.addItem(QStringLiteral("COM%1").arg(number));
     for (const int baud : {1200, 2400, 4800, 9600, 19200, 38400, 57600, 115200})
@@ -29,7 +31,7 @@ CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings)
         addRow(*row);
     setPreferredWidth(10 * kRowPixels);
     status_.setWordWrap(true);
-    trace_.setText(toQString(TextId::PortTrace));
+    trace_.setText(toQString(kSheetTexts.portTrace));
     trace_.setAutoDefault(false);
     connect(&trace_, &QPushButton::clicked, this, [this] {
         if (onTrace)

@@ -8,6 +8,7 @@
 
 #include "base/TextNumbers.h"
 #include "cockpit/CKorvelDoc.h"
+#include "config/texts/PreferenceTexts.h"
 #include "window/QtText.h"
 
 namespace korvel {
@@ -26,7 +27,8 @@ CPrefsSheet::CPrefsSheet(QWidget* parent, CKorvelDoc& document)
     : CPrefsSheet(parent, document, kAllPages) {}
 
 CPrefsSheet::CPrefsSheet(QWidget* parent, CKorvelDoc& document, std::span<const PrefsPage> pages)
-    : Sheet(parent, toQString(TextId::PrefsTitle), QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
+    : Sheet(parent, toQString(kPreferenceTexts.prefsTitle),
+            QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document) {
     tabs_.setUsesScrollButtons(true);
     tabs_.tabBar()->setMinimumHeight(kRowPixels);
@@ -46,7 +48,7 @@ std::unique_ptr<QWidget> CPrefsSheet::makePage(PrefsPage page, const Settings& s
     form->setVerticalSpacing(kRowSpacing);
     form->setRowWrapPolicy(QFormLayout::WrapLongRows);
     if (page == PrefsPage::Pages) {
-        auto* help = new QLabel(toQString(TextId::PagesHelp), rows.get());
+        auto* help = new QLabel(toQString(kPreferenceTexts.pagesHelp), rows.get());
         help->setWordWrap(true);
         form->addRow(help);
     }
@@ -72,7 +74,7 @@ void CPrefsSheet::addEditor(QWidget& page, const PrefRow& row, const SettingValu
         form.addRow(widget);
     } else if (row.kind == PrefKind::Choice) {
         widget = editor.list = new QComboBox(&page);
-        for (const TextId choice : row.choices)
+        for (const Text choice : row.choices)
             editor.list->addItem(toQString(choice));
         const int index = std::get<int>(value);
         editor.list->setCurrentIndex(index >= 0 && index < editor.list->count() ? index : 0);
@@ -122,12 +124,12 @@ void CPrefsSheet::accept() {
 
 CMapDialog::CMapDialog(QWidget* parent, CKorvelDoc& document)
     : CPrefsSheet(parent, document, kMapPages) {
-    setWindowTitle(toQString(TextId::PrefsMap));
+    setWindowTitle(toQString(kPreferenceTexts.prefsMap));
 }
 
 CViewPagesDialog::CViewPagesDialog(QWidget* parent, CKorvelDoc& document)
     : CPrefsSheet(parent, document, kPagesPage) {
-    setWindowTitle(toQString(TextId::PrefsPages));
+    setWindowTitle(toQString(kPreferenceTexts.prefsPages));
 }
 
 }  // namespace korvel

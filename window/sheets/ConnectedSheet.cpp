@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "config/texts/ConnectedTexts.h"
 #include "window/QtText.h"
 
 namespace korvel {
@@ -12,7 +13,7 @@ constexpr int kUpdateMs = 1000;
 }  // namespace
 
 ConnectedSheet::ConnectedSheet(QWidget* parent, std::function<std::string()> words)
-    : TextSheet(parent, toQString(TextId::ConnectedTitle), {}), source_(std::move(words)) {
+    : TextSheet(parent, toQString(kConnectedTexts.connectedTitle), {}), source_(std::move(words)) {
     update();
     connect(&timer_, &QTimer::timeout, this, [this] { update(); });
     connect(this, &QDialog::finished, &timer_, &QTimer::stop);
@@ -28,7 +29,7 @@ void ConnectedSheet::update() {
     words().setPlainText(shown_);
 }
 
-void ConnectedSheet::addNext(TextId name, const std::function<void()>& next) {
+void ConnectedSheet::addNext(Text name, const std::function<void()>& next) {
     auto* button = new QPushButton(toQString(name), this);  // the sheet owns it
     button->setAutoDefault(false);
     addRow(*button);

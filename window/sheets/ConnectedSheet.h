@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
 #include "window/sheets/TextSheet.h"
 
 namespace korvel {
@@ -19,7 +19,7 @@ class ConnectedSheet final : public TextSheet {
     ConnectedSheet(QWidget* parent, std::function<std::string()> words);
 
     /// Adds a button that closes the sheet and does this.
-    void addNext(TextId name, const std::function<void()>& next);
+    void addNext(Text name, const std::function<void()>& next);
 
  private:
     void update();

@@ -3,21 +3,23 @@
 #include <QPushButton>
 
 #include "cockpit/CKorvelDoc.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
+#include "config/texts/SheetTexts.h"
 #include "nav/plan/RouteWords.h"
 #include "window/QtText.h"
 
 namespace korvel {
 
 DirectToSheet::DirectToSheet(QWidget* parent, CKorvelDoc& document, const PlaceChoice& place)
-    : Sheet(parent, toQString(TextId::DirectToTitle),
+    : Sheet(parent, toQString(kSheetTexts.directToTitle),
             QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
       place_(document.flight().database(), document.cockpitData().position,
              document.settings().icaoPrefix) {
-    buttons().button(QDialogButtonBox::Ok)->setText(toQString(TextId::DirectToTitle));
-    course_.setPlaceholderText(toQString(TextId::CourseHint));
-    altitude_.setPlaceholderText(toQString(TextId::AltitudeHint));
+    buttons().button(QDialogButtonBox::Ok)->setText(toQString(kSheetTexts.directToTitle));
+    course_.setPlaceholderText(toQString(kSheetTexts.courseHint));
+    altitude_.setPlaceholderText(toQString(kSheetTexts.altitudeHint));
     message_.setObjectName(QStringLiteral("refusal"));
     addTallRow(place_);
     for (QWidget* row : std::initializer_list<QWidget*>{&course_, &altitude_})
@@ -38,7 +40,7 @@ void DirectToSheet::refuse(const std::string& message) {
 void DirectToSheet::accept() {
     const auto altitudeFt = typedAltitude(altitude_.text().toStdString());
     if (!altitudeFt)
-        return refuse(std::string(text(TextId::InvalidAltitude)));
+        return refuse(std::string(text(kFlightTexts.invalidAltitude)));
     ActiveNavigation& navigation = document_.flight().navigation();
     const std::uint64_t before = navigation.announcement().number;
     const PlaceChoice place = place_.choice();

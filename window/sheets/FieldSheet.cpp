@@ -1,5 +1,6 @@
 #include "window/sheets/FieldSheet.h"
 
+#include "config/texts/SheetTexts.h"
 #include "window/QtText.h"
 
 namespace korvel {
@@ -16,7 +17,7 @@ QString rowText(const NavField& field, const CockpitData& data) {
 }  // namespace
 
 FieldSheet::FieldSheet(QWidget* parent, NavFieldId current, const CockpitData& shown)
-    : Sheet(parent, toQString(TextId::FieldTitle),
+    : Sheet(parent, toQString(kSheetTexts.fieldTitle),
             QDialogButtonBox::Ok | QDialogButtonBox::Cancel) {
     for (const NavField& field : navFields()) {
         auto* item = new QListWidgetItem(rowText(field, shown), &list_);

@@ -3,15 +3,18 @@
 #include <QPushButton>
 
 #include "cockpit/CKorvelDoc.h"
+#include "config/texts/FlightTexts.h"
+#include "config/texts/SheetTexts.h"
 #include "window/QtText.h"
 
 namespace korvel {
 
 FindSheet::FindSheet(QWidget* parent, CKorvelDoc& document, std::optional<GeoPoint> near)
-    : Sheet(parent, toQString(TextId::FindTitle), QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
+    : Sheet(parent, toQString(kSheetTexts.findTitle),
+            QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
       place_(document.flight().database(), near, document.settings().icaoPrefix) {
-    buttons().button(QDialogButtonBox::Ok)->setText(toQString(TextId::FindButton));
+    buttons().button(QDialogButtonBox::Ok)->setText(toQString(kSheetTexts.findButton));
     addTallRow(place_);
     addNote(message_);
     setPreferredWidth(11 * kRowPixels);
@@ -25,7 +28,7 @@ void FindSheet::accept() {
     const DatabaseRecord* found =
         document_.flight().database().Find(choice.identifier, choice.where);
     if (found == nullptr)
-        return message_.setText(toQString(TextId::NotFound));
+        return message_.setText(toQString(kFlightTexts.notFound));
     auto record = found->Clone();
     QDialog::accept();
     if (onFound)

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QToolButton>
 
+#include "config/texts/SheetTexts.h"
 #include "window/QtText.h"
 
 namespace korvel {
@@ -30,8 +31,8 @@ KeyPad::KeyPad(QWidget* parent) : QWidget(parent), grid_(this) {
             addKey(row, column++, QChar::fromLatin1(key), key);
         ++row;
     }
-    addKey(0, kColumns, toQString(TextId::KeyPadBack), Qt::Key_Backspace, 2);
-    addKey(2, kColumns, toQString(TextId::KeyPadSpace), Qt::Key_Space, 2);
+    addKey(0, kColumns, toQString(kSheetTexts.keyPadBack), Qt::Key_Backspace, 2);
+    addKey(2, kColumns, toQString(kSheetTexts.keyPadSpace), Qt::Key_Space, 2);
 }
 
 void KeyPad::addKey(int row, int column, const QString& label, int key, int rows) {

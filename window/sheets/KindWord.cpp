@@ -1,5 +1,6 @@
 #include "window/sheets/KindWord.h"
 
+#include "config/texts/SheetTexts.h"
 #include "window/QtText.h"
 
 namespace korvel {
@@ -7,13 +8,13 @@ namespace korvel {
 QString kindWord(KindMask kind) {
     switch (kind) {
         case kAirportKind:
-            return toQString(TextId::KindAirport);
+            return toQString(kSheetTexts.kindAirport);
         case kVorKind:
-            return toQString(TextId::KindVor);
+            return toQString(kSheetTexts.kindVor);
         case kNdbKind:
-            return toQString(TextId::KindNdb);
+            return toQString(kSheetTexts.kindNdb);
         default:
-            return toQString(TextId::KindFix);
+            return toQString(kSheetTexts.kindFix);
     }
 }
 

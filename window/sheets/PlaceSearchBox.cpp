@@ -2,7 +2,8 @@
 
 #include <QKeyEvent>
 
-#include "config/StringTable.h"
+#include "config/texts/SheetTexts.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Units.h"
 #include "nav/plan/RouteWords.h"
@@ -29,7 +30,7 @@ QString lineOf(const PlaceMatch& match) {
                          toQString(labels.distance));
     }
     if (match.expired)
-        line += QStringLiteral("   ") + toQString(TextId::Expired);
+        line += QStringLiteral("   ") + toQString(kStatusTexts.expired);
     return line;
 }
 
@@ -42,7 +43,7 @@ PlaceSearchBox::PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoi
     column_.addWidget(&edit_);
     column_.addWidget(&list_);
     edit_.setMinimumHeight(Sheet::kRowPixels);
-    edit_.setPlaceholderText(toQString(TextId::IdentifierHint));
+    edit_.setPlaceholderText(toQString(kSheetTexts.identifierHint));
     list_.setMinimumHeight(Sheet::kRowPixels);
     list_.setFocusPolicy(Qt::NoFocus);
     edit_.installEventFilter(this);

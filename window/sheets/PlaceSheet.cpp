@@ -3,6 +3,8 @@
 #include <QLabel>
 
 #include "cockpit/CKorvelDoc.h"
+#include "config/texts/SheetTexts.h"
+#include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "nav/plan/PlanEdit.h"
@@ -27,7 +29,7 @@ std::string placeText(const CKorvelDoc& document, const DatabaseRecord& record) 
     const CockpitData& data = document.cockpitData();
     std::string lines = std::string(record.ident.view()) + "   " + std::string(record.GetName());
     if (record.expired)
-        lines += "   " + std::string(text(TextId::Expired));
+        lines += "   " + std::string(text(kStatusTexts.expired));
     lines += '\n';
     if (const std::string info = record.GetInfoText(); !info.empty())
         lines += info + '\n';
@@ -51,12 +53,12 @@ PlaceSheet::PlaceSheet(QWidget* parent, CKorvelDoc& document,
     scroll_.setWidgetResizable(true);
     setPreferredWidth(13 * kRowPixels);
     addTallRow(scroll_);
-    addButton(direct_, TextId::DirectToTitle, [this, record] {
+    addButton(direct_, kSheetTexts.directToTitle, [this, record] {
         QDialog::accept();
         if (onDirectTo)
             onDirectTo({.identifier = record->key, .where = record->position});
     });
-    addButton(add_, TextId::AddToPlan, [this, &document, record] {
+    addButton(add_, kSheetTexts.addToPlan, [this, &document, record] {
         ActivePlan& plan = document.flight().plan();
         PlanEntries entries = plan.entries();
         const std::size_t end = entries.size();
@@ -65,14 +67,14 @@ PlaceSheet::PlaceSheet(QWidget* parent, CKorvelDoc& document,
         if (onAdded)
             onAdded(std::string(record->ident.view()));
     });
-    addButton(show_, TextId::ShowOnMap, [this, record] {
+    addButton(show_, kSheetTexts.showOnMap, [this, record] {
         QDialog::accept();
         if (onShow)
             onShow(record->position);
     });
 }
 
-void PlaceSheet::addButton(QPushButton& button, TextId text, const std::function<void()>& handler) {
+void PlaceSheet::addButton(QPushButton& button, Text text, const std::function<void()>& handler) {
     button.setText(toQString(text));
     button.setAutoDefault(false);
     button.setMinimumSize(2 * kRowPixels, kRowPixels);

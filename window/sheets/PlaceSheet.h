@@ -8,7 +8,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
 #include "navdb/records/DatabaseRecord.h"
 #include "window/sheets/PlaceChoice.h"
 #include "window/sheets/Sheet.h"
@@ -36,7 +36,7 @@ class PlaceSheet : public Sheet {
     /// The words, and to their right whatever else there is.
     QHBoxLayout& content() { return *content_; }
     /// Adds a button at the foot. It stays the caller's.
-    void addButton(QPushButton& button, TextId text, const std::function<void()>& handler);
+    void addButton(QPushButton& button, Text text, const std::function<void()>& handler);
 
  private:
     QScrollArea scroll_;

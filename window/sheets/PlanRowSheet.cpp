@@ -5,7 +5,9 @@
 #include <QHBoxLayout>
 
 #include "cockpit/CKorvelDoc.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
+#include "config/texts/SheetTexts.h"
 #include "nav/plan/PlanEdit.h"
 #include "nav/plan/RouteWords.h"
 #include "window/QtText.h"
@@ -26,7 +28,7 @@ void addSideBySide(QVBoxLayout& column, std::initializer_list<QWidget*> widgets)
 }  // namespace
 
 PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t row)
-    : Sheet(parent, toQString(TextId::PlanRowTitle), QDialogButtonBox::Close),
+    : Sheet(parent, toQString(kSheetTexts.planRowTitle), QDialogButtonBox::Close),
       document_(document),
       row_(row) {
     const PlanEntries entries = document.flight().plan().entries();
@@ -37,23 +39,23 @@ PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t ro
         title_.setText(name == ident ? ident : QStringLiteral("%1   %2").arg(ident, name));
     }
     title_.setAccessibleName(title_.text());
-    words_.setPlaceholderText(toQString(TextId::InsertHint));
-    altitude_.setPlaceholderText(toQString(TextId::AltitudeHint));
+    words_.setPlaceholderText(toQString(kSheetTexts.insertHint));
+    altitude_.setPlaceholderText(toQString(kSheetTexts.altitudeHint));
     addRow(title_);
-    addButton(fly_, TextId::FlyToRow, [this] {
+    addButton(fly_, kSheetTexts.flyToRow, [this] {
         document_.flight().plan().flyTo(row_);
         QDialog::accept();
     });
-    addButton(direct_, TextId::DirectToTitle, [this] {
+    addButton(direct_, kSheetTexts.directToTitle, [this] {
         QDialog::accept();
         if (onDirectTo)
             onDirectTo(place_);
     });
-    addButton(up_, TextId::MoveRowUp, [this] { move(true); });
-    addButton(down_, TextId::MoveRowDown, [this] { move(false); });
-    addButton(remove_, TextId::RemoveRow, [this] { remove(); });
-    addButton(setAltitude_, TextId::SetAltitude, [this] { setAltitude(); });
-    addButton(insert_, TextId::InsertWords, [this] { insertBefore(); });
+    addButton(up_, kSheetTexts.moveRowUp, [this] { move(true); });
+    addButton(down_, kSheetTexts.moveRowDown, [this] { move(false); });
+    addButton(remove_, kSheetTexts.removeRow, [this] { remove(); });
+    addButton(setAltitude_, kSheetTexts.setAltitude, [this] { setAltitude(); });
+    addButton(insert_, kSheetTexts.insertWords, [this] { insertBefore(); });
     addSideBySide(column(), {&fly_, &direct_});
     addSideBySide(column(), {&up_, &down_, &remove_});
     addSideBySide(column(), {&altitude_, &setAltitude_});
@@ -64,8 +66,7 @@ PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t ro
     setPreferredWidth(12 * kRowPixels);
 }
 
-void PlanRowSheet::addButton(QPushButton& button, TextId text,
-                             const std::function<void()>& handler) {
+void PlanRowSheet::addButton(QPushButton& button, Text text, const std::function<void()>& handler) {
     button.setText(toQString(text));
     button.setAutoDefault(false);
     connect(&button, &QPushButton::clicked, this, handler);
@@ -75,7 +76,7 @@ void PlanRowSheet::setAltitude() {
     ActivePlan& plan = document_.flight().plan();
     const auto feet = typedAltitude(altitude_.text().toStdString());
     if (!feet)
-        return message_.setText(toQString(TextId::InvalidAltitude));
+        return message_.setText(toQString(kFlightTexts.invalidAltitude));
     PlanEditResult result = withAltitude(plan.entries(), row_, *feet);
     if (!result.error.empty())
         return message_.setText(toQString(result.error));

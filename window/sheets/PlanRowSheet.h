@@ -7,7 +7,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "config/StringTable.h"
+#include "config/Text.h"
 #include "window/sheets/PlaceChoice.h"
 #include "window/sheets/Sheet.h"
 
@@ -26,7 +26,7 @@ class PlanRowSheet final : public Sheet {
     std::function<void(const PlaceChoice& place)> onDirectTo;
 
  private:
-    void addButton(QPushButton& button, TextId text, const std::function<void()>& handler);
+    void addButton(QPushButton& button, Text text, const std::function<void()>& handler);
     void setAltitude();
     void insertBefore();
     void move(bool up);

@@ -3,7 +3,8 @@
 #include <QPushButton>
 
 #include "cockpit/CKorvelDoc.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
+#include "config/texts/SheetTexts.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
 #include "nav/plan/RouteCheck.h"
@@ -30,9 +31,10 @@ QString marked(const CheckedWord& word) {
 }  // namespace
 
 RouteSheet::RouteSheet(QWidget* parent, CKorvelDoc& document)
-    : Sheet(parent, toQString(TextId::RouteTitle), QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
+    : Sheet(parent, toQString(kSheetTexts.routeTitle),
+            QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document) {
-    line_.setPlaceholderText(toQString(TextId::RouteHint));
+    line_.setPlaceholderText(toQString(kSheetTexts.routeHint));
     words_.setWordWrap(true);
     words_.setTextFormat(Qt::RichText);
     words_.setMinimumHeight(3 * kRowPixels);
@@ -62,8 +64,8 @@ void RouteSheet::check() {
         return message_.setText(toQString(route.error));
     UnitLabels labels;
     const int total = RoundToInt(ConvertDistance(route.totalNm, &labels));
-    message_.setText(toQString(
-        formatText(TextId::RouteSummary, {static_cast<int>(route.count), total, labels.distance})));
+    message_.setText(toQString(formatText(
+        kSheetTexts.routeSummary, {static_cast<int>(route.count), total, labels.distance})));
 }
 
 void RouteSheet::accept() {

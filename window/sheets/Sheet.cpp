@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QScroller>
 
+#include "config/texts/SheetTexts.h"
 #include "window/QtText.h"
 
 namespace korvel {
@@ -63,7 +64,7 @@ void Sheet::addHeader(const QString& title) {
     back_.setText(QStringLiteral("\u00D7"));
     back_.setStyleSheet(QStringLiteral(
         "QToolButton { color: palette(highlighted-text); border: none; font-size: 24px; }"));
-    back_.setAccessibleName(toQString(TextId::CloseSheet));
+    back_.setAccessibleName(toQString(kSheetTexts.closeSheet));
     back_.setFocusPolicy(Qt::NoFocus);
     back_.setFixedSize(kRowPixels + kMargin, kRowPixels);
     connect(&back_, &QToolButton::clicked, this, &QDialog::reject);
@@ -81,7 +82,7 @@ void Sheet::addFoot() {
     foot->addLayout(row.release());
     outer_.addLayout(foot.release());
     keyPad_.hide();
-    keyPadButton_.setText(toQString(TextId::KeyPadShow));
+    keyPadButton_.setText(toQString(kSheetTexts.keyPadShow));
     keyPadButton_.setCheckable(true);
     keyPadButton_.setFocusPolicy(Qt::NoFocus);
     keyPadButton_.setMinimumSize(2 * kRowPixels, kRowPixels);

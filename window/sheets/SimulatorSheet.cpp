@@ -6,6 +6,7 @@
 
 #include "base/TextNumbers.h"
 #include "cockpit/CKorvelDoc.h"
+#include "config/texts/SheetTexts.h"
 #include "window/QtText.h"
 
 namespace korvel {
@@ -19,16 +20,16 @@ constexpr int kAltitudeStep = 500;
 }  // namespace
 
 SimulatorSheet::SimulatorSheet(QWidget* parent, CKorvelDoc& document)
-    : Sheet(parent, toQString(TextId::SimulatorTitle), QDialogButtonBox::Close),
+    : Sheet(parent, toQString(kSheetTexts.simulatorTitle), QDialogButtonBox::Close),
       document_(document) {
     form_.setSpacing(6);
     column().addLayout(&form_);
     form_.setRowWrapPolicy(QFormLayout::WrapLongRows);
-    addNumber(latitude_, TextId::SimulatorLatitude, 0);
-    addNumber(longitude_, TextId::SimulatorLongitude, 0);
-    addNumber(heading_, TextId::SimulatorHeading, kHeadingStep);
-    addNumber(speed_, TextId::SimulatorSpeed, kSpeedStep);
-    addNumber(altitude_, TextId::SimulatorAltitude, kAltitudeStep);
+    addNumber(latitude_, kSheetTexts.simulatorLatitude, 0);
+    addNumber(longitude_, kSheetTexts.simulatorLongitude, 0);
+    addNumber(heading_, kSheetTexts.simulatorHeading, kHeadingStep);
+    addNumber(speed_, kSheetTexts.simulatorSpeed, kSpeedStep);
+    addNumber(altitude_, kSheetTexts.simulatorAltitude, kAltitudeStep);
     addSwitches();
     addNote(message_);
     startStop_.setMinimumSize(3 * kRowPixels, kRowPixels);
@@ -56,7 +57,7 @@ SimulatorSheet::SimulatorSheet(QWidget* parent, CKorvelDoc& document)
 
 /// A row to type in. With a step it also has buttons for less and more, and counts at once while
 /// the aircraft flies.
-void SimulatorSheet::addNumber(QLineEdit& edit, TextId name, int step) {
+void SimulatorSheet::addNumber(QLineEdit& edit, Text name, int step) {
     edit.setMinimumHeight(kRowPixels);
     edit.setAccessibleName(toQString(name));
     auto* row = new QHBoxLayout;  // the form's
@@ -85,7 +86,7 @@ void SimulatorSheet::addNumber(QLineEdit& edit, TextId name, int step) {
 }
 
 void SimulatorSheet::addSwitches() {
-    steering_.setText(toQString(TextId::SimulatorSteering));
+    steering_.setText(toQString(kSheetTexts.simulatorSteering));
     steering_.setChecked(document_.flight().simulator().steering());
     steering_.setMinimumHeight(kRowPixels);
     connect(&steering_, &QCheckBox::toggled, this,
@@ -95,10 +96,10 @@ void SimulatorSheet::addSwitches() {
         timeFactor_.addItem(QStringLiteral("× %1").arg(factor), factor);
     timeFactor_.setCurrentIndex(timeFactor_.findData(current));
     timeFactor_.setMinimumHeight(kRowPixels);
-    timeFactor_.setAccessibleName(toQString(TextId::SimulatorTime));
+    timeFactor_.setAccessibleName(toQString(kSheetTexts.simulatorTime));
     connect(&timeFactor_, &QComboBox::currentIndexChanged, this,
             [this] { document_.flight().setTimeFactor(timeFactor_.currentData().toInt()); });
-    form_.addRow(toQString(TextId::SimulatorTime), &timeFactor_);
+    form_.addRow(toQString(kSheetTexts.simulatorTime), &timeFactor_);
     form_.addRow(QString(), &steering_);
 }
 
@@ -156,7 +157,7 @@ void SimulatorSheet::change() {
 
 void SimulatorSheet::showState() {
     const bool running = document_.flight().simulator().running();
-    startStop_.setText(toQString(running ? TextId::SimulatorStop : TextId::SimulatorStart));
+    startStop_.setText(toQString(running ? kSheetTexts.simulatorStop : kSheetTexts.simulatorStart));
     latitude_.setEnabled(!running);
     longitude_.setEnabled(!running);
     if (!running)

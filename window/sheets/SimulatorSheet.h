@@ -11,7 +11,7 @@
 #include <QTimer>
 
 #include "cockpit/SimulatorForm.h"
-#include "config/StringTable.h"
+#include "config/Text.h"
 #include "window/sheets/Sheet.h"
 
 namespace korvel {
@@ -26,7 +26,7 @@ class SimulatorSheet final : public Sheet {
     SimulatorSheet(QWidget* parent, CKorvelDoc& document);
 
  private:
-    void addNumber(QLineEdit& edit, TextId name, int step);
+    void addNumber(QLineEdit& edit, Text name, int step);
     void addSwitches();
     void startOrStop();
     void start();

@@ -1,6 +1,7 @@
 #include "window/sheets/TraceSheet.h"
 
 #include "cockpit/CKorvelDoc.h"
+#include "config/texts/SheetTexts.h"
 #include "window/QtText.h"
 
 namespace korvel {
@@ -11,10 +12,10 @@ constexpr int kTakeMs = 500;
 }  // namespace
 
 TraceSheet::TraceSheet(QWidget* parent, CKorvelDoc& document)
-    : TextSheet(parent, toQString(TextId::TraceTitle), {}), document_(document) {
+    : TextSheet(parent, toQString(kSheetTexts.traceTitle), {}), document_(document) {
     words().setMaximumBlockCount(kLines);
     words().setLineWrapMode(QPlainTextEdit::NoWrap);
-    pause_.setText(toQString(TextId::TracePause));
+    pause_.setText(toQString(kSheetTexts.tracePause));
     addRow(pause_);
     document.setTracing(true);
     connect(&timer_, &QTimer::timeout, this, [this] { takeLines(); });

@@ -1,7 +1,7 @@
 #include "window/sheets/UserFixSheets.h"
 
 #include "cockpit/CKorvelDoc.h"
-#include "config/StringTable.h"
+#include "config/texts/SheetTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "navdb/records/RecordKey.h"
@@ -20,19 +20,20 @@ QString rowText(const UserFix& fix, const std::optional<GeoPoint>& here) {
 }  // namespace
 
 MarkSheet::MarkSheet(QWidget* parent, CKorvelDoc& document, GeoPoint position)
-    : Sheet(parent, toQString(TextId::MarkTitle), QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
+    : Sheet(parent, toQString(kSheetTexts.markTitle),
+            QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
       position_(position),
       where_(toQString(coordinatesText(position))),
       name_(toQString(document.userFixes().proposedName())) {
-    buttons().button(QDialogButtonBox::Ok)->setText(toQString(TextId::MarkButton));
+    buttons().button(QDialogButtonBox::Ok)->setText(toQString(kSheetTexts.markButton));
     message_.setObjectName(QStringLiteral("refusal"));
     addNote(where_);
     addRow(name_);
     addNote(message_);
     setPreferredWidth(11 * kRowPixels);
     connect(&name_, &QLineEdit::textEdited, this, [this] { message_.clear(); });
-    name_.setAccessibleName(toQString(TextId::MarkTitle));
+    name_.setAccessibleName(toQString(kSheetTexts.markTitle));
     name_.selectAll();
     name_.setFocus();
 }
@@ -47,13 +48,14 @@ void MarkSheet::accept() {
 }
 
 UserFixesSheet::UserFixesSheet(QWidget* parent, CKorvelDoc& document)
-    : Sheet(parent, toQString(TextId::MarksTitle), QDialogButtonBox::Close), document_(document) {
+    : Sheet(parent, toQString(kSheetTexts.marksTitle), QDialogButtonBox::Close),
+      document_(document) {
     addTallRow(list_);
     addNote(message_);
     buttons().addButton(&open_, QDialogButtonBox::ActionRole);
     buttons().addButton(&remove_, QDialogButtonBox::ActionRole);
-    open_.setText(toQString(TextId::MarkOpen));
-    remove_.setText(toQString(TextId::RemoveRow));
+    open_.setText(toQString(kSheetTexts.markOpen));
+    remove_.setText(toQString(kSheetTexts.removeRow));
     for (QPushButton* button : {&open_, &remove_}) {
         button->setAutoDefault(false);
         button->setMinimumHeight(kRowPixels);
@@ -78,7 +80,7 @@ void UserFixesSheet::fill() {
     const bool any = list_.count() > 0;
     open_.setEnabled(any);
     remove_.setEnabled(any);
-    message_.setText(any ? QString() : toQString(TextId::MarksNone));
+    message_.setText(any ? QString() : toQString(kSheetTexts.marksNone));
 }
 
 void UserFixesSheet::openFix() {
@@ -94,7 +96,7 @@ void UserFixesSheet::openFix() {
 
 void UserFixesSheet::askAgain(int row) {
     asked_ = row;
-    remove_.setText(toQString(row < 0 ? TextId::RemoveRow : TextId::MarkReallyRemove));
+    remove_.setText(toQString(row < 0 ? kSheetTexts.removeRow : kSheetTexts.markReallyRemove));
 }
 
 /// The first press asks, the second one removes.

@@ -1,0 +1,39 @@
+#include "config/texts/AllTexts.h"
+
+#include <array>
+#include <bit>
+
+#include "config/texts/CommandTexts.h"
+#include "config/texts/ConnectedTexts.h"
+#include "config/texts/FileTexts.h"
+#include "config/texts/FlightTexts.h"
+#include "config/texts/MessageTexts.h"
+#include "config/texts/PreferenceTexts.h"
+#include "config/texts/SheetTexts.h"
+#include "config/texts/StatusTexts.h"
+
+namespace korvel {
+namespace {
+
+// A group is a structure of texts and nothing else, so it is an array of them as well.
+template <class Group>
+void append(std::vector<Text>& all, const Group& group) {
+    for (const Text& text : std::bit_cast<std::array<Text, sizeof(Group) / sizeof(Text)>>(group))
+        all.push_back(text);
+}
+
+template <class... Groups>
+std::vector<Text> textsOf(const Groups&... groups) {
+    std::vector<Text> all;
+    (append(all, groups), ...);
+    return all;
+}
+
+}  // namespace
+
+std::vector<Text> allTexts() {
+    return textsOf(kCommandTexts, kConnectedTexts, kFileTexts, kFlightTexts, kMessageTexts,
+                   kPreferenceTexts, kSheetTexts, kStatusTexts);
+}
+
+}  // namespace korvel

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "config/Text.h"
+
+namespace korvel {
+
+/// Texts: the sheet that says what is connected.
+struct ConnectedTexts {
+    Text connectedTitle{61798, "What Is Connected"};
+    Text connectedReceiver{61799, "RECEIVER"};
+    Text connectedFix{61800, "A fix, %d satellites in use"};
+    Text connectedSimulator{61801, "The simulator flies in its place"};
+    Text connectedDatabases{61802, "DATABASES: %d"};
+    Text connectedFolders{61803, "YOUR OWN FILES"};
+    Text connectedFoldersHelp{61804,
+                              "Databases (*.ng2) are looked for in these folders, in this order:"};
+    Text connectedReport{61805, "What was loaded and refused stands in:"};
+    Text connectedExpiry{61806, "valid until %s"};
+    Text connectedPortSearched{61808, "No receiver is chosen: COM1 to COM9 are searched in turn"};
+    Text connectedUndated{61809, "undated"};
+    Text noDatabaseHelp{
+        61832,
+        "No database was found: the map works without places. To build one from open data, run\n"
+        "  korvelctl navdb build --from ourairports --dir FOLDER -o world.ng2\n"
+        "or, from X-Plane's files,\n"
+        "  korvelctl navdb build --from xplane --apt apt.dat --nav nav.dat --fix fix.dat "
+        "--awy awy.dat -o world.ng2\n"
+        "and put it into one of the folders below."};
+    Text oldDatabaseHelp{
+        61833,
+        "The charts are out of date: fly by current ones. The database that comes with the program "
+        "is old open data, for trying out."};
+    Text loadReportLines{61834, "REPORT"};
+    Text connectedAttitude{61838, "ATTITUDE"};
+    Text connectedNoModule{61839, "No module is read: pitch and bank are derived from the flight"};
+    Text connectedModule{61840,
+                         "%s: the receiver speaks through the module"};  ///< %s: port and speed
+    Text connectedModuleNoPort{
+        61841,
+        "The receiver speaks through the module, but the module's port is not set (Preferences)"};
+    Text adviceNoPort{61842, "This computer has no such port: is the receiver plugged in?"};
+    Text advicePortTaken{61843,
+                         "Another program uses this port, or this user may not open it "
+                         "(on Linux: join the group dialout)"};
+    Text adviceSilent{61844, "The port is open and silent: is the receiver switched on?"};
+    Text adviceNoNmea{
+        61845, "Something is heard, but not NMEA 0183: check the speed and the receiver's output"};
+    Text adviceSentences{
+        61846, "The receiver must send RMC or VTG, and GGA: switch them on in its settings"};
+    Text adviceSky{61847, "The receiver is heard but has no position: does it see the sky?"};
+    Text connectedExpired{61920, "expired %s"};  ///< %s: date
+};
+
+inline constexpr ConnectedTexts kConnectedTexts{};
+
+}  // namespace korvel

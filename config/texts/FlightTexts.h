@@ -1,0 +1,38 @@
+#pragma once
+
+#include "config/Text.h"
+
+namespace korvel {
+
+/// Texts: what planning, flying and recording say.
+struct FlightTexts {
+    Text navaidOrAirwayNotFound{61259,
+                                "%s navaid/airway not found or data expired!"};  ///< %s: identifier
+    Text noLeadingFix{61260, "No leading fix found for %s airway!"};             ///< %s: airway
+    Text noTrailingFix{61261, "No trailing fix found for %s airway!"};           ///< %s: airway
+    Text airwayFixNotFound{61262, "Fix %s of %s airway not found!"};  ///< %s: fix, %s: airway
+    Text fileOpenError{61300, "File Open Error"};
+    Text invalidFormat{61301, "Invalid format!"};
+    Text unsupportedFileType{61302, "Unsupported file-type!"};
+    Text navaidNotFound{61303, "%s navaid not found!"};  ///< %s: identifier
+    Text noTrackToSave{61304, "No track to save"};
+    Text invalidObs{61310, "Invalid OBS!"};
+    Text notFound{61311, "Not found!"};
+    Text directTo{61312, "Direct to %s"};  ///< %s: name
+    Text invalidAltitude{61364,
+                         "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."};
+    Text markNameInvalid{61608, "A name has 1 to 11 letters and digits."};
+    Text markNameTaken{61609, "%s is the name of another place."};  ///< %s: name
+    Text markInPlan{61610, "%s is in the flight plan."};            ///< %s: name
+    Text numberOutOfRange{
+        61714, "%s: a number from %d to %d is wanted"};  ///< %s: what, %d: lowest, %d: highest
+    Text alarmGear{61900, "CHECK GEAR"};
+    Text alarmOffCourse{61901, "OFF COURSE"};
+    Text alarmArriving{61902, "Arriving at %s"};  ///< %s: waypoint
+    Text pluginLacksFunctions{61910,
+                              "%s does not draw attitudes: it lacks a function"};  ///< %s: file
+};
+
+inline constexpr FlightTexts kFlightTexts{};
+
+}  // namespace korvel

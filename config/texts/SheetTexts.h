@@ -1,0 +1,98 @@
+#pragma once
+
+#include "config/Text.h"
+
+namespace korvel {
+
+/// Texts: what the sheets ask and offer.
+struct SheetTexts {
+    Text helpWords{
+        61516,
+        "Plug in the GPS receiver: Korvel Pro finds its port by itself. As soon as the receiver "
+        "knows where it is, the map appears.\n\n"
+        "Zoom: Z and Shift+Z, the wheel, two fingers, or In and Out\n"
+        "Next page: N or Page\n"
+        "Look around: drag the map; back to the aircraft: Space or Aircraft\n"
+        "Flight plan: F or Plan, and again to enter a route\n"
+        "Direct-to: D or Direct, or tap a place on the map\n"
+        "Alarms: Backspace or a tap takes one away\n"
+        "Figures above the map: tap one to change it\n"
+        "Day or night colours: C\n"
+        "Measure: Shift+M, then tap or drag from one point to another\n"
+        "Full screen: F11; a tap on the map then hides menus and buttons\n\n"
+        "\"---\" stands where a value is unknown or older than five seconds."};
+    Text aboutWords{61517,
+                    "Moving-map GPS navigator for pilots of light aircraft.\n\n"
+                    "A backup only: never rely on it as the only means of navigation.\n\n"
+                    "Letters: B612, SIL Open Font License 1.1. Window: Qt, LGPL 3."};
+    Text portTitle{61518, "GPS Port"};
+    Text portSearch{61519, "&Search all ports for the receiver"};
+    Text portChosen{61520, "&Use this port and speed:"};
+    Text portHint{61521, "Most receivers send at 4800, 9600 or 38400 baud."};
+    Text kindAirport{61565, "airport"};
+    Text kindVor{61566, "VOR"};
+    Text kindNdb{61567, "NDB"};
+    Text kindFix{61568, "fix"};
+    Text identifierHint{61569, "Identifier"};
+    Text directToTitle{61570, "Direct-To"};
+    Text courseHint{61571, "Course, 0 to 360 magnetic; empty for straight on"};
+    Text altitudeHint{61572, "Altitude in hundreds of feet; empty for none"};
+    Text routeTitle{61573, "Route"};
+    Text routeHint{61574, "KBFI V23 KPDX@45"};
+    Text routeSummary{61575, "%d waypoints, %d %s"};  ///< %d: entries, %d: length, %s: unit
+    Text planRowTitle{61576, "Waypoint"};
+    Text insertHint{61577, "Waypoints or an airway to fly before it"};
+    Text flyToRow{61578, "Fly this leg"};
+    Text moveRowUp{61579, "Earlier"};
+    Text moveRowDown{61580, "Later"};
+    Text removeRow{61581, "Remove"};
+    Text setAltitude{61582, "Set altitude"};
+    Text insertWords{61583, "Insert"};
+    Text markTitle{61606, "Mark a User Fix"};
+    Text markButton{61607, "Mark"};
+    Text marksTitle{61613, "User Fixes"};
+    Text marksNone{
+        61614, "None yet: M marks where the aircraft is, or the middle of a map that was moved."};
+    Text markOpen{61615, "Open"};
+    Text markReallyRemove{61616, "Really remove?"};
+    Text simulatorTitle{61702, "Simulator"};
+    Text simulatorLatitude{61703, "Latitude (degrees, south −)"};
+    Text simulatorLongitude{61704, "Longitude (degrees, west −)"};
+    Text simulatorHeading{61705, "Heading (magnetic)"};
+    Text simulatorSpeed{61706, "Speed (kt)"};
+    Text simulatorAltitude{61707, "Altitude (ft)"};
+    Text simulatorSteering{61708, "Steer towards the active waypoint"};
+    Text simulatorTime{61709, "Time passes"};
+    Text simulatorStart{61710, "Start"};
+    Text simulatorStop{61711, "Stop"};
+    Text keysTitle{61797, "Keys"};
+    Text portTrace{61810, "NMEA &trace..."};
+    Text traceTitle{61811, "NMEA trace"};
+    Text tracePause{61812, "Pause"};
+    Text fieldTitle{61814, "Field"};
+    Text choosePlace{61815, "Which one?"};
+    Text addToPlan{61816, "Add to plan"};
+    Text showOnMap{61817, "Show on map"};
+    Text placeElevation{61818, "Elevation %s"};     ///< %s: height
+    Text placeVariation{61819, "Variation %d %s"};  ///< %d: degrees, %s: E or W
+    Text closeSheet{61821, "Close"};
+    Text keyPadShow{61822, "Keys"};
+    Text keyPadSpace{61823, "Space"};
+    Text keyPadBack{61824, "Del"};
+    Text findTitle{61826, "Find a Place"};
+    Text findButton{61827, "Find"};
+    Text loadReportTitle{61830, "Load Report"};
+    Text approachTitle{61946, "Approach"};
+    Text approachTitleAt{61947, "Approach at %s"};  ///< %s: airport
+    Text approachNoRunway{
+        61948,
+        "No runway is known near here, and none of the destination. Fly direct to an airport "
+        "first."};
+    Text approachOff{61949, "Approach guidance is switched off (Options, Preferences, Approach)."};
+    Text approachLeave{61952, "Leave the Approach"};
+    Text approachButton{61953, "Approach"};
+};
+
+inline constexpr SheetTexts kSheetTexts{};
+
+}  // namespace korvel
