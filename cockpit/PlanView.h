@@ -10,6 +10,8 @@
 
 namespace korvel {
 
+struct CockpitData;
+
 /// One entry of the plan as the pages show it. Distances and courses are those of the leg that
 /// ends here; the first entry has none.
 struct PlanRow {
@@ -35,5 +37,13 @@ struct PlanView {
 
     friend bool operator==(const PlanView&, const PlanView&) = default;
 };
+
+/// A row of the plan as seen from the aircraft.
+enum class PlanPart : std::uint8_t { Passed, Active, Ahead };
+
+PlanPart planPart(const PlanView& plan, std::size_t row);
+
+/// The row that is flown to at this moment; none while something else is, or nothing.
+std::optional<std::size_t> flownRow(const CockpitData& data);
 
 }  // namespace korvel

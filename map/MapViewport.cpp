@@ -164,10 +164,7 @@ double MapViewport::pixelsPerNm() const {
 }
 
 MapProjection MapViewport::projection(GeoPoint center, int angleDeg) const {
-    return {center,
-            {static_cast<double>(aircraftX_), static_cast<double>(aircraftY_)},
-            pixelsPerNm(),
-            angleDeg};
+    return {center, aircraft(), pixelsPerNm(), angleDeg};
 }
 
 }  // namespace korvel

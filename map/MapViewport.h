@@ -88,6 +88,9 @@ class MapViewport {
     int width() const { return width_; }
     int height() const { return height_; }
     int aircraftX() const { return aircraftX_; }
+    Point aircraft() const {
+        return {static_cast<double>(aircraftX_), static_cast<double>(aircraftY_)};
+    }
     /// Also the pixels that the current range is long: it reaches from the aircraft to the top.
     int aircraftY() const { return aircraftY_; }
     double pixelsPerNm() const;

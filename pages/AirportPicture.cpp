@@ -12,10 +12,10 @@
 #include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
-#include "map/layers/RunwayLayer.h"
 #include "navdb/records/AirportRecord.h"
 #include "paint/LabelSpace.h"
 #include "paint/MapColorCache.h"
+#include "paint/Shapes.h"
 #include "paint/TextBox.h"
 
 namespace korvel {

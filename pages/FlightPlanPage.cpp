@@ -12,7 +12,6 @@
 #include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Units.h"
-#include "map/layers/PlanMarks.h"
 #include "pages/NavField.h"
 #include "pages/PlanFigures.h"
 #include "paint/MapColorCache.h"

@@ -12,7 +12,6 @@
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
-#include "map/layers/MapFurniture.h"
 #include "pages/ApproachBox.h"
 #include "pages/HsiPainter.h"
 #include "pages/NavField.h"
@@ -74,10 +73,9 @@ class ScaledHsi {
  public:
     /// `left` is the room that the page keeps free at its left edge, `corners` is what else the
     /// card keeps off.
-    ScaledHsi(const Rect& page, const MapViewport& viewport, double textPx, double mostScale,
-              double left, std::span<const Rect> corners = {})
-        : aircraft_{static_cast<double>(viewport.aircraftX()),
-                    static_cast<double>(viewport.aircraftY())} {
+    ScaledHsi(const Rect& page, Point aircraft, double textPx, double mostScale, double left,
+              std::span<const Rect> corners = {})
+        : aircraft_(aircraft) {
         const double above = kCard + kReadOut;
         scale_ = std::min({aircraft_.y / above, (page.height - aircraft_.y) / kCard,
                            (aircraft_.x - left) / kCard, mostScale});
@@ -209,15 +207,14 @@ double keptFree(const Rect& page, const CockpitData& data) {
     return data.approach ? approachBox(page.width, page.height).right() : 0;
 }
 
-ScaledHsi overMap(const Canvas& canvas, const CockpitData& data, const MapViewport& viewport) {
+ScaledHsi overMap(const Canvas& canvas, const CockpitData& data, const HsiOverMap& place) {
     const Rect page{0, 0, canvas.width(), canvas.height()};
-    const double textPx = mapTextPx(page.width, page.height);
     return {page,
-            viewport,
-            textPx,
+            place.aircraft,
+            mapTextPx(page.width, page.height),
             kMostScaleOverMap,
             keptFree(page, data),
-            lowerCorners(canvas, data, textPx)};
+            place.corners};
 }
 
 std::string noteFor(const CockpitData& data) {
@@ -255,12 +252,12 @@ std::string fullScaleText(const CockpitData& data) {
     return "±" + number + " " + std::string(labels.distance);
 }
 
-void paintHsiPage(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
+void paintHsiPage(Canvas& canvas, const CockpitData& data, Point aircraft,
                   const MapColorCache& colors) {
     const Rect page{0, 0, canvas.width(), canvas.height()};
     const double textPx = instrumentTextPx(page.width, page.height);
     canvas.rect(page, Brush{colors[ColorKey::MapBackground]}, std::nullopt);
-    const ScaledHsi hsi(page, viewport, textPx, kMostScale, keptFree(page, data));
+    const ScaledHsi hsi(page, aircraft, textPx, kMostScale, keptFree(page, data));
     paintCorners(canvas, hsi, data, textPx, colors);
     hsi.paint(canvas, hsiState(data), colors, noteFor(data));
     paintFlags(canvas, hsi, data, std::round(1.3 * textPx), colors);
@@ -270,16 +267,16 @@ void paintHsiPage(Canvas& canvas, const CockpitData& data, const MapViewport& vi
                          std::round(1.6 * textPx), colors);
 }
 
-void paintHsiOverMap(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
+void paintHsiOverMap(Canvas& canvas, const CockpitData& data, const HsiOverMap& place,
                      const MapColorCache& colors) {
-    const ScaledHsi hsi = overMap(canvas, data, viewport);
+    const ScaledHsi hsi = overMap(canvas, data, place);
     hsi.paint(canvas, hsiState(data), colors, noteFor(data));
     paintFlags(canvas, hsi, data, mapTextPx(canvas.width(), canvas.height()), colors);
 }
 
 std::vector<Rect> hsiLabelsOverMap(const Canvas& canvas, const CockpitData& data,
-                                   const MapViewport& viewport) {
-    const ScaledHsi hsi = overMap(canvas, data, viewport);
+                                   const HsiOverMap& place) {
+    const ScaledHsi hsi = overMap(canvas, data, place);
     std::vector<Rect> boxes = hsi.labels(canvas, hsiState(data), noteFor(data));
     std::ranges::transform(boxes, boxes.begin(),
                            [](const Rect& box) { return grown(box, kRoomAroundLabels); });

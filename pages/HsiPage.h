@@ -1,10 +1,10 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
 #include "cockpit/CockpitData.h"
-#include "map/MapViewport.h"
 #include "pages/HsiGeometry.h"
 #include "paint/Canvas.h"
 
@@ -19,18 +19,22 @@ HsiState hsiState(const CockpitData& data);
 /// The cross-track at full deflection, in the unit in force: "±1.25 nm".
 std::string fullScaleText(const CockpitData& data);
 
-/// The page "HSI": the indicator, and in the corners what belongs to the leg. Fills the whole
-/// canvas; the viewport is laid out for it.
-void paintHsiPage(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
+/// The page "HSI": the indicator around the aircraft's point, and in the corners what belongs to
+/// the leg. Fills the whole canvas.
+void paintHsiPage(Canvas& canvas, const CockpitData& data, Point aircraft,
                   const MapColorCache& colors);
 
-/// The indicator over the map of the page "Map+HSI", around the aircraft, where a position is
-/// known.
-void paintHsiOverMap(Canvas& canvas, const CockpitData& data, const MapViewport& viewport,
+/// Where the indicator stands on the map of the page "Map+HSI", where a position is known.
+struct HsiOverMap {
+    Point aircraft;                 ///< the card's middle
+    std::span<const Rect> corners;  ///< boxes of the map that the card keeps off
+};
+
+void paintHsiOverMap(Canvas& canvas, const CockpitData& data, const HsiOverMap& place,
                      const MapColorCache& colors);
 
 /// Where the indicator's texts will stand on that page, so that the map's keep out of them.
 std::vector<Rect> hsiLabelsOverMap(const Canvas& canvas, const CockpitData& data,
-                                   const MapViewport& viewport);
+                                   const HsiOverMap& place);
 
 }  // namespace korvel

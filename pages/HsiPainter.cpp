@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "map/layers/AircraftLayer.h"
 #include "paint/Clip.h"
 #include "paint/MapColorCache.h"
+#include "paint/Shapes.h"
 
 namespace korvel {
 namespace {

@@ -5,7 +5,6 @@
 #include "base/TextNumbers.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
-#include "map/layers/PlanMarks.h"
 #include "pages/NavField.h"
 
 namespace korvel {

@@ -4,12 +4,14 @@
 #include <vector>
 
 #include "map/MapPainter.h"
+#include "map/layers/MapFurniture.h"
 #include "pages/ApproachBox.h"
 #include "pages/EfisPage.h"
 #include "pages/HsiPage.h"
 #include "pages/SatellitePage.h"
 #include "pages/StatusScreen.h"
 #include "paint/MapColorCache.h"
+#include "paint/MapLook.h"
 
 namespace korvel {
 
@@ -60,7 +62,7 @@ void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
         return;
     }
     if (page == PageId::Hsi) {
-        paintHsiPage(canvas, data, scene.viewport, colors_);
+        paintHsiPage(canvas, data, scene.viewport.aircraft(), colors_);
         return;
     }
     if (page == PageId::Efis) {
@@ -74,10 +76,13 @@ void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
     std::function<void()> overMap;
     if (showsApproach(page, scene.data, scene.lookAt.has_value()))
         covered.push_back(approachBox(canvas.width(), canvas.height()));
+    std::vector<Rect> corners;
     if (withHsi) {
-        const std::vector<Rect> labels = hsiLabelsOverMap(canvas, data, scene.viewport);
+        corners = lowerCorners(canvas, data, mapTextPx(canvas.width(), canvas.height()));
+        const HsiOverMap place{scene.viewport.aircraft(), corners};
+        const std::vector<Rect> labels = hsiLabelsOverMap(canvas, data, place);
         covered.insert(covered.end(), labels.begin(), labels.end());
-        overMap = [&] { paintHsiOverMap(canvas, data, scene.viewport, colors_); };
+        overMap = [&, place] { paintHsiOverMap(canvas, data, place, colors_); };
     }
     // Pages that are not drawn yet show the map: better than nothing in flight.
     paintMap(canvas,

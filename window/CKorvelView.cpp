@@ -19,7 +19,6 @@
 #include "config/texts/MessageTexts.h"
 #include "map/PlaceHit.h"
 #include "map/layers/MeasureLayer.h"
-#include "map/layers/PlanMarks.h"
 #include "navdb/records/RecordKey.h"
 #include "pages/ApproachBox.h"
 #include "paint/MapLook.h"

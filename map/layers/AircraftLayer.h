@@ -1,8 +1,5 @@
 #pragma once
 
-#include <optional>
-#include <vector>
-
 #include "paint/Canvas.h"
 
 namespace korvel {
@@ -15,8 +12,5 @@ void paintAircraft(const MapFrame& frame, Canvas& canvas);
 
 /// The square that the symbol covers in any direction.
 Rect aircraftArea(Point center, double textPx);
-
-/// The outline of the symbol; `angleDeg` is to the right from the screen's up.
-std::vector<Point> aircraftOutline(Point center, double halfLength, double angleDeg);
 
 }  // namespace korvel

@@ -9,7 +9,6 @@
 #include "geo/Geodesy.h"
 #include "map/GreatCircleLine.h"
 #include "map/MapViewport.h"
-#include "map/layers/PlanMarks.h"
 #include "paint/Clip.h"
 #include "paint/LabelSpace.h"
 

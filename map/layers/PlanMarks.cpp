@@ -78,20 +78,6 @@ void placeLabel(const Canvas& canvas, double textPx, LabelSpace& labels, const L
 
 }  // namespace
 
-PlanPart planPart(const PlanView& plan, std::size_t row) {
-    if (!plan.active || row > *plan.active)
-        return PlanPart::Ahead;
-    return row == *plan.active ? PlanPart::Active : PlanPart::Passed;
-}
-
-std::optional<std::size_t> flownRow(const CockpitData& data) {
-    if (!data.plan || !data.plan->active || !data.activeWaypoint ||
-        *data.plan->active >= data.plan->rows.size())
-        return std::nullopt;
-    const PlanRow& row = data.plan->rows[*data.plan->active];
-    return SamePoint(row.position, *data.activeWaypoint) ? data.plan->active : std::nullopt;
-}
-
 TextStyle planLabelStyle(PlanPart part, double textPx) {
     const bool isActive = part == PlanPart::Active;
     return {.font = {.height = std::round(textPx * (isActive ? 1.3 : 1.0)),

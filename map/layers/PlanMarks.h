@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,14 +10,6 @@
 namespace korvel {
 
 class MapProjection;
-
-/// A row of the plan as seen from the aircraft.
-enum class PlanPart : std::uint8_t { Passed, Active, Ahead };
-
-PlanPart planPart(const PlanView& plan, std::size_t row);
-
-/// The row that is flown to at this moment; none while something else is, or nothing.
-std::optional<std::size_t> flownRow(const CockpitData& data);
 
 /// A waypoint of the plan, or the one of a direct leg, on the map.
 struct PlanMark {

@@ -5,11 +5,13 @@
 #include <cmath>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "geo/Units.h"
 #include "map/MapFrame.h"
 #include "map/layers/PlaceLayout.h"
 #include "paint/Clip.h"
+#include "paint/Shapes.h"
 #include "paint/TextBox.h"
 
 namespace korvel {
@@ -90,18 +92,6 @@ class RunwayPainter {
 };
 
 }  // namespace
-
-std::vector<Point> runwayCorners(Point from, Point to, double width) {
-    const double length = std::hypot(to.x - from.x, to.y - from.y);
-    if (!(length > 0))
-        return {};
-    const double x = -(to.y - from.y) / length * width / 2;
-    const double y = (to.x - from.x) / length * width / 2;
-    return {{from.x + x, from.y + y},
-            {from.x - x, from.y - y},
-            {to.x - x, to.y - y},
-            {to.x + x, to.y + y}};
-}
 
 void paintRunways(const MapFrame& frame, Canvas& canvas) {
     if (frame.places == nullptr)

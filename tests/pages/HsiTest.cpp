@@ -7,6 +7,7 @@
 
 #include "cockpit/Cockpit.h"
 #include "geo/Units.h"
+#include "map/MapViewport.h"
 #include "map/layers/MapFurniture.h"
 #include "pages/HsiGeometry.h"
 #include "pages/HsiPage.h"
@@ -182,11 +183,12 @@ TEST(HsiPage, OverTheMapTheNumbersAreFreeOfEachOtherAndOfTheCorners) {
             MapViewport viewport;
             viewport.layout(PageId::MapHsi, width, height);
             const RecordingCanvas canvas(width, height);
-            std::vector<Rect> boxes = hsiLabelsOverMap(canvas, data, viewport);
+            const double textPx = mapTextPx(width, height);
+            const std::vector<Rect> lower = lowerCorners(canvas, data, textPx);
+            std::vector<Rect> boxes = hsiLabelsOverMap(canvas, data, {viewport.aircraft(), lower});
             ASSERT_GT(boxes.size(), 14U);
             boxes.resize(14);  // heading, numbers and full scale; the needle crosses none of them
             for (Rect& box : boxes) box = grown(box, -3);  // names on the map stay farther away
-            const double textPx = mapTextPx(width, height);
             const MapFurniture corners =
                 layOutFurniture(canvas, data, viewport.projection(*data.position, 0), 4, textPx);
             for (std::size_t i = 0; i < boxes.size(); ++i) {

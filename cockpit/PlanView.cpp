@@ -1,0 +1,22 @@
+#include "cockpit/PlanView.h"
+
+#include "cockpit/CockpitData.h"
+#include "geo/Geodesy.h"
+
+namespace korvel {
+
+PlanPart planPart(const PlanView& plan, std::size_t row) {
+    if (!plan.active || row > *plan.active)
+        return PlanPart::Ahead;
+    return row == *plan.active ? PlanPart::Active : PlanPart::Passed;
+}
+
+std::optional<std::size_t> flownRow(const CockpitData& data) {
+    if (!data.plan || !data.plan->active || !data.activeWaypoint ||
+        *data.plan->active >= data.plan->rows.size())
+        return std::nullopt;
+    const PlanRow& row = data.plan->rows[*data.plan->active];
+    return SamePoint(row.position, *data.activeWaypoint) ? data.plan->active : std::nullopt;
+}
+
+}  // namespace korvel
