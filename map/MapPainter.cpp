@@ -67,11 +67,12 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
         return;
     const MapProjection projection = scene.viewport.projection(*center, scene.upTrueDeg);
     const Point aircraft = position ? projection.project(*position) : kNowhere;
-    const Rect view{0, 0, canvas.width(), canvas.height()};
+    const Rect view = canvas.area();
+    const TextMeasure& texts = canvas.textMeasure();
     const int rangeNm = scene.viewport.currentRangeNm();
     const double textPx = mapTextPx(view.width, view.height);
     const MapFurniture furniture =
-        layOutFurniture(canvas, data, projection, rangeNm, textPx,
+        layOutFurniture(texts, view, data, projection, rangeNm, textPx,
                         {.moved = scene.lookAt.has_value(), .alarms = scene.alarms});
 
     LabelSpace labels(view);
@@ -82,17 +83,17 @@ void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors
         labels.reserve(area);
     std::optional<MeasureLook> measureLook;
     if (scene.measure != nullptr)
-        measureLook = layOutMeasure(canvas, *scene.measure, data, projection, view, textPx, labels);
+        measureLook = layOutMeasure(texts, *scene.measure, data, projection, view, textPx, labels);
     const std::vector<PlanLine> plan = tracePlan(data, projection, view);
     LabelSpace planLines(view);
     reservePlanLines(plan, planLines);
     // Before all layers: no name on the map is more important than those of the plan.
     const std::vector<PlanMark> planMarks =
-        layOutPlan(canvas, data, projection, view, textPx, labels, planLines);
+        layOutPlan(texts, data, projection, view, textPx, labels, planLines);
     const std::vector<ApproachMark> approachMarks =
-        layOutApproach(canvas, data, projection, view, textPx, labels, planLines);
+        layOutApproach(texts, data, projection, view, textPx, labels, planLines);
     const std::vector<RingLabel> ringLabels =
-        layOutRingLabels(canvas, projection, aircraft, rangeNm, textPx, scene.places, labels);
+        layOutRingLabels(texts, projection, aircraft, rangeNm, textPx, scene.places, labels);
 
     const std::vector<GridLine> grid = gridLines(projection, view);
     std::vector<MapName> names;

@@ -224,7 +224,7 @@ class PicturePainter {
             pattern(at, landing, end.pattern);
         const TextStyle number =
             style(textPx_ * 1.1, FontWeight::Bold, colors_[ColorKey::MapRunwayHeading]);
-        const TextExtent extent = canvas_.measure(end.id, number.font);
+        const TextExtent extent = canvas_.textMeasure().measure(end.id, number.font);
         for (const double away : {end.pattern == 0 ? 1.0 : 1.7, 2.4, 0.4})
             for (const double aside : {0.0, 1.3, -1.3}) {
                 const Point place{at.x - (landing.x * away + landing.y * aside) * textPx_,
@@ -258,7 +258,7 @@ class PicturePainter {
             return;
         const std::string words = formatInt(*runway.lengthFt) + " ft";
         const TextStyle label = style(std::max(11.0, textPx_ * 0.85), FontWeight::Regular, ink_);
-        const TextExtent extent = canvas_.measure(words, label.font);
+        const TextExtent extent = canvas_.textMeasure().measure(words, label.font);
         const double x = shape.to.x - shape.from.x;
         const double y = shape.to.y - shape.from.y;
         const double length = std::hypot(x, y);

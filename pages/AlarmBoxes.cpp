@@ -50,8 +50,8 @@ double fillRows(std::vector<Rect>& areas, double width, double gap) {
 
 }  // namespace
 
-AlarmBoxes::AlarmBoxes(const Canvas& canvas, std::span<const std::string> alarms, double textPx,
-                       Place place)
+AlarmBoxes::AlarmBoxes(const TextMeasure& texts, const Rect& page,
+                       std::span<const std::string> alarms, double textPx, Place place)
     : font(alarmFont(textPx)) {
     if (alarms.empty())
         return;
@@ -60,20 +60,20 @@ AlarmBoxes::AlarmBoxes(const Canvas& canvas, std::span<const std::string> alarms
     const auto shown = alarms.first(std::min(alarms.size(), kMostAlarmBoxes));
     words.assign(shown.begin(), shown.end());
     for (const std::string& alarm : words) {
-        const double width = std::ceil(canvas.measure(alarm, font).width) + triangleSize(font) +
+        const double width = std::ceil(texts.measure(alarm, font).width) + triangleSize(font) +
                              3 * font.height * 0.5;
-        areas.push_back({std::round((canvas.width() - width) / 2), 0, width, height});
+        areas.push_back({std::round((page.width - width) / 2), 0, width, height});
     }
     const double gap = std::round(margin / 2);
     if (place == Place::Strip) {
-        stripHeight = fillRows(areas, canvas.width(), gap);
+        stripHeight = fillRows(areas, page.width, gap);
         for (Rect& area : areas)
-            area.y += canvas.height() - stripHeight;
+            area.y += page.height - stripHeight;
         return;
     }
     const double corners = 2 * kCornerWidth * textPx;
     const bool between = std::ranges::all_of(
-        areas, [&](const Rect& area) { return area.width <= canvas.width() - corners; });
+        areas, [&](const Rect& area) { return area.width <= page.width - corners; });
     stack(areas, between ? margin : std::round(kCornerHeight * textPx), gap);
 }
 

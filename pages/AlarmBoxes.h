@@ -24,9 +24,10 @@ struct AlarmBoxes {
 
     /// None.
     AlarmBoxes() = default;
-    /// `canvas` is the page with the strip, and `textPx` the type size of a map's labels on it.
-    AlarmBoxes(const Canvas& canvas, std::span<const std::string> alarms, double textPx,
-               Place place);
+    /// `page` is the page with the strip, of which the size counts, and `textPx` the type size of a
+    /// map's labels on it.
+    AlarmBoxes(const TextMeasure& texts, const Rect& page, std::span<const std::string> alarms,
+               double textPx, Place place);
 
     /// Which alarm a finger at this point means.
     std::optional<std::size_t> alarmAt(Point finger) const;

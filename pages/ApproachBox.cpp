@@ -89,7 +89,7 @@ class BoxPainter {
                         .color = ink_,
                         .alignX = AlignX::Center,
                         .alignY = AlignY::Middle};
-        const double width = canvas_.measure(words, style.font).width;
+        const double width = canvas_.textMeasure().measure(words, style.font).width;
         style.font.height *= std::min(1.0, (area_.width - textPx_ / 2) / std::max(width, 1.0));
         canvas_.text({area_.center().x, area_.y + at * textPx_}, words, style);
     }

@@ -259,7 +259,8 @@ class EfisPainter {
     void origin() {
         const TextStyle words = style(1.1, colors_[ColorKey::MapInfoText]);
         constexpr std::string_view kWords = "GPS-DERIVED";
-        const double width = std::ceil(canvas_.measure(kWords, words.font).width + textPx_);
+        const double width =
+            std::ceil(canvas_.textMeasure().measure(kWords, words.font).width + textPx_);
         const Rect box{layout_.attitude.x, 0, width, std::round(1.7 * textPx_)};
         canvas_.rect(box, Brush{colors_[ColorKey::MapInfoBackground]}, std::nullopt);
         canvas_.text(box.center(), kWords, words);

@@ -55,7 +55,7 @@ class TapePainter {
                      Pen{colors_[ColorKey::NavBorder], 2, PenStyle::Solid});
         TextStyle style = centered(ColorKey::NavText);
         style.font = {.height = std::round(textPx_ * 1.7), .weight = FontWeight::Bold};
-        const double width = canvas_.measure(tape_.readOut, style.font).width;
+        const double width = canvas_.textMeasure().measure(tape_.readOut, style.font).width;
         if (width > box.width - 6)
             style.font.height = std::floor(style.font.height * (box.width - 6) / width);
         canvas_.text(box.center(), tape_.readOut, style);

@@ -27,17 +27,17 @@ Font valueFont(double height) { return {.height = height, .weight = FontWeight::
 Font unitFont(double valueHeight) { return {.height = std::max(11.0, valueHeight * kUnitShare)}; }
 
 // The width of the field's widest text in type one pixel high, unit included.
-double naturalWidth(const Canvas& canvas, const NavField& field) {
+double naturalWidth(const TextMeasure& texts, const NavField& field) {
     constexpr double kSample = 100;
-    double width = canvas.measure(field.widest, valueFont(kSample)).width;
+    double width = texts.measure(field.widest, valueFont(kSample)).width;
     if (field.lines == 1)
-        width += canvas.measure(kWidestUnit, unitFont(kSample)).width + kSample * kUnitGap;
+        width += texts.measure(kWidestUnit, unitFont(kSample)).width + kSample * kUnitGap;
     return width / kSample;
 }
 
 // The room that a field asks for along a row: two lines are set at about half the size.
-double weight(const Canvas& canvas, const NavField& field) {
-    return naturalWidth(canvas, field) / (field.lines == 1 ? 1 : 1.6);
+double weight(const TextMeasure& texts, const NavField& field) {
+    return naturalWidth(texts, field) / (field.lines == 1 ? 1 : 1.6);
 }
 
 // The parts of one cell, inside its border.
@@ -61,15 +61,15 @@ struct ValueSizes {
 };
 
 // The largest type in which the widest text of every field fits its cell.
-ValueSizes fittingSizes(const Canvas& canvas, std::span<const NavFieldId> fields,
+ValueSizes fittingSizes(const TextMeasure& texts, std::span<const NavFieldId> fields,
                         std::span<const Rect> cells) {
-    const double capPerHeight = canvas.measure("0", valueFont(100)).capHeight / 100;
+    const double capPerHeight = texts.measure("0", valueFont(100)).capHeight / 100;
     ValueSizes sizes;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const NavField& field = navField(fields[i]);
         const Rect value = partsOf(cells[i]).value;
         const double byWidth =
-            std::floor((value.width - 2 * kPadding) / naturalWidth(canvas, field));
+            std::floor((value.width - 2 * kPadding) / naturalWidth(texts, field));
         double& size = field.lines == 1 ? sizes.oneLine : sizes.twoLines;
         size = std::min(size, byWidth);
         sizes.oneLine =
@@ -80,11 +80,11 @@ ValueSizes fittingSizes(const Canvas& canvas, std::span<const NavFieldId> fields
     return sizes;
 }
 
-std::vector<Rect> rowCells(const Canvas& canvas, std::span<const NavFieldId> fields,
+std::vector<Rect> rowCells(const TextMeasure& texts, std::span<const NavFieldId> fields,
                            const Rect& row) {
     std::vector<double> ends;
     for (const NavFieldId id : fields)
-        ends.push_back((ends.empty() ? 0 : ends.back()) + weight(canvas, navField(id)));
+        ends.push_back((ends.empty() ? 0 : ends.back()) + weight(texts, navField(id)));
     std::vector<Rect> cells;
     double left = row.x;
     for (const double end : ends) {
@@ -102,8 +102,8 @@ double tallestCell(double width) {
 }
 
 // Left and top borders belong to the strip, right and bottom ones to the cells.
-Rect contentArea(const Canvas& canvas) {
-    return {kBorder, kBorder, canvas.width() - kBorder, canvas.height() - kBorder};
+Rect contentArea(const Rect& strip) {
+    return {kBorder, kBorder, strip.width - kBorder, strip.height - kBorder};
 }
 
 class CellPainter {
@@ -132,7 +132,8 @@ class CellPainter {
         if (lightOf(colors_[ColorKey::MapBackground]) < kDark && lightOf(ground) > lightOf(ink)) {
             canvas_.rect(area, Brush{colors_[ColorKey::NavBackground]}, std::nullopt);
             tab.width =
-                std::min(area.width, std::round(canvas_.measure(word, font).width + font.height));
+                std::min(area.width,
+                         std::round(canvas_.textMeasure().measure(word, font).width + font.height));
             tab.x = std::round(area.center().x - tab.width / 2);
         }
         canvas_.rect(tab, Brush{ground}, std::nullopt);
@@ -159,19 +160,22 @@ class CellPainter {
     // Names and rare values are longer than what the strip's type is chosen for.
     double fittingHeight(const std::string& value, const std::string& unit, double room,
                          double height) const {
-        double width = canvas_.measure(value, valueFont(height)).width;
+        double width = canvas_.textMeasure().measure(value, valueFont(height)).width;
         if (!unit.empty())
-            width += canvas_.measure(unit, unitFont(height)).width + height * kUnitGap;
+            width +=
+                canvas_.textMeasure().measure(unit, unitFont(height)).width + height * kUnitGap;
         const double most = room - 2 * kBorder;
         return width <= most ? height : std::floor(height * most / width);
     }
 
     void paintValue(const NavFieldText& text, const Rect& area, double usualHeight) {
         const double height = fittingHeight(text.value, text.unit, area.width, usualHeight);
-        const TextExtent value = canvas_.measure(text.value, valueFont(height));
+        const TextExtent value = canvas_.textMeasure().measure(text.value, valueFont(height));
         const Font small = unitFont(height);
         const double unitWidth =
-            text.unit.empty() ? 0 : canvas_.measure(text.unit, small).width + height * kUnitGap;
+            text.unit.empty()
+                ? 0
+                : canvas_.textMeasure().measure(text.unit, small).width + height * kUnitGap;
         const double left = area.center().x - (value.width + unitWidth) / 2;
         const double middle = area.center().y;
         canvas_.text({left, middle}, text.value, style(valueFont(height)));
@@ -201,9 +205,10 @@ std::span<const NavFieldId> FieldStrip::fitting(std::span<const NavFieldId> chos
     return chosen.first(std::min(chosen.size(), static_cast<std::size_t>(std::max(most, 5.0))));
 }
 
-std::optional<std::size_t> FieldStrip::fieldAt(const Canvas& canvas, FieldArrangement arrangement,
+std::optional<std::size_t> FieldStrip::fieldAt(const TextMeasure& texts, const Rect& strip,
+                                               FieldArrangement arrangement,
                                                std::span<const NavFieldId> fields, Point point) {
-    const std::vector<Rect> areas = cells(canvas, arrangement, fields);
+    const std::vector<Rect> areas = cells(texts, strip, arrangement, fields);
     const auto hit =
         std::ranges::find_if(areas, [point](const Rect& area) { return area.contains(point); });
     if (hit == areas.end())
@@ -211,11 +216,12 @@ std::optional<std::size_t> FieldStrip::fieldAt(const Canvas& canvas, FieldArrang
     return static_cast<std::size_t>(hit - areas.begin());
 }
 
-std::vector<Rect> FieldStrip::cells(const Canvas& canvas, FieldArrangement arrangement,
+std::vector<Rect> FieldStrip::cells(const TextMeasure& texts, const Rect& strip,
+                                    FieldArrangement arrangement,
                                     std::span<const NavFieldId> fields) {
     if (fields.empty())
         return {};
-    const Rect area = contentArea(canvas);
+    const Rect area = contentArea(strip);
     std::size_t perRow = fields.size();
     if (arrangement == FieldArrangement::TwoRows)
         perRow = (fields.size() + 1) / 2;
@@ -232,7 +238,7 @@ std::vector<Rect> FieldStrip::cells(const Canvas& canvas, FieldArrangement arran
         const auto inRow =
             fields.subspan(row * perRow, std::min(perRow, fields.size() - row * perRow));
         const std::vector<Rect> cells =
-            rowCells(canvas, inRow, {area.x, area.y + top, area.width, bottom - top});
+            rowCells(texts, inRow, {area.x, area.y + top, area.width, bottom - top});
         all.insert(all.end(), cells.begin(), cells.end());
     }
     return all;
@@ -240,14 +246,13 @@ std::vector<Rect> FieldStrip::cells(const Canvas& canvas, FieldArrangement arran
 
 void FieldStrip::paint(Canvas& canvas, FieldArrangement arrangement,
                        std::span<const NavFieldId> fields, const CockpitData& data) const {
-    const std::vector<Rect> areas = cells(canvas, arrangement, fields);
-    canvas.rect({0, 0, canvas.width(), canvas.height()}, Brush{colors_[ColorKey::NavBackground]},
-                std::nullopt);
+    const std::vector<Rect> areas = cells(canvas.textMeasure(), canvas.area(), arrangement, fields);
+    canvas.rect(canvas.area(), Brush{colors_[ColorKey::NavBackground]}, std::nullopt);
     if (areas.empty())
         return;
     canvas.rect({0, 0, canvas.width(), areas.back().bottom()}, Brush{colors_[ColorKey::NavBorder]},
                 std::nullopt);
-    const ValueSizes sizes = fittingSizes(canvas, fields, areas);
+    const ValueSizes sizes = fittingSizes(canvas.textMeasure(), fields, areas);
     CellPainter painter(canvas, colors_);
     for (std::size_t i = 0; i < fields.size(); ++i)
         painter.paint(navField(fields[i]), areas[i], sizes, data);

@@ -30,13 +30,16 @@ class FieldStrip {
                                                FieldArrangement arrangement, double width,
                                                double height);
 
-    /// The cells of the fields in their order. Along a row the widths follow what the fields have
-    /// to show, so that all values can be equally large.
-    static std::vector<Rect> cells(const Canvas& canvas, FieldArrangement arrangement,
+    /// The cells of the fields in their order, counted from the corner of `strip`, of which the
+    /// size counts. Along a row the widths follow what the fields have to show, so that all values
+    /// can be equally large.
+    static std::vector<Rect> cells(const TextMeasure& texts, const Rect& strip,
+                                   FieldArrangement arrangement,
                                    std::span<const NavFieldId> fields);
 
-    /// Which of the fields lies under a point of the strip.
-    static std::optional<std::size_t> fieldAt(const Canvas& canvas, FieldArrangement arrangement,
+    /// Which of the fields lies under a point, counted like the cells.
+    static std::optional<std::size_t> fieldAt(const TextMeasure& texts, const Rect& strip,
+                                              FieldArrangement arrangement,
                                               std::span<const NavFieldId> fields, Point point);
 
  private:

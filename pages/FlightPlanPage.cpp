@@ -128,7 +128,7 @@ class FlightPlanPainter {
     void empty() {
         TextStyle words = style(1.4, ink_, AlignX::Center);
         const std::string_view note = text(kStatusTexts.noFlightPlan);
-        const double width = canvas_.measure(note, words.font).width;
+        const double width = canvas_.textMeasure().measure(note, words.font).width;
         words.font.height *= std::min(1.0, 0.92 * canvas_.width() / width);
         canvas_.text({canvas_.width() / 2, canvas_.height() / 2}, note, words);
     }
@@ -161,9 +161,9 @@ class FlightPlanPainter {
 
     /// As much of the text as fits, with dots for the rest.
     [[nodiscard]] std::string fitting(std::string whole, const Font& font, double width) const {
-        if (canvas_.measure(whole, font).width <= width)
+        if (canvas_.textMeasure().measure(whole, font).width <= width)
             return whole;
-        while (!whole.empty() && canvas_.measure(whole + "…", font).width > width) {
+        while (!whole.empty() && canvas_.textMeasure().measure(whole + "…", font).width > width) {
             // Never between the bytes of a letter.
             do
                 whole.pop_back();
@@ -216,7 +216,7 @@ class FlightPlanPainter {
         canvas_.text({namesBegin(), y}, shown, ident);
         if (row.name == row.ident || shown != row.ident)
             return;
-        const double begin = canvas_.measure(shown, ident.font).width + textPx_ * 0.6;
+        const double begin = canvas_.textMeasure().measure(shown, ident.font).width + textPx_ * 0.6;
         const TextStyle name = style(0.85, blended(ink, background_, 0.25), AlignX::Left, false);
         canvas_.text({namesBegin() + begin, y}, fitting(row.name, name.font, room - begin), name);
     }
@@ -261,7 +261,7 @@ class FlightPlanPainter {
     }
 
     [[nodiscard]] double widthOf(const std::string& word, const TextStyle& look) const {
-        return canvas_.measure(word, look.font).width;
+        return canvas_.textMeasure().measure(word, look.font).width;
     }
 
     Canvas& canvas_;

@@ -98,19 +98,19 @@ class ScaledHsi {
     }
 
     // The boxes of the texts on the page.
-    std::vector<Rect> labels(const Canvas& canvas, const HsiState& state,
+    std::vector<Rect> labels(const TextMeasure& texts, const HsiState& state,
                              const std::string& note) const {
         const HsiGeometry geometry(placed(state));
         const double height = placed(state).labelHeight;
         const Font font{height, FontWeight::Bold};
         std::vector<Rect> boxes{
-            geometry.readOut(canvas.measure(geometry.headingText(), font).width).box};
+            geometry.readOut(texts.measure(geometry.headingText(), font).width).box};
         for (const HsiGeometry::Tick& tick : geometry.ticks())
             if (tick.labelled)
                 boxes.push_back(geometry.labelBox(
-                    tick, canvas.measure(HsiGeometry::labelText(tick.value), font).width));
+                    tick, texts.measure(HsiGeometry::labelText(tick.value), font).width));
         const Font small = HsiGeometry::noteFont(height);
-        boxes.push_back(geometry.noteBox(canvas.measure(note, small).width, small.height));
+        boxes.push_back(geometry.noteBox(texts.measure(note, small).width, small.height));
         if (const auto needle = geometry.needle())
             addBoxes(*needle, height, boxes);
         if (const auto mark = geometry.bearingMark())
@@ -177,7 +177,7 @@ void paintCorner(Canvas& canvas, const NavField& field, const CockpitData& data,
     canvas.text({x, room.y}, field.header, style);
     const std::string value = text.unit.empty() ? text.value : text.value + " " + text.unit;
     style.font.height = std::round(textPx * 1.9);
-    const double width = canvas.measure(value, style.font).width;
+    const double width = canvas.textMeasure().measure(value, style.font).width;
     style.font.height *= std::min(1.0, room.width / std::max(width, 1.0));
     style.color = colors[ColorKey::HsiNumeral];
     canvas.text({x, room.y + 1.3 * textPx}, value, style);
@@ -207,8 +207,7 @@ double keptFree(const Rect& page, const CockpitData& data) {
     return data.approach ? approachBox(page.width, page.height).right() : 0;
 }
 
-ScaledHsi overMap(const Canvas& canvas, const CockpitData& data, const HsiOverMap& place) {
-    const Rect page{0, 0, canvas.width(), canvas.height()};
+ScaledHsi overMap(const Rect& page, const CockpitData& data, const HsiOverMap& place) {
     return {page,
             place.aircraft,
             mapTextPx(page.width, page.height),
@@ -254,7 +253,7 @@ std::string fullScaleText(const CockpitData& data) {
 
 void paintHsiPage(Canvas& canvas, const CockpitData& data, Point aircraft,
                   const MapColorCache& colors) {
-    const Rect page{0, 0, canvas.width(), canvas.height()};
+    const Rect page = canvas.area();
     const double textPx = instrumentTextPx(page.width, page.height);
     canvas.rect(page, Brush{colors[ColorKey::MapBackground]}, std::nullopt);
     const ScaledHsi hsi(page, aircraft, textPx, kMostScale, keptFree(page, data));
@@ -269,20 +268,20 @@ void paintHsiPage(Canvas& canvas, const CockpitData& data, Point aircraft,
 
 void paintHsiOverMap(Canvas& canvas, const CockpitData& data, const HsiOverMap& place,
                      const MapColorCache& colors) {
-    const ScaledHsi hsi = overMap(canvas, data, place);
+    const ScaledHsi hsi = overMap(canvas.area(), data, place);
     hsi.paint(canvas, hsiState(data), colors, noteFor(data));
     paintFlags(canvas, hsi, data, mapTextPx(canvas.width(), canvas.height()), colors);
 }
 
-std::vector<Rect> hsiLabelsOverMap(const Canvas& canvas, const CockpitData& data,
-                                   const HsiOverMap& place) {
-    const ScaledHsi hsi = overMap(canvas, data, place);
-    std::vector<Rect> boxes = hsi.labels(canvas, hsiState(data), noteFor(data));
+std::vector<Rect> hsiLabelsOverMap(const TextMeasure& texts, const Rect& page,
+                                   const CockpitData& data, const HsiOverMap& place) {
+    const ScaledHsi hsi = overMap(page, data, place);
+    std::vector<Rect> boxes = hsi.labels(texts, hsiState(data), noteFor(data));
     std::ranges::transform(boxes, boxes.begin(),
                            [](const Rect& box) { return grown(box, kRoomAroundLabels); });
-    const double textPx = mapTextPx(canvas.width(), canvas.height());
+    const double textPx = mapTextPx(page.width, page.height);
     for (const Flag& flag : flags(hsi, data))
-        boxes.push_back(warningFlagBox(canvas, flag.center, flag.word, textPx));
+        boxes.push_back(warningFlagBox(texts, flag.center, flag.word, textPx));
     return boxes;
 }
 

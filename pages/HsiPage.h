@@ -34,7 +34,7 @@ void paintHsiOverMap(Canvas& canvas, const CockpitData& data, const HsiOverMap& 
                      const MapColorCache& colors);
 
 /// Where the indicator's texts will stand on that page, so that the map's keep out of them.
-std::vector<Rect> hsiLabelsOverMap(const Canvas& canvas, const CockpitData& data,
-                                   const HsiOverMap& place);
+std::vector<Rect> hsiLabelsOverMap(const TextMeasure& texts, const Rect& page,
+                                   const CockpitData& data, const HsiOverMap& place);
 
 }  // namespace korvel

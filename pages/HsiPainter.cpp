@@ -41,7 +41,7 @@ class HsiArtist {
             if (!tick.labelled)
                 continue;
             const std::string label = HsiGeometry::labelText(tick.value);
-            const TextExtent extent = canvas_.measure(label, labelFont_);
+            const TextExtent extent = canvas_.textMeasure().measure(label, labelFont_);
             const Point center = geometry_.labelBox(tick, extent.width).center();
             canvas_.rect(grown({center.x - extent.width / 2, center.y - extent.capHeight / 2,
                                 extent.width, extent.capHeight},
@@ -80,7 +80,8 @@ class HsiArtist {
 
     void readOut() {
         const std::string text = geometry_.headingText();
-        const auto readOut = geometry_.readOut(canvas_.measure(text, labelFont_).width);
+        const auto readOut =
+            geometry_.readOut(canvas_.textMeasure().measure(text, labelFont_).width);
         canvas_.rect(readOut.box, Brush{colors_[ColorKey::MapBackground]}, gridPen_);
         canvas_.text(readOut.textCenter, text, centered(ColorKey::HsiTrack));
         canvas_.polyline(readOut.pointer, linePen_);
@@ -90,7 +91,7 @@ class HsiArtist {
         TextStyle style = centered(ColorKey::HsiNumeral);
         style.font = HsiGeometry::noteFont(labelFont_.height);
         style.halo = colors_[ColorKey::MapBackground];
-        const double width = canvas_.measure(text, style.font).width;
+        const double width = canvas_.textMeasure().measure(text, style.font).width;
         const Rect box = geometry_.noteBox(width, style.font.height);
         canvas_.rect(box, Brush{colors_[ColorKey::MapBackground]}, std::nullopt);
         canvas_.text(box.center(), text, style);

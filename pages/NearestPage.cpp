@@ -119,10 +119,11 @@ class NearestPainter {
         if (!airport.expired)
             return;
         // A word in a frame, so that it does not hang on the colour.
-        const double x = margin() + canvas_.measure(airport.ident, large()).width + 0.6 * textPx_;
+        const double x =
+            margin() + canvas_.textMeasure().measure(airport.ident, large()).width + 0.6 * textPx_;
         const std::string_view word = text(kStatusTexts.expired);
         const Font font = small();
-        const double width = canvas_.measure(word, font).width + 0.6 * textPx_;
+        const double width = canvas_.textMeasure().measure(word, font).width + 0.6 * textPx_;
         canvas_.rect({x, upper - 0.65 * font.height, width, 1.3 * font.height}, Brush{background_},
                      Pen{colors_[ColorKey::MapObstacleDanger], 2});
         left(word, x + 0.3 * textPx_, upper, font, colors_[ColorKey::MapObstacleDanger]);

@@ -109,7 +109,8 @@ class SatellitePainter {
         const double numberHeight = 1.6 * textPx_;
         TextStyle scaleStyle = style(small(), blended(ink_, background_, kFaded));
         scaleStyle.alignX = AlignX::Right;
-        const double scaleWidth = canvas_.measure("dB", small()).width + 0.4 * textPx_;
+        const double scaleWidth =
+            canvas_.textMeasure().measure("dB", small()).width + 0.4 * textPx_;
         const Rect chart{area.x + scaleWidth, area.y + numberHeight, area.width - scaleWidth,
                          area.height - 2 * numberHeight};
         const std::vector<Rect> columns = gridCells(chart, kSlots, 1);
@@ -156,7 +157,8 @@ class SatellitePainter {
         while (!lines.empty()) {
             const std::size_t end = std::min(lines.find('\n'), lines.size());
             TextStyle words = style(bold(1.4), ink_);
-            const double width = canvas_.measure(lines.substr(0, end), words.font).width;
+            const double width =
+                canvas_.textMeasure().measure(lines.substr(0, end), words.font).width;
             words.font.height *= std::min(1.0, area.width / std::max(width, 1.0));
             canvas_.text({area.center().x, y}, lines.substr(0, end), words);
             lines.remove_prefix(std::min(end + 1, lines.size()));

@@ -55,11 +55,11 @@ Font fontFor(const Line& line, double size) {
 }
 
 // The type size in which all lines fit across the canvas.
-double fittingSize(const Canvas& canvas, const std::vector<Line>& lines) {
-    double size = std::clamp(std::min(canvas.width() / 16, canvas.height() / 9), 16.0, 56.0);
+double fittingSize(const TextMeasure& texts, const Rect& page, const std::vector<Line>& lines) {
+    double size = std::clamp(std::min(page.width / 16, page.height / 9), 16.0, 56.0);
     for (const Line& line : lines) {
-        const double width = canvas.measure(line.text, fontFor(line, size)).width;
-        size *= std::min(1.0, 0.92 * canvas.width() / std::max(width, 1.0));
+        const double width = texts.measure(line.text, fontFor(line, size)).width;
+        size *= std::min(1.0, 0.92 * page.width / std::max(width, 1.0));
     }
     return std::floor(size);
 }
@@ -67,7 +67,7 @@ double fittingSize(const Canvas& canvas, const std::vector<Line>& lines) {
 void paintLines(Canvas& canvas, const std::vector<Line>& lines, const MapColorCache& colors) {
     canvas.rect({0, 0, canvas.width(), canvas.height()}, Brush{colors[ColorKey::MapBackground]},
                 std::nullopt);
-    const double size = fittingSize(canvas, lines);
+    const double size = fittingSize(canvas.textMeasure(), canvas.area(), lines);
     double total = 0;
     for (const Line& line : lines)
         total += fontFor(line, size).height * kLineStep;

@@ -119,7 +119,7 @@ void paintFace(Canvas& canvas, const Face& face, const Rect& area, ColorValue co
         .height = std::round(std::clamp(area.height * (wide ? 0.36 : 0.27), 11.0, 26.0)),
         .weight = FontWeight::Bold};
     const double icon = std::round(area.height * (wide ? 0.5 : 0.42));
-    const TextExtent word = canvas.measure(face.word, font);
+    const TextExtent word = canvas.textMeasure().measure(face.word, font);
     const Point middle = area.center();
     TextStyle style{
         .font = font, .color = color, .alignX = AlignX::Center, .alignY = AlignY::Middle};

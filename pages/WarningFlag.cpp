@@ -12,8 +12,8 @@ Font flagFont(double textPx) { return {.height = textPx, .weight = FontWeight::B
 
 }  // namespace
 
-Rect warningFlagBox(const Canvas& canvas, Point center, std::string_view word, double textPx) {
-    const double width = std::ceil(canvas.measure(word, flagFont(textPx)).width + textPx);
+Rect warningFlagBox(const TextMeasure& texts, Point center, std::string_view word, double textPx) {
+    const double width = std::ceil(texts.measure(word, flagFont(textPx)).width + textPx);
     const double height = std::ceil(textPx * 1.5);
     return {std::round(center.x - width / 2), std::round(center.y - height / 2), width, height};
 }
@@ -21,7 +21,7 @@ Rect warningFlagBox(const Canvas& canvas, Point center, std::string_view word, d
 void paintWarningFlag(Canvas& canvas, Point center, std::string_view word, double textPx,
                       const MapColorCache& colors) {
     constexpr double kFrame = 3;
-    const Rect box = warningFlagBox(canvas, center, word, textPx);
+    const Rect box = warningFlagBox(canvas.textMeasure(), center, word, textPx);
     const ColorValue danger = colors[ColorKey::MapObstacleDanger];
     canvas.rect(box, Brush{danger}, std::nullopt);
     canvas.rect({box.x + kFrame, box.y + kFrame, box.width - 2 * kFrame, box.height - 2 * kFrame},

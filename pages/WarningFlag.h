@@ -14,7 +14,7 @@ void paintWarningFlag(Canvas& canvas, Point center, std::string_view word, doubl
                       const MapColorCache& colors);
 
 /// The box of that flag.
-Rect warningFlagBox(const Canvas& canvas, Point center, std::string_view word, double textPx);
+Rect warningFlagBox(const TextMeasure& texts, Point center, std::string_view word, double textPx);
 
 /// Crosses an instrument out.
 void paintWarningCross(Canvas& canvas, const Rect& area, const MapColorCache& colors);

@@ -49,11 +49,11 @@ void AreaCanvas::circle(Point center, double radius, const std::optional<Brush>&
 
 void AreaCanvas::text(Point anchor, std::string_view text, const TextStyle& style) {
     TextStyle own = style;
-    own.font = scaled(style.font);
+    own.font = texts_.scaled(style.font);
     whole_.text(moved(anchor), text, own);
 }
 
-TextExtent AreaCanvas::measure(std::string_view text, const Font& font) const {
+TextExtent ScaledTextMeasure::measure(std::string_view text, const Font& font) const {
     const TextExtent extent = whole_.measure(text, scaled(font));
     return {extent.width / scale_, extent.capHeight / scale_, extent.descent / scale_};
 }

@@ -73,7 +73,7 @@ std::uint32_t takeCodePoint(std::string_view& text) {
 
 }  // namespace
 
-TextExtent measureB612(std::string_view text, const Font& font) {
+TextExtent B612Metrics::measure(std::string_view text, const Font& font) const {
     double units = 0;
     while (!text.empty()) {
         const std::uint32_t code = takeCodePoint(text);

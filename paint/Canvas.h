@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "paint/Color.h"
+#include "paint/TextMeasure.h"
 
 namespace korvel {
 
@@ -49,16 +50,6 @@ struct Brush {
     double opacity = 1;
 };
 
-enum class FontWeight : std::uint8_t { Regular, Bold };
-
-/// One of the program's two faces (proportional, or monospaced for columns of figures) by its
-/// pixel height. Digits have equal advances in both.
-struct Font {
-    double height = 14;  ///< em height in pixels
-    FontWeight weight = FontWeight::Regular;
-    bool monospaced = false;
-};
-
 /// Where the anchor point of a text lies within it. Vertically the anchor is the baseline, or the
 /// middle between baseline and capital height, or the top of the capitals.
 enum class AlignX : std::uint8_t { Left, Center, Right };
@@ -70,12 +61,6 @@ struct TextStyle {
     AlignX alignX = AlignX::Left;
     AlignY alignY = AlignY::Baseline;
     std::optional<ColorValue> halo{};  ///< a one-pixel rim that keeps a label readable on the map
-};
-
-struct TextExtent {
-    double width = 0;
-    double capHeight = 0;  ///< height of the capitals and digits above the baseline
-    double descent = 0;    ///< depth of the lowest letters below the baseline
 };
 
 /// A picture of premultiplied 0xAARRGGBB words, row after row from the top, without padding. The
@@ -111,6 +96,9 @@ class Canvas {
 
     virtual double width() const = 0;
     virtual double height() const = 0;
+    Rect area() const { return {0, 0, width(), height()}; }
+    /// Of the texts that are drawn here; lives as long as the canvas.
+    virtual const TextMeasure& textMeasure() const = 0;
 
     virtual void line(Point from, Point to, const Pen& pen) = 0;
     /// Unconnected segments in one batch: much cheaper than so many calls of line().
@@ -125,7 +113,6 @@ class Canvas {
                         const std::optional<Pen>& outline) = 0;
     /// One line of UTF-8 text.
     virtual void text(Point anchor, std::string_view text, const TextStyle& style) = 0;
-    virtual TextExtent measure(std::string_view text, const Font& font) const = 0;
     virtual void bitmap(Point topLeft, const Bitmap& bitmap) = 0;
     /// The stamp's picture; a canvas that keeps it puts it on whole pixels of the device.
     virtual void stamp(Point center, const Stamp& stamp) { stamp.draw(*this, center, stamp); }

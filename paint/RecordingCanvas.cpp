@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "paint/B612Metrics.h"
 #include "paint/TextBox.h"
 
 namespace korvel {
@@ -84,13 +83,9 @@ void RecordingCanvas::circle(Point center, double radius, const std::optional<Br
 
 void RecordingCanvas::text(Point anchor, std::string_view text, const TextStyle& style) {
     Element& element = add(Kind::Text, std::array{anchor});
-    element.area = textBox(anchor, measure(text, style.font), style);
+    element.area = textBox(anchor, metrics_.measure(text, style.font), style);
     element.text = text;
     element.style = style;
-}
-
-TextExtent RecordingCanvas::measure(std::string_view text, const Font& font) const {
-    return measureB612(text, font);
 }
 
 void RecordingCanvas::bitmap(Point topLeft, const Bitmap& bitmap) {

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "paint/B612Metrics.h"
 #include "paint/Canvas.h"
 
 namespace korvel {
@@ -38,6 +39,7 @@ class RecordingCanvas final : public Canvas {
 
     double width() const override { return width_; }
     double height() const override { return height_; }
+    const TextMeasure& textMeasure() const override { return metrics_; }
 
     void line(Point from, Point to, const Pen& pen) override;
     void lines(std::span<const Segment> segments, const Pen& pen) override;
@@ -49,12 +51,12 @@ class RecordingCanvas final : public Canvas {
     void circle(Point center, double radius, const std::optional<Brush>& fill,
                 const std::optional<Pen>& outline) override;
     void text(Point anchor, std::string_view text, const TextStyle& style) override;
-    TextExtent measure(std::string_view text, const Font& font) const override;
     void bitmap(Point topLeft, const Bitmap& bitmap) override;
 
  private:
     Element& add(Kind kind, std::span<const Point> points);
 
+    B612Metrics metrics_;
     double width_;
     double height_;
     std::vector<Element> elements_;

@@ -5,8 +5,6 @@
 #include <cmath>
 #include <cstddef>
 
-#include "paint/B612Metrics.h"
-
 namespace korvel {
 namespace {
 
@@ -157,7 +155,7 @@ void SvgCanvas::circle(Point center, double radius, const std::optional<Brush>& 
 void SvgCanvas::text(Point anchor, std::string_view text, const TextStyle& style) {
     if (text.empty())
         return;
-    const double capHeight = measure("", style.font).capHeight;
+    const double capHeight = metrics_.measure("", style.font).capHeight;
     double baseline = anchor.y;
     if (style.alignY != AlignY::Baseline)
         baseline += capHeight * (style.alignY == AlignY::Middle ? 0.5 : 1.0);
@@ -178,10 +176,6 @@ void SvgCanvas::text(Point anchor, std::string_view text, const TextStyle& style
         stroke({.color = *style.halo, .width = 2});
     }
     body_.append(">").append(escaped(text)).append("</text>\n");
-}
-
-TextExtent SvgCanvas::measure(std::string_view text, const Font& font) const {
-    return measureB612(text, font);
 }
 
 void SvgCanvas::bitmap(Point topLeft, const Bitmap& bitmap) {

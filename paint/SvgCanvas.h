@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "paint/B612Metrics.h"
 #include "paint/Canvas.h"
 
 namespace korvel {
@@ -21,6 +22,7 @@ class SvgCanvas final : public Canvas {
 
     double width() const override { return width_; }
     double height() const override { return height_; }
+    const TextMeasure& textMeasure() const override { return metrics_; }
 
     void line(Point from, Point to, const Pen& pen) override;
     void lines(std::span<const Segment> segments, const Pen& pen) override;
@@ -32,7 +34,6 @@ class SvgCanvas final : public Canvas {
     void circle(Point center, double radius, const std::optional<Brush>& fill,
                 const std::optional<Pen>& outline) override;
     void text(Point anchor, std::string_view text, const TextStyle& style) override;
-    TextExtent measure(std::string_view text, const Font& font) const override;
     /// Each run of equal pixels becomes a rectangle: right, but meant for small pictures only.
     void bitmap(Point topLeft, const Bitmap& bitmap) override;
 
@@ -43,6 +44,7 @@ class SvgCanvas final : public Canvas {
     void stroke(const Pen& pen);
     void paint(const std::optional<Brush>& fill, const std::optional<Pen>& outline);
 
+    B612Metrics metrics_;
     int width_;
     int height_;
     std::string body_;

@@ -78,9 +78,11 @@ void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
         covered.push_back(approachBox(canvas.width(), canvas.height()));
     std::vector<Rect> corners;
     if (withHsi) {
-        corners = lowerCorners(canvas, data, mapTextPx(canvas.width(), canvas.height()));
+        corners = lowerCorners(canvas.textMeasure(), canvas.area(), data,
+                               mapTextPx(canvas.width(), canvas.height()));
         const HsiOverMap place{scene.viewport.aircraft(), corners};
-        const std::vector<Rect> labels = hsiLabelsOverMap(canvas, data, place);
+        const std::vector<Rect> labels =
+            hsiLabelsOverMap(canvas.textMeasure(), canvas.area(), data, place);
         covered.insert(covered.end(), labels.begin(), labels.end());
         overMap = [&, place] { paintHsiOverMap(canvas, data, place, colors_); };
     }

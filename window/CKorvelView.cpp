@@ -9,7 +9,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPinchGesture>
-#include <QPixmap>
 #include <QScreen>
 #include <QWheelEvent>
 
@@ -319,12 +318,8 @@ void CKorvelView::layOut() {
 
 void CKorvelView::layOutAlarms() {
     laidOutAlarms_ = data_.alarms;
-    // The boxes follow the widths of texts, which only a canvas can measure.
-    QPixmap scratch(1, 1);
-    QPainter painter(&scratch);
-    const QtCanvas canvas(painter, labels_, layout_.page);
-    alarms_ = {canvas, data_.alarms, mapTextPx(layout_.page.width, layout_.page.height),
-               PagePainter::alarmPlace(page_)};
+    alarms_ = {QtTextMeasure(labels_.fonts()), layout_.page, data_.alarms,
+               mapTextPx(layout_.page.width, layout_.page.height), PagePainter::alarmPlace(page_)};
     layout_.page.height -= alarms_.stripHeight;
 }
 
@@ -575,11 +570,8 @@ void CKorvelView::tap(Point at) {
 
 /// `at` counts from the strip's corner.
 void CKorvelView::tapFields(Point at) {
-    // The cells follow the widths of texts, which only a canvas can measure.
-    QPixmap scratch(1, 1);
-    QPainter painter(&scratch);
-    const QtCanvas canvas(painter, labels_, layout_.fields);
-    const auto place = FieldStrip::fieldAt(canvas, layout_.arrangement, shownFields(), at);
+    const auto place = FieldStrip::fieldAt(QtTextMeasure(labels_.fonts()), layout_.fields,
+                                           layout_.arrangement, shownFields(), at);
     if (place && onField)
         onField(*place);
 }

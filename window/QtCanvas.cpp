@@ -63,6 +63,7 @@ QColor toQColor(ColorValue color) {
 QtCanvas::QtCanvas(QPainter& painter, LabelCache& labels, const Rect& area)
     : painter_(painter),
       labels_(labels),
+      texts_(labels.fonts()),
       area_(area),
       ratio_(painter.device()->devicePixelRatioF()) {
     painter_.save();
@@ -201,11 +202,6 @@ void QtCanvas::put(Point origin, const Label& picture) {
 }
 
 void QtCanvas::stamp(Point center, const Stamp& stamp) { put(center, labels_.get(stamp, ratio_)); }
-
-TextExtent QtCanvas::measure(std::string_view text, const Font& font) const {
-    const FontFace& face = labels_.fonts().face(font);
-    return {face.advance(text), face.capHeight, face.descent};
-}
 
 void QtCanvas::bitmap(Point topLeft, const Bitmap& bitmap) {
     if (bitmap.width <= 0 || bitmap.height <= 0)

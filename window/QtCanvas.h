@@ -9,6 +9,7 @@
 
 #include "paint/Canvas.h"
 #include "window/LabelCache.h"
+#include "window/QtTextMeasure.h"
 
 namespace korvel {
 
@@ -29,6 +30,7 @@ class QtCanvas final : public Canvas {
 
     double width() const override { return area_.width; }
     double height() const override { return area_.height; }
+    const TextMeasure& textMeasure() const override { return texts_; }
 
     void line(Point from, Point to, const Pen& pen) override;
     void lines(std::span<const Segment> segments, const Pen& pen) override;
@@ -40,7 +42,6 @@ class QtCanvas final : public Canvas {
     void circle(Point center, double radius, const std::optional<Brush>& fill,
                 const std::optional<Pen>& outline) override;
     void text(Point anchor, std::string_view text, const TextStyle& style) override;
-    TextExtent measure(std::string_view text, const Font& font) const override;
     void bitmap(Point topLeft, const Bitmap& bitmap) override;
     void stamp(Point center, const Stamp& stamp) override;
 
@@ -54,6 +55,7 @@ class QtCanvas final : public Canvas {
 
     QPainter& painter_;
     LabelCache& labels_;
+    QtTextMeasure texts_;
     Rect area_;
     double ratio_;
     std::optional<bool> smoothing_;

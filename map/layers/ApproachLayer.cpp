@@ -50,10 +50,10 @@ ApproachMark markAt(Point at, Point threshold, double textPx) {
 }
 
 /// On the side of the line where there is room first.
-void placeLabel(const Canvas& canvas, double textPx, LabelSpace& labels, const LabelSpace& lines,
-                ApproachMark& mark) {
+void placeLabel(const TextMeasure& texts, double textPx, LabelSpace& labels,
+                const LabelSpace& lines, ApproachMark& mark) {
     const TextStyle style = labelStyle(textPx);
-    const TextExtent extent = canvas.measure(mark.label, style.font);
+    const TextExtent extent = texts.measure(mark.label, style.font);
     const auto& [from, to] = mark.tick;
     const double tick = std::hypot(to.x - from.x, to.y - from.y);
     const double acrossX = (to.x - from.x) / tick;
@@ -73,7 +73,7 @@ void placeLabel(const Canvas& canvas, double textPx, LabelSpace& labels, const L
 
 }  // namespace
 
-std::vector<ApproachMark> layOutApproach(const Canvas& canvas, const CockpitData& data,
+std::vector<ApproachMark> layOutApproach(const TextMeasure& texts, const CockpitData& data,
                                          const MapProjection& projection, const Rect& view,
                                          double textPx, LabelSpace& labels,
                                          const LabelSpace& lines) {
@@ -90,7 +90,7 @@ std::vector<ApproachMark> layOutApproach(const Canvas& canvas, const CockpitData
             continue;
         ApproachMark mark = markAt(at, threshold, textPx);
         mark.label = labelText(data, unit, unit * unitNm);
-        placeLabel(canvas, textPx, labels, lines, mark);
+        placeLabel(texts, textPx, labels, lines, mark);
         marks.push_back(std::move(mark));
     }
     return marks;

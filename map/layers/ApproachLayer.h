@@ -22,7 +22,7 @@ struct ApproachMark {
 /// A mark for each unit of distance, in the unit in force, where they do not crowd; else every
 /// second or fifth. Their labels take their room, off `lines` where they can. None while no runway
 /// is approached.
-std::vector<ApproachMark> layOutApproach(const Canvas& canvas, const CockpitData& data,
+std::vector<ApproachMark> layOutApproach(const TextMeasure& texts, const CockpitData& data,
                                          const MapProjection& projection, const Rect& view,
                                          double textPx, LabelSpace& labels,
                                          const LabelSpace& lines);

@@ -63,7 +63,7 @@ void paintGrid(const MapFrame& frame, Canvas& canvas) {
 void paintGridLabels(const MapFrame& frame, Canvas& canvas) {
     const TextStyle style = labelStyle(frame);
     for (const GridLine& line : frame.grid) {
-        const TextExtent extent = canvas.measure(line.label, style.font);
+        const TextExtent extent = canvas.textMeasure().measure(line.label, style.font);
         const std::vector<Point> places = labelPlaces(line.segment, frame.view, extent);
         std::vector<Rect> boxes(places.size());
         std::ranges::transform(places, boxes.begin(), [&](Point place) {

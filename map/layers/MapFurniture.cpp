@@ -20,13 +20,13 @@ constexpr double kNoteShareOfWidth = 0.35;  // a longer note is set in two lines
 // Boxes of one size of type.
 class BoxLayout {
  public:
-    BoxLayout(const Canvas& canvas, const Font& font)
-        : canvas_(canvas), font_(font), margin_(boxMargin(font)) {}
+    BoxLayout(const TextMeasure& texts, const Font& font)
+        : texts_(texts), font_(font), margin_(boxMargin(font)) {}
 
     double margin() const { return margin_; }
     double height() const { return boxHeight(font_); }
     double width(const std::string& text) const {
-        return std::ceil(canvas_.measure(text, font_).width) + 2 * margin_;
+        return std::ceil(texts_.measure(text, font_).width) + 2 * margin_;
     }
     InfoBox at(double left, double top, std::string text) const {
         const double wide = width(text);
@@ -54,23 +54,22 @@ class BoxLayout {
         return after + before <= text.size() ? after : before;
     }
 
-    const Canvas& canvas_;
+    const TextMeasure& texts_;
     Font font_;
     double margin_;
 };
 
 double scaleHeight(const BoxLayout& boxes) { return boxes.height() + boxes.margin(); }
 
-ScaleBar layOutScale(const Canvas& canvas, const MapProjection& projection,
-                     const BoxLayout& boxes) {
+ScaleBar layOutScale(const Rect& view, const MapProjection& projection, const BoxLayout& boxes) {
     const double lengthNm =
-        roundLengthNm(canvas.width() * kScaleShareOfWidth / projection.pixelsPerNm());
+        roundLengthNm(view.width * kScaleShareOfWidth / projection.pixelsPerNm());
     const double length = lengthNm * projection.pixelsPerNm();
     ScaleBar scale;
     scale.text = distanceText(lengthNm);
     const double wide = std::max(length + 2 * boxes.margin(), boxes.width(scale.text));
     const double high = scaleHeight(boxes);
-    scale.area = {boxes.margin(), canvas.height() - boxes.margin() - high, wide, high};
+    scale.area = {boxes.margin(), view.height - boxes.margin() - high, wide, high};
     const double left = scale.area.center().x - length / 2;
     const double y = scale.area.bottom() - boxes.margin();
     scale.bar = {{left, y}, {left + length, y}};
@@ -95,27 +94,27 @@ std::vector<std::string> noteTexts(const CockpitData& data, bool moved) {
     return texts;
 }
 
-std::vector<InfoBox> layOutNotes(const Canvas& canvas, const CockpitData& data,
-                                 const BoxLayout& boxes, bool moved) {
+std::vector<InfoBox> layOutNotes(const Rect& view, const CockpitData& data, const BoxLayout& boxes,
+                                 bool moved) {
     std::vector<InfoBox> notes;
-    const double right = canvas.width() - boxes.margin();
-    double bottom = canvas.height() - boxes.margin();
+    const double right = view.width - boxes.margin();
+    double bottom = view.height - boxes.margin();
     for (std::string& words : noteTexts(data, moved)) {
         notes.push_back(
-            boxes.endingAt(right, bottom, std::move(words), kNoteShareOfWidth * canvas.width()));
+            boxes.endingAt(right, bottom, std::move(words), kNoteShareOfWidth * view.width));
         bottom = notes.back().area.y - std::round(boxes.margin() / 2);
     }
     return notes;
 }
 
-InfoBox layOutAlarm(const Canvas& canvas, const CockpitData& data, const BoxLayout& boxes,
+InfoBox layOutAlarm(const Rect& view, const CockpitData& data, const BoxLayout& boxes,
                     const MapFurniture& corners) {
     std::string words = data.positionAgeSec
                             ? formatText(kStatusTexts.positionLost, {ageText(*data.positionAgeSec)})
                             : formatText(kStatusTexts.positionLost, {""});
     while (words.ends_with(' '))
         words.pop_back();
-    const double left = std::round((canvas.width() - boxes.width(words)) / 2);
+    const double left = std::round((view.width - boxes.width(words)) / 2);
     InfoBox alarm = boxes.at(left, boxes.margin(), std::move(words));
     const bool fits = alarm.area.x > corners.northArrow.right() + boxes.margin() &&
                       alarm.area.right() < corners.range.area.x - boxes.margin();
@@ -125,10 +124,10 @@ InfoBox layOutAlarm(const Canvas& canvas, const CockpitData& data, const BoxLayo
 }
 
 // As low as it can be without standing on another box.
-InfoBox layOutMessage(const Canvas& canvas, const std::string& message, const BoxLayout& boxes,
+InfoBox layOutMessage(const Rect& view, const std::string& message, const BoxLayout& boxes,
                       const std::vector<Rect>& others) {
-    const double left = std::round((canvas.width() - boxes.width(message)) / 2);
-    InfoBox box = boxes.at(left, canvas.height() - boxes.margin() - boxes.height(), message);
+    const double left = std::round((view.width - boxes.width(message)) / 2);
+    InfoBox box = boxes.at(left, view.height - boxes.margin() - boxes.height(), message);
     const auto under = [&box](const Rect& other) { return overlap(other, box.area); };
     for (auto other = std::find_if(others.begin(), others.end(), under); other != others.end();
          other = std::find_if(others.begin(), others.end(), under))
@@ -149,32 +148,33 @@ std::vector<Rect> MapFurniture::areas() const {
     return all;
 }
 
-MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
+MapFurniture layOutFurniture(const TextMeasure& texts, const Rect& view, const CockpitData& data,
                              const MapProjection& projection, int rangeNm, double textPx,
                              const MapState& state) {
-    const BoxLayout boxes(canvas, infoFont(textPx));
+    const BoxLayout boxes(texts, infoFont(textPx));
     const double margin = boxes.margin();
     MapFurniture result;
     const double arrow = std::round(textPx * 2.9);
     result.northArrow = {margin, margin, arrow, arrow};
     const std::string range = distanceText(rangeNm);
-    result.range = boxes.at(canvas.width() - margin - boxes.width(range), margin, range);
-    result.scale = layOutScale(canvas, projection, boxes);
-    result.notes = layOutNotes(canvas, data, boxes, state.moved);
+    result.range = boxes.at(view.width - margin - boxes.width(range), margin, range);
+    result.scale = layOutScale(view, projection, boxes);
+    result.notes = layOutNotes(view, data, boxes, state.moved);
     result.alarms.assign(state.alarms.begin(), state.alarms.end());
     if (!data.message.empty())
-        result.message = layOutMessage(canvas, data.message, boxes, result.areas());
+        result.message = layOutMessage(view, data.message, boxes, result.areas());
     if (!data.position && data.lastPosition)
-        result.alarm = layOutAlarm(canvas, data, BoxLayout(canvas, alarmFont(textPx)), result);
+        result.alarm = layOutAlarm(view, data, BoxLayout(texts, alarmFont(textPx)), result);
     return result;
 }
 
-std::vector<Rect> lowerCorners(const Canvas& canvas, const CockpitData& data, double textPx) {
-    const BoxLayout boxes(canvas, infoFont(textPx));
+std::vector<Rect> lowerCorners(const TextMeasure& texts, const Rect& view, const CockpitData& data,
+                               double textPx) {
+    const BoxLayout boxes(texts, infoFont(textPx));
     const double high = scaleHeight(boxes) + boxes.margin();
-    const double wide = kScaleShareOfWidth * canvas.width() + 3 * boxes.margin();
-    std::vector<Rect> corners{{0, canvas.height() - high, wide, high}};
-    for (const InfoBox& note : layOutNotes(canvas, data, boxes, false))
+    const double wide = kScaleShareOfWidth * view.width + 3 * boxes.margin();
+    std::vector<Rect> corners{{0, view.height - high, wide, high}};
+    for (const InfoBox& note : layOutNotes(view, data, boxes, false))
         corners.push_back(note.area);
     return corners;
 }

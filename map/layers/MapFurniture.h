@@ -46,13 +46,14 @@ struct MapState {
 };
 
 /// `textPx` is the type size of the map's labels.
-MapFurniture layOutFurniture(const Canvas& canvas, const CockpitData& data,
+MapFurniture layOutFurniture(const TextMeasure& texts, const Rect& view, const CockpitData& data,
                              const MapProjection& projection, int rangeNm, double textPx,
                              const MapState& state = {});
 
 /// What the scale, at its longest, and the notes cover at the map's lower edge while the map is
 /// not moved: an instrument that lies over the map keeps off it.
-std::vector<Rect> lowerCorners(const Canvas& canvas, const CockpitData& data, double textPx);
+std::vector<Rect> lowerCorners(const TextMeasure& texts, const Rect& view, const CockpitData& data,
+                               double textPx);
 
 /// The longest round number (1, 2 or 5 times a power of ten) of the unit in force that is not
 /// longer than `longestNm`, in nautical miles.

@@ -151,7 +151,7 @@ std::vector<std::string> measureLines(const MeasureTool& tool, const MeasureFigu
     return lines;
 }
 
-std::optional<MeasureLook> layOutMeasure(const Canvas& canvas, const MeasureTool& tool,
+std::optional<MeasureLook> layOutMeasure(const TextMeasure& texts, const MeasureTool& tool,
                                          const CockpitData& data, const MapProjection& projection,
                                          const Rect& view, double textPx, LabelSpace& labels) {
     if (!tool.isOn())
@@ -171,7 +171,7 @@ std::optional<MeasureLook> layOutMeasure(const Canvas& canvas, const MeasureTool
     const Font font = infoFont(textPx);
     double width = 0;
     for (const std::string& line : look.lines)
-        width = std::max(width, canvas.measure(line, font).width);
+        width = std::max(width, texts.measure(line, font).width);
     const double margin = boxMargin(font);
     look.label = placeLabel(*middle, std::ceil(width) + 2 * margin,
                             std::round(static_cast<double>(look.lines.size()) * font.height * 1.35),

@@ -28,7 +28,7 @@ std::vector<std::string> measureLines(const MeasureTool& tool, const MeasureFigu
 
 /// Finds room for the label where the line's middle is seen, always whole inside the view, and
 /// takes it. Nothing while the tool is off.
-std::optional<MeasureLook> layOutMeasure(const Canvas& canvas, const MeasureTool& tool,
+std::optional<MeasureLook> layOutMeasure(const TextMeasure& texts, const MeasureTool& tool,
                                          const CockpitData& data, const MapProjection& projection,
                                          const Rect& view, double textPx, LabelSpace& labels);
 

@@ -83,7 +83,7 @@ void paintCompassRoses(const MapFrame& frame, Canvas& canvas) {
 void paintPlaces(const MapFrame& frame, Canvas& canvas) {
     if (frame.places == nullptr)
         return;
-    const std::vector<PlaceMark> marks = layOutPlaces(frame, canvas);
+    const std::vector<PlaceMark> marks = layOutPlaces(frame, canvas.textMeasure());
     const PlaceSymbols symbols(frame);
     // The most important ones on top.
     std::for_each(marks.rbegin(), marks.rend(),

@@ -53,9 +53,9 @@ bool isMinor(PlaceClass placeClass) {
 
 class LayoutBuilder {
  public:
-    LayoutBuilder(const MapFrame& frame, const Canvas& canvas)
+    LayoutBuilder(const MapFrame& frame, const TextMeasure& texts)
         : frame_(frame),
-          canvas_(canvas),
+          texts_(texts),
           sparse_(frame.rangeNm >= kSparseFromNm),
           aircraft_(aircraftArea(frame.aircraft, frame.textPx)),
           taken_(frame.view) {}
@@ -154,7 +154,7 @@ class LayoutBuilder {
             return true;
         std::string text = labelOf(place, frame_.rangeNm);
         TextStyle style = styleOf(place.placeClass);
-        const TextExtent extent = canvas_.measure(text, style.font);
+        const TextExtent extent = texts_.measure(text, style.font);
         const double top = mark.area.center().y - extent.capHeight / 2;
         const auto corners = labelCorners(mark, extent, top);
         std::array<Rect, kLabelCorners> boxes;
@@ -216,7 +216,7 @@ class LayoutBuilder {
     }
 
     const MapFrame& frame_;
-    const Canvas& canvas_;
+    const TextMeasure& texts_;
     bool sparse_;
     Rect aircraft_;
     LabelSpace taken_;  ///< by places and their names alone
@@ -225,8 +225,8 @@ class LayoutBuilder {
 
 }  // namespace
 
-std::vector<PlaceMark> layOutPlaces(const MapFrame& frame, const Canvas& canvas) {
-    return LayoutBuilder(frame, canvas).build();
+std::vector<PlaceMark> layOutPlaces(const MapFrame& frame, const TextMeasure& texts) {
+    return LayoutBuilder(frame, texts).build();
 }
 
 std::optional<int> directionOf(const MapPlace& airport) {

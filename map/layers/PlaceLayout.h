@@ -23,7 +23,7 @@ struct PlaceMark {
 /// What of the places is drawn in one frame, and where; the most important ones first. Their names
 /// go to frame.names, the room for both is taken out of frame.labels. Less important places give
 /// way: far out the whole place, close by its name only. The frame has places.
-std::vector<PlaceMark> layOutPlaces(const MapFrame& frame, const Canvas& canvas);
+std::vector<PlaceMark> layOutPlaces(const MapFrame& frame, const TextMeasure& texts);
 
 /// How far the stroke along an airport's longest runway reaches out of its circle.
 inline constexpr double kRunwayStrokeShare = 1.7;

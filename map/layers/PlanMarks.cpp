@@ -53,10 +53,10 @@ std::vector<PlanMark> marksOf(const CockpitData& data, const MapProjection& proj
 }
 
 // Places the label right, left, above or below its symbol, where there is room first.
-void placeLabel(const Canvas& canvas, double textPx, LabelSpace& labels, const LabelSpace& lines,
-                PlanMark& mark) {
+void placeLabel(const TextMeasure& texts, double textPx, LabelSpace& labels,
+                const LabelSpace& lines, PlanMark& mark) {
     const TextStyle style = planLabelStyle(mark.part, textPx);
-    const TextExtent extent = canvas.measure(mark.label, style.font);
+    const TextExtent extent = texts.measure(mark.label, style.font);
     const bool isActive = mark.part == PlanPart::Active;
     const double rim = isActive ? kActiveRim : 1;
     const double out = planSymbolRadius(mark.part, textPx) + kGap + rim;
@@ -90,7 +90,7 @@ double planSymbolRadius(PlanPart part, double textPx) {
     return std::round(textPx * (part == PlanPart::Active ? 0.62 : 0.45));
 }
 
-std::vector<PlanMark> layOutPlan(const Canvas& canvas, const CockpitData& data,
+std::vector<PlanMark> layOutPlan(const TextMeasure& texts, const CockpitData& data,
                                  const MapProjection& projection, const Rect& view, double textPx,
                                  LabelSpace& labels, const LabelSpace& lines) {
     std::vector<PlanMark> marks = marksOf(data, projection, view);
@@ -101,7 +101,7 @@ std::vector<PlanMark> layOutPlan(const Canvas& canvas, const CockpitData& data,
     for (const PlanPart part : {PlanPart::Active, PlanPart::Ahead, PlanPart::Passed})
         for (PlanMark& mark : marks)
             if (mark.part == part)
-                placeLabel(canvas, textPx, labels, lines, mark);
+                placeLabel(texts, textPx, labels, lines, mark);
     std::stable_partition(marks.begin(), marks.end(),
                           [](const PlanMark& mark) { return mark.part != PlanPart::Active; });
     return marks;

@@ -28,7 +28,7 @@ double planSymbolRadius(PlanPart part, double textPx);
 /// The waypoints inside the view, the one that is flown to last. Their symbols and labels take
 /// their room: the waypoint that is flown to first, then those ahead. Labels keep off `lines` where
 /// they can.
-std::vector<PlanMark> layOutPlan(const Canvas& canvas, const CockpitData& data,
+std::vector<PlanMark> layOutPlan(const TextMeasure& texts, const CockpitData& data,
                                  const MapProjection& projection, const Rect& view, double textPx,
                                  LabelSpace& labels, const LabelSpace& lines);
 

@@ -39,10 +39,10 @@ std::vector<Point> pointsOf(const PlaceSet* places, const MapProjection& project
 }
 
 /// The text with the boxes where it may stand, best first.
-std::vector<RingLabel> candidates(const Canvas& canvas, Point center, double radius,
+std::vector<RingLabel> candidates(const TextMeasure& texts, Point center, double radius,
                                   const std::string& text, double textPx) {
     const TextStyle style = labelStyle(textPx);
-    const TextExtent extent = canvas.measure(text, style.font);
+    const TextExtent extent = texts.measure(text, style.font);
     std::vector<RingLabel> found;
     for (const int angle : kLabelAngles) {
         const Point at = polar(center, radius, angle);
@@ -53,7 +53,7 @@ std::vector<RingLabel> candidates(const Canvas& canvas, Point center, double rad
 
 }  // namespace
 
-std::vector<RingLabel> layOutRingLabels(const Canvas& canvas, const MapProjection& projection,
+std::vector<RingLabel> layOutRingLabels(const TextMeasure& texts, const MapProjection& projection,
                                         Point aircraft, int rangeNm, double textPx,
                                         const PlaceSet* places, LabelSpace& labels) {
     const std::vector<Point> symbols = pointsOf(places, projection);
@@ -64,7 +64,7 @@ std::vector<RingLabel> layOutRingLabels(const Canvas& canvas, const MapProjectio
     std::vector<RingLabel> found;
     for (const double share : kShares) {
         const double distanceNm = rangeNm * share;
-        const auto spots = candidates(canvas, aircraft, distanceNm * projection.pixelsPerNm(),
+        const auto spots = candidates(texts, aircraft, distanceNm * projection.pixelsPerNm(),
                                       distanceText(distanceNm), textPx);
         const auto clear = [&](const RingLabel& label) {
             return isClear(label) && labels.claim(label.box);

@@ -21,7 +21,7 @@ struct RingLabel {
 
 /// Finds the rings' distances their room: ahead and to the side before behind, and where no place's
 /// symbol lies if there is such a point. `places` may be null.
-std::vector<RingLabel> layOutRingLabels(const Canvas& canvas, const MapProjection& projection,
+std::vector<RingLabel> layOutRingLabels(const TextMeasure& texts, const MapProjection& projection,
                                         Point aircraft, int rangeNm, double textPx,
                                         const PlaceSet* places, LabelSpace& labels);
 

@@ -77,7 +77,7 @@ class RunwayPainter {
     void number(const std::string& id, Point end, Point other, double length) {
         if (id.empty())
             return;
-        const TextExtent extent = canvas_.measure(id, numbers_.font);
+        const TextExtent extent = canvas_.textMeasure().measure(id, numbers_.font);
         const double away = (numbers_.font.height * 0.4 + extent.width / 2 + 2) / length;
         const Point place{end.x + (end.x - other.x) * away, end.y + (end.y - other.y) * away};
         if (frame_.labels.claim(textBox(place, extent, numbers_)))

@@ -9,6 +9,7 @@
 #include "map/layers/AircraftLayer.h"
 #include "map/layers/MapFurniture.h"
 #include "pages/AlarmBoxes.h"
+#include "paint/B612Metrics.h"
 #include "paint/ColorScheme.h"
 #include "paint/LabelSpace.h"
 #include "paint/MapColorCache.h"
@@ -163,8 +164,8 @@ struct LaidOut {
           textPx(mapTextPx(width, height)),
           projection(
               viewportOf(page, width, height).projection(data.position ? *data.position : *data.lastPosition, 0)),
-          boxes(canvas, data.alarms, textPx, AlarmBoxes::Place::OverMap),
-          furniture(layOutFurniture(canvas, data, projection, 1000, textPx, {.alarms = boxes.areas})) {}
+          boxes(metrics, canvas.area(), data.alarms, textPx, AlarmBoxes::Place::OverMap),
+          furniture(layOutFurniture(metrics, canvas.area(), data, projection, 1000, textPx, {.alarms = boxes.areas})) {}
 
     static MapViewport viewportOf(PageId page, int width, int height) {
         MapViewport viewport;
@@ -184,6 +185,7 @@ struct LaidOut {
         }
     }
 
+    B612Metrics metrics;
     RecordingCanvas canvas;
     double textPx;
     MapProjection projection;
@@ -225,7 +227,7 @@ TEST(AlarmBoxes, FillAStripBelowThePageRowByRow) {
     double before = 0;
     for (const int width : {1280, 480, 320}) {
         const RecordingCanvas canvas(width, 400);
-        const AlarmBoxes boxes(canvas, alarms, 14, AlarmBoxes::Place::Strip);
+        const AlarmBoxes boxes(B612Metrics(), canvas.area(), alarms, 14, AlarmBoxes::Place::Strip);
         const Rect strip{0, 400 - boxes.stripHeight, static_cast<double>(width), boxes.stripHeight};
         for (std::size_t i = 0; i < boxes.areas.size(); ++i) {
             const Rect& area = boxes.areas[i];
@@ -236,7 +238,7 @@ TEST(AlarmBoxes, FillAStripBelowThePageRowByRow) {
         EXPECT_GT(boxes.stripHeight, before) << width;
         before = boxes.stripHeight;
     }
-    EXPECT_EQ(AlarmBoxes(RecordingCanvas(800, 400), {}, 14, AlarmBoxes::Place::Strip).stripHeight, 0);
+    EXPECT_EQ(AlarmBoxes(B612Metrics(), {0, 0, 800, 400}, {}, 14, AlarmBoxes::Place::Strip).stripHeight, 0);
 }
 
 TEST(MapFurniture, TheScaleBarIsARoundLengthInTheUnitInForce) {
@@ -251,7 +253,7 @@ TEST(MapFurniture, TheScaleBarIsARoundLengthInTheUnitInForce) {
     MapViewport viewport;
     viewport.layout(PageId::Map, 800, 370);
     const MapProjection projection = viewport.projection(*flying().position, 0);
-    const ScaleBar scale = layOutFurniture(canvas, flying(), projection, 65, 14).scale;
+    const ScaleBar scale = layOutFurniture(B612Metrics(), canvas.area(), flying(), projection, 65, 14).scale;
     EXPECT_EQ(scale.text, "20 nm");
     EXPECT_NEAR(scale.bar.to.x - scale.bar.from.x, 20 * projection.pixelsPerNm(), 1e-9);
 }

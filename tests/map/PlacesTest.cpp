@@ -225,7 +225,7 @@ TEST(PlaceLayer, NamesKeepApartAndRunwaysCarryTheirNumbers) {
     for (const auto& element : canvas.elements())
         if (element.kind == RecordingCanvas::Kind::Text && element.text.starts_with("N1")) {
             names.push_back(element.area);  // without the room for letters below the line
-            names.back().height = canvas.measure(element.text, element.style.font).capHeight;
+            names.back().height = canvas.textMeasure().measure(element.text, element.style.font).capHeight;
         }
     EXPECT_GE(names.size(), 2U);
     EXPECT_LT(names.size(), 30U);
@@ -272,7 +272,7 @@ TEST(PlaceLayer, NamesKeepOffTheLegOrLieOverIt) {
             EXPECT_TRUE(names == 0 || element.kind != RecordingCanvas::Kind::Polyline) << "half a name is another one";
             if (element.kind == RecordingCanvas::Kind::Text && element.text.starts_with("N1")) {
                 ++names;
-                const double bottom = element.area.y + canvas.measure("N1", element.style.font).capHeight;
+                const double bottom = element.area.y + canvas.textMeasure().measure("N1", element.style.font).capHeight;
                 count += element.area.y < 104 && bottom > 100 ? 1 : 0;
             }
         }

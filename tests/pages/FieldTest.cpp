@@ -174,12 +174,14 @@ TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
                 const auto fields = FieldStrip::fitting(chosen, size.arrangement, size.width, size.height);
                 EXPECT_EQ(fields.size(), size.count) << size.width;
                 FieldStrip(colors).paint(canvas, size.arrangement, fields, data);
-                const std::vector<Rect> cells = FieldStrip::cells(canvas, size.arrangement, fields);
+                const std::vector<Rect> cells =
+                    FieldStrip::cells(canvas.textMeasure(), canvas.area(), size.arrangement, fields);
                 ASSERT_EQ(cells.size(), fields.size());
                 for (const RecordingCanvas::Element& element : canvas.elements()) {
                     if (element.kind != RecordingCanvas::Kind::Text) continue;
                     const Rect& area = element.area;
-                    const auto cell = FieldStrip::fieldAt(canvas, size.arrangement, fields, {area.x, area.y});
+                    const auto cell = FieldStrip::fieldAt(
+                        canvas.textMeasure(), canvas.area(), size.arrangement, fields, {area.x, area.y});
                     ASSERT_TRUE(cell) << element.text << " at " << size.width;
                     EXPECT_TRUE(cells[*cell].contains({area.right(), area.bottom()}))
                         << element.text << " at " << size.width;
@@ -195,7 +197,9 @@ TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
 TEST(FieldStrip, ATapFindsItsField) {
     const RecordingCanvas canvas(640, 124);
     const auto fields = defaultNavFields().first(6);
-    const auto at = [&](Point point) { return FieldStrip::fieldAt(canvas, FieldArrangement::TwoRows, fields, point); };
+    const auto at = [&](Point point) {
+        return FieldStrip::fieldAt(canvas.textMeasure(), canvas.area(), FieldArrangement::TwoRows, fields, point);
+    };
     EXPECT_EQ(at({5, 5}), 0U);
     EXPECT_EQ(at({630, 5}), 2U);
     EXPECT_EQ(at({5, 120}), 3U);

@@ -12,6 +12,7 @@
 #include "pages/HsiGeometry.h"
 #include "pages/HsiPage.h"
 #include "pages/HsiPainter.h"
+#include "paint/B612Metrics.h"
 #include "paint/Clip.h"
 #include "paint/ColorScheme.h"
 #include "paint/LabelSpace.h"
@@ -182,15 +183,16 @@ TEST(HsiPage, OverTheMapTheNumbersAreFreeOfEachOtherAndOfTheCorners) {
             data.trackMagDeg = track;
             MapViewport viewport;
             viewport.layout(PageId::MapHsi, width, height);
-            const RecordingCanvas canvas(width, height);
+            const B612Metrics metrics;
+            const Rect page{0, 0, static_cast<double>(width), static_cast<double>(height)};
             const double textPx = mapTextPx(width, height);
-            const std::vector<Rect> lower = lowerCorners(canvas, data, textPx);
-            std::vector<Rect> boxes = hsiLabelsOverMap(canvas, data, {viewport.aircraft(), lower});
+            const std::vector<Rect> lower = lowerCorners(metrics, page, data, textPx);
+            std::vector<Rect> boxes = hsiLabelsOverMap(metrics, page, data, {viewport.aircraft(), lower});
             ASSERT_GT(boxes.size(), 14U);
             boxes.resize(14);  // heading, numbers and full scale; the needle crosses none of them
             for (Rect& box : boxes) box = grown(box, -3);  // names on the map stay farther away
             const MapFurniture corners =
-                layOutFurniture(canvas, data, viewport.projection(*data.position, 0), 4, textPx);
+                layOutFurniture(metrics, page, data, viewport.projection(*data.position, 0), 4, textPx);
             for (std::size_t i = 0; i < boxes.size(); ++i) {
                 for (std::size_t j = 0; j < i; ++j)
                     EXPECT_FALSE(overlap(boxes[i], boxes[j])) << width << " " << track << ": " << i << " " << j;

@@ -105,8 +105,8 @@ TEST(B612Metrics, WidthsAreThoseOfTheTypeface) {
         {"\xFF\x80", false, 65},
     };
     for (const auto& [text, monospaced, width] : cases)
-        EXPECT_NEAR(measureB612(text, {.height = 100, .monospaced = monospaced}).width, width, 1e-9) << text;
-    EXPECT_NEAR(measureB612("x", {.height = 100}).capHeight, 75, 1e-9);
+        EXPECT_NEAR(B612Metrics().measure(text, {.height = 100, .monospaced = monospaced}).width, width, 1e-9) << text;
+    EXPECT_NEAR(B612Metrics().measure("x", {.height = 100}).capHeight, 75, 1e-9);
 }
 
 TEST(TextBox, StandsWhereTheTextIsDrawn) {

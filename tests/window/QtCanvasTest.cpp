@@ -70,7 +70,7 @@ TEST(QtCanvas, MeasuresWhatItDraws) {
         Sheet sheet(ratio);
         TextExtent extent;
         sheet.draw(kWholeSheet, [&](Canvas& canvas) {
-            extent = canvas.measure("HEH", {30});
+            extent = canvas.textMeasure().measure("HEH", {30});
             canvas.text({100, 50}, "HEH", {.font = {30}, .color = kWhite, .alignX = AlignX::Right});
         });
         const QRect ink = sheet.inked();
@@ -94,7 +94,7 @@ TEST(QtCanvas, PutsTheAnchorWhereTheAlignmentSays) {
         Sheet sheet;
         TextExtent extent;
         sheet.draw({20, 10, 160, 80}, [&](Canvas& canvas) {
-            extent = canvas.measure("HH", {24});
+            extent = canvas.textMeasure().measure("HH", {24});
             canvas.text({80, 40}, "HH", {.font = {24}, .color = kWhite, .alignX = c.alignX, .alignY = c.alignY});
         });
         EXPECT_NEAR(sheet.inked().left(), 100 + c.left * extent.width, 4);
