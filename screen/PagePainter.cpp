@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "map/MapPainter.h"
+#include "map/feeds/MapFeeds.h"
 #include "map/layers/MapFurniture.h"
 #include "pages/ApproachBox.h"
 #include "pages/EfisPage.h"
@@ -69,7 +70,6 @@ void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
         paintEfisPage(canvas, data, colors_);
         return;
     }
-    track_.update(data.track);
     // Around the aircraft, so not while the pilot looks elsewhere.
     const bool withHsi = page == PageId::MapHsi && data.position && !scene.lookAt;
     std::vector<Rect> covered;
@@ -87,19 +87,18 @@ void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
         overMap = [&, place] { paintHsiOverMap(canvas, data, place, colors_); };
     }
     // Pages that are not drawn yet show the map: better than nothing in flight.
-    paintMap(canvas,
-             {.data = data,
-              .viewport = scene.viewport,
-              .upTrueDeg = turns(page) ? scene.upTrueDeg : 0,
-              .turns = turns(page),
-              .lookAt = scene.lookAt,
-              .places = scene.places,
-              .track = &track_,
-              .measure = scene.measure,
-              .overMap = overMap,
-              .covered = covered,
-              .alarms = scene.alarms},
-             colors_);
+    MapScene map{.data = data,
+                 .viewport = scene.viewport,
+                 .upTrueDeg = turns(page) ? scene.upTrueDeg : 0,
+                 .turns = turns(page),
+                 .lookAt = scene.lookAt,
+                 .measure = scene.measure,
+                 .overMap = overMap,
+                 .covered = covered,
+                 .alarms = scene.alarms};
+    if (scene.feeds != nullptr)
+        scene.feeds->addTo(map);
+    paintMap(canvas, map, colors_);
 }
 
 }  // namespace korvel

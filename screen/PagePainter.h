@@ -6,7 +6,6 @@
 #include "cockpit/CockpitData.h"
 #include "cockpit/PageId.h"
 #include "map/MapViewport.h"
-#include "map/feeds/TrackLevels.h"
 #include "pages/AlarmBoxes.h"
 #include "pages/AttitudePage.h"
 #include "pages/FlightPlanPage.h"
@@ -16,8 +15,8 @@
 namespace korvel {
 
 class MapColorCache;
+class MapFeeds;
 class MeasureTool;
-struct PlaceSet;
 
 /// What to draw a page from. Pages take what they show of it.
 struct PageScene {
@@ -28,7 +27,7 @@ struct PageScene {
     int upTrueDeg = 0;
     /// What stands in the aircraft's place while the pilot looks around on the map.
     std::optional<GeoPoint> lookAt = std::nullopt;
-    const PlaceSet* places = nullptr;      ///< from the databases; null for none
+    const MapFeeds* feeds = nullptr;       ///< what is around the view; null for none
     const MeasureTool* measure = nullptr;  ///< the map's ruler; null for none
     NearestView nearest{};                 ///< where the pilot is in the list of airports
     FlightPlanView plan{};                 ///< where the pilot is in the list of the plan
@@ -59,7 +58,6 @@ class PagePainter {
     void paintPage(Canvas& canvas, PageId page, const PageScene& scene) const;
 
     const MapColorCache& colors_;
-    mutable TrackLevels track_;  ///< a cache of CockpitData::track
 };
 
 }  // namespace korvel

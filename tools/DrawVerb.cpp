@@ -6,13 +6,12 @@
 #include <utility>
 
 #include "cockpit/PlanViewBuilder.h"
-#include "config/Text.h"
+#include "config/Settings.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
 #include "map/MapPainter.h"
-#include "map/MapViewport.h"
-#include "map/feeds/MapPlaces.h"
-#include "map/feeds/TrackLevels.h"
+#include "map/MapView.h"
+#include "map/feeds/MapFeeds.h"
 #include "paint/ColorScheme.h"
 #include "paint/MapColorCache.h"
 #include "paint/SvgCanvas.h"
@@ -106,8 +105,6 @@ int drawMap(const Invocation& call, const MapOptions& options) {
          {addPlan(loaded, options.plan, data), addTrack(loaded.clock, options.track, data)})
         if (!error.empty())
             return call.fail(error);
-    TrackLevels track;
-    track.update(data.track);
     ColorScheme scheme;
     scheme.load(options.picture.scheme, call.dataFiles());
 
@@ -116,20 +113,16 @@ int drawMap(const Invocation& call, const MapOptions& options) {
     const PageId page{options.picture.page};
     if (loaded.database.files().empty())
         data.databaseNotice = text(kStatusTexts.noDatabase);
-    MapPlaces places(loaded.database);
     const int upDeg = PagePainter::turns(page) ? angle : 0;
+    const MapView view(viewport, *data.position, upDeg, canvas.area());
+    MapFeeds feeds(loaded.database);
     do {
-        places.update(viewport.projection(*data.position, upDeg),
-                      {0, 0, canvas.width(), canvas.height()}, viewport.currentRangeNm(), {});
-    } while (!places.isComplete());
-    paintMap(canvas,
-             {.data = data,
-              .viewport = viewport,
-              .upTrueDeg = upDeg,
-              .turns = PagePainter::turns(page),
-              .places = &places.set(),
-              .track = &track},
-             MapColorCache(scheme));
+        feeds.update({view, data, Settings()});
+    } while (!feeds.isComplete());
+    MapScene map{
+        .data = data, .viewport = viewport, .upTrueDeg = upDeg, .turns = PagePainter::turns(page)};
+    feeds.addTo(map);
+    paintMap(canvas, map, MapColorCache(scheme));
     return options.picture.write(call, canvas);
 }
 

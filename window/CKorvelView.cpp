@@ -15,7 +15,7 @@
 #include "cockpit/CKorvelDoc.h"
 #include "cockpit/NearAirports.h"
 #include "config/ProfileFile.h"
-#include "config/texts/MessageTexts.h"
+#include "map/MapView.h"
 #include "map/PlaceHit.h"
 #include "map/layers/MeasureLayer.h"
 #include "navdb/records/RecordKey.h"
@@ -82,7 +82,7 @@ CKorvelView::CKorvelView(CKorvelDoc& document, ProfileFile& profile, const Color
       labels_(labels),
       colors_(scheme),
       pagePainter_(colors_),
-      places_(document.flight().database()) {
+      feeds_(document.flight().database()) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_AcceptTouchEvents);
     setFocusPolicy(Qt::StrongFocus);
@@ -224,17 +224,15 @@ void CKorvelView::takeNews() {
     update();
 }
 
-/// Brings the places up to date for the painting that has begun.
-void CKorvelView::updatePlaces() {
+/// Brings what is around the view up to date for the painting that has begun.
+void CKorvelView::updateFeeds() {
     const auto center = mapCenter();
     if (!isMapPage() || !center)
         return;
-    const Rect view{0, 0, layout_.page.width, layout_.page.height};
-    const bool changed =
-        places_.update(viewport_.projection(*center, upDeg()), view, viewport_.currentRangeNm(),
-                       MapPlaceOptions::from(document_.settings()));
+    const MapView view(viewport_, *center, upDeg(),
+                       {0, 0, layout_.page.width, layout_.page.height});
     // This painting shows what there is; the next one what is still to be read.
-    if (changed && !places_.isComplete())
+    if (feeds_.update({view, data_, document_.settings()}) && !feeds_.isComplete())
         update();
 }
 
@@ -273,14 +271,14 @@ void CKorvelView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const CockpitData shown = dataToShow();
     {
-        updatePlaces();
+        updateFeeds();
         QtCanvas canvas(painter, labels_, layout_.page);
         pagePainter_.paint(canvas, page_,
                            {.data = shown,
                             .viewport = viewport_,
                             .upTrueDeg = upDeg(),
                             .lookAt = panned_,
-                            .places = &places_.set(),
+                            .feeds = &feeds_,
                             .measure = &ruler_,
                             .nearest = nearestView_,
                             .plan = planView_,
@@ -424,7 +422,7 @@ void CKorvelView::lookAt(GeoPoint place) {
 }
 
 void CKorvelView::databasesChanged() {
-    places_.forget();
+    feeds_.forget();
     update();
 }
 
@@ -481,11 +479,7 @@ void CKorvelView::run(TouchCommand command) {
 
 bool CKorvelView::isMapPage() const { return PagePainter::isMap(page_); }
 
-std::optional<GeoPoint> CKorvelView::mapCenter() const {
-    if (panned_)
-        return panned_;
-    return data_.position ? data_.position : data_.lastPosition;
-}
+std::optional<GeoPoint> CKorvelView::mapCenter() const { return korvel::mapCenter(data_, panned_); }
 
 void CKorvelView::pan(Point from, Point to) {
     const auto center = mapCenter();
@@ -656,7 +650,7 @@ MeasureEnd CKorvelView::measureEndAt(Point at) {
     const MapProjection projection = viewport_.projection(*mapCenter(), upDeg());
     MeasureEnd end{.position = projection.unproject(at)};
     const auto found =
-        placesAt(places_.set(), projection, viewport_.currentRangeNm(), at, kFingerPixels);
+        placesAt(feeds_.places(), projection, viewport_.currentRangeNm(), at, kFingerPixels);
     if (!found.empty()) {
         end.position = found.front()->place.position;
         end.name = found.front()->place.ident.view();
@@ -680,7 +674,7 @@ bool CKorvelView::tapMap(Point at) {
     if (!isMapPage() || !center)
         return false;
     std::vector<MapPlace> found;
-    for (const MapPlace* place : placesAt(places_.set(), viewport_.projection(*center, upDeg()),
+    for (const MapPlace* place : placesAt(feeds_.places(), viewport_.projection(*center, upDeg()),
                                           viewport_.currentRangeNm(), at, kFingerPixels))
         found.push_back(*place);
     if (!found.empty() && onPlaces)

@@ -12,7 +12,7 @@
 #include "config/Text.h"
 #include "map/MapViewport.h"
 #include "map/MeasureTool.h"
-#include "map/feeds/MapPlaces.h"
+#include "map/feeds/MapFeeds.h"
 #include "pages/AlarmBoxes.h"
 #include "pages/FieldStrip.h"
 #include "pages/FlightPlanPage.h"
@@ -168,7 +168,7 @@ class CKorvelView final : public QWidget {
     bool moveSelection(int rows);
     bool openSelection();
     bool panByKey(int key);
-    void updatePlaces();
+    void updateFeeds();
     FlightPlanRows planRows() const;
     bool isMapPage() const;
     int upDeg() const;
@@ -192,7 +192,7 @@ class CKorvelView final : public QWidget {
     std::vector<std::string> laidOutAlarms_;
     PageId page_ = PageId::Map;
     MapAngle angle_;
-    MapPlaces places_;
+    MapFeeds feeds_;
     FlightPlanView planView_;
     NearestView nearestView_;
     MeasureTool ruler_;

@@ -13,8 +13,10 @@
 #include <QPainter>
 #include <benchmark/benchmark.h>
 
+#include "config/Settings.h"
 #include "geo/Geodesy.h"
-#include "map/feeds/MapPlaces.h"
+#include "map/MapView.h"
+#include "map/feeds/MapFeeds.h"
 #include "navdb/NavDatabase.h"
 #include "pages/FieldStrip.h"
 #include "pages/ScreenLayout.h"
@@ -156,9 +158,11 @@ struct BusyView {
         data.plan = plan;
     }
     MapProjection projection() const { return viewport.projection(*data.position, 222); }
-    bool update(MapPlaces& places) const {
-        return places.update(projection(), {0, 0, 1280, 800}, viewport.currentRangeNm(),
-                             {.privateAirports = true});
+    bool update(MapFeeds& feeds) const {
+        Settings settings;
+        settings.displayPrivateAirports = 1;
+        return feeds.update(
+            {MapView(viewport, *data.position, 222, {0, 0, 1280, 800}), data, settings});
     }
 
     Region region;
@@ -169,14 +173,14 @@ struct BusyView {
 /// The map page alone, on a raster of its own.
 struct MapSheet {
     MapSheet() : image(1280, 800, QImage::Format_RGB32) {}
-    void paint(const BusyView& view, const MapPlaces& places, int upTrueDeg) {
+    void paint(const BusyView& view, const MapFeeds& feeds, int upTrueDeg) {
         QPainter painter(&image);
         QtCanvas canvas(painter, labels, {0, 0, 1280, 800});
         pages.paint(canvas, PageId::Map,
                     {.data = view.data,
                      .viewport = view.viewport,
                      .upTrueDeg = upTrueDeg,
-                     .places = &places.set()});
+                     .feeds = &feeds});
     }
 
     QImage image;
@@ -191,15 +195,15 @@ void busyMap(benchmark::State& state) {
     startToolkit();
     MapSheet sheet;
     BusyView view(state);
-    MapPlaces places(world());
-    while (view.update(places) || !places.isComplete()) {
+    MapFeeds feeds(world());
+    while (view.update(feeds) || !feeds.isComplete()) {
     }
     for (auto frame : state) {
         view.data.position->lat += 1e-7;
-        sheet.paint(view, places, 222);
+        sheet.paint(view, feeds, 222);
     }
     state.SetLabel(std::string(view.region.name) + ", " +
-                   std::to_string(places.set().places.size()) + " places");
+                   std::to_string(feeds.places().places.size()) + " places");
 }
 
 /// A finger that crosses the map in two seconds, at 60 frames a second: what comes into view is
@@ -208,8 +212,8 @@ void movingMap(benchmark::State& state, bool turns) {
     startToolkit();
     MapSheet sheet;
     BusyView view(state);
-    MapPlaces places(world());
-    while (view.update(places) || !places.isComplete()) {
+    MapFeeds feeds(world());
+    while (view.update(feeds) || !feeds.isComplete()) {
     }
     constexpr double kStepPx = 1280.0 / 120;
     const double stepRad = kStepPx / view.projection().pixelsPerNm() / kNmPerRadian;
@@ -221,8 +225,8 @@ void movingMap(benchmark::State& state, bool turns) {
         // To and fro over three maps, so that the region stays a busy one.
         if (!turns)
             view.data.position->lon += number / 360 % 2 == 0 ? stepRad : -stepRad;
-        view.update(places);
-        sheet.paint(view, places, turns ? number % 360 : 222);
+        view.update(feeds);
+        sheet.paint(view, feeds, turns ? number % 360 : 222);
         const std::chrono::duration<double, std::milli> taken =
             std::chrono::steady_clock::now() - start;
         frames.push_back(taken.count());
@@ -236,10 +240,10 @@ void movingMap(benchmark::State& state, bool turns) {
 /// The places of a view that was not seen before; the records of the most important ones.
 void fetchPlaces(benchmark::State& state) {
     const BusyView view(state);
-    MapPlaces places(world());
+    MapFeeds feeds(world());
     for (auto fetch : state) {
-        places.forget();
-        benchmark::DoNotOptimize(view.update(places));
+        feeds.forget();
+        benchmark::DoNotOptimize(view.update(feeds));
     }
 }
 
@@ -249,11 +253,11 @@ void readRecords(benchmark::State& state) {
     double updates = 0;
     for (auto fetch : state) {
         state.PauseTiming();
-        MapPlaces places(world());
-        view.update(places);
+        MapFeeds feeds(world());
+        view.update(feeds);
         state.ResumeTiming();
-        while (!places.isComplete()) {
-            view.update(places);
+        while (!feeds.isComplete()) {
+            view.update(feeds);
             ++updates;
         }
     }

@@ -7,6 +7,8 @@
 #include "cockpit/PlaceDetails.h"
 #include "geo/Geodesy.h"
 #include "geo/WholeDegreeTrig.h"
+#include "map/MapPainter.h"
+#include "map/MapView.h"
 #include "navdb/NavDatabase.h"
 
 namespace korvel {
@@ -54,10 +56,12 @@ bool needsDetails(const MapPlace& each, int rangeNm, bool all) {
 
 }  // namespace
 
-GeoBox boxAround(const MapProjection& projection, const Rect& view, double share) {
+GeoBox boxAround(const MapView& view, double share) {
+    const MapProjection& projection = view.projection;
+    const Rect& area = view.area;
     const Point aircraft = projection.aircraft();
-    const double reachPx = std::hypot(std::max(aircraft.x - view.x, view.right() - aircraft.x),
-                                      std::max(aircraft.y - view.y, view.bottom() - aircraft.y));
+    const double reachPx = std::hypot(std::max(aircraft.x - area.x, area.right() - aircraft.x),
+                                      std::max(aircraft.y - area.y, area.bottom() - aircraft.y));
     const double height = reachPx * (1 + share) / projection.pixelsPerNm() / kNmPerDegree;
     const double lat = projection.center().lat * kRadToDeg;
     const double lon = projection.center().lon * kRadToDeg;
@@ -84,15 +88,16 @@ bool holds(const GeoBox& outer, const GeoBox& inner) {
            PositiveMod(inner.west - outer.west, kFullTurnDeg) + widthOf(inner) <= widthOf(outer);
 }
 
-bool MapPlaces::update(const MapProjection& projection, const Rect& view, int rangeNm,
-                       const MapPlaceOptions& options) {
-    if (projection.pixelsPerNm() <= 0 || !IsValid(projection.center()))
+bool MapPlaces::update(const FeedRequest& request) {
+    const auto& [view, data, settings] = request;
+    const int rangeNm = view.rangeNm;
+    const MapPlaceOptions options = MapPlaceOptions::from(settings);
+    if (view.projection.pixelsPerNm() <= 0 || !IsValid(view.projection.center()))
         return false;
-    const GeoBox shown = boxAround(projection, view, 0);
-    const bool fetchedAgain =
-        !fetched_ || rangeNm != rangeNm_ || options != set_.options || !holds(*fetched_, shown);
+    const bool fetchedAgain = !fetched_ || rangeNm != rangeNm_ || options != set_.options ||
+                              !holds(*fetched_, boxAround(view, 0));
     if (fetchedAgain)
-        fetch(boxAround(projection, view, kFetchedBeyondView), rangeNm, options);
+        fetch(boxAround(view, kFetchedBeyondView), rangeNm, options);
     const bool hasRead = !complete_ && readDetails(rangeNm);
     return fetchedAgain || hasRead;
 }
@@ -103,6 +108,8 @@ void MapPlaces::forget() {
     fetched_.reset();
     complete_ = false;
 }
+
+void MapPlaces::addTo(MapScene& scene) const { scene.places = &set_; }
 
 void MapPlaces::fetch(const GeoBox& box, int rangeNm, const MapPlaceOptions& options) {
     set_.places.clear();

@@ -9,9 +9,8 @@
 #include <vector>
 
 #include "cockpit/PlaceSet.h"
-#include "map/MapViewport.h"
+#include "map/feeds/ViewFeed.h"
 #include "navdb/search/Place.h"
-#include "paint/Canvas.h"
 
 namespace korvel {
 
@@ -20,8 +19,8 @@ class NavDatabase;
 /// Holds the places around the view for the map to draw. They are fetched for an area larger than
 /// the view, and again only when the view leaves it or when what is to be shown changes. Full
 /// records (runways, frequencies) are read a few at a time, the most important places' first, and
-/// kept. User-interface thread only.
-class MapPlaces {
+/// kept.
+class MapPlaces final : public ViewFeed {
  public:
     /// Records read by one update: they take a few milliseconds.
     static constexpr std::size_t kRecordsPerUpdate = 200;
@@ -29,14 +28,10 @@ class MapPlaces {
     /// The database must outlive this.
     explicit MapPlaces(const NavDatabase& database) : database_(database) {}
 
-    /// Call before each frame or tick with what is on the screen; true when the set has changed,
-    /// so that the map has to be drawn anew.
-    bool update(const MapProjection& projection, const Rect& view, int rangeNm,
-                const MapPlaceOptions& options);
-    /// Whether all records have been read; until then update() has more to do.
-    bool isComplete() const { return complete_; }
-    /// Call when the database was loaded anew.
-    void forget();
+    bool update(const FeedRequest& request) override;
+    bool isComplete() const override { return complete_; }
+    void forget() override;
+    void addTo(MapScene& scene) const override;
 
     const PlaceSet& set() const { return set_; }
 
@@ -60,7 +55,7 @@ class MapPlaces {
 
 /// The area that a view around the aircraft's point can show when it turns by any angle, made
 /// larger by a share of its radius. Goes all the way round near the poles.
-GeoBox boxAround(const MapProjection& projection, const Rect& view, double share);
+GeoBox boxAround(const MapView& view, double share);
 
 /// Whether `outer` holds all of `inner`.
 bool holds(const GeoBox& outer, const GeoBox& inner);

@@ -53,15 +53,16 @@ double spacingOf(std::size_t level) { return std::ldexp(kFinestNm, static_cast<i
 
 }  // namespace
 
-void TrackLevels::update(const std::shared_ptr<const Track>& track) {
+bool TrackLevels::update(const std::shared_ptr<const Track>& track) {
     std::size_t slots = 0;
     if (track)
         slots = track->read()->slots.size();
-    if (track != track_ || slots < taken_)
+    const bool startsAnew = track != track_ || slots < taken_;
+    if (startsAnew)
         *this = {};
     track_ = track;
     if (slots == taken_)
-        return;
+        return startsAnew;
     const auto recording = track->read();
     for (; taken_ < recording->slots.size(); ++taken_) {
         const auto& slot = recording->slots[taken_];
@@ -70,6 +71,7 @@ void TrackLevels::update(const std::shared_ptr<const Track>& track) {
         else
             addBreak();
     }
+    return true;
 }
 
 void TrackLevels::add(GeoPoint point) {

@@ -32,7 +32,8 @@ class TrackLevels {
     };
 
     /// Takes what the track has got since the last call; another track starts anew. Null for none.
-    void update(const std::shared_ptr<const Track>& track);
+    /// True when the levels have changed.
+    bool update(const std::shared_ptr<const Track>& track);
 
     /// The coarsest level that leaves out no turn wider than that; the finest one leaves out 20 ft.
     [[nodiscard]] const Level& levelFor(double spacingNm) const;

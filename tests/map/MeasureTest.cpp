@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
 #include "cockpit/Cockpit.h"
+#include "map/MapPainter.h"
 #include "map/MeasureTool.h"
 #include "map/layers/MeasureLayer.h"
 #include "paint/ColorScheme.h"
 #include "paint/LabelSpace.h"
 #include "paint/MapColorCache.h"
 #include "paint/RecordingCanvas.h"
-#include "screen/PagePainter.h"
 
 namespace korvel { namespace {
 
@@ -101,7 +101,8 @@ TEST(Measure, TheLabelIsWholeWhereverTheLineRuns) {
             viewport.layout(PageId::Map, 480, 300);
             viewport.chooseRange(range);
             RecordingCanvas canvas(480, 300);
-            PagePainter(colors).paint(canvas, PageId::Map, {.data = flying(), .viewport = viewport, .measure = &tool});
+            const CockpitData data = flying();
+            paintMap(canvas, {.data = data, .viewport = viewport, .measure = &tool}, colors);
             const auto label = std::find_if(canvas.elements().begin(), canvas.elements().end(),
                 [](const auto& each) { return each.text.find("ETE") != std::string::npos; });
             if (label == canvas.elements().end()) continue;

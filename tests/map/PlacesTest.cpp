@@ -10,8 +10,10 @@
 #include "cockpit/NearAirports.h"
 #include "config/Settings.h"
 #include "geo/Variation.h"
+#include "map/MapPainter.h"
+#include "map/MapView.h"
 #include "map/PlaceHit.h"
-#include "map/feeds/MapPlaces.h"
+#include "map/feeds/MapFeeds.h"
 #include "map/layers/PlaceLayout.h"
 #include "navdb/NavDatabase.h"
 #include "navdb/TestDatabase.h"
@@ -25,7 +27,6 @@
 #include "paint/MapColorCache.h"
 #include "paint/RecordingCanvas.h"
 #include "platform/VirtualClock.h"
-#include "screen/PagePainter.h"
 
 namespace korvel { namespace {
 
@@ -71,8 +72,13 @@ TEST_F(PlacesTest, TheViewFindsItsPlacesAcrossTheMeridianAndAtThePole) {
     file.addAirport("POLE", 89.9, -40);
     open(file);
     MapPlaces places(database_);
+    const CockpitData data;
+    const Settings settings;
     const auto look = [&](double lat, double lon, int rangeNm) {
-        return places.update(lookingAt(lat, lon, rangeNm), kView, rangeNm, {});
+        MapViewport viewport;
+        viewport.layout(PageId::Map, 800, 400);
+        viewport.chooseRange(rangeNm);
+        return places.update({{viewport, atDegrees(lat, lon), 0, kView}, data, settings});
     };
     EXPECT_TRUE(look(-17, 179.95, 15));
     EXPECT_EQ(identsOf(places.set()), "EAST WEST ");
@@ -88,6 +94,36 @@ TEST_F(PlacesTest, TheViewFindsItsPlacesAcrossTheMeridianAndAtThePole) {
     EXPECT_EQ(identsOf(places.set()), "POLE ");
     places.forget();
     EXPECT_TRUE(look(89.8, 140, 40));
+}
+
+TEST_F(PlacesTest, FeedsAreOneToTheViewUntilTheLastIsComplete) {
+    TestDatabase file;
+    for (int i = 0; i <= static_cast<int>(MapPlaces::kRecordsPerUpdate); ++i)
+        file.addAirport(numbered("A", 100 + i), 50 + i * 1e-4, 8);
+    open(file);
+    MapFeeds feeds(database_);
+    MapViewport viewport;
+    viewport.layout(PageId::Map, 800, 400);
+    CockpitData data;
+    const Settings settings;
+    const auto update = [&] { return feeds.update({{viewport, atDegrees(50, 8), 0, kView}, data, settings}); };
+    EXPECT_TRUE(update());
+    EXPECT_FALSE(feeds.isComplete()) << "more records than one piece";
+    EXPECT_TRUE(update());
+    EXPECT_TRUE(feeds.isComplete());
+    EXPECT_FALSE(update());
+    VirtualClock clock;
+    const auto track = std::make_shared<Track>(clock);
+    track->AddTrackPoint(atDegrees(50, 8), 100, 0, 2000);
+    data.track = track;
+    EXPECT_TRUE(update()) << "the track has grown";
+    EXPECT_FALSE(update());
+    MapScene scene{.data = data, .viewport = viewport};
+    feeds.addTo(scene);
+    EXPECT_EQ(scene.places, &feeds.places());
+    EXPECT_TRUE(IsValid(scene.track->end()));
+    feeds.forget();
+    EXPECT_TRUE(feeds.places().places.empty() && !IsValid(scene.track->end()));
 }
 
 TEST(PlaceClass, SaysWhatShowsHowFarOut) {
@@ -197,7 +233,7 @@ struct NearMap {
     void paint(RecordingCanvas& canvas, const CockpitData& data, const PlaceSet& set) const {
         const ColorScheme scheme;
         const MapColorCache colors(scheme);
-        PagePainter(colors).paint(canvas, PageId::NorthUp, {.data = data, .viewport = viewport, .places = &set});
+        paintMap(canvas, {.data = data, .viewport = viewport, .turns = false, .places = &set}, colors);
     }
 };
 

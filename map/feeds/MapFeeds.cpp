@@ -1,0 +1,28 @@
+#include "map/feeds/MapFeeds.h"
+
+#include <algorithm>
+
+namespace korvel {
+
+bool MapFeeds::update(const FeedRequest& request) {
+    bool changed = false;
+    for (ViewFeed* feed : all_)
+        changed = feed->update(request) || changed;
+    return changed;
+}
+
+bool MapFeeds::isComplete() const {
+    return std::ranges::all_of(all_, [](const ViewFeed* feed) { return feed->isComplete(); });
+}
+
+void MapFeeds::forget() {
+    for (ViewFeed* feed : all_)
+        feed->forget();
+}
+
+void MapFeeds::addTo(MapScene& scene) const {
+    for (const ViewFeed* feed : all_)
+        feed->addTo(scene);
+}
+
+}  // namespace korvel
