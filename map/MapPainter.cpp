@@ -1,13 +1,14 @@
 #include "map/MapPainter.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
 
 #include "cockpit/PlaceClass.h"
-#include "map/MapFrame.h"
 #include "map/layers/AircraftLayer.h"
 #include "map/layers/ApproachLayer.h"
+#include "map/layers/CompassRoseLayer.h"
 #include "map/layers/FurnitureLayer.h"
 #include "map/layers/GridLayer.h"
 #include "map/layers/MeasureLayer.h"
@@ -16,113 +17,109 @@
 #include "map/layers/RangeRingLayer.h"
 #include "map/layers/RunwayLayer.h"
 #include "map/layers/TrackLayer.h"
-#include "paint/MapLook.h"
 
 namespace korvel {
 namespace {
 
-void paintBackground(const MapFrame& frame, Canvas& canvas) {
-    canvas.rect(frame.view, Brush{frame.colors[ColorKey::MapBackground]}, std::nullopt);
-}
+class BackgroundLayer final : public Layer {
+ public:
+    using Layer::Layer;
 
-void paintInstrument(const MapFrame& frame, Canvas& /*canvas*/) {
-    if (frame.overMap)
-        frame.overMap();
-}
+    void paint(Canvas& canvas) const override {
+        canvas.rect(view().area, Brush{color(ColorKey::MapBackground)}, std::nullopt);
+    }
+};
+
+/// What the page lays over the map.
+class InstrumentLayer final : public Layer {
+ public:
+    using Layer::Layer;
+
+    void layOut(const TextMeasure& /*texts*/, LabelRoom& room) override {
+        for (const Rect& area : content().covered)
+            room.taken.reserve(area);
+    }
+    void paint(Canvas& /*canvas*/) const override {
+        if (content().overMap)
+            content().overMap();
+    }
+};
 
 constexpr int kNearest = kRangeStepsNm.front();
 constexpr int kFarthest = kRangeStepsNm.back();
 
+template <class Kind>
+std::shared_ptr<Layer> make(const MapContent& content) {
+    return std::make_shared<Kind>(content);
+}
+
+template <class Kind>
+constexpr MapLayer layer(std::string_view name, Turn turn, int toRangeNm = kFarthest) {
+    return {name, kNearest, toRangeNm, turn, make<Kind>, &Layer::paint};
+}
+
+/// The words of a layer whose own row stands before.
+template <class Kind>
+constexpr MapLayer words(std::string_view name, Turn turn, int toRangeNm = kFarthest) {
+    return {name, kNearest, toRangeNm, turn, make<Kind>, &Layer::paintWords};
+}
+
 constexpr std::array kLayers{
-    MapLayer{"background", kNearest, kFarthest, paintBackground},
-    MapLayer{"grid", kNearest, kFarthest, paintGrid},
-    MapLayer{"range rings", kNearest, kFarthest, paintRangeRings},
-    MapLayer{"compass roses", kNearest, kRosesToNm, paintCompassRoses},
-    MapLayer{"runways", kNearest, kRunwaysToNm, paintRunways},
-    MapLayer{"places", kNearest, kFarthest, paintPlaces},
-    MapLayer{"grid labels", kNearest, kFarthest, paintGridLabels},
-    MapLayer{"ring distances", kNearest, kFarthest, paintRingLabels},
-    MapLayer{"track", kNearest, kFarthest, paintTrack},
-    MapLayer{"plan", kNearest, kFarthest, paintPlan},
-    MapLayer{"names", kNearest, kFarthest, paintNames},
-    MapLayer{"approach", kNearest, kFarthest, paintApproach},
-    MapLayer{"aircraft", kNearest, kFarthest, paintAircraft},
-    MapLayer{"ruler", kNearest, kFarthest, paintMeasure},
-    MapLayer{"instrument", kNearest, kFarthest, paintInstrument},
-    MapLayer{"furniture", kNearest, kFarthest, paintFurniture},
+    layer<BackgroundLayer>("background", Turn::Ground),
+    layer<GridLayer>("grid", Turn::Grid),
+    layer<RangeRingLayer>("range rings", Turn::Rings),
+    layer<CompassRoseLayer>("compass roses", Turn::Ground, kRosesToNm),
+    layer<RunwayLayer>("runways", Turn::Ground, kRunwaysToNm),
+    layer<PlaceLayer>("places", Turn::Ground),
+    words<GridLayer>("grid labels", Turn::Grid),
+    words<RangeRingLayer>("ring distances", Turn::Rings),
+    layer<TrackLayer>("track", Turn::Ground),
+    layer<PlanLayer>("plan", Turn::Plan),
+    words<RunwayLayer>("runway numbers", Turn::Ground, kRunwaysToNm),
+    words<PlaceLayer>("names", Turn::Ground),
+    layer<ApproachLayer>("approach", Turn::Approach),
+    layer<AircraftLayer>("aircraft", Turn::Fixed),
+    layer<MeasureLayer>("ruler", Turn::Ruler),
+    layer<InstrumentLayer>("instrument", Turn::Fixed),
+    layer<FurnitureLayer>("furniture", Turn::Fixed),
 };
 
-/// Where the aircraft is drawn that never had a position: far outside any view.
-constexpr Point kNowhere{-1e6, -1e6};
+/// A row of the table with its layer of this frame, which two rows may share.
+struct Shown {
+    const MapLayer* row;
+    std::shared_ptr<Layer> layer;
+};
+
+std::vector<Shown> layersOf(const MapContent& content) {
+    std::vector<Shown> shown;
+    shown.reserve(kLayers.size());
+    for (const MapLayer& row : kLayers) {
+        if (content.view.rangeNm < row.fromRangeNm || content.view.rangeNm > row.toRangeNm)
+            continue;
+        const auto same =
+            std::ranges::find(shown, row.make, [](const Shown& other) { return other.row->make; });
+        shown.push_back({&row, same != shown.end() ? same->layer : row.make(content)});
+    }
+    return shown;
+}
+
+void layOut(std::vector<Shown> shown, const TextMeasure& texts, const MapContent& content) {
+    LabelRoom room(content.view.area);
+    std::ranges::stable_sort(shown, {}, [](const Shown& each) { return each.row->turn; });
+    for (const Shown& each : shown)
+        if (each.row->paint == &Layer::paint)
+            each.layer->layOut(texts, room);
+}
 
 }  // namespace
 
 std::span<const MapLayer> mapLayers() { return kLayers; }
 
-void paintMap(Canvas& canvas, const MapScene& scene, const MapColorCache& colors) {
-    const CockpitData& data = scene.data;
-    const std::optional<GeoPoint> position = data.position ? data.position : data.lastPosition;
-    const std::optional<GeoPoint> center = scene.lookAt ? scene.lookAt : position;
-    if (!center || !IsValid(*center))
-        return;
-    const MapProjection projection = scene.viewport.projection(*center, scene.upTrueDeg);
-    const Point aircraft = position ? projection.project(*position) : kNowhere;
-    const Rect view = canvas.area();
-    const TextMeasure& texts = canvas.textMeasure();
-    const int rangeNm = scene.viewport.currentRangeNm();
-    const double textPx = mapTextPx(view.width, view.height);
-    const MapFurniture furniture =
-        layOutFurniture(texts, view, data, projection, rangeNm, textPx,
-                        {.moved = scene.lookAt.has_value(), .alarms = scene.alarms});
-
-    LabelSpace labels(view);
-    for (const Rect& area : furniture.areas())
-        labels.reserve(area);
-    labels.reserve(aircraftArea(aircraft, textPx));
-    for (const Rect& area : scene.covered)
-        labels.reserve(area);
-    std::optional<MeasureLook> measureLook;
-    if (scene.measure != nullptr)
-        measureLook = layOutMeasure(texts, *scene.measure, data, projection, view, textPx, labels);
-    const std::vector<PlanLine> plan = tracePlan(data, projection, view);
-    LabelSpace planLines(view);
-    reservePlanLines(plan, planLines);
-    // Before all layers: no name on the map is more important than those of the plan.
-    const std::vector<PlanMark> planMarks =
-        layOutPlan(texts, data, projection, view, textPx, labels, planLines);
-    const std::vector<ApproachMark> approachMarks =
-        layOutApproach(texts, data, projection, view, textPx, labels, planLines);
-    const std::vector<RingLabel> ringLabels =
-        layOutRingLabels(texts, projection, aircraft, rangeNm, textPx, scene.places, labels);
-
-    const std::vector<GridLine> grid = gridLines(projection, view);
-    std::vector<MapName> names;
-    const MapFrame frame{.data = data,
-                         .colors = colors,
-                         .projection = projection,
-                         .aircraft = aircraft,
-                         .view = view,
-                         .rangeNm = rangeNm,
-                         .turns = scene.turns,
-                         .textPx = textPx,
-                         .furniture = furniture,
-                         .labels = labels,
-                         .names = names,
-                         .planLines = planLines,
-                         .places = scene.places,
-                         .track = scene.track,
-                         .measure = scene.measure,
-                         .measureLook = std::move(measureLook),
-                         .grid = grid,
-                         .plan = plan,
-                         .planMarks = planMarks,
-                         .approachMarks = approachMarks,
-                         .ringLabels = ringLabels,
-                         .overMap = scene.overMap};
-    for (const MapLayer& layer : mapLayers()) {
-        if (rangeNm >= layer.fromRangeNm && rangeNm <= layer.toRangeNm)
-            layer.paint(frame, canvas);
-    }
+void paintMap(Canvas& canvas, const MapContent& content) {
+    const std::vector<Shown> shown = layersOf(content);
+    layOut(shown, canvas.textMeasure(), content);
+    for (const Shown& each : shown)
+        (*each.layer.*each.row->paint)(canvas);
 }
 
 }  // namespace korvel

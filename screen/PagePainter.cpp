@@ -53,8 +53,8 @@ void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
         return;
     }
     // Without an aircraft the map still shows what the pilot looks for.
-    const bool looksElsewhere = scene.lookAt && isMap(page);
-    if (!data.position && !data.lastPosition && !looksElsewhere) {
+    const auto center = mapCenter(data, isMap(page) ? scene.lookAt : std::nullopt);
+    if (!center) {
         paintStatusScreen(canvas, data, colors_);
         return;
     }
@@ -87,18 +87,19 @@ void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
         overMap = [&, place] { paintHsiOverMap(canvas, data, place, colors_); };
     }
     // Pages that are not drawn yet show the map: better than nothing in flight.
-    MapScene map{.data = data,
-                 .viewport = scene.viewport,
-                 .upTrueDeg = turns(page) ? scene.upTrueDeg : 0,
-                 .turns = turns(page),
-                 .lookAt = scene.lookAt,
-                 .measure = scene.measure,
-                 .overMap = overMap,
-                 .covered = covered,
-                 .alarms = scene.alarms};
+    MapContent map{
+        .data = data,
+        .colors = colors_,
+        .view = {scene.viewport, *center, turns(page) ? scene.upTrueDeg : 0, canvas.area()},
+        .turns = turns(page),
+        .moved = scene.lookAt.has_value(),
+        .measure = scene.measure,
+        .overMap = overMap,
+        .covered = covered,
+        .alarms = scene.alarms};
     if (scene.feeds != nullptr)
         scene.feeds->addTo(map);
-    paintMap(canvas, map, colors_);
+    paintMap(canvas, map);
 }
 
 }  // namespace korvel

@@ -10,7 +10,6 @@
 #include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
 #include "map/MapPainter.h"
-#include "map/MapView.h"
 #include "map/feeds/MapFeeds.h"
 #include "paint/ColorScheme.h"
 #include "paint/MapColorCache.h"
@@ -114,15 +113,17 @@ int drawMap(const Invocation& call, const MapOptions& options) {
     if (loaded.database.files().empty())
         data.databaseNotice = text(kStatusTexts.noDatabase);
     const int upDeg = PagePainter::turns(page) ? angle : 0;
-    const MapView view(viewport, *data.position, upDeg, canvas.area());
+    const MapColorCache colors(scheme);
+    MapContent content{.data = data,
+                       .colors = colors,
+                       .view = {viewport, *data.position, upDeg, canvas.area()},
+                       .turns = PagePainter::turns(page)};
     MapFeeds feeds(loaded.database);
     do {
-        feeds.update({view, data, Settings()});
+        feeds.update({content.view, data, Settings()});
     } while (!feeds.isComplete());
-    MapScene map{
-        .data = data, .viewport = viewport, .upTrueDeg = upDeg, .turns = PagePainter::turns(page)};
-    feeds.addTo(map);
-    paintMap(canvas, map, MapColorCache(scheme));
+    feeds.addTo(content);
+    paintMap(canvas, content);
     return options.picture.write(call, canvas);
 }
 

@@ -20,9 +20,9 @@ void MapFeeds::forget() {
         feed->forget();
 }
 
-void MapFeeds::addTo(MapScene& scene) const {
+void MapFeeds::addTo(MapContent& content) const {
     for (const ViewFeed* feed : all_)
-        feed->addTo(scene);
+        feed->addTo(content);
 }
 
 }  // namespace korvel

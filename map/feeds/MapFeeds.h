@@ -20,7 +20,7 @@ class MapFeeds {
     bool isComplete() const;
     void forget();
     /// Hands what they hold to a frame.
-    void addTo(MapScene& scene) const;
+    void addTo(MapContent& content) const;
 
     /// What a finger may touch.
     const PlaceSet& places() const { return places_.set(); }

@@ -7,7 +7,7 @@
 #include "cockpit/PlaceDetails.h"
 #include "geo/Geodesy.h"
 #include "geo/WholeDegreeTrig.h"
-#include "map/MapPainter.h"
+#include "map/MapContent.h"
 #include "map/MapView.h"
 #include "navdb/NavDatabase.h"
 
@@ -109,7 +109,7 @@ void MapPlaces::forget() {
     complete_ = false;
 }
 
-void MapPlaces::addTo(MapScene& scene) const { scene.places = &set_; }
+void MapPlaces::addTo(MapContent& content) const { content.places = &set_; }
 
 void MapPlaces::fetch(const GeoBox& box, int rangeNm, const MapPlaceOptions& options) {
     set_.places.clear();

@@ -31,7 +31,7 @@ class MapPlaces final : public ViewFeed {
     bool update(const FeedRequest& request) override;
     bool isComplete() const override { return complete_; }
     void forget() override;
-    void addTo(MapScene& scene) const override;
+    void addTo(MapContent& content) const override;
 
     const PlaceSet& set() const { return set_; }
 

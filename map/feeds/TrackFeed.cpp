@@ -1,12 +1,12 @@
 #include "map/feeds/TrackFeed.h"
 
 #include "cockpit/CockpitData.h"
-#include "map/MapPainter.h"
+#include "map/MapContent.h"
 
 namespace korvel {
 
 bool TrackFeed::update(const FeedRequest& request) { return levels_.update(request.data.track); }
 
-void TrackFeed::addTo(MapScene& scene) const { scene.track = &levels_; }
+void TrackFeed::addTo(MapContent& content) const { content.track = &levels_; }
 
 }  // namespace korvel

@@ -11,7 +11,7 @@ class TrackFeed final : public ViewFeed {
     bool update(const FeedRequest& request) override;
     bool isComplete() const override { return true; }
     void forget() override { levels_ = {}; }
-    void addTo(MapScene& scene) const override;
+    void addTo(MapContent& content) const override;
 
  private:
     TrackLevels levels_;

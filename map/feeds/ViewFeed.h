@@ -5,7 +5,7 @@
 namespace korvel {
 
 struct CockpitData;
-struct MapScene;
+struct MapContent;
 struct Settings;
 
 /// What a feed goes by.
@@ -33,7 +33,7 @@ class ViewFeed {
     virtual void forget() = 0;
 
     /// Hands what it holds to a frame, which must not outlive it nor its next update.
-    virtual void addTo(MapScene& scene) const = 0;
+    virtual void addTo(MapContent& content) const = 0;
 };
 
 }  // namespace korvel

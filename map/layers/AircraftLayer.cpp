@@ -1,10 +1,9 @@
 #include "map/layers/AircraftLayer.h"
 
 #include <cmath>
-#include <optional>
 #include <vector>
 
-#include "map/MapFrame.h"
+#include "cockpit/CockpitData.h"
 #include "paint/Clip.h"
 #include "paint/Shapes.h"
 
@@ -15,24 +14,12 @@ double halfLength(double textPx) { return std::round(textPx * 1.55); }
 
 // The direction on the screen; nothing while no track is known, on a turning map as well: it then
 // keeps its last angle, or lies north up, and neither is where the aircraft goes.
-std::optional<double> screenAngle(const MapFrame& frame) {
-    if (!frame.data.trackTrueDeg)
+std::optional<double> screenAngle(const MapContent& content) {
+    if (!content.data.trackTrueDeg)
         return std::nullopt;
-    if (frame.turns)
+    if (content.turns)
         return 0;
-    return *frame.data.trackTrueDeg - frame.projection.angleDeg();
-}
-
-void paintLost(const MapFrame& frame, Canvas& canvas) {
-    const Point at = frame.aircraft;
-    const double size = halfLength(frame.textPx);
-    const ColorValue background = frame.colors[ColorKey::MapBackground];
-    const ColorValue danger = frame.colors[ColorKey::MapObstacleDanger];
-    canvas.polygon(aircraftOutline(at, size, screenAngle(frame).value_or(0)), Brush{background},
-                   Pen{frame.colors[ColorKey::HsiAirplane], 1.5, PenStyle::Solid});
-    for (const Pen& pen : {Pen{background, 6, PenStyle::Solid}, Pen{danger, 3, PenStyle::Solid}})
-        for (const double side : {-1.0, 1.0})
-            canvas.line({at.x - size, at.y - side * size}, {at.x + size, at.y + side * size}, pen);
+    return *content.data.trackTrueDeg - content.view.projection.angleDeg();
 }
 
 }  // namespace
@@ -42,27 +29,44 @@ Rect aircraftArea(Point center, double textPx) {
     return {center.x - half, center.y - half, 2 * half, 2 * half};
 }
 
-void paintAircraft(const MapFrame& frame, Canvas& canvas) {
-    if (!grown(frame.view, 3 * halfLength(frame.textPx)).contains(frame.aircraft))
+void AircraftLayer::layOut(const TextMeasure& /*texts*/, LabelRoom& room) {
+    at_ = content().aircraft();
+    size_ = halfLength(view().textPx);
+    angleDeg_ = screenAngle(content());
+    isSeen_ = grown(view().area, 3 * size_).contains(at_);
+    room.taken.reserve(aircraftArea(at_, view().textPx));
+}
+
+void AircraftLayer::paintLost(Canvas& canvas) const {
+    const ColorValue background = color(ColorKey::MapBackground);
+    const ColorValue danger = color(ColorKey::MapObstacleDanger);
+    canvas.polygon(aircraftOutline(at_, size_, angleDeg_.value_or(0)), Brush{background},
+                   Pen{color(ColorKey::HsiAirplane), 1.5, PenStyle::Solid});
+    for (const Pen& pen : {Pen{background, 6, PenStyle::Solid}, Pen{danger, 3, PenStyle::Solid}})
+        for (const double side : {-1.0, 1.0})
+            canvas.line({at_.x - size_, at_.y - side * size_},
+                        {at_.x + size_, at_.y + side * size_}, pen);
+}
+
+void AircraftLayer::paint(Canvas& canvas) const {
+    if (!isSeen_)
         return;
-    if (!frame.data.position) {
-        paintLost(frame, canvas);
+    if (!content().data.position) {
+        paintLost(canvas);
         return;
     }
-    const Point at = frame.aircraft;
-    const double size = halfLength(frame.textPx);
-    const Brush ink{frame.colors[ColorKey::HsiAirplane]};
-    const Pen rim{frame.colors[ColorKey::MapBackground], 2, PenStyle::Solid};
-    if (const std::optional<double> angle = screenAngle(frame)) {
+    const Brush ink{color(ColorKey::HsiAirplane)};
+    const Pen rim{color(ColorKey::MapBackground), 2, PenStyle::Solid};
+    if (angleDeg_) {
         // The rim first and the solid over its inner half: the shape keeps its thin parts.
-        const std::vector<Point> outline = aircraftOutline(at, size, *angle);
+        const std::vector<Point> outline = aircraftOutline(at_, size_, *angleDeg_);
         canvas.polygon(outline, std::nullopt, Pen{rim.color, 2 * rim.width, PenStyle::Solid});
         canvas.polygon(outline, ink, std::nullopt);
         return;
     }
-    canvas.circle(at, size * 0.6, std::nullopt, Pen{rim.color, 6, PenStyle::Solid});
-    canvas.circle(at, size * 0.6, std::nullopt, Pen{ink.color, 3, PenStyle::Solid});
-    canvas.circle(at, size * 0.22, ink, std::nullopt);
+    canvas.circle(at_, size_ * 0.6, std::nullopt, Pen{rim.color, 6, PenStyle::Solid});
+    canvas.circle(at_, size_ * 0.6, std::nullopt, Pen{ink.color, 3, PenStyle::Solid});
+    canvas.circle(at_, size_ * 0.22, ink, std::nullopt);
 }
 
 }  // namespace korvel

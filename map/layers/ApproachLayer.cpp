@@ -6,7 +6,6 @@
 #include "base/TextNumbers.h"
 #include "geo/GeoText.h"
 #include "geo/Units.h"
-#include "map/MapFrame.h"
 #include "paint/TextBox.h"
 
 namespace korvel {
@@ -96,13 +95,18 @@ std::vector<ApproachMark> layOutApproach(const TextMeasure& texts, const Cockpit
     return marks;
 }
 
-void paintApproach(const MapFrame& frame, Canvas& canvas) {
-    const ColorValue background = frame.colors[ColorKey::MapBackground];
-    const ColorValue ink = frame.colors[ColorKey::MapFlightPlanActive];
-    TextStyle style = labelStyle(frame.textPx);
+void ApproachLayer::layOut(const TextMeasure& texts, LabelRoom& room) {
+    marks_ = layOutApproach(texts, content().data, view().projection, view().area, view().textPx,
+                            room.taken, room.planLines);
+}
+
+void ApproachLayer::paint(Canvas& canvas) const {
+    const ColorValue background = color(ColorKey::MapBackground);
+    const ColorValue ink = color(ColorKey::MapFlightPlanActive);
+    TextStyle style = labelStyle(view().textPx);
     style.color = ink;
     style.halo = background;
-    for (const ApproachMark& mark : frame.approachMarks) {
+    for (const ApproachMark& mark : marks_) {
         canvas.line(mark.tick.from, mark.tick.to, {background, 3 + 2 * kHaloPx, PenStyle::Solid});
         canvas.line(mark.tick.from, mark.tick.to, {ink, 3, PenStyle::Solid});
         if (!mark.label.empty())

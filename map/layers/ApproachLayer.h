@@ -4,13 +4,9 @@
 #include <vector>
 
 #include "cockpit/CockpitData.h"
-#include "paint/Canvas.h"
-#include "paint/LabelSpace.h"
+#include "map/layers/Layer.h"
 
 namespace korvel {
-
-class MapProjection;
-struct MapFrame;
 
 /// A distance from the threshold, marked on the runway's extended center line.
 struct ApproachMark {
@@ -27,7 +23,16 @@ std::vector<ApproachMark> layOutApproach(const TextMeasure& texts, const Cockpit
                                          double textPx, LabelSpace& labels,
                                          const LabelSpace& lines);
 
-/// MapFrame::approachMarks, over the line that the plan's layer has drawn.
-void paintApproach(const MapFrame& frame, Canvas& canvas);
+/// The marks, over the line that the plan's layer has drawn.
+class ApproachLayer final : public Layer {
+ public:
+    using Layer::Layer;
+
+    void layOut(const TextMeasure& texts, LabelRoom& room) override;
+    void paint(Canvas& canvas) const override;
+
+ private:
+    std::vector<ApproachMark> marks_;
+};
 
 }  // namespace korvel

@@ -3,11 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <string>
 #include <utility>
-#include <vector>
 
-#include "map/MapFrame.h"
 #include "paint/Clip.h"
 #include "paint/TextBox.h"
 
@@ -39,42 +36,48 @@ std::vector<Point> labelPlaces(const Segment& line, const Rect& view, const Text
     return places;
 }
 
-TextStyle labelStyle(const MapFrame& frame) {
-    const ColorValue background = frame.colors[ColorKey::MapBackground];
-    return {.font = {.height = frame.textPx},
-            .color = blended(frame.colors[ColorKey::MapGrid], background, kLabelFaded),
+}  // namespace
+
+TextStyle GridLayer::style() const {
+    const ColorValue background = color(ColorKey::MapBackground);
+    return {.font = {.height = view().textPx},
+            .color = blended(color(ColorKey::MapGrid), background, kLabelFaded),
             .alignX = AlignX::Center,
             .alignY = AlignY::Middle,
             .halo = background};
 }
 
-}  // namespace
+void GridLayer::layOut(const TextMeasure& texts, LabelRoom& room) {
+    lines_ = gridLines(view().projection, view().area);
+    const TextStyle look = style();
+    for (const GridLine& line : lines_) {
+        const TextExtent extent = texts.measure(line.label, look.font);
+        const std::vector<Point> places = labelPlaces(line.segment, view().area, extent);
+        std::vector<Rect> boxes(places.size());
+        std::ranges::transform(places, boxes.begin(), [&](Point place) {
+            return grown(textBox(place, extent, look), kLabelMargin);
+        });
+        if (const auto found = claimFirst(room.taken, boxes, room.planLines))
+            labels_.push_back({line.label, places[*found], boxes[*found]});
+    }
+}
 
-void paintGrid(const MapFrame& frame, Canvas& canvas) {
+void GridLayer::paint(Canvas& canvas) const {
     std::vector<Segment> segments;
-    segments.reserve(frame.grid.size());
-    for (const GridLine& line : frame.grid)
+    segments.reserve(lines_.size());
+    for (const GridLine& line : lines_)
         segments.push_back(line.segment);
-    canvas.lines(segments, {.color = blended(frame.colors[ColorKey::MapGrid],
-                                             frame.colors[ColorKey::MapBackground], kFaded),
+    canvas.lines(segments, {.color = blended(color(ColorKey::MapGrid),
+                                             color(ColorKey::MapBackground), kFaded),
                             .width = 1});
 }
 
-void paintGridLabels(const MapFrame& frame, Canvas& canvas) {
-    const TextStyle style = labelStyle(frame);
-    for (const GridLine& line : frame.grid) {
-        const TextExtent extent = canvas.textMeasure().measure(line.label, style.font);
-        const std::vector<Point> places = labelPlaces(line.segment, frame.view, extent);
-        std::vector<Rect> boxes(places.size());
-        std::ranges::transform(places, boxes.begin(), [&](Point place) {
-            return grown(textBox(place, extent, style), kLabelMargin);
-        });
-        const auto found = claimFirst(frame.labels, boxes, frame.planLines);
-        if (!found)
-            continue;
+void GridLayer::paintWords(Canvas& canvas) const {
+    const TextStyle look = style();
+    for (const Label& label : labels_) {
         // The line stops on both sides of it.
-        canvas.rect(boxes[*found], Brush{frame.colors[ColorKey::MapBackground]}, std::nullopt);
-        canvas.text(places[*found], line.label, style);
+        canvas.rect(label.box, Brush{color(ColorKey::MapBackground)}, std::nullopt);
+        canvas.text(label.at, label.text, look);
     }
 }
 

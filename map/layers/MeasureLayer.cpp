@@ -9,9 +9,7 @@
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "map/GreatCircleLine.h"
-#include "map/MapFrame.h"
 #include "paint/Clip.h"
-#include "paint/LabelSpace.h"
 #include "paint/MapLook.h"
 
 namespace korvel {
@@ -71,26 +69,21 @@ Rect placeLabel(Point middle, double width, double height, const Rect& view, dou
 
 class MeasurePainter {
  public:
-    MeasurePainter(const MapFrame& frame, Canvas& canvas)
-        : frame_(frame),
+    MeasurePainter(const MapContent& content, Canvas& canvas)
+        : textPx_(content.view.textPx),
           canvas_(canvas),
-          ground_(frame.colors[ColorKey::MapInfoBackground]),
-          ink_(frame.colors[ColorKey::MapInfoText]) {}
+          ground_(content.colors[ColorKey::MapInfoBackground]),
+          ink_(content.colors[ColorKey::MapInfoText]) {}
 
-    void line(GeoPoint from, GeoPoint to) const {
-        const auto trace = [&](const Pen& pen) {
-            traceGreatCircle(frame_.projection, from, to, grown(frame_.view, kLineWidth),
-                             [&](std::span<const Point> piece) { canvas_.polyline(piece, pen); });
-        };
-        trace({ground_, kLineWidth + 2 * kRim, PenStyle::Solid});
-        trace({ink_, kLineWidth, PenStyle::Dash});
+    void line(const std::vector<std::vector<Point>>& pieces) const {
+        for (const Pen& pen : {Pen{ground_, kLineWidth + 2 * kRim, PenStyle::Solid},
+                               Pen{ink_, kLineWidth, PenStyle::Dash}})
+            for (const std::vector<Point>& piece : pieces)
+                canvas_.polyline(piece, pen);
     }
 
-    void end(GeoPoint position) const {
-        const Point at = frame_.projection.project(position);
-        if (!frame_.view.contains(at))
-            return;
-        const double radius = std::round(frame_.textPx * 0.5);
+    void end(Point at) const {
+        const double radius = std::round(textPx_ * 0.5);
         canvas_.circle(at, radius, std::nullopt, Pen{ground_, 6, PenStyle::Solid});
         canvas_.circle(at, radius, std::nullopt, Pen{ink_, 2.5, PenStyle::Solid});
     }
@@ -100,7 +93,7 @@ class MeasurePainter {
         const double step = look.label.height / static_cast<double>(look.lines.size());
         double middle = look.label.y + step / 2;
         for (const std::string& line : look.lines) {
-            canvas_.text({look.label.center().x, middle}, line, centered(infoFont(frame_.textPx)));
+            canvas_.text({look.label.center().x, middle}, line, centered(infoFont(textPx_)));
             middle += step;
         }
     }
@@ -113,7 +106,7 @@ class MeasurePainter {
                                  Segment{{c.x - arm, c.y + arm}, {c.x + arm, c.y - arm}}},
                       Pen{ink_, 3, PenStyle::Solid});
         canvas_.text({c.x, box.y + box.height * 0.78}, text(kStatusTexts.measureButton),
-                     centered({.height = frame_.textPx, .weight = FontWeight::Bold}));
+                     centered({.height = textPx_, .weight = FontWeight::Bold}));
     }
 
  private:
@@ -121,7 +114,7 @@ class MeasurePainter {
         return {.font = font, .color = ink_, .alignX = AlignX::Center, .alignY = AlignY::Middle};
     }
 
-    const MapFrame& frame_;
+    double textPx_;
     Canvas& canvas_;
     ColorValue ground_;
     ColorValue ink_;
@@ -179,23 +172,37 @@ std::optional<MeasureLook> layOutMeasure(const TextMeasure& texts, const Measure
     return look;
 }
 
-void paintMeasure(const MapFrame& frame, Canvas& canvas) {
-    if (frame.measure == nullptr || !frame.measureLook)
+void MeasureLayer::layOut(const TextMeasure& texts, LabelRoom& room) {
+    if (content().measure == nullptr)
         return;
-    const MeasurePainter painter(frame, canvas);
+    const MeasureTool& tool = *content().measure;
+    look_ = layOutMeasure(texts, tool, content().data, view().projection, view().area,
+                          view().textPx, room.taken);
     const auto position = [&](const std::optional<MeasureEnd>& end) {
-        return end ? positionOf(*end, frame.data) : std::nullopt;
+        return end ? positionOf(*end, content().data) : std::nullopt;
     };
-    const auto from = position(frame.measure->from());
-    const auto to = position(frame.measure->to());
+    const auto from = position(tool.from());
+    const auto to = position(tool.to());
     if (from && to)
-        painter.line(*from, *to);
+        traceGreatCircle(
+            view().projection, *from, *to, grown(view().area, kLineWidth),
+            [&](std::span<const Point> piece) { line_.emplace_back(piece.begin(), piece.end()); });
     for (const auto& end : {from, to})
         if (end)
-            painter.end(*end);
-    if (!frame.measureLook->lines.empty())
-        painter.label(*frame.measureLook);
-    painter.close(frame.measureLook->close);
+            ends_.push_back(view().projection.project(*end));
+    std::erase_if(ends_, [&](Point at) { return !view().area.contains(at); });
+}
+
+void MeasureLayer::paint(Canvas& canvas) const {
+    if (!look_)
+        return;
+    const MeasurePainter painter(content(), canvas);
+    painter.line(line_);
+    for (const Point& end : ends_)
+        painter.end(end);
+    if (!look_->lines.empty())
+        painter.label(*look_);
+    painter.close(look_->close);
 }
 
 }  // namespace korvel

@@ -5,12 +5,9 @@
 #include <vector>
 
 #include "map/MeasureTool.h"
-#include "paint/Canvas.h"
+#include "map/layers/Layer.h"
 
 namespace korvel {
-
-struct MapFrame;
-class LabelSpace;
 
 /// Where the ruler's words stand, as numbers.
 struct MeasureLook {
@@ -33,6 +30,17 @@ std::optional<MeasureLook> layOutMeasure(const TextMeasure& texts, const Measure
                                          const Rect& view, double textPx, LabelSpace& labels);
 
 /// The ruler: its line, its ends, its label and the button that ends it.
-void paintMeasure(const MapFrame& frame, Canvas& canvas);
+class MeasureLayer final : public Layer {
+ public:
+    using Layer::Layer;
+
+    void layOut(const TextMeasure& texts, LabelRoom& room) override;
+    void paint(Canvas& canvas) const override;
+
+ private:
+    std::optional<MeasureLook> look_;
+    std::vector<std::vector<Point>> line_;  ///< its connected parts
+    std::vector<Point> ends_;               ///< those in the view
+};
 
 }  // namespace korvel

@@ -1,17 +1,21 @@
 #pragma once
 
+#include "map/layers/Layer.h"
+#include "map/layers/PlaceLayout.h"
+
 namespace korvel {
 
-class Canvas;
-struct MapFrame;
+/// The symbols of airports, navaids and fixes, and their names.
+class PlaceLayer final : public Layer {
+ public:
+    using Layer::Layer;
 
-/// Compass roses around the VORs, each turned to its magnetic north; none where that is unknown.
-void paintCompassRoses(const MapFrame& frame, Canvas& canvas);
+    void layOut(const TextMeasure& texts, LabelRoom& room) override;
+    void paint(Canvas& canvas) const override;
+    void paintWords(Canvas& canvas) const override;
 
-/// The symbols of airports, navaids and fixes.
-void paintPlaces(const MapFrame& frame, Canvas& canvas);
-
-/// The names of MapFrame::names.
-void paintNames(const MapFrame& frame, Canvas& canvas);
+ private:
+    PlaceLayout layout_;
+};
 
 }  // namespace korvel

@@ -6,8 +6,8 @@
 
 #include "geo/Geodesy.h"
 #include "geo/WholeDegreeTrig.h"
-#include "map/MapFrame.h"
 #include "map/layers/AircraftLayer.h"
+#include "map/layers/Layer.h"
 #include "paint/Clip.h"
 #include "paint/TextBox.h"
 
@@ -53,52 +53,55 @@ bool isMinor(PlaceClass placeClass) {
 
 class LayoutBuilder {
  public:
-    LayoutBuilder(const MapFrame& frame, const TextMeasure& texts)
-        : frame_(frame),
+    LayoutBuilder(const MapContent& content, const TextMeasure& texts, LabelRoom& room)
+        : content_(content),
+          view_(content.view),
+          options_(content.places->options),
           texts_(texts),
-          sparse_(frame.rangeNm >= kSparseFromNm),
-          aircraft_(aircraftArea(frame.aircraft, frame.textPx)),
-          taken_(frame.view) {}
+          room_(room),
+          sparse_(view_.rangeNm >= kSparseFromNm),
+          aircraft_(aircraftArea(content.aircraft(), view_.textPx)),
+          taken_(view_.area) {}
 
-    std::vector<PlaceMark> build() {
-        for (const MapPlace& place : frame_.places->places) {
-            if (marks_.size() == kMostMarks)
+    PlaceLayout build() {
+        for (const MapPlace& place : content_.places->places) {
+            if (layout_.marks.size() == kMostMarks)
                 break;
-            if (isShown(place.place, place.placeClass, frame_.rangeNm, frame_.places->options))
+            if (isShown(place.place, place.placeClass, view_.rangeNm, options_))
                 add(place);
         }
         // Close by all symbols stand; the names find their room among them.
         if (!sparse_)
-            for (const PlaceMark& mark : marks_)
+            for (const PlaceMark& mark : layout_.marks)
                 label(mark);
-        return std::move(marks_);
+        return std::move(layout_);
     }
 
  private:
     void add(const MapPlace& place) {
         const PlaceMark mark = markOf(place);
-        if (!overlap(mark.area, frame_.view))
+        if (!overlap(mark.area, view_.area))
             return;
         // Fixes crowd where they matter least: on the runways of an airport.
-        if (place.place.kind == kFixKind && frame_.labels.isTaken(mark.area))
+        if (place.place.kind == kFixKind && room_.taken.isTaken(mark.area))
             return;
         if (sparse_ && !hasRoom(mark))
             return;
         take(mark);
-        marks_.push_back(mark);
+        layout_.marks.push_back(mark);
     }
 
     // Claims the label's room when there is.
     bool hasRoom(const PlaceMark& mark) {
-        const bool farOut = frame_.rangeNm >= kNamedOnlyFromNm;
+        const bool farOut = view_.rangeNm >= kNamedOnlyFromNm;
         const bool alone = farOut && ruleOf(mark.place->placeClass).rank < kRankOfLargePlaces;
-        if (taken_.isTaken(grown(mark.area, alone ? kAloneGap * frame_.textPx : kSymbolGap)))
+        if (taken_.isTaken(grown(mark.area, alone ? kAloneGap * view_.textPx : kSymbolGap)))
             return false;
         if (!farOut || overlap(mark.area, aircraft_)) {
             label(mark);
             return true;
         }
-        return !frame_.labels.isTaken(mark.area) && label(mark);
+        return !room_.taken.isTaken(mark.area) && label(mark);
     }
 
     void take(const PlaceMark& mark) {
@@ -108,9 +111,9 @@ class LayoutBuilder {
         }
         // Runways take a row of small boxes each: names may stand between them.
         for (const MapRunway& runway : mark.place->details->runways) {
-            const auto shown = clipSegment({frame_.projection.project(runway.ends[0]),
-                                            frame_.projection.project(runway.ends[1])},
-                                           frame_.view);
+            const auto shown = clipSegment({view_.projection.project(runway.ends[0]),
+                                            view_.projection.project(runway.ends[1])},
+                                           view_.area);
             if (!shown)
                 continue;
             const double x = shown->to.x - shown->from.x;
@@ -123,22 +126,22 @@ class LayoutBuilder {
     }
 
     void reserve(const Rect& area) {
-        frame_.labels.reserve(area);
+        room_.taken.reserve(area);
         taken_.reserve(area);
     }
 
     PlaceMark markOf(const MapPlace& place) const {
-        PlaceMark mark{.place = &place, .at = frame_.projection.project(place.place.position)};
-        mark.area = around(mark.at, symbolRadius(place.placeClass, frame_.textPx));
-        mark.runwaysToScale = showsRunways(place, frame_.projection, frame_.rangeNm, frame_.textPx,
-                                           frame_.places->options);
+        PlaceMark mark{.place = &place, .at = view_.projection.project(place.place.position)};
+        mark.area = around(mark.at, symbolRadius(place.placeClass, view_.textPx));
+        mark.runwaysToScale =
+            showsRunways(place, view_.projection, view_.rangeNm, view_.textPx, options_);
         if (mark.runwaysToScale) {
             for (const MapRunway& runway : place.details->runways)
                 for (const GeoPoint end : runway.ends)
-                    mark.area = united(mark.area, around(frame_.projection.project(end), 2));
+                    mark.area = united(mark.area, around(view_.projection.project(end), 2));
         } else if (const auto direction = directionOf(place)) {
             const double reach = kRunwayStrokeShare * mark.area.width / 2;
-            const int deg = *direction - frame_.projection.angleDeg();
+            const int deg = *direction - view_.projection.angleDeg();
             const Point half{std::abs(reach * SinDeg(deg)), std::abs(reach * CosDeg(deg))};
             mark.area =
                 united(mark.area, {mark.at.x - half.x, mark.at.y - half.y, 2 * half.x, 2 * half.y});
@@ -148,11 +151,11 @@ class LayoutBuilder {
 
     bool label(const PlaceMark& mark) {
         const MapPlace& place = *mark.place;
-        if (!isLabelled(place.placeClass, frame_.rangeNm, frame_.places->options))
+        if (!isLabelled(place.placeClass, view_.rangeNm, options_))
             return false;
         if (isNamedByPlan(mark))
             return true;
-        std::string text = labelOf(place, frame_.rangeNm);
+        std::string text = labelOf(place, view_.rangeNm);
         TextStyle style = styleOf(place.placeClass);
         const TextExtent extent = texts_.measure(text, style.font);
         const double top = mark.area.center().y - extent.capHeight / 2;
@@ -161,11 +164,11 @@ class LayoutBuilder {
         std::ranges::transform(corners, boxes.begin(), [&extent](Point corner) {
             return Rect{corner.x - 1, corner.y - 1, extent.width + 2, extent.capHeight + 2};
         });
-        const auto found = claimFirst(frame_.labels, boxes, frame_.planLines);
+        const auto found = claimFirst(room_.taken, boxes, room_.planLines);
         if (!found)
             return false;
         taken_.reserve(boxes[*found]);
-        frame_.names.push_back(
+        layout_.names.push_back(
             {{corners[*found].x, corners[*found].y + extent.capHeight}, std::move(text), style});
         return true;
     }
@@ -174,9 +177,9 @@ class LayoutBuilder {
     bool isNamedByPlan(const PlaceMark& mark) const {
         constexpr double kSamePx = 2;
         const std::string_view ident = mark.place->place.ident.view();
-        return std::ranges::any_of(frame_.planMarks, [&](const PlanMark& plan) {
-            return std::hypot(plan.at.x - mark.at.x, plan.at.y - mark.at.y) < kSamePx &&
-                   plan.label.substr(0, plan.label.find(' ')) == ident;
+        return std::ranges::any_of(room_.named, [&](const LabelRoom::Named& named) {
+            return std::hypot(named.at.x - mark.at.x, named.at.y - mark.at.y) < kSamePx &&
+                   named.ident == ident;
         });
     }
 
@@ -187,9 +190,9 @@ class LayoutBuilder {
         Rect area = mark.area;
         if (overlap(area, aircraft_))
             area = united(area, aircraft_);
-        if (area.width > frame_.view.width * kLargestShareOfView ||
-            area.height > frame_.view.height * kLargestShareOfView)
-            area = around(mark.at, symbolRadius(mark.place->placeClass, frame_.textPx));
+        if (area.width > view_.area.width * kLargestShareOfView ||
+            area.height > view_.area.height * kLargestShareOfView)
+            area = around(mark.at, symbolRadius(mark.place->placeClass, view_.textPx));
         const double right = area.right() + kLabelGap;
         const double left = area.x - kLabelGap - extent.width;
         const double centered = area.center().x - extent.width / 2;
@@ -206,27 +209,31 @@ class LayoutBuilder {
     }
 
     TextStyle styleOf(PlaceClass placeClass) const {
-        const ColorValue background = frame_.colors[ColorKey::MapBackground];
+        const ColorValue background = content_.colors[ColorKey::MapBackground];
         const bool minor = isMinor(placeClass);
         const double share = minor ? kSmallLabel : 1.0;
-        return {.font = {.height = std::max(kSmallestLabelPx, std::round(frame_.textPx * share)),
-                         .weight = minor ? FontWeight::Regular : FontWeight::Bold},
-                .color = blended(frame_.colors[ColorKey::MapNavaid], background, minor ? 0.3 : 0.1),
-                .halo = background};
+        return {
+            .font = {.height = std::max(kSmallestLabelPx, std::round(view_.textPx * share)),
+                     .weight = minor ? FontWeight::Regular : FontWeight::Bold},
+            .color = blended(content_.colors[ColorKey::MapNavaid], background, minor ? 0.3 : 0.1),
+            .halo = background};
     }
 
-    const MapFrame& frame_;
+    const MapContent& content_;
+    const MapView& view_;
+    const MapPlaceOptions& options_;
     const TextMeasure& texts_;
+    LabelRoom& room_;
     bool sparse_;
     Rect aircraft_;
     LabelSpace taken_;  ///< by places and their names alone
-    std::vector<PlaceMark> marks_;
+    PlaceLayout layout_;
 };
 
 }  // namespace
 
-std::vector<PlaceMark> layOutPlaces(const MapFrame& frame, const TextMeasure& texts) {
-    return LayoutBuilder(frame, texts).build();
+PlaceLayout layOutPlaces(const MapContent& content, const TextMeasure& texts, LabelRoom& room) {
+    return LayoutBuilder(content, texts, room).build();
 }
 
 std::optional<int> directionOf(const MapPlace& airport) {

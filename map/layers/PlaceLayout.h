@@ -10,7 +10,8 @@
 
 namespace korvel {
 
-struct MapFrame;
+struct LabelRoom;
+struct MapContent;
 
 /// A place on the screen.
 struct PlaceMark {
@@ -20,10 +21,22 @@ struct PlaceMark {
     bool runwaysToScale = false;  ///< they stand for the symbol
 };
 
-/// What of the places is drawn in one frame, and where; the most important ones first. Their names
-/// go to frame.names, the room for both is taken out of frame.labels. Less important places give
-/// way: far out the whole place, close by its name only. The frame has places.
-std::vector<PlaceMark> layOutPlaces(const MapFrame& frame, const TextMeasure& texts);
+/// A name whose room was claimed.
+struct PlaceLabel {
+    Point anchor;
+    std::string text;
+    TextStyle style;
+};
+
+/// What of the places is drawn in one frame, and where; the most important ones first.
+struct PlaceLayout {
+    std::vector<PlaceMark> marks;
+    std::vector<PlaceLabel> names;
+};
+
+/// Takes the room of symbols and names. Less important places give way: far out the whole place,
+/// close by its name only. The content has places.
+PlaceLayout layOutPlaces(const MapContent& content, const TextMeasure& texts, LabelRoom& room);
 
 /// How far the stroke along an airport's longest runway reaches out of its circle.
 inline constexpr double kRunwayStrokeShare = 1.7;

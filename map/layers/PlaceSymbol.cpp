@@ -5,8 +5,9 @@
 #include <optional>
 #include <vector>
 
-#include "map/MapFrame.h"
+#include "map/MapContent.h"
 #include "navdb/file/DatabaseTables.h"
+#include "paint/MapColorCache.h"
 #include "paint/Polar.h"
 
 namespace korvel {
@@ -125,14 +126,14 @@ ColorValue visible(ColorValue color, const MapColorCache& colors) {
     return sum < kBarelySeen ? colors[ColorKey::MapNavaid] : color;
 }
 
-PlaceSymbols::PlaceSymbols(const MapFrame& frame)
-    : frame_(frame),
-      icons_(frame.places->options.icons),
-      background_(frame.colors.plainSymbolBackground()),
-      airport_(visible(frame.colors.airportPen().color, frame.colors)),
-      vor_(visible(frame.colors.vorPen().color, frame.colors)),
-      ndb_(visible(frame.colors.ndbPen().color, frame.colors)),
-      fix_(visible(frame.colors.fixPen().color, frame.colors)) {}
+PlaceSymbols::PlaceSymbols(const MapContent& content)
+    : view_(content.view),
+      icons_(content.places->options.icons),
+      background_(content.colors.plainSymbolBackground()),
+      airport_(visible(content.colors.airportPen().color, content.colors)),
+      vor_(visible(content.colors.vorPen().color, content.colors)),
+      ndb_(visible(content.colors.ndbPen().color, content.colors)),
+      fix_(visible(content.colors.fixPen().color, content.colors)) {}
 
 void PlaceSymbols::paint(Canvas& canvas, const PlaceMark& mark) const {
     if (!mark.runwaysToScale)
@@ -144,7 +145,7 @@ Stamp PlaceSymbols::stampOf(const MapPlace& place) const {
     Stamp stamp{.draw = drawFix,
                 .ink = fix_,
                 .ground = background_,
-                .radius = symbolRadius(placeClass, frame_.textPx),
+                .radius = symbolRadius(placeClass, view_.textPx),
                 .variant = icons_ ? kIcon : 0};
     if (isVor(placeClass)) {
         stamp.draw = drawVor;
@@ -178,7 +179,7 @@ void PlaceSymbols::describeAirport(const MapPlace& place, Stamp& stamp) const {
         stamp.draw = drawAirport;
     if (const std::optional<int> direction = directionOf(place)) {
         stamp.variant |= kDirection;
-        const int deg = (*direction - frame_.projection.angleDeg()) % kHalfCircle;
+        const int deg = (*direction - view_.projection.angleDeg()) % kHalfCircle;
         stamp.turnDeg = deg < 0 ? deg + kHalfCircle : deg;
     }
 }

@@ -2,8 +2,7 @@
 
 #include <array>
 #include <optional>
-
-#include "map/MapFrame.h"
+#include <span>
 
 namespace korvel {
 namespace {
@@ -32,16 +31,17 @@ void drawDiamond(Canvas& canvas, Point center, const Stamp& stamp) {
 
 class PlanPainter {
  public:
-    PlanPainter(const MapFrame& frame, Canvas& canvas)
-        : frame_(frame),
+    PlanPainter(const MapContent& content, Canvas& canvas)
+        : textPx_(content.view.textPx),
           canvas_(canvas),
-          background_(frame.colors[ColorKey::MapBackground]),
-          plan_(frame.colors[ColorKey::MapFlightPlan]),
-          active_(frame.colors[ColorKey::MapFlightPlanActive]),
+          background_(content.colors[ColorKey::MapBackground]),
+          plan_(content.colors[ColorKey::MapFlightPlan]),
+          active_(content.colors[ColorKey::MapFlightPlanActive]),
+          numeral_(content.colors[ColorKey::HsiNumeral]),
           faded_(blended(plan_, background_, kFaded)) {}
 
-    void legs() const {
-        for (const PlanLine& line : frame_.plan) {
+    void legs(std::span<const PlanLine> lines) const {
+        for (const PlanLine& line : lines) {
             if (line.kind != PlanLineKind::Flown)
                 canvas_.polyline(line.points, penOf(line.kind));
         }
@@ -49,13 +49,13 @@ class PlanPainter {
         for (const Pen& pen : {Pen{background_, kActiveWidth + 2 * kRim, PenStyle::Solid},
                                Pen{active_, kActiveWidth, PenStyle::Solid},
                                Pen{background_, kCoreWidth, PenStyle::Solid}})
-            for (const PlanLine& line : frame_.plan)
+            for (const PlanLine& line : lines)
                 if (line.kind == PlanLineKind::Flown)
                     canvas_.polyline(line.points, pen);
     }
 
-    void marks() const {
-        for (const PlanMark& mark : frame_.planMarks) {
+    void marks(std::span<const PlanMark> marks) const {
+        for (const PlanMark& mark : marks) {
             symbol(mark);
             if (!mark.label.empty())
                 label(mark);
@@ -76,7 +76,7 @@ class PlanPainter {
 
     void symbol(const PlanMark& mark) const {
         const bool isActive = mark.part == PlanPart::Active;
-        const double radius = planSymbolRadius(mark.part, frame_.textPx);
+        const double radius = planSymbolRadius(mark.part, textPx_);
         canvas_.stamp(mark.at, {.draw = drawDiamond,
                                 .ink = isActive                        ? active_
                                        : mark.part == PlanPart::Passed ? faded_
@@ -88,9 +88,9 @@ class PlanPainter {
     }
 
     void label(const PlanMark& mark) const {
-        TextStyle style = planLabelStyle(mark.part, frame_.textPx);
+        TextStyle style = planLabelStyle(mark.part, textPx_);
         if (mark.part == PlanPart::Active) {
-            style.color = frame_.colors[ColorKey::HsiNumeral];
+            style.color = numeral_;
             canvas_.rect(mark.labelBox, Brush{background_}, Pen{active_, 2, PenStyle::Solid});
         } else {
             // Its line may fade into the night, a name must stay readable.
@@ -101,20 +101,31 @@ class PlanPainter {
         canvas_.text(mark.labelAt, mark.label, style);
     }
 
-    const MapFrame& frame_;
+    double textPx_;
     Canvas& canvas_;
     ColorValue background_;
     ColorValue plan_;
     ColorValue active_;
+    ColorValue numeral_;
     ColorValue faded_;
 };
 
 }  // namespace
 
-void paintPlan(const MapFrame& frame, Canvas& canvas) {
-    const PlanPainter painter(frame, canvas);
-    painter.legs();
-    painter.marks();
+void PlanLayer::layOut(const TextMeasure& texts, LabelRoom& room) {
+    const CockpitData& data = content().data;
+    lines_ = tracePlan(data, view().projection, view().area);
+    reservePlanLines(lines_, room.planLines);
+    marks_ = layOutPlan(texts, data, view().projection, view().area, view().textPx, room.taken,
+                        room.planLines);
+    for (const PlanMark& mark : marks_)
+        room.named.push_back({mark.at, mark.label.substr(0, mark.label.find(' '))});
+}
+
+void PlanLayer::paint(Canvas& canvas) const {
+    const PlanPainter painter(content(), canvas);
+    painter.legs(lines_);
+    painter.marks(marks_);
 }
 
 }  // namespace korvel

@@ -5,9 +5,7 @@
 
 #include "cockpit/PlaceSet.h"
 #include "geo/GeoText.h"
-#include "map/MapFrame.h"
 #include "paint/Clip.h"
-#include "paint/LabelSpace.h"
 #include "paint/Polar.h"
 #include "paint/TextBox.h"
 
@@ -38,61 +36,57 @@ std::vector<Point> pointsOf(const PlaceSet* places, const MapProjection& project
     return points;
 }
 
+}  // namespace
+
 /// The text with the boxes where it may stand, best first.
-std::vector<RingLabel> candidates(const TextMeasure& texts, Point center, double radius,
-                                  const std::string& text, double textPx) {
-    const TextStyle style = labelStyle(textPx);
+std::vector<RangeRingLayer::Label> RangeRingLayer::candidates(const TextMeasure& texts,
+                                                              double distanceNm) const {
+    const std::string text = distanceText(distanceNm);
+    const TextStyle style = labelStyle(view().textPx);
     const TextExtent extent = texts.measure(text, style.font);
-    std::vector<RingLabel> found;
+    const double radius = distanceNm * view().projection.pixelsPerNm();
+    std::vector<Label> found;
     for (const int angle : kLabelAngles) {
-        const Point at = polar(center, radius, angle);
+        const Point at = polar(content().aircraft(), radius, angle);
         found.push_back({.text = text, .at = at, .box = grown(textBox(at, extent, style), 3)});
     }
     return found;
 }
 
-}  // namespace
-
-std::vector<RingLabel> layOutRingLabels(const TextMeasure& texts, const MapProjection& projection,
-                                        Point aircraft, int rangeNm, double textPx,
-                                        const PlaceSet* places, LabelSpace& labels) {
-    const std::vector<Point> symbols = pointsOf(places, projection);
-    const auto isClear = [&](const RingLabel& label) {
+/// Ahead and to the side before behind, and where no place's symbol lies if there is such a point.
+void RangeRingLayer::layOut(const TextMeasure& texts, LabelRoom& room) {
+    const std::vector<Point> symbols = pointsOf(content().places, view().projection);
+    const auto isClear = [&](const Label& label) {
         const Rect area = grown(label.box, kSymbolPx);
         return std::ranges::none_of(symbols, [&](Point at) { return area.contains(at); });
     };
-    std::vector<RingLabel> found;
     for (const double share : kShares) {
-        const double distanceNm = rangeNm * share;
-        const auto spots = candidates(texts, aircraft, distanceNm * projection.pixelsPerNm(),
-                                      distanceText(distanceNm), textPx);
-        const auto clear = [&](const RingLabel& label) {
-            return isClear(label) && labels.claim(label.box);
+        const auto spots = candidates(texts, view().rangeNm * share);
+        const auto clear = [&](const Label& label) {
+            return isClear(label) && room.taken.claim(label.box);
         };
         auto spot = std::ranges::find_if(spots, clear);
         if (spot == spots.end())
             spot = std::ranges::find_if(
-                spots, [&](const RingLabel& label) { return labels.claim(label.box); });
+                spots, [&](const Label& label) { return room.taken.claim(label.box); });
         if (spot != spots.end())
-            found.push_back(*spot);
+            labels_.push_back(*spot);
     }
-    return found;
 }
 
-void paintRangeRings(const MapFrame& frame, Canvas& canvas) {
-    const Pen pen{
-        blended(frame.colors[ColorKey::MapGrid], frame.colors[ColorKey::MapBackground], kFaded), 1,
-        PenStyle::Solid};
+void RangeRingLayer::paint(Canvas& canvas) const {
+    const Pen pen{blended(color(ColorKey::MapGrid), color(ColorKey::MapBackground), kFaded), 1,
+                  PenStyle::Solid};
     for (const double share : kShares)
-        canvas.circle(frame.aircraft, frame.rangeNm * share * frame.projection.pixelsPerNm(),
-                      std::nullopt, pen);
+        canvas.circle(content().aircraft(),
+                      view().rangeNm * share * view().projection.pixelsPerNm(), std::nullopt, pen);
 }
 
-void paintRingLabels(const MapFrame& frame, Canvas& canvas) {
-    TextStyle style = labelStyle(frame.textPx);
-    style.color = frame.colors[ColorKey::MapGrid];
-    for (const RingLabel& label : frame.ringLabels) {
-        canvas.rect(label.box, Brush{frame.colors[ColorKey::MapBackground]}, std::nullopt);
+void RangeRingLayer::paintWords(Canvas& canvas) const {
+    TextStyle style = labelStyle(view().textPx);
+    style.color = color(ColorKey::MapGrid);
+    for (const Label& label : labels_) {
+        canvas.rect(label.box, Brush{color(ColorKey::MapBackground)}, std::nullopt);
         canvas.text(label.at, label.text, style);
     }
 }

@@ -3,31 +3,31 @@
 #include <string>
 #include <vector>
 
-#include "paint/Canvas.h"
+#include "map/layers/Layer.h"
 
 namespace korvel {
 
-class LabelSpace;
-class MapProjection;
-struct PlaceSet;
-struct MapFrame;
+/// Circles around the aircraft at the display range and at half of it, with their distances over
+/// the symbols that lie there.
+class RangeRingLayer final : public Layer {
+ public:
+    using Layer::Layer;
 
-/// The distance of a ring, written on it.
-struct RingLabel {
-    std::string text;
-    Point at;  ///< its middle
-    Rect box;
+    void layOut(const TextMeasure& texts, LabelRoom& room) override;
+    void paint(Canvas& canvas) const override;
+    void paintWords(Canvas& canvas) const override;
+
+ private:
+    /// The distance of a ring, written on it.
+    struct Label {
+        std::string text;
+        Point at;  ///< its middle
+        Rect box;
+    };
+
+    std::vector<Label> candidates(const TextMeasure& texts, double distanceNm) const;
+
+    std::vector<Label> labels_;
 };
-
-/// Finds the rings' distances their room: ahead and to the side before behind, and where no place's
-/// symbol lies if there is such a point. `places` may be null.
-std::vector<RingLabel> layOutRingLabels(const TextMeasure& texts, const MapProjection& projection,
-                                        Point aircraft, int rangeNm, double textPx,
-                                        const PlaceSet* places, LabelSpace& labels);
-
-/// Circles around the aircraft at the display range and at half of it.
-void paintRangeRings(const MapFrame& frame, Canvas& canvas);
-/// Their distances, over the symbols that lie there.
-void paintRingLabels(const MapFrame& frame, Canvas& canvas);
 
 }  // namespace korvel

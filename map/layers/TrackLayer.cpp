@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "geo/Geodesy.h"
-#include "map/MapFrame.h"
 #include "map/feeds/TrackLevels.h"
 #include "paint/Clip.h"
 
@@ -168,15 +167,19 @@ std::vector<Segment> trackSegments(const TrackLevels& track, const MapProjection
     return tracer.take();
 }
 
-void paintTrack(const MapFrame& frame, Canvas& canvas) {
-    if (frame.track == nullptr)
+void TrackLayer::layOut(const TextMeasure& /*texts*/, LabelRoom& /*room*/) {
+    if (content().track == nullptr)
         return;
-    std::vector<Segment> segments = trackSegments(*frame.track, frame.projection, frame.view);
-    const bool isWide = segments.size() <= kMostWide;
-    if (isWide)
-        std::ranges::for_each(segments, overlapNeighbours);
-    canvas.lines(segments,
-                 {.color = frame.colors[ColorKey::MapTrack], .width = isWide ? 2.0 : 1.0});
+    segments_ = trackSegments(*content().track, view().projection, view().area);
+    if (segments_.size() > kMostWide)
+        return;
+    width_ = 2;
+    std::ranges::for_each(segments_, overlapNeighbours);
+}
+
+void TrackLayer::paint(Canvas& canvas) const {
+    if (content().track != nullptr)
+        canvas.lines(segments_, {.color = color(ColorKey::MapTrack), .width = width_});
 }
 
 }  // namespace korvel

@@ -2,13 +2,11 @@
 
 #include <vector>
 
-#include "paint/Canvas.h"
+#include "map/layers/Layer.h"
 
 namespace korvel {
 
-class MapProjection;
 class TrackLevels;
-struct MapFrame;
 
 /// What of the track is to be drawn in the view: newest first, cut to it, without what would fall
 /// on the same pixels again. A cap keeps a year of circuits from stopping the map; the oldest is
@@ -17,6 +15,16 @@ std::vector<Segment> trackSegments(const TrackLevels& track, const MapProjection
                                    const Rect& view);
 
 /// The breadcrumb track as a thin line.
-void paintTrack(const MapFrame& frame, Canvas& canvas);
+class TrackLayer final : public Layer {
+ public:
+    using Layer::Layer;
+
+    void layOut(const TextMeasure& texts, LabelRoom& room) override;
+    void paint(Canvas& canvas) const override;
+
+ private:
+    std::vector<Segment> segments_;
+    double width_ = 1;  ///< pixels
+};
 
 }  // namespace korvel

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "cockpit/Cockpit.h"
-#include "map/MapPainter.h"
+#include "map/DayMap.h"
 #include "map/MeasureTool.h"
 #include "map/layers/MeasureLayer.h"
 #include "paint/ColorScheme.h"
@@ -89,8 +89,7 @@ TEST(Measure, FingersSetMoveAndStartAnew) {
 }
 
 TEST(Measure, TheLabelIsWholeWhereverTheLineRuns) {
-    const ColorScheme scheme;
-    const MapColorCache colors(scheme);
+    const DayMap map;
     const GeoPoint here = *flying().position;
     const GeoPoint ends[] = {here, {here.lat + 0.01, here.lon}, {here.lat - 0.02, here.lon - 0.03},
         {here.lat, here.lon + 0.3}, {-here.lat, here.lon - 2}};
@@ -102,7 +101,9 @@ TEST(Measure, TheLabelIsWholeWhereverTheLineRuns) {
             viewport.chooseRange(range);
             RecordingCanvas canvas(480, 300);
             const CockpitData data = flying();
-            paintMap(canvas, {.data = data, .viewport = viewport, .measure = &tool}, colors);
+            MapContent content = map.content(data, viewport, canvas.area());
+            content.measure = &tool;
+            paintMap(canvas, content);
             const auto label = std::find_if(canvas.elements().begin(), canvas.elements().end(),
                 [](const auto& each) { return each.text.find("ETE") != std::string::npos; });
             if (label == canvas.elements().end()) continue;

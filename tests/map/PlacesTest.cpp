@@ -10,7 +10,7 @@
 #include "cockpit/NearAirports.h"
 #include "config/Settings.h"
 #include "geo/Variation.h"
-#include "map/MapPainter.h"
+#include "map/DayMap.h"
 #include "map/MapView.h"
 #include "map/PlaceHit.h"
 #include "map/feeds/MapFeeds.h"
@@ -118,12 +118,14 @@ TEST_F(PlacesTest, FeedsAreOneToTheViewUntilTheLastIsComplete) {
     data.track = track;
     EXPECT_TRUE(update()) << "the track has grown";
     EXPECT_FALSE(update());
-    MapScene scene{.data = data, .viewport = viewport};
-    feeds.addTo(scene);
-    EXPECT_EQ(scene.places, &feeds.places());
-    EXPECT_TRUE(IsValid(scene.track->end()));
+    data.position = atDegrees(50, 8);
+    const DayMap map;
+    MapContent content = map.content(data, viewport, kView);
+    feeds.addTo(content);
+    EXPECT_EQ(content.places, &feeds.places());
+    EXPECT_TRUE(IsValid(content.track->end()));
     feeds.forget();
-    EXPECT_TRUE(feeds.places().places.empty() && !IsValid(scene.track->end()));
+    EXPECT_TRUE(feeds.places().places.empty() && !IsValid(content.track->end()));
 }
 
 TEST(PlaceClass, SaysWhatShowsHowFarOut) {
@@ -231,9 +233,11 @@ struct NearMap {
         viewport.chooseRange(8);
     }
     void paint(RecordingCanvas& canvas, const CockpitData& data, const PlaceSet& set) const {
-        const ColorScheme scheme;
-        const MapColorCache colors(scheme);
-        paintMap(canvas, {.data = data, .viewport = viewport, .turns = false, .places = &set}, colors);
+        const DayMap map;
+        MapContent content = map.content(data, viewport, canvas.area());
+        content.turns = false;
+        content.places = &set;
+        paintMap(canvas, content);
     }
 };
 

@@ -8,8 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "cockpit/Cockpit.h"
+#include "map/DayMap.h"
 #include "map/GreatCircleLine.h"
-#include "map/MapPainter.h"
 #include "map/feeds/TrackLevels.h"
 #include "map/layers/TrackLayer.h"
 #include "pages/FlightPlanPage.h"
@@ -253,8 +253,7 @@ TEST(FlightPlanPage, RowsAndPictures) {
 }
 
 TEST(PlanLayer, ActiveLegStandsOut) {
-    const ColorScheme scheme;
-    const MapColorCache colors(scheme);
+    const DayMap map;
     CockpitData data = flying();
     data.plan = planOf(4, 1);
     data.legStart = data.plan->rows[0].position;
@@ -264,12 +263,12 @@ TEST(PlanLayer, ActiveLegStandsOut) {
         MapViewport viewport;
         viewport.layout(PageId::Map, 800, 480);
         viewport.chooseRange(100);
-        paintMap(canvas, {.data = data, .viewport = viewport}, colors);
+        map.paint(canvas, data, viewport);
         EXPECT_NE(canvas.findText("W1"), nullptr);
         std::string found;
         for (const auto& element : canvas.elements())
             if (element.kind == RecordingCanvas::Kind::Polyline) {
-                const bool plan = element.pen->color == scheme.Color("map.flightplan");
+                const bool plan = element.pen->color == map.scheme.Color("map.flightplan");
                 found += std::to_string(std::lround(element.pen->width)) + (plan ? "p" : "-") +
                          (element.pen->style == PenStyle::Dash ? "d " : " ");
             }
@@ -290,8 +289,7 @@ TEST(PlanLayer, ActiveLegStandsOut) {
 }
 
 TEST(PlanLayer, ADirectToIsCalledAsOnTheChart) {
-    const ColorScheme scheme;
-    const MapColorCache colors(scheme);
+    const DayMap map;
     CockpitData data = flying();
     data.directLeg = true;
     data.legStart = data.position;
@@ -302,7 +300,7 @@ TEST(PlanLayer, ADirectToIsCalledAsOnTheChart) {
         RecordingCanvas canvas(800, 480);
         MapViewport viewport;
         viewport.layout(PageId::Map, 800, 480);
-        paintMap(canvas, {.data = data, .viewport = viewport}, colors);
+        map.paint(canvas, data, viewport);
         EXPECT_NE(canvas.findText(label), nullptr) << label;
     }
 }

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+#include <span>
+
+#include "map/MapView.h"
+
+namespace korvel {
+
+class MapColorCache;
+class MeasureTool;
+class TrackLevels;
+struct CockpitData;
+struct PlaceSet;
+
+/// What one frame of the map is drawn from: all that a layer may look at. Whoever draws the map
+/// fills it in, the feeds theirs; everything outlives the frame, and nothing changes while it is
+/// laid out and painted.
+struct MapContent {
+    const CockpitData& data;
+    const MapColorCache& colors;
+    MapView view;
+    bool turns = true;   ///< the aircraft points up; otherwise it points along its track
+    bool moved = false;  ///< the pilot looks elsewhere than at the aircraft
+
+    const PlaceSet* places = nullptr;      ///< from the databases; null for none
+    const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
+    const MeasureTool* measure = nullptr;  ///< the ruler; null for none
+
+    /// Paints the instrument that lies over the map and under its boxes; empty for none.
+    std::function<void()> overMap{};
+    std::span<const Rect> covered{};  ///< what that covers: labels keep out of it
+    std::span<const Rect> alarms{};   ///< boxes that will lie over all
+
+    /// The aircraft on the screen, live or where it was last; far outside any view when it never
+    /// had a position.
+    Point aircraft() const;
+};
+
+}  // namespace korvel
