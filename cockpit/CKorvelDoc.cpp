@@ -44,7 +44,6 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
       userFixes_(profile_, flight_),
       portFromScan_(foundations.profile.getInt(kOptionsSection, kPortScanned, 0) != 0),
       lastConnectedMs_(foundations.clock.tickMs()) {
-    SetDistanceUnit(settings_.gsUnit);
     monitor_.choosePort(portChoice(settings_.port));
     data_ = collectData();
 }
@@ -92,7 +91,6 @@ void CKorvelDoc::applySettings(const Settings& changed) {
     storeChangedSettings(profile_, settings_, changed);
     const bool otherPort = changed.port != settings_.port;
     settings_ = changed;
-    SetDistanceUnit(settings_.gsUnit);
     if (otherPort) {
         portFromScan_ = false;
         profile_.setInt(kOptionsSection, kPortScanned, 0, true);
@@ -182,6 +180,7 @@ CockpitData CKorvelDoc::collectData() {
     data.status = status_;
     data.now = clock_.localNow();
     data.altUnit = settings_.altUnit;
+    data.distanceUnit = distanceUnitOf(settings_.gsUnit);
     collectFix(data);
     flight_.collect(data, variation());
     return data;

@@ -10,6 +10,7 @@
 #include "cockpit/NearAirport.h"
 #include "cockpit/PlanView.h"
 #include "geo/GeoPoint.h"
+#include "geo/Units.h"
 #include "nav/approach/LandingRunway.h"
 #include "nav/track/Track.h"
 #include "platform/Clock.h"
@@ -102,8 +103,9 @@ struct CockpitData {
 
     LocalTime now;
     std::optional<int> utcSecondOfDay;
-    std::optional<int> flightTimeSec;  ///< since the start of this flight
-    int altUnit = 0;  ///< 0 feet, 1 metres; the unit of speed and distance is the one in force
+    std::optional<int> flightTimeSec;                         ///< since the start of this flight
+    int altUnit = 0;                                          ///< 0 feet, 1 metres
+    DistanceUnit distanceUnit = DistanceUnit::NauticalMiles;  ///< of speeds as well
 
     friend bool operator==(const CockpitData&, const CockpitData&) = default;
 };

@@ -46,16 +46,16 @@ std::string longitudeText(double degrees, int decimals) {
     return coordinateText(folded < 0 ? 'W' : 'E', folded, 3, decimals);
 }
 
-std::string distanceText(double nm) {
-    std::string text = distanceTenthsText(nm);
+std::string distanceText(double nm, DistanceUnit unit) {
+    std::string text = distanceTenthsText(nm, unit);
     if (const std::size_t zero = text.find(".0 "); zero != std::string::npos)
         text.erase(zero, 2);
     return text;
 }
 
-std::string distanceTenthsText(double nm) {
+std::string distanceTenthsText(double nm, DistanceUnit unit) {
     UnitLabels labels;
-    const double shown = ConvertDistance(nm, &labels);
+    const double shown = ConvertDistance(nm, unit, &labels);
     return formatFixed(shown, shown < 99.95 ? 1 : 0) + " " + std::string(labels.distance);
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "geo/GeoPoint.h"
+#include "geo/Units.h"
 
 namespace korvel {
 
@@ -17,11 +18,11 @@ std::string longitudeText(double degrees, int decimals);
 /// Both with two decimals, two spaces between them.
 std::string coordinatesText(GeoPoint position);
 
-/// A distance in the unit in force with its label: "65 nm"; below a hundred with one decimal unless
-/// that is 0: "32.5 nm".
-std::string distanceText(double nm);
+/// A distance in the unit with its label: "65 nm"; below a hundred with one decimal unless that is
+/// 0: "32.5 nm".
+std::string distanceText(double nm, DistanceUnit unit);
 /// The same with the decimal even if it is 0, for columns: "65.0 nm".
-std::string distanceTenthsText(double nm);
+std::string distanceTenthsText(double nm, DistanceUnit unit);
 
 /// "4500 ft", or in metres "1372 m" where `altUnit` is 1.
 std::string altitudeText(int feet, int altUnit);

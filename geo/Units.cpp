@@ -1,44 +1,37 @@
 #include "geo/Units.h"
 
-#include <atomic>
-
 namespace korvel {
 namespace {
 
-std::atomic<int> distanceUnit{0};
-
-struct DistanceUnit {
+struct UnitRule {
     UnitLabels labels;
     double perNm = 1;
 };
 
-constexpr DistanceUnit kNautical{{"nm", "kt"}, 1};
-constexpr DistanceUnit kStatute{{"mi", "mph"}, kStatuteMilesPerNm};
-constexpr DistanceUnit kMetric{{"km", "kph"}, kKilometresPerNm};
+constexpr UnitRule kNautical{{"nm", "kt"}, 1};
+constexpr UnitRule kStatute{{"mi", "mph"}, kStatuteMilesPerNm};
+constexpr UnitRule kMetric{{"km", "kph"}, kKilometresPerNm};
 
-const DistanceUnit& unitInForce() {
-    switch (GetDistanceUnit()) {
-        case 1:
+const UnitRule& ruleOf(DistanceUnit unit) {
+    switch (unit) {
+        case DistanceUnit::StatuteMiles:
             return kStatute;
-        case 2:
+        case DistanceUnit::Kilometres:
             return kMetric;
-        default:
-            return kNautical;
+        case DistanceUnit::NauticalMiles:
+            break;
     }
+    return kNautical;
 }
 
 }  // namespace
 
-void SetDistanceUnit(int unit) { distanceUnit = unit; }
-
-int GetDistanceUnit() { return distanceUnit; }
-
-double ConvertDistance(double nm, UnitLabels* labels) {
-    const DistanceUnit& unit = unitInForce();
+double ConvertDistance(double nm, DistanceUnit unit, UnitLabels* labels) {
+    const UnitRule& rule = ruleOf(unit);
     if (labels != nullptr) {
-        *labels = unit.labels;
+        *labels = rule.labels;
     }
-    return nm * unit.perNm;
+    return nm * rule.perNm;
 }
 
 }  // namespace korvel

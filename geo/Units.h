@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 namespace korvel {
@@ -22,13 +23,18 @@ struct UnitLabels {
     std::string_view speed;
 };
 
-/// The unit of distances and speeds on the screen, one for the whole program: 1 statute miles, 2
-/// kilometres, anything else nautical miles. Set at start-up and when preferences are applied;
-/// main thread only.
-void SetDistanceUnit(int unit);
-int GetDistanceUnit();
+/// In which distances and speeds are shown.
+enum class DistanceUnit : std::uint8_t { NauticalMiles, StatuteMiles, Kilometres };
 
-/// Nautical miles (or knots) in the unit in force, and its labels when the caller asks for them.
-double ConvertDistance(double nm, UnitLabels* labels = nullptr);
+/// The unit by its number in the settings: 1 statute miles, 2 kilometres, anything else nautical
+/// miles.
+constexpr DistanceUnit distanceUnitOf(int number) {
+    if (number == 1)
+        return DistanceUnit::StatuteMiles;
+    return number == 2 ? DistanceUnit::Kilometres : DistanceUnit::NauticalMiles;
+}
+
+/// Nautical miles (or knots) in the unit, and its labels when the caller asks for them.
+double ConvertDistance(double nm, DistanceUnit unit, UnitLabels* labels = nullptr);
 
 }  // namespace korvel

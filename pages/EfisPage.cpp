@@ -171,7 +171,7 @@ class EfisPainter {
     void speedTape() {
         UnitLabels labels;
         EfisTape tape{.area = layout_.speed};
-        const double factor = ConvertDistance(1, &labels);
+        const double factor = ConvertDistance(1, data_.distanceUnit, &labels);
         if (data_.groundSpeedKt) {
             tape.value = *data_.groundSpeedKt * factor;
             tape.readOut = formatFixed(*tape.value, 0);

@@ -40,10 +40,10 @@ constexpr std::array kColumns{
     ColumnLook{Column::Leg, "DIST", 4.0, true},     ColumnLook{Column::Total, "TOTAL", 4.4, false},
     ColumnLook{Column::Time, "ETE", 3.6, true},     ColumnLook{Column::Arrival, "ETA", 3.7, true}};
 
-std::string milesText(const std::optional<double>& nm) {
+std::string milesText(const std::optional<double>& nm, DistanceUnit unit) {
     if (!nm)
         return std::string(kNoValue);
-    const double shown = ConvertDistance(*nm);
+    const double shown = ConvertDistance(*nm, unit);
     return formatFixed(shown, shown < 99.95 ? 1 : 0);
 }
 
@@ -56,9 +56,9 @@ std::string cellText(Column column, const PlanRow& row, const PlanFigures& figur
         case Column::Track:
             return figures.courseMagDeg ? courseText(*figures.courseMagDeg) + "°" : "";
         case Column::Leg:
-            return figures.legNm ? milesText(figures.legNm) : "";
+            return figures.legNm ? milesText(figures.legNm, data.distanceUnit) : "";
         case Column::Total:
-            return figures.totalNm ? milesText(figures.totalNm) : "";
+            return figures.totalNm ? milesText(figures.totalNm, data.distanceUnit) : "";
         case Column::Time:
             return figures.legNm ? durationText(figures.legHours) : "";
         case Column::Arrival:
@@ -147,11 +147,11 @@ class FlightPlanPainter {
     }
 
     /// With its unit where that depends on the settings.
-    static std::string headOf(const ColumnLook& look) {
+    [[nodiscard]] std::string headOf(const ColumnLook& look) const {
         std::string head(look.head);
         if (look.column == Column::Leg) {
             UnitLabels labels;
-            ConvertDistance(0, &labels);
+            ConvertDistance(0, data_.distanceUnit, &labels);
             head.append(" ").append(labels.distance);
         }
         return head;
@@ -238,9 +238,10 @@ class FlightPlanPainter {
     void totals(const PlanFigures& last) {
         const Rect area = rows_.totals();
         canvas_.line({area.x, area.y}, {area.right(), area.y}, {colors_[ColorKey::HsiLine], 2});
-        std::vector<std::string> words{"Total " + distanceText(data_.plan->totalNm)};
+        std::vector<std::string> words{"Total " +
+                                       distanceText(data_.plan->totalNm, data_.distanceUnit)};
         if (last.totalNm && data_.distanceNm && flownRow(data_))
-            words.insert(words.end(), {"To go " + distanceText(*last.totalNm),
+            words.insert(words.end(), {"To go " + distanceText(*last.totalNm, data_.distanceUnit),
                                        "ETE " + durationText(last.totalHours),
                                        "ETA " + arrivalText(last.totalHours, data_.now)});
         const double left = textPx_ * 0.7;

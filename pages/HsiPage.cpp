@@ -243,7 +243,8 @@ HsiState hsiState(const CockpitData& data) {
 
 std::string fullScaleText(const CockpitData& data) {
     UnitLabels labels;
-    std::string number = formatFixed(ConvertDistance(data.fullScaleNm, &labels), 2);
+    std::string number =
+        formatFixed(ConvertDistance(data.fullScaleNm, data.distanceUnit, &labels), 2);
     while (number.ends_with('0'))
         number.pop_back();
     if (number.ends_with('.'))

@@ -16,7 +16,7 @@ class MapColorCache;
 /// there is no up, so bearing and course are left out then.
 HsiState hsiState(const CockpitData& data);
 
-/// The cross-track at full deflection, in the unit in force: "±1.25 nm".
+/// The cross-track at full deflection, in the unit of the data: "±1.25 nm".
 std::string fullScaleText(const CockpitData& data);
 
 /// The page "HSI": the indicator around the aircraft's point, and in the corners what belongs to

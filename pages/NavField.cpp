@@ -25,11 +25,11 @@ NavFieldText absent() { return {std::string(kNoValue), "", ""}; }
 // "12.3", from a hundred on "123"; never "100.0".
 std::string oneDecimal(double value) { return formatFixed(value, std::abs(value) < 99.95 ? 1 : 0); }
 
-NavFieldText distanceIn(std::optional<double> nm) {
+NavFieldText distanceIn(const CockpitData& data, std::optional<double> nm) {
     if (!nm)
         return absent();
     UnitLabels labels;
-    const double shown = ConvertDistance(*nm, &labels);
+    const double shown = ConvertDistance(*nm, data.distanceUnit, &labels);
     return {oneDecimal(shown), std::string(labels.distance), ""};
 }
 
@@ -86,13 +86,13 @@ NavFieldText groundSpeed(const CockpitData& data) {
     if (!data.groundSpeedKt)
         return absent();
     UnitLabels labels;
-    const double speed = ConvertDistance(*data.groundSpeedKt, &labels);
+    const double speed = ConvertDistance(*data.groundSpeedKt, data.distanceUnit, &labels);
     return {formatFixed(speed, 0), std::string(labels.speed), ""};
 }
 
 NavFieldText track(const CockpitData& data) { return courseIn(data.trackMagDeg); }
 NavFieldText bearing(const CockpitData& data) { return courseIn(data.bearingMagDeg); }
-NavFieldText distance(const CockpitData& data) { return distanceIn(data.distanceNm); }
+NavFieldText distance(const CockpitData& data) { return distanceIn(data, data.distanceNm); }
 
 NavFieldText timeToGo(const CockpitData& data) {
     return durationIn(secondsFor(data, data.distanceNm));
@@ -118,7 +118,7 @@ NavFieldText verticalSpeed(const CockpitData& data) {
 NavFieldText crossTrack(const CockpitData& data) {
     if (!data.crossTrackNm)
         return absent();
-    NavFieldText text = distanceIn(std::abs(*data.crossTrackNm));
+    NavFieldText text = distanceIn(data, std::abs(*data.crossTrackNm));
     if (text.value != "0.0")
         text.value.insert(0, *data.crossTrackNm > 0 ? "L" : "R");
     return text;
@@ -168,12 +168,12 @@ NavFieldText nearestAirport(const CockpitData& data) {
     if (!data.nearAirports || data.nearAirports->empty())
         return absent();
     const NearAirport& airport = data.nearAirports->front();
-    const NavFieldText distance = distanceIn(airport.distanceNm);
+    const NavFieldText distance = distanceIn(data, airport.distanceNm);
     return {airport.ident, "",
             courseText(airport.bearingMagDeg) + "° " + distance.value + " " + distance.unit};
 }
 
-NavFieldText planDistance(const CockpitData& data) { return distanceIn(planRestNm(data)); }
+NavFieldText planDistance(const CockpitData& data) { return distanceIn(data, planRestNm(data)); }
 NavFieldText planTime(const CockpitData& data) {
     return durationIn(secondsFor(data, planRestNm(data)));
 }

@@ -101,8 +101,8 @@ class NearestPainter {
         const double lower = area.y + area.height * 0.74;
         who(airport, upper, lower);
         bearing(airport, area.width * kBearingColumn, upper);
-        right(distanceTenthsText(airport.distanceNm), area.width * kDistanceEnd, upper, large(),
-              ink_);
+        right(distanceTenthsText(airport.distanceNm, data_.distanceUnit), area.width * kDistanceEnd,
+              upper, large(), ink_);
         runway(airport, area.width * kRunwayEnd - margin(), upper, lower);
         std::string elevation =
             airport.elevationFt ? lengthText(*airport.elevationFt, data_.altUnit) : "---";

@@ -80,7 +80,7 @@ std::vector<ApproachMark> layOutApproach(const TextMeasure& texts, const Cockpit
     if (!data.approach)
         return marks;
     const LandingRunway& runway = data.approach->runway;
-    const double unitNm = 1 / ConvertDistance(1);
+    const double unitNm = 1 / ConvertDistance(1, data.distanceUnit);
     const int units = step(unitNm * projection.pixelsPerNm(), textPx);
     const Point threshold = projection.project(runway.threshold);
     for (int unit = units; units > 0 && unit * unitNm <= kCenterLineNm + kRounding; unit += units) {

@@ -15,7 +15,7 @@ struct ApproachMark {
     Point labelAt;      ///< its middle
 };
 
-/// A mark for each unit of distance, in the unit in force, where they do not crowd; else every
+/// A mark for each unit of distance, in the unit of the data, where they do not crowd; else every
 /// second or fifth. Their labels take their room, off `lines` where they can. None while no runway
 /// is approached.
 std::vector<ApproachMark> layOutApproach(const TextMeasure& texts, const CockpitData& data,

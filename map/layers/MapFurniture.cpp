@@ -61,12 +61,13 @@ class BoxLayout {
 
 double scaleHeight(const BoxLayout& boxes) { return boxes.height() + boxes.margin(); }
 
-ScaleBar layOutScale(const Rect& view, const MapProjection& projection, const BoxLayout& boxes) {
+ScaleBar layOutScale(const Rect& view, const MapProjection& projection, const BoxLayout& boxes,
+                     DistanceUnit unit) {
     const double lengthNm =
-        roundLengthNm(view.width * kScaleShareOfWidth / projection.pixelsPerNm());
+        roundLengthNm(view.width * kScaleShareOfWidth / projection.pixelsPerNm(), unit);
     const double length = lengthNm * projection.pixelsPerNm();
     ScaleBar scale;
-    scale.text = distanceText(lengthNm);
+    scale.text = distanceText(lengthNm, unit);
     const double wide = std::max(length + 2 * boxes.margin(), boxes.width(scale.text));
     const double high = scaleHeight(boxes);
     scale.area = {boxes.margin(), view.height - boxes.margin() - high, wide, high};
@@ -156,9 +157,9 @@ MapFurniture layOutFurniture(const TextMeasure& texts, const Rect& view, const C
     MapFurniture result;
     const double arrow = std::round(textPx * 2.9);
     result.northArrow = {margin, margin, arrow, arrow};
-    const std::string range = distanceText(rangeNm);
+    const std::string range = distanceText(rangeNm, data.distanceUnit);
     result.range = boxes.at(view.width - margin - boxes.width(range), margin, range);
-    result.scale = layOutScale(view, projection, boxes);
+    result.scale = layOutScale(view, projection, boxes, data.distanceUnit);
     result.notes = layOutNotes(view, data, boxes, state.moved);
     result.alarms.assign(state.alarms.begin(), state.alarms.end());
     if (!data.message.empty())
@@ -179,14 +180,14 @@ std::vector<Rect> lowerCorners(const TextMeasure& texts, const Rect& view, const
     return corners;
 }
 
-double roundLengthNm(double longestNm) {
-    const double unit = ConvertDistance(1);
-    const double longest = longestNm * unit;
+double roundLengthNm(double longestNm, DistanceUnit unit) {
+    const double perNm = ConvertDistance(1, unit);
+    const double longest = longestNm * perNm;
     const double power = std::pow(10, std::floor(std::log10(longest)));
     for (const double step : {5.0, 2.0})
         if (step * power <= longest)
-            return step * power / unit;
-    return power / unit;
+            return step * power / perNm;
+    return power / perNm;
 }
 
 }  // namespace korvel

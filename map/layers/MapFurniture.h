@@ -55,8 +55,8 @@ MapFurniture layOutFurniture(const TextMeasure& texts, const Rect& view, const C
 std::vector<Rect> lowerCorners(const TextMeasure& texts, const Rect& view, const CockpitData& data,
                                double textPx);
 
-/// The longest round number (1, 2 or 5 times a power of ten) of the unit in force that is not
-/// longer than `longestNm`, in nautical miles.
-double roundLengthNm(double longestNm);
+/// The longest round number (1, 2 or 5 times a power of ten) of the unit that is not longer than
+/// `longestNm`, in nautical miles.
+double roundLengthNm(double longestNm, DistanceUnit unit);
 
 }  // namespace korvel

@@ -131,13 +131,14 @@ Rect measureCloseBox(double viewWidth, double textPx) {
     return {viewWidth - margin - width, top, width, size};
 }
 
-std::vector<std::string> measureLines(const MeasureTool& tool, const MeasureFigures& figures) {
+std::vector<std::string> measureLines(const MeasureTool& tool, const MeasureFigures& figures,
+                                      DistanceUnit unit) {
     std::vector<std::string> lines;
     const std::string& from = tool.from()->name;
     const std::string& to = tool.to()->name;
     if (!from.empty() || !to.empty())
         lines.push_back((from.empty() ? "…" : from) + " to " + (to.empty() ? "…" : to));
-    lines.push_back(distanceText(figures.distanceNm) + "   ETE " +
+    lines.push_back(distanceText(figures.distanceNm, unit) + "   ETE " +
                     (figures.seconds ? ageText(*figures.seconds) : "---"));
     lines.push_back(bearingText(figures.trueDeg, figures.magneticDeg));
     lines.push_back("back " + bearingText(figures.backTrueDeg, figures.backMagneticDeg));
@@ -160,7 +161,7 @@ std::optional<MeasureLook> layOutMeasure(const TextMeasure& texts, const Measure
         const Point at = projection.project(*positionOf(**end, data));
         labels.reserve({at.x - textPx, at.y - textPx, 2 * textPx, 2 * textPx});
     }
-    look.lines = measureLines(tool, *figures);
+    look.lines = measureLines(tool, *figures, data.distanceUnit);
     const Font font = infoFont(textPx);
     double width = 0;
     for (const std::string& line : look.lines)

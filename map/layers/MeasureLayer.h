@@ -21,7 +21,8 @@ struct MeasureLook {
 Rect measureCloseBox(double viewWidth, double textPx);
 
 /// The lines of the label: the ends' names if any, distance and time, the bearings of both ways.
-std::vector<std::string> measureLines(const MeasureTool& tool, const MeasureFigures& figures);
+std::vector<std::string> measureLines(const MeasureTool& tool, const MeasureFigures& figures,
+                                      DistanceUnit unit);
 
 /// Finds room for the label where the line's middle is seen, always whole inside the view, and
 /// takes it. Nothing while the tool is off.

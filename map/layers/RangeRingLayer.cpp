@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "cockpit/CockpitData.h"
 #include "cockpit/PlaceSet.h"
 #include "geo/GeoText.h"
 #include "paint/Clip.h"
@@ -41,7 +42,7 @@ std::vector<Point> pointsOf(const PlaceSet* places, const MapProjection& project
 /// The text with the boxes where it may stand, best first.
 std::vector<RangeRingLayer::Label> RangeRingLayer::candidates(const TextMeasure& texts,
                                                               double distanceNm) const {
-    const std::string text = distanceText(distanceNm);
+    const std::string text = distanceText(distanceNm, content().data.distanceUnit);
     const TextStyle style = labelStyle(view().textPx);
     const TextExtent extent = texts.measure(text, style.font);
     const double radius = distanceNm * view().projection.pixelsPerNm();

@@ -122,15 +122,11 @@ TEST(WholeDegreeTrig, TableServesEveryAngle) {
 
 TEST(Units, ConvertAndLabel) {
     UnitLabels labels;
-    SetDistanceUnit(1);
-    EXPECT_DOUBLE_EQ(ConvertDistance(10, &labels), 11.507794);
+    EXPECT_DOUBLE_EQ(ConvertDistance(10, distanceUnitOf(1), &labels), 11.507794);
     EXPECT_EQ(labels.speed, "mph");
-    SetDistanceUnit(2);
-    EXPECT_DOUBLE_EQ(ConvertDistance(10), 18.52);
-    SetDistanceUnit(5);
-    EXPECT_EQ(ConvertDistance(10, &labels), 10);
+    EXPECT_DOUBLE_EQ(ConvertDistance(10, distanceUnitOf(2)), 18.52);
+    EXPECT_EQ(ConvertDistance(10, distanceUnitOf(5), &labels), 10);
     EXPECT_EQ(labels.distance, "nm");
-    SetDistanceUnit(0);
 }
 
 TEST(Variation, ReceiverFirstThenDatabaseThenNone) {

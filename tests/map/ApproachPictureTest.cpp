@@ -54,11 +54,10 @@ TEST(ApproachPicture, MarksTheCenterLineInTheUnitInForceAndAsDenseAsThereIsRoom)
     EXPECT_GT(three->area.y, one->area.y + 50) << "the runway lies ahead";
     EXPECT_FALSE(Painted(data, 25).has("1  1868 ft"));
     EXPECT_TRUE(Painted(data, 25).has("10  4734 ft"));
-    SetDistanceUnit(2);
     CockpitData metric = data;
     metric.altUnit = 1;
+    metric.distanceUnit = DistanceUnit::Kilometres;
     EXPECT_TRUE(Painted(metric, 4).has("1  525 m")) << "172 ft up a kilometre";
-    SetDistanceUnit(0);
     metric.approach->runway.thresholdFt.reset();
     EXPECT_TRUE(Painted(metric, 4).has("1"));
 }

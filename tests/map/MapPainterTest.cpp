@@ -245,10 +245,9 @@ TEST(MapFurniture, TheScaleBarIsARoundLengthInTheUnitInForce) {
     const std::tuple<int, double, double> cases[] = {{0, 31.4, 20}, {0, 50, 50}, {0, 9.9, 5}, {0, 0.21, 0.2},
         {0, 199.99, 100}, {1, 31.4, 20}, {2, 31.4, 50}, {2, 0.4, 0.5}};
     for (const auto& [unit, longestNm, shown] : cases) {
-        SetDistanceUnit(unit);
-        EXPECT_NEAR(ConvertDistance(roundLengthNm(longestNm)), shown, 1e-9) << longestNm;
+        const DistanceUnit shownIn = distanceUnitOf(unit);
+        EXPECT_NEAR(ConvertDistance(roundLengthNm(longestNm, shownIn), shownIn), shown, 1e-9) << longestNm;
     }
-    SetDistanceUnit(0);
     RecordingCanvas canvas(800, 370);
     MapViewport viewport;
     viewport.layout(PageId::Map, 800, 370);

@@ -43,11 +43,11 @@ TEST(Measure, GivesDistanceBothBearingsAndTheTimeAtThePresentSpeed) {
     data.groundSpeedKt = 120;
     for (const auto& each : cases) {
         const MeasureTool tool = between(each.from, each.to);
-        EXPECT_EQ(measureLines(tool, *measure(tool, data)), each.lines);
+        EXPECT_EQ(measureLines(tool, *measure(tool, data), data.distanceUnit), each.lines);
     }
     data.groundSpeedKt = 0;
     const MeasureTool tool = between(cases[0].from, cases[0].to);
-    EXPECT_EQ(measureLines(tool, *measure(tool, data))[1], "60 nm   ETE ---");
+    EXPECT_EQ(measureLines(tool, *measure(tool, data), data.distanceUnit)[1], "60 nm   ETE ---");
 }
 
 TEST(Measure, TheAircraftsEndGoesWithItAndVanishesWithThePosition) {

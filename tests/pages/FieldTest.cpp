@@ -13,11 +13,6 @@
 
 namespace korvel { namespace {
 
-class Units : public testing::Test {
- protected:
-    void TearDown() override { SetDistanceUnit(0); }
-};
-
 TEST(GeoText, CoordinatesCarryInsteadOfShowingSixtyMinutes) {
     EXPECT_EQ(latitudeText(48, 0), "N48°00'");
     EXPECT_EQ(latitudeText(-0.5, 0), "S00°30'");
@@ -32,7 +27,7 @@ TEST(GeoText, CoordinatesCarryInsteadOfShowingSixtyMinutes) {
     EXPECT_EQ(longitudeText(-350, 0), "E010°00'");
 }
 
-TEST_F(Units, DistancesAreNeverRoundedToAWrongNumber) {
+TEST(GeoText, DistancesAreNeverRoundedToAWrongNumber) {
     struct Case {
         int unit;
         double nm;
@@ -41,13 +36,9 @@ TEST_F(Units, DistancesAreNeverRoundedToAWrongNumber) {
     const Case cases[] = {{0, 65, "65 nm"}, {0, 32.5, "32.5 nm"}, {0, 12.5, "12.5 nm"}, {0, 0.5, "0.5 nm"},
         {0, 250, "250 nm"}, {1, 65, "74.8 mi"}, {1, 100, "115 mi"}, {2, 1, "1.9 km"}, {2, 50 / 1.852, "50 km"},
         {9, 99.96, "100 nm"}};
-    for (const Case& each : cases) {
-        SetDistanceUnit(each.unit);
-        EXPECT_EQ(distanceText(each.nm), each.text);
-    }
-    SetDistanceUnit(0);
-    EXPECT_EQ(distanceTenthsText(65), "65.0 nm");
-    EXPECT_EQ(distanceTenthsText(250), "250 nm");
+    for (const Case& each : cases) { EXPECT_EQ(distanceText(each.nm, distanceUnitOf(each.unit)), each.text); }
+    EXPECT_EQ(distanceTenthsText(65, DistanceUnit::NauticalMiles), "65.0 nm");
+    EXPECT_EQ(distanceTenthsText(250, DistanceUnit::NauticalMiles), "250 nm");
 }
 
 TEST(GeoText, CoursesAndAges) {
@@ -61,7 +52,7 @@ TEST(GeoText, CoursesAndAges) {
     EXPECT_EQ(ageText(3720), "1 h 02 min");
 }
 
-TEST_F(Units, FieldsShowTheirValuesOrDashes) {
+TEST(NavField, FieldsShowTheirValuesOrDashes) {
     struct Case {
         std::string_view name;
         NavFieldText knots;
@@ -95,15 +86,14 @@ TEST_F(Units, FieldsShowTheirValuesOrDashes) {
     const CockpitData nothing = lost(20);  // the last position must not show as a value
     CockpitData metric = navigating();
     metric.altUnit = 1;
+    metric.distanceUnit = DistanceUnit::Kilometres;
     for (const Case& each : cases) {
         const NavField& field = navField(navFieldsFromText(each.name).front());
         ASSERT_EQ(field.header, each.name);
-        SetDistanceUnit(0);
         EXPECT_EQ(field.format(navigating()), each.knots) << field.header;
         if (field.id != NavFieldId::Time) {
             EXPECT_EQ(field.format(nothing), (NavFieldText{"---", "", ""})) << field.header;
         }
-        SetDistanceUnit(2);
         EXPECT_EQ(field.format(metric), each.metric) << field.header;
     }
 }

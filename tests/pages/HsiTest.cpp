@@ -206,11 +206,10 @@ TEST(HsiPage, StatesItsFullScaleInTheUnitInForce) {
     CockpitData data;
     for (const auto& [unit, scale, text] : {std::tuple{0, 5.0, "±5 nm"}, std::tuple{0, 1.25, "±1.25 nm"},
              std::tuple{2, 5.0, "±9.26 km"}, std::tuple{1, 1.25, "±1.44 mi"}}) {
-        SetDistanceUnit(unit);
+        data.distanceUnit = distanceUnitOf(unit);
         data.fullScaleNm = scale;
         EXPECT_EQ(fullScaleText(data), text);
     }
-    SetDistanceUnit(0);
 }
 
 }}  // namespace korvel

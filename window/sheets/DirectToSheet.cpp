@@ -16,7 +16,7 @@ DirectToSheet::DirectToSheet(QWidget* parent, CKorvelDoc& document, const PlaceC
             QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
       place_(document.flight().database(), document.cockpitData().position,
-             document.settings().icaoPrefix) {
+             document.settings().icaoPrefix, document.cockpitData().distanceUnit) {
     buttons().button(QDialogButtonBox::Ok)->setText(toQString(kSheetTexts.directToTitle));
     course_.setPlaceholderText(toQString(kSheetTexts.courseHint));
     altitude_.setPlaceholderText(toQString(kSheetTexts.altitudeHint));

@@ -13,7 +13,8 @@ FindSheet::FindSheet(QWidget* parent, CKorvelDoc& document, std::optional<GeoPoi
     : Sheet(parent, toQString(kSheetTexts.findTitle),
             QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
-      place_(document.flight().database(), near, document.settings().icaoPrefix) {
+      place_(document.flight().database(), near, document.settings().icaoPrefix,
+             document.cockpitData().distanceUnit) {
     buttons().button(QDialogButtonBox::Ok)->setText(toQString(kSheetTexts.findButton));
     addTallRow(place_);
     addNote(message_);

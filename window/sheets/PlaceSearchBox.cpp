@@ -17,14 +17,14 @@ namespace {
 
 constexpr std::size_t kMostMatches = 12;
 
-QString lineOf(const PlaceMatch& match) {
+QString lineOf(const PlaceMatch& match, DistanceUnit unit) {
     QString line =
         QStringLiteral("%1   %2").arg(QString::fromStdString(match.ident), kindWord(match.kind));
     if (match.name != match.ident && !match.name.empty())
         line += QStringLiteral("   ") + QString::fromStdString(match.name);
     if (match.distanceNm) {
         UnitLabels labels;
-        const double distance = ConvertDistance(*match.distanceNm, &labels);
+        const double distance = ConvertDistance(*match.distanceNm, unit, &labels);
         line += QStringLiteral("   %1 %2")
                     .arg(QString::number(distance, 'f', distance < 100 ? 1 : 0),
                          toQString(labels.distance));
@@ -37,8 +37,8 @@ QString lineOf(const PlaceMatch& match) {
 }  // namespace
 
 PlaceSearchBox::PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoint> near,
-                               std::string prefix)
-    : database_(database), near_(near), prefix_(std::move(prefix)) {
+                               std::string prefix, DistanceUnit unit)
+    : database_(database), near_(near), prefix_(std::move(prefix)), unit_(unit) {
     column_.setContentsMargins(0, 0, 0, 0);
     column_.addWidget(&edit_);
     column_.addWidget(&list_);
@@ -73,7 +73,7 @@ void PlaceSearchBox::showMatches() {
                                                                   near_, kMostMatches));
     list_.clear();
     for (const PlaceMatch& match : matches_) {
-        auto* item = new QListWidgetItem(lineOf(match), &list_);  // the list owns it
+        auto* item = new QListWidgetItem(lineOf(match, unit_), &list_);  // the list owns it
         item->setSizeHint({0, Sheet::kRowPixels});
     }
     // Only what is spelled just so is chosen: a beginning is not a place yet.

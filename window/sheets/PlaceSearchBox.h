@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <QWidget>
 
+#include "geo/Units.h"
 #include "nav/plan/PlaceMatches.h"
 #include "window/sheets/PlaceChoice.h"
 
@@ -23,7 +24,8 @@ class PlaceSearchBox final : public QWidget {
  public:
     /// The database must outlive the box; `near` is where the aircraft is. Airports that begin
     /// with `prefix` and what is typed are offered as well, behind the others.
-    PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoint> near, std::string prefix);
+    PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoint> near, std::string prefix,
+                   DistanceUnit unit);
 
     /// What to look up: the chosen match, else what was typed, in capitals.
     [[nodiscard]] PlaceChoice choice() const;
@@ -44,6 +46,7 @@ class PlaceSearchBox final : public QWidget {
     const NavDatabase& database_;
     std::optional<GeoPoint> near_;
     std::string prefix_;
+    DistanceUnit unit_;
     std::optional<PlaceChoice> given_;  // what stands in the line and was not typed
     std::vector<PlaceMatch> matches_;
     QVBoxLayout column_{this};

@@ -63,7 +63,8 @@ void RouteSheet::check() {
     if (route.words.empty() || !route.error.empty())
         return message_.setText(toQString(route.error));
     UnitLabels labels;
-    const int total = RoundToInt(ConvertDistance(route.totalNm, &labels));
+    const int total =
+        RoundToInt(ConvertDistance(route.totalNm, document_.cockpitData().distanceUnit, &labels));
     message_.setText(toQString(formatText(
         kSheetTexts.routeSummary, {static_cast<int>(route.count), total, labels.distance})));
 }

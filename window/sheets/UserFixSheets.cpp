@@ -10,10 +10,10 @@
 namespace korvel {
 namespace {
 
-QString rowText(const UserFix& fix, const std::optional<GeoPoint>& here) {
+QString rowText(const UserFix& fix, const CockpitData& data) {
     std::string line = fix.name + "   " + coordinatesText(fix.position);
-    if (here)
-        line += "   " + distanceText(DistanceNm(*here, fix.position));
+    if (data.position)
+        line += "   " + distanceText(DistanceNm(*data.position, fix.position), data.distanceUnit);
     return toQString(line);
 }
 
@@ -72,7 +72,7 @@ UserFixesSheet::UserFixesSheet(QWidget* parent, CKorvelDoc& document)
 void UserFixesSheet::fill() {
     list_.clear();
     for (const UserFix& fix : document_.userFixes().all()) {
-        auto* item = new QListWidgetItem(rowText(fix, document_.cockpitData().position),
+        auto* item = new QListWidgetItem(rowText(fix, document_.cockpitData()),
                                          &list_);  // the list owns it
         item->setSizeHint({0, kRowPixels});
     }
