@@ -1,5 +1,7 @@
 #pragma once
 
+// The grid of meridians and parallels on the map, as numbers.
+
 #include <string>
 #include <vector>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+// The one table of the map's layers in drawing order, and the painter that goes through it.
+
 #include <cstdint>
 #include <memory>
 #include <span>

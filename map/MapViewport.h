@@ -1,5 +1,7 @@
 #pragma once
 
+// Where the ground lies on the screen: the projection, and the range and point that it starts from.
+
 #include <array>
 #include <optional>
 #include <string>

@@ -1,5 +1,7 @@
 #pragma once
 
+// The map's ruler without its looks: its ends, what moves them, and what is between them.
+
 #include <functional>
 #include <optional>
 #include <string>

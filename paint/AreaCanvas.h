@@ -1,5 +1,7 @@
 #pragma once
 
+// A part of a canvas as a canvas of its own.
+
 #include <optional>
 #include <span>
 #include <vector>

@@ -1,5 +1,7 @@
 #pragma once
 
+// The colours of the schemes that the program brings along.
+
 #include <array>
 #include <string_view>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+// What painters draw on, and the few shapes and looks that they draw with.
+
 #include <cstdint>
 #include <optional>
 #include <span>

@@ -1,5 +1,7 @@
 #pragma once
 
+// Keeps labels from standing on each other.
+
 #include <cstddef>
 #include <optional>
 #include <span>

@@ -1,5 +1,7 @@
 #pragma once
 
+// The colours of the scheme by number instead of by name, for painters.
+
 #include <array>
 #include <cstddef>
 #include <cstdint>

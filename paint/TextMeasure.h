@@ -1,5 +1,7 @@
 #pragma once
 
+// How much room texts take, apart from drawing them.
+
 #include <cstdint>
 #include <string_view>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+// How what is around the view comes to the map.
+
 #include "map/MapView.h"
 
 namespace korvel {

@@ -1,5 +1,7 @@
 #pragma once
 
+// The distances along the extended center line of the runway that is approached.
+
 #include <string>
 #include <vector>
 

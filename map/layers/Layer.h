@@ -1,5 +1,7 @@
 #pragma once
 
+// What every layer of the map is, and what the layers of one frame share.
+
 #include <string>
 #include <vector>
 

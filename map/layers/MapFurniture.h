@@ -1,5 +1,7 @@
 #pragma once
 
+// Where the boxes along the map's edges stand, as numbers.
+
 #include <optional>
 #include <span>
 #include <string>

@@ -1,5 +1,7 @@
 #pragma once
 
+// The ruler on the map; MeasureTool is what the pilot's fingers do with it.
+
 #include <optional>
 #include <string>
 #include <vector>

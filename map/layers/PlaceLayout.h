@@ -1,5 +1,7 @@
 #pragma once
 
+// Which places are drawn in one frame, where their symbols and names stand, as numbers.
+
 #include <optional>
 #include <string>
 #include <vector>

@@ -1,5 +1,7 @@
 #pragma once
 
+// The chart's symbol of each kind of place.
+
 #include "map/layers/PlaceLayout.h"
 #include "paint/Canvas.h"
 

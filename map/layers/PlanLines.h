@@ -1,5 +1,7 @@
 #pragma once
 
+// The legs of the plan on the map, as numbers.
+
 #include <cstdint>
 #include <span>
 #include <vector>

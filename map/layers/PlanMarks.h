@@ -1,5 +1,7 @@
 #pragma once
 
+// The waypoints of the plan on the map, with the room of their labels, as numbers.
+
 #include <string>
 #include <vector>
 

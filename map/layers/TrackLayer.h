@@ -1,5 +1,7 @@
 #pragma once
 
+// The breadcrumb track on the map; TrackLevels is where it comes from.
+
 #include <vector>
 
 #include "map/layers/Layer.h"
