@@ -1,7 +1,7 @@
 #include "map/MapView.h"
 
 #include "cockpit/CockpitData.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 
 namespace korvel {
 

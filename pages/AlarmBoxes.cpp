@@ -6,7 +6,7 @@
 
 #include "paint/Clip.h"
 #include "paint/MapColorCache.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 
 namespace korvel {
 namespace {

@@ -3,7 +3,7 @@
 #include "pages/StatusScreen.h"
 #include "pages/WarningFlag.h"
 #include "paint/MapColorCache.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 
 namespace korvel {
 

@@ -18,7 +18,7 @@
 #include "pages/WarningFlag.h"
 #include "paint/Clip.h"
 #include "paint/MapColorCache.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 
 namespace korvel {
 namespace {

@@ -15,7 +15,7 @@
 #include "pages/NavField.h"
 #include "pages/PlanFigures.h"
 #include "paint/MapColorCache.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 
 namespace korvel {
 namespace {

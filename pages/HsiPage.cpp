@@ -19,7 +19,7 @@
 #include "paint/AreaCanvas.h"
 #include "paint/Clip.h"
 #include "paint/MapColorCache.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 
 namespace korvel {
 namespace {

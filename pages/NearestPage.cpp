@@ -13,7 +13,7 @@
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
 #include "paint/MapColorCache.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 
 namespace korvel {
 namespace {

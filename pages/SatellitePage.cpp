@@ -10,8 +10,8 @@
 #include "geo/Geodesy.h"
 #include "pages/ScreenLayout.h"
 #include "paint/MapColorCache.h"
-#include "paint/MapLook.h"
 #include "paint/Polar.h"
+#include "paint/TypeSizes.h"
 
 namespace korvel {
 namespace {

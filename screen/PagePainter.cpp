@@ -12,7 +12,7 @@
 #include "pages/SatellitePage.h"
 #include "pages/StatusScreen.h"
 #include "paint/MapColorCache.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 
 namespace korvel {
 

@@ -20,7 +20,7 @@
 #include "map/layers/MeasureLayer.h"
 #include "navdb/records/RecordKey.h"
 #include "pages/ApproachBox.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 #include "screen/PageCycle.h"
 #include "window/QtCanvas.h"
 

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "map/feeds/MapPlaces.h"
+#include "map/feeds/PlaceFeed.h"
 #include "map/feeds/TrackFeed.h"
 #include "map/feeds/ViewFeed.h"
 
@@ -26,7 +26,7 @@ class MapFeeds {
     const PlaceSet& places() const { return places_.set(); }
 
  private:
-    MapPlaces places_;
+    PlaceFeed places_;
     TrackFeed track_;
     std::array<ViewFeed*, 2> all_{&places_, &track_};
 };

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "geo/WholeDegreeTrig.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 
 namespace korvel {
 namespace {

@@ -9,7 +9,7 @@
 #include "geo/GeoText.h"
 #include "geo/Units.h"
 #include "paint/LabelSpace.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 
 namespace korvel {
 namespace {

@@ -10,7 +10,7 @@
 #include "geo/Geodesy.h"
 #include "map/GreatCircleLine.h"
 #include "paint/Clip.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 
 namespace korvel {
 namespace {

@@ -13,8 +13,8 @@
 #include "paint/ColorScheme.h"
 #include "paint/LabelSpace.h"
 #include "paint/MapColorCache.h"
-#include "paint/MapLook.h"
 #include "paint/RecordingCanvas.h"
+#include "paint/TypeSizes.h"
 #include "screen/PagePainter.h"
 
 namespace korvel { namespace {

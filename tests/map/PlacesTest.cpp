@@ -71,7 +71,7 @@ TEST_F(PlacesTest, TheViewFindsItsPlacesAcrossTheMeridianAndAtThePole) {
     file.addAirport("FAR", -17, 177);
     file.addAirport("POLE", 89.9, -40);
     open(file);
-    MapPlaces places(database_);
+    PlaceFeed places(database_);
     const CockpitData data;
     const Settings settings;
     const auto look = [&](double lat, double lon, int rangeNm) {
@@ -98,7 +98,7 @@ TEST_F(PlacesTest, TheViewFindsItsPlacesAcrossTheMeridianAndAtThePole) {
 
 TEST_F(PlacesTest, FeedsAreOneToTheViewUntilTheLastIsComplete) {
     TestDatabase file;
-    for (int i = 0; i <= static_cast<int>(MapPlaces::kRecordsPerUpdate); ++i)
+    for (int i = 0; i <= static_cast<int>(PlaceFeed::kRecordsPerUpdate); ++i)
         file.addAirport(numbered("A", 100 + i), 50 + i * 1e-4, 8);
     open(file);
     MapFeeds feeds(database_);

@@ -20,13 +20,13 @@ class NavDatabase;
 /// the view, and again only when the view leaves it or when what is to be shown changes. Full
 /// records (runways, frequencies) are read a few at a time, the most important places' first, and
 /// kept.
-class MapPlaces final : public ViewFeed {
+class PlaceFeed final : public ViewFeed {
  public:
     /// Records read by one update: they take a few milliseconds.
     static constexpr std::size_t kRecordsPerUpdate = 200;
 
     /// The database must outlive this.
-    explicit MapPlaces(const NavDatabase& database) : database_(database) {}
+    explicit PlaceFeed(const NavDatabase& database) : database_(database) {}
 
     bool update(const FeedRequest& request) override;
     bool isComplete() const override { return complete_; }

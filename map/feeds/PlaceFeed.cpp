@@ -1,4 +1,4 @@
-#include "map/feeds/MapPlaces.h"
+#include "map/feeds/PlaceFeed.h"
 
 #include <algorithm>
 #include <cmath>
@@ -88,7 +88,7 @@ bool holds(const GeoBox& outer, const GeoBox& inner) {
            PositiveMod(inner.west - outer.west, kFullTurnDeg) + widthOf(inner) <= widthOf(outer);
 }
 
-bool MapPlaces::update(const FeedRequest& request) {
+bool PlaceFeed::update(const FeedRequest& request) {
     const auto& [view, data, settings] = request;
     const int rangeNm = view.rangeNm;
     const MapPlaceOptions options = MapPlaceOptions::from(settings);
@@ -102,16 +102,16 @@ bool MapPlaces::update(const FeedRequest& request) {
     return fetchedAgain || hasRead;
 }
 
-void MapPlaces::forget() {
+void PlaceFeed::forget() {
     set_.places.clear();
     details_.clear();
     fetched_.reset();
     complete_ = false;
 }
 
-void MapPlaces::addTo(MapContent& content) const { content.places = &set_; }
+void PlaceFeed::addTo(MapContent& content) const { content.places = &set_; }
 
-void MapPlaces::fetch(const GeoBox& box, int rangeNm, const MapPlaceOptions& options) {
+void PlaceFeed::fetch(const GeoBox& box, int rangeNm, const MapPlaceOptions& options) {
     set_.places.clear();
     if (details_.size() > kMostDetailsKept)
         std::erase_if(details_, [](const auto& entry) { return entry.second.use_count() == 1; });
@@ -134,7 +134,7 @@ void MapPlaces::fetch(const GeoBox& box, int rangeNm, const MapPlaceOptions& opt
     rankPlaces();
 }
 
-void MapPlaces::addFound(std::size_t most, int rangeNm) {
+void PlaceFeed::addFound(std::size_t most, int rangeNm) {
     const auto first = static_cast<std::ptrdiff_t>(set_.places.size());
     set_.places.reserve(set_.places.size() + found_.size());
     for (const Place& place : found_) {
@@ -158,7 +158,7 @@ void MapPlaces::addFound(std::size_t most, int rangeNm) {
 }
 
 /// Reads the next few records, the most important places' first; true when one was read.
-bool MapPlaces::readDetails(int rangeNm) {
+bool PlaceFeed::readDetails(int rangeNm) {
     const bool all = rangeNm < kNamedOnlyFromNm || set_.places.size() <= kRecordsPerUpdate;
     std::size_t count = 0;
     for (MapPlace& each : set_.places) {
@@ -180,7 +180,7 @@ bool MapPlaces::readDetails(int rangeNm) {
 
 /// A rose points to the magnetic north of its VOR. Records of navaids do not tell; the nearest
 /// airport's does.
-void MapPlaces::giveVariations(int rangeNm) {
+void PlaceFeed::giveVariations(int rangeNm) {
     if (rangeNm > kRosesToNm)
         return;
     for (MapPlace& vor : set_.places) {
@@ -204,6 +204,6 @@ void MapPlaces::giveVariations(int rangeNm) {
     }
 }
 
-void MapPlaces::rankPlaces() { std::sort(set_.places.begin(), set_.places.end(), isMoreImportant); }
+void PlaceFeed::rankPlaces() { std::sort(set_.places.begin(), set_.places.end(), isMoreImportant); }
 
 }  // namespace korvel

@@ -1,4 +1,4 @@
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 
 #include <algorithm>
 #include <cmath>
