@@ -77,10 +77,10 @@ std::string CKorvelApp::start() {
         document_.flight().setTimeFactor(line_.timeFactor);
     }
     // Half a second is long for a pilot who waits for the map.
-    frame_.view().tick();
+    frame_.screen().tick();
     if (line_.snapshotFile.empty()) {
         if (const auto& copy = profile_.damagedCopy(); !copy.empty())
-            frame_.view().say(formatText(kFileTexts.profileDamaged, {copy.filename().string()}));
+            frame_.screen().say(formatText(kFileTexts.profileDamaged, {copy.filename().string()}));
         if (!isTold)
             frame_.welcome();
         return {};
@@ -120,14 +120,14 @@ std::string CKorvelApp::applyView() {
         frame_.showScheme(line_.scheme);
     }
     if (!line_.page.empty() || line_.rangeNm)
-        frame_.view().holdView();
+        frame_.screen().holdView();
     if (!line_.page.empty()) {
         const auto page = pageOfName(line_.page);
         if (!page)
             return "--page: choose from " + listOf(availablePages(), pageName);
-        frame_.view().showPage(*page);
+        frame_.screen().showPage(*page);
     }
-    if (line_.rangeNm && !frame_.view().setRange(*line_.rangeNm))
+    if (line_.rangeNm && !frame_.screen().setRange(*line_.rangeNm))
         return "--range: choose from " +
                listOf(kRangeStepsNm, [](int rangeNm) { return std::to_string(rangeNm); });
     return {};

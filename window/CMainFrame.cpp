@@ -15,13 +15,11 @@
 
 #include "cockpit/CKorvelDoc.h"
 #include "cockpit/ConnectedText.h"
-#include "cockpit/PlaceClass.h"
 #include "cockpit/PrefsTable.h"
 #include "config/DataFileSearch.h"
 #include "config/ProfileFile.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/FileTexts.h"
-#include "config/texts/MessageTexts.h"
 #include "config/texts/SheetTexts.h"
 #include "paint/ColorScheme.h"
 #include "platform/Folders.h"
@@ -53,8 +51,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
       places_(*this, parts.labels, parts.scheme),
       databases_(*this),
       options_(*this),
-      schemes_(this),
-      dayScheme_(daySchemeName()) {
+      schemes_(this) {
     setWindowTitle(toQString(kCommandTexts.programName));
     setWindowIcon(appIcon(parts_.scheme));
     fitLetters();
@@ -63,19 +60,24 @@ CMainFrame::CMainFrame(const FrameParts& parts)
     showScheme(schemes[selectedScheme(schemes, parts_.document.settings().schemeFile)]);
     setCentralWidget(&view_);
     setAcceptDrops(true);
-    view_.onTouch = [this](TouchCommand command) { runTouch(command); };
-    view_.onLive = [this](bool live) { screenKeeper_.keep(live && isVisible()); };
-    view_.onPlanRow = [this](std::size_t row) { navigate_.openPlanRow(row); };
-    view_.onField = [this](std::size_t field) { chooseField(field); };
-    view_.onPlaces = [this](const std::vector<MapPlace>& found) { places_.identify(found); };
-    view_.onAirport = [this](const NearAirport& airport) { places_.openAirport(airport); };
-    view_.onApproach = [this] { navigate_.approach(); };
+    listenToScreen();
     places_.onApproach = [this](std::vector<LandingRunway> runways) {
         navigate_.approach(std::move(runways));
     };
     places_.onDirectTo = [this](const PlaceChoice& place) { navigate_.directTo(place); };
-    view_.onBarShown = [this](bool shown) { menuBar()->setVisible(shown); };
     view_.setFocus();
+}
+
+void CMainFrame::listenToScreen() {
+    screen().onLive = [this](bool live) { screenKeeper_.keep(live && isVisible()); };
+    screen().onBarShown = [this](bool shown) { menuBar()->setVisible(shown); };
+    ScreenHand& hand = view_.hand();
+    hand.onTouch = [this](TouchCommand command) { runTouch(command); };
+    hand.onPlanRow = [this](std::size_t row) { navigate_.openPlanRow(row); };
+    hand.onField = [this](std::size_t field) { chooseField(field); };
+    hand.onPlaces = [this](const std::vector<MapPlace>& found) { places_.identify(found); };
+    hand.onAirport = [this](const NearAirport& airport) { places_.openAirport(airport); };
+    hand.onApproach = [this] { navigate_.approach(); };
 }
 
 /// A large window is looked at from further away.
@@ -99,7 +101,7 @@ QAction& CMainFrame::addCommand(QMenu& menu, Text name, const QList<QKeySequence
     action->setShortcuts(keys);
     connect(action, &QAction::triggered, this, [this, handler] {
         handler();
-        view_.refresh();
+        screen().refresh();
     });
     return *action;
 }
@@ -123,22 +125,23 @@ void CMainFrame::addCommands() {
 
 void CMainFrame::addViewCommands(QMenu& menu) {
     addCommand(menu, kCommandTexts.commandZoomIn, {Qt::Key_Z, Qt::Key_Plus},
-               [this] { view_.zoomIn(); });
+               [this] { screen().zoom(1); });
     addCommand(menu, kCommandTexts.commandZoomOut,
                {QKeySequence(Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::Key_Minus)},
-               [this] { view_.zoomOut(); });
+               [this] { screen().zoom(-1); });
     addCommand(menu, kCommandTexts.commandBackToAircraft, {Qt::Key_Space},
-               [this] { view_.backToAircraft(); });
+               [this] { screen().backToAircraft(); });
     greyUnless(menu,
                addCommand(menu, kCommandTexts.commandRotateNavaids, {Qt::Key_V},
-                          [this] { rotateNavaids(); }),
+                          [this] { screen().rotateNavaids(); }),
                [this] { return parts_.document.settings().rotateNavaids; });
     markWhile(menu,
               addCommand(menu, kCommandTexts.commandMeasure, {QKeySequence(Qt::SHIFT | Qt::Key_M)},
-                         [this] { view_.setMeasuring(!view_.isMeasuring()); }),
-              [this] { return view_.isMeasuring(); });
+                         [this] { screen().setMeasuring(!screen().isMeasuring()); }),
+              [this] { return screen().isMeasuring(); });
     menu.addSeparator();
-    addCommand(menu, kCommandTexts.commandNextPage, {Qt::Key_N}, [this] { view_.goToNextPage(); });
+    addCommand(menu, kCommandTexts.commandNextPage, {Qt::Key_N},
+               [this] { screen().goToNextPage(); });
     addPages(menu);
     menu.addSeparator();
     markWhile(menu,
@@ -156,9 +159,9 @@ void CMainFrame::addPages(QMenu& menu) {
         action->setShortcut(QKeySequence(key++));
         action->setCheckable(true);
         group->addAction(action);
-        connect(action, &QAction::triggered, this, [this, page] { view_.choosePage(page); });
+        connect(action, &QAction::triggered, this, [this, page] { screen().choosePage(page); });
         connect(&menu, &QMenu::aboutToShow, action,
-                [this, action, page] { action->setChecked(view_.page() == page); });
+                [this, action, page] { action->setChecked(screen().page() == page); });
     }
 }
 
@@ -220,7 +223,7 @@ void CMainFrame::runTouch(TouchCommand command) {
         case TouchCommand::DirectTo:
             return navigate_.directTo();
         case TouchCommand::Nearest:
-            return view_.showPage(PageId::NearestAirport);
+            return screen().showPage(PageId::NearestAirport);
         case TouchCommand::Plan:
             return navigate_.showPlan();
         default:
@@ -230,8 +233,8 @@ void CMainFrame::runTouch(TouchCommand command) {
 
 void CMainFrame::chooseField(std::size_t field) {
     auto sheet =
-        std::make_unique<FieldSheet>(this, view_.field(field), parts_.document.cockpitData());
-    sheet->onChosen = [this, field](NavFieldId chosen) { view_.setField(field, chosen); };
+        std::make_unique<FieldSheet>(this, screen().field(field), parts_.document.cockpitData());
+    sheet->onChosen = [this, field](NavFieldId chosen) { screen().setField(field, chosen); };
     openSheet(std::move(sheet));
 }
 
@@ -246,7 +249,7 @@ bool CMainFrame::recoverPlan(const std::filesystem::path& unsaved, bool wanted) 
     if (!error)
         return false;
     if (error->empty())
-        view_.say(std::string(text(kFileTexts.planRecovered)));
+        screen().say(std::string(text(kFileTexts.planRecovered)));
     else
         showError(*error);
     return true;
@@ -269,19 +272,6 @@ void CMainFrame::showError(const std::string& message) {
     box->open();
 }
 
-/// The first set changes; the other two stay beside it as the preferences have them.
-void CMainFrame::rotateNavaids() {
-    Settings settings = parts_.document.settings();
-    if (!settings.rotateNavaids)
-        return view_.say(std::string(text(kMessageTexts.navaidsNotRotated)));
-    const NavaidSet next =
-        nextNavaidSet(static_cast<NavaidSet>(settings.rotateModes.front()), settings);
-    settings.rotateModes.front() = static_cast<int>(next);
-    parts_.document.applySettings(settings);
-    const Text name = kNavaidSetNames.at(static_cast<std::size_t>(next));
-    view_.say(formatText(kMessageTexts.navaidsShown, {text(name)}));
-}
-
 void CMainFrame::toggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }
 
 void CMainFrame::changeEvent(QEvent* event) {
@@ -290,7 +280,7 @@ void CMainFrame::changeEvent(QEvent* event) {
         return;
     // Whoever has no keyboard must find the way out of full screen: the menus go only with a tap.
     menuBar()->show();
-    view_.setBarMayHide(isFullScreen());
+    screen().setBarMayHide(isFullScreen());
 }
 
 void CMainFrame::openSheet(std::unique_ptr<Sheet> sheet) {
@@ -298,7 +288,7 @@ void CMainFrame::openSheet(std::unique_ptr<Sheet> sheet) {
     if (sheet_)
         sheet_.release()->deleteLater();
     sheet_ = std::move(sheet);
-    connect(sheet_.get(), &QDialog::finished, this, [this] { view_.refresh(); });
+    connect(sheet_.get(), &QDialog::finished, this, [this] { screen().refresh(); });
     sheet_->open();
 }
 
@@ -313,9 +303,7 @@ void CMainFrame::addSchemes(QMenu& menu) {
     }
 }
 
-void CMainFrame::toggleNight() {
-    chooseScheme(shownScheme_ == nightSchemeName() ? dayScheme_ : nightSchemeName());
-}
+void CMainFrame::toggleNight() { chooseScheme(night_.other()); }
 
 void CMainFrame::chooseScheme(const std::string& name) {
     Settings settings = parts_.document.settings();
@@ -325,9 +313,7 @@ void CMainFrame::chooseScheme(const std::string& name) {
 }
 
 void CMainFrame::showScheme(const std::string& name) {
-    shownScheme_ = name;
-    if (name != nightSchemeName())
-        dayScheme_ = name;
+    night_.show(name);
     parts_.scheme.load(name, parts_.dataFiles);
     view_.schemeChanged();
     places_.schemeChanged(parts_.scheme);
@@ -350,7 +336,7 @@ void CMainFrame::showWhereItWas() {
 void CMainFrame::storeState() {
     const QRect normal = normalGeometry();
     storePlacement(parts_.profile, {normal.isEmpty() ? geometry() : normal, isMaximized()});
-    view_.storeState();
+    screen().storeState();
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event) {

@@ -8,6 +8,7 @@
 #include <QMainWindow>
 
 #include "config/Text.h"
+#include "screen/NightSwitch.h"
 #include "window/CKorvelView.h"
 #include "window/ScreenKeeper.h"
 #include "window/commands/CommandHost.h"
@@ -41,6 +42,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     explicit CMainFrame(const FrameParts& parts);
 
     CKorvelView& view() override { return view_; }
+    Screen& screen() override { return view_.screen(); }
     /// Opens a plan or a track; the message for the pilot, empty on success.
     [[nodiscard]] std::string openFile(const std::filesystem::path& path);
 
@@ -72,6 +74,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     void dropEvent(QDropEvent* event) override;
 
  private:
+    void listenToScreen();
     void fitLetters();
     QAction& addCommand(QMenu& menu, Text name, const QList<QKeySequence>& keys,
                         const Handler& handler) override;
@@ -93,7 +96,6 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     void chooseField(std::size_t field);
     /// Shows a scheme and remembers it.
     void chooseScheme(const std::string& name);
-    void rotateNavaids();
     void toggleFullScreen();
     void toggleNight();
 
@@ -107,8 +109,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     ScreenKeeper screenKeeper_;
     bool mayClose_ = false;  // the plan is safe
     QActionGroup schemes_;
-    std::string shownScheme_;
-    std::string dayScheme_;  // what C goes back to
+    NightSwitch night_;
     std::unique_ptr<Sheet> sheet_;
 };
 

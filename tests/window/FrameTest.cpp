@@ -25,7 +25,6 @@
 #include "platform/FileIo.h"
 #include "receiver/FakePorts.h"
 #include "receiver/GpsFixture.h"
-#include "screen/PageCycle.h"
 #include "window/CMainFrame.h"
 #include "window/sheets/CAirportSheet.h"
 #include "window/sheets/KeyPad.h"
@@ -52,7 +51,9 @@ class FrameTest : public testing::Test {
     }
 
     CKorvelView& view() { return frame_->view(); }
-    int rangeNm() { return view().viewport().currentRangeNm(); }
+    Screen& screen() { return frame_->screen(); }
+    bool isPanned() { return screen().camera().lookAt().has_value(); }
+    int rangeNm() { return screen().camera().viewport().currentRangeNm(); }
 
     void press(const QKeySequence& key) {
         for (QAction* action : frame_->findChildren<QAction*>())
@@ -79,11 +80,6 @@ class FrameTest : public testing::Test {
         mouse(QEvent::MouseButtonRelease, to);
     }
     QPointF middle() { return QRectF(view().rect()).center(); }
-    /// The middle of a button of the touch bar, counted from the left.
-    QPointF button(int number) {
-        const double buttons = 7;
-        return {view().width() * (number + 0.5) / buttons, view().height() - 10.0};
-    }
 
     void flyTo(const std::string& position) {
         for (const auto& [name, rest] :
@@ -94,7 +90,7 @@ class FrameTest : public testing::Test {
             ports_.send("\r\n");
         }
         ASSERT_TRUE(eventually([&] {
-            view().tick();
+            screen().tick();
             return document_->cockpitData().position.has_value();
         }));
     }
@@ -120,94 +116,59 @@ TEST_F(FrameTest, NoKeyStandsForTwoCommands) {
     EXPECT_GE(keys.size(), 8U);
 }
 
-TEST_F(FrameTest, ZoomPausesAutomaticZoomForSixtyTicks) {
-    ASSERT_EQ(rangeNm(), 65);
-    press(Qt::Key_Z);
-    EXPECT_EQ(rangeNm(), 40);
-    EXPECT_EQ(view().message(), "Auto-zoom/view disabled for 30 secs.");
-    for (int tick = 1; tick < 60; ++tick) {
-        view().tick();
-        EXPECT_EQ(view().message().empty(), tick >= 10) << tick;
-    }
-    EXPECT_TRUE(view().viewport().autoZoomPaused());
-    view().tick();
-    EXPECT_FALSE(view().viewport().autoZoomPaused());
-    EXPECT_EQ(view().message(), "Auto-zoom/view enabled");
-
-    press(QKeySequence(Qt::SHIFT | Qt::Key_Z));
-    press(Qt::Key_Minus);
-    EXPECT_EQ(rangeNm(), 100);
-    press(Qt::Key_Space);
-    EXPECT_EQ(rangeNm(), 65);
-    EXPECT_FALSE(view().viewport().autoZoomPaused());
-}
-
-TEST_F(FrameTest, AButtonActsWhenTheFingerLeavesItWhereItCameDown) {
-    mouse(QEvent::MouseButtonPress, button(6));
-    EXPECT_EQ(rangeNm(), 65);
-    mouse(QEvent::MouseButtonRelease, button(6));
-    EXPECT_EQ(rangeNm(), 40);
-    drag(button(6), button(5));  // changed its mind
-    drag(middle(), button(6));
-    EXPECT_EQ(rangeNm(), 40);
-    drag(button(0), button(0));
-    EXPECT_EQ(view().page(), availablePages()[1]);
-}
-
 TEST_F(FrameTest, TheWheelAndTwoFingersZoom) {
     QWheelEvent notch(
         middle(), view().mapToGlobal(middle()), {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&view(), &notch);
     EXPECT_EQ(rangeNm(), 100);
 
-    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+    const std::unique_ptr<QPointingDevice> glass(QTest::createTouchDevice());
     const QPoint center = middle().toPoint();
     const auto fingers = [&](int apart) { return QPoint(apart / 2, 0); };
-    QTest::touchEvent(&view(), screen.get()).press(0, center - fingers(60)).press(1, center + fingers(60));
+    QTest::touchEvent(&view(), glass.get()).press(0, center - fingers(60)).press(1, center + fingers(60));
     for (int apart = 70; apart <= 180; apart += 10)
-        QTest::touchEvent(&view(), screen.get()).move(0, center - fingers(apart)).move(1, center + fingers(apart));
-    QTest::touchEvent(&view(), screen.get()).release(0, center - fingers(180)).release(1, center + fingers(180));
+        QTest::touchEvent(&view(), glass.get()).move(0, center - fingers(apart)).move(1, center + fingers(apart));
+    QTest::touchEvent(&view(), glass.get()).release(0, center - fingers(180)).release(1, center + fingers(180));
     EXPECT_EQ(rangeNm(), 40);  // three times as far apart: two steps
-    EXPECT_FALSE(view().isPanned());
+    EXPECT_FALSE(isPanned());
 }
 
-TEST_F(FrameTest, TheMapIsDraggedAndComesBackToTheAircraft) {
-    drag(middle(), middle() + QPointF(100, 0));
-    EXPECT_FALSE(view().isPanned());  // there is no map yet
-
+TEST_F(FrameTest, MouseKeysAndCommandsReachTheScreen) {
+    bool live = false;
+    screen().onLive = [&](bool isLive) { live = isLive; };
     flyTo("4730.0,N,01015.0,E");
-    drag(middle(), middle() + QPointF(5, 0));
-    EXPECT_FALSE(view().isPanned());  // an unsteady tap
+    EXPECT_TRUE(live);
     drag(middle(), middle() + QPointF(100, 40));
-    EXPECT_TRUE(view().isPanned());
+    EXPECT_TRUE(isPanned());
     press(Qt::Key_Space);
-    EXPECT_FALSE(view().isPanned());
-    drag(middle(), middle() + QPointF(100, 40));
-    press(Qt::Key_N);
-    EXPECT_FALSE(view().isPanned());
-}
-
-TEST_F(FrameTest, OtherPagesLeaveTheRangeAloneAndLeadBackToTheMap) {
-    const int before = rangeNm();
-    view().showPage(PageId::FlightPlan);
+    EXPECT_FALSE(isPanned());
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down}) {
+        QTest::keyClick(&view(), key);
+        EXPECT_TRUE(isPanned()) << key;
+        press(Qt::Key_Space);
+    }
+    press(QKeySequence(Qt::SHIFT | Qt::Key_M));
+    EXPECT_TRUE(screen().isMeasuring());
+    QTest::keyClick(&view(), Qt::Key_Escape);
+    EXPECT_FALSE(screen().isMeasuring());
     press(Qt::Key_Z);
-    EXPECT_EQ(rangeNm(), before);
-    EXPECT_FALSE(view().viewport().autoZoomPaused());
-    press(Qt::Key_Space);
-    EXPECT_EQ(view().page(), PageId::Map);
+    EXPECT_EQ(rangeNm(), 40);
+    press(QKeySequence(Qt::SHIFT | Qt::Key_Z));
+    press(Qt::Key_Minus);
+    EXPECT_EQ(rangeNm(), 100);
 }
 
 TEST_F(FrameTest, RemembersPageAndPlaceAndScheme) {
     frame_->setGeometry(60, 50, 700, 480);
     press(Qt::Key_N);
-    const PageId page = view().page();
+    const PageId page = screen().page();
     ASSERT_NE(page, PageId::Map);
     press(Qt::Key_C);
     const ColorValue night = scheme_.Color("map.background");
     EXPECT_LT(QApplication::palette().color(QPalette::Window).lightness(), 64);
     closeAndReopen();
     EXPECT_EQ(frame_->geometry(), QRect(60, 50, 700, 480));
-    EXPECT_EQ(view().page(), page);
+    EXPECT_EQ(screen().page(), page);
     EXPECT_EQ(scheme_.Color("map.background"), night);
     press(Qt::Key_C);
     QApplication::processEvents();
@@ -229,7 +190,7 @@ TEST_F(FrameTest, APlanIsChangedByRowsTakenBackAndNotLost) {
     ASSERT_TRUE(writeFileAtomically(file, "f.AAA 47.5 10.0\r\nf.BBB@45 47.6 10.5\r\nf.CCC 47.7 11.0\r\n"));
     ASSERT_EQ(frame_->openFile(file), "");
     press(Qt::Key_F);
-    ASSERT_EQ(view().page(), PageId::FlightPlan);
+    ASSERT_EQ(screen().page(), PageId::FlightPlan);
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) QTest::keyClick(&view(), key);
     ActivePlan& plan = document_->flight().plan();
     EXPECT_FALSE(plan.changed());
@@ -321,26 +282,6 @@ TEST_F(FrameTest, AnAirportsSheetSaysWhatItsRecordHas) {
     CAirportSheet sheet(frame_.get(), *document_, {labels_, colors}, airport);
     EXPECT_LE(sheet.minimumSizeHint().height(), 460);
     EXPECT_LE(sheet.minimumSizeHint().width(), 640);
-}
-
-TEST(PageCycle, GoesOnceAroundWhatTheMaskLeaves) {
-    constexpr auto bit = [](PageId page) { return 1 << static_cast<int>(page); };
-    // The default mask leaves one page, which is nothing to go through: everything then.
-    for (const int mask : {0x80, 0, bit(PageId::Map)}) {
-        PageId page = PageId::Map;
-        for (const PageId expected : availablePages()) {
-            if (expected == PageId::Attitude) continue;  // only where it was chosen
-            EXPECT_EQ(page, expected);
-            page = nextPage(page, mask);
-        }
-        EXPECT_EQ(page, PageId::Map);
-    }
-    const int two = bit(PageId::Map) | bit(PageId::Satellite);
-    EXPECT_EQ(nextPage(PageId::Map, two), PageId::Satellite);
-    EXPECT_EQ(nextPage(PageId::Satellite, two), PageId::Map);
-    EXPECT_EQ(nextPage(PageId::NorthUp, two), PageId::Satellite);
-    EXPECT_EQ(nextPage(PageId::Satellite, two | bit(PageId::Attitude)), PageId::Attitude);
-    for (const int number : {-1, 9, 99}) EXPECT_EQ(pageOfNumber(number), PageId::Map);
 }
 
 }}  // namespace korvel

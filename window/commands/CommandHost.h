@@ -16,8 +16,8 @@
 namespace korvel {
 
 class CKorvelDoc;
-class CKorvelView;
 class ProfileFile;
+class Screen;
 
 /// Shows the command of the menu in grey while it can do nothing. Its key works all the same and
 /// says why not.
@@ -54,7 +54,9 @@ class CommandHost {
     virtual void showError(const std::string& message) = 0;
 
     virtual QWidget& window() = 0;
-    virtual CKorvelView& view() = 0;
+    /// The window without its menus.
+    virtual QWidget& view() = 0;
+    virtual Screen& screen() = 0;
     virtual CKorvelDoc& document() = 0;
     virtual ProfileFile& profile() = 0;
 };

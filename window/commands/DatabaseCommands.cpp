@@ -6,7 +6,7 @@
 #include "config/texts/MessageTexts.h"
 #include "config/texts/SheetTexts.h"
 #include "platform/Folders.h"
-#include "window/CKorvelView.h"
+#include "screen/Screen.h"
 #include "window/QtText.h"
 #include "window/sheets/LoadProgress.h"
 #include "window/sheets/TextSheet.h"
@@ -24,12 +24,12 @@ void DatabaseCommands::addToHelp(QMenu& menu) {
 
 void DatabaseCommands::load() {
     // The window is painted while it loads, and rows of closed files mean nothing any more.
-    host_.view().databasesChanged();
+    host_.screen().databasesChanged();
     LoadProgress progress(host_.view());
     host_.document().flight().loadDatabases(
         dataFolders(),
         [&progress](std::string_view doing, int percent) { progress.show(doing, percent); });
-    host_.view().databasesChanged();
+    host_.screen().databasesChanged();
 }
 
 void DatabaseCommands::reload() {
@@ -38,8 +38,8 @@ void DatabaseCommands::reload() {
     for (const DatabaseLoader::OpenedFile& file : flight.loader().openedFiles())
         if (!file.error.empty())
             return showReport();
-    host_.view().say(formatText(kMessageTexts.databasesLoaded,
-                                {static_cast<int>(flight.database().files().size())}));
+    host_.screen().say(formatText(kMessageTexts.databasesLoaded,
+                                  {static_cast<int>(flight.database().files().size())}));
 }
 
 void DatabaseCommands::showReport() {

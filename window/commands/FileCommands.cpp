@@ -13,7 +13,7 @@
 #include "config/texts/FlightTexts.h"
 #include "config/texts/MessageTexts.h"
 #include "platform/Folders.h"
-#include "window/CKorvelView.h"
+#include "screen/Screen.h"
 #include "window/QtText.h"
 
 namespace korvel {
@@ -84,7 +84,7 @@ void FileCommands::showFileError(const std::filesystem::path& path, const std::s
 void FileCommands::newPlan() {
     const bool had = flight().plan().hasPlan();
     flight().plan().clear();
-    host_.view().say(std::string(text(had ? kFileTexts.planClosed : kMessageTexts.planMissing)));
+    host_.screen().say(std::string(text(had ? kFileTexts.planClosed : kMessageTexts.planMissing)));
 }
 
 void FileCommands::choosePlan() {
@@ -98,7 +98,7 @@ void FileCommands::openFile(const std::filesystem::path& path) {
     withPlanSafe([this, path] {
         if (const std::string error = openPlan(path); !error.empty())
             return showFileError(path, error);
-        host_.view().say(formatText(kFileTexts.planOpened, {path.filename().string()}));
+        host_.screen().say(formatText(kFileTexts.planOpened, {path.filename().string()}));
     });
 }
 
@@ -123,7 +123,7 @@ void FileCommands::savePlanTo(const std::filesystem::path& path,
     if (const std::string error = flight().plan().saveAs(path); !error.empty())
         return host_.showError(error);
     recent_.add(std::filesystem::absolute(path));
-    host_.view().say(formatText(kFileTexts.planSaved, {path.filename().string()}));
+    host_.screen().say(formatText(kFileTexts.planSaved, {path.filename().string()}));
     next();
 }
 
@@ -166,7 +166,7 @@ void FileCommands::openTrack(const std::filesystem::path& path) {
         return showFileError(path, error);
     if (recorder.track()->read()->slots.empty())
         return showFileError(path, std::string(text(kFileTexts.trackEmpty)));
-    host_.view().say(formatText(kFileTexts.trackOpened, {path.filename().string()}));
+    host_.screen().say(formatText(kFileTexts.trackOpened, {path.filename().string()}));
 }
 
 void FileCommands::saveTrackAs() {
@@ -178,7 +178,7 @@ void FileCommands::saveTrackAs() {
            [this](const std::filesystem::path& path) {
                if (const std::string error = flight().track().saveTrack(path); !error.empty())
                    return host_.showError(error);
-               host_.view().say(formatText(kFileTexts.planSaved, {path.filename().string()}));
+               host_.screen().say(formatText(kFileTexts.planSaved, {path.filename().string()}));
            });
 }
 

@@ -5,7 +5,7 @@
 #include "cockpit/CKorvelDoc.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/MessageTexts.h"
-#include "window/CKorvelView.h"
+#include "screen/Screen.h"
 #include "window/QtText.h"
 #include "window/sheets/ApproachSheet.h"
 #include "window/sheets/DirectToSheet.h"
@@ -32,7 +32,7 @@ Flight& NavigateCommands::flight() { return host_.document().flight(); }
 void NavigateCommands::addTo(QMenu& menu) {
     host_.addCommand(menu, kCommandTexts.commandDirectTo, {Qt::Key_D}, [this] { directTo(); });
     host_.addCommand(menu, kCommandTexts.commandNearest, {Qt::Key_R},
-                     [this] { host_.view().showPage(PageId::NearestAirport); });
+                     [this] { host_.screen().showPage(PageId::NearestAirport); });
     host_.addCommand(menu, kCommandTexts.commandApproach, {Qt::Key_A}, [this] { approach(); });
     host_.addCommand(menu, kCommandTexts.commandClearNavigation,
                      {QKeySequence(Qt::CTRL | Qt::Key_D)},
@@ -45,13 +45,14 @@ void NavigateCommands::addTo(QMenu& menu) {
     suspended_ =
         &host_.addCommand(menu, kCommandTexts.commandSuspend, {QKeySequence(Qt::CTRL | Qt::Key_U)},
                           [this] { suspend(suspended_->isChecked()); });
-    greyUnless(menu,
-               host_.addCommand(menu, kCommandTexts.commandAcknowledge, {Qt::Key_Backspace},
-                                [this] {
-                                    if (!host_.view().acknowledgeAlarm())
-                                        host_.view().say(std::string(text(kMessageTexts.noAlarm)));
-                                }),
-               [this] { return !host_.document().cockpitData().alarms.empty(); });
+    greyUnless(
+        menu,
+        host_.addCommand(menu, kCommandTexts.commandAcknowledge, {Qt::Key_Backspace},
+                         [this] {
+                             if (!host_.screen().acknowledgeAlarm())
+                                 host_.screen().say(std::string(text(kMessageTexts.noAlarm)));
+                         }),
+        [this] { return !host_.document().cockpitData().alarms.empty(); });
     for (QAction* action : {tracking_.data(), suspended_.data()})
         action->setCheckable(true);
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { updateChecks(); });
@@ -76,16 +77,16 @@ void NavigateCommands::addPlanCommands(QMenu& menu) {
             menu, change.name, {QKeySequence(Qt::CTRL | change.key)}, [this, change] {
                 // A plan that is not on the screen changes unseen.
                 const bool done = (flight().plan().*change.make)();
-                host_.view().say(std::string(text(done ? change.done : change.otherwise)));
+                host_.screen().say(std::string(text(done ? change.done : change.otherwise)));
             });
         greyUnless(menu, action, [this, can = change.can] { return (flight().plan().*can)(); });
     }
 }
 
 void NavigateCommands::showPlan() {
-    if (host_.view().page() == PageId::FlightPlan)
+    if (host_.screen().page() == PageId::FlightPlan)
         return editRoute();
-    host_.view().showPage(PageId::FlightPlan);
+    host_.screen().showPage(PageId::FlightPlan);
 }
 
 void NavigateCommands::updateChecks() {
@@ -95,7 +96,7 @@ void NavigateCommands::updateChecks() {
 
 void NavigateCommands::directTo(const PlaceChoice& place) {
     auto sheet = std::make_unique<DirectToSheet>(&host_.window(), host_.document(), place);
-    sheet->onDone = [this](const std::string& message) { host_.view().say(message); };
+    sheet->onDone = [this](const std::string& message) { host_.screen().say(message); };
     host_.openSheet(std::move(sheet));
 }
 
@@ -123,19 +124,19 @@ void NavigateCommands::openPlanRow(std::size_t row) {
 void NavigateCommands::clearNavigation() {
     flight().navigation().ClearNavigation();
     flight().plan().clear();
-    host_.view().say(std::string(text(kMessageTexts.navigationCleared)));
+    host_.screen().say(std::string(text(kMessageTexts.navigationCleared)));
 }
 
 void NavigateCommands::suspend(bool on) {
     flight().navigation().setSuspended(on);
-    host_.view().say(std::string(text(on ? kMessageTexts.suspended : kMessageTexts.resumed)));
+    host_.screen().say(std::string(text(on ? kMessageTexts.suspended : kMessageTexts.resumed)));
 }
 
 void NavigateCommands::recordTrack(bool on) {
     Settings settings = host_.document().settings();
     settings.tracking = on;
     host_.document().applySettings(settings);
-    host_.view().say(std::string(text(on ? kMessageTexts.trackOn : kMessageTexts.trackOff)));
+    host_.screen().say(std::string(text(on ? kMessageTexts.trackOn : kMessageTexts.trackOff)));
 }
 
 }  // namespace korvel

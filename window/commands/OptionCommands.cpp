@@ -3,7 +3,7 @@
 #include "cockpit/CKorvelDoc.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/MessageTexts.h"
-#include "window/CKorvelView.h"
+#include "screen/Screen.h"
 #include "window/sheets/CGPSDialog.h"
 #include "window/sheets/CPrefsSheet.h"
 #include "window/sheets/SimulatorSheet.h"
@@ -45,7 +45,7 @@ void OptionCommands::simulate(bool on) {
         flight.stopSimulator();
     // The sheet starts and stops it, too, behind the back of the check.
     simulating_->setChecked(on);
-    host_.view().say(
+    host_.screen().say(
         std::string(text(on ? kMessageTexts.simulatorOn : kMessageTexts.simulatorOff)));
 }
 

@@ -8,7 +8,7 @@
 #include "config/texts/MessageTexts.h"
 #include "config/texts/SheetTexts.h"
 #include "navdb/records/AirportRecord.h"
-#include "window/CKorvelView.h"
+#include "screen/Screen.h"
 #include "window/QtText.h"
 #include "window/sheets/CAirportSheet.h"
 #include "window/sheets/FindSheet.h"
@@ -63,15 +63,14 @@ void PlaceCommands::addTo(QMenu& menu) {
 }
 
 void PlaceCommands::mark() {
-    CKorvelView& view = host_.view();
-    // Not where the aircraft was last seen.
-    const auto where = view.isPanned() ? view.mapCenter() : host_.document().cockpitData().position;
+    Screen& screen = host_.screen();
+    const auto where = screen.placeToMark();
     if (!where)
-        return view.say(std::string(text(kMessageTexts.nothingToMark)));
+        return screen.say(std::string(text(kMessageTexts.nothingToMark)));
     auto sheet = std::make_unique<MarkSheet>(&host_.window(), host_.document(), *where);
-    sheet->onMarked = [&view](const std::string& name) {
-        view.databasesChanged();
-        view.say(formatText(kMessageTexts.marked, {std::string_view(name)}));
+    sheet->onMarked = [&screen](const std::string& name) {
+        screen.databasesChanged();
+        screen.say(formatText(kMessageTexts.marked, {std::string_view(name)}));
     };
     host_.openSheet(std::move(sheet));
 }
@@ -82,15 +81,15 @@ void PlaceCommands::listMarks() {
         const DatabaseRecord* found = host_.document().flight().database().Find(key);
         open(found != nullptr ? found->Clone() : nullptr);
     };
-    sheet->onRemoved = [this] { host_.view().databasesChanged(); };
+    sheet->onRemoved = [this] { host_.screen().databasesChanged(); };
     host_.openSheet(std::move(sheet));
 }
 
 void PlaceCommands::find() {
-    auto sheet =
-        std::make_unique<FindSheet>(&host_.window(), host_.document(), host_.view().mapCenter());
+    auto sheet = std::make_unique<FindSheet>(&host_.window(), host_.document(),
+                                             host_.screen().camera().center());
     sheet->onFound = [this](std::unique_ptr<DatabaseRecord> record) {
-        host_.view().lookAt(record->position);
+        host_.screen().lookAt(record->position);
         open(std::move(record));
     };
     host_.openSheet(std::move(sheet));
@@ -115,16 +114,16 @@ void PlaceCommands::openAirport(const NearAirport& airport) {
 
 void PlaceCommands::open(std::unique_ptr<DatabaseRecord> record) {
     if (!record)
-        return host_.view().say(std::string(text(kFlightTexts.notFound)));
+        return host_.screen().say(std::string(text(kFlightTexts.notFound)));
     std::unique_ptr<PlaceSheet> sheet = sheetFor(std::move(record));
     sheet->onDirectTo = [this](const PlaceChoice& place) {
         if (onDirectTo)
             onDirectTo(place);
     };
     sheet->onAdded = [this](const std::string& name) {
-        host_.view().say(formatText(kMessageTexts.addedToPlan, {std::string_view(name)}));
+        host_.screen().say(formatText(kMessageTexts.addedToPlan, {std::string_view(name)}));
     };
-    sheet->onShow = [this](GeoPoint place) { host_.view().lookAt(place); };
+    sheet->onShow = [this](GeoPoint place) { host_.screen().lookAt(place); };
     host_.openSheet(std::move(sheet));
 }
 

@@ -4,8 +4,6 @@
 #include <string>
 #include <vector>
 
-#include <QElapsedTimer>
-
 #include "pages/AttitudePage.h"
 
 namespace korvel {
@@ -15,13 +13,12 @@ class AttitudeModule;
 /// What the attitude plug-in draws, and its memory.
 class AttitudePicture {
  public:
-    AttitudePicture() { since_.start(); }
-
-    /// Has the page drawn anew. The view is good until the next call.
-    AttitudeView draw(AttitudeModule& module, int width, int height, const MapColorCache& colors);
+    /// Has the page drawn anew. `nowMs` counts from any moment that stays the same. The view is
+    /// good until the next call.
+    AttitudeView draw(AttitudeModule& module, int width, int height, const MapColorCache& colors,
+                      std::int64_t nowMs);
 
  private:
-    QElapsedTimer since_;
     std::vector<std::uint32_t> pixels_;
     std::string notice_;
 };

@@ -1,9 +1,8 @@
-#include "window/AttitudePicture.h"
+#include "screen/AttitudePicture.h"
 
 #include <algorithm>
 
 #include "cockpit/AttitudeModule.h"
-#include "config/Text.h"
 #include "config/texts/StatusTexts.h"
 #include "paint/Color.h"
 #include "paint/MapColorCache.h"
@@ -21,7 +20,7 @@ std::uint32_t pixelOf(ColorValue color) {
 }  // namespace
 
 AttitudeView AttitudePicture::draw(AttitudeModule& module, int width, int height,
-                                   const MapColorCache& colors) {
+                                   const MapColorCache& colors, std::int64_t nowMs) {
     if (!module.isLoaded() || width <= 0 || height <= 0) {
         const std::string folder = pluginFolder().string();
         notice_ = module.error().empty()
@@ -39,7 +38,7 @@ AttitudeView AttitudePicture::draw(AttitudeModule& module, int width, int height
          .sky = pixelOf(colors[ColorKey::GeoWater]),
          .ground = pixelOf(blended(colors[ColorKey::GeoLandMax], colors[ColorKey::GeoLand], 0.5)),
          .pixels = pixels_.data()},
-        since_.elapsed());
+        nowMs);
     // The canvas takes it for premultiplied: what a plug-in leaves translucent would shine through.
     std::ranges::for_each(pixels_, [](std::uint32_t& pixel) { pixel |= kOpaque; });
     return {.picture = {.width = width, .height = height, .pixels = pixels_},

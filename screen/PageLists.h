@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+
+#include "cockpit/CockpitData.h"
+#include "cockpit/PageId.h"
+#include "pages/FlightPlanPage.h"
+#include "pages/NearestPage.h"
+
+namespace korvel {
+
+/// The page that may hold a list, as it stands at present.
+struct ListPage {
+    PageId page;
+    double width;   ///< device-independent pixels
+    double height;  ///< device-independent pixels
+    const CockpitData& data;
+};
+
+/// Where the pilot is in the lists of the pages "Flight Plan" and "Nearest Airport": the row at
+/// the top, and the row that is marked. Rows count from the list's first.
+class PageLists {
+ public:
+    const FlightPlanView& plan() const { return plan_; }
+    const NearestView& nearest() const { return nearest_; }
+
+    /// A page is shown anew: nothing is marked.
+    void reset() { *this = {}; }
+    /// The mark stays with its airport when the list of them changes.
+    void follow(const CockpitData& before, const CockpitData& now);
+
+    /// Moves the page's list up by so many rows, or down when negative.
+    void scroll(const ListPage& page, int rows);
+    /// Moves the mark down by so many rows, or up when negative, and the list with it; the first
+    /// time it comes to what is flown to. False when the page has no list.
+    bool moveMark(const ListPage& page, int rows);
+    /// The marked row; none when there is none or it has gone.
+    std::optional<std::size_t> marked(const ListPage& page) const;
+    /// The row under a point of the page.
+    std::optional<std::size_t> rowAt(const ListPage& page, Point at) const;
+
+ private:
+    FlightPlanView plan_;
+    NearestView nearest_;
+};
+
+}  // namespace korvel

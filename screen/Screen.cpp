@@ -1,0 +1,350 @@
+#include "screen/Screen.h"
+
+#include <utility>
+
+#include "cockpit/CKorvelDoc.h"
+#include "cockpit/PlaceClass.h"
+#include "cockpit/PrefsTable.h"
+#include "config/ProfileFile.h"
+#include "config/texts/MessageTexts.h"
+#include "map/PlaceHit.h"
+#include "pages/FieldStrip.h"
+#include "paint/AreaCanvas.h"
+#include "screen/PageCycle.h"
+#include "screen/RulerEnd.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kPageKey = "Page";
+
+}  // namespace
+
+Screen::Screen(CKorvelDoc& document, ProfileFile& profile, Canvas& letters)
+    : document_(document),
+      profile_(profile),
+      letters_(letters),
+      page_(pageOfNumber(profile.getInt(kOptionsSection, kPageKey, static_cast<int>(PageId::Map)))),
+      places_(document.flight().database()),
+      fields_(profile),
+      hints_(profile) {
+    camera_.loadRange(profile);
+    camera_.layOut(page_, 0, 0);
+}
+
+void Screen::storeState() {
+    profile_.setInt(kOptionsSection, kPageKey, static_cast<int>(page_), true);
+    camera_.saveRange(profile_);
+    fields_.store();
+}
+
+void Screen::changed() {
+    if (onChanged)
+        onChanged();
+}
+
+// Time
+
+void Screen::tick() {
+    if (page_ == PageId::Satellite)
+        document_.wantSatellites();
+    if (page_ == PageId::NearestAirport || fields_.contains(NavFieldId::NearestAirport))
+        document_.flight().wantNearAirports();
+    document_.tick();
+    if (message_.tick())
+        changed();
+    if (const std::string message = camera_.tick(); !message.empty())
+        say(message);
+    takeNews();
+    followAttitude();
+    actByItself();
+    if (onLive)
+        onLive(data_.position && !data_.simulated);
+    if (const std::string message = announcements_.tick(data_); !message.empty())
+        say(message);
+}
+
+void Screen::refresh() {
+    document_.refresh();
+    takeNews();
+    changed();
+}
+
+void Screen::takeNews() {
+    if (document_.revision() == shownRevision_)
+        return;
+    shownRevision_ = document_.revision();
+    const CockpitData before = std::exchange(data_, document_.cockpitData());
+    lists_.follow(before, data_);
+    camera_.update(data_);
+    if (!areas_.areOf(data_.alarms))
+        layOut();
+    changed();
+}
+
+/// Lets the attitude module's sentences through while its page is shown.
+void Screen::followAttitude() {
+    AttitudeModule& module = document_.attitudeModule();
+    const bool follow =
+        page_ == PageId::Attitude && module.isLoaded() && document_.settings().gyroConnected != 0;
+    module.setListening(follow);
+    if (std::exchange(followsAttitude_, follow) != follow)
+        changed();
+}
+
+/// Automatic view and zoom, which leave what the pilot looks at alone.
+void Screen::actByItself() {
+    if (camera_.rests() || ruler_.isOn())
+        return;
+    const Settings& settings = document_.settings();
+    if (settings.autoview)
+        if (const auto page = autoView_.tick(page_, data_))
+            showPage(*page);
+    if (settings.autozoom && camera_.zoomByItself(data_))
+        changed();
+}
+
+// Room
+
+void Screen::resize(double width, double height, double pxPerMm) {
+    if (width == size_.width && height == size_.height && pxPerMm == size_.pxPerMm)
+        return;
+    size_ = {.width = width, .height = height, .pxPerMm = pxPerMm};
+    layOut();
+}
+
+void Screen::layOut() {
+    ScreenRequest request = size_;
+    request.fieldCount = fields_.fields().size();
+    request.buttonCount = barShown_ ? kTouchBar.size() : 0;
+    areas_.layOut(request, page_, data_.alarms, letters_);
+    camera_.layOut(page_, areas_.page().width, areas_.page().height);
+    changed();
+}
+
+// Pages
+
+void Screen::showPage(PageId page) {
+    page_ = page;
+    camera_.follow();
+    lists_.reset();
+    layOut();
+    if (!camera_.showsMap())
+        ruler_.setOn(false);
+    followAttitude();
+    refresh();
+}
+
+void Screen::choosePage(PageId page) {
+    autoView_.leaveAlone();
+    camera_.letGo();
+    showPage(page);
+    if (camera_.showsMap())
+        hint(kMessageTexts.hintFields);
+}
+
+void Screen::goToNextPage() { choosePage(nextPage(page_, document_.settings().displayPages)); }
+
+// The map
+
+void Screen::zoom(int steps) {
+    if (const std::string message = camera_.zoom(steps, document_.settings().autozoom);
+        !message.empty())
+        say(message);
+    changed();
+}
+
+bool Screen::setRange(int rangeNm) {
+    const bool done = camera_.setRange(rangeNm);
+    changed();
+    return done;
+}
+
+void Screen::pan(Point from, Point to) {
+    const Settings& settings = document_.settings();
+    if (const std::string message = camera_.pan(from, to, settings.autozoom || settings.autoview);
+        !message.empty())
+        say(message);
+    changed();
+}
+
+void Screen::backToAircraft() {
+    if (!camera_.showsMap())
+        choosePage(PageId::Map);
+    camera_.backToAircraft();
+    changed();
+}
+
+void Screen::lookAt(GeoPoint place) {
+    if (!camera_.showsMap())
+        showPage(PageId::Map);
+    camera_.lookAt(place);
+    changed();
+}
+
+/// The first set changes; the other two stay beside it as the preferences have them.
+void Screen::rotateNavaids() {
+    Settings settings = document_.settings();
+    if (!settings.rotateNavaids)
+        return say(std::string(text(kMessageTexts.navaidsNotRotated)));
+    const NavaidSet next =
+        nextNavaidSet(static_cast<NavaidSet>(settings.rotateModes.front()), settings);
+    settings.rotateModes.front() = static_cast<int>(next);
+    document_.applySettings(settings);
+    const Text name = kNavaidSetNames.at(static_cast<std::size_t>(next));
+    say(formatText(kMessageTexts.navaidsShown, {text(name)}));
+}
+
+std::optional<GeoPoint> Screen::placeToMark() const {
+    // Not where the aircraft was last seen.
+    return camera_.lookAt() ? camera_.lookAt() : data_.position;
+}
+
+std::vector<MapPlace> Screen::placesAt(Point at) const {
+    std::vector<MapPlace> found;
+    if (const auto projection = camera_.projection())
+        for (const MapPlace* place :
+             korvel::placesAt(places_.set(), *projection, camera_.viewport().currentRangeNm(), at,
+                              kFingerPixels))
+            found.push_back(*place);
+    return found;
+}
+
+void Screen::databasesChanged() {
+    places_.forget();
+    changed();
+}
+
+// The ruler
+
+void Screen::setMeasuring(bool on) {
+    if (on && !camera_.showsMap())
+        showPage(PageId::Map);
+    if (on)
+        hint(kMessageTexts.measureHint);
+    else if (ruler_.isOn())
+        say(std::string(text(kMessageTexts.measureEnded)));
+    ruler_.setOn(on);
+    changed();
+}
+
+MeasureTool::Snap Screen::rulerSnap(const MapProjection& projection) const {
+    return [this, &projection](Point finger) {
+        return rulerEndAt(finger, {projection, camera_.viewport().currentRangeNm(), places_.set(),
+                                   data_, document_.flight().database()});
+    };
+}
+
+void Screen::pressRuler(Point finger) {
+    if (const auto projection = camera_.projection())
+        ruler_.press(finger, *projection, data_, rulerSnap(*projection));
+}
+
+void Screen::dragRuler(Point finger) {
+    if (const auto projection = camera_.projection())
+        ruler_.drag(finger, rulerSnap(*projection));
+    changed();
+}
+
+// Lists
+
+void Screen::scrollList(int rows) {
+    lists_.scroll(listPage(), rows);
+    changed();
+}
+
+bool Screen::moveMark(int rows) {
+    const bool moved = lists_.moveMark(listPage(), rows);
+    if (moved)
+        changed();
+    return moved;
+}
+
+// Fields, alarms and touch bar
+
+void Screen::setField(std::size_t place, NavFieldId field) {
+    fields_.put(place, field);
+    layOut();
+}
+
+std::span<const NavFieldId> Screen::shownFields() const {
+    const ScreenLayout& layout = areas_.layout();
+    return FieldStrip::fitting(fields_.fields(), layout.arrangement, layout.fields.width,
+                               layout.fields.height);
+}
+
+std::optional<std::size_t> Screen::fieldAt(Point at) const {
+    const ScreenLayout& layout = areas_.layout();
+    return FieldStrip::fieldAt(AreaCanvas(letters_, layout.fields), layout.arrangement,
+                               shownFields(), at);
+}
+
+bool Screen::acknowledgeAlarm(std::size_t place) {
+    const bool done = document_.flight().alarms().acknowledge(place);
+    if (done)
+        refresh();
+    return done;
+}
+
+void Screen::setBarMayHide(bool mayHide) {
+    barMayHide_ = mayHide;
+    if (mayHide)
+        hint(kMessageTexts.hintFullScreen);
+    barShown_ = true;
+    layOut();
+}
+
+void Screen::showBar(bool shown) {
+    barShown_ = shown;
+    layOut();
+    if (onBarShown)
+        onBarShown(shown);
+}
+
+// Words
+
+void Screen::say(const std::string& message) {
+    message_.say(message);
+    changed();
+}
+
+void Screen::hint(Text hint) {
+    if (document_.settings().showHints && hints_.take(hint))
+        say(std::string(text(hint)));
+}
+
+// Painting
+
+CockpitData Screen::dataToShow() const {
+    CockpitData shown = data_;
+    if (!message().empty())
+        shown.message = message();
+    return shown;
+}
+
+void Screen::updatePlaces() {
+    const auto projection = camera_.projection();
+    if (!projection)
+        return;
+    const bool news = places_.update(*projection, {0, 0, areas_.page().width, areas_.page().height},
+                                     camera_.viewport().currentRangeNm(),
+                                     MapPlaceOptions::from(document_.settings()));
+    // This painting shows what there is; the next one what is still to be read.
+    if (news && !places_.isComplete())
+        changed();
+}
+
+PageScene Screen::scene(const CockpitData& data, const AttitudeView& attitude) const {
+    return {.data = data,
+            .viewport = camera_.viewport(),
+            .upTrueDeg = camera_.upDeg(),
+            .lookAt = camera_.lookAt(),
+            .places = &places_.set(),
+            .measure = &ruler_,
+            .nearest = lists_.nearest(),
+            .plan = lists_.plan(),
+            .attitude = attitude,
+            .alarms = areas_.alarms().areas};
+}
+
+}  // namespace korvel

@@ -1,0 +1,187 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "config/Text.h"
+#include "map/MeasureTool.h"
+#include "map/feeds/MapPlaces.h"
+#include "screen/Announcements.h"
+#include "screen/AutoView.h"
+#include "screen/FieldChoice.h"
+#include "screen/Hints.h"
+#include "screen/MapCamera.h"
+#include "screen/PageLists.h"
+#include "screen/PagePainter.h"
+#include "screen/PassingMessage.h"
+#include "screen/ScreenAreas.h"
+
+namespace korvel {
+
+class CKorvelDoc;
+class ProfileFile;
+
+/// What the window shows and how that changes, without a window: the current page with the
+/// navigation fields above and the touch bar below. Drives the document. What hands do to it
+/// arrives through ScreenHand, what menus and sheets do through the commands here. Main thread
+/// only.
+class Screen {
+ public:
+    /// Between two ticks.
+    static constexpr int kTickMs = 500;
+
+    /// All outlive the screen; `letters` measures texts.
+    Screen(CKorvelDoc& document, ProfileFile& profile, Canvas& letters);
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
+
+    /// Something has changed that is to be painted.
+    std::function<void()> onChanged;
+    /// Called at each tick: whether the position shown is live.
+    std::function<void(bool live)> onLive;
+    /// Called when a tap in full screen hides the touch bar or brings it back.
+    std::function<void(bool shown)> onBarShown;
+
+    /// One step of the program.
+    void tick();
+    /// Shows what a command has changed without waiting for the next tick.
+    void refresh();
+    /// Device-independent pixels, and how many are a millimetre of glass; 0 when that is not known.
+    void resize(double width, double height, double pxPerMm);
+    /// Has everything painted anew.
+    void changed();
+    /// Keeps page, range and fields in the profile.
+    void storeState();
+
+    // Pages
+
+    PageId page() const { return page_; }
+    void showPage(PageId page);
+    /// Shows a page that the pilot has chosen among all: automatic view pauses.
+    void choosePage(PageId page);
+    void goToNextPage();
+    /// Automatic zoom and view rest until the pilot zooms, chooses a page or goes back to the
+    /// aircraft.
+    void holdView() { camera_.hold(); }
+
+    // The map
+
+    const MapCamera& camera() const { return camera_; }
+    /// Steps in, or out when negative; nothing on pages without a map.
+    void zoom(int steps);
+    /// Shows this range until another is chosen; false when it is not a step of the ladder.
+    bool setRange(int rangeNm);
+    /// Moves the map by hand; nothing on pages without a map.
+    void pan(Point from, Point to);
+    /// Ends panning and goes back to the configured range; from other pages it goes to the map.
+    void backToAircraft();
+    /// Moves the map there, on a page that shows one.
+    void lookAt(GeoPoint place);
+    /// Shows the next set of navaids on the map, and says which.
+    void rotateNavaids();
+    /// What a mark stands for: the map's middle while it is moved by hand, else the aircraft; none
+    /// while its position is not known.
+    std::optional<GeoPoint> placeToMark() const;
+    /// The places of the map under a point of the page, the best first.
+    std::vector<MapPlace> placesAt(Point at) const;
+    /// Call before and after the databases are loaded anew.
+    void databasesChanged();
+
+    // The ruler
+
+    /// Puts the map into measuring, on a page that shows one, or ends it.
+    void setMeasuring(bool on);
+    bool isMeasuring() const { return ruler_.isOn(); }
+    /// A finger on the map while it measures; points count from the page's corner.
+    void pressRuler(Point finger);
+    void dragRuler(Point finger);
+    void releaseRuler() { ruler_.release(); }
+
+    // Lists
+
+    /// The list that the page shows, if any.
+    ListPage listPage() const { return {page_, areas_.page().width, areas_.page().height, data_}; }
+    const PageLists& lists() const { return lists_; }
+    void scrollList(int rows);
+    /// False when the page has no list.
+    bool moveMark(int rows);
+
+    // Fields, alarms and touch bar
+
+    const ScreenAreas& areas() const { return areas_; }
+    /// A navigation field by its place among the chosen ones.
+    NavFieldId field(std::size_t place) const { return fields_.fields()[place]; }
+    /// Shows this field there; when it already shows elsewhere the two change places.
+    void setField(std::size_t place, NavFieldId field);
+    /// The fields that there is room for.
+    std::span<const NavFieldId> shownFields() const;
+    /// The place of the field under a point of their strip.
+    std::optional<std::size_t> fieldAt(Point at) const;
+    /// The pilot has seen the alarm that is shown at this place, 0 being the most urgent one; false
+    /// when there is none.
+    bool acknowledgeAlarm(std::size_t place = 0);
+    /// In full screen the touch bar may be tapped away.
+    void setBarMayHide(bool mayHide);
+    bool barMayHide() const { return barMayHide_; }
+    bool isBarShown() const { return barShown_; }
+    void showBar(bool shown);
+
+    // Words
+
+    /// What the map says for five seconds.
+    void say(const std::string& message);
+    /// The same for a hint: once for every profile, and only while hints are wanted.
+    void hint(Text hint);
+    /// Empty for nothing.
+    const std::string& message() const { return message_.text(); }
+
+    // Painting
+
+    /// What the pages show, as of the last tick or refresh.
+    const CockpitData& data() const { return data_; }
+    /// The same with the passing message.
+    CockpitData dataToShow() const;
+    /// Brings what lies around the map's view up to date for the painting that has begun.
+    void updatePlaces();
+    /// `data` must outlive the scene, and so must the screen.
+    PageScene scene(const CockpitData& data, const AttitudeView& attitude) const;
+    /// The attitude plug-in's picture is shown, and has to be painted often.
+    bool followsAttitude() const { return followsAttitude_; }
+
+ private:
+    void layOut();
+    void takeNews();
+    void actByItself();
+    void followAttitude();
+    MeasureTool::Snap rulerSnap(const MapProjection& projection) const;
+
+    CKorvelDoc& document_;
+    ProfileFile& profile_;
+    Canvas& letters_;
+
+    CockpitData data_;
+    std::uint64_t shownRevision_ = 0;
+    PageId page_;
+    MapCamera camera_;
+    MapPlaces places_;
+    MeasureTool ruler_;
+    PageLists lists_;
+    AutoView autoView_;
+
+    ScreenRequest size_;  // without the numbers of fields and buttons
+    ScreenAreas areas_;
+    FieldChoice fields_;
+    bool barMayHide_ = false;
+    bool barShown_ = true;
+
+    PassingMessage message_;
+    Announcements announcements_;
+    Hints hints_;
+    bool followsAttitude_ = false;
+};
+
+}  // namespace korvel

@@ -1,0 +1,30 @@
+#include "screen/ScreenAreas.h"
+
+#include <algorithm>
+
+#include "paint/AreaCanvas.h"
+#include "paint/MapLook.h"
+#include "screen/PagePainter.h"
+
+namespace korvel {
+
+void ScreenAreas::layOut(const ScreenRequest& request, PageId page,
+                         std::span<const std::string> alarms, Canvas& letters) {
+    layout_ = layOutScreen(request);
+    alarmWords_.assign(alarms.begin(), alarms.end());
+    alarms_ = {AreaCanvas(letters, layout_.page), alarmWords_,
+               mapTextPx(layout_.page.width, layout_.page.height), PagePainter::alarmPlace(page)};
+    layout_.page.height -= alarms_.stripHeight;
+}
+
+Rect ScreenAreas::pageWithAlarms() const {
+    Rect whole = layout_.page;
+    whole.height += alarms_.stripHeight;
+    return whole;
+}
+
+bool ScreenAreas::areOf(std::span<const std::string> alarms) const {
+    return std::ranges::equal(alarmWords_, alarms);
+}
+
+}  // namespace korvel

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "cockpit/NearAirport.h"
+#include "cockpit/PlaceSet.h"
+#include "pages/TouchBar.h"
+#include "paint/Canvas.h"
+#include "screen/ZoomGesture.h"
+
+namespace korvel {
+
+class Screen;
+
+/// The keys that the screen itself serves; those of commands go to the commands.
+enum class ScreenKey : std::uint8_t { Left, Right, Up, Down, Open, Cancel };
+
+/// What fingers, mouse and keys do to the screen: taps, drags, the wheel, two fingers. Points are
+/// device-independent pixels from the screen's corner.
+class ScreenHand {
+ public:
+    /// The screen must outlive this.
+    explicit ScreenHand(Screen& screen) : screen_(screen) {}
+
+    /// A button of the touch bar that the screen does not serve itself.
+    std::function<void(TouchCommand)> onTouch;
+    /// A row of the flight-plan page was tapped or opened by key.
+    std::function<void(std::size_t row)> onPlanRow;
+    /// The same for an airport of the nearest page.
+    std::function<void(const NearAirport&)> onAirport;
+    std::function<void()> onApproach;  ///< the approach's box
+    /// Places of the map were tapped, the best first.
+    std::function<void(const std::vector<MapPlace>&)> onPlaces;
+    /// A navigation field was tapped, counted as in Screen::field().
+    std::function<void(std::size_t field)> onField;
+
+    void press(Point at);
+    void move(Point at);
+    void release(Point at);
+    /// Turned by `eighths` of a degree, away from the user positive.
+    void wheel(int eighths);
+    /// Two fingers moved apart by `factor` since the last call; `begins`: it is their first.
+    void pinch(double factor, bool begins);
+    /// False for a key that means nothing here at present.
+    bool key(ScreenKey key);
+
+    /// The touch bar as it is to be painted.
+    std::vector<TouchButton> buttons() const;
+
+ private:
+    /// A finger or the mouse between press and release.
+    struct Finger {
+        Point start;
+        Point last;
+        bool moving = false;
+        bool ruler = false;                 ///< moves an end of the ruler
+        std::optional<std::size_t> button;  ///< of the touch bar
+    };
+
+    bool canRun(TouchCommand command) const;
+    void run(TouchCommand command);
+    void holdRuler(Point at);
+    void scroll(Point to);
+    void tap(Point at);
+    bool tapAlarm(Point at);
+    bool tapPage(Point at);
+    bool tapApproach(Point at);
+    bool tapRow(Point at);
+    bool tapMap(Point at);
+    void openRow(std::size_t row);
+    bool openMarked();
+    bool panByKey(ScreenKey key);
+
+    Screen& screen_;
+    std::optional<Finger> finger_;
+    ZoomGesture wheel_;
+    ZoomGesture pinch_;
+};
+
+}  // namespace korvel

@@ -1,0 +1,234 @@
+#include <algorithm>
+
+#include "map/layers/MeasureLayer.h"
+#include "paint/MapLook.h"
+#include "screen/PageCycle.h"
+#include "screen/ScreenFixture.h"
+
+namespace korvel { namespace {
+
+const GeoPoint kField = atDegrees(47.11, 10);
+
+TEST_F(ScreenTest, TheMapFollowsTheHandAndComesBackToTheAircraft) {
+    screen_.setRange(8);
+    screen_.showPage(PageId::NorthUp);
+    drag(onPage(0, 0), onPage(100, 0));
+    EXPECT_FALSE(isPanned()) << "there is nothing to see yet";
+    fly(47, 10);
+    const double step = std::min(screen_.areas().page().width, screen_.areas().page().height) / 8;
+    const struct {
+        std::function<void()> act;
+        Point moved;
+    } cases[] = {
+        {[&] { drag(onPage(0, 0), onPage(100, -40)); }, {100, -40}},
+        {[&] { drag(onPage(-50, 20), onPage(-50, 33)); }, {0, 13}},
+        {[&] { drag(onPage(0, 0), onPage(12, 0)); }, {0, 0}},  // an unsteady tap
+        {[&] { hand_.key(ScreenKey::Left); }, {step, 0}},
+        {[&] { hand_.key(ScreenKey::Right); }, {-step, 0}},
+        {[&] { hand_.key(ScreenKey::Up); }, {0, step}},
+        {[&] { hand_.key(ScreenKey::Down); }, {0, -step}},
+    };
+    for (const auto& [act, moved] : cases) {
+        const Point before = whereIs(*screen_.data().position);
+        act();
+        const Point after = whereIs(*screen_.data().position);
+        EXPECT_NEAR(after.x - before.x, moved.x, 0.2);
+        EXPECT_NEAR(after.y - before.y, moved.y, 0.2);
+        EXPECT_EQ(isPanned(), moved != Point{});
+        tap(button(TouchCommand::Aircraft));
+        EXPECT_FALSE(isPanned());
+    }
+}
+
+TEST_F(ScreenTest, PanningEndsWithThePageAndWhenTheSimulatorStarts) {
+    screen_.showPage(PageId::FlightPlan);
+    EXPECT_EQ(screen_.placeToMark(), std::nullopt);
+    screen_.lookAt(kField);
+    EXPECT_EQ(screen_.page(), PageId::Map) << "the only place to look at something";
+    EXPECT_EQ(screen_.placeToMark(), kField);
+    screen_.goToNextPage();
+    EXPECT_FALSE(isPanned());
+    screen_.lookAt(kField);
+    ticks(1);
+    EXPECT_TRUE(isPanned());
+    fly(47, 10);
+    EXPECT_FALSE(isPanned());
+    screen_.lookAt(kField);
+    ticks(1);
+    EXPECT_TRUE(isPanned()) << "it has not started anew";
+    screen_.backToAircraft();
+    EXPECT_EQ(screen_.placeToMark(), screen_.data().position);
+}
+
+TEST_F(ScreenTest, ZoomingPausesAutomaticZoomForHalfAMinute) {
+    ASSERT_EQ(rangeNm(), 65);
+    tap(button(TouchCommand::ZoomIn));
+    EXPECT_EQ(rangeNm(), 40);
+    EXPECT_EQ(screen_.message(), "Auto-zoom/view disabled for 30 secs.");
+    ticks(9);
+    EXPECT_NE(screen_.message(), "");
+    const int paintings = paintings_;
+    ticks(1);
+    EXPECT_EQ(screen_.message(), "");
+    EXPECT_GT(paintings_, paintings) << "or it would stay on the glass";
+    ticks(49);
+    EXPECT_TRUE(screen_.camera().rests());
+    ticks(1);
+    EXPECT_FALSE(screen_.camera().rests());
+    EXPECT_EQ(screen_.message(), "Auto-zoom/view enabled");
+
+    hand_.wheel(-240);
+    EXPECT_EQ(rangeNm(), 100);
+    hand_.pinch(2.6, true);
+    EXPECT_EQ(rangeNm(), 40);
+    EXPECT_TRUE(screen_.camera().isAway());
+    screen_.backToAircraft();
+    EXPECT_EQ(rangeNm(), 65);
+    EXPECT_FALSE(screen_.camera().rests() || screen_.camera().isAway());
+    change([](Settings& settings) { settings.autozoom = false; });
+    screen_.zoom(-1);
+    EXPECT_FALSE(screen_.camera().rests()) << "there is nothing to pause";
+}
+
+TEST_F(ScreenTest, PanningSaysOnceThatItPausesWhatActsByItself) {
+    fly(47, 10);
+    for (const auto& [zoom, view] : {std::pair{true, false}, {false, true}, {false, false}}) {
+        change([&](Settings& settings) {
+            settings.autozoom = zoom;
+            settings.autoview = view;
+        });
+        screen_.backToAircraft();
+        screen_.say("x");
+        hand_.key(ScreenKey::Up);
+        EXPECT_EQ(screen_.message() == "x", !zoom && !view);
+        screen_.say("x");
+        hand_.key(ScreenKey::Up);
+        EXPECT_EQ(screen_.message(), "x") << "it is known";
+        ticks(60);
+        EXPECT_EQ(screen_.message(), "") << "the map is still elsewhere";
+    }
+}
+
+TEST_F(ScreenTest, AutomaticZoomLeavesAloneWhatThePilotLooksAt) {
+    ASSERT_EQ(document_.flight().plan().enterRoute("XNO"), "");
+    fly(47.2, 10);
+    const struct {
+        std::function<void()> begin, end;
+    } cases[] = {
+        {[] {}, [] {}},
+        {[&] { screen_.holdView(); }, [&] { screen_.backToAircraft(); }},
+        {[&] { screen_.holdView(); }, [&] { screen_.choosePage(PageId::Map); }},
+        {[&] { screen_.setMeasuring(true); }, [&] { hand_.key(ScreenKey::Cancel); }},
+        {[&] { screen_.lookAt(kField); }, [&] { screen_.backToAircraft(); }},
+        {[&] { screen_.zoom(-1), screen_.setRange(250); }, [&] { ticks(60); }},
+        {[&] { screen_.showPage(PageId::Efis); }, [&] { screen_.showPage(PageId::Map); }},
+    };
+    for (const auto& [begin, end] : cases) {
+        screen_.setRange(250);
+        begin();
+        ticks(&begin == &cases[0].begin ? 5 : 8);
+        EXPECT_EQ(rangeNm(), 250) << &begin - &cases[0].begin;
+        end();
+        screen_.setRange(250);
+        ticks(8);
+        EXPECT_EQ(rangeNm(), 65) << &begin - &cases[0].begin;
+    }
+    EXPECT_FALSE(screen_.setRange(66));
+    EXPECT_EQ(rangeNm(), 65);
+}
+
+TEST_F(ScreenTest, AutomaticViewComesNearTheDestinationUnlessThePilotChoosesAPage) {
+    ASSERT_EQ(document_.flight().plan().enterRoute("XSO XFLD"), "");
+    change([](Settings& settings) { settings.apprMode = false; });
+    fly(47, 10);
+    ticks(2);
+    EXPECT_EQ(screen_.page(), PageId::MapHsi);
+    screen_.choosePage(PageId::Map);
+    ticks(3);
+    EXPECT_EQ(screen_.page(), PageId::Map);
+    document_.flight().plan().clear();
+    ticks(60);
+    ASSERT_EQ(document_.flight().plan().enterRoute("XSO XFLD"), "");
+    change([](Settings& settings) { settings.autoview = false; });
+    ticks(3);
+    EXPECT_EQ(screen_.page(), PageId::Map);
+    change([](Settings& settings) { settings.autoview = true; });
+    ticks(3);
+    EXPECT_EQ(screen_.page(), PageId::MapHsi);
+}
+
+TEST_F(ScreenTest, TheRulerTakesHoldOfWhatLiesUnderTheFinger) {
+    screen_.setRange(15);
+    screen_.showPage(PageId::NorthUp);
+    fly(47.02, 10.05);
+    screen_.updatePlaces();
+    const Point aircraft = whereIs(*screen_.data().position);
+    const auto ruler = [&] { return *screen_.scene(screen_.data(), {}).measure; };
+    screen_.setMeasuring(true);
+    EXPECT_EQ(screen_.message(), "Measure: tap or drag from one point to another");
+    drag({aircraft.x + 10, aircraft.y}, whereIs(kField));
+    ASSERT_TRUE(ruler().from() && ruler().to());
+    EXPECT_TRUE(ruler().from()->aircraft);
+    EXPECT_EQ(ruler().from()->position, screen_.data().position);
+    EXPECT_EQ(ruler().to()->name, "XFLD");
+    EXPECT_EQ(ruler().to()->position, kField);
+    const Point aside{aircraft.x + 60, aircraft.y + 60};
+    tap(aside);
+    EXPECT_FALSE(ruler().from()->aircraft);
+    EXPECT_NEAR(whereIs(ruler().from()->position).x, aside.x, 0.1);
+    EXPECT_NEAR(whereIs(ruler().from()->position).y, aside.y, 0.1);
+    EXPECT_FALSE(isPanned());
+    EXPECT_EQ(asked(), Asked{}) << "a place is no more than an end of it";
+
+    const Rect page = screen_.areas().page();
+    const Rect close = measureCloseBox(page.width, mapTextPx(page.width, page.height));
+    tap(Point{page.x + close.center().x, page.y + close.center().y});
+    EXPECT_FALSE(screen_.isMeasuring());
+    EXPECT_EQ(screen_.message(), "Measuring ended");
+    screen_.say("x");
+    screen_.setMeasuring(true);
+    EXPECT_EQ(screen_.message(), "x") << "the hint was had";
+    EXPECT_TRUE(hand_.key(ScreenKey::Cancel));
+    EXPECT_FALSE(screen_.isMeasuring() || hand_.key(ScreenKey::Cancel));
+    screen_.showPage(PageId::Efis);
+    screen_.setMeasuring(true);
+    EXPECT_EQ(screen_.page(), PageId::Map);
+    screen_.showPage(PageId::Efis);
+    EXPECT_FALSE(screen_.isMeasuring());
+}
+
+TEST_F(ScreenTest, PlacesOfTheMapAreTapped) {
+    screen_.setRange(15);
+    fly(47, 10);
+    screen_.updatePlaces();
+    const Point field = whereIs(kField);
+    tap({field.x + 15, field.y + 15});
+    EXPECT_EQ(asked(), Asked{"place XFLD"});
+    tap({field.x + 120, field.y});
+    drag(field, {field.x + 80, field.y});
+    EXPECT_EQ(asked(), Asked{});
+    screen_.backToAircraft();
+    screen_.setRange(15);
+    screen_.showPage(PageId::Efis);
+    tap(field);
+    EXPECT_EQ(asked(), Asked{}) << "no map";
+    screen_.showPage(PageId::Map);
+    screen_.databasesChanged();
+    tap(field);
+    EXPECT_EQ(asked(), Asked{}) << "rows of closed files mean nothing";
+}
+
+TEST_F(ScreenTest, NavaidsAreRotatedUnlessThePilotHasForbiddenIt) {
+    change([](Settings& settings) { settings.rotateModes = {0, 4, 4}; });
+    screen_.rotateNavaids();
+    EXPECT_TRUE(screen_.message().starts_with("Navaids: ")) << screen_.message();
+    const auto modes = document_.settings().rotateModes;
+    EXPECT_NE(modes[0], 0);
+    EXPECT_TRUE(modes[1] == 4 && modes[2] == 4);
+    change([](Settings& settings) { settings.rotateNavaids = false; });
+    screen_.rotateNavaids();
+    EXPECT_EQ(screen_.message(), "Rotating navaids is off in the preferences");
+    EXPECT_EQ(document_.settings().rotateModes, modes);
+}
+
+}}  // namespace korvel
