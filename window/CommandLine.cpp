@@ -3,6 +3,9 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <vector>
+
+#include <CLI/CLI.hpp>
 
 namespace korvel {
 namespace {
@@ -10,6 +13,7 @@ namespace {
 constexpr int kSmallestSide = 160;
 constexpr int kLargestSide = 8192;
 
+/// All of the text, the same under every locale.
 template <class Number>
 std::optional<Number> number(std::string_view text) {
     Number value{};
@@ -19,9 +23,9 @@ std::optional<Number> number(std::string_view text) {
     return value;
 }
 
-std::optional<double> numberFrom(std::string_view text, double lowest) {
+std::optional<double> finiteNumber(std::string_view text) {
     const auto value = number<double>(text);
-    return value && std::isfinite(*value) && *value >= lowest ? value : std::nullopt;
+    return value && std::isfinite(*value) ? value : std::nullopt;
 }
 
 bool readText(std::string_view text, std::string& result) {
@@ -44,15 +48,13 @@ bool readSize(std::string_view text, CommandLine& result) {
 }
 
 bool readSpeed(std::string_view text, CommandLine& result) {
-    const auto speed = numberFrom(text, 0);
-    result.speed = speed.value_or(0);
+    result.speed = finiteNumber(text).value_or(0);
     return result.speed > 0;
 }
 
 bool readAfter(std::string_view text, CommandLine& result) {
-    const auto seconds = numberFrom(text, 0);
-    result.afterSec = seconds.value_or(0);
-    return seconds.has_value();
+    result.afterSec = finiteNumber(text).value_or(-1);
+    return result.afterSec >= 0;
 }
 
 bool readRange(std::string_view text, CommandLine& result) {
@@ -62,102 +64,75 @@ bool readRange(std::string_view text, CommandLine& result) {
 
 bool readTimeFactor(std::string_view text, CommandLine& result) {
     constexpr int kFastest = 60;
-    const auto factor = number<int>(text);
-    result.timeFactor = factor.value_or(0);
+    result.timeFactor = number<int>(text).value_or(0);
     return result.timeFactor >= 1 && result.timeFactor <= kFastest;
 }
 
 /// An option that takes a value. `wanted` completes "--size: " in the error text.
 struct Option {
-    std::string_view name;
-    std::string_view wanted;
+    const char* name;
+    const char* value;
+    const char* help;
+    const char* wanted;
     bool (*read)(std::string_view, CommandLine&);
 };
 
 constexpr std::array<Option, 10> kOptions = {{
-    {"--profile-folder", "a folder is missing",
+    {"--profile-folder", "DIR", "Keep korvel.ini in DIR", "a folder is missing",
      [](auto text, auto& result) { return readText(text, result.profileFolder); }},
-    {"--replay", "a file is missing",
+    {"--replay", "FILE", "Fly a receiver's log instead of a receiver", "a file is missing",
      [](auto text, auto& result) { return readText(text, result.replayFile); }},
-    {"--speed", "a number above 0 is wanted, such as 2", readSpeed},
-    {"--time-factor", "a whole number from 1 to 60 is wanted, such as 10", readTimeFactor},
-    {"--snapshot", "a file is missing",
-     [](auto text, auto& result) { return readText(text, result.snapshotFile); }},
-    {"--size", "WIDTHxHEIGHT in pixels from 160 to 8192 is wanted, such as 1280x800", readSize},
-    {"--after", "a number of seconds is wanted, such as 3", readAfter},
-    {"--page", "the name of a page is missing",
+    {"--speed", "X", "Replay X times faster", "a number above 0 is wanted, such as 2", readSpeed},
+    {"--time-factor", "N", "Let the simulator's time pass N times faster, up to 60",
+     "a whole number from 1 to 60 is wanted, such as 10", readTimeFactor},
+    {"--page", "NAME", "Start on this page, such as Map", "the name of a page is missing",
      [](auto text, auto& result) { return readText(text, result.page); }},
-    {"--scheme", "the name of a colour scheme is missing",
+    {"--scheme", "NAME", "Colour scheme of this run, such as \"<Night-Flight>\"",
+     "the name of a colour scheme is missing",
      [](auto text, auto& result) { return readText(text, result.scheme); }},
-    {"--range", "a whole number of nautical miles is wanted, such as 65", readRange},
+    {"--range", "NM", "Start at this range",
+     "a whole number of nautical miles is wanted, such as 65", readRange},
+    {"--snapshot", "OUT.png", "Write a picture of the window and end", "a file is missing",
+     [](auto text, auto& result) { return readText(text, result.snapshotFile); }},
+    {"--size", "WxH", "Size of the window in the picture (1280x800)",
+     "WIDTHxHEIGHT in pixels from 160 to 8192 is wanted, such as 1280x800", readSize},
+    {"--after", "SECONDS", "Time from the first painting to the picture (3)",
+     "a number of seconds is wanted, such as 3", readAfter},
 }};
 
-std::string complaint(std::string_view about, std::string_view text) {
-    return std::string(about).append(": ").append(text);
-}
-
-/// Takes one option that has a value, given as "--name value" or "--name=value".
-std::string readOption(std::span<const std::string_view> arguments, std::size_t& at,
-                       CommandLine& result) {
-    const std::string_view argument = arguments[at];
-    const std::size_t equals = argument.find('=');
-    const std::string_view name = argument.substr(0, equals);
-    for (const Option& option : kOptions) {
-        if (option.name != name)
-            continue;
-        std::string_view value;
-        if (equals != std::string_view::npos)
-            value = argument.substr(equals + 1);
-        else if (at + 1 < arguments.size())
-            value = arguments[++at];
-        return option.read(value, result) ? std::string() : complaint(name, option.wanted);
-    }
-    return complaint(argument, "there is no such option (see --help)");
+/// The values go into `result`, which must outlive the parser.
+void declare(CLI::App& app, CommandLine& result) {
+    app.option_defaults()->take_last();
+    app.add_option("PLAN.fp", result.planFile, "A flight plan to open")->type_name("");
+    app.add_flag("--version", result.version, "Say which version this is");
+    CLI::Option* demo = app.add_flag("--demo", result.demo, "Fly the demonstration flight");
+    app.add_flag("--sim", result.simulate, "Start the simulator at once");
+    for (const Option& option : kOptions)
+        app.add_option_function<std::string>(
+               option.name,
+               [&option, &result](const std::string& text) {
+                   if (!option.read(text, result))
+                       throw CLI::ValidationError(option.name, option.wanted);
+               },
+               option.help)
+            ->type_name(option.value);
+    demo->excludes("--replay");
 }
 
 }  // namespace
 
 std::string parseCommandLine(std::span<const std::string_view> arguments, CommandLine& result) {
-    for (std::size_t at = 0; at < arguments.size(); ++at) {
-        const std::string_view argument = arguments[at];
-        std::string error;
-        if (argument == "--help" || argument == "-h")
-            result.help = true;
-        else if (argument == "--version")
-            result.version = true;
-        else if (argument == "--demo")
-            result.demo = true;
-        else if (argument == "--sim")
-            result.simulate = true;
-        else if (argument.starts_with("-") && argument.size() > 1)
-            error = readOption(arguments, at, result);
-        else if (result.planFile.empty())
-            result.planFile = argument;
-        else
-            error = complaint(argument, "only one flight plan can be opened");
-        if (!error.empty())
-            return error;
+    CLI::App app("A moving map for pilots of light aircraft", "korvel");
+    try {
+        declare(app, result);
+        // It takes them from the back.
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    } catch (const CLI::CallForHelp&) {
+        result.help = app.help();
+    } catch (const CLI::Error& error) {
+        return error.what();
     }
-    if (result.demo && !result.replayFile.empty())
-        return "--demo and --replay exclude each other";
     return {};
-}
-
-std::string_view commandLineHelp() {
-    return "korvel [PLAN.fp] [options]\n"
-           "  --version             say which version this is\n"
-           "  --profile-folder DIR  keep korvel.ini in DIR\n"
-           "  --replay FILE         fly a receiver's log instead of a receiver\n"
-           "  --demo                fly the demonstration flight\n"
-           "  --speed X             replay X times faster\n"
-           "  --sim                 start the simulator at once\n"
-           "  --time-factor N       let its time pass N times faster, up to 60\n"
-           "  --page NAME           start on this page, such as Map\n"
-           "  --scheme NAME         colour scheme of this run, such as \"<Night-Flight>\"\n"
-           "  --range NM            start at this range\n"
-           "  --snapshot OUT.png    write a picture of the window and end\n"
-           "  --size WxH            size of the window in the picture (1280x800)\n"
-           "  --after SECONDS       time from the first painting to the picture (3)\n";
 }
 
 }  // namespace korvel

@@ -9,7 +9,7 @@ namespace korvel {
 
 /// What the program was asked for when it was started.
 struct CommandLine {
-    bool help = false;
+    std::string help;           ///< how to start it, many lines, to say and end; empty for no
     bool version = false;       ///< say which one this is and end
     std::string planFile;       ///< a flight plan to open; empty for none
     std::string profileFolder;  ///< where korvel.ini lives; empty for the usual place
@@ -34,8 +34,5 @@ struct CommandLine {
 /// success. Only the form is checked here: whether a page or a file exists shows when it is used.
 [[nodiscard]] std::string parseCommandLine(std::span<const std::string_view> arguments,
                                            CommandLine& result);
-
-/// How to start the program, many lines.
-std::string_view commandLineHelp();
 
 }  // namespace korvel

@@ -52,8 +52,8 @@ int main(int argc, char** argv) {
     korvel::CommandLine line;
     if (const std::string error = korvel::parseCommandLine(arguments, line); !error.empty())
         return complain(error);
-    if (line.help) {
-        std::cout << korvel::commandLineHelp();
+    if (!line.help.empty()) {
+        std::cout << line.help;
         return 0;
     }
     if (line.version) {

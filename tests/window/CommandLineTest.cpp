@@ -30,6 +30,27 @@ TEST(CommandLine, TakesEveryOptionInBothForms) {
     EXPECT_EQ(line.profileFolder, "/tmp/p");
 }
 
+TEST(CommandLine, TheLastOfTwoStandsAndHelpNamesThemAll) {
+    CommandLine line;
+    EXPECT_EQ(parse({"--range", "25", "--range=40", "--demo"}, line), "");
+    EXPECT_EQ(line.rangeNm, 40);
+    EXPECT_TRUE(line.demo && !line.simulate && !line.version);
+    EXPECT_EQ(line.help, "");
+    EXPECT_EQ(parse({"-h"}, line), "");
+    for (const char* option : {"PLAN.fp", "--version", "--profile-folder DIR", "--replay FILE", "--demo", "--speed X",
+             "--sim", "--time-factor N", "--page NAME", "--scheme NAME", "--range NM", "--snapshot OUT.png",
+             "--size WxH", "--after SECONDS"})
+        EXPECT_NE(line.help.find(option), std::string::npos) << option;
+}
+
+TEST(CommandLine, ToldWhatAValueMustBe) {
+    CommandLine line;
+    EXPECT_EQ(
+        parse({"--size", "800"}, line), "--size: WIDTHxHEIGHT in pixels from 160 to 8192 is wanted, such as 1280x800");
+    EXPECT_EQ(parse({"--speed", "0,5"}, line), "--speed: a number above 0 is wanted, such as 2");
+    EXPECT_EQ(parse({"--demo", "--replay", "a.log"}, line), "--demo excludes --replay");
+}
+
 TEST(CommandLine, SaysInOneLineWhatIsWrong) {
     const std::vector<std::vector<std::string_view>> wrong = {
         {"--speed", "0"},
