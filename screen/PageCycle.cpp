@@ -38,4 +38,9 @@ PageId pageOfNumber(int number) {
     return found == kPages.end() ? PageId::Map : *found;
 }
 
+std::optional<PageId> pageOfName(std::string_view name) {
+    const auto* const found = std::ranges::find(kPages, name, pageName);
+    return found == kPages.end() ? std::nullopt : std::optional(*found);
+}
+
 }  // namespace korvel

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <span>
+#include <string_view>
 
 #include "cockpit/PageId.h"
 
@@ -15,5 +17,8 @@ PageId nextPage(PageId current, int mask);
 
 /// The page of that number (the setting "Page"), or the map when it cannot be shown.
 PageId pageOfNumber(int number);
+
+/// The page of that name, letter by letter; none when there is none.
+std::optional<PageId> pageOfName(std::string_view name);
 
 }  // namespace korvel

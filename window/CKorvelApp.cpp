@@ -29,12 +29,6 @@ std::filesystem::path profileFolder(const CommandLine& line) {
     return line.profileFolder.empty() ? programFolder() : std::filesystem::path(line.profileFolder);
 }
 
-std::optional<PageId> pageOfName(std::string_view name) {
-    const auto pages = availablePages();
-    const auto found = std::ranges::find(pages, name, pageName);
-    return found == pages.end() ? std::nullopt : std::optional(*found);
-}
-
 template <class Items, class Name>
 std::string listOf(const Items& items, Name name) {
     std::string list;

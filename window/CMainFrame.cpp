@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDropEvent>
@@ -14,24 +13,13 @@
 #include <QUrl>
 
 #include "cockpit/CKorvelDoc.h"
-#include "cockpit/ConnectedText.h"
-#include "cockpit/PrefsTable.h"
-#include "config/DataFileSearch.h"
-#include "config/ProfileFile.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/FileTexts.h"
-#include "config/texts/SheetTexts.h"
-#include "paint/ColorScheme.h"
-#include "platform/Folders.h"
-#include "screen/PageCycle.h"
 #include "window/AppIcon.h"
 #include "window/QtText.h"
 #include "window/SchemePalette.h"
 #include "window/WindowPlacement.h"
-#include "window/sheets/ConnectedSheet.h"
 #include "window/sheets/FieldSheet.h"
-#include "window/sheets/HelpSheet.h"
-#include "window/sheets/TextSheet.h"
 
 namespace korvel {
 namespace {
@@ -39,7 +27,6 @@ namespace {
 // Of the letters in menus and sheets.
 constexpr int kLargestLetters = 26;
 constexpr int kLettersInWindow = 54;  // one below the other in a large one
-constexpr std::string_view kWelcomedKey = "Welcomed";
 
 }  // namespace
 
@@ -51,20 +38,18 @@ CMainFrame::CMainFrame(const FrameParts& parts)
       places_(*this, parts.labels, parts.scheme),
       databases_(*this),
       options_(*this),
-      schemes_(this) {
+      viewing_(*this),
+      schemes_(*this, parts.scheme, parts.dataFiles),
+      help_(*this, *menuBar()) {
     setWindowTitle(toQString(kCommandTexts.programName));
     setWindowIcon(appIcon(parts_.scheme));
     fitLetters();
     addCommands();
-    const std::vector<std::string> schemes = listSchemes(parts_.dataFiles);
-    showScheme(schemes[selectedScheme(schemes, parts_.document.settings().schemeFile)]);
     setCentralWidget(&view_);
     setAcceptDrops(true);
     listenToScreen();
-    places_.onApproach = [this](std::vector<LandingRunway> runways) {
-        navigate_.approach(std::move(runways));
-    };
-    places_.onDirectTo = [this](const PlaceChoice& place) { navigate_.directTo(place); };
+    listenToCommands();
+    schemes_.showChosen();
     view_.setFocus();
 }
 
@@ -78,6 +63,18 @@ void CMainFrame::listenToScreen() {
     hand.onPlaces = [this](const std::vector<MapPlace>& found) { places_.identify(found); };
     hand.onAirport = [this](const NearAirport& airport) { places_.openAirport(airport); };
     hand.onApproach = [this] { navigate_.approach(); };
+}
+
+/// One group's commands lead to another's.
+void CMainFrame::listenToCommands() {
+    places_.onApproach = [this](std::vector<LandingRunway> runways) {
+        navigate_.approach(std::move(runways));
+    };
+    places_.onDirectTo = [this](const PlaceChoice& place) { navigate_.directTo(place); };
+    schemes_.onShown = [this] { useScheme(); };
+    help_.onPort = [this] { options_.choosePort(); };
+    help_.onSimulator = [this] { options_.simulate(true); };
+    help_.onPlan = [this] { file_.choosePlan(); };
 }
 
 /// A large window is looked at from further away.
@@ -112,109 +109,21 @@ void CMainFrame::addCommands() {
     databases_.addToFile(file);
     addCommand(file, kCommandTexts.commandQuit, {QKeySequence(Qt::CTRL | Qt::Key_Q)},
                [this] { close(); });
-    addViewCommands(*menuBar()->addMenu(toQString(kCommandTexts.menuView)));
+    viewing_.addTo(*menuBar()->addMenu(toQString(kCommandTexts.menuView)));
     QMenu& navigate = *menuBar()->addMenu(toQString(kCommandTexts.menuNavigate));
     places_.addTo(navigate);
     navigate_.addTo(navigate);
-    addOptions(*menuBar()->addMenu(toQString(kCommandTexts.menuOptions)));
-    addHelp(*menuBar()->addMenu(toQString(kCommandTexts.menuHelp)));
+    QMenu& options = *menuBar()->addMenu(toQString(kCommandTexts.menuOptions));
+    schemes_.addTo(options);
+    options.addSeparator();
+    options_.addTo(options);
+    QMenu& help = *menuBar()->addMenu(toQString(kCommandTexts.menuHelp));
+    help_.addTo(help);
+    databases_.addToHelp(help);
+    help_.addAbout(help);
     // The menu bar may vanish in full screen, the keys must not.
     for (QAction* menu : menuBar()->actions())
         addActions(menu->menu()->actions());
-}
-
-void CMainFrame::addViewCommands(QMenu& menu) {
-    addCommand(menu, kCommandTexts.commandZoomIn, {Qt::Key_Z, Qt::Key_Plus},
-               [this] { screen().zoom(1); });
-    addCommand(menu, kCommandTexts.commandZoomOut,
-               {QKeySequence(Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::Key_Minus)},
-               [this] { screen().zoom(-1); });
-    addCommand(menu, kCommandTexts.commandBackToAircraft, {Qt::Key_Space},
-               [this] { screen().backToAircraft(); });
-    greyUnless(menu,
-               addCommand(menu, kCommandTexts.commandRotateNavaids, {Qt::Key_V},
-                          [this] { screen().rotateNavaids(); }),
-               [this] { return parts_.document.settings().rotateNavaids; });
-    markWhile(menu,
-              addCommand(menu, kCommandTexts.commandMeasure, {QKeySequence(Qt::SHIFT | Qt::Key_M)},
-                         [this] { screen().setMeasuring(!screen().isMeasuring()); }),
-              [this] { return screen().isMeasuring(); });
-    menu.addSeparator();
-    addCommand(menu, kCommandTexts.commandNextPage, {Qt::Key_N},
-               [this] { screen().goToNextPage(); });
-    addPages(menu);
-    menu.addSeparator();
-    markWhile(menu,
-              addCommand(menu, kCommandTexts.commandFullScreen, {Qt::Key_F11},
-                         [this] { toggleFullScreen(); }),
-              [this] { return isFullScreen(); });
-}
-
-/// By the keys 1 to 9, in the order of the pages.
-void CMainFrame::addPages(QMenu& menu) {
-    auto* group = new QActionGroup(&menu);
-    int key = Qt::Key_1;
-    for (const PageId page : availablePages()) {
-        QAction* action = menu.addAction(toQString(pageName(page)));
-        action->setShortcut(QKeySequence(key++));
-        action->setCheckable(true);
-        group->addAction(action);
-        connect(action, &QAction::triggered, this, [this, page] { screen().choosePage(page); });
-        connect(&menu, &QMenu::aboutToShow, action,
-                [this, action, page] { action->setChecked(screen().page() == page); });
-    }
-}
-
-void CMainFrame::addOptions(QMenu& menu) {
-    addCommand(menu, kCommandTexts.commandNight, {Qt::Key_C}, [this] { toggleNight(); });
-    addSchemes(*menu.addMenu(toQString(kCommandTexts.menuSchemes)));
-    menu.addSeparator();
-    options_.addTo(menu);
-}
-
-void CMainFrame::addHelp(QMenu& menu) {
-    addCommand(menu, kCommandTexts.commandHelp, {Qt::Key_F1},
-               [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::FirstFlight)); });
-    addCommand(menu, kCommandTexts.commandKeys, {QKeySequence(Qt::SHIFT | Qt::Key_F1)}, [this] {
-        openSheet(std::make_unique<TextSheet>(this, toQString(kSheetTexts.keysTitle), keyList()));
-    });
-    addCommand(menu, kCommandTexts.commandConnected, {Qt::Key_F2}, [this] { showConnected(); });
-    databases_.addToHelp(menu);
-    addCommand(menu, kCommandTexts.commandAbout, {QKeySequence(Qt::CTRL | Qt::Key_F1)},
-               [this] { openSheet(std::make_unique<HelpSheet>(this, HelpTopic::About)); });
-}
-
-void CMainFrame::showConnected() {
-    auto sheet = std::make_unique<ConnectedSheet>(
-        this, [this] { return connectedText(parts_.document, dataFolders()); });
-    sheet->addNext(kCommandTexts.nextPort, [this] { options_.choosePort(); });
-    sheet->addNext(kCommandTexts.nextSimulator, [this] { options_.simulate(true); });
-    sheet->addNext(kCommandTexts.nextPlan, [this] { file_.choosePlan(); });
-    openSheet(std::move(sheet));
-}
-
-void CMainFrame::welcome() {
-    if (parts_.profile.getInt(kOptionsSection, kWelcomedKey, 0) != 0)
-        return;
-    parts_.profile.setInt(kOptionsSection, kWelcomedKey, 1, true);
-    showConnected();
-}
-
-/// Every command with a key, menu by menu.
-QString CMainFrame::keyList() const {
-    QString list;
-    for (const QAction* menu : menuBar()->actions()) {
-        list += menu->text().remove(QLatin1Char('&')).toUpper() + QLatin1Char('\n');
-        for (const QAction* action : menu->menu()->actions()) {
-            const QString keys = QKeySequence::listToString(action->shortcuts());
-            const QString name =
-                action->text().remove(QLatin1Char('&')).remove(QLatin1String("..."));
-            if (!keys.isEmpty())
-                list += QStringLiteral("%1:   %2\n").arg(name, keys);
-        }
-        list += QLatin1Char('\n');
-    }
-    return list;
 }
 
 /// The buttons that open something; the view does the others itself.
@@ -272,8 +181,6 @@ void CMainFrame::showError(const std::string& message) {
     box->open();
 }
 
-void CMainFrame::toggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }
-
 void CMainFrame::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::WindowStateChange)
@@ -292,34 +199,11 @@ void CMainFrame::openSheet(std::unique_ptr<Sheet> sheet) {
     sheet_->open();
 }
 
-// Colour schemes
-
-void CMainFrame::addSchemes(QMenu& menu) {
-    for (const std::string& name : listSchemes(parts_.dataFiles)) {
-        QAction* action = schemes_.addAction(toQString(name));
-        action->setCheckable(true);
-        connect(action, &QAction::triggered, this, [this, name] { chooseScheme(name); });
-        menu.addAction(action);
-    }
-}
-
-void CMainFrame::toggleNight() { chooseScheme(night_.other()); }
-
-void CMainFrame::chooseScheme(const std::string& name) {
-    Settings settings = parts_.document.settings();
-    settings.schemeFile = name;
-    parts_.document.applySettings(settings);
-    showScheme(name);
-}
-
-void CMainFrame::showScheme(const std::string& name) {
-    night_.show(name);
-    parts_.scheme.load(name, parts_.dataFiles);
+/// Takes the scheme that was loaded into use, menus and sheets included.
+void CMainFrame::useScheme() {
     view_.schemeChanged();
     places_.schemeChanged(parts_.scheme);
     QApplication::setPalette(schemePalette(parts_.scheme));
-    for (QAction* action : schemes_.actions())
-        action->setChecked(action->text() == toQString(name));
 }
 
 // The window's place

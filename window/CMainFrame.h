@@ -4,19 +4,20 @@
 #include <memory>
 #include <string>
 
-#include <QActionGroup>
 #include <QMainWindow>
 
 #include "config/Text.h"
-#include "screen/NightSwitch.h"
 #include "window/CKorvelView.h"
 #include "window/ScreenKeeper.h"
 #include "window/commands/CommandHost.h"
 #include "window/commands/DatabaseCommands.h"
 #include "window/commands/FileCommands.h"
+#include "window/commands/HelpCommands.h"
 #include "window/commands/NavigateCommands.h"
 #include "window/commands/OptionCommands.h"
 #include "window/commands/PlaceCommands.h"
+#include "window/commands/SchemeCommands.h"
+#include "window/commands/ViewCommands.h"
 #include "window/sheets/Sheet.h"
 
 namespace korvel {
@@ -58,13 +59,13 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     /// Shows the window where it stood when it was last closed.
     void showWhereItWas();
     /// Tells the first time what is connected and loaded, and what to do next.
-    void welcome();
+    void welcome() { help_.welcome(); }
 
     /// Keeps the window's place, page and range in the profile, as a close does.
     void storeState();
 
     /// Takes another scheme into use, menus included, for this run.
-    void showScheme(const std::string& name);
+    void showScheme(const std::string& name) { schemes_.show(name); }
 
  protected:
     void closeEvent(QCloseEvent* event) override;
@@ -75,6 +76,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
 
  private:
     void listenToScreen();
+    void listenToCommands();
     void fitLetters();
     QAction& addCommand(QMenu& menu, Text name, const QList<QKeySequence>& keys,
                         const Handler& handler) override;
@@ -85,19 +87,9 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     ProfileFile& profile() override { return parts_.profile; }
 
     void addCommands();
-    void addViewCommands(QMenu& menu);
-    void addPages(QMenu& menu);
-    void addOptions(QMenu& menu);
-    void addHelp(QMenu& menu);
-    void addSchemes(QMenu& menu);
+    void useScheme();
     void runTouch(TouchCommand command);
-    void showConnected();
-    QString keyList() const;
     void chooseField(std::size_t field);
-    /// Shows a scheme and remembers it.
-    void chooseScheme(const std::string& name);
-    void toggleFullScreen();
-    void toggleNight();
 
     FrameParts parts_;
     CKorvelView view_;
@@ -106,10 +98,11 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     PlaceCommands places_;
     DatabaseCommands databases_;
     OptionCommands options_;
+    ViewCommands viewing_;
+    SchemeCommands schemes_;
+    HelpCommands help_;
     ScreenKeeper screenKeeper_;
     bool mayClose_ = false;  // the plan is safe
-    QActionGroup schemes_;
-    NightSwitch night_;
     std::unique_ptr<Sheet> sheet_;
 };
 

@@ -202,9 +202,9 @@ TEST_F(ScreenTest, PlacesOfTheMapAreTapped) {
     fly(47, 10);
     screen_.updatePlaces();
     const Point field = whereIs(kField);
-    tap({field.x + 15, field.y + 15});
+    tap(Point{field.x + 15, field.y + 15});
     EXPECT_EQ(asked(), Asked{"place XFLD"});
-    tap({field.x + 120, field.y});
+    tap(Point{field.x + 120, field.y});
     drag(field, {field.x + 80, field.y});
     EXPECT_EQ(asked(), Asked{});
     screen_.backToAircraft();

@@ -1,0 +1,74 @@
+#include "window/commands/HelpCommands.h"
+
+#include "cockpit/CKorvelDoc.h"
+#include "cockpit/ConnectedText.h"
+#include "config/ProfileFile.h"
+#include "config/texts/CommandTexts.h"
+#include "config/texts/SheetTexts.h"
+#include "platform/Folders.h"
+#include "window/QtText.h"
+#include "window/sheets/ConnectedSheet.h"
+#include "window/sheets/HelpSheet.h"
+#include "window/sheets/TextSheet.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kWelcomedKey = "Welcomed";
+
+}  // namespace
+
+void HelpCommands::addTo(QMenu& menu) {
+    host_.addCommand(menu, kCommandTexts.commandHelp, {Qt::Key_F1}, [this] {
+        host_.openSheet(std::make_unique<HelpSheet>(&host_.window(), HelpTopic::FirstFlight));
+    });
+    host_.addCommand(menu, kCommandTexts.commandKeys, {QKeySequence(Qt::SHIFT | Qt::Key_F1)},
+                     [this] {
+                         host_.openSheet(std::make_unique<TextSheet>(
+                             &host_.window(), toQString(kSheetTexts.keysTitle), keyList()));
+                     });
+    host_.addCommand(menu, kCommandTexts.commandConnected, {Qt::Key_F2},
+                     [this] { showConnected(); });
+}
+
+void HelpCommands::addAbout(QMenu& menu) {
+    host_.addCommand(
+        menu, kCommandTexts.commandAbout, {QKeySequence(Qt::CTRL | Qt::Key_F1)}, [this] {
+            host_.openSheet(std::make_unique<HelpSheet>(&host_.window(), HelpTopic::About));
+        });
+}
+
+void HelpCommands::showConnected() {
+    auto sheet = std::make_unique<ConnectedSheet>(
+        &host_.window(), [this] { return connectedText(host_.document(), dataFolders()); });
+    sheet->addNext(kCommandTexts.nextPort, onPort);
+    sheet->addNext(kCommandTexts.nextSimulator, onSimulator);
+    sheet->addNext(kCommandTexts.nextPlan, onPlan);
+    host_.openSheet(std::move(sheet));
+}
+
+void HelpCommands::welcome() {
+    if (host_.profile().getInt(kOptionsSection, kWelcomedKey, 0) != 0)
+        return;
+    host_.profile().setInt(kOptionsSection, kWelcomedKey, 1, true);
+    showConnected();
+}
+
+/// Every command with a key, menu by menu.
+QString HelpCommands::keyList() const {
+    QString list;
+    for (const QAction* menu : menus_.actions()) {
+        list += menu->text().remove(QLatin1Char('&')).toUpper() + QLatin1Char('\n');
+        for (const QAction* action : menu->menu()->actions()) {
+            const QString keys = QKeySequence::listToString(action->shortcuts());
+            const QString name =
+                action->text().remove(QLatin1Char('&')).remove(QLatin1String("..."));
+            if (!keys.isEmpty())
+                list += QStringLiteral("%1:   %2\n").arg(name, keys);
+        }
+        list += QLatin1Char('\n');
+    }
+    return list;
+}
+
+}  // namespace korvel

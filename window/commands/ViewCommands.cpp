@@ -1,0 +1,68 @@
+#include "window/commands/ViewCommands.h"
+
+#include <QActionGroup>
+
+#include "cockpit/CKorvelDoc.h"
+#include "config/texts/CommandTexts.h"
+#include "screen/PageCycle.h"
+#include "screen/Screen.h"
+#include "window/QtText.h"
+
+namespace korvel {
+
+void ViewCommands::addTo(QMenu& menu) {
+    addMapCommands(menu);
+    menu.addSeparator();
+    host_.addCommand(menu, kCommandTexts.commandNextPage, {Qt::Key_N},
+                     [this] { host_.screen().goToNextPage(); });
+    addPages(menu);
+    menu.addSeparator();
+    markWhile(menu,
+              host_.addCommand(menu, kCommandTexts.commandFullScreen, {Qt::Key_F11},
+                               [this] { toggleFullScreen(); }),
+              [this] { return host_.window().isFullScreen(); });
+}
+
+void ViewCommands::addMapCommands(QMenu& menu) {
+    host_.addCommand(menu, kCommandTexts.commandZoomIn, {Qt::Key_Z, Qt::Key_Plus},
+                     [this] { host_.screen().zoom(1); });
+    host_.addCommand(menu, kCommandTexts.commandZoomOut,
+                     {QKeySequence(Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::Key_Minus)},
+                     [this] { host_.screen().zoom(-1); });
+    host_.addCommand(menu, kCommandTexts.commandBackToAircraft, {Qt::Key_Space},
+                     [this] { host_.screen().backToAircraft(); });
+    greyUnless(menu,
+               host_.addCommand(menu, kCommandTexts.commandRotateNavaids, {Qt::Key_V},
+                                [this] { host_.screen().rotateNavaids(); }),
+               [this] { return host_.document().settings().rotateNavaids; });
+    markWhile(
+        menu,
+        host_.addCommand(menu, kCommandTexts.commandMeasure, {QKeySequence(Qt::SHIFT | Qt::Key_M)},
+                         [this] { host_.screen().setMeasuring(!host_.screen().isMeasuring()); }),
+        [this] { return host_.screen().isMeasuring(); });
+}
+
+/// By the keys 1 to 9, in the order of the pages; those behind the ninth have none.
+void ViewCommands::addPages(QMenu& menu) {
+    auto* group = new QActionGroup(&menu);
+    int key = Qt::Key_1;
+    for (const PageId page : availablePages()) {
+        QAction* action = menu.addAction(toQString(pageName(page)));
+        if (key <= Qt::Key_9)
+            action->setShortcut(QKeySequence(key++));
+        action->setCheckable(true);
+        group->addAction(action);
+        QObject::connect(action, &QAction::triggered, action,
+                         [this, page] { host_.screen().choosePage(page); });
+        QObject::connect(&menu, &QMenu::aboutToShow, action, [this, action, page] {
+            action->setChecked(host_.screen().page() == page);
+        });
+    }
+}
+
+void ViewCommands::toggleFullScreen() {
+    QWidget& window = host_.window();
+    window.setWindowState(window.windowState() ^ Qt::WindowFullScreen);
+}
+
+}  // namespace korvel
