@@ -29,6 +29,7 @@ class PlaceLookup {
     [[nodiscard]] std::shared_ptr<const DatabaseRecord> peekDatabase(std::string_view key) const;
 
     void moveTo(GeoPoint position) { near_ = position; }
+    [[nodiscard]] const NavDatabase& database() const { return *database_; }
 
  private:
     NavDatabase* database_;

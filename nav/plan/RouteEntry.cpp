@@ -42,7 +42,7 @@ RouteResult RouteEntry::ExpandRoute(const std::vector<std::string>& words,
                                     const AirwayTable& airways) {
     int triesLeft = RouteExpansion::kMaxTries;
     RouteExpansion expansion(PlaceLookup(database_, fixes_, present_), fixes_, words, airways,
-                             triesLeft);
+                             triesLeft, {});
     return expansion.run();
 }
 

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
 #include <utility>
 
 #include "config/Text.h"
 #include "config/texts/FlightTexts.h"
 #include "nav/plan/AirwayCrossing.h"
+#include "nav/plan/AirwayPlaces.h"
 
 namespace korvel {
 namespace {
@@ -37,6 +39,21 @@ std::vector<std::size_t> commonFixes(const std::vector<std::string>& segment, st
         return i == entry ? segment.size() : std::max(i, entry) - std::min(i, entry);
     });
     return common;
+}
+
+std::vector<GeoPoint> positions(std::span<const std::shared_ptr<const DatabaseRecord>> places) {
+    std::vector<GeoPoint> found;
+    for (const auto& place : places) {
+        found.push_back(place ? place->position : GeoPoint{});
+    }
+    return found;
+}
+
+/// Whoever typed a key with its kind means no other kind.
+void takeKind(std::string& ident, std::string_view key) {
+    if (hasKindPrefix(key) && identOfKey(key) == ident) {
+        ident = key;
+    }
 }
 
 }  // namespace
@@ -73,20 +90,27 @@ RouteExpansion::Step RouteExpansion::fail(std::string message) {
 
 RouteExpansion::Step RouteExpansion::takeWord() {
     const RouteWord word = RouteWord::parse(words_[current_]);
+    auto record = std::exchange(onAirway_, nullptr);
     if (word.isAirway) {
         return takeAirway(word.ident);
     }
     if (word.unreadable) {
         return fail(std::string(text(kFlightTexts.invalidAltitude)));
     }
-    if (auto record = lookup_.next(word.ident)) {
-        result_.entries.push_back({.text = words_[current_],
-                                   .key = std::string(word.ident),
-                                   .altitudeFt = word.altitudeFt,
-                                   .record = std::move(record)});
-        return Step::next;
+    const bool isCertain = record != nullptr;
+    if (!isCertain) {
+        record = lookup_.peek(word.ident);
     }
-    return takeAirway(word.ident);
+    if (!record) {
+        return takeAirway(word.ident);
+    }
+    entryIsCertain_ = isCertain;
+    lookup_.moveTo(record->position);
+    result_.entries.push_back({.text = words_[current_],
+                               .key = std::string(word.ident),
+                               .altitudeFt = word.altitudeFt,
+                               .record = std::move(record)});
+    return Step::next;
 }
 
 RouteExpansion::Step RouteExpansion::takeAirway(std::string_view name) {
@@ -104,6 +128,9 @@ RouteExpansion::Step RouteExpansion::takeAirway(std::string_view name) {
     if (!lookAround(airway)) {
         return fail(std::string(text(kFlightTexts.invalidAltitude)));
     }
+    if (beginsThrough()) {
+        return takeSegment(airway, *start_.through);
+    }
     for (const Segment& segment : found->second) {
         const Step step = takeSegment(airway, segment);
         if (step != Step::notHere) {
@@ -115,8 +142,11 @@ RouteExpansion::Step RouteExpansion::takeAirway(std::string_view name) {
 
 bool RouteExpansion::lookAround(Airway& airway) {
     // The word before an airway has always become the last entry.
-    airway.entry = result_.entries.back().record->ident.view();
+    airway.entryKey = RouteWord::parse(words_[current_ - 1]).ident;
+    airway.entry =
+        beginsThrough() ? start_.place->key : result_.entries.back().record->ident.view();
     const RouteWord next = RouteWord::parse(words_[current_ + 1]);
+    airway.exitKey = next.ident;
     airway.exit = next.ident;
     if (const auto found = airways_.find(next.ident); found != airways_.end()) {
         airway.nextAirway = &*found;
@@ -129,69 +159,94 @@ bool RouteExpansion::lookAround(Airway& airway) {
 
 RouteExpansion::Step RouteExpansion::takeSegment(const Airway& airway, const Segment& segment) {
     const auto entry = indexOf(segment, airway.entry);
-    const auto exit = indexOf(segment, airway.exit);
     if (!entry) {
         keep(missingFix(airway.entry, airway.name), words_[current_]);
         return Step::notHere;
     }
-    if (exit) {
-        const auto missing = listBetween(segment, *entry, *exit, lookup_, result_.entries);
-        return missing ? fail(missingFix(*missing, airway.name)) : Step::next;
+    const auto exit = indexOf(segment, airway.exit);
+    if (!exit && airway.nextAirway == nullptr) {
+        keep(missingFix(airway.exit, airway.name), words_[current_]);
+        return Step::notHere;
     }
-    if (airway.nextAirway != nullptr && join(airway, segment, *entry)) {
-        return Step::done;
+    const Records places = placesOf(airway, segment, *entry, exit);
+    if (!exit) {
+        if (join(airway, segment, places, *entry)) {
+            return Step::done;
+        }
+        keep(missingFix(airway.exit, airway.name), words_[current_]);
+        return Step::notHere;
     }
-    keep(missingFix(airway.exit, airway.name), words_[current_]);
-    return Step::notHere;
+    const Stretch stretch{.segment = segment, .places = places, .from = *entry, .to = *exit};
+    if (const auto missing = fly(stretch, result_.entries)) {
+        return fail(missingFix(*missing, airway.name));
+    }
+    lookup_.moveTo(result_.entries.back().record->position);
+    onAirway_ = places[*exit];
+    return Step::next;
 }
 
-std::optional<std::string> RouteExpansion::listBetween(const Segment& segment, std::size_t from,
-                                                       std::size_t to, PlaceLookup& lookup,
-                                                       std::vector<PlanWaypoint>& list) const {
+RouteExpansion::Records RouteExpansion::placesOf(const Airway& airway, Segment segment,
+                                                 std::size_t entry,
+                                                 std::optional<std::size_t> exit) const {
+    Records known(segment.size());
+    if (entryIsCertain_) {
+        known[entry] = result_.entries.back().record;
+    }
+    takeKind(segment[entry], airway.entryKey);
+    if (exit) {
+        takeKind(segment[*exit], airway.exitKey);
+    }
+    return placesAlong(segment, known, lookup_.database(), fixes_);
+}
+
+std::optional<std::string> RouteExpansion::fly(const Stretch& stretch,
+                                               std::vector<PlanWaypoint>& list) const {
+    const auto& [segment, places, from, to] = stretch;
+    if (places[from]) {
+        list.back().record = places[from];
+    }
     const bool backwards = to < from;
     const std::size_t count = (backwards ? from - to : to - from);
     for (std::size_t step = 1; step < count; ++step) {
-        const std::string& fix = segment[backwards ? from - step : from + step];
-        auto record = lookup.next(fix);
-        if (!record) {
-            return fix;
+        const std::size_t i = backwards ? from - step : from + step;
+        if (!places[i]) {
+            return segment[i];
         }
-        list.push_back({.text = fix, .key = fix, .record = std::move(record)});
+        list.push_back({.text = segment[i], .key = segment[i], .record = places[i]});
     }
     return std::nullopt;
 }
 
-bool RouteExpansion::join(const Airway& airway, const Segment& segment, std::size_t entry) {
+bool RouteExpansion::join(const Airway& airway, const Segment& segment, const Records& places,
+                          std::size_t entry) {
     const auto common = commonFixes(segment, entry, airway.nextAirway->second);
     if (common.empty()) {
-        return joinAtCrossing(airway, segment, entry);
+        return joinAtCrossing(airway, segment, places, entry);
     }
     return std::ranges::any_of(common, [&](std::size_t i) {
-        return continueAt(airway, {.segment = segment, .from = entry, .to = i}, segment[i],
-                          airways_);
+        return continueAt(airway, {.segment = segment, .places = places, .from = entry, .to = i},
+                          segment[i], {.place = places[i]});
     });
 }
 
 bool RouteExpansion::joinAtCrossing(const Airway& airway, const Segment& segment,
-                                    std::size_t entry) {
-    const auto& [nextName, nextSegments] = *airway.nextAirway;
-    const std::vector<GeoPoint> own = positions(segment, entry);
-    for (const Segment& other : nextSegments) {
-        const AirwayCrossing crossing = FindAirwayCrossing(own, positions(other, 0));
+                                    const Records& places, std::size_t entry) {
+    const std::vector<GeoPoint> own = positions(places);
+    for (const Segment& other : airway.nextAirway->second) {
+        const Records otherPlaces =
+            placesAlong(other, Records(other.size()), lookup_.database(), fixes_);
+        const AirwayCrossing crossing = FindAirwayCrossing(own, positions(otherPlaces));
         if (!IsValid(crossing.position)) {
             continue;
         }
-        // From here on the second airway is this piece of it, which now passes the crossing.
         const auto fix = fixes_.FindOrCreateFix(crossing.position);
         Segment through = other;
         through.insert(through.begin() + static_cast<std::ptrdiff_t>(crossing.startB) + 1,
-                       std::string(fix->ident.view()));
-        AirwayTable airways = airways_;
-        airways[nextName] = {std::move(through)};
+                       fix->key);
         const bool ahead = entry <= crossing.startA;
         const std::size_t behind = ahead ? crossing.startA + 1 : crossing.startA;
-        if (continueAt(airway, {.segment = segment, .from = entry, .to = behind}, fix->key,
-                       airways)) {
+        if (continueAt(airway, {.segment = segment, .places = places, .from = entry, .to = behind},
+                       fix->key, {.place = fix, .through = &through})) {
             return true;
         }
     }
@@ -199,21 +254,21 @@ bool RouteExpansion::joinAtCrossing(const Airway& airway, const Segment& segment
 }
 
 bool RouteExpansion::continueAt(const Airway& airway, const Stretch& stretch,
-                                const std::string& first, const AirwayTable& airways) {
+                                const std::string& name, const Junction& junction) {
     if (triesLeft_-- <= 0) {
         return false;
     }
-    PlaceLookup lookup = lookup_;
     std::vector<PlanWaypoint> entries = result_.entries;
-    if (const auto missing =
-            listBetween(stretch.segment, stretch.from, stretch.to, lookup, entries)) {
+    if (const auto missing = fly(stretch, entries)) {
         keep(missingFix(*missing, airway.name), words_[current_]);
         return false;
     }
-    std::vector<std::string> words{first};
+    PlaceLookup lookup = lookup_;
+    lookup.moveTo(entries.back().record->position);
+    std::vector<std::string> words{name};
     words.insert(words.end(), words_.begin() + static_cast<std::ptrdiff_t>(current_) + 1,
                  words_.end());
-    RouteResult rest = RouteExpansion(lookup, fixes_, words, airways, triesLeft_).run();
+    RouteResult rest = RouteExpansion(lookup, fixes_, words, airways_, triesLeft_, junction).run();
     if (!rest.error.empty()) {
         keep(std::move(rest.error), rest.entries.front().text);
         return false;
@@ -222,24 +277,6 @@ bool RouteExpansion::continueAt(const Airway& airway, const Stretch& stretch,
                    std::make_move_iterator(rest.entries.end()));
     result_.entries = std::move(entries);
     return true;
-}
-
-std::vector<GeoPoint> RouteExpansion::positions(const Segment& segment, std::size_t start) const {
-    std::vector<GeoPoint> found(segment.size());
-    PlaceLookup onwards = lookup_;
-    PlaceLookup backwards = lookup_;
-    const auto resolve = [&](PlaceLookup& lookup, std::size_t i) {
-        if (const auto record = lookup.next(segment[i])) {
-            found[i] = record->position;
-        }
-    };
-    for (std::size_t i = start; i < segment.size(); ++i) {
-        resolve(onwards, i);
-    }
-    for (std::size_t i = start; i-- > 0;) {
-        resolve(backwards, i);
-    }
-    return found;
 }
 
 }  // namespace korvel

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "nav/plan/GeneratedFixes.h"
@@ -20,28 +22,48 @@ class RouteExpansion {
     /// joined in more ways than anyone would wait for.
     static constexpr int kMaxTries = 64;
 
+    using Segment = std::vector<std::string>;
+
+    /// Where two airways meet, and the rest of the route begins.
+    struct Junction {
+        std::shared_ptr<const DatabaseRecord> place;
+        /// The piece that the second airway is from here on, leading through the place, which
+        /// stands there by its key; null when the airway leads through it by itself. Only for this
+        /// one time: whoever names the airway again means it as it is.
+        const Segment* through = nullptr;
+    };
+
     /// Everything that is referred to must outlive the expansion.
     RouteExpansion(const PlaceLookup& lookup, GeneratedFixes& fixes,
                    const std::vector<std::string>& words, const AirwayTable& airways,
-                   int& triesLeft)
-        : lookup_(lookup), fixes_(fixes), words_(words), airways_(airways), triesLeft_(triesLeft) {}
+                   int& triesLeft, Junction start)
+        : lookup_(lookup),
+          fixes_(fixes),
+          words_(words),
+          airways_(airways),
+          triesLeft_(triesLeft),
+          start_(std::move(start)),
+          onAirway_(start_.place) {}
 
     RouteResult run();
 
  private:
-    using Segment = std::vector<std::string>;
+    using Records = std::vector<std::shared_ptr<const DatabaseRecord>>;
 
     /// The current word as an airway, with its neighbours.
     struct Airway {
         std::string_view name;
-        std::string entry{};                                  ///< identifier of the place before it
-        std::string exit{};                                   ///< of the place or airway behind it
+        std::string entry{};          ///< identifier of the place before it
+        std::string_view entryKey{};  ///< how it was typed: an identifier or a key
+        std::string exit{};           ///< of the place or airway behind it
+        std::string_view exitKey{};
         const AirwayTable::value_type* nextAirway = nullptr;  ///< null when none follows
     };
 
     /// The way along a segment from one of its places to another.
     struct Stretch {
         const Segment& segment;
+        const Records& places;  ///< of the segment's identifiers
         std::size_t from = 0;
         std::size_t to = 0;
     };
@@ -54,25 +76,28 @@ class RouteExpansion {
     };
 
     Step takeWord();
+    /// Whether the current word is the airway that leads through the junction.
+    [[nodiscard]] bool beginsThrough() const { return current_ == 1 && start_.through != nullptr; }
     Step takeAirway(std::string_view name);
     /// False when the word behind cannot be read.
     bool lookAround(Airway& airway);
     Step takeSegment(const Airway& airway, const Segment& segment);
-    bool join(const Airway& airway, const Segment& segment, std::size_t entry);
-    bool joinAtCrossing(const Airway& airway, const Segment& segment, std::size_t entry);
-    /// Flies the stretch, then goes on with the words behind the current one with `first` in front
-    /// of them. False, and the first message is kept, when that fails.
-    bool continueAt(const Airway& airway, const Stretch& stretch, const std::string& first,
-                    const AirwayTable& airways);
+    bool join(const Airway& airway, const Segment& segment, const Records& places,
+              std::size_t entry);
+    bool joinAtCrossing(const Airway& airway, const Segment& segment, const Records& places,
+                        std::size_t entry);
+    /// Flies the stretch, then goes on from the junction, which is called `name`, with the words
+    /// behind the current one. False, and the first message is kept, when that fails.
+    bool continueAt(const Airway& airway, const Stretch& stretch, const std::string& name,
+                    const Junction& junction);
 
-    /// Lists the fixes strictly between two places of a segment in the order of travel. The result
-    /// is one that is not to be found.
-    std::optional<std::string> listBetween(const Segment& segment, std::size_t from, std::size_t to,
-                                           PlaceLookup& lookup,
-                                           std::vector<PlanWaypoint>& list) const;
-    /// Of all fixes of the segment, not valid where one is not to be found. They are looked up
-    /// outwards from the one at `start`.
-    [[nodiscard]] std::vector<GeoPoint> positions(const Segment& segment, std::size_t start) const;
+    /// The places of the segment that the airway is entered and left at; `exit` may be none.
+    [[nodiscard]] Records placesOf(const Airway& airway, Segment segment, std::size_t entry,
+                                   std::optional<std::size_t> exit) const;
+    /// Appends the fixes strictly between the ends in the order of travel; the last element of the
+    /// list, the entry, becomes the place that lies on the airway. The result is a fix that is not
+    /// to be found.
+    std::optional<std::string> fly(const Stretch& stretch, std::vector<PlanWaypoint>& list) const;
 
     Step fail(std::string message);
     void keep(std::string message, std::string_view word);
@@ -82,7 +107,11 @@ class RouteExpansion {
     const std::vector<std::string>& words_;
     const AirwayTable& airways_;
     int& triesLeft_;
+    Junction start_;
     std::size_t current_ = 0;
+    /// The place of the next word, where the airway before it says which one is meant.
+    std::shared_ptr<const DatabaseRecord> onAirway_;
+    bool entryIsCertain_ = false;  ///< an airway has said which place the last entry is
     RouteResult result_;
     RouteResult failure_;  ///< the first message, with its word
 };

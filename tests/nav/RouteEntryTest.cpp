@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include "TempFolder.h"
@@ -94,6 +95,39 @@ TEST_F(RouteEntryTest, ExpandsAirwaysInBothDirections) {
     EXPECT_EQ(expand("A @V1 D@"), invalid + "@V1");
     EXPECT_NEAR(fixes_.find("f.F-1")->position.lon, 2.5 * kDegToRad, 1e-9);
     EXPECT_EQ(fixes_.find("f.F-2"), nullptr);
+}
+
+TEST_F(RouteEntryTest, ACrossingBelongsToTheRouteNotToTheAirway) {
+    airways_["V1"].push_back({"E", "EE"});
+    place("f.EE", 0, 5);
+    constexpr std::tuple<std::string_view, std::string_view> kCases[] = {
+        // to a place and back over the crossing, on to another piece of the airway
+        {"P V3 @V1 E @V1 B", "P PP f.F-1 D E D C B"}, {"P V3 @V1 A @V1 @V2 S", "P PP f.F-1 C B A B C SS S"},
+        {"P V3 @V1 E @V1 EE", "P PP f.F-1 D E EE"}, {"P V3 @V1 E @V1 V3 Q", "P PP f.F-1 D E D f.F-1 QQ Q"},
+        // straight across
+        {"P V3 @V1 V3 Q", "P PP f.F-1 f.F-1 QQ Q"}};
+    for (const auto& [route, expected] : kCases) { EXPECT_EQ(expand(route), expected) << route; }
+    EXPECT_EQ(fixes_.find("f.F-2"), nullptr);
+}
+
+/// BT stands twice: the airway leads to the VOR, the fix lies nearer to the place before it.
+TEST_F(RouteEntryTest, NamesakesOfAnAirwaysPlacesAreNotMeant) {
+    airways_["R1"] = {{"FF", "GG", "BT", "HH"}};
+    place("f.FF", 10, 10);
+    place("f.GG", 10, 11);
+    place("f.BT", 11.5, 11);
+    place("v.BT", 10, 13);
+    place("f.HH", 10, 14);
+    const std::tuple<std::string_view, std::string_view> cases[] = {{"GG R1 BT", "v.BT"}, {"GG R1 BT@20", "v.BT"},
+        {"BT R1 GG", "v.BT"}, {"GG R1 f.BT", "f.BT"}, {"GG BT", "f.BT"}, {"FF R1 HH", "v.BT"}, {"f.BT R1 HH", "f.BT"}};
+    for (const auto& [route, expected] : cases) {
+        RouteEntry entry(database_, fixes_, degrees(11.4, 11));
+        const RouteResult result = entry.ExpandRoute(SplitWords(route), airways_);
+        EXPECT_EQ(result.error, "") << route;
+        const bool found = std::ranges::any_of(
+            result.entries, [&](const PlanWaypoint& place) { return place.record->key == expected; });
+        EXPECT_TRUE(found) << route;
+    }
 }
 
 TEST_F(RouteEntryTest, LooksEveryWordUpNearTheOneBefore) {
