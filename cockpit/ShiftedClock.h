@@ -16,6 +16,9 @@ class ShiftedClock final : public Clock {
     std::int64_t tickMs() const override { return base_.tickMs() + shiftMs_; }
     std::int64_t unixSeconds() const override { return base_.unixSeconds(); }
     LocalTime localNow() const override { return base_.localNow(); }
+    std::int64_t unixSecondsAt(const LocalTime& local) const override {
+        return base_.unixSecondsAt(local);
+    }
 
  private:
     const Clock& base_;

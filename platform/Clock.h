@@ -33,6 +33,11 @@ class Clock {
 
     /// The wall clock in the user's time zone.
     virtual LocalTime localNow() const = 0;
+
+    /// The moment of a local time, in seconds like unixSeconds(). What clocks that are put forward
+    /// leave out counts as if they had not been; what they say twice when they are put back is one
+    /// of the two. Days beyond the end of a month and months beyond the year's run on.
+    virtual std::int64_t unixSecondsAt(const LocalTime& local) const = 0;
 };
 
 }  // namespace korvel

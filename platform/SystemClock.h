@@ -11,6 +11,7 @@ class SystemClock final : public Clock {
     std::int64_t tickMs() const override;
     std::int64_t unixSeconds() const override;
     LocalTime localNow() const override;
+    std::int64_t unixSecondsAt(const LocalTime& local) const override;
 };
 
 }  // namespace korvel

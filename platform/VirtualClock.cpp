@@ -10,9 +10,9 @@ namespace chrono = std::chrono;
 using chrono::milliseconds;
 
 std::int64_t localMilliseconds(const LocalTime& local) {
-    const chrono::sys_days day = chrono::year(local.year) /
-                                 chrono::month(static_cast<unsigned>(local.month)) /
-                                 chrono::day(static_cast<unsigned>(local.day));
+    const auto newYear = chrono::year(local.year) / chrono::January / 1;
+    const chrono::sys_days day =
+        chrono::sys_days(newYear + chrono::months(local.month - 1)) + chrono::days(local.day - 1);
     const auto time = day + chrono::hours(local.hour) + chrono::minutes(local.minute) +
                       chrono::seconds(local.second);
     return chrono::duration_cast<milliseconds>(time.time_since_epoch()).count();
@@ -41,6 +41,12 @@ VirtualClock::VirtualClock(const LocalTime& localStart, std::int64_t utcOffsetSe
     : state_(State{.localMs = localMilliseconds(localStart)}),
       utcOffsetSeconds_(utcOffsetSeconds) {}
 
+VirtualClock::VirtualClock(const LocalTime& localStart, const Clock& zone)
+    : VirtualClock(localStart,
+                   floorToSeconds(localMilliseconds(localStart)) - zone.unixSecondsAt(localStart)) {
+    zone_ = &zone;
+}
+
 std::int64_t VirtualClock::tickMs() const { return state_.lock()->tickMs; }
 
 std::int64_t VirtualClock::unixSeconds() const {
@@ -48,6 +54,11 @@ std::int64_t VirtualClock::unixSeconds() const {
 }
 
 LocalTime VirtualClock::localNow() const { return calendar(state_.lock()->localMs); }
+
+std::int64_t VirtualClock::unixSecondsAt(const LocalTime& local) const {
+    return zone_ != nullptr ? zone_->unixSecondsAt(local)
+                            : floorToSeconds(localMilliseconds(local)) - utcOffsetSeconds_;
+}
 
 void VirtualClock::advanceMs(std::int64_t ms) {
     const std::int64_t step = std::max<std::int64_t>(ms, 0);

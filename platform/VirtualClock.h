@@ -15,10 +15,14 @@ class VirtualClock final : public Clock {
     /// `utcOffsetSeconds` is what the time zone adds to UTC: local = UTC + offset.
     explicit VirtualClock(const LocalTime& localStart = {.year = 2026},
                           std::int64_t utcOffsetSeconds = 0);
+    /// In the time zone of another clock, which must outlive it. Its own local time runs on where
+    /// the zone's clocks change.
+    VirtualClock(const LocalTime& localStart, const Clock& zone);
 
     std::int64_t tickMs() const override;
     std::int64_t unixSeconds() const override;
     LocalTime localNow() const override;
+    std::int64_t unixSecondsAt(const LocalTime& local) const override;
 
     /// Moves ticks and wall clock together. A negative step is ignored: ticks never run backwards.
     void advanceMs(std::int64_t ms);
@@ -37,7 +41,8 @@ class VirtualClock final : public Clock {
     };
 
     Guarded<State> state_;
-    std::int64_t utcOffsetSeconds_;
+    std::int64_t utcOffsetSeconds_;  ///< at the start
+    const Clock* zone_ = nullptr;    ///< null for a zone whose offset never changes
 };
 
 }  // namespace korvel

@@ -135,7 +135,7 @@ std::string tickText(int tick, const CKorvelDoc& document) {
 class FlownRun {
  public:
     FlownRun(const Invocation& call, const Options& options)
-        : call_(call), options_(options), clock_(call.now()) {
+        : call_(call), options_(options), clock_(call.clock()) {
         profile_.setString(kOptionsSection, "Port", options.nmea.empty() ? "" : kPort, true);
         profile_.setInt(kOptionsSection, "Tracking", options.trackOut.empty() ? 0 : 1, true);
         document_.emplace(CKorvelDoc::Foundations{profile_, clock_, opener()});

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "platform/Folders.h"
-#include "platform/SystemClock.h"
 #include "tools/Arguments.h"
 
 namespace korvel {
@@ -44,7 +43,7 @@ void Invocation::parse() {
 }
 
 LocalTime Invocation::now() const {
-    return now_.empty() ? SystemClock().localNow() : toLocalTime(now_);
+    return now_.empty() ? systemClock_.localNow() : toLocalTime(now_);
 }
 
 std::vector<std::filesystem::path> Invocation::dataFolders() const {

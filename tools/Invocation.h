@@ -10,7 +10,8 @@
 #include <nlohmann/json.hpp>
 
 #include "config/DataFileSearch.h"
-#include "platform/Clock.h"
+#include "platform/SystemClock.h"
+#include "platform/VirtualClock.h"
 
 namespace korvel {
 
@@ -52,6 +53,8 @@ class Invocation {
 
     bool json() const { return json_; }
     LocalTime now() const;
+    /// A clock that stands at now(), in the system's time zone. The call must outlive it.
+    VirtualClock clock() const { return VirtualClock(now(), systemClock_); }
     /// The folders that hold the databases.
     std::vector<std::filesystem::path> dataFolders() const;
     /// The search for files that the user may supply.
@@ -71,6 +74,7 @@ class Invocation {
     std::optional<std::filesystem::path> dataFolder_;
     std::string now_;
     bool json_ = false;
+    SystemClock systemClock_;
 };
 
 }  // namespace korvel

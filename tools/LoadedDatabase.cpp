@@ -2,7 +2,7 @@
 
 namespace korvel {
 
-LoadedDatabase::LoadedDatabase(const Invocation& call) : clock(call.now()) {
+LoadedDatabase::LoadedDatabase(const Invocation& call) : clock(call.clock()) {
     loader.load(call.dataFolders());
 }
 

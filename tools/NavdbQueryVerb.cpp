@@ -10,7 +10,6 @@
 #include "navdb/file/DatabaseFile.h"
 #include "navdb/file/DatabaseVerify.h"
 #include "navdb/records/AirportRecord.h"
-#include "platform/VirtualClock.h"
 #include "tools/Arguments.h"
 #include "tools/LoadedDatabase.h"
 #include "tools/RecordJson.h"
@@ -148,7 +147,7 @@ int NavdbQueryVerb::run(const Invocation& call) const {
 
 int NavdbQueryVerb::info(const Invocation& call) const {
     DatabaseFile file;
-    if (const auto error = file.Open(file_, VirtualClock(call.now())); !error.empty()) {
+    if (const auto error = file.Open(file_, call.clock()); !error.empty()) {
         return call.fail(error);
     }
     const DatabaseHeader& header = file.header();
@@ -173,13 +172,13 @@ int NavdbQueryVerb::info(const Invocation& call) const {
 }
 
 int NavdbQueryVerb::verify(const Invocation& call) const {
-    const std::string error = verifyDatabase(file_, VirtualClock(call.now()));
+    const std::string error = verifyDatabase(file_, call.clock());
     return error.empty() ? call.done({{"error", ""}}, "All is well\n") : call.fail(error);
 }
 
 int NavdbQueryVerb::rows(const Invocation& call) const {
     DatabaseFile file;
-    if (const auto error = file.Open(file_, VirtualClock(call.now())); !error.empty()) {
+    if (const auto error = file.Open(file_, call.clock()); !error.empty()) {
         return call.fail(error);
     }
     const IndexEntry* const index = file.index(index_);

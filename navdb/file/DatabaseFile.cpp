@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cmath>
 #include <optional>
 #include <span>
@@ -29,6 +28,7 @@ constexpr int kIndexesDone = 85;
 constexpr int kAllDone = 100;
 
 constexpr char kRegionThatExpires = 'K';
+constexpr std::int64_t kSecondsPerDay = 86400;
 
 using HeaderBytes = std::array<std::uint8_t, kHeaderSize>;
 
@@ -94,13 +94,6 @@ void markAsVerified(const std::filesystem::path& path) {
     [[maybe_unused]] const bool marked = overwriteInFile(path, kFullChecksumOffset, kVerified);
 }
 
-/// Months and days out of range run on into the next ones.
-std::chrono::sys_days dayOf(int year, int month, int day) {
-    const auto first = std::chrono::year{year} / std::chrono::January / 1;
-    return std::chrono::sys_days{first + std::chrono::months{month - 1}} +
-           std::chrono::days{day - 1};
-}
-
 }  // namespace
 
 std::string DatabaseFile::Open(const std::filesystem::path& path, const Clock& clock,
@@ -116,7 +109,7 @@ std::string DatabaseFile::Open(const std::filesystem::path& path, const Clock& c
         gridWords_.clear();
         return std::string(message);
     }
-    expired_ = isOutOfDate(header_.expiry, regionLetter(), clock.localNow());
+    expired_ = isOutOfDate(header_.expiry, regionLetter(), clock);
     fileName_ = std::make_shared<const std::string>(path.filename().string());
     *rows_.lock() = RowReader(path, header_.stringArea);
     report(progress, kAllDone);
@@ -184,7 +177,8 @@ bool DatabaseFile::readAreaGrid(const RandomAccessFile& file) {
     return true;
 }
 
-bool isOutOfDate(std::uint32_t expiry, char region, const LocalTime& now) {
+/// Months and days out of range run on into the next ones.
+bool isOutOfDate(std::uint32_t expiry, char region, const Clock& clock) {
     if (expiry == 0) {
         return true;
     }
@@ -194,8 +188,8 @@ bool isOutOfDate(std::uint32_t expiry, char region, const LocalTime& now) {
     const auto part = [expiry](std::uint32_t divisor, std::uint32_t range) {
         return static_cast<int>(expiry / divisor % range);
     };
-    const std::chrono::sys_days lastDay = dayOf(part(10000, 10000), part(100, 100), part(1, 100));
-    return dayOf(now.year, now.month, now.day) >= lastDay + std::chrono::days{1};
+    const LocalTime start{.year = part(10000, 10000), .month = part(100, 100), .day = part(1, 100)};
+    return clock.unixSecondsAt(start) + kSecondsPerDay <= clock.unixSeconds();
 }
 
 }  // namespace korvel

@@ -86,7 +86,7 @@ class DatabaseFile {
 };
 
 /// Whether data with this expiry date (YYYYMMDD or 0) and region letter are out of date: a day
-/// after local midnight at the start of that date.
-bool isOutOfDate(std::uint32_t expiry, char region, const LocalTime& now);
+/// of 24 hours after local midnight at the start of that date, also where clocks change on it.
+bool isOutOfDate(std::uint32_t expiry, char region, const Clock& clock);
 
 }  // namespace korvel

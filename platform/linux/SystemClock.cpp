@@ -28,4 +28,19 @@ LocalTime SystemClock::localNow() const {
             .second = std::min(local.tm_sec, 59)};
 }
 
+std::int64_t SystemClock::unixSecondsAt(const LocalTime& local) const {
+    std::tm asked{};
+    asked.tm_year = local.year - 1900;
+    asked.tm_mon = local.month - 1;
+    asked.tm_mday = local.day;
+    asked.tm_hour = local.hour;
+    asked.tm_min = local.minute;
+    asked.tm_sec = local.second;
+    asked.tm_isdst = -1;
+    std::tm found = asked;
+    const std::time_t moment = std::mktime(&found);
+    // For a time that is left out the system may answer with one before the gap.
+    return moment + std::max<std::time_t>(timegm(&asked) - timegm(&found), 0);
+}
+
 }  // namespace korvel

@@ -6,11 +6,13 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
+#include "TimeZone.h"
 #include "navdb/TestDatabase.h"
 #include "navdb/file/DatabaseChecksum.h"
 #include "navdb/file/DatabaseFile.h"
 #include "navdb/file/DatabaseVerify.h"
 #include "navdb/file/LittleEndian.h"
+#include "platform/SystemClock.h"
 #include "platform/VirtualClock.h"
 
 namespace korvel { namespace {
@@ -309,20 +311,43 @@ TEST_F(DatabaseFileTest, VerifyFindsWhatOpeningDoesNot) {
     EXPECT_EQ(verifyDatabase(path_, clock_), "Invalid Format");
 }
 
-TEST(DataCurrencyTest, EndsWithTheDayOfTheExpiryInRegionKOnly) {
+TEST(DataCurrencyTest, EndsADayAfterTheMidnightOfTheExpiryInRegionKOnly) {
+    const auto expired = [](std::uint32_t expiry, char region, const LocalTime& now) {
+        return isOutOfDate(expiry, region, VirtualClock(now));
+    };
     const LocalTime lastSecond{.year = 2007, .month = 3, .day = 15, .hour = 23, .minute = 59, .second = 59};
     const LocalTime midnight{.year = 2007, .month = 3, .day = 16};
-    EXPECT_FALSE(isOutOfDate(20070315, 'K', lastSecond));
-    EXPECT_TRUE(isOutOfDate(20070315, 'K', midnight));
-    EXPECT_FALSE(isOutOfDate(20070315, 'L', midnight));
-    EXPECT_TRUE(isOutOfDate(0, 'K', lastSecond));
-    EXPECT_TRUE(isOutOfDate(0, 'L', lastSecond));
-    EXPECT_FALSE(isOutOfDate(20071231, 'K', {.year = 2007, .month = 12, .day = 31, .hour = 23}));
-    EXPECT_TRUE(isOutOfDate(20071231, 'K', {.year = 2008}));
-    EXPECT_FALSE(isOutOfDate(20070231, 'K', {.year = 2007, .month = 3, .day = 3}));
-    EXPECT_TRUE(isOutOfDate(20070231, 'K', {.year = 2007, .month = 3, .day = 4}));
-    EXPECT_TRUE(isOutOfDate(1, 'K', midnight));
-    EXPECT_FALSE(isOutOfDate(0xFFFFFFFF, 'K', midnight));
+    EXPECT_FALSE(expired(20070315, 'K', lastSecond));
+    EXPECT_TRUE(expired(20070315, 'K', midnight));
+    EXPECT_FALSE(expired(20070315, 'L', midnight));
+    EXPECT_TRUE(expired(0, 'K', lastSecond));
+    EXPECT_TRUE(expired(0, 'L', lastSecond));
+    EXPECT_FALSE(expired(20071231, 'K', {.year = 2007, .month = 12, .day = 31, .hour = 23}));
+    EXPECT_TRUE(expired(20071231, 'K', {.year = 2008}));
+    EXPECT_FALSE(expired(20070231, 'K', {.year = 2007, .month = 3, .day = 3}));
+    EXPECT_TRUE(expired(20070231, 'K', {.year = 2007, .month = 3, .day = 4}));
+    EXPECT_TRUE(expired(1, 'K', midnight));
+    EXPECT_FALSE(expired(0xFFFFFFFF, 'K', midnight));
+}
+
+TEST(DataCurrencyTest, CountsADayOf24HoursWhereTheClocksChange) {
+    struct Case {
+        const char* zone;
+        std::uint32_t expiry;
+        LocalTime lastGood, firstExpired;
+    };
+    const Case cases[] = {{"EST5EDT,M3.2.0,M11.1.0", 20260308, {2026, 3, 9, 0, 59, 59}, {2026, 3, 9, 1, 0, 0}},
+        {"EST5EDT,M3.2.0,M11.1.0", 20261101, {2026, 11, 1, 22, 59, 59}, {2026, 11, 1, 23, 0, 0}},
+        {"EST5EDT,M3.2.0,M11.1.0", 20260307, {2026, 3, 7, 23, 59, 59}, {2026, 3, 8, 0, 0, 0}},
+        // midnight itself is left out
+        {"<-03>3<-02>,M11.1.0/0,M2.3.0/0", 20261101, {2026, 11, 2, 0, 59, 59}, {2026, 11, 2, 1, 0, 0}},
+        {"UTC0", 20260308, {2026, 3, 8, 23, 59, 59}, {2026, 3, 9, 0, 0, 0}}};
+    const SystemClock zone;
+    for (const Case& c : cases) {
+        const TimeZone inForce(c.zone);
+        EXPECT_FALSE(isOutOfDate(c.expiry, 'K', VirtualClock(c.lastGood, zone))) << c.zone << c.expiry;
+        EXPECT_TRUE(isOutOfDate(c.expiry, 'K', VirtualClock(c.firstExpired, zone))) << c.zone << c.expiry;
+    }
 }
 
 TEST(LocationCellTest, WrapsAt180Degrees) {
