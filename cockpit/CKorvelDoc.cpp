@@ -60,6 +60,7 @@ void CKorvelDoc::tick() {
     reconsiderPort();
     const ActiveNavigation::Aircraft aircraft = received();
     flight_.lookAround(aircraft);
+    flight_.prepare(settings_, variation());
     if (beforeNavigation) {
         beforeNavigation();
     }

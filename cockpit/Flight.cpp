@@ -190,11 +190,14 @@ void Flight::lookAround(const ActiveNavigation::Aircraft& received) {
     lookUpVariation();
 }
 
-void Flight::tick(const Settings& settings, const Variation& variation,
-                  const ActiveNavigation::Aircraft& received) {
+void Flight::prepare(const Settings& settings, const Variation& variation) {
     navigation_.setOptions({.variation = variation,
                             .tracking = settings.tracking,
                             .log = FlightLog::Options::from(settings)});
+}
+
+void Flight::tick(const Settings& settings, const Variation& variation,
+                  const ActiveNavigation::Aircraft& received) {
     const int steps = simulator_.running() ? timeFactor_ : 1;
     for (int step = 0; step < steps; ++step) {
         if (step > 0) {

@@ -89,7 +89,9 @@ class Flight {
     /// Takes up where the aircraft is; the tick's first step. `received` holds only values that
     /// are fresh and belong to a fix.
     void lookAround(const ActiveNavigation::Aircraft& received);
-    /// The half-second tick, behind lookAround().
+    /// What commands and the tick go by from here on; its second step.
+    void prepare(const Settings& settings, const Variation& variation);
+    /// The half-second tick, behind lookAround() and prepare().
     void tick(const Settings& settings, const Variation& variation,
               const ActiveNavigation::Aircraft& received);
     /// The database's variation near the aircraft, degrees, east positive; kNoAngle if unknown.

@@ -4,6 +4,7 @@
 #include <iostream>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <climits>
@@ -233,12 +234,13 @@ class FlownRun {
     /// Within the tick, once there is a position for what needs one.
     void giveCommands() {
         ActiveNavigation& navigation = document_->flight().navigation();
-        if (goToDue_) {
-            goToDue_ = false;
+        if (!IsValid(navigation.present().position)) {
+            return;
+        }
+        if (std::exchange(goToDue_, false)) {
             refusal_ = goTo(navigation);
         }
-        if (directToDue_ && IsValid(navigation.present().position)) {
-            directToDue_ = false;
+        if (std::exchange(directToDue_, false)) {
             const std::string said = navigation.DirectTo(options_.directTo, options_.obs);
             if (!navigation.directLeg() || navigation.state().activeKey.empty()) {
                 refusal_ = said;

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -61,6 +62,39 @@ TEST(PlanVerbs, RoutePlanAndTrack) {
     EXPECT_EQ(track["points"][2]["altitudeFt"], -12);
     EXPECT_EQ(readWholeFile(copy), lines);
     EXPECT_EQ(run({"track", folder.write("b.trk", "2026\r\n").string()}, 1)["error"], "Invalid format!");
+}
+
+/// The first line of a flight from 47.2 N 122.3 W with these commands.
+Json firstTick(const std::vector<std::string>& commands) {
+    const TempFolder folder;
+    folder.write(
+        "own.UDB.TXT", std::string(kPlaces) +
+                           "ARPT_BEGIN\nID=XAP\nNAME=Field\nPOSN.LAT=47.4\nPOSN.LON=-122.3\nMAG_VAR=15.5\nARPT_END\n");
+    std::vector<std::string> words{"--data", folder.path().string(), "fly", "--json", "--ticks", "1"};
+    words.insert(words.end(), commands.begin(), commands.end());
+    const ToolResult result = runTool(words);
+    EXPECT_EQ(result.status, 0) << result.errors;
+    return Json::parse(result.output);
+}
+
+TEST(FlyVerb, CommandsOfTheFirstTickKnowTheVariation) {
+    const std::string sim = "47.2,-122.3,340,120";
+    for (const std::vector<std::string>& command : {std::vector<std::string>{"--direct-to", "a.XAP", "--obs", "340"},
+             std::vector<std::string>{"--go-to", "47.4,-122.3,340,HERE"}}) {
+        std::vector<std::string> words{"--sim", sim};
+        words.insert(words.end(), command.begin(), command.end());
+        const Json tick = firstTick(words);
+        // The place lies due north: the bearing tells the variation.
+        const double variation = 360 - tick["bearingMag"].get<double>();
+        EXPECT_NEAR(variation, 15.5, 1) << tick;
+        EXPECT_NEAR(tick["desiredTrack"].get<double>(), std::fmod(340 + variation, 360), 0.01) << tick;
+    }
+}
+
+TEST(FlyVerb, CommandsWaitForAPosition) {
+    const TempFolder folder;
+    const std::string log = folder.write("log.nmea", "nothing\n").string();
+    EXPECT_EQ(firstTick({"--nmea", log, "--go-to", "47.4,-122.3,340,HERE"})["activeName"], "");
 }
 
 }}  // namespace korvel
