@@ -17,6 +17,8 @@ namespace korvel {
 namespace {
 
 constexpr double kTakeOverNm = 1.0;
+/// The track runs on over the short while in which a turn or a mountain hides the satellites.
+constexpr std::int64_t kTrackPatienceMs = 30000;
 /// A leg onto a course begins this far out: 20 NM, in radians.
 constexpr double kCourseLegRad = 0.005817764173314432;
 
@@ -105,7 +107,7 @@ void ActiveNavigation::NavUpdate(const Aircraft& received) {
     }
     simulator.steer(now, state_.lock()->bearingMag);
     lookAround(received);
-    recordTrack();
+    recordTrack(now);
     // What the simulator flies is no flight time.
     const bool real = !simulator.running() && IsValid(present_.position);
     parts_.log.step(options_.log, real ? present_.groundSpeedKt : std::nullopt);
@@ -131,10 +133,16 @@ void ActiveNavigation::updateValues() {
     }
 }
 
-void ActiveNavigation::recordTrack() {
-    if (!options_.tracking || !options_.recordingAllowed || suspended_ ||
-        !IsValid(present_.position)) {
+void ActiveNavigation::recordTrack(std::int64_t nowMs) {
+    const bool wanted = options_.tracking && options_.recordingAllowed && !suspended_;
+    if (!wanted || nowMs - lastPositionMs_ > kTrackPatienceMs) {
         parts_.track.breakHere();
+    }
+    if (!IsValid(present_.position)) {
+        return;
+    }
+    lastPositionMs_ = nowMs;
+    if (!wanted) {
         return;
     }
     const double trackMag = present_.trackMag == kNoAngle ? 0.0 : present_.trackMag;

@@ -105,7 +105,7 @@ class ActiveNavigation {
     void updatePath(NavigationState& state, const Choice& choice) const;
     [[nodiscard]] std::int32_t altitudeAt(const NavigationState& state, GeoPoint waypoint) const;
     void updateValues();
-    void recordTrack();
+    void recordTrack(std::int64_t nowMs);
     void announce(const NavigationState& state);
 
     Parts parts_;
@@ -114,6 +114,7 @@ class ActiveNavigation {
     bool direct_ = false;
     bool wasSimulated_ = false;
     Aircraft present_;
+    std::int64_t lastPositionMs_ = 0;  ///< tick at which the track last had a position
     std::shared_ptr<const DatabaseRecord> directRecord_;  ///< null for a point without a record
     Guarded<NavigationState> state_;
     WaypointAnnouncement announcement_;

@@ -221,6 +221,28 @@ TEST_F(ActiveNavigationTest, RecordsTheTrackAndTheFlight) {
     EXPECT_TRUE(log_.inFlight());
 }
 
+TEST_F(ActiveNavigationTest, TheTrackBreaksAfterMoreThan30SecondsWithoutAPosition) {
+    navigation_.setOptions({.tracking = true});
+    double lon = 0;
+    const auto slotsAfterGap = [&](int ticksWithout) {
+        clock_.advanceMs(6000);
+        at(0, lon += 0.01);
+        for (int i = 0; i < ticksWithout; ++i) {
+            clock_.advanceMs(500);
+            navigation_.NavUpdate({});
+        }
+        at(0, lon += 0.01);
+        return track_.track()->read()->slots.size();
+    };
+    EXPECT_EQ(slotsAfterGap(1), 1U) << "too soon for a second point";
+    EXPECT_EQ(slotsAfterGap(59), 3U) << "30 s: still one line";
+    EXPECT_EQ(slotsAfterGap(60), 6U) << "30.5 s: a point, a break, a point";
+    EXPECT_FALSE(track_.track()->read()->slots[4]);
+    clock_.advanceMs(31000);  // asleep, without ticks
+    at(0, lon += 0.01);
+    EXPECT_FALSE(track_.track()->read()->slots[6]);
+}
+
 TEST_F(ActiveNavigationTest, TheSimulatorFindsItsWay) {
     fly("A B C");
     simulator_.start(degrees(0.3, 0.4), 0, 300.0, 3000, clock_.tickMs());
