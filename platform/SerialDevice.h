@@ -81,6 +81,9 @@ class SerialDevice {
     /// Blocks as the timeouts say; running into one is no error. An unplugged device answers
     /// kErrorDeviceFailure.
     virtual Transfer read(std::span<char> into) = 0;
+    /// Whether a read waits until something arrives, however long that takes: then there need be no
+    /// pause between two reads.
+    [[nodiscard]] virtual bool waitsForBytes() const { return false; }
 
     /// Blocks until the device has taken the bytes, a write timeout passes or abort() is called. A
     /// back end may give up earlier, with kErrorWriteStalled, on a device that takes nothing.

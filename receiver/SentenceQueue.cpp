@@ -3,22 +3,35 @@
 #include <algorithm>
 
 namespace korvel {
+namespace {
+
+constexpr std::size_t kMostWaiting = 256;
+
+std::string_view idOf(std::string_view sentence) { return sentence.substr(0, sentence.find(',')); }
+
+}  // namespace
 
 void SentenceQueue::replace(std::string_view id, std::string_view sentence) {
     for (std::size_t i = count_; i-- > 0;) {
-        const std::string_view waiting = slots_[i];
-        if (waiting.substr(0, waiting.find(',')) == id) {
+        if (idOf(slots_[i]) == id) {
             removeAt(i);
         }
     }
-    append(sentence);
+    push(sentence);
 }
 
 void SentenceQueue::append(std::string_view sentence) {
-    constexpr std::size_t kMostWaiting = 256;
-    if (count_ == kMostWaiting) {
-        removeAt(0);
+    if (count_ >= kMostWaiting) {
+        const auto oldest = std::ranges::find(sentences(), idOf(sentence), idOf);
+        if (oldest == sentences().end()) {
+            return;
+        }
+        removeAt(static_cast<std::size_t>(oldest - sentences().begin()));
     }
+    push(sentence);
+}
+
+void SentenceQueue::push(std::string_view sentence) {
     if (count_ == slots_.size()) {
         slots_.emplace_back();
     }

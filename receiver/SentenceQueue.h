@@ -18,7 +18,8 @@ class SentenceQueue {
     void replace(std::string_view id, std::string_view sentence);
 
     /// Appends without a check, for the sentences that come in several parts. When nobody has
-    /// emptied the queue for very long, the oldest of them make room.
+    /// emptied the queue for very long, the oldest of their kind make room: never the only sentence
+    /// of another kind.
     void append(std::string_view sentence);
 
     bool empty() const { return count_ == 0; }
@@ -26,6 +27,7 @@ class SentenceQueue {
     void clear() { count_ = 0; }
 
  private:
+    void push(std::string_view sentence);
     void removeAt(std::size_t index);
 
     std::vector<std::string> slots_;  // the first count_ wait, the rest is storage to reuse

@@ -231,7 +231,7 @@ void SerialPort::trace(std::string_view bytes, std::string_view tag) const {
 
 void SerialPort::run() {
     threadId_ = std::this_thread::get_id();
-    milliseconds timeout = kPassPeriod;
+    milliseconds timeout = device_->waitsForBytes() ? milliseconds(0) : kPassPeriod;
     Event::waitAny({&stopEvent_, &writeEvent_}, timeout);
     while (!stopEvent_.isSet()) {
         sendPending();

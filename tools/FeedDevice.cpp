@@ -1,6 +1,7 @@
 #include "tools/FeedDevice.h"
 
 #include <chrono>
+#include <utility>
 
 namespace korvel {
 
@@ -26,7 +27,9 @@ class FeedDevice::Line final : public SerialDevice {
     Transfer read(std::span<char> into) override {
         constexpr std::chrono::milliseconds kWait{100};
         std::unique_lock lock(feed_.mutex_);
-        if (feed_.arriving_.empty()) {
+        // The first read that finds nothing ends at once: the port may not have delivered yet what
+        // the one before it brought.
+        if (feed_.arriving_.empty() && !std::exchange(undelivered_, false)) {
             feed_.idle_ = true;
             feed_.changed_.notify_all();
             feed_.changed_.wait_for(lock, kWait,
@@ -38,8 +41,10 @@ class FeedDevice::Line final : public SerialDevice {
         }
         const std::size_t count = feed_.arriving_.copy(into.data(), into.size());
         feed_.arriving_.erase(0, count);
+        undelivered_ = undelivered_ || count != 0;
         return {kNoError, count};
     }
+    bool waitsForBytes() const override { return true; }
     Transfer write(std::string_view bytes) override { return {kNoError, bytes.size()}; }
     void clearError() override {}
     void abort() override {
@@ -51,6 +56,7 @@ class FeedDevice::Line final : public SerialDevice {
  private:
     FeedDevice& feed_;
     bool aborted_ = false;
+    bool undelivered_ = false;  ///< the last read brought something
 };
 
 SerialDeviceOpener FeedDevice::opener() {

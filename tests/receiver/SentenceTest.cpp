@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <iterator>
@@ -94,6 +95,23 @@ TEST_F(SentenceReceiverTest, SatelliteSentencesAccumulateWhileSomebodyLooks) {
     input_.expireSatellitesWanted();
     input_.onSentence(sentence("GPGSV,3,1"));
     EXPECT_EQ(waiting(), 0U);
+}
+
+TEST_F(SentenceReceiverTest, SatellitesMakeRoomForEachOtherNeverThePosition) {
+    input_.satellitesForDisplay();
+    input_.onSentence(sentence("GPRMC,1"));
+    input_.onSentence(sentence("GPGGA,1"));
+    for (int i = 0; i < 300; ++i) { input_.onSentence(sentence("GPGSV,3," + std::to_string(i))); }
+    input_.onSentence(sentence("GPGSA,1"));
+    const auto queue = input_.queue().lock();
+    const auto waits = [&](std::string_view body) {
+        return std::ranges::count(queue->sentences(), sentence(body)) == 1;
+    };
+    EXPECT_TRUE(waits("GPRMC,1"));
+    EXPECT_TRUE(waits("GPGGA,1"));
+    EXPECT_TRUE(waits("GPGSA,1"));
+    EXPECT_TRUE(waits("GPGSV,3,299"));
+    EXPECT_FALSE(waits("GPGSV,3,0")) << "the oldest goes first";
 }
 
 TEST_F(SentenceReceiverTest, AnswersAndHandsOver) {

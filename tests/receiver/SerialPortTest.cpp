@@ -31,6 +31,7 @@ struct Bench {
     Watched<int> errorsCleared;
     Watched<std::string> sent;
     bool takesOutput = true;
+    bool waitsForBytes = false;
     Event aborted{Event::Reset::Manual};
 };
 
@@ -66,6 +67,8 @@ class FakeDevice final : public SerialDevice {
         });
         return transfer;
     }
+
+    bool waitsForBytes() const override { return bench_.waitsForBytes; }
 
     Transfer write(std::string_view bytes) override {
         if (!bench_.takesOutput) {
@@ -228,6 +231,14 @@ TEST_F(SerialPortTest, ActivityIsMoreThanTwoBytesWithinFiveSeconds) {
     EXPECT_TRUE(port_.isReceiving());
     clock_.advanceMs(1);
     EXPECT_FALSE(port_.isReceiving());
+}
+
+TEST_F(SerialPortTest, ReadsWithoutPausesWhereTheDeviceWaitsItself) {
+    bench_.waitsForBytes = true;
+    answer(std::vector<Bench::Answer>(1000, {kNoError, "line\r\n"}));  // 100 s with pauses
+    LineCollector lines;
+    const RunningPort running = run(&lines);
+    EXPECT_EQ(lines.waitFor(1000).size(), 1000U);
 }
 
 TEST_F(SerialPortTest, WritesAreQueuedTracedAndSentInOrderAlsoByAListener) {
