@@ -170,7 +170,7 @@ ActiveNavigation::Aircraft CKorvelDoc::received() {
     if (isFresh(fix.trackTickMs, now) && fix.trackMag >= 0 && fix.trackMag <= kFullCircleDeg) {
         aircraft.trackMag = fix.trackMag;
     }
-    if (isFresh(fix.altitudeTickMs, now)) {
+    if (isFresh(fix.altitudeTickMs, now) && isAltitude(input_.altitudeFt())) {
         aircraft.altitudeFt = input_.correctedAltitudeFt();
     }
     return aircraft;

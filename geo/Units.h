@@ -18,6 +18,14 @@ inline constexpr double kFeetPerNm = 6076.115485564304;
 /// cos((latA + latB) * this).
 inline constexpr double kHalfDegreeInRadians = 0.008726646259971648;
 
+/// Altitudes and elevations beyond these are nobody's: a receiver without a fix or a slip of the
+/// pen. What gives them counts as giving none.
+inline constexpr int kLowestAltitudeFt = -2000;
+inline constexpr int kHighestAltitudeFt = 100000;
+constexpr bool isAltitude(int feet) {
+    return feet >= kLowestAltitudeFt && feet <= kHighestAltitudeFt;
+}
+
 struct UnitLabels {
     std::string_view distance;
     std::string_view speed;

@@ -1,5 +1,7 @@
 #include "nav/leg/VerticalSpeed.h"
 
+#include <cmath>
+
 #include "geo/Geodesy.h"
 
 namespace korvel {
@@ -9,6 +11,7 @@ constexpr std::int64_t kWindowMs = 6000;
 constexpr std::int64_t kShortestMs = 3000;
 constexpr double kMsPerMinute = 60000;
 constexpr int kStepFpm = 10;
+constexpr double kFastestFpm = 100000;
 
 }  // namespace
 
@@ -44,7 +47,11 @@ std::optional<int> VerticalSpeed::feetPerMinute() const {
         both += ms * (sample.altitudeFt - meanFt);
         square += ms * ms;
     }
-    return RoundToInt(both / square * kMsPerMinute / kStepFpm) * kStepFpm;
+    const double rateFpm = both / square * kMsPerMinute;
+    // An altitude that jumps is no climb.
+    return std::abs(rateFpm) <= kFastestFpm
+               ? std::optional(RoundToInt(rateFpm / kStepFpm) * kStepFpm)
+               : std::nullopt;
 }
 
 }  // namespace korvel

@@ -14,7 +14,8 @@ class VerticalSpeed {
     /// all that came before.
     void add(std::int64_t tickMs, std::optional<std::int32_t> altitudeFt);
 
-    /// Feet per minute in steps of 10, up positive; nothing before 3 s of altitudes.
+    /// Feet per minute in steps of 10, up positive; nothing before 3 s of altitudes and
+    /// beyond 100,000 ft/min.
     [[nodiscard]] std::optional<int> feetPerMinute() const;
 
  private:

@@ -8,6 +8,7 @@
 
 #include "base/TextNumbers.h"
 #include "geo/Geodesy.h"
+#include "geo/Units.h"
 #include "navdb/records/AirportRecord.h"
 #include "navdb/records/FixRecord.h"
 #include "navdb/records/NavaidRecord.h"
@@ -17,6 +18,12 @@ namespace {
 
 constexpr double kUserFeetPerMetre = 3.2808399;
 constexpr double kMinutesPerDegree = 60.0;
+constexpr double kHighestLatitude = 90.0;
+constexpr double kHighestLongitude = 180.0;
+
+std::optional<int> inFeet(std::optional<int> value, bool isMetric) {
+    return value && isMetric ? std::optional(RoundToInt(*value * kUserFeetPerMetre)) : value;
+}
 
 /// The fields of a record, with the messages that reading them leads to.
 class FieldReader {
@@ -72,26 +79,46 @@ class FieldReader {
     [[nodiscard]] bool isMetric(std::string_view key) const {
         return text(key) == "M" || text(key) == "m";
     }
-    [[nodiscard]] GeoPoint position(std::string_view latKey, std::string_view lonKey) const {
-        return {.lat = parseUserCoordinate(text(latKey)) * kDegToRad,
-                .lon = parseUserCoordinate(text(lonKey)) * kDegToRad};
+    /// Not valid, after a warning, when one of the two is no coordinate.
+    [[nodiscard]] GeoPoint position(const std::string& latKey, const std::string& lonKey) const {
+        const auto lat = coordinate(latKey, kHighestLatitude);
+        const auto lon = coordinate(lonKey, kHighestLongitude);
+        return lat && lon ? GeoPoint{.lat = *lat * kDegToRad, .lon = *lon * kDegToRad} : GeoPoint{};
+    }
+    /// Feet; nothing when the field is absent or, after a warning, holds no altitude.
+    [[nodiscard]] std::optional<int> elevation(const std::string& key) const {
+        constexpr std::string_view kInvalid = "Invalid ELEV.";
+        const auto feet =
+            inFeet(integer(key, kInvalid, Severity::warning), isMetric(key + ".UNITS"));
+        if (feet && !isAltitude(*feet)) {
+            warning(kInvalid);
+            return std::nullopt;
+        }
+        return feet;
     }
 
  private:
+    [[nodiscard]] std::optional<double> coordinate(const std::string& key, double highest) const {
+        const auto degrees = parseUserCoordinate(text(key));
+        if (degrees && std::abs(*degrees) <= highest) {
+            return degrees;
+        }
+        warning("Invalid " + key + ": " + std::string(text(key)));
+        return std::nullopt;
+    }
+
     const UserFields& fields_;
     const MessageSink& log_;
 };
 
-std::optional<int> inFeet(std::optional<int> value, bool isMetric) {
-    return value && isMetric ? std::optional(RoundToInt(*value * kUserFeetPerMetre)) : value;
-}
-
-void setPlace(DatabaseRecord& record, const FieldReader& fields) {
+/// False when the record must be left out because nobody knows where it is.
+[[nodiscard]] bool setPlace(DatabaseRecord& record, const FieldReader& fields) {
     const std::string_view ident = fields.text("ID");
     record.key = makeRecordKey(record.GetKind(), ident);
     record.ident.assign(ident);
     record.position = fields.position("POSN.LAT", "POSN.LON");
     record.SetName(fields.text("NAME"));
+    return IsValid(record.position);
 }
 
 std::uint8_t readUsage(const FieldReader& fields) {
@@ -121,8 +148,7 @@ RunwayEnd readEnd(const FieldReader& fields, const std::string& prefix) {
     if (fields.has(key("POSN.LAT")) && fields.has(key("POSN.LON"))) {
         end.position = fields.position(key("POSN.LAT"), key("POSN.LON"));
     }
-    end.elevationFt = inFeet(fields.integer(key("ELEV"), "Invalid ELEV.", Severity::warning),
-                             fields.isMetric(key("ELEV.UNITS")));
+    end.elevationFt = fields.elevation(key("ELEV"));
     if (const auto pattern = fields.text(key("PATTERN")); pattern == "L" || pattern == "l") {
         end.pattern = 'L';
     } else if (pattern == "R" || pattern == "r") {
@@ -173,19 +199,25 @@ void readComms(const FieldReader& fields, AirportRecord& airport) {
 
 }  // namespace
 
-double parseUserCoordinate(std::string_view text) {
+std::optional<double> parseUserCoordinate(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+    if (text.empty()) {
+        return 0.0;
+    }
     std::string_view rest = text;
     const auto degrees = scanInt(rest);
     if (degrees && rest.starts_with(':')) {
         rest.remove_prefix(1);
-        if (const auto minutes = scanDouble(rest); minutes && std::isfinite(*minutes)) {
-            const double part = *minutes / kMinutesPerDegree;
-            const bool isNegative = *degrees < 0 || text.starts_with('-');
-            return isNegative ? *degrees - part : *degrees + part;
+        const auto minutes = scanDouble(rest);
+        if (!minutes || !rest.empty() || !(*minutes >= 0.0 && *minutes <= kMinutesPerDegree)) {
+            return std::nullopt;
         }
+        const double part = *minutes / kMinutesPerDegree;
+        return text.starts_with('-') ? *degrees - part : *degrees + part;
     }
-    const double value = ParseDouble(text);
-    return std::isfinite(value) ? value : 0.0;
+    rest = text;
+    const auto value = scanDouble(rest);
+    return value && rest.empty() && std::isfinite(*value) ? value : std::nullopt;
 }
 
 std::unique_ptr<DatabaseRecord> buildUserNavaid(const UserFields& fields, const MessageSink& log) {
@@ -212,8 +244,7 @@ std::unique_ptr<DatabaseRecord> buildUserNavaid(const UserFields& fields, const 
     if (type == "FIX") {
         auto fix = std::make_unique<FixRecord>();
         fix->usage = usage;
-        setPlace(*fix, reader);
-        return fix;
+        return setPlace(*fix, reader) ? std::move(fix) : nullptr;
     }
     if (!reader.require("FREQ")) {
         return nullptr;
@@ -231,8 +262,7 @@ std::unique_ptr<DatabaseRecord> buildUserNavaid(const UserFields& fields, const 
     }
     navaid->usage = usage;
     navaid->frequency = *frequency;
-    setPlace(*navaid, reader);
-    return navaid;
+    return setPlace(*navaid, reader) ? std::move(navaid) : nullptr;
 }
 
 std::unique_ptr<DatabaseRecord> buildUserAirport(const UserFields& fields, const MessageSink& log) {
@@ -243,16 +273,16 @@ std::unique_ptr<DatabaseRecord> buildUserAirport(const UserFields& fields, const
         }
     }
     auto airport = std::make_unique<AirportRecord>();
-    setPlace(*airport, reader);
+    if (!setPlace(*airport, reader)) {
+        return nullptr;
+    }
     airport->info = reader.text("INFO");
     if (const auto variation = reader.real("MAG_VAR")) {
         airport->magVariationDeg = *variation;
     } else if (reader.has("MAG_VAR")) {
         reader.warning("Invalid MAG-VAR.");
     }
-    airport->elevationFt = inFeet(reader.integer("ELEV", "Invalid ELEV.", Severity::warning),
-                                  reader.isMetric("ELEV.UNITS"))
-                               .value_or(kNoElevationFt);
+    airport->elevationFt = reader.elevation("ELEV").value_or(kNoElevationFt);
     readRunways(reader, *airport);
     readComms(reader, *airport);
     return airport;

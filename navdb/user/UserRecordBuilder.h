@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,8 +23,9 @@ using MessageSink = std::function<void(std::string_view message, Severity severi
 std::unique_ptr<DatabaseRecord> buildUserAirport(const UserFields& fields, const MessageSink& log);
 std::unique_ptr<DatabaseRecord> buildUserNavaid(const UserFields& fields, const MessageSink& log);
 
-/// Degrees from "DEGREES:MINUTES" or decimal degrees, 0 for anything else. A leading '-' counts
-/// even where the degrees are 0.
-double parseUserCoordinate(std::string_view text);
+/// Degrees from "DEGREES:MINUTES" or decimal degrees, 0 for an empty text. A leading '-' counts
+/// even where the degrees are 0. Nothing for any other text, also for one that only begins like a
+/// coordinate ("47,5"): a place that stands somewhere else is worse than none.
+std::optional<double> parseUserCoordinate(std::string_view text);
 
 }  // namespace korvel

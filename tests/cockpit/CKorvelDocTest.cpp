@@ -118,6 +118,11 @@ TEST_F(CKorvelDocTest, NumbersThatAreNoneAreNotShown) {
     say({"GPRMC,1,A,4730.0,N,01015.0,E,inf,nan,211200,,", gga(kHere)});
     EXPECT_TRUE(data().position);
     EXPECT_FALSE(data().groundSpeedKt || data().trackMagDeg || data().trackTrueDeg);
+    for (const auto& [metres, shown] : {std::pair{"100.0", true}, {"30479", true}, {"30481", false}, {"-609", true},
+             {"-610", false}, {"99999999999", false}}) {
+        say({"GPGGA,1," + std::string(kHere) + ",1,04,1.2," + metres + ",M,,,,"});
+        EXPECT_EQ(data().altitudeFt.has_value(), shown) << metres;
+    }
 }
 
 TEST_F(CKorvelDocTest, ChangedPortIsOpenedStoredAndCountsAsChosen) {

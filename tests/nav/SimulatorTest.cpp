@@ -1,7 +1,10 @@
+#include <limits>
+
 #include <gtest/gtest.h>
 
 #include "geo/Geodesy.h"
 #include "nav/leg/Simulator.h"
+#include "nav/leg/VerticalSpeed.h"
 
 namespace korvel { namespace {
 
@@ -66,6 +69,21 @@ TEST(Simulator, SteersAfterFiveSecondsByAtMostFiveDegrees) {
     simulator.setSteering(false);
     simulator.steer(9000, 180);
     EXPECT_EQ(simulator.headingMag(), 90);
+}
+
+TEST(VerticalSpeed, IsTheSlopeOfTheLastSeconds) {
+    const auto after = [](std::int32_t from, std::int32_t to) {
+        VerticalSpeed speed;
+        EXPECT_FALSE(speed.feetPerMinute());
+        for (int i = 0; i <= 6; ++i) { speed.add(1 + 500 * i, from + (to - from) / 6 * i); }
+        return speed.feetPerMinute();
+    };
+    EXPECT_EQ(after(1000, 1030), 600);
+    EXPECT_EQ(after(1030, 1000), -600);
+    EXPECT_EQ(after(0, 4998), 99960);
+    EXPECT_FALSE(after(0, 5004)) << "nothing climbs so fast";
+    EXPECT_FALSE(after(0, std::numeric_limits<std::int32_t>::max()));
+    EXPECT_FALSE(after(0, std::numeric_limits<std::int32_t>::min()));
 }
 
 }}  // namespace korvel

@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
@@ -62,7 +64,7 @@ TEST_F(UserDatabaseReaderTest, BuildsNavaidsAndFixes) {
     EXPECT_EQ(only<NdbRecord>().key, "n.ELEVENCHARS");
     EXPECT_EQ(only<NdbRecord>().usage, kUsageLow);
     EXPECT_EQ(read("NAVAID_BEGIN\nID=F\nNAME=A fix keeps a name of any length\nTYPE=FIX\n"
-                   "POSN.LAT=x\nPOSN.LON=10\nUSAGE=VRP\nNAVAID_END\n"),
+                   "POSN.LAT=0\nPOSN.LON=10\nUSAGE=VRP\nNAVAID_END\n"),
         "");
     EXPECT_EQ(only<FixRecord>().key, "f.F");
     EXPECT_EQ(only<FixRecord>().GetName(), "A fix keeps a name of any length");
@@ -140,6 +142,14 @@ TEST_F(UserDatabaseReaderTest, ReportsWhatIsWrongWithItsLine) {
                    "ARPT_END\n",
             warning(11, "Invalid MAG-VAR.") + warning(11, "Invalid ELEV.") + error(11, "Invalid RWY.LEN.") +
                 error(11, "Invalid RWY.WIDTH.") + warning(11, "Invalid PATTERN field."),
+            1},
+        {vor + "POSN.LAT=47,5\nFREQ=110\nNAVAID_END\n", warning(10, "Invalid POSN.LAT: 47,5"), 0},
+        {vor + "POSN.LON=475.5\nFREQ=110\nNAVAID_END\n", warning(10, "Invalid POSN.LON: 475.5"), 0},
+        {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=FIX\nPOSN.LAT=abc\nPOSN.LON=47:30:15\nNAVAID_END\n",
+            warning(7, "Invalid POSN.LAT: abc") + warning(7, "Invalid POSN.LON: 47:30:15"), 0},
+        {airport + "POSN.LAT=90.1\nELEV=x\nARPT_END\n", warning(8, "Invalid POSN.LAT: 90.1"), 0},
+        {airport + "ELEV=100001\nRWY1.LEN=1\nRWY1.LO.ELEV=-2001\nRWY1.LO.POSN.LAT=1\nRWY1.LO.POSN.LON=181\nARPT_END\n",
+            warning(11, "Invalid ELEV.") + warning(11, "Invalid RWY1.LO.POSN.LON: 181") + warning(11, "Invalid ELEV."),
             1}};
     for (const auto& [text, logged, records] : cases) {
         EXPECT_EQ(read(text), logged) << text;
@@ -163,9 +173,14 @@ TEST_F(UserDatabaseReaderTest, CutsLinesAcrossBlocks) {
 
 TEST(UserCoordinateTest, ReadsDegreesAndMinutes) {
     const std::vector<std::pair<std::string, double>> cases{{"", 0.0}, {"47.5", 47.5}, {"47:30.5", 47.0 + 30.5 / 60},
-        {"-0:30", -0.5}, {"-5:30", -5.5}, {" -5:30", -5.5}, {"+5:30", 5.5}, {"5:x", 5.0}, {"5:", 5.0}, {"abc", 0.0},
-        {"nan", 0.0}, {"-122.25W", -122.25}, {"1:inf", 1.0}, {"47,5", 47.0}};
-    for (const auto& [text, degrees] : cases) { EXPECT_NEAR(parseUserCoordinate(text), degrees, 1e-12) << text; }
+        {"-0:30", -0.5}, {"-5:30", -5.5}, {" -5:30", -5.5}, {"+5:30", 5.5}, {"-122.25", -122.25}, {"47:60", 48.0}};
+    for (const auto& [text, degrees] : cases) {
+        EXPECT_NEAR(parseUserCoordinate(text).value_or(NAN), degrees, 1e-12) << text;
+    }
+    for (const std::string_view text : {"abc", "47,5", "47 30", "122.25W", "47:30:15", "47:305", "5:", "5:x", "5:-1",
+             "nan", "inf", "1:inf", "47:30.5'"}) {
+        EXPECT_FALSE(parseUserCoordinate(text)) << text;
+    }
 }
 
 }}  // namespace korvel
