@@ -1,7 +1,11 @@
 #include "tools/PlanInput.h"
 
+#include <iostream>
+#include <vector>
+
 #include "config/Text.h"
 #include "config/texts/FlightTexts.h"
+#include "nav/plan/PlanHints.h"
 #include "nav/track/Track.h"
 #include "platform/FileIo.h"
 #include "tools/RecordJson.h"
@@ -28,6 +32,14 @@ void addWaypoint(Json& json, const PlanWaypoint& entry) {
     json["key"] = entry.key;
     json["altitudeFt"] = entry.altitudeFt != kNoAltitudeFt ? Json(entry.altitudeFt) : Json(nullptr);
     addPosition(json, entry.position());
+}
+
+void tellHints(const Invocation& call, Json& document, std::span<const PlanWaypoint> entries) {
+    const std::vector<std::string> hints = planHints(entries, DistanceUnit::NauticalMiles);
+    document["hints"] = hints;
+    for (std::size_t i = 0; i < hints.size() && !call.json(); ++i) {
+        std::cerr << hints[i] << '\n';
+    }
 }
 
 std::string waypointLine(const PlanWaypoint& entry) {

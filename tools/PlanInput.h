@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "nav/plan/GeneratedFixes.h"
@@ -28,6 +29,9 @@ std::string readTrackFile(const std::string& file, Track& track);
 
 /// Adds key, altitude and position of an entry.
 void addWaypoint(Json& json, const PlanWaypoint& entry);
+/// What the pilot should look at again: "hints" of the document, and without JSON a line each on
+/// standard error.
+void tellHints(const Invocation& call, Json& document, std::span<const PlanWaypoint> entries);
 /// An entry in a line for people, with its end.
 std::string waypointLine(const PlanWaypoint& entry);
 

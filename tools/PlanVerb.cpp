@@ -36,6 +36,7 @@ int runPlan(Invocation& call) {
             plain += waypointLine(entry);
         }
         document["totalNm"] = (*plan)->totalNm();
+        tellHints(call, document, (*plan)->entries());
         plain += formatFixed((*plan)->totalNm(), kMileDecimals) + " nm\n";
     }
     if (!output.empty()) {

@@ -43,10 +43,11 @@ int runRoute(Invocation& call) {
         line += word + ' ';
     }
     const RouteResult result = route.EnterRoute(line, !noAirways);
-    const Json document{{"error", result.error}, {"entries", entriesJson(result.entries)}};
+    Json document{{"error", result.error}, {"entries", entriesJson(result.entries)}};
     if (!result.error.empty()) {
         return call.fail(result.error, document);
     }
+    tellHints(call, document, result.entries);
     std::string plain;
     for (const PlanWaypoint& entry : result.entries) {
         plain += waypointLine(entry);

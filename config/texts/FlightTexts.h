@@ -21,6 +21,8 @@ struct FlightTexts {
     Text directTo{61312, "Direct to %s"};  ///< %s: name
     Text invalidAltitude{61364,
                          "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."};
+    Text longLeg{61586, "Long leg from %s to %s: %s"};      ///< %s: from, %s: to, %s: how far
+    Text sharpTurn{61587, "Sharp turn of %d\u00b0 at %s"};  ///< %d: degrees, %s: place
     Text markNameInvalid{61608, "A name has 1 to 11 letters and digits."};
     Text markNameTaken{61609, "%s is the name of another place."};  ///< %s: name
     Text markInPlan{61610, "%s is in the flight plan."};            ///< %s: name

@@ -7,6 +7,7 @@
 #include "nav/plan/FlightPlan.h"
 #include "nav/plan/GeneratedFixes.h"
 #include "nav/plan/PlaceLookup.h"
+#include "nav/plan/PlanHints.h"
 #include "nav/plan/RouteEntry.h"
 #include "navdb/NavDatabase.h"
 
@@ -42,7 +43,7 @@ CheckedWord checkWord(const std::string& text, bool isFirst, const NavDatabase& 
 }  // namespace
 
 RouteCheck checkRoute(std::string_view line, NavDatabase& database, const GeneratedFixes& fixes,
-                      std::optional<GeoPoint> present) {
+                      std::optional<GeoPoint> present, DistanceUnit unit) {
     RouteCheck check;
     PlaceLookup lookup(database, fixes, present);
     for (const std::string& word : SplitWords(line)) {
@@ -53,6 +54,7 @@ RouteCheck checkRoute(std::string_view line, NavDatabase& database, const Genera
     check.error = std::move(result.error);
     if (check.error.empty()) {
         check.count = result.entries.size();
+        check.hints = planHints(result.entries, unit);
         check.totalNm = FlightPlan(std::move(result.entries)).totalNm();
         return check;
     }

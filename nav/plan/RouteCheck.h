@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "geo/Units.h"
 #include "nav/plan/PlanWaypoint.h"
 
 namespace korvel {
@@ -31,10 +32,13 @@ struct RouteCheck {
     std::string error;      ///< the message of the whole line; empty when it can be flown
     std::size_t count = 0;  ///< entries that it gives
     double totalNm = 0.0;
+    std::vector<std::string> hints;  ///< what to look at again; refuses nothing
 };
 
 /// Looks at a line without entering it: `fixes` stay as they are. For every stroke of a key.
+/// Hints give distances in `unit`.
 RouteCheck checkRoute(std::string_view line, NavDatabase& database, const GeneratedFixes& fixes,
-                      std::optional<GeoPoint> present);
+                      std::optional<GeoPoint> present,
+                      DistanceUnit unit = DistanceUnit::NauticalMiles);
 
 }  // namespace korvel

@@ -113,6 +113,25 @@ TEST_F(PlanEditTest, TypedLineIsChecked) {
     EXPECT_NEAR(check.totalNm, 180, 0.01);
 }
 
+TEST_F(PlanEditTest, LongLegsAndSharpTurnsAreHinted) {
+    place("f.P0", 50, 0);
+    place("f.P1", 50, 10);
+    place("f.E9", 50, 23.1);  // 504 NM from P1
+    place("f.N", 58.2, 10);   // 492 NM
+    place("f.W5", 50.05, 5);
+    const auto hints = [this](std::string_view line) {
+        const RouteCheck check = checkRoute(line, database_, fixes_, degrees(50, 5));
+        EXPECT_EQ(check.error, "");
+        return check.hints;
+    };
+    using Hints = std::vector<std::string>;
+    EXPECT_EQ(hints("P0 P1 N"), Hints());
+    EXPECT_EQ(hints("P0 P1 E9"), Hints{"Long leg from P1 to E9: 504 nm"});
+    EXPECT_EQ(hints("P0 P1 f.P1 W5 P0"), Hints{"Sharp turn of 179\u00b0 at P1"}) << "standing still is no turn";
+    EXPECT_EQ(hints("N P1 P0 P1"), Hints{"Sharp turn of 180\u00b0 at P0"}) << "90 degrees are none";
+    EXPECT_EQ(hints("P0"), Hints());
+}
+
 TEST_F(PlanEditTest, WordsAreCompleted) {
     const auto keys = [this](std::string_view typed, std::optional<GeoPoint> near, std::size_t limit) {
         std::string found;
