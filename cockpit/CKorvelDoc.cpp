@@ -65,14 +65,14 @@ void CKorvelDoc::tick() {
         beforeNavigation();
     }
     flight_.tick(settings_, variation(), aircraft);
-    flight_.refresh(variation());
+    flight_.refresh();
     CockpitData data = collectData();
     attitude_.update(data, flight_.tickMs());
     show(std::move(data));
 }
 
 void CKorvelDoc::refresh() {
-    flight_.refresh(variation());
+    flight_.refresh();
     CockpitData data = collectData();
     // The attitude comes out of the ticks alone.
     data.turnRateDegPerSec = data_.turnRateDegPerSec;
@@ -147,8 +147,15 @@ Variation CKorvelDoc::variation() const {
     const double receiver = input_.store().own().magVariation;
     // The receiver counts east as negative.
     return {.receiverDeg = receiver == kNoAngle ? kNoAngle : -receiver,
-            .databaseDeg = flight_.databaseVariationDeg(),
+            .databaseDeg = databaseVariationDeg(),
             .ignoreReceiver = settings_.ignoreMagVar != 0};
+}
+
+/// At the newest position, which the sentence that is being decoded may just have brought.
+double CKorvelDoc::databaseVariationDeg() const {
+    const GeoPoint here =
+        simulatorActive() ? flight_.simulator().position() : input_.store().own().position;
+    return flight_.database().variationAt(here);
 }
 
 ActiveNavigation::Aircraft CKorvelDoc::received() {

@@ -95,7 +95,7 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
 
     bool simulatorActive() const override { return flight_.simulator().running(); }
     std::int32_t simulatedAltitudeFt() const override { return flight_.simulator().altitudeFt(); }
-    double databaseVariationDeg() const override { return flight_.databaseVariationDeg(); }
+    double databaseVariationDeg() const override;
     bool ignoreReceiverVariation() const override { return settings_.ignoreMagVar != 0; }
     std::string portSettings() const override { return gpsPort_.settings(); }
     void writeToPort(std::string_view bytes) override { gpsPort_.write(bytes); }

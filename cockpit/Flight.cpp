@@ -19,8 +19,6 @@ namespace {
 
 constexpr std::string_view kFlightLogName = "korvel-log.txt";
 constexpr std::string_view kTrackJournalName = "track.journal";
-/// The variation changes by a tenth of a degree over this distance at most, poles left out.
-constexpr double kVariationStepNm = 5;
 /// Off and on places of the flight log lie this near an airport.
 constexpr double kAtAirportNm = 3;
 /// A waypoint on a course has been flown to when it is so near and no longer ahead.
@@ -85,7 +83,6 @@ void Flight::loadDatabases(std::span<const std::filesystem::path> folders,
     nearAirports_.reset();
     loader_.load(folders, progress);
     nearAirports_.reset();
-    variationPoint_ = {};
     updateDatabaseNotice();
 }
 
@@ -107,16 +104,6 @@ void Flight::updateDatabaseNotice() {
         databaseNotice_ =
             formatText(kStatusTexts.chartsExpired, {std::string_view(dateText(oldest))});
     }
-}
-
-void Flight::lookUpVariation() {
-    const GeoPoint here = navigation_.present().position;
-    if (!IsValid(here) ||
-        (IsValid(variationPoint_) && DistanceNm(here, variationPoint_) < kVariationStepNm)) {
-        return;
-    }
-    variationPoint_ = here;
-    variationDeg_ = database_.variationNear(here);
 }
 
 void Flight::lookUpNearAirports(const Settings& settings, const Variation& variation) {
@@ -163,8 +150,7 @@ SimulatorStart Flight::simulatorStart(const Settings& settings) const {
     if (away != entries.end()) {
         const double course = TrueCourseDeg(start.position, away->position());
         start.headingMag = RoundToInt(
-            Variation{.databaseDeg = database_.variationNear(start.position)}.TrueToMagnetic(
-                course));
+            Variation{.databaseDeg = database_.variationAt(start.position)}.TrueToMagnetic(course));
     }
     return start;
 }
@@ -187,7 +173,6 @@ void Flight::setTimeFactor(int factor) { timeFactor_ = std::clamp(factor, 1, kFa
 void Flight::lookAround(const ActiveNavigation::Aircraft& received) {
     navigation_.lookAround(received);
     plan_.setPresent(known(navigation_.present().position));
-    lookUpVariation();
 }
 
 void Flight::prepare(const Settings& settings, const Variation& variation) {
@@ -275,20 +260,18 @@ void Flight::watchFlight(const Settings& settings, const Variation& variation) {
     alarms_.update(clock_.tickMs());
 }
 
-void Flight::refresh(const Variation& variation) {
+void Flight::refresh() {
     const auto plan = plan_.plan().lock();
     if (!plan->has_value()) {
         planView_.reset();
         return;
     }
-    const PlanViewSource source{.revision = plan_.revision(),
-                                .active = (*plan)->currentIndex(),
-                                .variationDeg = std::round(variation.inForceDeg() * 10) / 10};
+    const PlanViewSource source{.revision = plan_.revision(), .active = (*plan)->currentIndex()};
     if (planView_ && source == planViewSource_) {
         return;
     }
     planViewSource_ = source;
-    PlanView view = makePlanView(**plan, variation);
+    PlanView view = makePlanView(**plan, database_);
     view.fileName = plan_.file().filename().string();
     view.changed = plan_.changed();
     planView_ = std::make_shared<const PlanView>(std::move(view));
@@ -325,7 +308,9 @@ void Flight::collect(CockpitData& data, const Variation& variation) const {
     }
     data.alarms = alarms_.shown();
     data.nearAirports = nearAirports_;
-    data.variationDeg = variation.inForceDeg();
+    if (variation.isKnown()) {
+        data.variationDeg = variation.inForceDeg();
+    }
     data.verticalSpeedFpm = verticalSpeed_.feetPerMinute();
     collectLeg(data, variation);
     approach_.collect(data, variation);

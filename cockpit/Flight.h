@@ -94,18 +94,15 @@ class Flight {
     /// The half-second tick, behind lookAround() and prepare().
     void tick(const Settings& settings, const Variation& variation,
               const ActiveNavigation::Aircraft& received);
-    /// The database's variation near the aircraft, degrees, east positive; kNoAngle if unknown.
-    double databaseVariationDeg() const { return variationDeg_; }
 
     /// To be called at each tick while the nearest airports are looked at.
     void wantNearAirports() { nearAirportsWanted_ = true; }
     /// Brings what is kept for the pages up to date: after each tick and each command.
-    void refresh(const Variation& variation);
+    void refresh();
     /// Fills what the pages show of the flight.
     void collect(CockpitData& data, const Variation& variation) const;
 
  private:
-    void lookUpVariation();
     void lookUpNearAirports(const Settings& settings, const Variation& variation);
     void updateDatabaseNotice();
     void goOnWithPlan();
@@ -136,7 +133,6 @@ class Flight {
     struct PlanViewSource {
         std::uint64_t revision = 0;
         std::optional<std::size_t> active{};
-        double variationDeg = 0;
 
         friend bool operator==(const PlanViewSource&, const PlanViewSource&) = default;
     };
@@ -146,9 +142,6 @@ class Flight {
     std::shared_ptr<const std::vector<NearAirport>> nearAirports_;
     GeoPoint nearAirportsPoint_;  // where they were looked up
     bool nearAirportsWanted_ = false;
-
-    double variationDeg_ = kNoAngle;
-    GeoPoint variationPoint_;  // where it was looked up
 };
 
 }  // namespace korvel

@@ -4,10 +4,11 @@
 
 #include "geo/Geodesy.h"
 #include "nav/plan/FlightPlan.h"
+#include "navdb/NavDatabase.h"
 
 namespace korvel {
 
-PlanView makePlanView(const FlightPlan& plan, const Variation& variation) {
+PlanView makePlanView(const FlightPlan& plan, const NavDatabase& database) {
     PlanView view;
     view.rows.reserve(plan.entries().size());
     for (const PlanWaypoint& entry : plan.entries()) {
@@ -21,6 +22,7 @@ PlanView makePlanView(const FlightPlan& plan, const Variation& variation) {
             row.altitudeFt = entry.altitudeFt;
         if (!view.rows.empty()) {
             const GeoPoint from = view.rows.back().position;
+            const Variation variation{.databaseDeg = database.variationAt(from)};
             row.courseMagDeg = variation.TrueToMagnetic(TrueCourseDeg(from, row.position));
             row.legNm = DistanceNm(from, row.position);
         }

@@ -5,11 +5,11 @@
 namespace korvel {
 
 class FlightPlan;
-struct Variation;
+class NavDatabase;
 
-/// The plan as the pages show it. Courses are turned to magnetic with the one variation in force
-/// where the aircraft is. The file's name and whether there is something to save are left to the
-/// caller.
-PlanView makePlanView(const FlightPlan& plan, const Variation& variation);
+/// The plan as the pages show it. The course of each leg is turned to magnetic with the database's
+/// variation where the leg begins, wherever the aircraft is. The file's name and whether there is
+/// something to save are left to the caller.
+PlanView makePlanView(const FlightPlan& plan, const NavDatabase& database);
 
 }  // namespace korvel

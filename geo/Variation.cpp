@@ -4,6 +4,10 @@
 
 namespace korvel {
 
+bool Variation::isKnown() const {
+    return databaseDeg != kNoAngle || (!ignoreReceiver && receiverDeg != kNoAngle);
+}
+
 double Variation::inForceDeg() const {
     if (!ignoreReceiver && receiverDeg != kNoAngle) {
         return receiverDeg;

@@ -13,6 +13,9 @@ struct Variation {
     double databaseDeg = kNoAngle;  ///< for the present area
     bool ignoreReceiver = false;    ///< setting "IgnoreMagVar"
 
+    /// Whether one of the two may be used; angles that are turned without it stay true.
+    bool isKnown() const;
+
     /// The one in force: the receiver's unless it is to be ignored or unknown, else the
     /// database's, else 0.
     double inForceDeg() const;

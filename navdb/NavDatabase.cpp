@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "geo/Geodesy.h"
+#include "geo/MagneticModel.h"
 #include "navdb/file/DatabaseFile.h"
 #include "navdb/records/AirportDetails.h"
 #include "navdb/search/PlaceRows.h"
@@ -21,8 +22,6 @@ using RecordPtr = std::unique_ptr<DatabaseRecord>;
 
 constexpr double kFartherThanAnything = 2147483647.0;
 constexpr double kNavaidPreferenceNm = 25.0;
-constexpr double kVariationReachNm = 200.0;
-constexpr std::size_t kVariationCandidates = 5;
 
 double distanceTo(GeoPoint from, GeoPoint to) {
     return GreatCircleDistance(from.lat, from.lon, to.lat, to.lon);
@@ -316,16 +315,11 @@ RecordPtr NavDatabase::recordOf(const Place& place) const {
     return record != nullptr ? record->Clone() : nullptr;
 }
 
-double NavDatabase::variationNear(GeoPoint position) const {
-    for (const NearPlace& near :
-         nearest(position, kAirportKind, kVariationCandidates, kVariationReachNm)) {
-        const auto record = recordOf(near.place);
-        const auto* airport = dynamic_cast<const AirportRecord*>(record.get());
-        if (airport != nullptr && airport->magVariationDeg != static_cast<float>(kNoAngle)) {
-            return static_cast<double>(airport->magVariationDeg);
-        }
-    }
-    return kNoAngle;
+double NavDatabase::variationAt(GeoPoint position) const {
+    const LocalTime today = clock_.localNow();
+    return IsValid(position)
+               ? modelVariationDeg(position, decimalYear(today.year, today.month, today.day))
+               : kNoAngle;
 }
 
 }  // namespace korvel

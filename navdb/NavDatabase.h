@@ -96,9 +96,9 @@ class NavDatabase {
     /// The full record of a place; null when its file can no longer be read.
     [[nodiscard]] std::unique_ptr<DatabaseRecord> recordOf(const Place& place) const;
 
-    /// The magnetic variation (degrees, east positive) of the nearest airport that carries one,
-    /// kNoAngle when none lies within 200 NM.
-    [[nodiscard]] double variationNear(GeoPoint position) const;
+    /// The magnetic variation there today by the magnetic model, degrees, east positive; kNoAngle
+    /// for no position. What airports carry of their own belongs to their runways.
+    [[nodiscard]] double variationAt(GeoPoint position) const;
 
  private:
     struct Search;

@@ -33,8 +33,9 @@ NavFieldText distanceIn(const CockpitData& data, std::optional<double> nm) {
     return {oneDecimal(shown), std::string(labels.distance), ""};
 }
 
-NavFieldText courseIn(std::optional<double> degrees) {
-    return degrees ? NavFieldText{courseText(*degrees), "°M", ""} : absent();
+NavFieldText courseIn(const CockpitData& data, std::optional<double> degrees) {
+    return degrees ? NavFieldText{courseText(*degrees), data.variationDeg ? "°M" : "°T", ""}
+                   : absent();
 }
 
 NavFieldText altitudeIn(const CockpitData& data, std::optional<int> feet) {
@@ -90,8 +91,8 @@ NavFieldText groundSpeed(const CockpitData& data) {
     return {formatFixed(speed, 0), std::string(labels.speed), ""};
 }
 
-NavFieldText track(const CockpitData& data) { return courseIn(data.trackMagDeg); }
-NavFieldText bearing(const CockpitData& data) { return courseIn(data.bearingMagDeg); }
+NavFieldText track(const CockpitData& data) { return courseIn(data, data.trackMagDeg); }
+NavFieldText bearing(const CockpitData& data) { return courseIn(data, data.bearingMagDeg); }
 NavFieldText distance(const CockpitData& data) { return distanceIn(data, data.distanceNm); }
 
 NavFieldText timeToGo(const CockpitData& data) {
@@ -125,7 +126,7 @@ NavFieldText crossTrack(const CockpitData& data) {
 }
 
 NavFieldText desiredTrack(const CockpitData& data) {
-    return courseIn(data.obsCourseMagDeg ? data.obsCourseMagDeg : data.desiredTrackMagDeg);
+    return courseIn(data, data.obsCourseMagDeg ? data.obsCourseMagDeg : data.desiredTrackMagDeg);
 }
 
 NavFieldText eta(const CockpitData& data) {

@@ -69,7 +69,7 @@ std::string addPlan(LoadedDatabase& loaded, const std::string& file, CockpitData
     const PlanInput input(loaded, file);
     if (!input.error.empty())
         return input.error;
-    const Variation variation{.databaseDeg = loaded.database.variationNear(*data.position)};
+    const Variation variation{.databaseDeg = loaded.database.variationAt(*data.position)};
     FlightPlan plan = **input.plan.lock();
     if (const auto leg = plan.ChooseActiveLeg(
             {.position = *data.position,
@@ -80,7 +80,7 @@ std::string addPlan(LoadedDatabase& loaded, const std::string& file, CockpitData
         data.activeName = leg->waypoint->record->GetName();
         data.activeKey = leg->waypoint->record->key;
     }
-    data.plan = std::make_shared<PlanView>(makePlanView(plan, variation));
+    data.plan = std::make_shared<PlanView>(makePlanView(plan, loaded.database));
     return {};
 }
 

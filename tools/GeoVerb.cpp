@@ -9,6 +9,7 @@
 
 #include "base/TextNumbers.h"
 #include "geo/Geodesy.h"
+#include "geo/MagneticModel.h"
 #include "tools/Arguments.h"
 #include "tools/Invocation.h"
 #include "tools/Verbs.h"
@@ -17,6 +18,9 @@ namespace korvel {
 namespace {
 
 constexpr int kDecimals = 6;
+/// Just below the ground to 850 km.
+constexpr double kModelLowestFt = -3300;
+constexpr double kModelHighestFt = 2.8e6;
 constexpr double kLargestHeading = 1e6;  ///< some way around the circle, but an integer yet
 
 using Numbers = std::vector<double>;
@@ -66,10 +70,37 @@ Json turn(const Numbers& n) {
     return {{"deg", HeadingDifferenceDeg(n[0], n[1])}};
 }
 
+/// Two numbers more than what is typed: the decimal year and the altitude in feet.
+Json magneticVariation(const Numbers& n) {
+    return {{"deg", modelVariationDeg(toPosition(n[0], n[1]), n[2], n[3])}};
+}
+
 constexpr std::array kOperations = {
     Operation{"distance", 4, distance}, Operation{"course", 4, course},
     Operation{"point", 4, point},       Operation{"midlat", 4, middle},
-    Operation{"turn", 2, turn},
+    Operation{"turn", 2, turn},         Operation{"variation", 2, magneticVariation},
+};
+
+/// Where and when the magnetic model is asked.
+struct ModelOptions {
+    std::string date;
+    std::string altitude = "0";
+
+    void declare(CLI::App& app) {
+        app.add_option("--date", date, "Day of the variation, YYYY-MM-DD; today without it");
+        app.add_option("--altitude", altitude, "Altitude of the variation, feet");
+    }
+    [[nodiscard]] double year(const Invocation& call) const {
+        const LocalTime day = date.empty() ? call.now() : toLocalTime(date + "T00:00:00");
+        return decimalYear(day.year, day.month, day.day);
+    }
+    [[nodiscard]] double altitudeFt() const {
+        const double feet = toNumber(altitude);
+        if (!(feet >= kModelLowestFt && feet <= kModelHighestFt)) {
+            usageError("The altitude is beyond what the magnetic model describes: " + altitude);
+        }
+        return feet;
+    }
 };
 
 std::string plainText(const Json& result) {
@@ -88,13 +119,15 @@ std::string plainText(const Json& result) {
 int runGeo(Invocation& call) {
     std::string name;
     std::vector<std::string> words;
+    ModelOptions model;
+    model.declare(call.options());
     call.options()
-        .add_option("operation", name, "distance, course, point, midlat or turn")
+        .add_option("operation", name, "distance, course, point, midlat, turn or variation")
         ->required();
     call.options()
         .add_option("numbers", words,
                     "LAT1 LON1 LAT2 LON2 (distance, course, midlat), LAT LON NM COURSE (point), "
-                    "FROM TO (turn)")
+                    "FROM TO (turn), LAT LON (variation)")
         ->required();
     call.parse();
     const auto* operation = std::ranges::find(kOperations, name, &Operation::name);
@@ -107,6 +140,13 @@ int runGeo(Invocation& call) {
     }
     Numbers numbers;
     std::ranges::transform(words, std::back_inserter(numbers), toNumber);
+    if (operation->compute == magneticVariation) {
+        const double year = model.year(call);
+        if (year < kMagneticModelBegins || year > kMagneticModelEnds) {
+            return call.fail("The magnetic model holds from 2025 to 2030", Json{{"deg", nullptr}});
+        }
+        numbers.insert(numbers.end(), {year, model.altitudeFt()});
+    }
     const Json result = operation->compute(numbers);
     return call.done(result, plainText(result));
 }

@@ -77,7 +77,6 @@ void search(NavDatabase& database, const std::vector<std::string>& idents) {
     }
     std::vector<Place> places;
     database.placesIn({-90, -180, 90, 180}, kAllKinds, 100, places);
-    (void)database.variationNear({.lat = 0.8, .lon = 0.1});
 }
 
 }  // namespace

@@ -196,11 +196,8 @@ void PlaceFeed::giveVariations(int rangeNm) {
                 vor.variationDeg = airport.details->variationDeg;
             }
         }
-        if (!vor.variationDeg) {
-            const double variation = database_.variationNear(vor.place.position);
-            if (variation != kNoAngle)
-                vor.variationDeg = variation;
-        }
+        if (!vor.variationDeg)
+            vor.variationDeg = database_.variationAt(vor.place.position);
     }
 }
 

@@ -125,6 +125,27 @@ TEST_F(CKorvelDocTest, NumbersThatAreNoneAreNotShown) {
     }
 }
 
+TEST_F(CKorvelDocTest, MagneticAnglesKnowTheVariationOfTheirPlace) {
+    start("COM3:,4800,N,8,1");
+    for (const auto& [ident, lat, lon] : {std::tuple{"XA", "47", "-122"}, {"XB", "48", "-122"}, {"XC", "48", "7"}}) {
+        folder_.write(std::string(ident) + ".UDB.TXT", "NAVAID_BEGIN\nID=" + std::string(ident) +
+                                                           "\nNAME=N\nTYPE=FIX\nPOSN.LAT=" + lat + "\nPOSN.LON=" + lon +
+                                                           "\nNAVAID_END\n");
+    }
+    const std::filesystem::path folders[] = {folder_.path()};
+    doc_->flight().loadDatabases(folders);
+    const auto course = [&](std::size_t row) { return *data().plan->rows[row].courseMagDeg; };
+    ASSERT_EQ(doc_->flight().plan().enterRoute("XA XB XC"), "");
+    doc_->tick();
+    ASSERT_FALSE(data().position);
+    const double northwards = course(1);
+    EXPECT_NEAR(northwards, 360 - 15.0, 0.7) << "15 degrees east near Seattle";
+    say({rmc(kHere), gga(kHere)});
+    EXPECT_NEAR(*data().variationDeg, 4.3, 0.6) << "in the Alps";
+    EXPECT_NEAR(*data().trackMagDeg, 89.68 - *data().variationDeg, 0.01) << "of the first sentence as well";
+    EXPECT_EQ(course(1), northwards) << "wherever the aircraft is";
+}
+
 TEST_F(CKorvelDocTest, ChangedPortIsOpenedStoredAndCountsAsChosen) {
     start("COM3:,4800,N,8,1", true);
     say({rmc(kHere), gga(kHere)});

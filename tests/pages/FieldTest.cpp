@@ -101,6 +101,8 @@ TEST(NavField, FieldsShowTheirValuesOrDashes) {
 TEST(NavField, ValuesThatMeanNothingAreNotShown) {
     const auto valueOf = [](NavFieldId id, const CockpitData& data) { return navField(id).format(data).value; };
     CockpitData data = navigating();
+    data.variationDeg.reset();
+    EXPECT_EQ(navField(NavFieldId::Track).format(data).unit, "°T") << "nothing turned it to magnetic";
     data.groundSpeedKt = 4.9;  // taxying
     for (const NavFieldId id : {NavFieldId::TimeToGo, NavFieldId::Eta, NavFieldId::PlanTime})
         EXPECT_EQ(valueOf(id, data), "---");

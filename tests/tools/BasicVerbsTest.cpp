@@ -31,6 +31,10 @@ TEST(Tool, StatusAndMessages) {
         {{"geo", "--json", "turn", "10", "350"}, 0, "{\"deg\":-20}\n", ""},
         {{"geo", "turn", "0", "180", "--json"}, 0, "{\"deg\":180}\n", ""},
         {{"geo", "turn", "180", "-0", "--json"}, 0, "{\"deg\":-180}\n", ""},
+        {{"geo", "variation", "80", "-96", "--date", "2025-01-01", "--altitude", "157480"}, 0, "", ""},
+        {{"geo", "variation", "47", "8", "--date", "2024-12-31"}, 1, "", "The magnetic model holds"},
+        {{"geo", "variation", "47", "8", "--date", "2026-02-29"}, 2, "", ""},
+        {{"geo", "variation", "47", "8", "--altitude", "3e6"}, 2, "", "The altitude"},
         {{"geo", "turn", "10"}, 2, "", "turn takes 2 numbers"},
         {{"geo", "turn", "10", "1e300"}, 2, "", "A heading"},
         {{"geo", "turn", "10", "nan"}, 2, "", "Not a number: nan"},
@@ -56,6 +60,9 @@ TEST(Tool, StatusAndMessages) {
         if (!one.output.empty()) { EXPECT_EQ(result.output, one.output) << call; }
     }
     EXPECT_TRUE(std::filesystem::is_empty(folder.path())) << "refusals leave no files behind";
+    const std::string north =
+        runTool({"geo", "variation", "80", "-96", "--date", "2025-01-01", "--altitude", "157480", "--json"}).output;
+    EXPECT_NEAR(Json::parse(north)["deg"].get<double>(), -29.91, 0.006);
     const Json refusal = Json::parse(runTool({"profile", data, "--json"}).output);
     EXPECT_EQ(refusal["error"], "File Open Error: " + data);
 }
