@@ -15,9 +15,9 @@ struct GaussCoefficient {
 /// Degree of the model below.
 inline constexpr int kMagneticDegree = 12;
 
-/// World Magnetic Model 2025: epoch 2025.0, degree 12, valid 2025.0 to 2030.0, in the order of NOAA's
-/// own file: degree 1 to 12, in each the orders from 0. Made from WMM2025.COF as npm geomagnetism
-/// 0.2.0 (Apache-2.0) carries it; the model itself is in the public domain.
+/// World Magnetic Model 2025: epoch 2025.0, degree 12, valid 2025.0 to 2030.0, in the order of
+/// NOAA's own file: degree 1 to 12, in each the orders from 0. Made from WMM2025.COF as npm
+/// geomagnetism 0.2.0 (Apache-2.0) carries it; the model itself is in the public domain.
 // clang-format off
 inline constexpr std::array<GaussCoefficient, 90> kMagneticCoefficients{{
     // degree 1

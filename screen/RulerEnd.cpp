@@ -31,9 +31,7 @@ MeasureEnd rulerEndAt(Point finger, const RulerGround& ground) {
         end.variationDeg = ground.data.variationDeg;
         return end;
     }
-    const double variation = ground.database.variationNear(end.position);
-    if (variation != kNoAngle)
-        end.variationDeg = variation;
+    end.variationDeg = ground.database.variationAt(end.position);
     return end;
 }
 

@@ -9,7 +9,6 @@
 #include "config/texts/MessageTexts.h"
 #include "map/PlaceHit.h"
 #include "pages/FieldStrip.h"
-#include "paint/AreaCanvas.h"
 #include "screen/PageCycle.h"
 #include "screen/RulerEnd.h"
 
@@ -20,12 +19,12 @@ constexpr std::string_view kPageKey = "Page";
 
 }  // namespace
 
-Screen::Screen(CKorvelDoc& document, ProfileFile& profile, Canvas& letters)
+Screen::Screen(CKorvelDoc& document, ProfileFile& profile, const TextMeasure& letters)
     : document_(document),
       profile_(profile),
       letters_(letters),
       page_(pageOfNumber(profile.getInt(kOptionsSection, kPageKey, static_cast<int>(PageId::Map)))),
-      places_(document.flight().database()),
+      feeds_(document.flight().database()),
       fields_(profile),
       hints_(profile) {
     camera_.loadRange(profile);
@@ -204,14 +203,14 @@ std::vector<MapPlace> Screen::placesAt(Point at) const {
     std::vector<MapPlace> found;
     if (const auto projection = camera_.projection())
         for (const MapPlace* place :
-             korvel::placesAt(places_.set(), *projection, camera_.viewport().currentRangeNm(), at,
+             korvel::placesAt(feeds_.places(), *projection, camera_.viewport().currentRangeNm(), at,
                               kFingerPixels))
             found.push_back(*place);
     return found;
 }
 
 void Screen::databasesChanged() {
-    places_.forget();
+    feeds_.forget();
     changed();
 }
 
@@ -230,7 +229,7 @@ void Screen::setMeasuring(bool on) {
 
 MeasureTool::Snap Screen::rulerSnap(const MapProjection& projection) const {
     return [this, &projection](Point finger) {
-        return rulerEndAt(finger, {projection, camera_.viewport().currentRangeNm(), places_.set(),
+        return rulerEndAt(finger, {projection, camera_.viewport().currentRangeNm(), feeds_.places(),
                                    data_, document_.flight().database()});
     };
 }
@@ -275,8 +274,7 @@ std::span<const NavFieldId> Screen::shownFields() const {
 
 std::optional<std::size_t> Screen::fieldAt(Point at) const {
     const ScreenLayout& layout = areas_.layout();
-    return FieldStrip::fieldAt(AreaCanvas(letters_, layout.fields), layout.arrangement,
-                               shownFields(), at);
+    return FieldStrip::fieldAt(letters_, layout.fields, layout.arrangement, shownFields(), at);
 }
 
 bool Screen::acknowledgeAlarm(std::size_t place) {
@@ -322,15 +320,15 @@ CockpitData Screen::dataToShow() const {
     return shown;
 }
 
-void Screen::updatePlaces() {
-    const auto projection = camera_.projection();
-    if (!projection)
+void Screen::updateFeeds() {
+    const auto middle = camera_.center();
+    if (!camera_.showsMap() || !middle)
         return;
-    const bool news = places_.update(*projection, {0, 0, areas_.page().width, areas_.page().height},
-                                     camera_.viewport().currentRangeNm(),
-                                     MapPlaceOptions::from(document_.settings()));
+    const MapView view(camera_.viewport(), *middle, camera_.upDeg(),
+                       {0, 0, areas_.page().width, areas_.page().height});
+    const bool news = feeds_.update({view, data_, document_.settings()});
     // This painting shows what there is; the next one what is still to be read.
-    if (news && !places_.isComplete())
+    if (news && !feeds_.isComplete())
         changed();
 }
 
@@ -339,7 +337,7 @@ PageScene Screen::scene(const CockpitData& data, const AttitudeView& attitude) c
             .viewport = camera_.viewport(),
             .upTrueDeg = camera_.upDeg(),
             .lookAt = camera_.lookAt(),
-            .places = &places_.set(),
+            .feeds = &feeds_,
             .measure = &ruler_,
             .nearest = lists_.nearest(),
             .plan = lists_.plan(),

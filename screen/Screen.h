@@ -9,7 +9,7 @@
 
 #include "config/Text.h"
 #include "map/MeasureTool.h"
-#include "map/feeds/MapPlaces.h"
+#include "map/feeds/MapFeeds.h"
 #include "screen/Announcements.h"
 #include "screen/AutoView.h"
 #include "screen/FieldChoice.h"
@@ -35,7 +35,7 @@ class Screen {
     static constexpr int kTickMs = 500;
 
     /// All outlive the screen; `letters` measures texts.
-    Screen(CKorvelDoc& document, ProfileFile& profile, Canvas& letters);
+    Screen(CKorvelDoc& document, ProfileFile& profile, const TextMeasure& letters);
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
 
@@ -146,7 +146,7 @@ class Screen {
     /// The same with the passing message.
     CockpitData dataToShow() const;
     /// Brings what lies around the map's view up to date for the painting that has begun.
-    void updatePlaces();
+    void updateFeeds();
     /// `data` must outlive the scene, and so must the screen.
     PageScene scene(const CockpitData& data, const AttitudeView& attitude) const;
     /// The attitude plug-in's picture is shown, and has to be painted often.
@@ -161,13 +161,13 @@ class Screen {
 
     CKorvelDoc& document_;
     ProfileFile& profile_;
-    Canvas& letters_;
+    const TextMeasure& letters_;
 
     CockpitData data_;
     std::uint64_t shownRevision_ = 0;
     PageId page_;
     MapCamera camera_;
-    MapPlaces places_;
+    MapFeeds feeds_;
     MeasureTool ruler_;
     PageLists lists_;
     AutoView autoView_;

@@ -2,17 +2,16 @@
 
 #include <algorithm>
 
-#include "paint/AreaCanvas.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 #include "screen/PagePainter.h"
 
 namespace korvel {
 
 void ScreenAreas::layOut(const ScreenRequest& request, PageId page,
-                         std::span<const std::string> alarms, Canvas& letters) {
+                         std::span<const std::string> alarms, const TextMeasure& letters) {
     layout_ = layOutScreen(request);
     alarmWords_.assign(alarms.begin(), alarms.end());
-    alarms_ = {AreaCanvas(letters, layout_.page), alarmWords_,
+    alarms_ = {letters, layout_.page, alarmWords_,
                mapTextPx(layout_.page.width, layout_.page.height), PagePainter::alarmPlace(page)};
     layout_.page.height -= alarms_.stripHeight;
 }

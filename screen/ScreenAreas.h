@@ -23,7 +23,7 @@ class ScreenAreas {
  public:
     /// `letters` measures texts: the alarms' boxes follow their widths.
     void layOut(const ScreenRequest& request, PageId page, std::span<const std::string> alarms,
-                Canvas& letters);
+                const TextMeasure& letters);
 
     /// The page is what the strip of alarms leaves of it.
     const ScreenLayout& layout() const { return layout_; }

@@ -6,7 +6,7 @@
 
 #include "map/layers/MeasureLayer.h"
 #include "pages/ApproachBox.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 #include "screen/Screen.h"
 
 namespace korvel {

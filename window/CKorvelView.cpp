@@ -10,6 +10,7 @@
 #include <QWheelEvent>
 
 #include "cockpit/CKorvelDoc.h"
+#include "window/QtCanvas.h"
 
 namespace korvel {
 namespace {
@@ -53,7 +54,7 @@ CKorvelView::CKorvelView(CKorvelDoc& document, ProfileFile& profile, const Color
       scheme_(scheme),
       labels_(labels),
       colors_(scheme),
-      letters_(scratchPainter_, labels, {0, 0, 1, 1}),
+      letters_(labels.fonts()),
       screen_(document, profile, letters_) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_AcceptTouchEvents);
@@ -125,7 +126,7 @@ void CKorvelView::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void CKorvelView::paintPage(QPainter& painter, const CockpitData& shown) {
-    screen_.updatePlaces();
+    screen_.updateFeeds();
     QtCanvas canvas(painter, labels_, screen_.areas().page());
     pagePainter_.paint(canvas, screen_.page(), screen_.scene(shown, attitudeView()));
 }

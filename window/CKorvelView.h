@@ -4,8 +4,6 @@
 
 #include <QBasicTimer>
 #include <QElapsedTimer>
-#include <QImage>
-#include <QPainter>
 #include <QWidget>
 
 #include "pages/FieldStrip.h"
@@ -15,7 +13,7 @@
 #include "screen/Screen.h"
 #include "screen/ScreenHand.h"
 #include "window/LabelCache.h"
-#include "window/QtCanvas.h"
+#include "window/QtTextMeasure.h"
 
 namespace korvel {
 
@@ -62,10 +60,7 @@ class CKorvelView final : public QWidget {
     LabelCache& labels_;
     MapColorCache colors_;
 
-    // For measuring texts between two paintings.
-    QImage scratch_{1, 1, QImage::Format_ARGB32_Premultiplied};
-    QPainter scratchPainter_{&scratch_};
-    QtCanvas letters_;
+    QtTextMeasure letters_;
 
     Screen screen_;
     ScreenHand hand_{screen_};

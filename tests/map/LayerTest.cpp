@@ -31,7 +31,9 @@ struct PlacedMap {
         MapPlace& place = places.places.emplace_back();
         place.placeClass = placeClass;
         place.place.kind = isVor(placeClass) ? kVorKind : kAirportKind;
-        place.place.flags = isVor(placeClass) ? kUsageBoth : kAirportTower | kAirportHardSurface;
+        place.place.flags = kAirportTower | kAirportHardSurface;
+        if (isVor(placeClass))
+            place.place.flags = kUsageBoth;
         place.place.ident.assign(ident);
         place.place.position = ground(at);
         return place;

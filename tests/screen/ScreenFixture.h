@@ -10,7 +10,7 @@
 #include "cockpit/CKorvelDoc.h"
 #include "cockpit/Cockpit.h"
 #include "config/ProfileFile.h"
-#include "paint/RecordingCanvas.h"
+#include "paint/B612Metrics.h"
 #include "platform/RegistryProfile.h"
 #include "platform/VirtualClock.h"
 #include "screen/Screen.h"
@@ -104,7 +104,7 @@ class ScreenTest : public testing::Test {
                               error = kErrorFileNotFound;
                               return std::unique_ptr<SerialDevice>();
                           }}};
-    RecordingCanvas letters_{1, 1};
+    B612Metrics letters_;
     Screen screen_{document_, profile_, letters_};
     ScreenHand hand_{screen_};
     std::vector<std::string> asked_;

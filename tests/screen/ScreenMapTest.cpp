@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "map/layers/MeasureLayer.h"
-#include "paint/MapLook.h"
+#include "paint/TypeSizes.h"
 #include "screen/PageCycle.h"
 #include "screen/ScreenFixture.h"
 
@@ -161,7 +161,7 @@ TEST_F(ScreenTest, TheRulerTakesHoldOfWhatLiesUnderTheFinger) {
     screen_.setRange(15);
     screen_.showPage(PageId::NorthUp);
     fly(47.02, 10.05);
-    screen_.updatePlaces();
+    screen_.updateFeeds();
     const Point aircraft = whereIs(*screen_.data().position);
     const auto ruler = [&] { return *screen_.scene(screen_.data(), {}).measure; };
     screen_.setMeasuring(true);
@@ -200,7 +200,7 @@ TEST_F(ScreenTest, TheRulerTakesHoldOfWhatLiesUnderTheFinger) {
 TEST_F(ScreenTest, PlacesOfTheMapAreTapped) {
     screen_.setRange(15);
     fly(47, 10);
-    screen_.updatePlaces();
+    screen_.updateFeeds();
     const Point field = whereIs(kField);
     tap(Point{field.x + 15, field.y + 15});
     EXPECT_EQ(asked(), Asked{"place XFLD"});

@@ -54,9 +54,9 @@ RouteSheet::RouteSheet(QWidget* parent, CKorvelDoc& document)
 
 void RouteSheet::check() {
     Flight& flight = document_.flight();
-    const CockpitData& data = document_.cockpitData();
+    const CockpitData& shown = document_.cockpitData();
     const RouteCheck route = checkRoute(typedIdents(line_.text().toStdString()), flight.database(),
-                                        flight.plan().fixes(), data.position, data.distanceUnit);
+                                        flight.plan().fixes(), shown.position, shown.distanceUnit);
     QStringList words;
     for (const CheckedWord& word : route.words)
         words.append(marked(word));
@@ -64,12 +64,12 @@ void RouteSheet::check() {
     if (route.words.empty() || !route.error.empty())
         return message_.setText(toQString(route.error));
     UnitLabels labels;
-    const int total = RoundToInt(ConvertDistance(route.totalNm, data.distanceUnit, &labels));
+    const int total = RoundToInt(ConvertDistance(route.totalNm, shown.distanceUnit, &labels));
     std::string said = formatText(kSheetTexts.routeSummary,
                                   {static_cast<int>(route.count), total, labels.distance});
     for (const std::string& hint : route.hints)
-        said += '
-' + hint; message_.setText(toQString(said));
+        said += '\n' + hint;
+    message_.setText(toQString(said));
 }
 
 void RouteSheet::accept() {
