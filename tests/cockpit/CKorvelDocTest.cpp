@@ -62,7 +62,7 @@ TEST_F(CKorvelDocTest, ValuesVanishFiveSecondsAfterTheLastSentence) {
     ASSERT_TRUE(data().position);
     EXPECT_NEAR(data().position->lat * kRadToDeg, 47.5, 1e-9);
     EXPECT_EQ(data().groundSpeedKt, 10.5);
-    EXPECT_EQ(data().trackMagDeg, 89.68);
+    EXPECT_NEAR(data().trackTrueDeg.value_or(0), 89.68, 1e-9);
     EXPECT_EQ(data().altitudeFt, 328);
     EXPECT_EQ(data().status, "");
     const GeoPoint last = *data().position;

@@ -126,7 +126,7 @@ TEST_F(PlanEditTest, LongLegsAndSharpTurnsAreHinted) {
     };
     using Hints = std::vector<std::string>;
     EXPECT_EQ(hints("P0 P1 N"), Hints());
-    EXPECT_EQ(hints("P0 P1 E9"), Hints{"Long leg from P1 to E9: 504 nm"});
+    EXPECT_EQ(hints("P0 P1 E9"), Hints{"Long leg from P1 to E9: 505 nm"});
     EXPECT_EQ(hints("P0 P1 f.P1 W5 P0"), Hints{"Sharp turn of 179\u00b0 at P1"}) << "standing still is no turn";
     EXPECT_EQ(hints("N P1 P0 P1"), Hints{"Sharp turn of 180\u00b0 at P0"}) << "90 degrees are none";
     EXPECT_EQ(hints("P0"), Hints());
