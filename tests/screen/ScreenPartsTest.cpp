@@ -84,6 +84,7 @@ TEST(Announcements, EachWaypointIsToldOnceWithTheAltitudeThere) {
     Announcements announcements;
     CockpitData data = navigating();
     PlanView plan = *data.plan;
+    plan.rows[1].position = *data.activeWaypoint;
     plan.rows[1].altitudeFt = 4500;
     const auto tell = [&](std::string key, std::string name) {
         data.activeKey = std::move(key);
