@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "base/TextNumbers.h"
+#include "config/Translation.h"
 
 namespace korvel {
 namespace {
@@ -17,7 +18,7 @@ std::string argumentText(const TextArgument& argument) {
 
 }  // namespace
 
-std::string_view text(const Text& text) { return text.english; }
+std::string_view text(const Text& text) { return wordsInUse(text); }
 
 std::string formatText(const Text& text, std::initializer_list<TextArgument> arguments) {
     std::string result;

@@ -17,7 +17,7 @@ struct Text {
     }
 };
 
-/// The words of a text.
+/// The words of a text: a translation's (see Translation.h), or English.
 std::string_view text(const Text& text);
 
 using TextArgument = std::variant<int, std::string_view>;

@@ -77,7 +77,7 @@ struct Option {
     bool (*read)(std::string_view, CommandLine&);
 };
 
-constexpr std::array<Option, 10> kOptions = {{
+constexpr std::array<Option, 11> kOptions = {{
     {"--profile-folder", "DIR", "Keep korvel.ini in DIR", "a folder is missing",
      [](auto text, auto& result) { return readText(text, result.profileFolder); }},
     {"--replay", "FILE", "Fly a receiver's log instead of a receiver", "a file is missing",
@@ -90,6 +90,9 @@ constexpr std::array<Option, 10> kOptions = {{
     {"--scheme", "NAME", "Colour scheme of this run, such as \"<Night-Flight>\"",
      "the name of a colour scheme is missing",
      [](auto text, auto& result) { return readText(text, result.scheme); }},
+    {"--language", "TAG", "Speak this language, such as de, not the system's",
+     "a language is missing, such as de",
+     [](auto text, auto& result) { return readText(text, result.language); }},
     {"--range", "NM", "Start at this range",
      "a whole number of nautical miles is wanted, such as 65", readRange},
     {"--snapshot", "OUT.png", "Write a picture of the window and end", "a file is missing",

@@ -25,8 +25,9 @@ struct CommandLine {
     int height = 800;
     double afterSec = 3;  ///< seconds from the first painting to the picture
 
-    std::string page;    ///< start on this page; empty for the remembered one
-    std::string scheme;  ///< colour scheme for this run; empty for the remembered one
+    std::string page;      ///< start on this page; empty for the remembered one
+    std::string language;  ///< its tag, such as "de"; empty for the system's
+    std::string scheme;    ///< colour scheme for this run; empty for the remembered one
     std::optional<int> rangeNm;
 };
 

@@ -13,6 +13,7 @@
 #include "config/texts/CommandTexts.h"
 #include "window/CKorvelApp.h"
 #include "window/CommandLine.h"
+#include "window/Language.h"
 #include "window/TouchStyle.h"
 
 namespace {
@@ -77,6 +78,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Korvel Pro"));
     QApplication::setApplicationVersion(QStringLiteral(KORVEL_VERSION));
     QApplication::setStyle(std::make_unique<korvel::TouchStyle>().release());
+    korvel::chooseLanguage(line.language);
     korvel::CKorvelApp program(line);
     if (const std::string error = program.start(); !error.empty())
         return complain(error);

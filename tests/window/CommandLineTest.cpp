@@ -12,7 +12,7 @@ TEST(CommandLine, TakesEveryOptionInBothForms) {
     CommandLine line;
     EXPECT_EQ(parse({"trip.fp", "--replay=a.log", "--speed", "2.5", "--snapshot", "o.png", "--size", "800x480",
                         "--after=0", "--page", "Map", "--sim", "--time-factor=30", "--scheme=<Night-Flight>", "--range",
-                        "25", "--profile-folder", "/tmp/p"},
+                        "25", "--profile-folder", "/tmp/p", "--language=de"},
                   line),
         "");
     EXPECT_EQ(line.planFile, "trip.fp");
@@ -28,6 +28,7 @@ TEST(CommandLine, TakesEveryOptionInBothForms) {
     EXPECT_EQ(line.scheme, "<Night-Flight>");
     EXPECT_EQ(line.rangeNm, 25);
     EXPECT_EQ(line.profileFolder, "/tmp/p");
+    EXPECT_EQ(line.language, "de");
 }
 
 TEST(CommandLine, TheLastOfTwoStandsAndHelpNamesThemAll) {
