@@ -9,8 +9,8 @@
 #include "cockpit/CKorvelDoc.h"
 #include "config/Text.h"
 #include "config/texts/ConnectedTexts.h"
+#include "config/texts/ReceiverTexts.h"
 #include "navdb/file/DatabaseFile.h"
-#include "receiver/ConnectionTexts.h"
 
 namespace korvel {
 namespace {
@@ -19,23 +19,24 @@ void addLine(std::string& words, std::string_view line) { words.append(line).app
 
 /// What the pilot can do about a state of the connection.
 struct Advice {
-    std::string_view state;
-    Text text;
+    Text state;
+    Text advice;
 };
 constexpr std::array<Advice, 8> kAdvice = {{
-    {kInvalidPortText, kConnectedTexts.adviceNoPort},
-    {kPortOpenText, kConnectedTexts.advicePortTaken},
-    {kPortMissingText, kConnectedTexts.advicePortTaken},
-    {kPortUsedText, kConnectedTexts.advicePortTaken},
-    {kNoActivityText, kConnectedTexts.adviceSilent},
-    {kWaitingForNmeaText, kConnectedTexts.adviceNoNmea},
-    {kWaitingForCourseText, kConnectedTexts.adviceSentences},
-    {kWaitingForAltitudeText, kConnectedTexts.adviceSentences},
+    {kReceiverTexts.invalidPort, kConnectedTexts.adviceNoPort},
+    {kReceiverTexts.portOpen, kConnectedTexts.advicePortTaken},
+    {kReceiverTexts.portMissing, kConnectedTexts.advicePortTaken},
+    {kReceiverTexts.portUsed, kConnectedTexts.advicePortTaken},
+    {kReceiverTexts.noActivity, kConnectedTexts.adviceSilent},
+    {kReceiverTexts.waitingForNmea, kConnectedTexts.adviceNoNmea},
+    {kReceiverTexts.waitingForCourse, kConnectedTexts.adviceSentences},
+    {kReceiverTexts.waitingForAltitude, kConnectedTexts.adviceSentences},
 }};
 
 std::string_view adviceOn(std::string_view state) {
-    const auto* const found = std::ranges::find(kAdvice, state, &Advice::state);
-    return text(found == kAdvice.end() ? kConnectedTexts.adviceSky : found->text);
+    const auto* const found =
+        std::ranges::find(kAdvice, state, [](const Advice& advice) { return text(advice.state); });
+    return text(found == kAdvice.end() ? kConnectedTexts.adviceSky : found->advice);
 }
 
 void addReceiver(std::string& words, const CKorvelDoc& document) {

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "config/texts/PreferenceTexts.h"
+
 namespace korvel {
 
 /// The display pages by their numbers, as the settings "Page" and "DisplayPages" count them.
@@ -19,13 +21,15 @@ enum class PageId : int {
     Attitude = 8,
 };
 
-inline constexpr std::array<std::string_view, 9> kPageNames = {
-    "Map",        "Map+HSI",         "HSI",     "EFIS", "Satellite", "North-Up",
-    "FlightPlan", "Nearest-Airport", "Attitude"};
-inline constexpr int kPageCount = static_cast<int>(kPageNames.size());
+inline constexpr std::array kPageTexts = {
+    kPreferenceTexts.pageMap,        kPreferenceTexts.pageMapHsi,    kPreferenceTexts.pageHsi,
+    kPreferenceTexts.pageEfis,       kPreferenceTexts.pageSatellite, kPreferenceTexts.pageNorthUp,
+    kPreferenceTexts.pageFlightPlan, kPreferenceTexts.pageNearest,   kPreferenceTexts.pageAttitude};
+inline constexpr int kPageCount = static_cast<int>(kPageTexts.size());
 
-constexpr std::string_view pageName(PageId page) {
-    return kPageNames[static_cast<std::size_t>(page)];
-}
+constexpr const Text& pageText(PageId page) { return kPageTexts[static_cast<std::size_t>(page)]; }
+
+/// What the command line calls the page, whatever the language.
+constexpr std::string_view pageName(PageId page) { return pageText(page).english; }
 
 }  // namespace korvel

@@ -61,8 +61,8 @@ constexpr PrefRow symbols(Text label, PlaceLayerBit layer) {
 constexpr PrefRow labels(Text label, PlaceLayerBit layer) {
     return bit(flag(MapLayers, "MapMask2", label), static_cast<unsigned>(layer) + kLabelsAbove);
 }
-constexpr PrefRow shown(Text label, PageId page) {
-    return bit(flag(Pages, "DisplayPages", label), static_cast<unsigned>(page));
+constexpr PrefRow shown(PageId page) {
+    return bit(flag(Pages, "DisplayPages", pageText(page)), static_cast<unsigned>(page));
 }
 
 constexpr std::array kRows = {
@@ -121,15 +121,15 @@ constexpr std::array kRows = {
     number(Log, "LogStartVal", kPreferenceTexts.prefLogStart, -1, kFastestKt),
     number(Log, "LogEndVal", kPreferenceTexts.prefLogEnd, -1, kFastestKt),
 
-    shown(kPreferenceTexts.pageMap, PageId::Map),
-    shown(kPreferenceTexts.pageMapHsi, PageId::MapHsi),
-    shown(kPreferenceTexts.pageHsi, PageId::Hsi),
-    shown(kPreferenceTexts.pageEfis, PageId::Efis),
-    shown(kPreferenceTexts.pageNorthUp, PageId::NorthUp),
-    shown(kPreferenceTexts.pageFlightPlan, PageId::FlightPlan),
-    shown(kPreferenceTexts.pageNearest, PageId::NearestAirport),
-    shown(kPreferenceTexts.pageSatellite, PageId::Satellite),
-    shown(kPreferenceTexts.pageAttitude, PageId::Attitude),
+    shown(PageId::Map),
+    shown(PageId::MapHsi),
+    shown(PageId::Hsi),
+    shown(PageId::Efis),
+    shown(PageId::NorthUp),
+    shown(PageId::FlightPlan),
+    shown(PageId::NearestAirport),
+    shown(PageId::Satellite),
+    shown(PageId::Attitude),
 };
 static_assert(std::ranges::is_sorted(kRows, {}, &PrefRow::page));
 

@@ -1,5 +1,7 @@
 #include "pages/AttitudePage.h"
 
+#include "config/Text.h"
+#include "config/texts/InstrumentTexts.h"
 #include "pages/StatusScreen.h"
 #include "pages/WarningFlag.h"
 #include "paint/MapColorCache.h"
@@ -17,8 +19,8 @@ void paintAttitudePage(Canvas& canvas, const AttitudeView& view, const MapColorC
         return;
     const Rect page{0, 0, canvas.width(), canvas.height()};
     paintWarningCross(canvas, page, colors);
-    paintWarningFlag(canvas, page.center(), "NO ATTITUDE", 1.6 * mapTextPx(page.width, page.height),
-                     colors);
+    paintWarningFlag(canvas, page.center(), text(kInstrumentTexts.noAttitude),
+                     1.6 * mapTextPx(page.width, page.height), colors);
 }
 
 }  // namespace korvel

@@ -9,6 +9,7 @@
 
 #include "base/TextNumbers.h"
 #include "config/Text.h"
+#include "config/texts/InstrumentTexts.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
@@ -47,7 +48,8 @@ class EfisPainter {
         } else {
             canvas_.rect(page, Brush{colors_[ColorKey::MapBackground]}, std::nullopt);
             paintWarningCross(canvas_, layout_.attitude, colors_);
-            paintWarningFlag(canvas_, layout_.center, "NO ATTITUDE", 1.6 * textPx_, colors_);
+            paintWarningFlag(canvas_, layout_.center, text(kInstrumentTexts.noAttitude),
+                             1.6 * textPx_, colors_);
         }
         speedTape();
         altitudeTape();
@@ -180,8 +182,9 @@ class EfisPainter {
         tape.markStep = 10;
         tape.labelStep = 20;
         tape.fromZero = true;
-        paintEfisTape(canvas_, tape, "NO GS", textPx_, colors_);
-        caption(tape.area, "GS " + std::string(labels.speed));
+        paintEfisTape(canvas_, tape, text(kInstrumentTexts.noGroundSpeed), textPx_, colors_);
+        caption(tape.area,
+                std::string(text(kInstrumentTexts.groundSpeed)).append(" ").append(labels.speed));
     }
 
     void altitudeTape() {
@@ -195,10 +198,10 @@ class EfisPainter {
         tape.visible = metric ? 300 : 900;
         tape.markStep = metric ? 20 : 100;
         tape.labelStep = metric ? 100 : 200;
-        paintEfisTape(canvas_, tape, "NO ALT", textPx_, colors_);
+        paintEfisTape(canvas_, tape, text(kInstrumentTexts.noAltitude), textPx_, colors_);
         caption({tape.area.x, tape.area.y, tape.area.width + layout_.verticalSpeed.width,
                  tape.area.height},
-                metric ? "ALT m" : "ALT ft");
+                std::string(text(kInstrumentTexts.altitude)) + (metric ? " m" : " ft"));
     }
 
     // A bar from the middle; full scale is 2000 feet per minute. The number stands below.
@@ -226,7 +229,10 @@ class EfisPainter {
                        layout_.altitude.width + area.width,
                        canvas_.height() - layout_.altitude.bottom()};
         canvas_.rect(box, Brush{colors_[ColorKey::NavBackground]}, std::nullopt);
-        canvas_.text(box.center(), data_.verticalSpeedFpm ? text.value + " " + text.unit : "VS ---",
+        canvas_.text(box.center(),
+                     data_.verticalSpeedFpm
+                         ? text.value + " " + text.unit
+                         : std::string(korvel::text(kInstrumentTexts.verticalSpeed)) + " ---",
                      style(1.2, colors_[ColorKey::NavText]));
     }
 
@@ -239,8 +245,8 @@ class EfisPainter {
         tape.visible = kVisibleHeadingDeg;
         tape.markStep = 10;
         tape.labelStep = 30;
-        paintEfisTape(canvas_, tape, "NO TRACK", 1.2 * textPx_, colors_);
-        band({0, tape.area.y, tape.area.x, tape.area.height}, "TRK °M");
+        paintEfisTape(canvas_, tape, text(kInstrumentTexts.noTrack), 1.2 * textPx_, colors_);
+        band({0, tape.area.y, tape.area.x, tape.area.height}, text(kInstrumentTexts.trackMagnetic));
         if (!data_.trackMagDeg || !data_.bearingMagDeg)
             return;
         // The bearing's mark waits at the end that is nearer to it.
@@ -258,12 +264,12 @@ class EfisPainter {
     // Nobody may take this for gyros.
     void origin() {
         const TextStyle words = style(1.1, colors_[ColorKey::MapInfoText]);
-        constexpr std::string_view kWords = "GPS-DERIVED";
+        const std::string_view source = text(kInstrumentTexts.gpsDerived);
         const double width =
-            std::ceil(canvas_.textMeasure().measure(kWords, words.font).width + textPx_);
+            std::ceil(canvas_.textMeasure().measure(source, words.font).width + textPx_);
         const Rect box{layout_.attitude.x, 0, width, std::round(1.7 * textPx_)};
         canvas_.rect(box, Brush{colors_[ColorKey::MapInfoBackground]}, std::nullopt);
-        canvas_.text(box.center(), kWords, words);
+        canvas_.text(box.center(), source, words);
     }
 
     Canvas& canvas_;

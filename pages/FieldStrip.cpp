@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <numeric>
 
+#include "config/Text.h"
 #include "paint/MapColorCache.h"
 
 namespace korvel {
@@ -114,7 +115,7 @@ class CellPainter {
                const CockpitData& data) {
         const CellParts parts = partsOf(cell);
         canvas_.rect(parts.value, Brush{colors_[ColorKey::NavBackground]}, std::nullopt);
-        paintHeader(field.header, parts.header);
+        paintHeader(text(field.header), parts.header);
         const NavFieldText text = field.format(data);
         if (!text.secondLine.empty())
             paintTwoLines(text, parts.value, sizes.twoLines);

@@ -9,6 +9,7 @@
 
 #include "base/TextNumbers.h"
 #include "config/Text.h"
+#include "config/texts/InstrumentTexts.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Units.h"
@@ -30,15 +31,17 @@ enum class Column : std::uint8_t { Altitude, Track, Leg, Total, Time, Arrival };
 
 struct ColumnLook {
     Column column;
-    std::string_view head;
+    Text head;
     double widthEm;  ///< of the type size
     bool always;     ///< also in a narrow window
 };
 
-constexpr std::array kColumns{
-    ColumnLook{Column::Altitude, "ALT", 3.9, true}, ColumnLook{Column::Track, "TRK °M", 3.4, true},
-    ColumnLook{Column::Leg, "DIST", 4.0, true},     ColumnLook{Column::Total, "TOTAL", 4.4, false},
-    ColumnLook{Column::Time, "ETE", 3.6, true},     ColumnLook{Column::Arrival, "ETA", 3.7, true}};
+constexpr std::array kColumns{ColumnLook{Column::Altitude, kInstrumentTexts.altitude, 3.9, true},
+                              ColumnLook{Column::Track, kInstrumentTexts.trackMagnetic, 3.4, true},
+                              ColumnLook{Column::Leg, kInstrumentTexts.distance, 4.0, true},
+                              ColumnLook{Column::Total, kInstrumentTexts.total, 4.4, false},
+                              ColumnLook{Column::Time, kInstrumentTexts.ete, 3.6, true},
+                              ColumnLook{Column::Arrival, kInstrumentTexts.eta, 3.7, true}};
 
 std::string milesText(const std::optional<double>& nm, DistanceUnit unit) {
     if (!nm)
@@ -138,7 +141,9 @@ class FlightPlanPainter {
         canvas_.rect(area, Brush{colors_[ColorKey::MapInfoBackground]}, std::nullopt);
         const ColorValue color = colors_[ColorKey::MapInfoText];
         const double y = area.center().y;
-        std::string title = data_.plan->fileName.empty() ? "WAYPOINT" : data_.plan->fileName;
+        std::string title = data_.plan->fileName.empty()
+                                ? std::string(text(kInstrumentTexts.waypoints))
+                                : data_.plan->fileName;
         title += data_.plan->changed ? " *" : "";
         const TextStyle left = style(0.8, color, AlignX::Left);
         canvas_.text({namesBegin(), y}, fitting(title, left.font, namesEnd_ - namesBegin()), left);
@@ -148,7 +153,7 @@ class FlightPlanPainter {
 
     /// With its unit where that depends on the settings.
     [[nodiscard]] std::string headOf(const ColumnLook& look) const {
-        std::string head(look.head);
+        std::string head(text(look.head));
         if (look.column == Column::Leg) {
             UnitLabels labels;
             ConvertDistance(0, data_.distanceUnit, &labels);
@@ -238,12 +243,16 @@ class FlightPlanPainter {
     void totals(const PlanFigures& last) {
         const Rect area = rows_.totals();
         canvas_.line({area.x, area.y}, {area.right(), area.y}, {colors_[ColorKey::HsiLine], 2});
-        std::vector<std::string> words{"Total " +
-                                       distanceText(data_.plan->totalNm, data_.distanceUnit)};
+        std::vector<std::string> words{
+            formatText(kInstrumentTexts.totalDistance,
+                       {distanceText(data_.plan->totalNm, data_.distanceUnit)})};
         if (last.totalNm && data_.distanceNm && flownRow(data_))
-            words.insert(words.end(), {"To go " + distanceText(*last.totalNm, data_.distanceUnit),
-                                       "ETE " + durationText(last.totalHours),
-                                       "ETA " + arrivalText(last.totalHours, data_.now)});
+            words.insert(
+                words.end(),
+                {formatText(kInstrumentTexts.distanceToGo,
+                            {distanceText(*last.totalNm, data_.distanceUnit)}),
+                 formatText(kInstrumentTexts.eteOf, {durationText(last.totalHours)}),
+                 formatText(kInstrumentTexts.etaOf, {arrivalText(last.totalHours, data_.now)})});
         const double left = textPx_ * 0.7;
         const double room = columns_.front().right - left;
         double taken = (static_cast<double>(words.size()) - 1) * textPx_;  // with the least gaps

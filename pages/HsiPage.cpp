@@ -8,6 +8,7 @@
 
 #include "base/TextNumbers.h"
 #include "config/Text.h"
+#include "config/texts/InstrumentTexts.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
@@ -153,9 +154,9 @@ std::vector<Flag> flags(const ScaledHsi& hsi, const CockpitData& data) {
     const double away = 0.42 * hsi.radius();
     std::vector<Flag> all;
     if (!data.trackMagDeg)
-        all.push_back({{at.x, at.y - away}, "NO TRACK"});
+        all.push_back({{at.x, at.y - away}, text(kInstrumentTexts.noTrack)});
     if (!data.bearingMagDeg)
-        all.push_back({{at.x, at.y + away}, "NO WPT"});
+        all.push_back({{at.x, at.y + away}, text(kInstrumentTexts.noWaypoint)});
     return all;
 }
 
@@ -174,7 +175,7 @@ void paintCorner(Canvas& canvas, const NavField& field, const CockpitData& data,
                     .alignX = right ? AlignX::Right : AlignX::Left,
                     .alignY = AlignY::Top};
     const double x = right ? room.right() : room.x;
-    canvas.text({x, room.y}, field.header, style);
+    canvas.text({x, room.y}, korvel::text(field.header), style);
     const std::string value = text.unit.empty() ? text.value : text.value + " " + text.unit;
     style.font.height = std::round(textPx * 1.9);
     const double width = canvas.textMeasure().measure(value, style.font).width;

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "base/TextNumbers.h"
+#include "config/texts/InstrumentTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
@@ -214,28 +215,30 @@ NavFieldText satellites(const CockpitData& data) {
 }
 
 constexpr std::array kFields{
-    NavField{NavFieldId::GroundSpeed, "GS", "888", 1, groundSpeed},
-    NavField{NavFieldId::Track, "TRK", "888", 1, track},
-    NavField{NavFieldId::Bearing, "BRG", "888", 1, bearing},
-    NavField{NavFieldId::Distance, "DIST", "88.8", 1, distance},
-    NavField{NavFieldId::TimeToGo, "TTG", "88:88", 1, timeToGo},
-    NavField{NavFieldId::Altitude, "ALT", "88888", 1, altitude},
-    NavField{NavFieldId::VerticalSpeed, "VS", "+8888", 1, verticalSpeed},
-    NavField{NavFieldId::CrossTrack, "XTK", "R88.8", 1, crossTrack},
-    NavField{NavFieldId::DesiredTrack, "DTK", "888", 1, desiredTrack},
-    NavField{NavFieldId::Eta, "ETA", "88:88", 1, eta},
-    NavField{NavFieldId::Waypoint, "WPT", "WWWWW", 1, waypoint},
-    NavField{NavFieldId::TargetAltitude, "TGT ALT", "88888", 1, targetAltitude},
-    NavField{NavFieldId::OffCourse, "OFF CRS", "R88", 1, offCourse},
-    NavField{NavFieldId::NearestAirport, "NRST", "888° 88.8 nm", 2, nearestAirport},
-    NavField{NavFieldId::PlanDistance, "PLAN DIST", "8888", 1, planDistance},
-    NavField{NavFieldId::PlanTime, "PLAN TIME", "88:88", 1, planTime},
-    NavField{NavFieldId::Variation, "VAR", "88.8", 1, variation},
-    NavField{NavFieldId::Position, "POS", "W188°88.88'", 2, position},
-    NavField{NavFieldId::Time, "TIME", "88:88", 1, timeOfDay},
-    NavField{NavFieldId::Utc, "UTC", "88:88", 1, utc},
-    NavField{NavFieldId::FlightTime, "FLT TIME", "88:88", 1, flightTime},
-    NavField{NavFieldId::Satellites, "SAT", "88", 1, satellites},
+    NavField{NavFieldId::GroundSpeed, kInstrumentTexts.groundSpeed, "888", 1, groundSpeed},
+    NavField{NavFieldId::Track, kInstrumentTexts.track, "888", 1, track},
+    NavField{NavFieldId::Bearing, kInstrumentTexts.bearing, "888", 1, bearing},
+    NavField{NavFieldId::Distance, kInstrumentTexts.distance, "88.8", 1, distance},
+    NavField{NavFieldId::TimeToGo, kInstrumentTexts.timeToGo, "88:88", 1, timeToGo},
+    NavField{NavFieldId::Altitude, kInstrumentTexts.altitude, "88888", 1, altitude},
+    NavField{NavFieldId::VerticalSpeed, kInstrumentTexts.verticalSpeed, "+8888", 1, verticalSpeed},
+    NavField{NavFieldId::CrossTrack, kInstrumentTexts.crossTrack, "R88.8", 1, crossTrack},
+    NavField{NavFieldId::DesiredTrack, kInstrumentTexts.desiredTrack, "888", 1, desiredTrack},
+    NavField{NavFieldId::Eta, kInstrumentTexts.eta, "88:88", 1, eta},
+    NavField{NavFieldId::Waypoint, kInstrumentTexts.waypoint, "WWWWW", 1, waypoint},
+    NavField{NavFieldId::TargetAltitude, kInstrumentTexts.targetAltitude, "88888", 1,
+             targetAltitude},
+    NavField{NavFieldId::OffCourse, kInstrumentTexts.offCourse, "R88", 1, offCourse},
+    NavField{NavFieldId::NearestAirport, kInstrumentTexts.nearestAirport, "888° 88.8 nm", 2,
+             nearestAirport},
+    NavField{NavFieldId::PlanDistance, kInstrumentTexts.planDistance, "8888", 1, planDistance},
+    NavField{NavFieldId::PlanTime, kInstrumentTexts.planTime, "88:88", 1, planTime},
+    NavField{NavFieldId::Variation, kInstrumentTexts.variation, "88.8", 1, variation},
+    NavField{NavFieldId::Position, kInstrumentTexts.position, "W188°88.88'", 2, position},
+    NavField{NavFieldId::Time, kInstrumentTexts.time, "88:88", 1, timeOfDay},
+    NavField{NavFieldId::Utc, kInstrumentTexts.utc, "88:88", 1, utc},
+    NavField{NavFieldId::FlightTime, kInstrumentTexts.flightTime, "88:88", 1, flightTime},
+    NavField{NavFieldId::Satellites, kInstrumentTexts.satellites, "88", 1, satellites},
 };
 
 constexpr std::array kDefaultFields{NavFieldId::GroundSpeed,  NavFieldId::Track,
@@ -277,7 +280,7 @@ std::vector<NavFieldId> navFieldsFromText(std::string_view text) {
         const std::string_view name = trimmed(text.substr(0, end));
         text.remove_prefix(std::min(end + 1, text.size()));
         const auto* field = std::ranges::find_if(
-            kFields, [name](const NavField& each) { return sameName(each.header, name); });
+            kFields, [name](const NavField& each) { return sameName(each.header.english, name); });
         if (field != kFields.end() && std::ranges::find(chosen, field->id) == chosen.end())
             chosen.push_back(field->id);
     }
@@ -289,7 +292,7 @@ std::vector<NavFieldId> navFieldsFromText(std::string_view text) {
 std::string navFieldsToText(std::span<const NavFieldId> fields) {
     std::string text;
     for (const NavFieldId id : fields)
-        text.append(text.empty() ? "" : ",").append(navField(id).header);
+        text.append(text.empty() ? "" : ",").append(navField(id).header.english);
     return text;
 }
 

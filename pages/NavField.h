@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cockpit/CockpitData.h"
+#include "config/Text.h"
 
 namespace korvel {
 
@@ -48,7 +49,7 @@ struct NavFieldText {
 /// One kind of navigation field. A new one is a row in the table in NavField.cpp.
 struct NavField {
     NavFieldId id;
-    std::string_view header;  ///< also its name in the profile
+    Text header;  ///< its English word is its name in the profile
     /// The widest text that the field shows; its type is chosen by it and so does not jump.
     std::string_view widest;
     int lines;  ///< 1 or 2
@@ -65,7 +66,7 @@ const NavField& navField(NavFieldId id);
 /// there is little room only the first ones show.
 std::span<const NavFieldId> defaultNavFields();
 
-/// The text setting that keeps the chosen fields: their headers separated by commas.
+/// The text setting that keeps the chosen fields: their English headers separated by commas.
 inline constexpr std::string_view kNavFieldsKey = "NavFields";
 inline constexpr std::size_t kMostNavFields = 12;
 

@@ -8,6 +8,7 @@
 
 #include "base/TextNumbers.h"
 #include "config/Text.h"
+#include "config/texts/InstrumentTexts.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
@@ -107,7 +108,7 @@ class NearestPainter {
         std::string elevation =
             airport.elevationFt ? lengthText(*airport.elevationFt, data_.altUnit) : "---";
         if (area.width >= kWordsFromPx)
-            elevation.insert(0, "elev ");
+            elevation = formatText(kInstrumentTexts.elevation, {elevation});
         right(elevation, area.width * kDistanceEnd, lower, small(), faint_);
         left(airport.frequency.empty() ? "---" : airport.frequency, area.width * kBearingColumn,
              lower, small(), ink_);

@@ -6,6 +6,7 @@
 
 #include "base/TextNumbers.h"
 #include "config/Text.h"
+#include "config/texts/InstrumentTexts.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
 #include "pages/ScreenLayout.h"
@@ -200,11 +201,12 @@ Point skyPoint(const Satellite& satellite, Point center, double radius) {
 std::string fixText(const CockpitData& data) {
     if (data.simulated && data.fixQuality == 0)
         return std::string(text(kStatusTexts.simulator));
-    std::string fix = "No fix";
+    std::string_view fix = text(kInstrumentTexts.noFix);
     if (data.fixQuality != 0)
-        fix = data.fix3D ? "3D fix" : "2D fix";
-    return fix + ", " + formatInt(data.satsInUse) +
-           (data.satsInUse == 1 ? " satellite" : " satellites");
+        fix = text(data.fix3D ? kInstrumentTexts.fix3D : kInstrumentTexts.fix2D);
+    return data.satsInUse == 1
+               ? formatText(kInstrumentTexts.fixWithOneSatellite, {fix})
+               : formatText(kInstrumentTexts.fixWithSatellites, {fix, data.satsInUse});
 }
 
 void paintSatellitePage(Canvas& canvas, const CockpitData& data, const MapColorCache& colors) {

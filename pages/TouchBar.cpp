@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "config/Text.h"
+#include "config/texts/InstrumentTexts.h"
 #include "pages/ScreenLayout.h"
 #include "paint/MapColorCache.h"
 
@@ -93,18 +95,18 @@ void zoomInIcon(IconPen& icon) {
 
 struct Face {
     TouchCommand command;
-    std::string_view word;
+    Text word;
     void (*icon)(IconPen& pen);
 };
 
 constexpr std::array kFaces{
-    Face{TouchCommand::Page, "Page", pageIcon},
-    Face{TouchCommand::DirectTo, "Direct", directToIcon},
-    Face{TouchCommand::Nearest, "Near", nearestIcon},
-    Face{TouchCommand::Plan, "Plan", planIcon},
-    Face{TouchCommand::Aircraft, "Aircraft", aircraftIcon},
-    Face{TouchCommand::ZoomOut, "Out", zoomOutIcon},
-    Face{TouchCommand::ZoomIn, "In", zoomInIcon},
+    Face{TouchCommand::Page, kInstrumentTexts.touchPage, pageIcon},
+    Face{TouchCommand::DirectTo, kInstrumentTexts.touchDirect, directToIcon},
+    Face{TouchCommand::Nearest, kInstrumentTexts.touchNear, nearestIcon},
+    Face{TouchCommand::Plan, kInstrumentTexts.touchPlan, planIcon},
+    Face{TouchCommand::Aircraft, kInstrumentTexts.touchAircraft, aircraftIcon},
+    Face{TouchCommand::ZoomOut, kInstrumentTexts.touchOut, zoomOutIcon},
+    Face{TouchCommand::ZoomIn, kInstrumentTexts.touchIn, zoomInIcon},
 };
 
 const Face& faceOf(TouchCommand command) {
@@ -119,7 +121,7 @@ void paintFace(Canvas& canvas, const Face& face, const Rect& area, ColorValue co
         .height = std::round(std::clamp(area.height * (wide ? 0.36 : 0.27), 11.0, 26.0)),
         .weight = FontWeight::Bold};
     const double icon = std::round(area.height * (wide ? 0.5 : 0.42));
-    const TextExtent word = canvas.textMeasure().measure(face.word, font);
+    const TextExtent word = canvas.textMeasure().measure(text(face.word), font);
     const Point middle = area.center();
     TextStyle style{
         .font = font, .color = color, .alignX = AlignX::Center, .alignY = AlignY::Middle};
@@ -134,12 +136,12 @@ void paintFace(Canvas& canvas, const Face& face, const Rect& area, ColorValue co
     }
     IconPen pen(canvas, iconAt, icon, color);
     face.icon(pen);
-    canvas.text(wordAt, face.word, style);
+    canvas.text(wordAt, text(face.word), style);
 }
 
 }  // namespace
 
-std::string_view touchWord(TouchCommand command) { return faceOf(command).word; }
+std::string_view touchWord(TouchCommand command) { return text(faceOf(command).word); }
 
 void TouchBar::paint(Canvas& canvas, std::span<const TouchButton> buttons) const {
     const Rect bar{0, 0, canvas.width(), canvas.height()};

@@ -5,7 +5,8 @@
 #include <utility>
 
 #include "base/TextNumbers.h"
-#include "receiver/ConnectionTexts.h"
+#include "config/Text.h"
+#include "config/texts/ReceiverTexts.h"
 
 namespace korvel {
 namespace {
@@ -79,18 +80,18 @@ std::string ConnectionMonitor::connectionStatus(bool open) {
     }
     const std::uint32_t flags = noteActivity(receiving);
     if ((flags & SentenceFlag::kBytesArrive) == 0) {
-        return waitingFor(kNoActivityText);
+        return waitingFor(text(kReceiverTexts.noActivity));
     }
     if ((flags & SentenceFlag::kChecksumCorrect) == 0) {
-        return waitingFor(kWaitingForNmeaText);
+        return waitingFor(text(kReceiverTexts.waitingForNmea));
     }
     if ((flags & SentenceFlag::kRmcOrVtg) == 0) {
-        return withLabel(portLabel(!choice_.viaGyro), kWaitingForCourseText);
+        return withLabel(portLabel(!choice_.viaGyro), text(kReceiverTexts.waitingForCourse));
     }
     if ((flags & SentenceFlag::kGga) == 0) {
-        return withLabel(portLabel(!choice_.viaGyro), kWaitingForAltitudeText);
+        return withLabel(portLabel(!choice_.viaGyro), text(kReceiverTexts.waitingForAltitude));
     }
-    return "Locating Satellites";
+    return std::string(text(kReceiverTexts.locatingSatellites));
 }
 
 std::string ConnectionMonitor::openPort() {

@@ -3,6 +3,8 @@
 #include <chrono>
 #include <utility>
 
+#include "config/Text.h"
+#include "config/texts/ReceiverTexts.h"
 #include "platform/PseudoTerminal.h"
 
 namespace korvel {
@@ -31,7 +33,7 @@ ReplaySource::~ReplaySource() {
 
 std::string ReplaySource::start() {
     if (script_.empty()) {
-        return "Nothing to replay";
+        return std::string(text(kReceiverTexts.nothingToReplay));
     }
     terminal_ = PseudoTerminal::create();
     if (!terminal_) {

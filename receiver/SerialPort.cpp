@@ -6,7 +6,8 @@
 #include <system_error>
 #include <utility>
 
-#include "receiver/ConnectionTexts.h"
+#include "config/Text.h"
+#include "config/texts/ReceiverTexts.h"
 
 namespace korvel {
 namespace {
@@ -56,13 +57,13 @@ std::optional<std::uint32_t> matchSpeed(std::string_view text) {
 std::string openFailedText(SystemError error) {
     switch (error) {
         case kErrorFileNotFound:
-            return std::string(kInvalidPortText);
+            return std::string(text(kReceiverTexts.invalidPort));
         case kErrorAccessDenied:
-            return std::string(kPortOpenText);
+            return std::string(text(kReceiverTexts.portOpen));
         case kErrorDeviceDoesNotExist:
-            return std::string(kPortMissingText);
+            return std::string(text(kReceiverTexts.portMissing));
         default:
-            return "Port Open Failed=" + std::to_string(error);
+            return formatText(kReceiverTexts.portOpenFailed, {static_cast<int>(error)});
     }
 }
 
@@ -99,12 +100,12 @@ std::string SerialPort::open(std::string_view settings) {
     rxCount_ = 0;
     readFailed_ = false;
     if (isOpen()) {
-        return std::string(kPortOpenText);
+        return std::string(text(kReceiverTexts.portOpen));
     }
     const std::size_t comma = settings.find(',');
     const std::string_view name = settings.substr(0, comma);
     if (name.size() >= kNameLimit) {
-        return "Bad setting!";
+        return std::string(text(kReceiverTexts.badSetting));
     }
     const std::string path = std::string(kDevicePrefix) + std::string(name);
     SystemError error = kNoError;
@@ -127,15 +128,16 @@ std::string SerialPort::open(std::string_view settings) {
 std::string SerialPort::setUpLine(SerialDevice& device, std::string_view speed) const {
     LineSettings before;
     if (device.readLineSettings(before) != kNoError) {
-        return std::string(kPortUsedText);
+        return std::string(text(kReceiverTexts.portUsed));
     }
     const auto baud = matchSpeed(speed);
     if (!baud) {
-        return "Unsupported baud";
+        return std::string(text(kReceiverTexts.unsupportedBaud));
     }
     SystemError error = device.applyLineSettings(nmeaLine(before, *baud));
     if (error == kErrorInvalidParameter) {
-        return "Unsupported baud";  // a speed that this device cannot run at
+        // A speed that this device cannot run at.
+        return std::string(text(kReceiverTexts.unsupportedBaud));
     }
     if (error == kNoError) {
         error = device.setTimeouts(timeoutsAt(*baud));

@@ -7,8 +7,10 @@
 #include "config/texts/ConnectedTexts.h"
 #include "config/texts/FileTexts.h"
 #include "config/texts/FlightTexts.h"
+#include "config/texts/InstrumentTexts.h"
 #include "config/texts/MessageTexts.h"
 #include "config/texts/PreferenceTexts.h"
+#include "config/texts/ReceiverTexts.h"
 #include "config/texts/SheetTexts.h"
 #include "config/texts/StatusTexts.h"
 
@@ -32,8 +34,8 @@ std::vector<Text> textsOf(const Groups&... groups) {
 }  // namespace
 
 std::vector<Text> allTexts() {
-    return textsOf(kCommandTexts, kConnectedTexts, kFileTexts, kFlightTexts, kMessageTexts,
-                   kPreferenceTexts, kSheetTexts, kStatusTexts);
+    return textsOf(kCommandTexts, kConnectedTexts, kFileTexts, kFlightTexts, kInstrumentTexts,
+                   kMessageTexts, kPreferenceTexts, kReceiverTexts, kSheetTexts, kStatusTexts);
 }
 
 }  // namespace korvel

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "config/Text.h"
+#include "config/texts/InstrumentTexts.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
@@ -137,11 +138,14 @@ std::vector<std::string> measureLines(const MeasureTool& tool, const MeasureFigu
     const std::string& from = tool.from()->name;
     const std::string& to = tool.to()->name;
     if (!from.empty() || !to.empty())
-        lines.push_back((from.empty() ? "…" : from) + " to " + (to.empty() ? "…" : to));
-    lines.push_back(distanceText(figures.distanceNm, unit) + "   ETE " +
-                    (figures.seconds ? ageText(*figures.seconds) : "---"));
+        lines.push_back(formatText(kInstrumentTexts.fromTo,
+                                   {from.empty() ? "…" : from, to.empty() ? "…" : to}));
+    lines.push_back(
+        distanceText(figures.distanceNm, unit) + "   " +
+        formatText(kInstrumentTexts.eteOf, {figures.seconds ? ageText(*figures.seconds) : "---"}));
     lines.push_back(bearingText(figures.trueDeg, figures.magneticDeg));
-    lines.push_back("back " + bearingText(figures.backTrueDeg, figures.backMagneticDeg));
+    lines.push_back(formatText(kInstrumentTexts.backBearing,
+                               {bearingText(figures.backTrueDeg, figures.backMagneticDeg)}));
     return lines;
 }
 

@@ -89,12 +89,12 @@ TEST(NavField, FieldsShowTheirValuesOrDashes) {
     metric.distanceUnit = DistanceUnit::Kilometres;
     for (const Case& each : cases) {
         const NavField& field = navField(navFieldsFromText(each.name).front());
-        ASSERT_EQ(field.header, each.name);
-        EXPECT_EQ(field.format(navigating()), each.knots) << field.header;
+        ASSERT_EQ(field.header.english, each.name);
+        EXPECT_EQ(field.format(navigating()), each.knots) << field.header.english;
         if (field.id != NavFieldId::Time) {
-            EXPECT_EQ(field.format(nothing), (NavFieldText{"---", "", ""})) << field.header;
+            EXPECT_EQ(field.format(nothing), (NavFieldText{"---", "", ""})) << field.header.english;
         }
-        EXPECT_EQ(field.format(metric), each.metric) << field.header;
+        EXPECT_EQ(field.format(metric), each.metric) << field.header.english;
     }
 }
 
@@ -130,7 +130,7 @@ TEST(NavField, TheChosenSetSurvivesAnyText) {
     EXPECT_EQ(navFieldsFromText(" tgt alt ,GS,,gs,XYZ,wpt"),
         (std::vector{NavFieldId::TargetAltitude, NavFieldId::GroundSpeed, NavFieldId::Waypoint}));
     std::string everything;
-    for (const NavField& field : navFields()) everything.append(field.header).append(",");
+    for (const NavField& field : navFields()) everything.append(field.header.english).append(",");
     EXPECT_EQ(navFieldsFromText(everything).size(), kMostNavFields);
 }
 

@@ -47,7 +47,7 @@ void ViewCommands::addPages(QMenu& menu) {
     auto* group = new QActionGroup(&menu);
     int key = Qt::Key_1;
     for (const PageId page : availablePages()) {
-        QAction* action = menu.addAction(toQString(pageName(page)));
+        QAction* action = menu.addAction(toQString(pageText(page)));
         if (key <= Qt::Key_9)
             action->setShortcut(QKeySequence(key++));
         action->setCheckable(true);

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "config/Text.h"
+
+namespace korvel {
+
+/// Texts: what is said about a port that does not open and about a receiver that is not understood
+/// yet. Whoever explains one of them to the pilot recognises it by these.
+struct ReceiverTexts {
+    Text invalidPort{62100, "Invalid Port"};
+    Text portOpen{62101, "Port already open!"};
+    Text portMissing{62102, "Used or Non-existent Port!"};
+    Text portUsed{62103, "Port Being Used"};
+    Text noActivity{62104, "No Gps Rcvr Activity"};
+    Text waitingForNmea{62105, "Waiting for NMEA Data"};
+    Text waitingForCourse{62106, "Waiting for NMEA gprmc or gpvtg"};
+    Text waitingForAltitude{62107, "Waiting for NMEA gpgga"};
+    Text locatingSatellites{62108, "Locating Satellites"};
+    Text portOpenFailed{62109, "Port Open Failed=%d"};  ///< %d: the system's number of the error
+    Text badSetting{62110, "Bad setting!"};
+    Text unsupportedBaud{62111, "Unsupported baud"};
+    Text nothingToReplay{62112, "Nothing to replay"};
+};
+
+inline constexpr ReceiverTexts kReceiverTexts{};
+
+}  // namespace korvel
