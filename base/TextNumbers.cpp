@@ -9,13 +9,16 @@
 #include <limits>
 #include <system_error>
 
+#include "base/Ascii.h"
+
 namespace korvel {
 namespace {
 
-constexpr char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 constexpr bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
-constexpr bool isHexDigit(char c) { return isDigit(c) || (lower(c) >= 'a' && lower(c) <= 'f'); }
+constexpr bool isHexDigit(char c) {
+    return isDigit(c) || (lowerAscii(c) >= 'a' && lowerAscii(c) <= 'f');
+}
 
 /// Reads ahead in a text without changing it.
 class Cursor {
@@ -49,7 +52,7 @@ class Cursor {
     }
     bool takeWord(std::string_view word) {
         for (std::size_t i = 0; i < word.size(); ++i) {
-            if (lower(peek(i)) != word[i]) {
+            if (lowerAscii(peek(i)) != word[i]) {
                 return false;
             }
         }
@@ -70,7 +73,7 @@ class Cursor {
 std::optional<double> scanWord(Cursor& cursor) {
     if (cursor.takeWord("inf")) {
         // Once "infinity" is begun it has to be finished, or there is no number.
-        if (lower(cursor.peek()) != 'i') {
+        if (lowerAscii(cursor.peek()) != 'i') {
             return std::numeric_limits<double>::infinity();
         }
         if (cursor.takeWord("inity")) {
@@ -86,7 +89,7 @@ std::optional<double> scanWord(Cursor& cursor) {
 
 /// Takes "e", a sign and digits where they stand; the exponent, 0 when there are no digits.
 int takeExponent(Cursor& cursor, char letter) {
-    if (lower(cursor.peek()) != letter) {
+    if (lowerAscii(cursor.peek()) != letter) {
         return 0;
     }
     cursor.skip(1);
@@ -117,7 +120,7 @@ double convert(std::string_view number, bool hex, int places, int exponent) {
 }
 
 std::optional<double> scanNumber(Cursor& cursor) {
-    const bool hex = cursor.peek() == '0' && lower(cursor.peek(1)) == 'x';
+    const bool hex = cursor.peek() == '0' && lowerAscii(cursor.peek(1)) == 'x';
     if (hex) {
         cursor.skip(2);
     }
@@ -166,7 +169,7 @@ std::optional<unsigned> scanHex(std::string_view& text) {
     cursor.skipSpace();
     const bool negative = cursor.takeSign();
     std::size_t taken = 0;
-    if (cursor.peek() == '0' && lower(cursor.peek(1)) == 'x') {
+    if (cursor.peek() == '0' && lowerAscii(cursor.peek(1)) == 'x') {
         // "0x" without digits still reads as the number 0.
         cursor.skip(2);
         taken = 1;
@@ -177,7 +180,7 @@ std::optional<unsigned> scanHex(std::string_view& text) {
         if (!isHexDigit(c)) {
             return false;
         }
-        const int digit = isDigit(c) ? c - '0' : lower(c) - 'a' + 10;
+        const int digit = isDigit(c) ? c - '0' : lowerAscii(c) - 'a' + 10;
         value = value > kLimit ? value : value * 16 + static_cast<unsigned>(digit);
         return true;
     });
@@ -193,7 +196,7 @@ std::optional<double> scanDouble(std::string_view& text) {
     Cursor cursor(text);
     cursor.skipSpace();
     const bool negative = cursor.takeSign();
-    const char first = lower(cursor.peek());
+    const char first = lowerAscii(cursor.peek());
     const std::optional<double> value =
         first == 'i' || first == 'n' ? scanWord(cursor) : scanNumber(cursor);
     if (!value) {

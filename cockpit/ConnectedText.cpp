@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/Calendar.h"
 #include "base/TextNumbers.h"
 #include "cockpit/CKorvelDoc.h"
 #include "config/Text.h"
@@ -69,13 +70,9 @@ std::string attitudeModule(const Settings& settings) {
 std::string expiryText(std::uint32_t yyyymmdd, const LocalTime& now) {
     if (yyyymmdd == 0)
         return std::string(text(kConnectedTexts.connectedUndated));
-    std::string date = formatInt(yyyymmdd);
-    if (date.size() == 8)
-        date.insert(6, "-").insert(4, "-");
-    const int today = (now.year * 100 + now.month) * 100 + now.day;
-    const bool isOver = std::cmp_less(yyyymmdd, today);
+    const bool isOver = yyyymmdd < dateNumber(now);
     return formatText(isOver ? kConnectedTexts.connectedExpired : kConnectedTexts.connectedExpiry,
-                      {std::string_view(date)});
+                      {dashedDate(yyyymmdd)});
 }
 
 void addDatabases(std::string& words, const CKorvelDoc& document,

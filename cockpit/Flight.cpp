@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "base/Calendar.h"
 #include "base/TextNumbers.h"
 #include "cockpit/NearAirports.h"
 #include "cockpit/PlanViewBuilder.h"
@@ -31,18 +32,6 @@ constexpr GeoPoint kDefaultField{47.53 * kDegToRad, -122.302 * kDegToRad};
 
 std::filesystem::path inFolder(const std::filesystem::path& folder, std::string_view name) {
     return folder.empty() ? folder : folder / name;
-}
-
-std::string dateText(std::uint32_t yyyymmdd) {
-    std::string text = formatInt(yyyymmdd);
-    if (text.size() == 8) {
-        text.insert(6, "-").insert(4, "-");
-    }
-    return text;
-}
-
-std::uint32_t dateNumber(const LocalTime& time) {
-    return static_cast<std::uint32_t>((time.year * 100 + time.month) * 100 + time.day);
 }
 
 }  // namespace
@@ -102,7 +91,7 @@ void Flight::updateDatabaseNotice() {
         databaseNotice_ = text(kStatusTexts.chartsUndated);
     } else if (oldest < today) {
         databaseNotice_ =
-            formatText(kStatusTexts.chartsExpired, {std::string_view(dateText(oldest))});
+            formatText(kStatusTexts.chartsExpired, {std::string_view(dashedDate(oldest))});
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Ascii.h"
 #include "base/TextNumbers.h"
 #include "cockpit/Flight.h"
 #include "config/ProfileFile.h"
@@ -76,8 +77,7 @@ void UserFixes::putInForce() {
 
 std::string UserFixes::proposedName() const {
     for (int number = 1; number <= kMostFixes; ++number) {
-        std::string digits = formatInt(number);
-        std::string name = "USR" + std::string(3 - digits.size(), '0') + digits;
+        std::string name = "USR" + zeroPadded(number, 3);
         if (refusal(name).empty())
             return name;
     }

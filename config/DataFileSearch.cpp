@@ -4,19 +4,11 @@
 #include <unordered_set>
 #include <utility>
 
+#include "base/Ascii.h"
 #include "platform/Folders.h"
 
 namespace korvel {
 namespace {
-
-std::string foldCase(std::string text) {
-    for (char& letter : text) {
-        if (letter >= 'A' && letter <= 'Z') {
-            letter = static_cast<char>(letter - 'A' + 'a');
-        }
-    }
-    return text;
-}
 
 std::string nameOf(const std::filesystem::path& file) { return file.filename().string(); }
 
@@ -31,7 +23,7 @@ std::vector<std::filesystem::path> DataFileSearch::find(std::string_view pattern
     std::vector<std::filesystem::path> files = pathsOf(pattern);
     std::unordered_set<std::string> seen;
     std::erase_if(files, [&seen](const std::filesystem::path& file) {
-        return !seen.insert(foldCase(nameOf(file))).second;
+        return !seen.insert(inSmallLetters(nameOf(file))).second;
     });
     return files;
 }

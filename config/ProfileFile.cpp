@@ -6,6 +6,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/Ascii.h"
 #include "base/TextNumbers.h"
 #include "config/TextBytes.h"
 #include "platform/FileIo.h"
@@ -16,15 +17,6 @@ namespace {
 constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
 constexpr std::string_view kLineEnds = "\r\n";
 constexpr std::string_view kByteOrderMark = "\xFF\xFE";
-
-std::string_view trimLeft(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
-    return text;
-}
-
-std::string_view trimRight(std::string_view text) {
-    return text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
-}
 
 char withoutBit7(char byte) { return static_cast<char>(static_cast<unsigned char>(byte) & 0x7FU); }
 char withBit7(char byte) { return static_cast<char>(static_cast<unsigned char>(byte) | 0x80U); }
@@ -40,7 +32,7 @@ std::optional<int> readInt(std::string_view text) { return scanInt(text); }
 
 /// What counts of a line.
 std::string_view contentOf(std::string_view line) {
-    return trimLeft(trimRight(line.substr(0, line.find(';'))));
+    return trimmed(line.substr(0, line.find(';')), kWhiteSpace);
 }
 
 void parseLine(std::string_view content, ProfileEntries& entries) {
@@ -49,8 +41,8 @@ void parseLine(std::string_view content, ProfileEntries& entries) {
         entries.insert_or_assign(std::string(), std::string(content));
         return;
     }
-    entries.insert_or_assign(std::string(trimRight(content.substr(0, equals))),
-                             std::string(trimLeft(content.substr(equals + 1))));
+    entries.insert_or_assign(std::string(trimmedRight(content.substr(0, equals), kWhiteSpace)),
+                             std::string(trimmedLeft(content.substr(equals + 1), kWhiteSpace)));
 }
 
 /// Calls `use` with the content of every line that has one.

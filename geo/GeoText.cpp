@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "base/Ascii.h"
 #include "base/TextNumbers.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
@@ -12,12 +13,6 @@ namespace korvel {
 namespace {
 
 constexpr std::array kPowersOfTen{1.0, 10.0, 100.0, 1000.0};
-
-std::string padded(std::string digits, std::size_t width) {
-    if (digits.size() < width)
-        digits.insert(0, width - digits.size(), '0');
-    return digits;
-}
 
 // Rounded as a whole and split afterwards, so that the minutes never read 60.
 std::string coordinateText(char hemisphere, double degrees, std::size_t degreeDigits,
@@ -29,13 +24,11 @@ std::string coordinateText(char hemisphere, double degrees, std::size_t degreeDi
     const double minutes = (total - whole * 60 * parts) / parts;
     const std::size_t minuteWidth = places == 0 ? 2 : static_cast<std::size_t>(places) + 3;
     std::string text(1, hemisphere);
-    text += padded(formatFixed(whole, 0), degreeDigits) + "°";
-    return text += padded(formatFixed(minutes, places), minuteWidth) + "'";
+    text += zeroPadded(formatFixed(whole, 0), degreeDigits) + "°";
+    return text += zeroPadded(formatFixed(minutes, places), minuteWidth) + "'";
 }
 
 }  // namespace
-
-std::string zeroPadded(int value, std::size_t digits) { return padded(formatInt(value), digits); }
 
 std::string latitudeText(double degrees, int decimals) {
     return coordinateText(degrees < 0 ? 'S' : 'N', degrees, 2, decimals);

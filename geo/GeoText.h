@@ -30,9 +30,6 @@ std::string altitudeText(int feet, int altUnit);
 /// A course or track as three digits, 001 to 360 as they are flown; degrees of any turn.
 std::string courseText(double degrees);
 
-/// 7 with two digits is "07"; for numbers that are not negative.
-std::string zeroPadded(int value, std::size_t digits);
-
 /// "12 s", from a minute on "2 min 05 s", from an hour on "1 h 02 min".
 std::string ageText(int seconds);
 

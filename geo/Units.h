@@ -13,6 +13,10 @@ inline constexpr double kKilometresPerNm = 1.852;
 inline constexpr double kNmPerKilometre = 0.5399568;  ///< also km/h to knots
 inline constexpr double kMetresPerFoot = 0.3048;
 inline constexpr double kFeetPerMetre = 3.280839895013123;
+/// What metres of GGA and of user databases are taken times: their last digit decides how a height
+/// is cut or rounded to whole feet.
+inline constexpr double kGgaFeetPerMetre = 3.2808398950131235;
+inline constexpr double kUserFeetPerMetre = 3.2808399;
 inline constexpr double kFeetPerNm = 6076.115485564304;
 /// Half a degree in radians: the cosine of the mean of two latitudes given in degrees is
 /// cos((latA + latB) * this).

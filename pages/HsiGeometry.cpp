@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "base/Ascii.h"
 #include "base/TextNumbers.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"

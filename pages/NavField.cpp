@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "base/Ascii.h"
 #include "base/TextNumbers.h"
 #include "config/texts/InstrumentTexts.h"
 #include "geo/GeoText.h"
@@ -247,21 +248,6 @@ constexpr std::array kDefaultFields{NavFieldId::GroundSpeed,  NavFieldId::Track,
                                     NavFieldId::CrossTrack,   NavFieldId::VerticalSpeed,
                                     NavFieldId::DesiredTrack, NavFieldId::Eta};
 
-char upper(char letter) {
-    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-}
-
-bool sameName(std::string_view a, std::string_view b) {
-    return std::ranges::equal(a, b, {}, upper, upper);
-}
-
-std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 }  // namespace
 
 std::span<const NavField> navFields() { return kFields; }
@@ -279,8 +265,9 @@ std::vector<NavFieldId> navFieldsFromText(std::string_view text) {
         const std::size_t end = std::min(text.find(','), text.size());
         const std::string_view name = trimmed(text.substr(0, end));
         text.remove_prefix(std::min(end + 1, text.size()));
-        const auto* field = std::ranges::find_if(
-            kFields, [name](const NavField& each) { return sameName(each.header.english, name); });
+        const auto* field = std::ranges::find_if(kFields, [name](const NavField& each) {
+            return equalsIgnoringCase(each.header.english, name);
+        });
         if (field != kFields.end() && std::ranges::find(chosen, field->id) == chosen.end())
             chosen.push_back(field->id);
     }

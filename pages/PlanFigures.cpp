@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "base/Ascii.h"
 #include "base/TextNumbers.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"

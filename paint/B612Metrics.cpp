@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "base/Utf8.h"
+
 namespace korvel {
 namespace {
 
@@ -50,25 +52,6 @@ double advanceOf(std::uint32_t code) {
     const auto* other = std::find_if(kOthers.begin(), kOthers.end(),
                                      [code](const Other& each) { return each.code == code; });
     return other == kOthers.end() ? kDigitAdvance : other->advance;
-}
-
-// Takes one code point off the front of `text`, which is not empty.
-std::uint32_t takeCodePoint(std::string_view& text) {
-    const auto byte = [&text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned lead = byte(0);
-    std::size_t more = 0;
-    if (lead >= 0xF0)
-        more = 3;
-    else if (lead >= 0xE0)
-        more = 2;
-    else if (lead >= 0xC0)
-        more = 1;
-    std::uint32_t code = more == 0 ? lead : lead & (0x3FU >> more);
-    std::size_t used = 1;
-    while (used <= more && used < text.size() && (byte(used) & 0xC0U) == 0x80U)
-        code = (code << 6U) | (byte(used++) & 0x3FU);
-    text.remove_prefix(used);
-    return code;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 
+#include "base/Ascii.h"
 #include "base/TextNumbers.h"
 #include "config/DataFileSearch.h"
 #include "config/ProfileFile.h"
@@ -19,13 +20,6 @@ namespace {
 constexpr std::string_view kSchemeFileKey = "SchemeFile";
 /// One read takes this much; a file that fills it may be longer and is not trusted.
 constexpr std::size_t kFileLimit = 20480;
-constexpr std::string_view kBlanks = " \t";
-
-std::string_view trimBlanks(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
-
 /// "%d,%d,%d"; each number counts modulo 256.
 std::optional<ColorValue> readTriple(std::string_view text) {
     std::array<unsigned, 3> parts{};
@@ -58,14 +52,6 @@ std::string inBrackets(Text id, std::string_view suffix = {}) {
     name += text(id);
     name += suffix;
     return name += '>';
-}
-
-bool beginsWithoutCase(std::string_view text, std::string_view start) {
-    const auto lower = [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    };
-    return text.size() >= start.size() &&
-           std::ranges::equal(text.substr(0, start.size()), start, {}, lower, lower);
 }
 
 }  // namespace
@@ -136,7 +122,7 @@ void ColorScheme::ParseLine(std::string_view line) {
         color = readHex(value);
     }
     if (color) {
-        set(trimBlanks(line.substr(0, equals)), *color);
+        set(trimmed(line.substr(0, equals)), *color);
     }
 }
 
@@ -168,7 +154,7 @@ std::size_t selectedScheme(std::span<const std::string> list, std::string_view s
         return 0;
     }
     const auto place = std::ranges::find_if(
-        list, [stored](const std::string& name) { return beginsWithoutCase(name, stored); });
+        list, [stored](const std::string& name) { return startsWithIgnoringCase(name, stored); });
     return place == list.end() ? 0 : static_cast<std::size_t>(place - list.begin());
 }
 

@@ -2,19 +2,9 @@
 
 #include <cstdint>
 
+#include "base/Calendar.h"
+
 namespace korvel {
-
-/// Calendar time in the user's time zone.
-struct LocalTime {
-    int year = 1970;
-    int month = 1;  ///< 1 to 12
-    int day = 1;    ///< 1 to 31
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-
-    friend bool operator==(const LocalTime&, const LocalTime&) = default;
-};
 
 /// Source of ticks and of the time of day. Whoever needs either is handed a Clock, so that tests
 /// and the headless flight run on a virtual one. Implementations may be called from any thread.

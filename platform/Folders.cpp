@@ -5,10 +5,10 @@
 #include <system_error>
 #include <utility>
 
+#include "base/Ascii.h"
+
 namespace korvel {
 namespace {
-
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 /// Whether the whole of `name` matches; goes back to the last "*" only, which suffices since what
 /// stands before it has matched for good.
@@ -21,7 +21,7 @@ bool matches(std::string_view name, std::string_view pattern) {
         if (p < pattern.size() && pattern[p] == '*') {
             star = p++;
             afterStar = n;
-        } else if (p < pattern.size() && lower(pattern[p]) == lower(name[n])) {
+        } else if (p < pattern.size() && lowerAscii(pattern[p]) == lowerAscii(name[n])) {
             ++p;
             ++n;
         } else if (star != std::string_view::npos) {

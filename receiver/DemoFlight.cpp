@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/Ascii.h"
 #include "base/TextNumbers.h"
 #include "geo/GeoPoint.h"
 #include "geo/Geodesy.h"
@@ -82,12 +83,6 @@ struct Aircraft {
     }
 };
 
-/// Decimal digits with leading zeros.
-std::string padded(long value, std::size_t digits) {
-    const std::string text = std::to_string(value);
-    return text.size() < digits ? std::string(digits - text.size(), '0') + text : text;
-}
-
 void append(std::string& log, std::string_view body) {
     constexpr std::string_view kHex = "0123456789ABCDEF";
     unsigned checksum = 0;
@@ -105,8 +100,9 @@ void append(std::string& log, std::string_view body) {
 std::string angle(double radians, std::size_t degreeDigits, char positive, char negative) {
     constexpr long kPerMinute = 10000;
     const long total = std::lround(std::abs(radians) * kRadToDeg * 60 * kPerMinute);
-    return padded(total / (60 * kPerMinute), degreeDigits) + padded(total / kPerMinute % 60, 2) +
-           "." + padded(total % kPerMinute, 4) + "," + (radians < 0 ? negative : positive);
+    return zeroPadded(total / (60 * kPerMinute), degreeDigits) +
+           zeroPadded(total / kPerMinute % 60, 2) + "." + zeroPadded(total % kPerMinute, 4) + "," +
+           (radians < 0 ? negative : positive);
 }
 
 void appendSatellites(std::string& log) {
@@ -114,7 +110,7 @@ void appendSatellites(std::string& log) {
     std::size_t slots = 12;
     for (const Satellite& satellite : kSky) {
         if (satellite.used) {
-            used += "," + padded(satellite.number, 2);
+            used += "," + zeroPadded(satellite.number, 2);
             --slots;
         }
     }
@@ -127,16 +123,16 @@ void appendSatellites(std::string& log) {
         const std::size_t end = std::min(kSky.size(), (k + 1) * kPerSentence);
         for (std::size_t i = k * kPerSentence; i < end; ++i) {
             const Satellite& s = kSky.at(i);
-            view += "," + padded(s.number, 2) + "," + padded(s.elevation, 2) + "," +
-                    padded(s.azimuth, 3) + "," + (s.signal > 0 ? padded(s.signal, 2) : "");
+            view += "," + zeroPadded(s.number, 2) + "," + zeroPadded(s.elevation, 2) + "," +
+                    zeroPadded(s.azimuth, 3) + "," + (s.signal > 0 ? zeroPadded(s.signal, 2) : "");
         }
         append(log, view);
     }
 }
 
 void appendBurst(std::string& log, const Aircraft& aircraft, int second) {
-    const std::string time = padded(second / 3600 % 24, 2) + padded(second / 60 % 60, 2) +
-                             padded(second % 60, 2) + ".00";
+    const std::string time = zeroPadded(second / 3600 % 24, 2) + zeroPadded(second / 60 % 60, 2) +
+                             zeroPadded(second % 60, 2) + ".00";
     const std::string position =
         angle(aircraft.position.lat, 2, 'N', 'S') + "," + angle(aircraft.position.lon, 3, 'E', 'W');
     append(log, "GPRMC," + time + ",A," + position + "," + formatFixed(aircraft.speedKt, 1) + "," +

@@ -14,7 +14,6 @@ namespace {
 
 constexpr std::size_t kMostFields = 25;
 constexpr std::size_t kGroupSize = 4;  ///< fields of one satellite in GSV
-constexpr double kAltitudeFeetPerMetre = 3.2808398950131235;
 
 using FieldStore = std::array<std::string_view, kMostFields>;
 
@@ -137,7 +136,7 @@ void SentenceDecoder::decodeGga(Fields fields) {
         storeQuality(fields[6]);
     }
     if (!fields[9].empty()) {
-        fix.altitudeFt = truncateToInt(ParseDouble(fields[9]) * kAltitudeFeetPerMetre);
+        fix.altitudeFt = truncateToInt(ParseDouble(fields[9]) * kGgaFeetPerMetre);
         fix.altitudeTickMs = nowMs_;
     }
     startSbas();

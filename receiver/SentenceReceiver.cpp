@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 
+#include "base/Ascii.h"
 #include "base/TextNumbers.h"
 
 namespace korvel {
@@ -13,18 +14,11 @@ constexpr std::string_view kInView = "$GPGSV";
 constexpr std::array<std::string_view, 5> kUsedSentences = {"$GPRMC", "$GPGGA", "$GPVTG", kInView,
                                                             "$GPGSA"};
 
-char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-bool sameWithoutCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return upper(x) == upper(y); });
-}
-
 /// The sentence's place in the table; nothing for one that the program does not use.
 std::optional<std::string_view> usedSentence(std::string_view id) {
     const auto* const found =
         std::find_if(kUsedSentences.begin(), kUsedSentences.end(),
-                     [id](std::string_view used) { return sameWithoutCase(used, id); });
+                     [id](std::string_view used) { return equalsIgnoringCase(used, id); });
     return found == kUsedSentences.end() ? std::nullopt : std::optional(*found);
 }
 

@@ -9,6 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "base/Calendar.h"
 #include "geo/Geodesy.h"
 
 namespace korvel {
@@ -40,13 +41,7 @@ std::optional<LocalTime> readLocalTime(std::string_view text) {
         return wholeNumber<int>(text.substr(start, length)).value_or(-1);
     };
     const LocalTime time{part(0, 4), part(5, 2), part(8, 2), part(11, 2), part(14, 2), part(17, 2)};
-    const std::chrono::year_month_day date{std::chrono::year(time.year),
-                                           std::chrono::month(static_cast<unsigned>(time.month)),
-                                           std::chrono::day(static_cast<unsigned>(time.day))};
-    if (!date.ok() || time.hour > 23 || time.minute > 59 || time.second > 59) {
-        return std::nullopt;
-    }
-    return time;
+    return isCalendarTime(time) ? std::optional(time) : std::nullopt;
 }
 
 }  // namespace

@@ -2,10 +2,10 @@
 #include <cstdint>
 #include <string>
 
+#include "base/Calendar.h"
 #include "base/TextNumbers.h"
 #include "config/Text.h"
 #include "config/texts/FlightTexts.h"
-#include "nav/track/LocalSeconds.h"
 #include "nav/track/Track.h"
 #include "platform/FileIo.h"
 #include "platform/SystemClock.h"

@@ -6,7 +6,8 @@
 #include <cmath>
 #include <utility>
 
-#include "compiler/sources/AsciiText.h"
+#include "base/Ascii.h"
+#include "base/AsciiText.h"
 #include "compiler/sources/Fields.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
@@ -24,13 +25,6 @@ bool inUnitedStates(const GeoDegrees& position) {
            position.lon < -66.0;
 }
 
-std::string upper(std::string_view text) {
-    std::string out(text);
-    std::transform(out.begin(), out.end(), out.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return out;
-}
-
 }  // namespace
 
 bool isPrivateIdentifier(std::string_view ident, const GeoDegrees& position) {
@@ -43,7 +37,7 @@ bool isPrivateIdentifier(std::string_view ident, const GeoDegrees& position) {
 }
 
 bool saysClosed(std::string_view name) {
-    return name.starts_with("[X]") || upper(name).find("CLOSED") != std::string::npos;
+    return name.starts_with("[X]") || inCapitals(name).find("CLOSED") != std::string::npos;
 }
 
 int runwayNumber(std::string_view designator) {
@@ -74,7 +68,7 @@ std::string commType(std::string_view name, std::string_view service) {
                                    "FSS",  "FIS",   "DIR",  "GCA",  "TAXI", "START", "TMA",  "TCA",
                                    "VOLM", " MF",   "REMO", "TRML", "ARTC", "FREQ"};
     std::string type = toAsciiText(name);
-    const std::string words = upper(type);
+    const std::string words = inCapitals(type);
     const bool says = std::any_of(kServices.begin(), kServices.end(), [&](const char* known) {
         return words.find(known) != std::string::npos;
     });

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Ascii.h"
+
 namespace korvel {
 
 CsvTable::CsvTable(std::string name, std::unique_ptr<ByteSource> source, ImportContext& context)

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <system_error>
 
+#include "base/Ascii.h"
+
 namespace korvel {
 
 namespace {
@@ -42,13 +44,6 @@ std::optional<double> latitudeDeg(std::string_view text) { return within(text, 9
 std::optional<double> longitudeDeg(std::string_view text) { return within(text, 180.0); }
 
 std::optional<double> variationDeg(std::string_view text) { return within(text, 180.0); }
-
-std::string_view trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 void Fields::split(std::string_view line) {
     line_ = line;

@@ -18,8 +18,6 @@ std::optional<double> longitudeDeg(std::string_view text);
 /// A magnetic variation in degrees, -180 to 180, else nothing.
 std::optional<double> variationDeg(std::string_view text);
 
-std::string_view trimmed(std::string_view text);
-
 /// A line's words between spaces and tabs. One object serves a whole file, so that no line
 /// allocates; the words point into the line.
 class Fields {

@@ -4,8 +4,9 @@
 #include <optional>
 #include <utility>
 
+#include "base/Ascii.h"
+#include "base/AsciiText.h"
 #include "compiler/sources/AirportRules.h"
-#include "compiler/sources/AsciiText.h"
 #include "geo/Geodesy.h"
 
 namespace korvel {
@@ -62,10 +63,7 @@ constexpr std::array kSurfaces{
     SurfaceWord{"DIRT", "DIRT", false}, SurfaceWord{"WAT", "WATER", false}};
 
 void setSurface(std::string_view text, SourceRunway& runway) {
-    std::string surface = toAsciiText(text);
-    for (char& c : surface)
-        if (c >= 'a' && c <= 'z')
-            c = static_cast<char>(c - 'a' + 'A');
+    const std::string surface = inCapitals(toAsciiText(text));
     // Gravel begins like grass.
     if (surface.starts_with("GRAV") || surface.starts_with("GRV")) {
         runway.surface = "GRVL";

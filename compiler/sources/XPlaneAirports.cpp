@@ -5,8 +5,8 @@
 #include <string_view>
 #include <utility>
 
+#include "base/AsciiText.h"
 #include "compiler/sources/AirportRules.h"
-#include "compiler/sources/AsciiText.h"
 #include "compiler/sources/XPlaneImport.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"

@@ -1,6 +1,8 @@
 #include "compiler/sources/XPlaneFile.h"
 
 #include <utility>
+
+#include "base/Ascii.h"
 namespace korvel {
 
 XPlaneFile::XPlaneFile(std::string name, std::unique_ptr<ByteSource> source, ImportContext& context)

@@ -1,7 +1,7 @@
 #include <string_view>
 #include <utility>
 
-#include "compiler/sources/AsciiText.h"
+#include "base/AsciiText.h"
 #include "compiler/sources/XPlaneImport.h"
 
 namespace korvel {

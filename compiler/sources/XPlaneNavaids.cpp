@@ -4,7 +4,8 @@
 #include <optional>
 #include <string_view>
 
-#include "compiler/sources/AsciiText.h"
+#include "base/Ascii.h"
+#include "base/AsciiText.h"
 #include "compiler/sources/XPlaneImport.h"
 
 namespace korvel {

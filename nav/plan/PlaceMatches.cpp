@@ -5,6 +5,7 @@
 #include <tuple>
 #include <utility>
 
+#include "base/Ascii.h"
 #include "geo/Geodesy.h"
 #include "navdb/NavDatabase.h"
 
@@ -24,14 +25,6 @@ struct Candidate {
         return std::tuple(!isExact, distanceNm, place.ident.view(), place.kind);
     }
 };
-
-std::string inCapitals(std::string_view text) {
-    std::string capitals(text);
-    std::ranges::transform(capitals, capitals.begin(), [](char c) {
-        return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-    });
-    return capitals;
-}
 
 KindMask kindsOfLetter(char letter) {
     for (const KindMask kind : {kVorKind, kNdbKind, kFixKind, kAirportKind}) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Ascii.h"
 #include "base/TextNumbers.h"
 #include "config/Text.h"
 #include "config/texts/FlightTexts.h"
@@ -15,18 +16,6 @@
 #include "platform/FileIo.h"
 
 namespace korvel {
-namespace {
-
-/// `ending` is upper case.
-bool endsWithIgnoringCase(std::string_view text, std::string_view ending) {
-    return text.size() >= ending.size() &&
-           std::ranges::equal(text.substr(text.size() - ending.size()), ending, [](char a, char b) {
-               return (a >= 'a' && a <= 'z' ? static_cast<char>(a - 'a' + 'A') : a) == b;
-           });
-}
-
-}  // namespace
-
 bool PlanFiles::isOwnPlace(std::string_view key) const {
     if (fixes_.find(key)) {
         return true;

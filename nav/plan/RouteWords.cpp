@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Ascii.h"
 #include "base/TextNumbers.h"
 #include "geo/Geodesy.h"
 
@@ -35,11 +36,7 @@ std::string typedIdents(std::string_view text) {
         char& letter = idents[i];
         const bool isKind = begins && i + 1 < idents.size() && idents[i + 1] == '.';
         begins = letter == ' ' || letter == '@';
-        if (isKind && letter >= 'A' && letter <= 'Z') {
-            letter = static_cast<char>(letter - 'A' + 'a');
-        } else if (!isKind && letter >= 'a' && letter <= 'z') {
-            letter = static_cast<char>(letter - 'a' + 'A');
-        }
+        letter = isKind ? lowerAscii(letter) : upperAscii(letter);
     }
     return idents;
 }

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Calendar.h"
 #include "base/TextNumbers.h"
 #include "config/Settings.h"
-#include "nav/track/LocalSeconds.h"
 
 namespace korvel {
 namespace {

@@ -5,8 +5,8 @@
 #include <limits>
 #include <utility>
 
+#include "base/Calendar.h"
 #include "base/TextNumbers.h"
-#include "nav/track/LocalSeconds.h"
 
 namespace korvel {
 namespace {

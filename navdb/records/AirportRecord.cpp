@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "base/Ascii.h"
 #include "navdb/file/DatabaseTables.h"
 
 namespace korvel {
@@ -25,7 +26,7 @@ std::string AirportRecord::GetInfoText() const {
         }
     }
     if (!text.empty()) {
-        text[0] = static_cast<char>(text[0] - 'a' + 'A');
+        text[0] = upperAscii(text[0]);
     }
     return text;
 }

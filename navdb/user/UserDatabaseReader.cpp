@@ -5,6 +5,7 @@
 #include <span>
 #include <utility>
 
+#include "base/Ascii.h"
 #include "platform/RandomAccessFile.h"
 
 namespace korvel {
@@ -12,15 +13,6 @@ namespace {
 
 constexpr std::size_t kReadBlock = 1024;
 constexpr std::size_t kLongestLine = 65536;  // what is longer is cut: no record has such a line
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\r";
-    const auto first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 }  // namespace
 
@@ -82,7 +74,7 @@ void UserDatabaseReader::logLine(std::string_view message, Severity severity) {
 }
 
 std::string UserDatabaseReader::ParseLine(std::string_view line) {
-    line = trimmed(line.substr(0, line.find(';')));
+    line = trimmed(line.substr(0, line.find(';')), " \t\r");
     if (line.empty()) {
         return {};
     }

@@ -16,7 +16,6 @@
 namespace korvel {
 namespace {
 
-constexpr double kUserFeetPerMetre = 3.2808399;
 constexpr double kMinutesPerDegree = 60.0;
 constexpr double kHighestLatitude = 90.0;
 constexpr double kHighestLongitude = 180.0;

@@ -6,6 +6,7 @@
 #include <system_error>
 #include <tuple>
 
+#include "base/Ascii.h"
 #include "platform/FileIo.h"
 
 namespace korvel {
@@ -63,9 +64,7 @@ std::optional<Found> examine(const fs::path& entry, const fs::path& dev) {
 /// The n of "COM<n>" in any case, else nothing.
 std::optional<int> comNumber(std::string_view name) {
     constexpr std::string_view kCom = "COM";
-    const bool named = name.size() > kCom.size() &&
-                       std::equal(kCom.begin(), kCom.end(), name.begin(),
-                                  [](char a, char b) { return a == b || a - 'A' + 'a' == b; });
+    const bool named = name.size() > kCom.size() && startsWithIgnoringCase(name, kCom);
     return named ? parseNumber(name.substr(kCom.size())) : std::nullopt;
 }
 

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
+#include "base/AsciiText.h"
 #include "compiler/sources/AiracCycle.h"
 #include "compiler/sources/AirportRules.h"
-#include "compiler/sources/AsciiText.h"
 #include "compiler/sources/CsvTable.h"
 #include "compiler/sources/Fields.h"
 #include "compiler/sources/LineReader.h"

@@ -1,8 +1,9 @@
-#include "nav/track/LocalSeconds.h"
+#include "base/Calendar.h"
 
 #include <chrono>
 #include <cstddef>
 
+#include "base/Ascii.h"
 #include "base/TextNumbers.h"
 
 namespace korvel {
@@ -13,15 +14,12 @@ std::chrono::year_month_day dateOf(const LocalTime& time) {
            std::chrono::day(static_cast<unsigned>(time.day));
 }
 
-std::string padded(int number, std::size_t width) {
-    const std::string digits = formatInt(number);
-    return digits.size() < width ? std::string(width - digits.size(), '0') + digits : digits;
-}
-
 }  // namespace
 
 std::int64_t localSeconds(const LocalTime& time) {
-    const std::chrono::sys_days day = dateOf(time);
+    const auto newYear = std::chrono::year(time.year) / std::chrono::January / 1;
+    const auto day = std::chrono::sys_days(newYear + std::chrono::months(time.month - 1)) +
+                     std::chrono::days(time.day - 1);
     const std::chrono::sys_seconds moment = day + std::chrono::hours(time.hour) +
                                             std::chrono::minutes(time.minute) +
                                             std::chrono::seconds(time.second);
@@ -48,13 +46,24 @@ bool isCalendarTime(const LocalTime& time) {
 }
 
 std::string dateText(const LocalTime& time) {
-    return padded(time.year, 4) + padded(time.month, 2) + padded(time.day, 2);
+    return zeroPadded(time.year, 4) + zeroPadded(time.month, 2) + zeroPadded(time.day, 2);
+}
+
+std::uint32_t dateNumber(const LocalTime& time) {
+    return static_cast<std::uint32_t>((time.year * 100 + time.month) * 100 + time.day);
+}
+
+std::string dashedDate(std::uint32_t yyyymmdd) {
+    std::string date = formatInt(yyyymmdd);
+    if (date.size() == 8)
+        date.insert(6, "-").insert(4, "-");
+    return date;
 }
 
 std::string timeText(const LocalTime& time, bool withSeconds, const char* separator) {
-    std::string result = padded(time.hour, 2) + separator + padded(time.minute, 2);
+    std::string result = zeroPadded(time.hour, 2) + separator + zeroPadded(time.minute, 2);
     if (withSeconds) {
-        result += separator + padded(time.second, 2);
+        result += separator + zeroPadded(time.second, 2);
     }
     return result;
 }

@@ -1,10 +1,12 @@
-#include "compiler/sources/AsciiText.h"
+#include "base/AsciiText.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cstddef>
 #include <cstdint>
+
+#include "base/Ascii.h"
+#include "base/Utf8.h"
 
 namespace korvel {
 
@@ -69,25 +71,7 @@ void appendPlain(char32_t c, std::string& out) {
     }
     const bool small = range->first != range->last && c % 2 == 1;
     for (const char letter : range->plain)
-        out += small ? static_cast<char>(std::tolower(static_cast<unsigned char>(letter))) : letter;
-}
-
-/// Takes one character off the front: UTF-8 where it is well formed, else one Latin-1 byte.
-char32_t takeCharacter(std::string_view& text) {
-    const auto byte = [&text](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
-    const std::uint8_t lead = byte(0);
-    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC2 ? 2 : 1;
-    char32_t c = lead;
-    bool wellFormed = lead >= 0xC2 && lead <= 0xF4 && text.size() >= length;
-    if (wellFormed) {
-        c = lead & (0x7FU >> length);
-        for (std::size_t i = 1; i < length; ++i) {
-            wellFormed = wellFormed && (byte(i) & 0xC0U) == 0x80;
-            c = (c << 6U) | (byte(i) & 0x3FU);
-        }
-    }
-    text.remove_prefix(wellFormed ? length : 1);
-    return wellFormed ? c : char32_t{lead};
+        out += small ? lowerAscii(letter) : letter;
 }
 
 bool isBlankOrControl(char c) { return static_cast<std::uint8_t>(c) <= 0x20 || c == 0x7F; }
@@ -98,7 +82,7 @@ std::string toAsciiText(std::string_view text) {
     std::string folded;
     folded.reserve(text.size());
     while (!text.empty())
-        appendPlain(takeCharacter(text), folded);
+        appendPlain(takeCodePoint(text), folded);
     std::string out;
     out.reserve(folded.size());
     for (const char c : folded) {
