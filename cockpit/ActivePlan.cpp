@@ -221,10 +221,6 @@ std::string ActivePlan::open(const std::filesystem::path& path) {
     return error;
 }
 
-std::string ActivePlan::exportTo(const std::filesystem::path& path) const {
-    return files_.savePlanAs(path);
-}
-
 std::string ActivePlan::saveAs(const std::filesystem::path& path) {
     std::string error = files_.savePlanAs(path);
     if (error.empty()) {

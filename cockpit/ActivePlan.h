@@ -62,8 +62,6 @@ class ActivePlan {
     [[nodiscard]] std::string open(const std::filesystem::path& path);
     /// Saves to this file, which becomes the plan's file.
     [[nodiscard]] std::string saveAs(const std::filesystem::path& path);
-    /// Writes the plan to a file without making it the plan's own.
-    [[nodiscard]] std::string exportTo(const std::filesystem::path& path) const;
 
     /// Empty for a plan that has no file yet.
     [[nodiscard]] const std::filesystem::path& file() const { return file_; }

@@ -56,10 +56,6 @@ std::int32_t GpsInput::correctedAltitudeFt() const {
     return altitudeOffsetFt_ == kNoAltitudeOffset ? altitude : altitude + altitudeOffsetFt_;
 }
 
-double GpsInput::trueToMagnetic(double trueDeg) const {
-    return decoder_.variation().TrueToMagnetic(trueDeg);
-}
-
 double GpsInput::magneticToTrue(double magneticDeg) const {
     return decoder_.variation().MagneticToTrue(magneticDeg);
 }

@@ -54,7 +54,6 @@ class GpsInput {
     std::int32_t correctedAltitudeFt() const;
     void setAltitudeOffsetFt(std::int32_t feet) { altitudeOffsetFt_ = feet; }
 
-    double trueToMagnetic(double trueDeg) const;
     double magneticToTrue(double magneticDeg) const;
 
  private:

@@ -40,7 +40,6 @@ class Simulator {
     void losePosition();
 
     [[nodiscard]] GeoPoint position() const { return position_; }
-    [[nodiscard]] GeoPoint previousPosition() const { return previous_; }
     [[nodiscard]] std::int32_t headingMag() const { return headingMag_; }
     /// kNoSpeed when there is none.
     [[nodiscard]] double speedKt() const { return speedKt_; }
