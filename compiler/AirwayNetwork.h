@@ -14,13 +14,13 @@
 namespace korvel {
 
 /// What an airway point is in the formats that say so.
-enum class AirwayPointType : std::uint8_t { unknown, fix, ndb, vhf };
+enum class AirwayPointType : std::uint8_t { Unknown, Fix, Ndb, Vhf };
 
 struct AirwayPoint {
     std::string ident;
     /// ICAO region, empty in the formats that give coordinates instead.
     std::string region;
-    AirwayPointType type = AirwayPointType::unknown;
+    AirwayPointType type = AirwayPointType::Unknown;
     std::optional<GeoDegrees> position;
     bool onLow = false;
     bool onHigh = false;

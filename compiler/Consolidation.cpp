@@ -16,10 +16,10 @@ namespace korvel {
 namespace {
 
 bool isNdb(const SourceNavaid& navaid) {
-    return navaid.kind == NavaidKind::ndb || navaid.kind == NavaidKind::ndbDme;
+    return navaid.kind == NavaidKind::Ndb || navaid.kind == NavaidKind::NdbDme;
 }
 
-bool isDmeOnly(const SourceNavaid& navaid) { return navaid.kind == NavaidKind::dmeOnly; }
+bool isDmeOnly(const SourceNavaid& navaid) { return navaid.kind == NavaidKind::DmeOnly; }
 
 /// The places of a list by identifier. The list must not grow or shrink while this is in use.
 template <class Place>
@@ -83,10 +83,10 @@ void joinDme(AviationData& data) {
         if (station == nullptr)
             continue;
         joined[i] = true;
-        if (station->kind == NavaidKind::vor)
-            station->kind = NavaidKind::vorDme;
-        else if (station->kind == NavaidKind::ndb)
-            station->kind = NavaidKind::ndbDme;
+        if (station->kind == NavaidKind::Vor)
+            station->kind = NavaidKind::VorDme;
+        else if (station->kind == NavaidKind::Ndb)
+            station->kind = NavaidKind::NdbDme;
     }
     std::size_t i = 0;
     std::erase_if(data.navaids, [&](const SourceNavaid&) { return joined[i++]; });
@@ -124,15 +124,15 @@ Usage usageOf(const AirwayPoint& point) {
 }
 
 bool fits(const AirwayPoint& point, const SourceFix& fix) {
-    if (point.type == AirwayPointType::unknown)
+    if (point.type == AirwayPointType::Unknown)
         return point.position && samePlace(*point.position, fix.position);
-    return point.type == AirwayPointType::fix && point.region == fix.region;
+    return point.type == AirwayPointType::Fix && point.region == fix.region;
 }
 
 bool fits(const AirwayPoint& point, const SourceNavaid& navaid) {
-    if (point.type == AirwayPointType::unknown)
+    if (point.type == AirwayPointType::Unknown)
         return point.position && samePlace(*point.position, navaid.position);
-    return point.type == (isNdb(navaid) ? AirwayPointType::ndb : AirwayPointType::vhf) &&
+    return point.type == (isNdb(navaid) ? AirwayPointType::Ndb : AirwayPointType::Vhf) &&
            point.region == navaid.region;
 }
 

@@ -114,7 +114,7 @@ std::string buildNavdb(const NavdbBuildOptions& options, ImportLog& log,
     };
     AviationData data;
     OurAirportsImport ourAirports(log, data);
-    auto files = options.source == NavdbSource::xplane ? xplaneFiles(options, data)
+    auto files = options.source == NavdbSource::Xplane ? xplaneFiles(options, data)
                                                        : ourAirportsFiles(options, ourAirports);
     if (files.empty())
         return "No input files given.";

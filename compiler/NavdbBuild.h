@@ -11,7 +11,7 @@
 
 namespace korvel {
 
-enum class NavdbSource : std::uint8_t { xplane, ourAirports };
+enum class NavdbSource : std::uint8_t { Xplane, OurAirports };
 
 /// The region letter of a database that covers no one region. Airport look-ups that fail put the
 /// letter before the identifier, and take it off a longer one, to bridge the two spellings within a
@@ -21,7 +21,7 @@ enum class NavdbSource : std::uint8_t { xplane, ourAirports };
 inline constexpr char kWorldRegion = 'w';
 
 struct NavdbBuildOptions {
-    NavdbSource source = NavdbSource::xplane;
+    NavdbSource source = NavdbSource::Xplane;
     /// X-Plane's files, plain or .gz; an empty path leaves that kind of place out.
     std::filesystem::path apt;
     std::filesystem::path nav;

@@ -24,19 +24,19 @@ std::int32_t typeWord(PlaceType type, Usage usage) {
 
 PlaceType placeType(NavaidKind kind) {
     switch (kind) {
-        case NavaidKind::vorDme:
-            return PlaceType::vorDme;
-        case NavaidKind::vortac:
-            return PlaceType::vortac;
-        case NavaidKind::ndb:
-            return PlaceType::ndb;
-        case NavaidKind::ndbDme:
-            return PlaceType::ndbDme;
-        case NavaidKind::vor:
-        case NavaidKind::dmeOnly:
+        case NavaidKind::VorDme:
+            return PlaceType::VorDme;
+        case NavaidKind::Vortac:
+            return PlaceType::Vortac;
+        case NavaidKind::Ndb:
+            return PlaceType::Ndb;
+        case NavaidKind::NdbDme:
+            return PlaceType::NdbDme;
+        case NavaidKind::Vor:
+        case NavaidKind::DmeOnly:
             break;
     }
-    return PlaceType::vor;
+    return PlaceType::Vor;
 }
 
 bool isTower(const SourceComm& comm) {
@@ -54,8 +54,8 @@ std::int32_t flagsOf(const SourceAirport& airport) {
     std::uint32_t flags = 0;
     const auto set = [&flags](AirportFlag flag, bool on) { flags |= on ? flag : 0U; };
     set(kAirportTower, std::any_of(airport.comms.begin(), airport.comms.end(), isTower));
-    set(kAirportSeaplaneBase, airport.kind == AirportKind::seaplane);
-    set(kAirportHeliport, airport.kind == AirportKind::heliport);
+    set(kAirportSeaplaneBase, airport.kind == AirportKind::Seaplane);
+    set(kAirportHeliport, airport.kind == AirportKind::Heliport);
     set(kAirportHardSurface, any(&SourceRunway::hard));
     set(kAirportLighted, any(&SourceRunway::lighted));
     set(kAirportBeacon, airport.hasBeacon);
@@ -126,7 +126,7 @@ class Compilation {
     }
 
     void addAirport(const SourceAirport& airport) {
-        const bool land = airport.kind == AirportKind::land;
+        const bool land = airport.kind == AirportKind::Land;
         NavdbRows& rows = land ? airports_ : otherAirports_;
         begin(rows, airport.ident, airport.position);
         rows.text(writer_.addText(airport.ident));
@@ -145,14 +145,14 @@ class Compilation {
             comms_.tenThousandths(comm.freqMhz);
         }
         log_.took(land                                    ? "airports"
-                  : airport.kind == AirportKind::heliport ? "heliports"
+                  : airport.kind == AirportKind::Heliport ? "heliports"
                                                           : "seaplane bases");
         log_.took("runways and helipads", airport.runways.size());
         log_.took("frequencies", airport.comms.size());
     }
 
     void addRunway(const SourceAirport& airport, const SourceRunway& runway, std::int32_t number) {
-        NavdbRows& rows = airport.kind == AirportKind::land ? runways_ : otherRunways_;
+        NavdbRows& rows = airport.kind == AirportKind::Land ? runways_ : otherRunways_;
         for (std::size_t end = 0; end < 2; ++end) {
             const SourceRunwayEnd& here = runway.ends.at(end);
             if (here.id.empty())
@@ -179,12 +179,12 @@ class Compilation {
         navaids_.integer(typeWord(type, navaid.usage));
         navaids_.tenThousandths(navaid.frequency);
         navaids_.text(writer_.addText(navaid.name));
-        log_.took(type >= PlaceType::ndb ? "NDBs" : "VORs");
+        log_.took(type >= PlaceType::Ndb ? "NDBs" : "VORs");
     }
 
     void addFix(const SourceFix& fix) {
         begin(fixes_, fix.ident, fix.position);
-        fixes_.integer(typeWord(PlaceType::fix, fix.usage.value_or(kUsageLow)));
+        fixes_.integer(typeWord(PlaceType::Fix, fix.usage.value_or(kUsageLow)));
         log_.took("fixes");
     }
 

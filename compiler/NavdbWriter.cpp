@@ -46,27 +46,27 @@ void NavdbRows::append(std::uint32_t value, [[maybe_unused]] FieldType type) {
 }
 
 void NavdbRows::integer(std::int32_t value) {
-    append(static_cast<std::uint32_t>(value), FieldType::integer);
+    append(static_cast<std::uint32_t>(value), FieldType::Integer);
 }
 
-void NavdbRows::text(std::uint32_t offset) { append(offset, FieldType::text); }
+void NavdbRows::text(std::uint32_t offset) { append(offset, FieldType::Text); }
 
 void NavdbRows::degrees(double value) {
-    append(static_cast<std::uint32_t>(toMillionths(value)), FieldType::degrees);
+    append(static_cast<std::uint32_t>(toMillionths(value)), FieldType::Degrees);
 }
 
 void NavdbRows::degreesOrNone(const std::optional<double>& value) {
     const std::int32_t stored = value ? toMillionths(*value) : kNoInteger;
-    append(static_cast<std::uint32_t>(stored), FieldType::degrees);
+    append(static_cast<std::uint32_t>(stored), FieldType::Degrees);
 }
 
 void NavdbRows::tenThousandths(double value) {
     append(static_cast<std::uint32_t>(scaled(value, kTenThousandthsUnit)),
-           FieldType::tenThousandths);
+           FieldType::TenThousandths);
 }
 
 void NavdbRows::fixed16(double value) {
-    append(static_cast<std::uint32_t>(scaled(value, kFixed16Unit)), FieldType::fixed16);
+    append(static_cast<std::uint32_t>(scaled(value, kFixed16Unit)), FieldType::Fixed16);
 }
 
 template <class Less>

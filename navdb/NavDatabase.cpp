@@ -27,7 +27,7 @@ double distanceTo(GeoPoint from, GeoPoint to) {
     return GreatCircleDistance(from.lat, from.lon, to.lat, to.lon);
 }
 
-enum class Preference { firstWithinReach, strictlyNearest };
+enum class Preference { FirstWithinReach, StrictlyNearest };
 
 /// Which of two equally named places is meant.
 RecordPtr choose(RecordPtr p, RecordPtr q, const std::optional<GeoPoint>& near,
@@ -43,7 +43,7 @@ RecordPtr choose(RecordPtr p, RecordPtr q, const std::optional<GeoPoint>& near,
     if (toP < toQ) {
         return p;
     }
-    const bool keepsFirst = preference == Preference::firstWithinReach &&
+    const bool keepsFirst = preference == Preference::FirstWithinReach &&
                             std::abs(toQ - toP) * kNmPerRadian <= kNavaidPreferenceNm;
     return keepsFirst ? std::move(p) : std::move(q);
 }
@@ -225,8 +225,8 @@ RecordPtr NavDatabase::findBare(std::string_view ident, std::optional<GeoPoint> 
     RecordPtr airport = findAirport(ident, near);
     RecordPtr fix = FindInIndex(ident, "WptKey", "_WPT", near, 0);
     RecordPtr place =
-        choose(std::move(navaid), std::move(airport), near, Preference::firstWithinReach);
-    place = choose(std::move(place), std::move(fix), near, Preference::strictlyNearest);
+        choose(std::move(navaid), std::move(airport), near, Preference::FirstWithinReach);
+    place = choose(std::move(place), std::move(fix), near, Preference::StrictlyNearest);
     noteMatch(place.get());
     return place;
 }

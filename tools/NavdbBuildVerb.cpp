@@ -62,7 +62,7 @@ NavdbBuildVerb::NavdbBuildVerb(CLI::App& verb)
 int NavdbBuildVerb::run(const Invocation& call) const {
     NavdbBuildOptions options;
     const bool csv = from_ == kOurAirports;
-    options.source = csv ? NavdbSource::ourAirports : NavdbSource::xplane;
+    options.source = csv ? NavdbSource::OurAirports : NavdbSource::Xplane;
     if (csv && folder_.empty())
         usageError("--from ourairports needs --dir");
     if (!csv && apt_.empty() && nav_.empty() && fix_.empty() && awy_.empty())

@@ -37,13 +37,13 @@ struct SourceComm {
     double freqMhz = 0.0;
 };
 
-enum class AirportKind : std::uint8_t { land, seaplane, heliport };
+enum class AirportKind : std::uint8_t { Land, Seaplane, Heliport };
 
 struct SourceAirport {
     std::string ident;
     std::string name;
     std::string info;
-    AirportKind kind = AirportKind::land;
+    AirportKind kind = AirportKind::Land;
     bool isPrivate = false;
     bool hasBeacon = false;
     GeoDegrees position;
@@ -54,10 +54,10 @@ struct SourceAirport {
     std::vector<SourceComm> comms;
 };
 
-enum class NavaidKind : std::uint8_t { vor, vorDme, vortac, ndb, ndbDme, dmeOnly };
+enum class NavaidKind : std::uint8_t { Vor, VorDme, Vortac, Ndb, NdbDme, DmeOnly };
 
 struct SourceNavaid {
-    NavaidKind kind = NavaidKind::vor;
+    NavaidKind kind = NavaidKind::Vor;
     std::string ident;
     std::string name;
     /// ICAO region of the newer formats ("K1"), empty in the older ones.

@@ -92,17 +92,17 @@ SourceRunwayEnd endOf(const CsvTable& row, std::string_view prefix) {
 
 std::optional<NavaidKind> navaidKind(std::string_view type) {
     if (type == "VOR")
-        return NavaidKind::vor;
+        return NavaidKind::Vor;
     if (type == "VOR-DME")
-        return NavaidKind::vorDme;
+        return NavaidKind::VorDme;
     if (type == "VORTAC")
-        return NavaidKind::vortac;
+        return NavaidKind::Vortac;
     if (type == "NDB")
-        return NavaidKind::ndb;
+        return NavaidKind::Ndb;
     if (type == "NDB-DME")
-        return NavaidKind::ndbDme;
+        return NavaidKind::NdbDme;
     if (type == "DME" || type == "TACAN")
-        return NavaidKind::dmeOnly;
+        return NavaidKind::DmeOnly;
     return std::nullopt;
 }
 
@@ -154,9 +154,9 @@ void OurAirportsImport::takeAirport(CsvTable& row) {
     }
     SourceAirport airport;
     airport.ident = ident;
-    airport.kind = type == "heliport"        ? AirportKind::heliport
-                   : type == "seaplane_base" ? AirportKind::seaplane
-                                             : AirportKind::land;
+    airport.kind = type == "heliport"        ? AirportKind::Heliport
+                   : type == "seaplane_base" ? AirportKind::Seaplane
+                                             : AirportKind::Land;
     airport.position = *where;
     airport.elevationFt = wholeFeet(row["elevation_ft"]);
     airport.isPrivate = isPrivateIdentifier(ident, *where);
@@ -197,7 +197,7 @@ void OurAirportsImport::takeRunway(CsvTable& row) {
         row.malformed("runway without designator");
         return;
     }
-    if (high.id.empty() && airport->kind != AirportKind::heliport) {
+    if (high.id.empty() && airport->kind != AirportKind::Heliport) {
         log_.leftOut("helipads of airports with runways");
         return;
     }
@@ -249,11 +249,11 @@ void OurAirportsImport::takeNavaid(CsvTable& row) {
     navaid.ident = row["ident"];
     navaid.name = toAsciiText(row["name"]);
     navaid.position = *where;
-    const bool ndb = *kind == NavaidKind::ndb || *kind == NavaidKind::ndbDme;
+    const bool ndb = *kind == NavaidKind::Ndb || *kind == NavaidKind::NdbDme;
     navaid.frequency = ndb ? *khz : *khz / 1000.0;
     const bool inBand = ndb ? *khz >= 100.0 && *khz < 2000.0
                             : navaid.frequency >= 108.0 && navaid.frequency < 118.0;
-    if (!inBand && *kind != NavaidKind::dmeOnly) {
+    if (!inBand && *kind != NavaidKind::DmeOnly) {
         row.malformed("frequency out of range");
         return;
     }

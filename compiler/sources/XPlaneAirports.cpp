@@ -102,18 +102,18 @@ class AirportImport {
         if (*code == kLandAirport || *code == kSeaplaneBase || *code == kHeliport) {
             finish();
             begin(*code, fields);
-        } else if (state_ == State::open) {
+        } else if (state_ == State::Open) {
             takeDetail(*code, fields);
-        } else if (state_ == State::none && *code == kRunway) {
+        } else if (state_ == State::None && *code == kRunway) {
             file_.malformed("runway before the first airport");
         }
     }
 
     /// Hands over the airport whose rows have ended.
     void finish() {
-        if (state_ != State::open)
+        if (state_ != State::Open)
             return;
-        state_ = State::none;
+        state_ = State::None;
         const auto position = datumLat_ && datumLon_ ? GeoDegrees{*datumLat_, *datumLon_}
                               : runways_.position()  ? runways_.position()
                                                      : beacon_;
@@ -129,17 +129,17 @@ class AirportImport {
     }
 
  private:
-    enum class State : std::uint8_t { none, open, skipped };
+    enum class State : std::uint8_t { None, Open, Skipped };
 
     /// Columns: code, elevation in feet, two that mean nothing today, identifier, name.
     void begin(int code, const Fields& fields) {
         const auto elevation = wholeDouble(fields[1]);
         if (!elevation || std::abs(*elevation) > 30000.0 || !isIdentifier(fields[4])) {
             file_.malformed("airport without elevation or identifier; its rows are skipped");
-            state_ = State::skipped;
+            state_ = State::Skipped;
             return;
         }
-        state_ = State::open;
+        state_ = State::Open;
         airport_ = {};
         runways_ = {};
         beacon_.reset();
@@ -147,9 +147,9 @@ class AirportImport {
         datumLon_.reset();
         airport_.ident = fields[4];
         airport_.elevationFt = RoundToInt(*elevation);
-        airport_.kind = code == kSeaplaneBase ? AirportKind::seaplane
-                        : code == kHeliport   ? AirportKind::heliport
-                                              : AirportKind::land;
+        airport_.kind = code == kSeaplaneBase ? AirportKind::Seaplane
+                        : code == kHeliport   ? AirportKind::Heliport
+                                              : AirportKind::Land;
         std::string name = toAsciiText(fields.from(5));
         closed_ = saysClosed(name);
         if (name.size() > 4 && name[0] == '[' && name[2] == ']')
@@ -260,7 +260,7 @@ class AirportImport {
         }
         if (!takeEnd(fields, 1, pad.ends[0]))
             return;
-        if (airport_.kind != AirportKind::heliport) {
+        if (airport_.kind != AirportKind::Heliport) {
             log_.leftOut("helipads of airports with runways");
             return;
         }
@@ -318,7 +318,7 @@ class AirportImport {
     XPlaneFile& file_;
     ImportLog& log_;
     AviationData& data_;
-    State state_ = State::none;
+    State state_ = State::None;
     SourceAirport airport_;
     bool closed_ = false;
     Middle runways_;

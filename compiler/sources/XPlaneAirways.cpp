@@ -34,11 +34,11 @@ std::optional<AirwayNetwork::PointIndex> pointWithPosition(const Fields& fields,
 std::optional<AirwayNetwork::PointIndex> pointWithRegion(const Fields& fields, std::size_t first,
                                                          AirwayNetwork& network) {
     const auto code = wholeInt(fields[first + 2]);
-    const auto type = code == 11  ? AirwayPointType::fix
-                      : code == 2 ? AirwayPointType::ndb
-                      : code == 3 ? AirwayPointType::vhf
-                                  : AirwayPointType::unknown;
-    if (type == AirwayPointType::unknown || !isIdentifier(fields[first]))
+    const auto type = code == 11  ? AirwayPointType::Fix
+                      : code == 2 ? AirwayPointType::Ndb
+                      : code == 3 ? AirwayPointType::Vhf
+                                  : AirwayPointType::Unknown;
+    if (type == AirwayPointType::Unknown || !isIdentifier(fields[first]))
         return std::nullopt;
     return network.pointIn(fields[first], fields[first + 1], type);
 }

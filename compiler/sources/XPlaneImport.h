@@ -17,7 +17,7 @@ namespace korvel {
                                                AviationData& data);
 
 /// nav.dat or earth_nav.dat, versions 810 to 1299: NDB (2), VOR (3), and DME (12, 13), which are
-/// kept as NavaidKind::dmeOnly. Parts of instrument landing systems are left out.
+/// kept as NavaidKind::DmeOnly. Parts of instrument landing systems are left out.
 [[nodiscard]] std::string importXPlaneNavaids(XPlaneFile& file, ImportContext& context,
                                               AviationData& data);
 

@@ -38,12 +38,12 @@ std::string_view takeType(std::string_view& name) {
 NavaidKind kindOf(int row, std::string_view type) {
     const bool withDme = type.find("DME") != std::string_view::npos;
     if (row == kNdb)
-        return withDme ? NavaidKind::ndbDme : NavaidKind::ndb;
+        return withDme ? NavaidKind::NdbDme : NavaidKind::Ndb;
     if (row != kVor)
-        return NavaidKind::dmeOnly;
+        return NavaidKind::DmeOnly;
     if (type == "VORTAC" || type == "TACAN")
-        return NavaidKind::vortac;
-    return withDme ? NavaidKind::vorDme : NavaidKind::vor;
+        return NavaidKind::Vortac;
+    return withDme ? NavaidKind::VorDme : NavaidKind::Vor;
 }
 
 /// The service volume says what a station is for: short-range ones serve one airport, long-range

@@ -71,7 +71,7 @@ bool FlightPlan::moveTo(std::string_view recordKey) {
 void FlightPlan::moveToEntry(std::size_t index) {
     // Also what had been passed: the pilot goes back to it.
     std::fill(progress_.begin() + static_cast<std::ptrdiff_t>(index), progress_.end(),
-              Progress{.state = State::ahead});
+              Progress{.state = State::Ahead});
     flyFrom(index);
     choicesUntilSearch_ = 0;
     legTo(index);
@@ -90,7 +90,7 @@ std::optional<std::size_t> FlightPlan::find(std::string_view recordKey, std::siz
 
 bool FlightPlan::hasPassed(std::string_view recordKey) const {
     for (std::size_t i = 0; i < entries_.size(); ++i) {
-        if (progress_[i].state == State::passed && entries_[i].record->key == recordKey) {
+        if (progress_[i].state == State::Passed && entries_[i].record->key == recordKey) {
             return true;
         }
     }
@@ -112,7 +112,7 @@ bool FlightPlan::goOnFrom(const FlightPlan& former) {
     }
     for (std::size_t i = 0; i < *next; ++i) {
         const bool passed = former.hasPassed(entries_[i].record->key);
-        progress_[i].state = passed ? State::passed : State::skipped;
+        progress_[i].state = passed ? State::Passed : State::Skipped;
     }
     moveToEntry(*next);
     return true;
@@ -135,8 +135,8 @@ bool FlightPlan::isReached(std::size_t index, const Sight& sight, const Motion& 
 void FlightPlan::flyFrom(std::size_t index) {
     for (std::size_t i = 0; i < progress_.size(); ++i) {
         State& state = progress_[i].state;
-        if (state != State::passed) {
-            state = i < index ? State::skipped : State::ahead;
+        if (state != State::Passed) {
+            state = i < index ? State::Skipped : State::Ahead;
         }
     }
 }
@@ -145,14 +145,14 @@ std::optional<std::size_t> FlightPlan::visit(const Motion& motion, bool searchin
     for (std::size_t i = 0; i < entries_.size(); ++i) {
         Progress& progress = progress_[i];
         progress.score = kWorstScore;
-        const bool examined = searching || progress.state == State::ahead;
-        if (progress.state == State::passed || !examined) {
+        const bool examined = searching || progress.state == State::Ahead;
+        if (progress.state == State::Passed || !examined) {
             continue;
         }
         const Sight seen = sight(i, motion);
         if (isReached(i, seen, motion)) {
             std::for_each_n(progress_.begin(), i + 1,
-                            [](Progress& before) { before.state = State::passed; });
+                            [](Progress& before) { before.state = State::Passed; });
             continue;
         }
         if (!searching) {
@@ -164,7 +164,7 @@ std::optional<std::size_t> FlightPlan::visit(const Motion& motion, bool searchin
             flyFrom(i);
             return i;
         }
-        progress.state = State::skipped;
+        progress.state = State::Skipped;
     }
     return std::nullopt;
 }
@@ -173,7 +173,7 @@ std::size_t FlightPlan::bestScored() const {
     std::size_t best = entries_.size() - 1;
     std::int32_t lowest = kWorstScore;
     for (std::size_t i = 0; i < progress_.size(); ++i) {
-        if (progress_[i].state != State::passed && progress_[i].score < lowest) {
+        if (progress_[i].state != State::Passed && progress_[i].score < lowest) {
             lowest = progress_[i].score;
             best = i;
         }
@@ -189,7 +189,7 @@ FlightPlan::Leg FlightPlan::legTo(std::size_t index) {
     }
     Leg leg{.waypoint = &waypoint, .start = std::nullopt};
     for (std::size_t i = index; i-- > 0;) {
-        if (progress_[i].state == State::passed) {
+        if (progress_[i].state == State::Passed) {
             leg.start = entries_[i].position();
             break;
         }

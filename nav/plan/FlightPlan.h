@@ -72,10 +72,10 @@ class FlightPlan {
     [[nodiscard]] std::optional<AltitudeConstraint> constraint(GeoPoint present) const;
 
  private:
-    enum class State : std::uint8_t { undecided, ahead, passed, skipped };
+    enum class State : std::uint8_t { Undecided, Ahead, Passed, Skipped };
 
     struct Progress {
-        State state = State::undecided;
+        State state = State::Undecided;
         std::int32_t score = 0;
     };
 

@@ -61,12 +61,12 @@ void takeKind(std::string& ident, std::string_view key) {
 RouteResult RouteExpansion::run() {
     for (current_ = 0; current_ < words_.size(); ++current_) {
         switch (takeWord()) {
-            case Step::done:
+            case Step::Done:
                 return std::move(result_);
-            case Step::failed:
-            case Step::notHere:
+            case Step::Failed:
+            case Step::NotHere:
                 return std::move(failure_);
-            case Step::next:
+            case Step::Next:
                 failure_ = {};
                 break;
         }
@@ -85,7 +85,7 @@ void RouteExpansion::keep(std::string message, std::string_view word) {
 RouteExpansion::Step RouteExpansion::fail(std::string message) {
     failure_ = {};
     keep(std::move(message), words_[current_]);
-    return Step::failed;
+    return Step::Failed;
 }
 
 RouteExpansion::Step RouteExpansion::takeWord() {
@@ -110,7 +110,7 @@ RouteExpansion::Step RouteExpansion::takeWord() {
                                .key = std::string(word.ident),
                                .altitudeFt = word.altitudeFt,
                                .record = std::move(record)});
-    return Step::next;
+    return Step::Next;
 }
 
 RouteExpansion::Step RouteExpansion::takeAirway(std::string_view name) {
@@ -133,11 +133,11 @@ RouteExpansion::Step RouteExpansion::takeAirway(std::string_view name) {
     }
     for (const Segment& segment : found->second) {
         const Step step = takeSegment(airway, segment);
-        if (step != Step::notHere) {
+        if (step != Step::NotHere) {
             return step;
         }
     }
-    return Step::notHere;
+    return Step::NotHere;
 }
 
 bool RouteExpansion::lookAround(Airway& airway) {
@@ -161,20 +161,20 @@ RouteExpansion::Step RouteExpansion::takeSegment(const Airway& airway, const Seg
     const auto entry = indexOf(segment, airway.entry);
     if (!entry) {
         keep(missingFix(airway.entry, airway.name), words_[current_]);
-        return Step::notHere;
+        return Step::NotHere;
     }
     const auto exit = indexOf(segment, airway.exit);
     if (!exit && airway.nextAirway == nullptr) {
         keep(missingFix(airway.exit, airway.name), words_[current_]);
-        return Step::notHere;
+        return Step::NotHere;
     }
     const Records places = placesOf(airway, segment, *entry, exit);
     if (!exit) {
         if (join(airway, segment, places, *entry)) {
-            return Step::done;
+            return Step::Done;
         }
         keep(missingFix(airway.exit, airway.name), words_[current_]);
-        return Step::notHere;
+        return Step::NotHere;
     }
     const Stretch stretch{.segment = segment, .places = places, .from = *entry, .to = *exit};
     if (const auto missing = fly(stretch, result_.entries)) {
@@ -182,7 +182,7 @@ RouteExpansion::Step RouteExpansion::takeSegment(const Airway& airway, const Seg
     }
     lookup_.moveTo(result_.entries.back().record->position);
     onAirway_ = places[*exit];
-    return Step::next;
+    return Step::Next;
 }
 
 RouteExpansion::Records RouteExpansion::placesOf(const Airway& airway, Segment segment,

@@ -69,10 +69,10 @@ class RouteExpansion {
     };
 
     enum class Step {
-        next,     ///< the word is done
-        done,     ///< the rest of the route is done as well
-        failed,   ///< the route cannot be expanded
-        notHere,  ///< this piece of the airway does not lead on
+        Next,     ///< the word is Done
+        Done,     ///< the rest of the route is done as well
+        Failed,   ///< the route cannot be expanded
+        NotHere,  ///< this piece of the airway does not lead on
     };
 
     Step takeWord();

@@ -26,12 +26,12 @@ std::string unpackName(PackedName name);
 
 struct FieldEntry {
     PackedName name = 0;
-    FieldType type = FieldType::integer;
+    FieldType type = FieldType::Integer;
     std::uint32_t length = 0;  ///< as declared
     std::uint32_t offset = 0;  ///< in the row
 
     /// Bytes in the row.
-    [[nodiscard]] std::uint32_t width() const { return type == FieldType::bytes ? length : 4; }
+    [[nodiscard]] std::uint32_t width() const { return type == FieldType::Bytes ? length : 4; }
 };
 
 struct TableEntry {

@@ -60,13 +60,13 @@ inline constexpr std::uint8_t kTextMask = 0x7F;
 
 /// What a field's bytes mean.
 enum class FieldType : std::uint32_t {
-    integer = 1,         ///< signed
-    bytes = 2,           ///< as many raw bytes as the field's length
-    text = 3,            ///< offset into the string area
-    degrees = 4,         ///< signed millionths
-    tenThousandths = 5,  ///< signed: frequencies
-    fixed16 = 6,         ///< signed 16.16: magnetic variation
-    markedText = 7,      ///< a text like `text`; the word itself is kept beside it
+    Integer = 1,         ///< signed
+    Bytes = 2,           ///< as many raw bytes as the field's length
+    Text = 3,            ///< offset into the string area
+    Degrees = 4,         ///< signed millionths
+    TenThousandths = 5,  ///< signed: frequencies
+    Fixed16 = 6,         ///< signed 16.16: magnetic variation
+    MarkedText = 7,      ///< a text like `text`; the word itself is kept beside it
 };
 
 inline constexpr double kDegreesUnit = 1e-6;

@@ -39,57 +39,57 @@ namespace korvel {
 
 struct FieldLayout {
     std::string_view name;
-    FieldType type = FieldType::integer;
+    FieldType type = FieldType::Integer;
 };
 
 /// MAG_VAR in degrees, east positive, 1000 for unknown; ELEV in feet or kNoInteger; FLAGS of
 /// AirportFlag.
 inline constexpr std::array kAirportFields{
-    FieldLayout{"ID", FieldType::text},         FieldLayout{"LAT", FieldType::degrees},
-    FieldLayout{"LON", FieldType::degrees},     FieldLayout{"ARPT_ID", FieldType::text},
-    FieldLayout{"MAG_VAR", FieldType::fixed16}, FieldLayout{"ELEV", FieldType::integer},
-    FieldLayout{"NAME", FieldType::text},       FieldLayout{"INFO", FieldType::text},
-    FieldLayout{"FLAGS", FieldType::integer},
+    FieldLayout{"ID", FieldType::Text},         FieldLayout{"LAT", FieldType::Degrees},
+    FieldLayout{"LON", FieldType::Degrees},     FieldLayout{"ARPT_ID", FieldType::Text},
+    FieldLayout{"MAG_VAR", FieldType::Fixed16}, FieldLayout{"ELEV", FieldType::Integer},
+    FieldLayout{"NAME", FieldType::Text},       FieldLayout{"INFO", FieldType::Text},
+    FieldLayout{"FLAGS", FieldType::Integer},
 };
 
 /// FREQ in MHz of a VOR, kHz of an NDB. TYPE: see PlaceType.
 inline constexpr std::array kNavaidFields{
-    FieldLayout{"ID", FieldType::text},
-    FieldLayout{"LAT", FieldType::degrees},
-    FieldLayout{"LON", FieldType::degrees},
-    FieldLayout{"TYPE", FieldType::integer},
-    FieldLayout{"FREQ", FieldType::tenThousandths},
-    FieldLayout{"NAME", FieldType::text},
+    FieldLayout{"ID", FieldType::Text},
+    FieldLayout{"LAT", FieldType::Degrees},
+    FieldLayout{"LON", FieldType::Degrees},
+    FieldLayout{"TYPE", FieldType::Integer},
+    FieldLayout{"FREQ", FieldType::TenThousandths},
+    FieldLayout{"NAME", FieldType::Text},
 };
 
 inline constexpr std::array kFixFields{
-    FieldLayout{"ID", FieldType::text},
-    FieldLayout{"LAT", FieldType::degrees},
-    FieldLayout{"LON", FieldType::degrees},
-    FieldLayout{"TYPE", FieldType::integer},
+    FieldLayout{"ID", FieldType::Text},
+    FieldLayout{"LAT", FieldType::Degrees},
+    FieldLayout{"LON", FieldType::Degrees},
+    FieldLayout{"TYPE", FieldType::Integer},
 };
 
 inline constexpr std::array kAirwayFields{
-    FieldLayout{"ID", FieldType::text},
-    FieldLayout{"ROUTE", FieldType::text},
+    FieldLayout{"ID", FieldType::Text},
+    FieldLayout{"ROUTE", FieldType::Text},
 };
 
 /// LENGTH and WIDTH in feet; ID is the end's designator ("09L"); MAG_HDG in whole degrees, ELEV
 /// in feet, LAT and LON: kNoInteger as stored for unknown; PATTERN 'L', 'R' or 0 for unknown.
 inline constexpr std::array kRunwayEndFields{
-    FieldLayout{"ARPT_ID", FieldType::text},   FieldLayout{"RWY", FieldType::integer},
-    FieldLayout{"LENGTH", FieldType::integer}, FieldLayout{"WIDTH", FieldType::integer},
-    FieldLayout{"SURFACE", FieldType::text},   FieldLayout{"INFO", FieldType::text},
-    FieldLayout{"ID", FieldType::text},        FieldLayout{"MAG_HDG", FieldType::integer},
-    FieldLayout{"LAT", FieldType::degrees},    FieldLayout{"LON", FieldType::degrees},
-    FieldLayout{"ELEV", FieldType::integer},   FieldLayout{"PATTERN", FieldType::integer},
+    FieldLayout{"ARPT_ID", FieldType::Text},   FieldLayout{"RWY", FieldType::Integer},
+    FieldLayout{"LENGTH", FieldType::Integer}, FieldLayout{"WIDTH", FieldType::Integer},
+    FieldLayout{"SURFACE", FieldType::Text},   FieldLayout{"INFO", FieldType::Text},
+    FieldLayout{"ID", FieldType::Text},        FieldLayout{"MAG_HDG", FieldType::Integer},
+    FieldLayout{"LAT", FieldType::Degrees},    FieldLayout{"LON", FieldType::Degrees},
+    FieldLayout{"ELEV", FieldType::Integer},   FieldLayout{"PATTERN", FieldType::Integer},
 };
 
 /// TYPE is a text such as "TWR"; FREQ in MHz.
 inline constexpr std::array kCommFields{
-    FieldLayout{"ARPT_ID", FieldType::text},
-    FieldLayout{"TYPE", FieldType::text},
-    FieldLayout{"FREQ", FieldType::tenThousandths},
+    FieldLayout{"ARPT_ID", FieldType::Text},
+    FieldLayout{"TYPE", FieldType::Text},
+    FieldLayout{"FREQ", FieldType::TenThousandths},
 };
 
 inline constexpr std::array kCellFields{
@@ -104,12 +104,12 @@ inline constexpr std::int32_t kNoInteger = std::numeric_limits<std::int32_t>::mi
 
 /// Low four bits of TYPE; the high four of the low byte are the usage (see NavaidRecord.h).
 enum class PlaceType : std::uint8_t {
-    vor = 0,
-    vorDme = 1,
-    vortac = 2,
-    ndb = 3,
-    ndbDme = 4,
-    fix = 5
+    Vor = 0,
+    VorDme = 1,
+    Vortac = 2,
+    Ndb = 3,
+    NdbDme = 4,
+    Fix = 5
 };
 
 /// Bits of an airport's FLAGS.

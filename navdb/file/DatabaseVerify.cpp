@@ -62,7 +62,7 @@ class IndexWalk {
     [[nodiscard]] bool textsAreInside() const {
         return std::all_of(
             index_.table->fields.begin(), index_.table->fields.end(), [this](const auto& field) {
-                if (field.type != FieldType::text && field.type != FieldType::markedText) {
+                if (field.type != FieldType::Text && field.type != FieldType::MarkedText) {
                     return true;
                 }
                 const auto offset = static_cast<std::uint32_t>(rows_.word(&field).value_or(0));

@@ -12,7 +12,7 @@ struct Printer {
 
     std::string operator()(std::int32_t value) const { return formatInt(value); }
     std::string operator()(double value) const {
-        return formatFixed(value, type == FieldType::tenThousandths ? 4 : 6);
+        return formatFixed(value, type == FieldType::TenThousandths ? 4 : 6);
     }
     std::string operator()(const std::string& text) const { return text; }
     std::string operator()(const MarkedText& marked) const { return marked.text; }

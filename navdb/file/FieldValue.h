@@ -18,7 +18,7 @@ struct MarkedText {
 
 /// One decoded field of a row. Numbers come scaled: degrees, MHz or kHz, degrees of variation.
 struct FieldValue {
-    FieldType type = FieldType::integer;
+    FieldType type = FieldType::Integer;
     std::variant<std::int32_t, std::vector<std::uint8_t>, std::string, double, MarkedText> content;
 
     /// A byte block as "%02x " for each byte, degrees with six decimals.

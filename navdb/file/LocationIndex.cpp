@@ -28,8 +28,8 @@ std::optional<LocationIndex> LocationIndex::open(const DatabaseFile& file, std::
         return std::nullopt;
     }
     LocationIndex location(file, *index, rows);
-    if (location.lat_ == nullptr || location.lat_->type != FieldType::degrees ||
-        location.lon_ == nullptr || location.lon_->type != FieldType::degrees) {
+    if (location.lat_ == nullptr || location.lat_->type != FieldType::Degrees ||
+        location.lon_ == nullptr || location.lon_->type != FieldType::Degrees) {
         return std::nullopt;
     }
     if (const IndexEntry* const runs = file.index("CellRun"); runs != nullptr) {

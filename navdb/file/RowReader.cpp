@@ -15,11 +15,11 @@ constexpr std::size_t kMostRemembered = 4096;
 /// What one unit of a stored integer is worth.
 double unitOf(FieldType type) {
     switch (type) {
-        case FieldType::degrees:
+        case FieldType::Degrees:
             return kDegreesUnit;
-        case FieldType::tenThousandths:
+        case FieldType::TenThousandths:
             return kTenThousandthsUnit;
-        case FieldType::fixed16:
+        case FieldType::Fixed16:
             return kFixed16Unit;
         default:
             return 1.0;
@@ -55,7 +55,7 @@ bool RowReader::load(const TableEntry& table, std::uint64_t position) {
 }
 
 std::optional<std::int32_t> RowReader::word(const FieldEntry* field) const {
-    if (field == nullptr || field->type == FieldType::bytes) {
+    if (field == nullptr || field->type == FieldType::Bytes) {
         return std::nullopt;
     }
     return loadI32(row_, field->offset);
@@ -79,10 +79,10 @@ void RowReader::text(const FieldEntry* field, std::string& text) {
     if (field == nullptr) {
         return;
     }
-    if (field->type == FieldType::bytes) {
+    if (field->type == FieldType::Bytes) {
         const auto bytes = std::span(row_).subspan(field->offset, field->length);
         text.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), std::uint8_t{0}));
-    } else if (field->type == FieldType::text || field->type == FieldType::markedText) {
+    } else if (field->type == FieldType::Text || field->type == FieldType::MarkedText) {
         readText(loadU32(row_, field->offset), text);
     }
 }
@@ -90,26 +90,26 @@ void RowReader::text(const FieldEntry* field, std::string& text) {
 void RowReader::fill(const FieldEntry& field, std::span<const std::uint8_t> bytes,
                      FieldValue& value) {
     switch (field.type) {
-        case FieldType::bytes:
+        case FieldType::Bytes:
             reuse<std::vector<std::uint8_t>>(value, field.type).assign(bytes.begin(), bytes.end());
             break;
-        case FieldType::text:
+        case FieldType::Text:
             readText(loadU32(bytes, 0), reuse<std::string>(value, field.type));
             break;
-        case FieldType::degrees:
-        case FieldType::tenThousandths:
-        case FieldType::fixed16:
+        case FieldType::Degrees:
+        case FieldType::TenThousandths:
+        case FieldType::Fixed16:
             reuse<double>(value, field.type) = loadI32(bytes, 0) * unitOf(field.type);
             break;
-        case FieldType::markedText: {
+        case FieldType::MarkedText: {
             auto& marked = reuse<MarkedText>(value, field.type);
             marked.word = loadU32(bytes, 0);
             readText(marked.word, marked.text);
             break;
         }
-        case FieldType::integer:
+        case FieldType::Integer:
         default:
-            reuse<std::int32_t>(value, FieldType::integer) = loadI32(bytes, 0);
+            reuse<std::int32_t>(value, FieldType::Integer) = loadI32(bytes, 0);
             break;
     }
 }
@@ -133,7 +133,7 @@ std::optional<FieldValue> RowReader::readNamedField(std::string_view name) {
             fill(field, std::span(row_).subspan(offset, field.width()), value);
             return value;
         }
-        offset += field.type == FieldType::text ? field.length : 4;
+        offset += field.type == FieldType::Text ? field.length : 4;
     }
     return std::nullopt;
 }
@@ -153,7 +153,7 @@ std::optional<std::int32_t> RowReader::peek(const IndexEntry& index, std::uint32
 
 int RowReader::compare(const IndexEntry& index, std::uint32_t row, const FieldEntry& field,
                        std::string_view key) {
-    if (field.type == FieldType::bytes) {
+    if (field.type == FieldType::Bytes) {
         std::string block;
         if (load(index, row)) {
             text(&field, block);

@@ -80,14 +80,14 @@ KindMask kindOfRow(const RowReader& row, const PlaceFields& fields) {
         return kAirportKind;
     }
     switch (static_cast<PlaceType>(static_cast<unsigned>(*type) & kTypeMask)) {
-        case PlaceType::vor:
-        case PlaceType::vorDme:
-        case PlaceType::vortac:
+        case PlaceType::Vor:
+        case PlaceType::VorDme:
+        case PlaceType::Vortac:
             return kVorKind;
-        case PlaceType::ndb:
-        case PlaceType::ndbDme:
+        case PlaceType::Ndb:
+        case PlaceType::NdbDme:
             return kNdbKind;
-        case PlaceType::fix:
+        case PlaceType::Fix:
             return kFixKind;
         default:
             return 0;

@@ -40,7 +40,7 @@ void UserDatabaseReader::readLines(const RandomAccessFile& file) {
     for (std::uint64_t at = 0; at < size;) {
         const std::size_t count = file.readAt(at, block);
         if (count == 0) {
-            logLine("File read error", Severity::error);
+            logLine("File read error", Severity::Error);
             break;
         }
         for (const std::uint8_t byte : std::span(block).first(count)) {
@@ -56,19 +56,19 @@ void UserDatabaseReader::readLines(const RandomAccessFile& file) {
     }
     takeLine(line);
     if (airportIsOpen_ || navaidIsOpen_) {
-        logLine("File ended before record-end.", Severity::error);
+        logLine("File ended before record-end.", Severity::Error);
     }
 }
 
 void UserDatabaseReader::takeLine(std::string_view line) {
     if (const std::string message = ParseLine(line); !message.empty()) {
-        logLine(message, Severity::error);
+        logLine(message, Severity::Error);
     }
 }
 
 void UserDatabaseReader::logLine(std::string_view message, Severity severity) {
     std::string text = "  Line " + std::to_string(lineNumber_);
-    text += severity == Severity::error ? ": ERROR " : ": WARNING ";
+    text += severity == Severity::Error ? ": ERROR " : ": WARNING ";
     text += message;
     report_.AppendLoadReport(text + "\r\n");
 }
@@ -112,11 +112,11 @@ std::string UserDatabaseReader::takeField(std::string_view line) {
 void UserDatabaseReader::finishOpenRecord() {
     if (airportIsOpen_) {
         endAirport();
-        logLine("Airport end-line not found", Severity::error);
+        logLine("Airport end-line not found", Severity::Error);
     }
     if (navaidIsOpen_) {
         endNavaid();
-        logLine("Navaid end-line not found", Severity::error);
+        logLine("Navaid end-line not found", Severity::Error);
     }
 }
 

@@ -35,8 +35,8 @@ class FieldReader {
         const auto found = fields_.find(key);
         return found == fields_.end() ? std::string_view{} : std::string_view(found->second);
     }
-    void error(std::string_view message) const { log_(message, Severity::error); }
-    void warning(std::string_view message) const { log_(message, Severity::warning); }
+    void error(std::string_view message) const { log_(message, Severity::Error); }
+    void warning(std::string_view message) const { log_(message, Severity::Warning); }
 
     /// False, after an error, when the record lacks the field.
     [[nodiscard]] bool require(std::string_view key) const {
@@ -59,7 +59,7 @@ class FieldReader {
     }
     [[nodiscard]] std::optional<int> notNegative(std::string_view key,
                                                  std::string_view message) const {
-        const auto number = integer(key, message, Severity::error);
+        const auto number = integer(key, message, Severity::Error);
         if (number && *number < 0) {
             error(message);
             return std::nullopt;
@@ -88,7 +88,7 @@ class FieldReader {
     [[nodiscard]] std::optional<int> elevation(const std::string& key) const {
         constexpr std::string_view kInvalid = "Invalid ELEV.";
         const auto feet =
-            inFeet(integer(key, kInvalid, Severity::warning), isMetric(key + ".UNITS"));
+            inFeet(integer(key, kInvalid, Severity::Warning), isMetric(key + ".UNITS"));
         if (feet && !isAltitude(*feet)) {
             warning(kInvalid);
             return std::nullopt;
@@ -143,7 +143,7 @@ RunwayEnd readEnd(const FieldReader& fields, const std::string& prefix) {
     const auto key = [&prefix](std::string_view name) { return prefix + std::string(name); };
     RunwayEnd end;
     end.id = fields.text(key("ID"));
-    end.magHeadingDeg = fields.integer(key("MAG_HDG"), "Invalid MAG_HDG field.", Severity::warning);
+    end.magHeadingDeg = fields.integer(key("MAG_HDG"), "Invalid MAG_HDG field.", Severity::Warning);
     if (fields.has(key("POSN.LAT")) && fields.has(key("POSN.LON"))) {
         end.position = fields.position(key("POSN.LAT"), key("POSN.LON"));
     }

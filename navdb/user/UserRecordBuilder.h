@@ -14,7 +14,7 @@ namespace korvel {
 /// The key=value lines of one record of a user database; values are never empty.
 using UserFields = std::map<std::string, std::string, std::less<>>;
 
-enum class Severity { error, warning };
+enum class Severity { Error, Warning };
 
 /// Gets the messages about the record that is being built.
 using MessageSink = std::function<void(std::string_view message, Severity severity)>;

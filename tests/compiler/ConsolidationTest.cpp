@@ -21,16 +21,16 @@ const SourceFix* findFix(const AviationData& data, std::string_view ident) {
 
 TEST(Consolidation, ShowsAStationAndItsDmeAsOne) {
     AviationData data;
-    data.navaids = {navaid(NavaidKind::dmeOnly, "OSN", {52.2, 8.2}), navaid(NavaidKind::vor, "OSN", {52.201, 8.201}),
-        navaid(NavaidKind::ndb, "RK", {50.0, 8.0}), navaid(NavaidKind::dmeOnly, "RK", {50.001, 8.0}),
-        navaid(NavaidKind::vortac, "SEA", {47.4, -122.3}), navaid(NavaidKind::dmeOnly, "SEA", {47.4, -122.3}),
-        navaid(NavaidKind::vor, "OSN", {10.0, 8.2}),     // a namesake
-        navaid(NavaidKind::vor, "SEA", {47.4, -122.3}),  // given twice
-        navaid(NavaidKind::dmeOnly, "LCH", {48.2, 10.9})};
+    data.navaids = {navaid(NavaidKind::DmeOnly, "OSN", {52.2, 8.2}), navaid(NavaidKind::Vor, "OSN", {52.201, 8.201}),
+        navaid(NavaidKind::Ndb, "RK", {50.0, 8.0}), navaid(NavaidKind::DmeOnly, "RK", {50.001, 8.0}),
+        navaid(NavaidKind::Vortac, "SEA", {47.4, -122.3}), navaid(NavaidKind::DmeOnly, "SEA", {47.4, -122.3}),
+        navaid(NavaidKind::Vor, "OSN", {10.0, 8.2}),     // a namesake
+        navaid(NavaidKind::Vor, "SEA", {47.4, -122.3}),  // given twice
+        navaid(NavaidKind::DmeOnly, "LCH", {48.2, 10.9})};
     ImportLog log;
     consolidate(data, log);
     const std::pair<const char*, NavaidKind> left[] = {
-        {"OSN", NavaidKind::vorDme}, {"RK", NavaidKind::ndbDme}, {"SEA", NavaidKind::vortac}, {"OSN", NavaidKind::vor}};
+        {"OSN", NavaidKind::VorDme}, {"RK", NavaidKind::NdbDme}, {"SEA", NavaidKind::Vortac}, {"OSN", NavaidKind::Vor}};
     ASSERT_EQ(data.navaids.size(), std::size(left));
     for (std::size_t i = 0; i < std::size(left); ++i) {
         EXPECT_EQ(data.navaids[i].ident, left[i].first);
@@ -42,7 +42,7 @@ TEST(Consolidation, ShowsAStationAndItsDmeAsOne) {
 
 TEST(Consolidation, GivesFixesTheUsageOfTheirAirwaysAndAirwaysTheirFixes) {
     AviationData data;
-    data.navaids = {navaid(NavaidKind::vor, "VOR", {50.0, 8.0}), navaid(NavaidKind::dmeOnly, "TAC", {50.0, 9.0})};
+    data.navaids = {navaid(NavaidKind::Vor, "VOR", {50.0, 8.0}), navaid(NavaidKind::DmeOnly, "TAC", {50.0, 9.0})};
     data.fixes = {fix("LOW", {50.0, 8.5}), fix("BOTH", {50.0, 8.6}), fix("OFF", {51.0, 8.0}),
         fix("LOW", {10.0, 8.5}),  // a namesake far away
         fix("VRP", {50.0, 8.8}, kUsageVisual)};
@@ -71,8 +71,8 @@ TEST(Consolidation, FindsAirwayPointsByRegionWhereNoPositionIsGiven) {
     data.fixes = {fix("ABBEY", {40.0, 8.0}, kUsageTerminal, "LI"), fix("ABBEY", {52.0, 8.0}, kUsageTerminal, "ED"),
         fix("ABBEY", {52.0, 8.0}, std::nullopt, "ED"),  // used en route as well
         fix("ENRTE", {53.0, 8.0}, std::nullopt, "ED")};
-    const auto abbey = data.airways.pointIn("ABBEY", "ED", AirwayPointType::fix);
-    const auto gone = data.airways.pointIn("GONE", "ED", AirwayPointType::fix);
+    const auto abbey = data.airways.pointIn("ABBEY", "ED", AirwayPointType::Fix);
+    const auto gone = data.airways.pointIn("GONE", "ED", AirwayPointType::Fix);
     data.airways.markUse(abbey, true);
     data.airways.addSegment("L1", abbey, gone);
     ImportLog log;
@@ -97,9 +97,9 @@ TEST(Consolidation, KeepsTheFirstOfAirportsOfOneIdentifier) {
 }
 
 TEST(VariationField, TakesTheNearestStationThatKnowsIt) {
-    const std::vector<SourceNavaid> stations{navaid(NavaidKind::vor, "SEA", {47.4, -122.3}, 19.0),
-        navaid(NavaidKind::vor, "BOS", {42.3, -71.0}, -16.0), navaid(NavaidKind::vor, "ZERO", {42.4, -71.1}, 0.0),
-        navaid(NavaidKind::vor, "NONE", {47.5, -122.3}), navaid(NavaidKind::vor, "FIJI", {-17.0, 179.8}, 12.5)};
+    const std::vector<SourceNavaid> stations{navaid(NavaidKind::Vor, "SEA", {47.4, -122.3}, 19.0),
+        navaid(NavaidKind::Vor, "BOS", {42.3, -71.0}, -16.0), navaid(NavaidKind::Vor, "ZERO", {42.4, -71.1}, 0.0),
+        navaid(NavaidKind::Vor, "NONE", {47.5, -122.3}), navaid(NavaidKind::Vor, "FIJI", {-17.0, 179.8}, 12.5)};
     const VariationField field(stations);
     EXPECT_EQ(field.at({47.5, -122.3}), 19.0);
     EXPECT_EQ(field.at({42.4, -71.1}), -16.0);

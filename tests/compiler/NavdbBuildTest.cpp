@@ -72,11 +72,11 @@ TEST_F(NavdbBuild, LeavesAnExistingDatabaseAloneWhenItsSourcesAreRefused) {
     EXPECT_EQ(build(), "File Open Error: " + options_.apt.string());
     options_.apt = put("apt.dat", "nothing of the kind\n");
     EXPECT_EQ(build(), "apt.dat: not an X-Plane data file");
-    options_.source = NavdbSource::ourAirports;
+    options_.source = NavdbSource::OurAirports;
     options_.folder = folder_.path();
     EXPECT_EQ(build(), "File Open Error: " + (folder_ / "airports.csv").string());
     EXPECT_EQ(readWholeFile(options_.output), "as it was");
-    options_.source = NavdbSource::xplane;
+    options_.source = NavdbSource::Xplane;
     options_.apt.clear();
     options_.fix = put("fix.dat", oneFix("600 Version"));
     options_.output = folder_ / "no folder/out.ng2";
@@ -84,7 +84,7 @@ TEST_F(NavdbBuild, LeavesAnExistingDatabaseAloneWhenItsSourcesAreRefused) {
 }
 
 TEST_F(NavdbBuild, CompilesOurAirportsTables) {
-    options_.source = NavdbSource::ourAirports;
+    options_.source = NavdbSource::OurAirports;
     options_.folder = folder_.path();
     put("airports.csv",
         "ident,type,name,latitude_deg,longitude_deg,elevation_ft\n"

@@ -25,9 +25,9 @@ std::uint32_t sumOf(std::string_view bytes) {
     return sum;
 }
 
-constexpr std::array kTinyFields{FieldLayout{"ID", FieldType::text}, FieldLayout{"LAT", FieldType::degrees},
-    FieldLayout{"MAG_VAR", FieldType::fixed16}, FieldLayout{"FREQ", FieldType::tenThousandths},
-    FieldLayout{"ELEV", FieldType::integer}};
+constexpr std::array kTinyFields{FieldLayout{"ID", FieldType::Text}, FieldLayout{"LAT", FieldType::Degrees},
+    FieldLayout{"MAG_VAR", FieldType::Fixed16}, FieldLayout{"FREQ", FieldType::TenThousandths},
+    FieldLayout{"ELEV", FieldType::Integer}};
 
 // One table of five fields, one index of two rows, no grid. By hand: header 64; table entry
 // 8 + 4 + 4 + 5 x 16 + 4 = 100 and an end of 8; index entry 20 and an end of 8; strings "", "B",

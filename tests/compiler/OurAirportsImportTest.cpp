@@ -85,12 +85,12 @@ TEST_F(OurAirports, AttachesRunwaysAndFrequenciesToTheirAirports) {
 
     const auto& hospital = in_.data.airports[1];
     EXPECT_EQ(hospital.ident, "6OH7") << "the code that pilots know, not the table's number";
-    EXPECT_EQ(hospital.kind, AirportKind::heliport);
+    EXPECT_EQ(hospital.kind, AirportKind::Heliport);
     EXPECT_TRUE(hospital.isPrivate);
     EXPECT_FALSE(hospital.elevationFt);
     EXPECT_EQ(hospital.info, "Mercy Hospital, \"North\" Pad, Columbus");
     ASSERT_EQ(hospital.runways.size(), 1U);
-    EXPECT_EQ(in_.data.airports[2].kind, AirportKind::seaplane);
+    EXPECT_EQ(in_.data.airports[2].kind, AirportKind::Seaplane);
     EXPECT_EQ(in_.log.omitted("closed airports"), 1U);
     EXPECT_EQ(in_.log.omitted("closed runways"), 1U);
     EXPECT_EQ(in_.log.omitted("balloon ports"), 1U);
@@ -102,7 +102,7 @@ TEST_F(OurAirports, ReadsNavaidsWithTheirUsage) {
     ASSERT_EQ(import_.importNavaids(table("navaids.csv", kNavaids)), "");
     ASSERT_EQ(in_.data.navaids.size(), 3U);
     const auto& lax = in_.data.navaids[0];
-    EXPECT_EQ(lax.kind, NavaidKind::vortac);
+    EXPECT_EQ(lax.kind, NavaidKind::Vortac);
     EXPECT_NEAR(lax.frequency, 113.6, 1e-9);
     EXPECT_EQ(lax.usage, kUsageBoth);
     EXPECT_EQ(lax.variation, 15.001);
@@ -111,7 +111,7 @@ TEST_F(OurAirports, ReadsNavaidsWithTheirUsage) {
     EXPECT_EQ(aalborg.frequency, 398.0);
     EXPECT_EQ(aalborg.usage, kUsageLow);
     EXPECT_EQ(aalborg.variation, 2.1);
-    EXPECT_EQ(in_.data.navaids[2].kind, NavaidKind::dmeOnly);
+    EXPECT_EQ(in_.data.navaids[2].kind, NavaidKind::DmeOnly);
     EXPECT_EQ(
         in_.reported, (std::vector<std::string>{"navaids.csv:5: navaid without type, position, frequency or identifier",
                           "navaids.csv:6: frequency out of range"}));

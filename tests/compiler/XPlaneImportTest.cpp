@@ -76,12 +76,12 @@ TEST(XPlaneAirports, ReadsRunwaysFrequenciesAndMetadataOfAllVersions) {
         EXPECT_NEAR(sea.comms[i].freqMhz, comms[i].second, 1e-9);
     }
     const auto& lake = in.data.airports[1];
-    EXPECT_EQ(lake.kind, AirportKind::seaplane);
+    EXPECT_EQ(lake.kind, AirportKind::Seaplane);
     EXPECT_EQ(lake.name, "Kenmore Air Harbor Seaplane Base");
     EXPECT_EQ(lake.info, lake.name);  // 20 characters are shown of the name
     EXPECT_EQ(lake.runways.at(0).surface, "WATER");
     const auto& pad = in.data.airports[2];
-    EXPECT_EQ(pad.kind, AirportKind::heliport);
+    EXPECT_EQ(pad.kind, AirportKind::Heliport);
     EXPECT_EQ(pad.runways.at(0).ends[0].headingTrue, 90.08);
     EXPECT_EQ(pad.runways.at(0).lengthFt, 66);
     const auto& strip = in.data.airports[3];
@@ -124,19 +124,19 @@ TEST(XPlaneAirports, SkipsMalformedLinesAndTheRowsOfARefusedAirport) {
 TEST(XPlaneNavaids, ReadsBothColumnLayouts) {
     const std::tuple<const char*, const char*, SourceNavaid> cases[] = {
         {"810", "3  47.43538889 -122.30961111    354 11680 130   19.0 SEA  SEATTLE VORTAC",
-            {NavaidKind::vortac, "SEA", "SEATTLE", "", {47.43538889, -122.30961111}, 116.8, kUsageBoth, 19.0}},
+            {NavaidKind::Vortac, "SEA", "SEATTLE", "", {47.43538889, -122.30961111}, 116.8, kUsageBoth, 19.0}},
         {"810", "3  42.35744444 -070.98955556     20 11270  40  -16.0 BOS  BOSTON VOR-DME",
-            {NavaidKind::vorDme, "BOS", "BOSTON", "", {42.35744444, -70.98955556}, 112.7, kUsageLow, -16.0}},
+            {NavaidKind::VorDme, "BOS", "BOSTON", "", {42.35744444, -70.98955556}, 112.7, kUsageLow, -16.0}},
         {"810", "2  38.08777778 -077.32491667      0   396  15    0.0 APH  A P HILL NDB",
-            {NavaidKind::ndb, "APH", "A P HILL", "", {38.08777778, -77.32491667}, 396.0, kUsageTerminal, {}}},
+            {NavaidKind::Ndb, "APH", "A P HILL", "", {38.08777778, -77.32491667}, 396.0, kUsageTerminal, {}}},
         {"1100", "2  57.1 9.6 0 398 75 0.0 GL   ENRT EK AALBORG NDB/DME",
-            {NavaidKind::ndbDme, "GL", "AALBORG", "EK", {57.1, 9.6}, 398.0, kUsageBoth, {}}},
+            {NavaidKind::NdbDme, "GL", "AALBORG", "EK", {57.1, 9.6}, 398.0, kUsageBoth, {}}},
         {"1150", " 3  52.2  8.2 0 11430 25 1.000  OSN ENRT ED OSNABRUECK VOR",
-            {NavaidKind::vor, "OSN", "OSNABRUECK", "ED", {52.2, 8.2}, 114.3, kUsageTerminal, 1.0}},
+            {NavaidKind::Vor, "OSN", "OSNABRUECK", "ED", {52.2, 8.2}, 114.3, kUsageTerminal, 1.0}},
         {"1200", "12 52.2 8.2 0 11430 25 0.0 OSN ENRT ED OSNABRUECK DME",
-            {NavaidKind::dmeOnly, "OSN", "OSNABRUECK", "ED", {52.2, 8.2}, 114.3, kUsageTerminal, {}}},
+            {NavaidKind::DmeOnly, "OSN", "OSNABRUECK", "ED", {52.2, 8.2}, 114.3, kUsageTerminal, {}}},
         {"1200", "13 52.2 8.2 0 13310 25 0.0 LCH ENRT ED LECHFELD TACAN",
-            {NavaidKind::dmeOnly, "LCH", "LECHFELD", "ED", {52.2, 8.2}, 133.1, kUsageTerminal, {}}},
+            {NavaidKind::DmeOnly, "LCH", "LECHFELD", "ED", {52.2, 8.2}, 133.1, kUsageTerminal, {}}},
     };
     for (const auto& [version, line, navaid] : cases) {
         Imported in;
@@ -227,9 +227,9 @@ TEST(XPlaneAirways, ReadsBothColumnLayouts) {
         "ABBEY ED 12   RK  ED  2 F 2   245   660 L602\n");
     EXPECT_EQ(now.reported, Lines{"in.dat:5: not two points, a level of 1 or 2 and a name"});
     ASSERT_EQ(now.data.airways.points().size(), 3U);
-    EXPECT_EQ(now.data.airways.points()[0].type, AirwayPointType::vhf);
+    EXPECT_EQ(now.data.airways.points()[0].type, AirwayPointType::Vhf);
     EXPECT_EQ(now.data.airways.points()[1].region, "ED");
-    EXPECT_EQ(now.data.airways.points()[2].type, AirwayPointType::ndb);
+    EXPECT_EQ(now.data.airways.points()[2].type, AirwayPointType::Ndb);
     EXPECT_EQ(now.data.airways.airways().find("L602")->second.size(), 2U);
     EXPECT_EQ(now.data.cycle->yycc(), 1802);
 }
