@@ -144,6 +144,24 @@ void Track::anchor(Recording& recording, std::int64_t notBeforeS) const {
     recording.anchorTickMs_ = clock_.tickMs();
 }
 
+void Track::setPendingBreak() {
+    const auto recording = recording_.lock();
+    // Behind a break there is nothing to join.
+    recording->breakPending_ = recording->slots.empty() || recording->slots.back().has_value();
+}
+
+std::size_t Track::returnToTimeOfDay() {
+    const auto recording = recording_.lock();
+    auto& slots = recording->slots;
+    recording->breakPending_ = false;
+    anchor(*recording, recording->baseS);
+    if (slots.empty() || !slots.back().has_value()) {
+        return 0;
+    }
+    slots.emplace_back();
+    return 1;
+}
+
 std::size_t Track::AddTrackPoint(GeoPoint position, std::int32_t groundSpeedKt,
                                  std::int32_t trackDeg, std::int32_t altitudeFt) {
     if (!IsValid(position)) {

@@ -57,7 +57,12 @@ class Track {
                               std::int32_t altitudeFt);
 
     /// The next point will not be joined to the last one.
-    void setPendingBreak() { recording_.lock()->breakPending_ = true; }
+    void setPendingBreak();
+
+    /// Breaks the track and counts the time from the time of day again: for when the ticks have run
+    /// ahead of it. The next point may be earlier than the last one. Returns how many slots were
+    /// appended, 0 or 1.
+    std::size_t returnToTimeOfDay();
 
     /// Replaces `text` by the text form. Always true: every recording has one.
     bool WriteTrackText(std::string& text) const;

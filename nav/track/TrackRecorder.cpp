@@ -44,6 +44,14 @@ void TrackRecorder::breakHere() {
     }
 }
 
+void TrackRecorder::returnToTimeOfDay() {
+    if (const auto track = track_.lock(); *track) {
+        if (const std::size_t added = (*track)->returnToTimeOfDay(); added != 0) {
+            journal_.append((*track)->lastLines(added));
+        }
+    }
+}
+
 std::string TrackRecorder::saveTrack(const std::filesystem::path& path) const {
     const std::shared_ptr<const Track> saved = track();
     std::string lines;

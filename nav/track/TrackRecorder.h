@@ -26,6 +26,9 @@ class TrackRecorder {
                std::int32_t altitudeFt);
     /// The next point is not joined to the last one.
     void breakHere();
+    /// The next point is not joined to the last one either, and has the time of day, from which the
+    /// ticks have run away.
+    void returnToTimeOfDay();
 
     /// Both return the message for the pilot, empty on success. A file that is not a track leaves
     /// no track at all.
