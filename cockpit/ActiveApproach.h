@@ -19,8 +19,8 @@ struct CockpitData;
 class DatabaseRecord;
 struct Settings;
 
-/// The document's approach: reads the runways, decides with ApproachMode which one is flown to, and
-/// puts its figures in the place of the leg's. Main thread only.
+/// The approach that is flown: reads the runways, decides with ApproachMode which one is flown to,
+/// and puts its figures in the place of the leg's. Main thread only.
 class ActiveApproach {
  public:
     explicit ActiveApproach(NavDatabase& database) : database_(database) {}
@@ -35,6 +35,9 @@ class ActiveApproach {
     /// that has any. The one to be reached with the least turning comes first. Empty when there is
     /// none near.
     [[nodiscard]] std::vector<LandingRunway> offered(GeoPoint position) const;
+
+    /// To be called when other databases have come into use: they may know other runways.
+    void forget() { destinationKey_.clear(); }
 
     ApproachMode& mode() { return mode_; }
     [[nodiscard]] const ApproachMode& mode() const { return mode_; }

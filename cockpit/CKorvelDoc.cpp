@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "cockpit/FlightData.h"
 #include "config/Text.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
@@ -40,8 +41,9 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
       gpsPort_(foundations.openDevice, foundations.clock),
       gyroPort_(foundations.openDevice, foundations.clock),
       monitor_({gpsPort_, gyroPort_, *this, input_, *this, foundations.profile, foundations.clock}),
-      flight_(foundations.clock, foundations.folder),
-      userFixes_(profile_, flight_),
+      charts_(foundations.clock, foundations.folder),
+      flight_({foundations.clock, charts_.database(), charts_.userRecords(), foundations.folder}),
+      userFixes_(profile_, charts_, flight_.plan()),
       portFromScan_(foundations.profile.getInt(kOptionsSection, kPortScanned, 0) != 0),
       lastConnectedMs_(foundations.clock.tickMs()) {
     monitor_.choosePort(portChoice(settings_.port));
@@ -53,7 +55,24 @@ CKorvelDoc::~CKorvelDoc() {
     gyroPort_.close();
 }
 
+void CKorvelDoc::loadDatabases(std::span<const std::filesystem::path> folders) {
+    charts_.load(folders);
+    forgetDatabases();
+}
+
+/// What was found in the former ones goes.
+void CKorvelDoc::forgetDatabases() {
+    nearAirports_.forget();
+    flight_.approach().forget();
+    if (onOtherDatabases) {
+        onOtherDatabases();
+    }
+}
+
 void CKorvelDoc::tick() {
+    if (charts_.takeLoaded()) {
+        forgetDatabases();
+    }
     monitor_.gpsTick();
     openGyroPort();
     status_ = monitor_.connectionStatus(true);
@@ -65,6 +84,8 @@ void CKorvelDoc::tick() {
         beforeNavigation();
     }
     flight_.tick(settings_, variation(), aircraft);
+    nearAirports_.update(charts_.database(), flight_.navigation().present().position, settings_,
+                         variation());
     flight_.refresh();
     CockpitData data = collectData();
     attitude_.update(data, flight_.tickMs());
@@ -155,7 +176,7 @@ Variation CKorvelDoc::variation() const {
 double CKorvelDoc::databaseVariationDeg() const {
     const GeoPoint here =
         simulatorActive() ? flight_.simulator().position() : input_.store().own().position;
-    return flight_.database().variationAt(here);
+    return charts_.database().variationAt(here);
 }
 
 ActiveNavigation::Aircraft CKorvelDoc::received() {
@@ -190,7 +211,13 @@ CockpitData CKorvelDoc::collectData() {
     data.altUnit = settings_.altUnit;
     data.distanceUnit = distanceUnitOf(settings_.gsUnit);
     collectFix(data);
-    flight_.collect(data, variation());
+    constexpr std::int64_t kSecondsPerDay = 86400;
+    data.utcSecondOfDay = static_cast<int>(clock_.unixSeconds() % kSecondsPerDay);
+    data.databaseNotice = charts_.notice();
+    fillFlightData(data, flight_, variation());
+    if (data.position) {
+        data.nearAirports = nearAirports_.shown();
+    }
     return data;
 }
 

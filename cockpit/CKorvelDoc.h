@@ -4,14 +4,17 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "cockpit/AttitudeModule.h"
+#include "cockpit/Charts.h"
 #include "cockpit/CockpitData.h"
 #include "cockpit/DerivedAttitude.h"
 #include "cockpit/Flight.h"
+#include "cockpit/NearAirportList.h"
 #include "cockpit/UserFixes.h"
 #include "config/ProfileFile.h"
 #include "config/Settings.h"
@@ -57,9 +60,24 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     /// moment for commands that shall count in this very tick.
     std::function<void()> beforeNavigation;
 
-    /// Places, plan, simulator, track. What is done there shows with the next tick.
+    /// Plan, simulator, track. What is done there shows with the next tick.
     Flight& flight() { return flight_; }
     const Flight& flight() const { return flight_; }
+
+    /// Where the simulator is to begin, unless the pilot says otherwise.
+    SimulatorStart simulatorStart() const {
+        return proposedSimulatorStart(settings_, flight_.plan().entries(), charts_.database());
+    }
+
+    /// The databases. What is loaded beside them comes into use at a tick.
+    Charts& charts() { return charts_; }
+    const Charts& charts() const { return charts_; }
+    /// Loads the databases of these folders and returns when they are in use. A plan that is in
+    /// force keeps its places.
+    void loadDatabases(std::span<const std::filesystem::path> folders);
+    /// Called when other databases have come into use: rows found in the former ones mean nothing
+    /// any more.
+    std::function<void()> onOtherDatabases;
 
     /// The points that the pilot has marked.
     UserFixes& userFixes() { return userFixes_; }
@@ -84,6 +102,8 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
 
     /// To be called at each tick while the satellites are looked at.
     void wantSatellites() { input_.satellitesForDisplay(); }
+    /// The same for the nearest airports.
+    void wantNearAirports() { nearAirports_.want(); }
 
     AttitudeModule& attitudeModule() { return attitudeModule_; }
 
@@ -103,6 +123,7 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
         attitudeModule_.processMessage(sentence);
     }
 
+    void forgetDatabases();
     void openGyroPort();
     /// Goes back to scanning when a port that an earlier scan found stays silent.
     void reconsiderPort();
@@ -122,7 +143,9 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     SerialPort gpsPort_;
     SerialPort gyroPort_;
     ConnectionMonitor monitor_;
+    Charts charts_;
     Flight flight_;
+    NearAirportList nearAirports_;
     UserFixes userFixes_;
 
     std::string status_;  // of the connection, empty while there is a fix

@@ -77,10 +77,10 @@ std::string expiryText(std::uint32_t yyyymmdd, const LocalTime& now) {
 
 void addDatabases(std::string& words, const CKorvelDoc& document,
                   std::span<const std::filesystem::path> folders) {
-    const auto& files = document.flight().database().files();
+    const auto& files = document.charts().database().files();
     addLine(words,
             formatText(kConnectedTexts.connectedDatabases, {static_cast<int>(files.size())}));
-    addLine(words, document.flight().databaseNotice());
+    addLine(words, document.charts().notice());
     for (const auto& file : files)
         addLine(words, *file->fileName() + "   " +
                            expiryText(file->header().expiry, document.cockpitData().now));
@@ -90,7 +90,7 @@ void addDatabases(std::string& words, const CKorvelDoc& document,
     for (const std::filesystem::path& folder : folders)
         if (!folder.empty())
             addLine(words, "  " + folder.string());
-    if (const auto& report = document.flight().report().path(); !report.empty()) {
+    if (const auto& report = document.charts().report().path(); !report.empty()) {
         addLine(words, text(kConnectedTexts.connectedReport));
         addLine(words, "  " + report.string());
     }
@@ -113,17 +113,17 @@ std::string connectedText(const CKorvelDoc& document,
 
 std::string loadReportText(const CKorvelDoc& document,
                            std::span<const std::filesystem::path> folders) {
-    const Flight& flight = document.flight();
+    const Charts& charts = document.charts();
     std::string words;
-    if (flight.database().files().empty())
+    if (charts.database().files().empty())
         addLine(words, text(kConnectedTexts.noDatabaseHelp));
-    else if (!flight.databaseNotice().empty())
+    else if (!charts.notice().empty())
         addLine(words, text(kConnectedTexts.oldDatabaseHelp));
     addLine(words, "");
     addDatabases(words, document, folders);
     addLine(words, "");
     addLine(words, text(kConnectedTexts.loadReportLines));
-    return words + flight.report().text();
+    return words + charts.report().text();
 }
 
 }  // namespace korvel

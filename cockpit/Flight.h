@@ -2,80 +2,66 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "cockpit/ActiveApproach.h"
 #include "cockpit/ActivePlan.h"
-#include "cockpit/CockpitData.h"
+#include "cockpit/AlarmWatch.h"
 #include "cockpit/ShiftedClock.h"
-#include "nav/alarms/AlarmBoard.h"
-#include "nav/alarms/FlightAlarms.h"
+#include "cockpit/ShownPlan.h"
+#include "cockpit/SimulatorStart.h"
 #include "nav/leg/ActiveNavigation.h"
 #include "nav/leg/Simulator.h"
 #include "nav/leg/VerticalSpeed.h"
 #include "nav/track/FlightLog.h"
 #include "nav/track/TrackRecorder.h"
-#include "navdb/DatabaseLoader.h"
-#include "navdb/LoadReport.h"
-#include "navdb/NavDatabase.h"
 
 namespace korvel {
 
 struct Settings;
 
-/// Where and how the simulated aircraft begins.
-struct SimulatorStart {
-    GeoPoint position;
-    std::int32_t headingMag = 360;  ///< 0 to 360
-    double speedKt = 120;
-    std::int32_t altitudeFt = 2500;
-};
-
-/// The document's places and its flight: databases, plan, active navigation, simulator, track and
-/// log. Main thread only, but for what its parts allow.
+/// The flight: the plan and what is flown of it, the simulator, track and log, approach and alarms.
+/// Main thread only, but for what its parts allow.
 class Flight {
  public:
     /// The period of tick(), which the simulator's faster time counts in.
     static constexpr std::int64_t kTickMs = 500;
     static constexpr int kFastestTime = 60;
 
-    /// `folder` is where the load report, the flight log and the journals lie; empty: nothing of
-    /// them is kept. The clock must outlive the flight.
-    Flight(const Clock& clock, const std::filesystem::path& folder);
+    /// What it flies by; all of it outlives the flight.
+    struct Foundations {
+        const Clock& clock;
+        NavDatabase& database;
+        const UserRecordStore& userRecords;
+        /// Where the flight log and the journals lie; empty: nothing of them is kept.
+        std::filesystem::path folder{};
+    };
+
+    explicit Flight(const Foundations& foundations);
     Flight(const Flight&) = delete;
     Flight& operator=(const Flight&) = delete;
     /// Completes the flight log and sets the track's journal aside.
     ~Flight();
 
-    /// Opens and merges the databases of these folders in place of those that were open. A plan
-    /// that is in force keeps its places.
-    void loadDatabases(std::span<const std::filesystem::path> folders,
-                       const DatabaseLoader::Progress& progress = {});
-    NavDatabase& database() { return database_; }
-    const NavDatabase& database() const { return database_; }
-    DatabaseLoader& loader() { return loader_; }
-    const DatabaseLoader& loader() const { return loader_; }
-    const LoadReport& report() const { return report_; }
-    /// What the pilot must know about the charts' age at all times; empty for nothing.
-    const std::string& databaseNotice() const { return databaseNotice_; }
-
     ActivePlan& plan() { return plan_; }
     const ActivePlan& plan() const { return plan_; }
+    /// Null without a plan; as of the last refresh().
+    const std::shared_ptr<const PlanView>& shownPlan() const { return shownPlan_.view(); }
     ActiveNavigation& navigation() { return navigation_; }
     const ActiveNavigation& navigation() const { return navigation_; }
     TrackRecorder& track() { return track_; }
+    const TrackRecorder& track() const { return track_; }
     ActiveApproach& approach() { return approach_; }
-    /// Other sources of alarms may join.
-    AlarmBoard& alarms() { return alarms_; }
+    const ActiveApproach& approach() const { return approach_; }
+    AlarmBoard& alarms() { return alarms_.board(); }
+    const AlarmBoard& alarms() const { return alarms_.board(); }
+    /// Of the last seconds, up positive; nothing while it is unknown.
+    std::optional<int> verticalSpeedFpm() const { return verticalSpeed_.feetPerMinute(); }
+    /// Whole seconds since this flight began; nothing on the ground.
+    std::optional<int> flightTimeSec() const;
 
-    /// At the settings' position, else where the plan begins, else at a default field.
-    SimulatorStart simulatorStart(const Settings& settings) const;
     void startSimulator(const SimulatorStart& start);
     void stopSimulator();
     Simulator& simulator() { return simulator_; }
@@ -94,54 +80,30 @@ class Flight {
     /// The half-second tick, behind lookAround() and prepare().
     void tick(const Settings& settings, const Variation& variation,
               const ActiveNavigation::Aircraft& received);
-
-    /// To be called at each tick while the nearest airports are looked at.
-    void wantNearAirports() { nearAirportsWanted_ = true; }
-    /// Brings what is kept for the pages up to date: after each tick and each command.
-    void refresh();
-    /// Fills what the pages show of the flight.
-    void collect(CockpitData& data, const Variation& variation) const;
+    /// Brings the shown plan up to date: after each tick and each command.
+    void refresh() { shownPlan_.update(plan_, database_); }
 
  private:
-    void lookUpNearAirports(const Settings& settings, const Variation& variation);
-    void updateDatabaseNotice();
+    void step(const Settings& settings, const Variation& variation,
+              const ActiveNavigation::Aircraft& received);
     void goOnWithPlan();
-    void watchFlight(const Settings& settings, const Variation& variation);
+    void watch(const Settings& settings, const Variation& variation);
     std::shared_ptr<const DatabaseRecord> destination();
     std::string placeHere() const;
-    void collectSimulated(CockpitData& data, const Variation& variation) const;
-    void collectLeg(CockpitData& data, const Variation& variation) const;
 
     ShiftedClock clock_;
-    NavDatabase database_;
-    LoadReport report_;
-    DatabaseLoader loader_{database_, report_};
-    std::string databaseNotice_;
-
+    NavDatabase& database_;
     ActivePlan plan_;
+    ShownPlan shownPlan_;
     Simulator simulator_;
     TrackRecorder track_;
     FlightLog log_;
     ActiveNavigation navigation_;
     VerticalSpeed verticalSpeed_;
     int timeFactor_ = 1;
+    bool trackIsAhead_ = false;  // of the time of day, since the simulator flew faster
     ActiveApproach approach_;
-    FlightSituation situation_;
-    AlarmBoard alarms_;
-
-    /// What the plan view was made from.
-    struct PlanViewSource {
-        std::uint64_t revision = 0;
-        std::optional<std::size_t> active{};
-
-        friend bool operator==(const PlanViewSource&, const PlanViewSource&) = default;
-    };
-    std::shared_ptr<const PlanView> planView_;
-    PlanViewSource planViewSource_;
-
-    std::shared_ptr<const std::vector<NearAirport>> nearAirports_;
-    GeoPoint nearAirportsPoint_;  // where they were looked up
-    bool nearAirportsWanted_ = false;
+    AlarmWatch alarms_;
 };
 
 }  // namespace korvel

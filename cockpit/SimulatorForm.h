@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "cockpit/Flight.h"
+#include "cockpit/SimulatorStart.h"
 
 namespace korvel {
 

@@ -4,7 +4,8 @@
 
 #include "base/Ascii.h"
 #include "base/TextNumbers.h"
-#include "cockpit/Flight.h"
+#include "cockpit/ActivePlan.h"
+#include "cockpit/Charts.h"
 #include "config/ProfileFile.h"
 #include "config/Text.h"
 #include "config/texts/FlightTexts.h"
@@ -40,7 +41,8 @@ FixRecord recordOf(const UserFix& fix) {
 
 }  // namespace
 
-UserFixes::UserFixes(ProfileFile& profile, Flight& flight) : profile_(profile), flight_(flight) {
+UserFixes::UserFixes(ProfileFile& profile, Charts& charts, const ActivePlan& plan)
+    : profile_(profile), charts_(charts), plan_(plan) {
     load();
     putInForce();
 }
@@ -72,7 +74,7 @@ void UserFixes::putInForce() {
     records.reserve(fixes_.size());
     for (const UserFix& fix : fixes_)
         records.push_back(recordOf(fix));
-    flight_.loader().setMarkedFixes(std::move(records));
+    charts_.setMarkedFixes(std::move(records));
 }
 
 std::string UserFixes::proposedName() const {
@@ -88,8 +90,8 @@ std::string UserFixes::refusal(std::string_view name) const {
     if (!isName(name) || fixes_.size() >= kMostFixes)
         return std::string(text(kFlightTexts.markNameInvalid));
     std::vector<std::string> airway;
-    flight_.database().GetAirwayRoutes(name, airway);
-    const bool isTaken = !airway.empty() || flight_.database().Find(name) != nullptr ||
+    charts_.database().GetAirwayRoutes(name, airway);
+    const bool isTaken = !airway.empty() || charts_.database().Find(name) != nullptr ||
                          std::ranges::find(fixes_, name, &UserFix::name) != fixes_.end();
     return isTaken ? formatText(kFlightTexts.markNameTaken, {name}) : std::string();
 }
@@ -105,7 +107,7 @@ std::string UserFixes::add(std::string_view name, GeoPoint position) {
 
 std::string UserFixes::remove(std::size_t index) {
     const std::string key = makeRecordKey(kFixKind, fixes_.at(index).name);
-    const auto entries = flight_.plan().entries();
+    const auto entries = plan_.entries();
     if (std::ranges::any_of(entries, [&](const auto& entry) { return entry.record->key == key; }))
         return formatText(kFlightTexts.markInPlan, {std::string_view(fixes_[index].name)});
     fixes_.erase(fixes_.begin() + static_cast<std::ptrdiff_t>(index));

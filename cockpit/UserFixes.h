@@ -10,7 +10,8 @@
 
 namespace korvel {
 
-class Flight;
+class ActivePlan;
+class Charts;
 class ProfileFile;
 
 /// A point that the pilot has marked.
@@ -23,8 +24,8 @@ struct UserFix {
 /// plans. Main thread only.
 class UserFixes {
  public:
-    /// Reads them from the profile. Both must outlive this.
-    UserFixes(ProfileFile& profile, Flight& flight);
+    /// Reads them from the profile. All of it must outlive this.
+    UserFixes(ProfileFile& profile, Charts& charts, const ActivePlan& plan);
 
     /// In the order in which they were marked.
     [[nodiscard]] std::span<const UserFix> all() const { return fixes_; }
@@ -44,7 +45,8 @@ class UserFixes {
     void putInForce();
 
     ProfileFile& profile_;
-    Flight& flight_;
+    Charts& charts_;
+    const ActivePlan& plan_;
     std::vector<UserFix> fixes_;
 };
 

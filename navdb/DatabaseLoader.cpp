@@ -35,18 +35,34 @@ DatabaseLoader::DatabaseLoader(NavDatabase& database, LoadReport& report)
 
 DatabaseLoader::~DatabaseLoader() { database_.setUserRecords(nullptr); }
 
-void DatabaseLoader::load(std::span<const std::filesystem::path> folders,
-                          const Progress& progress) {
-    report_.restart();
-    report_.AppendLoadReport("Current Korvel Load Status\r\n\r\n");
+void DatabaseLoader::clear() {
     database_.clear();
     records_.clear();
     userAirportKeys_.clear();
     openedFiles_.clear();
-    openDatabases(filesIn(folders, "*.ng2"), progress);
-    loadUserFiles(filesIn(folders, "*.UDB.TXT"), false, progress);
-    loadUserFiles(filesIn(folders, "*.NDB.TXT"), true, progress);
+}
+
+bool DatabaseLoader::load(std::span<const std::filesystem::path> folders,
+                          const Progress& progress) {
+    report_.restart();
+    report_.AppendLoadReport("Current Korvel Load Status\r\n\r\n");
+    clear();
+    if (!openDatabases(filesIn(folders, "*.ng2"), progress) ||
+        !loadUserFiles(filesIn(folders, "*.UDB.TXT"), false, progress) ||
+        !loadUserFiles(filesIn(folders, "*.NDB.TXT"), true, progress)) {
+        clear();
+        report_.AppendLoadReport("Aborting\r\n");
+        return false;
+    }
     MergeWithDatabase();
+    addMarkedFixes();
+    return true;
+}
+
+void DatabaseLoader::takeOver(DatabaseLoader& loaded) {
+    database_.takeFilesFrom(loaded.database_);
+    records_ = std::exchange(loaded.records_, {});
+    openedFiles_ = std::exchange(loaded.openedFiles_, {});
     addMarkedFixes();
 }
 
@@ -68,29 +84,33 @@ void DatabaseLoader::addMarkedFixes() {
     database_.setUserRecords(&records_);
 }
 
-void DatabaseLoader::openDatabases(std::span<const std::filesystem::path> paths,
+bool DatabaseLoader::openDatabases(std::span<const std::filesystem::path> paths,
                                    const Progress& progress) {
     for (const auto& path : paths) {
         const std::string name = path.filename().string();
         const std::string text = "Loading " + name;
+        bool goesOn = true;
         const std::string error = database_.openFile(path, [&](int percent) {
-            if (progress) {
-                progress(text, percent);
-            }
+            goesOn = !progress || progress(text, percent);
+            return goesOn;
         });
+        if (!goesOn) {
+            return false;
+        }
         if (!error.empty()) {
             reportFailure(path, error);
         }
         openedFiles_.push_back({.name = name, .error = error});
     }
+    return true;
 }
 
-void DatabaseLoader::loadUserFiles(std::span<const std::filesystem::path> paths,
+bool DatabaseLoader::loadUserFiles(std::span<const std::filesystem::path> paths,
                                    bool fromSecondSource, const Progress& progress) {
     for (std::size_t i = 0; i < paths.size(); ++i) {
-        if (progress) {
-            progress("Loading " + paths[i].filename().string(),
-                     static_cast<int>(i * 100 / paths.size()));
+        if (progress && !progress("Loading " + paths[i].filename().string(),
+                                  static_cast<int>(i * 100 / paths.size()))) {
+            return false;
         }
         UserDatabaseReader reader(report_, [&](std::unique_ptr<DatabaseRecord> record) {
             AddUserRecord(std::move(record), fromSecondSource);
@@ -99,6 +119,7 @@ void DatabaseLoader::loadUserFiles(std::span<const std::filesystem::path> paths,
             reportFailure(paths[i], error);
         }
     }
+    return true;
 }
 
 void DatabaseLoader::reportFailure(const std::filesystem::path& path, std::string_view message) {

@@ -15,13 +15,14 @@
 
 namespace korvel {
 
-/// Gathers the places at start-up: opens the database files of a folder, reads the user's files
-/// and settles who wins where both name the same place. A user airport replaces the database's; a
-/// user navaid or fix gives way to it. Owns the user's records for the whole run.
+/// Gathers the places: opens the database files of a folder, reads the user's files and settles who
+/// wins where both name the same place. A user airport replaces the database's; a user navaid or
+/// fix gives way to it. Owns the user's records for the whole run.
 class DatabaseLoader {
  public:
-    /// What is being loaded ("Loading NAME") and how far it has come in per cent.
-    using Progress = std::function<void(std::string_view text, int percent)>;
+    /// What is being loaded ("Loading NAME") and how far it has come in per cent. False breaks the
+    /// loading off.
+    using Progress = std::function<bool(std::string_view text, int percent)>;
 
     struct OpenedFile {
         std::string name;   ///< bare
@@ -36,11 +37,16 @@ class DatabaseLoader {
 
     /// Starts the report anew and replaces all that was loaded before: ".ng2" files, then
     /// "*.UDB.TXT", then "*.NDB.TXT", each folder by folder and in ascending order of their names.
-    /// Empty paths and folders that are not there hold nothing.
-    void load(std::span<const std::filesystem::path> folders, const Progress& progress = {});
-    void load(const std::filesystem::path& folder, const Progress& progress = {}) {
-        load(std::span(&folder, 1), progress);
+    /// Empty paths and folders that are not there hold nothing. False when it was broken off, and
+    /// then nothing is loaded.
+    bool load(std::span<const std::filesystem::path> folders, const Progress& progress = {});
+    bool load(const std::filesystem::path& folder, const Progress& progress = {}) {
+        return load(std::span(&folder, 1), progress);
     }
+
+    /// Puts what another loader has loaded into another database in the place of all that was
+    /// loaded here, at once. The marked fixes stay.
+    void takeOver(DatabaseLoader& loaded);
 
     /// Of two records with the same key the first one stays. `fromSecondSource` also refuses an
     /// airport that is there with or without the region letter in front.
@@ -57,8 +63,9 @@ class DatabaseLoader {
     [[nodiscard]] const std::vector<OpenedFile>& openedFiles() const { return openedFiles_; }
 
  private:
-    void openDatabases(std::span<const std::filesystem::path> paths, const Progress& progress);
-    void loadUserFiles(std::span<const std::filesystem::path> paths, bool fromSecondSource,
+    void clear();
+    bool openDatabases(std::span<const std::filesystem::path> paths, const Progress& progress);
+    bool loadUserFiles(std::span<const std::filesystem::path> paths, bool fromSecondSource,
                        const Progress& progress);
     void reportFailure(const std::filesystem::path& path, std::string_view message);
     void excludeReplacedAirports();

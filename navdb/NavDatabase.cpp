@@ -85,7 +85,7 @@ NavDatabase::NavDatabase(const Clock& clock) : clock_(clock) {}
 NavDatabase::~NavDatabase() = default;
 
 std::string NavDatabase::openFile(const std::filesystem::path& path,
-                                  const std::function<void(int)>& progress) {
+                                  const std::function<bool(int)>& progress) {
     auto file = std::make_unique<DatabaseFile>();
     std::string message = file->Open(path, clock_, progress);
     if (message.empty()) {
@@ -101,6 +101,15 @@ void NavDatabase::clear() {
     userRecords_ = nullptr;
     lastFound_.reset();
     lastMatch_.reset();
+}
+
+void NavDatabase::takeFilesFrom(NavDatabase& other) {
+    files_ = std::exchange(other.files_, {});
+    exclusions_ = std::exchange(other.exclusions_, {});
+    excludedPlaces_ = std::exchange(other.excludedPlaces_, {});
+    lastFound_.reset();
+    lastMatch_.reset();
+    other.clear();
 }
 
 char NavDatabase::regionLetter() const {
@@ -169,6 +178,9 @@ void NavDatabase::searchUserRecords(std::string_view ident, Search& search) cons
 }
 
 RecordPtr NavDatabase::recordAt(const RowMatch& match) const {
+    if (match.file < 0 || match.file >= static_cast<int>(files_.size())) {
+        return nullptr;
+    }
     const DatabaseFile& file = *files_[static_cast<std::size_t>(match.file)];
     const TableEntry* const table = file.directory().tableOfRow(match.row);
     const auto rows = file.rows();

@@ -32,11 +32,15 @@ class NavDatabase {
     NavDatabase& operator=(const NavDatabase&) = delete;
 
     /// Opens one more file behind those that are open. Empty on success, else the message for the
-    /// user, and then nothing of the file is in use. `progress` gets percentages.
+    /// user, and then nothing of the file is in use. `progress` gets percentages; false from it
+    /// breaks the opening off.
     [[nodiscard]] std::string openFile(const std::filesystem::path& path,
-                                       const std::function<void(int)>& progress = {});
+                                       const std::function<bool(int)>& progress = {});
     /// Closes all files, forgets the exclusions and the user records.
     void clear();
+    /// Closes all files and takes over the other database's with its exclusions; the user records
+    /// stay this one's own. Rows of the former files mean nothing any more.
+    void takeFilesFrom(NavDatabase& other);
     [[nodiscard]] const std::vector<std::unique_ptr<DatabaseFile>>& files() const { return files_; }
     /// Of the first file; 0 when there is none or it has no letter.
     [[nodiscard]] char regionLetter() const;
@@ -93,7 +97,8 @@ class NavDatabase {
     bool placesBeginning(std::string_view beginning, KindMask kinds, std::size_t rowLimit,
                          std::vector<Place>& places) const;
 
-    /// The full record of a place; null when its file can no longer be read.
+    /// The full record of a place; null when its file can no longer be read. Not for places that
+    /// were found before other files were taken over.
     [[nodiscard]] std::unique_ptr<DatabaseRecord> recordOf(const Place& place) const;
 
     /// The magnetic variation there today by the magnetic model, degrees, east positive; kNoAngle

@@ -24,7 +24,7 @@ Screen::Screen(CKorvelDoc& document, ProfileFile& profile, const TextMeasure& le
       profile_(profile),
       letters_(letters),
       page_(pageOfNumber(profile.getInt(kOptionsSection, kPageKey, static_cast<int>(PageId::Map)))),
-      feeds_(document.flight().database()),
+      feeds_(document.charts().database()),
       fields_(profile),
       hints_(profile) {
     camera_.loadRange(profile);
@@ -48,7 +48,7 @@ void Screen::tick() {
     if (page_ == PageId::Satellite)
         document_.wantSatellites();
     if (page_ == PageId::NearestAirport || fields_.contains(NavFieldId::NearestAirport))
-        document_.flight().wantNearAirports();
+        document_.wantNearAirports();
     document_.tick();
     if (message_.tick())
         changed();
@@ -230,7 +230,7 @@ void Screen::setMeasuring(bool on) {
 MeasureTool::Snap Screen::rulerSnap(const MapProjection& projection) const {
     return [this, &projection](Point finger) {
         return rulerEndAt(finger, {projection, camera_.viewport().currentRangeNm(), feeds_.places(),
-                                   data_, document_.flight().database()});
+                                   data_, document_.charts().database()});
     };
 }
 

@@ -141,7 +141,7 @@ class FlownRun {
         profile_.setInt(kOptionsSection, "Tracking", options.trackOut.empty() ? 0 : 1, true);
         document_.emplace(CKorvelDoc::Foundations{profile_, clock_, opener()});
         const auto folders = call.dataFolders();
-        document_->flight().loadDatabases(folders);
+        document_->loadDatabases(folders);
     }
 
     /// The message that keeps the flight on the ground; empty when it can begin.

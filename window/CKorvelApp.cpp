@@ -53,32 +53,43 @@ CKorvelApp::CKorvelApp(const CommandLine& line)
 
 std::string CKorvelApp::start() {
     // A window on the screen may wait for its places, a picture may not.
-    if (line_.snapshotFile.empty())
-        frame_.showWhereItWas();
-    frame_.loadDatabases();
-    bool isTold =
+    return line_.snapshotFile.empty() ? startWindow() : startPicture();
+}
+
+std::string CKorvelApp::startWindow() {
+    frame_.showWhereItWas();
+    if (std::string error = startReplayAndView(); !error.empty())
+        return error;
+    if (const auto& copy = profile_.damagedCopy(); !copy.empty())
+        frame_.screen().say(formatText(kFileTexts.profileDamaged, {copy.filename().string()}));
+    frame_.loadDatabases([this] { openWhatIsAsked(); });
+    // Half a second is long for a pilot who waits for the map.
+    frame_.screen().tick();
+    return {};
+}
+
+/// What needs the databases: plans, and where the simulator begins.
+void CKorvelApp::openWhatIsAsked() {
+    const bool asked =
         line_.simulate || line_.demo || !line_.replayFile.empty() || !line_.planFile.empty();
-    if (line_.snapshotFile.empty())
-        isTold |= frame_.recoverPlan(profileFolder(line_) / kUnsavedPlan, line_.planFile.empty());
+    const bool recovered =
+        frame_.recoverPlan(profileFolder(line_) / kUnsavedPlan, line_.planFile.empty());
+    if (!line_.planFile.empty())
+        frame_.openFileOrTell(line_.planFile);
+    startSimulator();
+    if (!asked && !recovered)
+        frame_.welcome();
+}
+
+std::string CKorvelApp::startPicture() {
+    document_.loadDatabases(dataFolders());
     if (!line_.planFile.empty())
         if (const std::string error = frame_.openFile(line_.planFile); !error.empty())
             return line_.planFile + ": " + error;
-    for (const auto step : {&CKorvelApp::startReplay, &CKorvelApp::applyView})
-        if (std::string error = (this->*step)(); !error.empty())
-            return error;
-    if (line_.simulate) {
-        frame_.simulate();
-        document_.flight().setTimeFactor(line_.timeFactor);
-    }
-    // Half a second is long for a pilot who waits for the map.
+    if (std::string error = startReplayAndView(); !error.empty())
+        return error;
+    startSimulator();
     frame_.screen().tick();
-    if (line_.snapshotFile.empty()) {
-        if (const auto& copy = profile_.damagedCopy(); !copy.empty())
-            frame_.screen().say(formatText(kFileTexts.profileDamaged, {copy.filename().string()}));
-        if (!isTold)
-            frame_.welcome();
-        return {};
-    }
     frame_.view().onFirstPaint = [this] {
         constexpr double kMsPerSecond = 1000;
         QTimer::singleShot(static_cast<int>(line_.afterSec * kMsPerSecond), &frame_,
@@ -87,6 +98,18 @@ std::string CKorvelApp::start() {
     frame_.resize(line_.width, line_.height);
     frame_.show();
     return {};
+}
+
+void CKorvelApp::startSimulator() {
+    if (!line_.simulate)
+        return;
+    frame_.simulate();
+    document_.flight().setTimeFactor(line_.timeFactor);
+}
+
+std::string CKorvelApp::startReplayAndView() {
+    std::string error = startReplay();
+    return error.empty() ? applyView() : error;
 }
 
 std::string CKorvelApp::startReplay() {

@@ -33,8 +33,13 @@ class CKorvelApp {
     [[nodiscard]] std::string run();
 
  private:
+    std::string startWindow();
+    std::string startPicture();
+    std::string startReplayAndView();
     std::string startReplay();
     std::string applyView();
+    void openWhatIsAsked();
+    void startSimulator();
     void takeSnapshot();
     void listenForTheEnd();
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -46,6 +47,8 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     Screen& screen() override { return view_.screen(); }
     /// Opens a plan or a track; the message for the pilot, empty on success.
     [[nodiscard]] std::string openFile(const std::filesystem::path& path);
+    /// The same for a plan or a track; a failure is shown.
+    void openFileOrTell(const std::filesystem::path& path) { file_.openFile(path); }
 
     /// Brings back the plan that the program had no time to ask about when it ended, and keeps
     /// those to come in this file. True when there was one.
@@ -53,8 +56,10 @@ class CMainFrame final : public QMainWindow, private CommandHost {
 
     /// Starts the simulator where the plan or the settings say.
     void simulate() { options_.simulate(true); }
-    /// Loads the navigation databases; the map goes on meanwhile.
-    void loadDatabases() { databases_.load(); }
+    /// Loads the navigation databases; everything goes on meanwhile.
+    void loadDatabases(const std::function<void()>& whenDone) {
+        databases_.load([whenDone](bool /*changed*/) { whenDone(); });
+    }
 
     /// Shows the window where it stood when it was last closed.
     void showWhereItWas();

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
 #include <span>
 
 #include "base/TextNumbers.h"
@@ -18,6 +17,7 @@ constexpr std::string_view kInvalidFormat = "Invalid Format";
 constexpr std::string_view kIncorrectFormat = "Incorrect Format";
 constexpr std::string_view kUpdateFormat = "Incorrect Format...Update!";
 constexpr std::string_view kCorrupted = "Corrupted file";
+constexpr std::string_view kBrokenOff = "Aborting";
 
 constexpr std::size_t kCheckBlock = 65536;
 constexpr int kCheckStart = 10;  // progress, per cent
@@ -32,10 +32,8 @@ constexpr std::int64_t kSecondsPerDay = 86400;
 
 using HeaderBytes = std::array<std::uint8_t, kHeaderSize>;
 
-void report(const DatabaseFile::Progress& progress, int percent) {
-    if (progress) {
-        progress(percent);
-    }
+bool goesOn(const DatabaseFile::Progress& progress, int percent) {
+    return !progress || progress(percent);
 }
 
 /// Empty when this program can read the version, else the message.
@@ -68,23 +66,25 @@ void parseFields(const HeaderBytes& bytes, DatabaseHeader& header) {
     header.headerChecksum = loadU32(bytes, kHeaderChecksumOffset);
 }
 
-/// The sum over everything from the region word on; nothing when the file cannot be read through.
-std::optional<std::uint32_t> sumOfFile(const RandomAccessFile& file, std::uint64_t size,
-                                       const DatabaseFile::Progress& progress) {
+/// Empty when the sum over everything from the region word on is the one expected.
+std::string_view testSum(const RandomAccessFile& file, std::uint64_t size, std::uint32_t expected,
+                         const DatabaseFile::Progress& progress) {
     DatabaseChecksum checksum;
     std::vector<std::uint8_t> block(kCheckBlock);
     for (std::uint64_t at = kRegionOffset; at < size;) {
         const std::size_t wanted = std::min<std::uint64_t>(block.size(), size - at);
         const auto bytes = std::span(block).first(wanted);
         if (file.readAt(at, bytes) != wanted) {
-            return std::nullopt;
+            return kCorrupted;
         }
         checksum.add(bytes);
         at += wanted;
         const double share = static_cast<double>(at) / static_cast<double>(size);
-        report(progress, kCheckStart + static_cast<int>(share * kCheckSpan));
+        if (!goesOn(progress, kCheckStart + static_cast<int>(share * kCheckSpan))) {
+            return kBrokenOff;
+        }
     }
-    return checksum.value();
+    return checksum.value() == expected ? std::string_view{} : kCorrupted;
 }
 
 /// Later opens find a full checksum of 0 and test the header only. A file that cannot be written
@@ -112,7 +112,9 @@ std::string DatabaseFile::Open(const std::filesystem::path& path, const Clock& c
     expired_ = isOutOfDate(header_.expiry, regionLetter(), clock);
     fileName_ = std::make_shared<const std::string>(path.filename().string());
     *rows_.lock() = RowReader(path, header_.stringArea);
-    report(progress, kAllDone);
+    if (progress) {
+        progress(kAllDone);
+    }
     return {};
 }
 
@@ -128,13 +130,16 @@ std::string_view DatabaseFile::readFrom(const std::filesystem::path& path,
     parseFields(bytes, header_);
     size_ = file.size();
     if (header_.fullChecksum == 0) {
-        report(progress, kQuickTestDone);
+        if (!goesOn(progress, kQuickTestDone)) {
+            return kBrokenOff;
+        }
         if (headerChecksum(bytes, static_cast<std::uint32_t>(size_)) != header_.headerChecksum) {
             return kCorrupted;
         }
     } else {
-        if (sumOfFile(file, size_, progress) != header_.fullChecksum) {
-            return kCorrupted;
+        const auto message = testSum(file, size_, header_.fullChecksum, progress);
+        if (!message.empty()) {
+            return message;
         }
         if (header_.versionNumber >= kFirstMarkedVersion) {
             markAsVerified(path);
@@ -143,11 +148,15 @@ std::string_view DatabaseFile::readFrom(const std::filesystem::path& path,
     if (!directory_.readTables(file, size_, header_.tableDirectory)) {
         return kCorrupted;
     }
-    report(progress, kTablesDone);
+    if (!goesOn(progress, kTablesDone)) {
+        return kBrokenOff;
+    }
     if (!directory_.readIndexes(file, size_, header_.indexDirectory)) {
         return kCorrupted;
     }
-    report(progress, kIndexesDone);
+    if (!goesOn(progress, kIndexesDone)) {
+        return kBrokenOff;
+    }
     return header_.stringArea > size_ || !readAreaGrid(file) ? kCorrupted : std::string_view{};
 }
 

@@ -36,13 +36,14 @@ struct DatabaseHeader {
 /// disk when they are asked for. After Open() everything but rows() is read-only.
 class DatabaseFile {
  public:
-    /// Gets percentages, 100 last.
-    using Progress = std::function<void(int percent)>;
+    /// Gets percentages, 100 last. False breaks the opening off.
+    using Progress = std::function<bool(int percent)>;
 
     /// Checks the file and reads its directories. Empty on success; else "File Open Error",
-    /// "Invalid Format", "Incorrect Format", "Incorrect Format...Update!" or "Corrupted file",
-    /// and then nothing of the file is kept. The first successful check of the whole file is
-    /// marked in the file, so that later ones need the header only. Call once.
+    /// "Invalid Format", "Incorrect Format", "Incorrect Format...Update!", "Corrupted file", or
+    /// "Aborting" when it was broken off, and then nothing of the file is kept. The first
+    /// successful check of the whole file is marked in the file, so that later ones need the header
+    /// only. Call once.
     [[nodiscard]] std::string Open(const std::filesystem::path& path, const Clock& clock,
                                    const Progress& progress = {});
 

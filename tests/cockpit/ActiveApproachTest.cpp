@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
-#include "cockpit/Flight.h"
-#include "config/Settings.h"
+#include "cockpit/FlightFixture.h"
 #include "geo/Geodesy.h"
 #include "platform/VirtualClock.h"
 
@@ -20,7 +19,7 @@ class ActiveApproachTest : public testing::Test {
  protected:
     ActiveApproachTest() {
         folder_.write("x.UDB.TXT", kPlaces);
-        flight_.loadDatabases(std::vector{folder_.path()});
+        program_.charts.load(std::vector{folder_.path()});
     }
     /// What the pages show after so many seconds there.
     CockpitData fly(double lat, double lon, double trackTrue, int seconds, int altitudeFt = 3000) {
@@ -28,14 +27,11 @@ class ActiveApproachTest : public testing::Test {
             .groundSpeedKt = 90,
             .trackMag = variation_.TrueToMagnetic(trackTrue),
             .altitudeFt = altitudeFt};
+        CockpitData data;
         for (int tick = 0; tick < 2 * seconds; ++tick) {
             clock_.advanceMs(Flight::kTickMs);
-            flight_.lookAround(aircraft);
-            flight_.tick(settings_, variation_, aircraft);
+            data = program_.tick(aircraft, settings_, variation_);
         }
-        CockpitData data;
-        data.position = aircraft.position;
-        flight_.collect(data, variation_);
         return data;
     }
 
@@ -43,7 +39,8 @@ class ActiveApproachTest : public testing::Test {
     VirtualClock clock_;
     Settings settings_;
     Variation variation_{.receiverDeg = 3};
-    Flight flight_{clock_, {}};
+    FlightByCharts program_{clock_};
+    Flight& flight_ = program_.flight;
 };
 
 TEST_F(ActiveApproachTest, LinedUpWithTheDestinationTheRunwayTakesTheLegsPlace) {
@@ -53,6 +50,7 @@ TEST_F(ActiveApproachTest, LinedUpWithTheDestinationTheRunwayTakesTheLegsPlace) 
     EXPECT_EQ(data.approach->runway.id, "36");
     EXPECT_EQ(data.fullScaleNm, 1.25);
     EXPECT_NEAR(*data.distanceNm, 6, 0.01);
+    EXPECT_NEAR(*data.bearingMagDeg, 357, 0.01);
     EXPECT_NEAR(*data.desiredTrackMagDeg, 357, 0.01);
     EXPECT_EQ(data.targetAltitudeFt, 1050 + 1911) << "6 NM up three degrees";
     EXPECT_FALSE(data.legStart);
@@ -66,6 +64,12 @@ TEST_F(ActiveApproachTest, LinedUpWithTheDestinationTheRunwayTakesTheLegsPlace) 
     EXPECT_FALSE(fly(47.4, 10, 0, 5).approach);
     settings_.apprMode = true;
     EXPECT_TRUE(fly(47.4, 10, 0, 5).approach) << "switching off declines nothing";
+
+    std::string withoutTheField(kPlaces.substr(kPlaces.find("NAVAID_BEGIN")));
+    folder_.write("x.UDB.TXT", withoutTheField);
+    program_.charts.load(std::vector{folder_.path()});
+    flight_.approach().forget();
+    EXPECT_TRUE(fly(47.4, 10, 0, 5).approach) << "the plan's own field has its runways with it";
 }
 
 TEST_F(ActiveApproachTest, OnlyADestinationIsApproachedByItselfAnyAirportWhenChosen) {

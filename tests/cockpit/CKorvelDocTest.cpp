@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include <gtest/gtest.h>
@@ -133,7 +134,7 @@ TEST_F(CKorvelDocTest, MagneticAnglesKnowTheVariationOfTheirPlace) {
                                                            "\nNAVAID_END\n");
     }
     const std::filesystem::path folders[] = {folder_.path()};
-    doc_->flight().loadDatabases(folders);
+    doc_->loadDatabases(folders);
     const auto course = [&](std::size_t row) { return *data().plan->rows[row].courseMagDeg; };
     ASSERT_EQ(doc_->flight().plan().enterRoute("XA XB XC"), "");
     doc_->tick();
@@ -183,6 +184,52 @@ TEST_F(CKorvelDocTest, TheAttitudeModulesPortFollowsItsSettingsAtOnce) {
             std::string(port[0] != 0 ? port : "COM3") + (port[0] != 0 ? " 57600" : " 4800") + "\nNo Gps Rcvr Activity");
     }
     EXPECT_EQ(ports_.openings(), (std::vector<std::string>{"COM3: 4800", "COM7: 57600", "COM8: 57600"}));
+}
+
+TEST_F(CKorvelDocTest, AnAttitudeModuleThatWasUnpluggedIsOpenedAgain) {
+    start("COM3:,4800,N,8,1");
+    Settings changed = doc_->settings();
+    changed.viaGyro = 1;
+    changed.portGyro = "COM7";
+    doc_->applySettings(changed);
+    doc_->tick();
+    const std::string first = ports_.openings().at(0);
+    EXPECT_TRUE(first.starts_with("COM7 ")) << first;
+    ports_.fail(kErrorFileNotFound);
+    EXPECT_TRUE(eventually([&] {
+        doc_->tick();
+        return std::ranges::count(ports_.openings(), first) > 1;
+    }));
+}
+
+TEST_F(CKorvelDocTest, OtherDatabasesComeIntoUseAtATickAndThePlanKeepsItsPlaces) {
+    start("COM3:,4800,N,8,1");
+    const auto airport = [](const std::string& ident) {
+        return "ARPT_BEGIN\nID=" + ident + "\nNAME=Field\nPOSN.LAT=47.5\nPOSN.LON=10.2\nARPT_END\n";
+    };
+    folder_.write("old/a.UDB.TXT", airport("XOLD"));
+    folder_.write("new/a.UDB.TXT", airport("XNEW"));
+    int told = 0;
+    doc_->onOtherDatabases = [&] { ++told; };
+    doc_->loadDatabases(std::vector{folder_ / "old"});
+    EXPECT_EQ(told, 1);
+    ASSERT_EQ(doc_->flight().plan().enterRoute("XOLD"), "");
+    const auto near = [&] {
+        doc_->wantNearAirports();
+        doc_->tick();
+        return data().nearAirports ? data().nearAirports->front().ident : std::string();
+    };
+    say({rmc(kHere), gga(kHere)});
+    EXPECT_EQ(near(), "XOLD");
+    doc_->charts().startLoading({folder_ / "new"});
+    EXPECT_EQ(told, 1) << "not before the tick";
+    EXPECT_TRUE(eventually([&] {
+        doc_->tick();
+        return told == 2;
+    }));
+    EXPECT_EQ(near(), "XNEW");
+    EXPECT_EQ(doc_->charts().database().Find("XOLD"), nullptr);
+    EXPECT_EQ(data().activeKey, "a.XOLD");
 }
 
 TEST_F(CKorvelDocTest, OnlyAPortThatAScanFoundIsLookedForAgain) {

@@ -1,10 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
-#include "cockpit/Flight.h"
+#include "cockpit/FlightFixture.h"
 #include "cockpit/UserFixes.h"
 #include "config/ProfileFile.h"
 #include "geo/Geodesy.h"
+#include "navdb/TestDatabase.h"
 #include "platform/FileIo.h"
 #include "platform/RegistryProfile.h"
 #include "platform/VirtualClock.h"
@@ -24,8 +25,9 @@ class UserFixesTest : public testing::Test {
     VirtualClock clock_;
     std::unique_ptr<RegistryProfile> registry_ = openRegistryProfile();
     ProfileFile profile_{folder_.path(), *registry_};
-    Flight flight_{clock_, {}};
-    UserFixes fixes_{profile_, flight_};
+    FlightByCharts program_{clock_};
+    Flight& flight_ = program_.flight;
+    UserFixes fixes_{profile_, program_.charts, flight_.plan()};
 };
 
 TEST_F(UserFixesTest, AMarkIsAPlaceAtOnceAndAfterEveryStart) {
@@ -34,13 +36,13 @@ TEST_F(UserFixesTest, AMarkIsAPlaceAtOnceAndAfterEveryStart) {
     ASSERT_EQ(fixes_.add("USR001", here), "");
     EXPECT_EQ(fixes_.proposedName(), "USR002");
     // Loading databases does not take it away, and a second program reads it from the file.
-    flight_.loadDatabases({});
+    program_.charts.load({});
     ProfileFile again{folder_.path(), *registry_};
-    Flight later{clock_, {}};
-    const UserFixes reread(again, later);
-    for (Flight* flight : {&flight_, &later})
+    FlightByCharts later{clock_};
+    const UserFixes reread(again, later.charts, later.flight.plan());
+    for (FlightByCharts* program : {&program_, &later})
         for (const char* key : {"USR001", "f.USR001"}) {
-            const DatabaseRecord* found = flight->database().Find(key);
+            const DatabaseRecord* found = program->charts.database().Find(key);
             ASSERT_NE(found, nullptr) << key;
             EXPECT_LT(DistanceNm(found->position, here), 0.001);
         }
@@ -50,7 +52,12 @@ TEST_F(UserFixesTest, NamesAreUnmistakable) {
     ASSERT_EQ(fixes_.add("HOME", at(1, 2)), "");
     for (const char* name : {"", "home", "MY HOME", "A@5", "A.B", "TWELVELETTER"})
         EXPECT_EQ(fixes_.add(name, at(1, 2)), "A name has 1 to 11 letters and digits.") << name;
-    EXPECT_EQ(fixes_.add("HOME", at(3, 4)), "HOME is the name of another place.");
+    TestDatabase airways;
+    airways.addAirway("V23", "OLM BTG");
+    airways.write(folder_.path(), "airways.ng2");
+    program_.charts.load(std::vector{folder_.path()});
+    for (const std::string name : {"HOME", "V23"})
+        EXPECT_EQ(fixes_.add(name, at(3, 4)), name + " is the name of another place.");
     EXPECT_EQ(names(), "HOME ");
 }
 
@@ -63,7 +70,7 @@ TEST_F(UserFixesTest, APlanKeepsItsMarksAndItsFileThePosition) {
     EXPECT_EQ(readWholeFile(folder_ / "a.fp"), "AAA 10.000000 20.000000\r\nCCC 10.000000 20.000000\r\n");
     EXPECT_EQ(flight_.plan().proposedFileName(), "a.fp");
     EXPECT_EQ(fixes_.remove(1), "");
-    EXPECT_EQ(flight_.database().Find("BBB"), nullptr);
+    EXPECT_EQ(program_.charts.database().Find("BBB"), nullptr);
     EXPECT_EQ(names(), "AAA CCC ");
     flight_.plan().clear();
     EXPECT_EQ(flight_.plan().proposedFileName(), "");
@@ -71,20 +78,21 @@ TEST_F(UserFixesTest, APlanKeepsItsMarksAndItsFileThePosition) {
     EXPECT_EQ(fixes_.remove(0), "");
     // Elsewhere, where nobody marked them, the file is enough.
     EXPECT_EQ(flight_.plan().open(folder_ / "a.fp"), "");
-    Flight later{clock_, {}};
-    EXPECT_EQ(UserFixes(profile_, later).all().size(), 0U);
+    FlightByCharts later{clock_};
+    EXPECT_EQ(UserFixes(profile_, later.charts, later.flight.plan()).all().size(), 0U);
 }
 
 TEST_F(UserFixesTest, APlanThatWasNotSavedOutlivesAKill) {
     const auto file = folder_ / "unsaved.fp";
     const auto ofNextRun = [&] {
-        Flight next{clock_, {}};
-        const UserFixes fixes(profile_, next);
-        next.plan().keepUnsavedIn(file);
-        const auto error = next.plan().recover();
-        EXPECT_EQ(next.plan().changed(), error == "");
+        FlightByCharts next{clock_};
+        ActivePlan& recovered = next.flight.plan();
+        const UserFixes fixes(profile_, next.charts, recovered);
+        recovered.keepUnsavedIn(file);
+        const auto error = recovered.recover();
+        EXPECT_EQ(recovered.changed(), error == "");
         std::string plan = error ? *error : "none";
-        for (const PlanWaypoint& entry : next.plan().entries()) plan += entry.text + ' ';
+        for (const PlanWaypoint& entry : recovered.entries()) plan += entry.text + ' ';
         return plan;
     };
     for (const char* name : {"AAA", "BBB", "CCC"}) ASSERT_EQ(fixes_.add(name, at(10, 20)), "");

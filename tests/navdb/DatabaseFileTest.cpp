@@ -73,7 +73,16 @@ class DatabaseFileTest : public ::testing::Test {
         std::copy(version.begin(), version.end(), bytes.begin());
         return open(bytes);
     }
+    /// Notes the percentages and breaks off at this one.
+    std::string openNoting(DatabaseFile& file, int until = 101) {
+        progress_.clear();
+        return file.Open(path_, clock_, [&](int percent) {
+            progress_.push_back(percent);
+            return percent < until;
+        });
+    }
 
+    std::vector<int> progress_;
     TempFolder folder_;
     std::filesystem::path path_ = folder_.path() / "tiny.ng2";
     VirtualClock clock_{{.year = 2007, .month = 3, .day = 1}};
@@ -97,9 +106,8 @@ TEST(DatabaseChecksumTest, MatchesSumsWorkedOutElsewhere) {
 TEST_F(DatabaseFileTest, ReadsHeaderDirectoriesAndGrid) {
     writeBytes(path_, tinyFile());
     DatabaseFile file;
-    std::vector<int> progress;
-    ASSERT_EQ(file.Open(path_, clock_, [&](int percent) { progress.push_back(percent); }), "");
-    EXPECT_EQ(progress, (std::vector{50, 70, 85, 100}));
+    ASSERT_EQ(openNoting(file), "");
+    EXPECT_EQ(progress_, (std::vector{50, 70, 85, 100}));
     EXPECT_EQ(file.header().version, "NavDb4.7");
     EXPECT_EQ(file.regionLetter(), 'K');
     EXPECT_EQ(file.header().expiry, 20070315U);
@@ -208,10 +216,15 @@ TEST_F(DatabaseFileTest, FullTestCoversEveryByteAndIsMarkedFromVersion45On) {
     bytes[7] = '4';
     writeBytes(path_, bytes);
     DatabaseFile file;
-    std::vector<int> progress;
-    EXPECT_EQ(file.Open(path_, clock_, [&](int percent) { progress.push_back(percent); }), "");
-    EXPECT_EQ(progress, (std::vector{60, 70, 85, 100}));
+    EXPECT_EQ(openNoting(file), "");
+    EXPECT_EQ(progress_, (std::vector{60, 70, 85, 100}));
     EXPECT_EQ(readBytes(path_), bytes);
+    for (int percent : {60, 70, 85}) {
+        DatabaseFile broken;
+        EXPECT_EQ(openNoting(broken, percent), "Aborting");
+        EXPECT_EQ(progress_.back(), percent);
+        EXPECT_EQ(broken.index("NavKey"), nullptr);
+    }
 }
 
 TEST_F(DatabaseFileTest, RefusesDirectoriesThatLeadOutOfTheFile) {

@@ -27,7 +27,10 @@ class DatabaseLoaderTest : public ::testing::Test {
  protected:
     /// Loads the folder; returns the report without the folder's path.
     std::string load() {
-        loader_.load(folder_.path(), [this](std::string_view text, int) { progress_ += std::string(text) + "\n"; });
+        loader_.load(folder_.path(), [this](std::string_view text, int) {
+            progress_ += std::string(text) + "\n";
+            return true;
+        });
         std::string text = report_.text();
         const std::string folder = folder_.path().string() + "/";
         for (auto at = text.find(folder); at != std::string::npos; at = text.find(folder)) {

@@ -32,7 +32,7 @@ class ScreenTest : public testing::Test {
 
     ScreenTest() {
         folder_.write("x.UDB.TXT", kPlaces);
-        document_.flight().loadDatabases(std::vector{folder_.path()});
+        document_.loadDatabases(std::vector{folder_.path()});
         screen_.onChanged = [this] { ++paintings_; };
         screen_.onLive = [this](bool live) { live_ = live; };
         screen_.onBarShown = [this](bool shown) { asked_.push_back(shown ? "bar" : "no bar"); };

@@ -1,5 +1,7 @@
 #include "window/commands/DatabaseCommands.h"
 
+#include <utility>
+
 #include "cockpit/CKorvelDoc.h"
 #include "cockpit/ConnectedText.h"
 #include "config/texts/CommandTexts.h"
@@ -8,13 +10,28 @@
 #include "platform/Folders.h"
 #include "screen/Screen.h"
 #include "window/QtText.h"
-#include "window/sheets/LoadProgress.h"
 #include "window/sheets/TextSheet.h"
 
 namespace korvel {
+namespace {
+
+constexpr int kFollowMs = 100;
+
+}  // namespace
+
+DatabaseCommands::DatabaseCommands(CommandHost& host) : host_(host) {
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { follow(); });
+}
+
+DatabaseCommands::~DatabaseCommands() { host_.document().onOtherDatabases = nullptr; }
 
 void DatabaseCommands::addToFile(QMenu& menu) {
-    host_.addCommand(menu, kCommandTexts.commandReload, {Qt::Key_F5}, [this] { reload(); });
+    host_.addCommand(menu, kCommandTexts.commandReload, {Qt::Key_F5}, [this] {
+        load([this](bool changed) {
+            if (changed)
+                tellResult();
+        });
+    });
 }
 
 void DatabaseCommands::addToHelp(QMenu& menu) {
@@ -22,24 +39,35 @@ void DatabaseCommands::addToHelp(QMenu& menu) {
                      [this] { showReport(); });
 }
 
-void DatabaseCommands::load() {
-    // The window is painted while it loads, and rows of closed files mean nothing any more.
-    host_.screen().databasesChanged();
-    LoadProgress progress(host_.view());
-    host_.document().flight().loadDatabases(
-        dataFolders(),
-        [&progress](std::string_view doing, int percent) { progress.show(doing, percent); });
-    host_.screen().databasesChanged();
+void DatabaseCommands::load(std::function<void(bool changed)> whenDone) {
+    Charts& charts = host_.document().charts();
+    changed_ = false;
+    whenDone_ = std::move(whenDone);
+    host_.document().onOtherDatabases = [this] {
+        changed_ = true;
+        host_.screen().databasesChanged();
+    };
+    progress_ = std::make_unique<LoadProgress>(host_.view(), [&charts] { charts.breakOff(); });
+    charts.startLoading(dataFolders());
+    timer_.start(kFollowMs);
 }
 
-void DatabaseCommands::reload() {
-    load();
-    const Flight& flight = host_.document().flight();
-    for (const DatabaseLoader::OpenedFile& file : flight.loader().openedFiles())
+void DatabaseCommands::follow() {
+    if (const auto state = host_.document().charts().loading())
+        return progress_->show(state->text, state->percent);
+    timer_.stop();
+    progress_.reset();
+    if (const auto done = std::exchange(whenDone_, nullptr))
+        done(changed_);
+}
+
+void DatabaseCommands::tellResult() {
+    const Charts& charts = host_.document().charts();
+    for (const DatabaseLoader::OpenedFile& file : charts.openedFiles())
         if (!file.error.empty())
             return showReport();
     host_.screen().say(formatText(kMessageTexts.databasesLoaded,
-                                  {static_cast<int>(flight.database().files().size())}));
+                                  {static_cast<int>(charts.database().files().size())}));
 }
 
 void DatabaseCommands::showReport() {

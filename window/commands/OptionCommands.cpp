@@ -40,7 +40,7 @@ void OptionCommands::addTo(QMenu& menu) {
 void OptionCommands::simulate(bool on) {
     Flight& flight = host_.document().flight();
     if (on)
-        flight.startSimulator(flight.simulatorStart(host_.document().settings()));
+        flight.startSimulator(host_.document().simulatorStart());
     else
         flight.stopSimulator();
     // The sheet starts and stops it, too, behind the back of the check.

@@ -21,14 +21,13 @@ namespace {
 /// Several places under one finger: a row for each.
 class PlaceChooser final : public Sheet {
  public:
-    PlaceChooser(QWidget* parent, const NavDatabase& database, const std::vector<MapPlace>& places)
-        : Sheet(parent, toQString(kSheetTexts.choosePlace), QDialogButtonBox::Close) {
-        for (const MapPlace& place : places) {
-            const auto record = database.recordOf(place.place);
-            const std::string_view name = record ? record->GetName() : std::string_view();
+    PlaceChooser(QWidget* parent, std::vector<std::unique_ptr<DatabaseRecord>> records)
+        : Sheet(parent, toQString(kSheetTexts.choosePlace), QDialogButtonBox::Close),
+          records_(std::move(records)) {
+        for (const auto& record : records_) {
             const QString row = QStringLiteral("%1   %2   %3")
-                                    .arg(toQString(place.place.ident.view()),
-                                         kindWord(place.place.kind), toQString(name));
+                                    .arg(toQString(record->ident.view()),
+                                         kindWord(record->GetKind()), toQString(record->GetName()));
             auto* item = new QListWidgetItem(row, &list_);  // the list owns it
             item->setSizeHint({0, kRowPixels});
         }
@@ -38,16 +37,17 @@ class PlaceChooser final : public Sheet {
         connect(&list_, &QListWidget::itemActivated, this, [this] { choose(); });
     }
 
-    std::function<void(std::size_t)> onChosen;
+    std::function<void(std::unique_ptr<DatabaseRecord>)> onChosen;
 
  private:
     void choose() {
         if (!isVisible())
             return;  // a click that also activates counts once
         QDialog::accept();
-        onChosen(static_cast<std::size_t>(list_.currentRow()));
+        onChosen(std::move(records_.at(static_cast<std::size_t>(list_.currentRow()))));
     }
 
+    std::vector<std::unique_ptr<DatabaseRecord>> records_;
     QListWidget list_;
 };
 
@@ -78,7 +78,7 @@ void PlaceCommands::mark() {
 void PlaceCommands::listMarks() {
     auto sheet = std::make_unique<UserFixesSheet>(&host_.window(), host_.document());
     sheet->onOpen = [this](const std::string& key) {
-        const DatabaseRecord* found = host_.document().flight().database().Find(key);
+        const DatabaseRecord* found = host_.document().charts().database().Find(key);
         open(found != nullptr ? found->Clone() : nullptr);
     };
     sheet->onRemoved = [this] { host_.screen().databasesChanged(); };
@@ -96,19 +96,22 @@ void PlaceCommands::find() {
 }
 
 void PlaceCommands::identify(const std::vector<MapPlace>& places) {
-    const NavDatabase& database = host_.document().flight().database();
-    if (places.size() == 1)
-        return open(database.recordOf(places.front().place));
-    auto sheet = std::make_unique<PlaceChooser>(&host_.window(), database, places);
-    sheet->onChosen = [this, places](std::size_t row) {
-        open(host_.document().flight().database().recordOf(places.at(row).place));
-    };
+    const NavDatabase& database = host_.document().charts().database();
+    // At once: while the pilot chooses, other databases may come into use.
+    std::vector<std::unique_ptr<DatabaseRecord>> records;
+    for (const MapPlace& place : places)
+        if (auto record = database.recordOf(place.place))
+            records.push_back(std::move(record));
+    if (records.size() < 2)
+        return open(records.empty() ? nullptr : std::move(records.front()));
+    auto sheet = std::make_unique<PlaceChooser>(&host_.window(), std::move(records));
+    sheet->onChosen = [this](std::unique_ptr<DatabaseRecord> record) { open(std::move(record)); };
     host_.openSheet(std::move(sheet));
 }
 
 void PlaceCommands::openAirport(const NearAirport& airport) {
     const DatabaseRecord* found =
-        host_.document().flight().database().Find(airport.key, airport.position);
+        host_.document().charts().database().Find(airport.key, airport.position);
     open(found != nullptr ? found->Clone() : nullptr);
 }
 
@@ -134,7 +137,7 @@ std::unique_ptr<PlaceSheet> PlaceCommands::sheetFor(std::shared_ptr<DatabaseReco
         return std::make_unique<PlaceSheet>(&host_.window(), document, std::move(record), words);
     }
     const auto airport = std::static_pointer_cast<AirportRecord>(record);
-    document.flight().database().loadDetails(*airport);
+    document.charts().database().loadDetails(*airport);
     auto sheet = std::make_unique<CAirportSheet>(&host_.window(), document,
                                                  CAirportSheet::Look{labels_, colors_}, airport);
     sheet->onApproach = [this](std::vector<LandingRunway> runways) {

@@ -15,7 +15,7 @@ DirectToSheet::DirectToSheet(QWidget* parent, CKorvelDoc& document, const PlaceC
     : Sheet(parent, toQString(kSheetTexts.directToTitle),
             QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
-      place_(document.flight().database(), document.cockpitData().position,
+      place_(document.charts().database(), document.cockpitData().position,
              document.settings().icaoPrefix, document.cockpitData().distanceUnit) {
     buttons().button(QDialogButtonBox::Ok)->setText(toQString(kSheetTexts.directToTitle));
     course_.setPlaceholderText(toQString(kSheetTexts.courseHint));

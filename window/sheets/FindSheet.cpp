@@ -13,7 +13,7 @@ FindSheet::FindSheet(QWidget* parent, CKorvelDoc& document, std::optional<GeoPoi
     : Sheet(parent, toQString(kSheetTexts.findTitle),
             QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
-      place_(document.flight().database(), near, document.settings().icaoPrefix,
+      place_(document.charts().database(), near, document.settings().icaoPrefix,
              document.cockpitData().distanceUnit) {
     buttons().button(QDialogButtonBox::Ok)->setText(toQString(kSheetTexts.findButton));
     addTallRow(place_);
@@ -27,7 +27,7 @@ FindSheet::FindSheet(QWidget* parent, CKorvelDoc& document, std::optional<GeoPoi
 void FindSheet::accept() {
     const PlaceChoice choice = place_.choice();
     const DatabaseRecord* found =
-        document_.flight().database().Find(choice.identifier, choice.where);
+        document_.charts().database().Find(choice.identifier, choice.where);
     if (found == nullptr)
         return message_.setText(toQString(kFlightTexts.notFound));
     auto record = found->Clone();

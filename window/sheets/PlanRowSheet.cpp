@@ -85,11 +85,10 @@ void PlanRowSheet::setAltitude() {
 }
 
 void PlanRowSheet::insertBefore() {
-    Flight& flight = document_.flight();
-    ActivePlan& plan = flight.plan();
+    ActivePlan& plan = document_.flight().plan();
     PlanEditResult result =
         insertWords(plan.entries(), row_, typedIdents(words_.text().toStdString()),
-                    flight.database(), plan.fixes(), document_.cockpitData().position);
+                    document_.charts().database(), plan.fixes(), document_.cockpitData().position);
     if (!result.error.empty())
         return message_.setText(toQString(result.error));
     plan.replace(std::move(result.entries));

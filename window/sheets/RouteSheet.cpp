@@ -44,19 +44,19 @@ RouteSheet::RouteSheet(QWidget* parent, CKorvelDoc& document)
     addNote(message_);
     setPreferredWidth(14 * kRowPixels);
     connect(&line_, &QLineEdit::textEdited, this, [this] { check(); });
-    Flight& flight = document.flight();
-    line_.setText(toQString(
-        routeLine(flight.plan().entries(), flight.database(), document.cockpitData().position)));
+    line_.setText(
+        toQString(routeLine(document.flight().plan().entries(), document.charts().database(),
+                            document.cockpitData().position)));
     line_.selectAll();
     line_.setFocus();
     check();
 }
 
 void RouteSheet::check() {
-    Flight& flight = document_.flight();
     const CockpitData& shown = document_.cockpitData();
-    const RouteCheck route = checkRoute(typedIdents(line_.text().toStdString()), flight.database(),
-                                        flight.plan().fixes(), shown.position, shown.distanceUnit);
+    const RouteCheck route =
+        checkRoute(typedIdents(line_.text().toStdString()), document_.charts().database(),
+                   document_.flight().plan().fixes(), shown.position, shown.distanceUnit);
     QStringList words;
     for (const CheckedWord& word : route.words)
         words.append(marked(word));

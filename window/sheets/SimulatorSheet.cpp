@@ -37,7 +37,7 @@ SimulatorSheet::SimulatorSheet(QWidget* parent, CKorvelDoc& document)
     startStop_.setDefault(true);
     connect(&startStop_, &QPushButton::clicked, this, [this] { startOrStop(); });
 
-    offered_ = SimulatorForm::of(document.flight().simulatorStart(document.settings()));
+    offered_ = SimulatorForm::of(document.simulatorStart());
     const Simulator& simulator = document.flight().simulator();
     if (simulator.running())
         offered_ = SimulatorForm::of({.position = simulator.position(),

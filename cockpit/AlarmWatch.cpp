@@ -1,0 +1,42 @@
+#include "cockpit/AlarmWatch.h"
+
+#include "cockpit/ActiveApproach.h"
+#include "cockpit/SentinelValues.h"
+#include "config/Settings.h"
+#include "geo/Geodesy.h"
+#include "nav/leg/ActiveNavigation.h"
+#include "navdb/records/AirportRecord.h"
+
+namespace korvel {
+namespace {
+
+FlightSituation::Destination describe(const DatabaseRecord& record, GeoPoint from) {
+    const auto* const airport = dynamic_cast<const AirportRecord*>(&record);
+    FlightSituation::Destination destination{.name = std::string(record.ident.view()),
+                                             .distanceNm = DistanceNm(from, record.position),
+                                             .airport = airport != nullptr};
+    if (airport != nullptr && airport->elevationFt != kNoElevationFt) {
+        destination.elevationFt = airport->elevationFt;
+    }
+    return destination;
+}
+
+}  // namespace
+
+void AlarmWatch::update(const Settings& settings, const ActiveNavigation& navigation,
+                        const ActiveApproach& approach, const DatabaseRecord* destination,
+                        std::int64_t nowMs) {
+    const ActiveNavigation::Aircraft& present = navigation.present();
+    situation_ = {.crossTrackNm = known(navigation.state().crossTrackNm, kNoDistanceNm),
+                  .groundSpeedKt = present.groundSpeedKt,
+                  .altitudeFt = present.altitudeFt,
+                  .gearWarning = settings.gearWarning,
+                  .approachSpeedKt = settings.approachSpeedKt};
+    if (destination != nullptr) {
+        situation_.destination = describe(*destination, present.position);
+    }
+    approach.describe(situation_, present.position);
+    board_.update(nowMs);
+}
+
+}  // namespace korvel

@@ -1,0 +1,51 @@
+#include "cockpit/ChartLoading.h"
+
+#include <system_error>
+#include <utility>
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kAborting = "Aborting";
+
+}  // namespace
+
+ChartLoading::ChartLoading(const Clock& clock, LoadReport& report,
+                           std::vector<std::filesystem::path> folders)
+    : database_(clock), loader_(database_, report), folders_(std::move(folders)) {
+    try {
+        thread_ = std::thread([this] { run(); });
+    } catch (const std::system_error&) {
+        run();
+    }
+}
+
+ChartLoading::~ChartLoading() {
+    wanted_ = false;
+    if (thread_.joinable()) {
+        thread_.join();
+    }
+}
+
+void ChartLoading::breakOff() {
+    wanted_ = false;
+    *state_.lock() = {.text = std::string(kAborting)};
+}
+
+void ChartLoading::run() {
+    complete_ = loader_.load(
+        folders_, [this](std::string_view text, int percent) { return note(text, percent); });
+    finished_ = true;
+}
+
+bool ChartLoading::note(std::string_view text, int percent) {
+    const auto state = state_.lock();
+    // Under the lock, so that nothing is written over the word of breakOff().
+    if (!wanted_) {
+        return false;
+    }
+    *state = {.text = std::string(text), .percent = percent};
+    return true;
+}
+
+}  // namespace korvel

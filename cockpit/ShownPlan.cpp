@@ -1,0 +1,27 @@
+#include "cockpit/ShownPlan.h"
+
+#include <utility>
+
+#include "cockpit/ActivePlan.h"
+#include "cockpit/PlanViewBuilder.h"
+
+namespace korvel {
+
+void ShownPlan::update(ActivePlan& plan, const NavDatabase& database) {
+    const auto held = plan.plan().lock();
+    if (!held->has_value()) {
+        view_.reset();
+        return;
+    }
+    const Source source{.revision = plan.revision(), .active = (*held)->currentIndex()};
+    if (view_ && source == source_) {
+        return;
+    }
+    source_ = source;
+    PlanView view = makePlanView(**held, database);
+    view.fileName = plan.file().filename().string();
+    view.changed = plan.changed();
+    view_ = std::make_shared<const PlanView>(std::move(view));
+}
+
+}  // namespace korvel

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "geo/GeoPoint.h"
+
+namespace korvel {
+
+class NavDatabase;
+struct PlanWaypoint;
+struct Settings;
+
+/// Where and how the simulated aircraft begins.
+struct SimulatorStart {
+    GeoPoint position;
+    std::int32_t headingMag = 360;  ///< 0 to 360
+    double speedKt = 120;
+    std::int32_t altitudeFt = 2500;
+};
+
+/// At the settings' position, else where the plan begins, else at a default field; heading for the
+/// first place of the plan that lies elsewhere.
+SimulatorStart proposedSimulatorStart(const Settings& settings,
+                                      const std::vector<PlanWaypoint>& plan,
+                                      const NavDatabase& database);
+
+}  // namespace korvel

@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include "TempFolder.h"
+#include "cockpit/FlightFixture.h"
+#include "cockpit/NearAirportList.h"
+#include "geo/Geodesy.h"
+#include "platform/VirtualClock.h"
+
+namespace korvel { namespace {
+
+GeoPoint at(double lat, double lon) { return {lat * kDegToRad, lon * kDegToRad}; }
+
+class FlightTest : public testing::Test {
+ protected:
+    FlightTest() {
+        folder_.write(
+            "x.UDB.TXT", "ARPT_BEGIN\nID=XFLD\nNAME=Field\nPOSN.LAT=47.5\nPOSN.LON=10\nELEV=1000\nARPT_END\n");
+        program_.charts.load(std::vector{folder_.path()});
+    }
+    CockpitData tick(const ActiveNavigation::Aircraft& aircraft = {}, std::int64_t ms = Flight::kTickMs) {
+        clock_.advanceMs(ms);
+        return program_.tick(aircraft, settings_, {});
+    }
+    /// The simulated flight east from 47 N, 10 E; what it has covered.
+    double simulate(int ticks) {
+        for (int i = 0; i < ticks; ++i) tick();
+        return DistanceNm(at(47, 10), flight_.simulator().position());
+    }
+
+    TempFolder folder_;
+    VirtualClock clock_{{.year = 2026, .month = 5, .day = 1, .hour = 12}};
+    Settings settings_;
+    FlightByCharts program_{clock_};
+    Flight& flight_ = program_.flight;
+};
+
+TEST_F(FlightTest, TheSimulatorFliesAsOftenInATickAsTimeIsFaster) {
+    for (const auto& [asked, factor] : {std::pair{1, 1}, {7, 7}, {60, 60}, {61, 60}, {-1, 1}}) {
+        flight_.startSimulator({.position = at(47, 10), .headingMag = 90, .speedKt = 120});
+        flight_.setTimeFactor(asked);
+        EXPECT_EQ(flight_.timeFactor(), factor);
+        const std::int64_t before = flight_.tickMs();
+        // The very first step has nothing to count from.
+        EXPECT_NEAR(simulate(2), (2 * factor - 1) * 0.5 * 120 / 3600, 1e-6) << asked;
+        EXPECT_EQ(flight_.tickMs() - before, 2 * factor * 500) << asked;
+        flight_.stopSimulator();
+        EXPECT_EQ(flight_.timeFactor(), 1);
+    }
+    const std::int64_t before = flight_.tickMs();
+    flight_.setTimeFactor(60);
+    tick();
+    EXPECT_EQ(flight_.tickMs() - before, 500) << "nothing but the simulator is faster";
+}
+
+TEST_F(FlightTest, TheTrackIsBackAtTheTimeOfDayAfterAFastSimulation) {
+    settings_.tracking = true;
+    flight_.startSimulator({.position = at(47, 10), .headingMag = 90, .speedKt = 120});
+    flight_.setTimeFactor(60);
+    simulate(4);
+    flight_.stopSimulator();
+    for (int i = 0; i < 3; ++i) tick({.position = at(48 + i, 10)}, 5000);
+    ASSERT_EQ(flight_.track().saveTrack(folder_ / "a.trk"), "");
+    const std::string lines = folder_.read("a.trk");
+    EXPECT_NE(lines.find("20260501,1201"), std::string::npos) << "the simulator's own time\n" << lines;
+    EXPECT_TRUE(
+        lines.ends_with("00000000,000000,0.0,0.0,0,0,0\r\n"
+                        "20260501,120007,48.000000,10.000000,0,0,0\r\n"
+                        "20260501,120012,49.000000,10.000000,0,0,0\r\n"
+                        "20260501,120017,50.000000,10.000000,0,0,0\r\n"))
+        << lines;
+}
+
+TEST_F(FlightTest, TheAlarmsKnowWhereTheFlightEndsAndHowHighThatIs) {
+    const std::tuple<bool, int, double, std::vector<std::string>> cases[] = {
+        {true, 1990, 47.54, {"CHECK GEAR"}},
+        {true, 2010, 47.54, {}},
+        {false, 1990, 47.54, {}},
+        {true, 1990, 47.56, {}},
+        {false, 3000, 47.53, {"Arriving at XFLD"}},
+    };
+    for (const auto& [wanted, altitudeFt, lat, alarms] : cases) {
+        settings_.gearWarning = wanted;
+        tick({.position = at(48, 10)});
+        ASSERT_EQ(flight_.plan().enterRoute("XFLD"), "");
+        const CockpitData data = tick({.position = at(lat, 10), .groundSpeedKt = 150, .altitudeFt = altitudeFt});
+        EXPECT_EQ(data.alarms, alarms) << altitudeFt << ' ' << lat;
+        flight_.plan().clear();
+        tick({.position = at(48, 10)});
+    }
+}
+
+TEST_F(FlightTest, ThePagesSeeThePlanAsItIsNow) {
+    EXPECT_FALSE(tick({.position = at(47, 10)}).plan);
+    ASSERT_EQ(flight_.plan().enterRoute("XFLD"), "");
+    const auto shown = tick({.position = at(47.2, 10)}).plan;
+    ASSERT_TRUE(shown);
+    EXPECT_TRUE(shown->changed);
+    EXPECT_EQ(tick({.position = at(47.2, 10)}).plan, shown) << "not made anew for nothing";
+    ASSERT_EQ(flight_.plan().saveAs(folder_ / "a.fp"), "");
+    const auto saved = tick({.position = at(47.2, 10)}).plan;
+    EXPECT_FALSE(saved->changed);
+    EXPECT_EQ(saved->fileName, "a.fp");
+    flight_.plan().clear();
+    EXPECT_FALSE(tick({.position = at(47.2, 10)}).plan);
+}
+
+TEST_F(FlightTest, NearAirportsAreLookedUpWhileSomebodyLooks) {
+    NearAirportList list;
+    const auto look = [&](GeoPoint here, bool wanted = true) {
+        if (wanted) list.want();
+        list.update(program_.charts.database(), here, settings_, {});
+        return list.shown();
+    };
+    EXPECT_FALSE(look(at(47, 10), false));
+    const auto first = look(at(47, 10));
+    ASSERT_TRUE(first);
+    ASSERT_EQ(first->size(), 1U);
+    EXPECT_NEAR(first->front().distanceNm, 30, 0.1);
+    EXPECT_EQ(look(at(47.0015, 10)), first) << "0.09 NM";
+    EXPECT_NE(look(at(47.002, 10)), first);
+    EXPECT_FALSE(look({}));
+    look(at(47, 10));
+    EXPECT_FALSE(look(at(47, 10), false));
+    const auto again = look(at(47, 10));
+    list.forget();
+    EXPECT_FALSE(list.shown());
+    EXPECT_NE(look(at(47, 10)), again);
+}
+
+}}  // namespace korvel
