@@ -70,6 +70,19 @@ TEST_F(FlightLogTest, WritesOneLineForEachFlight) {
     EXPECT_EQ(folder_.read("log.txt"), "20260501,10:00,EDVV,10:11,EDDH,12,0.2\r\n20260501,,,10:12,,1,0.1\r\n");
 }
 
+TEST_F(FlightLogTest, AFlightThatIsClosedEndsNowOrWhenItBecameSlow) {
+    for (const auto& [seconds, slowSeconds, on] : {std::tuple{60, 0, "10:00"}, {57, 8, "09:59"}}) {
+        clock_.setLocalNow({.year = 2026, .month = 5, .day = 1, .hour = 9, .minute = 59});
+        const std::string file = std::to_string(seconds);
+        FlightLog log{clock_, folder_ / file, [] { return ""; }};
+        fly(log, 0, 1);
+        fly(log, 100, seconds);
+        fly(log, 20, slowSeconds);
+        log.close();
+        EXPECT_EQ(folder_.read(file), std::string("20260501,09:59,,").append(on).append(",,1,0.1\r\n"));
+    }
+}
+
 TEST_F(FlightLogTest, AKilledProgramLosesAtMostFiveSeconds) {
     {
         FlightLog log = open();

@@ -35,6 +35,7 @@ TEST_F(FlightPlanTest, FliesFromWaypointToWaypoint) {
         {28.9, 0, 90, "BA"},                                                                        // 1.1 NM before B
         {29.1, 0, 90, "CB"},                                                                        // 0.9
         {57.5, 1.0, 330, "CB"},     // 2.7 NM, turned away from C, but not to D
+        {63.5, -0.5, 90, "CB"},     // past C by 3.5 NM
         {62.0, -0.5, 90, "DC"},     // past C by 2 NM, on the way to D
         {40, 0, 270, "DC"},         // going back changes nothing
         {90, 0.5, kNoAngle, "ED"},  // the track is not known

@@ -181,6 +181,13 @@ TEST_F(SentenceDecoderTest, VtgPrefersKnots) {
     EXPECT_EQ(fix().trackMag, 54.7);
 }
 
+TEST_F(SentenceDecoderTest, AQualityWithoutAPositionIsNone) {
+    feed("GPVTG,54.7,T,34.4,M,005.5,N,010.2,K");
+    feed("GPGGA,1,,,,,1,04,1.2,100.0,M,,,,");
+    EXPECT_EQ(fix().fixQuality, 0);
+    EXPECT_FALSE(input_.hasFix(false));
+}
+
 TEST_F(SentenceDecoderTest, GgaCountsOnlyBesideRmcOrVtg) {
     feed(kGga);
     EXPECT_EQ(fix().fixQuality, 0) << "nothing has told of movement yet";
