@@ -3,28 +3,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/TextNumbers.h"
+#include "base/Calendar.h"
 #include "config/Text.h"
 #include "config/texts/StatusTexts.h"
 #include "navdb/file/DatabaseFile.h"
 
 namespace korvel {
-namespace {
-
-std::string dateText(std::uint32_t yyyymmdd) {
-    std::string text = formatInt(yyyymmdd);
-    if (text.size() == 8) {
-        text.insert(6, "-").insert(4, "-");
-    }
-    return text;
-}
-
-std::uint32_t dateNumber(const LocalTime& time) {
-    return static_cast<std::uint32_t>((time.year * 100 + time.month) * 100 + time.day);
-}
-
-}  // namespace
-
 Charts::Charts(const Clock& clock, const std::filesystem::path& folder)
     : clock_(clock),
       database_(clock),
@@ -86,7 +70,7 @@ void Charts::updateNotice() {
     if (oldest == 0) {
         notice_ = text(kStatusTexts.chartsUndated);
     } else if (oldest < today) {
-        notice_ = formatText(kStatusTexts.chartsExpired, {std::string_view(dateText(oldest))});
+        notice_ = formatText(kStatusTexts.chartsExpired, {std::string_view(dashedDate(oldest))});
     }
 }
 
