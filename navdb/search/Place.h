@@ -17,7 +17,8 @@ struct Place {
     RowMatch match;  ///< file is RecordOrigin::kNoFile for user records
 };
 
-/// Whether a search keeps a place, which has no identifier yet; empty keeps all.
+/// Whether a search keeps a place, which has no identifier yet; empty keeps all. It is asked while
+/// no lock of the database is held.
 using PlaceFilter = std::function<bool(const Place&)>;
 
 struct NearPlace {

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <numbers>
+#include <optional>
 
 #include "geo/Geodesy.h"
 #include "navdb/file/DatabaseTables.h"
@@ -55,10 +57,13 @@ class Search {
     /// Latitudes that are wanted by now.
     [[nodiscard]] virtual Band band() const = 0;
     [[nodiscard]] virtual bool wants(GeoPoint position) = 0;
-    /// Of a place that is wanted where it stands and has no identifier yet.
-    [[nodiscard]] virtual bool accepts(const Place&) const { return true; }
+    /// The caller's own choice among places that have no identifier yet; empty keeps all.
+    [[nodiscard]] virtual const PlaceFilter& filter() const { return noFilter_; }
     /// The place that was wanted last. False ends the search.
     virtual bool take(const Place& place) = 0;
+
+ private:
+    PlaceFilter noFilter_;
 };
 
 class BoxSearch final : public Search {
@@ -78,9 +83,7 @@ class BoxSearch final : public Search {
         return position.lat >= band_.south && position.lat <= band_.north &&
                PositiveMod(position.lon - west_, kTwoPi) <= width_ && places_.size() < limit_;
     }
-    [[nodiscard]] bool accepts(const Place& place) const override {
-        return !accept_ || accept_(place);
-    }
+    [[nodiscard]] const PlaceFilter& filter() const override { return accept_; }
     bool take(const Place& place) override {
         places_.push_back(place);
         return places_.size() < limit_;
@@ -151,45 +154,100 @@ class NearestSearch final : public Search {
     std::vector<NearPlace> found_;
 };
 
-bool searchIndex(LocationIndex& index, RowReader& rows, const DatabaseFile& file, int fileNumber,
-                 const PlaceSources& sources, KindMask kinds, std::span<const int> cells,
-                 Search& search) {
-    const PlaceFields fields(*index.index().table);
-    bool goOn = true;
-    for (const int cell : cells) {
-        if (!goOn || !search.wantsCell(cell)) {
-            continue;
+/// One location index of one file, searched cell by cell.
+class IndexSearch {
+ public:
+    IndexSearch(const PlaceSources& sources, int fileNumber, std::string_view name, KindMask kinds,
+                Search& search)
+        : sources_(sources),
+          file_(*sources.files[static_cast<std::size_t>(fileNumber)]),
+          fileNumber_(fileNumber),
+          name_(name),
+          kinds_(kinds),
+          search_(search) {}
+
+    /// False when the search is over.
+    bool run(std::span<const int> cells) {
+        std::optional<Rows> rows(file_.rows());
+        auto index = LocationIndex::open(file_, name_, **rows);
+        if (!index) {
+            return true;
         }
-        const Band band = search.band();
+        const PlaceFields fields(*index->index().table);
+        for (const int cell : cells) {
+            if (search_.wantsCell(cell)) {
+                visitCell(*index, cell, **rows, fields);
+                takeFiltered(*index, rows, fields);
+            }
+            if (!goOn_) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+ private:
+    using Rows = Guarded<RowReader>::Handle<RowReader>;
+
+    void visitCell(LocationIndex& index, int cell, RowReader& rows, const PlaceFields& fields) {
+        const Band band = search_.band();
         const std::int32_t south = storedDegrees(std::floor(band.south * kRadToDeg / kDegreesUnit));
         const std::int32_t north = storedDegrees(std::ceil(band.north * kRadToDeg / kDegreesUnit));
         index.visitCell(cell, south, north, [&](std::uint32_t row) {
-            if ((kindOfRow(rows, fields) & kinds) == 0 ||
-                !search.wants(positionOfRow(rows, fields))) {
+            if ((kindOfRow(rows, fields) & kinds_) == 0 ||
+                !search_.wants(positionOfRow(rows, fields))) {
                 return true;
             }
             Place place = buildUnnamedPlace(
-                rows, fields, file, {.file = fileNumber, .row = index.index().rowPosition(row)});
-            if (search.accepts(place)) {
-                readIdent(rows, fields, place);
-                goOn = isExcluded(sources, place) || search.take(place);
+                rows, fields, file_, {.file = fileNumber_, .row = index.index().rowPosition(row)});
+            if (search_.filter()) {
+                toFilter_.push_back(place);
+            } else {
+                take(place, rows, fields);
             }
-            return goOn;
+            return goOn_;
         });
     }
-    return goOn;
-}
+
+    /// The caller's filter runs while the file's lock is let go: it may use the database itself.
+    void takeFiltered(const LocationIndex& index, std::optional<Rows>& rows,
+                      const PlaceFields& fields) {
+        if (toFilter_.empty()) {
+            return;
+        }
+        rows.reset();
+        std::erase_if(toFilter_, std::not_fn(search_.filter()));
+        rows.emplace(file_.rows());
+        for (Place& place : toFilter_) {
+            if (goOn_ && (*rows)->load(*index.index().table, place.match.row)) {
+                take(place, **rows, fields);
+            }
+        }
+        toFilter_.clear();
+    }
+
+    /// The current row's place.
+    void take(Place& place, RowReader& rows, const PlaceFields& fields) {
+        readIdent(rows, fields, place);
+        goOn_ = isExcluded(sources_, place) || search_.take(place);
+    }
+
+    const PlaceSources& sources_;
+    const DatabaseFile& file_;
+    int fileNumber_;
+    std::string_view name_;
+    KindMask kinds_;
+    Search& search_;
+    std::vector<Place> toFilter_;  ///< of the present cell
+    bool goOn_ = true;
+};
 
 bool searchFiles(const PlaceSources& sources, KindMask kinds, std::span<const int> cells,
                  Search& search) {
     for (std::size_t number = 0; number < sources.files.size(); ++number) {
-        const DatabaseFile& file = *sources.files[number];
-        const auto rows = file.rows();
         for (const auto& [name, indexKinds] : kLocationIndexes) {
-            auto index =
-                (indexKinds & kinds) != 0 ? LocationIndex::open(file, name, *rows) : std::nullopt;
-            if (index && !searchIndex(*index, *rows, file, static_cast<int>(number), sources, kinds,
-                                      cells, search)) {
+            if ((indexKinds & kinds) != 0 &&
+                !IndexSearch(sources, static_cast<int>(number), name, kinds, search).run(cells)) {
                 return false;
             }
         }
@@ -216,7 +274,7 @@ void searchUserRecords(const PlaceSources& sources, KindMask kinds, std::span<co
                 continue;
             }
             const Place place = placeOfUser(*record);
-            if (search.accepts(place) && !search.take(place)) {
+            if ((!search.filter() || search.filter()(place)) && !search.take(place)) {
                 return;
             }
         }

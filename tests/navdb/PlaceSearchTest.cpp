@@ -171,8 +171,9 @@ TEST_F(PlaceSearchTest, LeavesOutExcludedRowsAndStopsAtTheLimit) {
     std::vector<Place> places;
     database_.placesIn({-90, -180, 90, 180}, kAllKinds, 7, places);
     EXPECT_EQ(places.size(), 7U);
-    const auto isNorthern = [](const Place& place) {
+    const auto isNorthern = [this](const Place& place) {
         EXPECT_TRUE(place.ident.empty()) << "read for what is kept alone";
+        EXPECT_NE(database_.recordOf(place), nullptr) << "no lock keeps a filter from the database";
         return place.position.lat > 0.5 && place.kind == kAirportKind;
     };
     database_.placesIn({-90, -180, 90, 180}, kAllKinds, 7, places, isNorthern);
