@@ -1,5 +1,7 @@
 #include "cockpit/AttitudeModule.h"
 
+#include <utility>
+
 #include "config/Text.h"
 #include "config/texts/FlightTexts.h"
 #include "platform/Folders.h"
@@ -27,19 +29,31 @@ std::string AttitudeModule::load(const std::filesystem::path& path) {
                       {std::string_view(path.filename().string())});
 }
 
+void AttitudeModule::setListening(bool on) {
+    const auto inbox = inbox_.lock();
+    inbox->open = on;
+    if (!on)
+        inbox->sentences.clear();  // too old when the page is shown again
+}
+
 void AttitudeModule::processMessage(std::string_view sentence) {
-    if (!isLoaded() || !listening_)
+    constexpr std::size_t kMostWaiting = 64;
+    if (!isLoaded())
         return;
-    const std::string terminated(sentence);
-    const std::lock_guard held(lock_);
-    processMessage_(terminated.c_str());
+    const auto inbox = inbox_.lock();
+    if (!inbox->open)
+        return;
+    if (inbox->sentences.size() == kMostWaiting)
+        inbox->sentences.erase(inbox->sentences.begin());
+    inbox->sentences.emplace_back(sentence);
 }
 
 bool AttitudeModule::draw(KorvelPicture picture, std::int64_t nowMs) {
     if (!isLoaded() || picture.width <= 0 || picture.height <= 0)
         return false;
     picture.size = sizeof picture;
-    const std::lock_guard held(lock_);
+    for (const std::string& sentence : std::exchange(inbox_.lock()->sentences, {}))
+        processMessage_(sentence.c_str());
     const bool alive = checkAlive_(nowMs) != 0;
     draw_(&picture);
     return alive;

@@ -1,21 +1,20 @@
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 #include <filesystem>
-#include <mutex>
-#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "base/Guarded.h"
 #include "platform/SharedLibrary.h"
 #include "plugins/attitude/AttitudePlugin.h"
 
 namespace korvel {
 
-/// The attitude plug-in: the first library, by its name, of the folder of plug-ins. Sentences reach
-/// it from the ports' threads, all else is asked on the user-interface thread; the plug-in itself
-/// is called by one of them at a time, under one lock that nothing else is taken under.
+/// The attitude plug-in: the first library, by its name, of the folder of plug-ins. It is called on
+/// the user-interface thread alone. Sentences come from the ports' threads and wait for the next
+/// drawing, under a lock that is held neither while the plug-in is at work nor with another one.
 class AttitudeModule {
  public:
     /// No plug-in.
@@ -30,21 +29,25 @@ class AttitudeModule {
 
     /// Whether its page is the current one and the module is in use: only then it is given
     /// sentences.
-    void setListening(bool on) { listening_ = on; }
-    /// "$RPY,..."; any thread.
+    void setListening(bool on);
+    /// "$RPY,..."; any thread. When nobody draws for long the oldest ones make room.
     void processMessage(std::string_view sentence);
 
-    /// Draws into the picture, whose size, pixels and colours the caller has set. False: what is
-    /// drawn is too old to be believed.
+    /// Gives the plug-in the sentences that wait and draws into the picture, whose size, pixels and
+    /// colours the caller has set. False: what is drawn is too old to be believed.
     bool draw(KorvelPicture picture, std::int64_t nowMs);
 
  private:
+    struct Inbox {
+        bool open = false;
+        std::vector<std::string> sentences;  ///< oldest first
+    };
+
     std::string load(const std::filesystem::path& path);
 
     SharedLibrary library_;
     std::string error_;
-    std::mutex lock_;
-    std::atomic<bool> listening_ = false;
+    Guarded<Inbox> inbox_;
     decltype(&Draw) draw_ = nullptr;
     decltype(&ProcessMessage) processMessage_ = nullptr;
     decltype(&CheckAlive) checkAlive_ = nullptr;

@@ -1,7 +1,8 @@
 /* The interface of an attitude plug-in: a shared library in the folder "plugins" beside the program
  * that draws the page "Attitude" from what an attitude module says on the serial port. It exports
- * the three functions below with C linkage under these very names. The program never calls two of
- * them at once. Plain C, so that a plug-in may be written in any language and by any compiler. */
+ * the three functions below with C linkage under these very names. The program calls them
+ * on one thread, the one that draws. Plain C, so that a plug-in may be written in any language and
+ * by any compiler. */
 #ifndef KORVEL_ATTITUDE_PLUGIN_H
 #define KORVEL_ATTITUDE_PLUGIN_H
 
@@ -33,7 +34,7 @@ struct KorvelPicture {
 KORVEL_PLUGIN_EXPORT void Draw(const struct KorvelPicture* picture);
 
 /* Takes a sentence of the module ("$RPY,..."), without its line end, ended by a zero. Called only
- * while the page is shown. */
+ * while the page is shown, for all that have come since the last picture, before CheckAlive. */
 KORVEL_PLUGIN_EXPORT void ProcessMessage(const char* sentence);
 
 /* Tells whether what Draw shows is fresh; if not, the program crosses the page out. `now_ms` are
