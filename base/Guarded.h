@@ -1,7 +1,10 @@
 #pragma once
 
 #include <mutex>
+#include <optional>
 #include <utility>
+
+#include "base/ThreadSafety.h"
 
 namespace korvel {
 
@@ -13,16 +16,12 @@ class Guarded {
     template <class Content>
     class Handle {
      public:
-        Handle(std::mutex& mutex, Content& value) : lock_(mutex), value_(&value) {}
-        Handle(std::unique_lock<std::mutex> held, Content& value)
-            : lock_(std::move(held)), value_(&value) {}
+        Handle(Mutex& mutex, Content& value) : lock_(mutex), value_(&value) {}
         Content& operator*() const { return *value_; }
         Content* operator->() const { return value_; }
-        /// False only for a handle from tryLock() that found the lock busy.
-        explicit operator bool() const { return lock_.owns_lock(); }
 
      private:
-        std::unique_lock<std::mutex> lock_;
+        std::unique_lock<Mutex> lock_;
         Content* value_;
     };
 
@@ -31,13 +30,18 @@ class Guarded {
 
     [[nodiscard]] Handle<Value> lock() { return {mutex_, value_}; }
     [[nodiscard]] Handle<const Value> lock() const { return {mutex_, value_}; }
-    /// Does not wait; test the handle before use.
-    [[nodiscard]] Handle<Value> tryLock() {
-        return {std::unique_lock<std::mutex>(mutex_, std::try_to_lock), value_};
+    /// A copy without waiting: nothing when somebody else holds the lock.
+    [[nodiscard]] std::optional<Value> copyIfFree() const {
+        if (!mutex_.try_lock()) {
+            return std::nullopt;
+        }
+        std::optional<Value> copy(value_);
+        mutex_.unlock();
+        return copy;
     }
 
  private:
-    mutable std::mutex mutex_;
+    mutable Mutex mutex_;
     Value value_{};
 };
 

@@ -16,6 +16,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   # clang-tidy reads the same command line and does not know the options.
   target_compile_options(korvel_warnings INTERFACE
     -Wno-restrict -Wno-stringop-overflow -Wno-array-bounds -Wno-unknown-warning-option)
+elseif(CMAKE_CXX_COMPILER_ID MATCHES Clang)
+  target_compile_options(korvel_warnings INTERFACE -Wthread-safety)
 endif()
 
 # A fused multiply-add would round differently from machine to machine; results

@@ -1,18 +1,18 @@
 #include "navdb/LoadReport.h"
 
 #include <fstream>
-#include <mutex>
 #include <system_error>
 #include <utility>
 
+#include "base/ThreadSafety.h"
 #include "platform/FileIo.h"
 
 namespace korvel {
 namespace {
 
 /// One for all reports: two of them may name the same file.
-std::mutex& reportLock() {
-    static std::mutex lock;
+Mutex& reportLock() {
+    static Mutex lock;
     return lock;
 }
 
@@ -21,14 +21,14 @@ std::mutex& reportLock() {
 LoadReport::LoadReport(std::filesystem::path path) : path_(std::move(path)) {}
 
 void LoadReport::restart() {
-    const std::lock_guard held(reportLock());
+    const MutexLock held(reportLock());
     inMemory_.clear();
     std::error_code ignored;
     std::filesystem::remove(path_, ignored);
 }
 
 void LoadReport::AppendLoadReport(std::string_view text) {
-    const std::lock_guard held(reportLock());
+    const MutexLock held(reportLock());
     if (path_.empty()) {
         inMemory_ += text;
         return;
@@ -38,7 +38,7 @@ void LoadReport::AppendLoadReport(std::string_view text) {
 }
 
 std::string LoadReport::text() const {
-    const std::lock_guard held(reportLock());
+    const MutexLock held(reportLock());
     return path_.empty() ? inMemory_ : readWholeFile(path_).value_or(std::string());
 }
 
