@@ -1,5 +1,6 @@
 #include "cockpit/CKorvelDoc.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -37,22 +38,29 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
       clock_(foundations.clock),
       settings_(loadSettings(foundations.profile)),
       attitudeModule_(foundations.pluginFolder),
-      input_(foundations.clock, *this),
+      input_(foundations.clock,
+             {.answer = [this](std::string_view bytes) { gpsPort_.write(bytes); },
+              .attitude = [this](std::string_view line) { attitudeModule_.processMessage(line); }}),
       gpsPort_(foundations.openDevice, foundations.clock),
       gyroPort_(foundations.openDevice, foundations.clock),
-      monitor_({gpsPort_, gyroPort_, *this, input_, *this, foundations.profile, foundations.clock}),
+      monitor_({gpsPort_, gyroPort_, *this, input_, foundations.profile, foundations.clock}),
       charts_(foundations.clock, foundations.folder),
       flight_({foundations.clock, charts_.database(), charts_.userRecords(), foundations.folder}),
       userFixes_(profile_, charts_, flight_.plan()),
       portFromScan_(foundations.profile.getInt(kOptionsSection, kPortScanned, 0) != 0),
       lastConnectedMs_(foundations.clock.tickMs()) {
-    monitor_.choosePort(portChoice(settings_.port));
+    input_.setOtherSource(&flight_.simulator());
+    input_.decoder().setVariationLookup(
+        [this](GeoPoint here) { return charts_.database().variationAt(here); });
+    input_.decoder().ignoreReceiverVariation(settings_.ignoreMagVar != 0);
+    monitor_.choosePort(portChoice(PortSettings::parse(settings_.port)));
     data_ = collectData();
 }
 
 CKorvelDoc::~CKorvelDoc() {
-    gpsPort_.close();
-    gyroPort_.close();
+    monitor_.useSource(nullptr);
+    gpsPort_.stop();
+    gyroPort_.stop();
 }
 
 void CKorvelDoc::loadDatabases(std::span<const std::filesystem::path> folders) {
@@ -77,15 +85,15 @@ void CKorvelDoc::tick() {
     openGyroPort();
     status_ = monitor_.connectionStatus(true);
     reconsiderPort();
-    const ActiveNavigation::Aircraft aircraft = received();
+    const Aircraft aircraft = received();
     flight_.lookAround(aircraft);
-    flight_.prepare(settings_, variation());
+    flight_.prepare(settings_, input_.variation());
     if (beforeNavigation) {
         beforeNavigation();
     }
-    flight_.tick(settings_, variation(), aircraft);
+    flight_.tick(settings_, input_.variation(), aircraft);
     nearAirports_.update(charts_.database(), flight_.navigation().present().position, settings_,
-                         variation());
+                         input_.variation());
     flight_.refresh();
     CockpitData data = collectData();
     attitude_.update(data, flight_.tickMs());
@@ -116,35 +124,40 @@ void CKorvelDoc::applySettings(const Settings& changed) {
     if (otherPort) {
         portFromScan_ = false;
         profile_.setInt(kOptionsSection, kPortScanned, 0, true);
+        useSource(nullptr);
     }
-    PortChoice choice = portChoice(otherPort ? settings_.port : monitor_.choice().gps);
+    input_.decoder().ignoreReceiverVariation(settings_.ignoreMagVar != 0);
+    PortChoice choice =
+        portChoice(otherPort ? PortSettings::parse(settings_.port) : monitor_.choice().gps);
     if (!(choice == monitor_.choice())) {
-        gyroPort_.close();  // the next tick opens what is wanted now
+        gyroPort_.stop();  // the next tick opens what is wanted now
         monitor_.choosePort(std::move(choice));
     }
     data_ = collectData();
     ++revision_;
 }
 
-void CKorvelDoc::usePort(std::string settingsText) {
+void CKorvelDoc::useSource(std::unique_ptr<SentenceSource> source) {
     portFromScan_ = false;
-    monitor_.choosePort(portChoice(std::move(settingsText)));
+    monitor_.useSource(source.get());
+    source_ = std::move(source);
 }
 
-void CKorvelDoc::onLine(SerialPort& /*port*/, std::string_view text) { input_.onSentence(text); }
+void CKorvelDoc::onLine(std::string_view line, std::int64_t arrivedMs) {
+    input_.onSentence(line, arrivedMs);
+}
 
 void CKorvelDoc::openGyroPort() {
     if (settings_.viaGyro == 0 || settings_.portGyro.empty()) {
         return;
     }
-    if (gyroPort_.hasReadFailed()) {
-        gyroPort_.close();
+    if (gyroPort_.hasFailed()) {
+        gyroPort_.stop();
     }
-    const std::string text = settings_.portGyro + ":," + settings_.baudGyro + ",N,8,1";
-    // A failure shows as a silent receiver; the next tick tries again.
-    if (!gyroPort_.isOpen() && gyroPort_.open(text).empty()) {
-        gyroPort_.setListener(this);
-        gyroPort_.startThread();
+    if (!gyroPort_.isRunning()) {
+        gyroPort_.choose(monitor_.choice().gyro);
+        // A failure shows as a silent receiver; the next tick tries again.
+        static_cast<void>(gyroPort_.start(*this));
     }
 }
 
@@ -160,30 +173,17 @@ void CKorvelDoc::reconsiderPort() {
     }
 }
 
-PortChoice CKorvelDoc::portChoice(std::string gps) const {
-    return {std::move(gps), settings_.viaGyro != 0, settings_.portGyro, settings_.baudGyro};
+PortChoice CKorvelDoc::portChoice(std::optional<PortSettings> gps) const {
+    return {.gps = std::move(gps),
+            .viaGyro = settings_.viaGyro != 0,
+            .gyro = PortSettings::of(settings_.portGyro, settings_.baudGyro)};
 }
 
-Variation CKorvelDoc::variation() const {
-    const double receiver = input_.store().own().magVariation;
-    // The receiver counts east as negative.
-    return {.receiverDeg = receiver == kNoAngle ? kNoAngle : -receiver,
-            .databaseDeg = databaseVariationDeg(),
-            .ignoreReceiver = settings_.ignoreMagVar != 0};
-}
-
-/// At the newest position, which the sentence that is being decoded may just have brought.
-double CKorvelDoc::databaseVariationDeg() const {
-    const GeoPoint here =
-        simulatorActive() ? flight_.simulator().position() : input_.store().own().position;
-    return charts_.database().variationAt(here);
-}
-
-ActiveNavigation::Aircraft CKorvelDoc::received() {
+Aircraft CKorvelDoc::received() {
     constexpr double kFullCircleDeg = 360;
-    ActiveNavigation::Aircraft aircraft;
-    // While the simulator runs the question is answered for it.
-    if (simulatorActive() || !input_.hasFix(false)) {
+    Aircraft aircraft;
+    // hasFix() is true also for what has taken the receiver's place.
+    if (input_.isSupplanted() || !input_.hasFix(false)) {
         return aircraft;
     }
     const std::int64_t now = clock_.tickMs();
@@ -214,7 +214,7 @@ CockpitData CKorvelDoc::collectData() {
     constexpr std::int64_t kSecondsPerDay = 86400;
     data.utcSecondOfDay = static_cast<int>(clock_.unixSeconds() % kSecondsPerDay);
     data.databaseNotice = charts_.notice();
-    fillFlightData(data, flight_, variation());
+    fillFlightData(data, flight_, input_.variation());
     if (data.position) {
         data.nearAirports = nearAirports_.shown();
     }
@@ -227,9 +227,10 @@ void CKorvelDoc::collectFix(CockpitData& data) {
     data.fixQuality = fix.fixQuality;
     data.fix3D = fix.fix3D != 0;
     data.satsInUse = fix.satsInUse;
-    data.satellites = fix.satellites;
+    data.satellites = unpackSatellites(fix.satellites);
+    std::ranges::sort(data.satellites, {}, &Satellite::number);
     data.receiverActive = (fix.sentenceFlags & SentenceFlag::kBytesArrive) != 0;
-    const ActiveNavigation::Aircraft aircraft = received();
+    const Aircraft aircraft = received();
     if (IsValid(aircraft.position)) {
         data.position = aircraft.position;
         lastPosition_ = aircraft.position;

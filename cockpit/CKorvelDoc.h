@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -22,14 +23,15 @@
 #include "platform/SerialDevice.h"
 #include "receiver/ConnectionMonitor.h"
 #include "receiver/GpsInput.h"
-#include "receiver/LineListener.h"
-#include "receiver/SerialPort.h"
+#include "receiver/PortSettings.h"
+#include "receiver/SentenceSource.h"
+#include "receiver/SerialSource.h"
 
 namespace korvel {
 
 /// The document: settings, receiver, fix and what is made of them. It knows no window and runs the
-/// same without one. Main thread only, but for onLine(), which the port's thread calls.
-class CKorvelDoc final : private LineListener, private GpsSurroundings {
+/// same without one. Main thread only, but for onLine(), which the sources' threads call.
+class CKorvelDoc final : private SentenceListener {
  public:
     /// What it is built on; all of it outlives the document.
     struct Foundations {
@@ -46,7 +48,7 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     explicit CKorvelDoc(const Foundations& foundations);
     CKorvelDoc(const CKorvelDoc&) = delete;
     CKorvelDoc& operator=(const CKorvelDoc&) = delete;
-    /// Closes the ports and ends their threads.
+    /// Stops the sources and ends their threads.
     ~CKorvelDoc() override;
 
     /// The half-second tick: decodes what has arrived, steps the connection, flies the plan and
@@ -89,16 +91,18 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
 
     /// Whether the receiver's port is searched for.
     bool searchesPort() const { return monitor_.scanning(); }
-    /// The port that the receiver is heard on, or listened for at present, and its speed.
-    std::string portLabel() const { return monitor_.portLabel(settings_.viaGyro == 0); }
+    /// What the receiver is heard through, or listened for at present: the port and its speed, or
+    /// the name of another source.
+    std::string portLabel() const { return monitor_.sourceLabel(); }
 
     const Settings& settings() const { return settings_; }
     /// Puts changed settings in force and into the profile, which reaches its file at exit. A port
     /// among them counts as chosen by the pilot from now on.
     void applySettings(const Settings& changed);
 
-    /// Reads this port in this run, whatever the settings say, and leaves them alone.
-    void usePort(std::string settingsText);
+    /// Listens to this source instead of a port, whatever the settings say, until the pilot chooses
+    /// another port.
+    void useSource(std::unique_ptr<SentenceSource> source);
 
     /// To be called at each tick while the satellites are looked at.
     void wantSatellites() { input_.satellitesForDisplay(); }
@@ -111,26 +115,15 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     std::vector<std::string> takeTrace() { return input_.store().takeTrace(); }
 
  private:
-    void onLine(SerialPort& port, std::string_view text) override;
-
-    bool simulatorActive() const override { return flight_.simulator().running(); }
-    std::int32_t simulatedAltitudeFt() const override { return flight_.simulator().altitudeFt(); }
-    double databaseVariationDeg() const override;
-    bool ignoreReceiverVariation() const override { return settings_.ignoreMagVar != 0; }
-    std::string portSettings() const override { return gpsPort_.settings(); }
-    void writeToPort(std::string_view bytes) override { gpsPort_.write(bytes); }
-    void passToAttitudePlugin(std::string_view sentence) override {
-        attitudeModule_.processMessage(sentence);
-    }
+    void onLine(std::string_view line, std::int64_t arrivedMs) override;
 
     void forgetDatabases();
     void openGyroPort();
     /// Goes back to scanning when a port that an earlier scan found stays silent.
     void reconsiderPort();
-    PortChoice portChoice(std::string gps) const;
-    Variation variation() const;
+    PortChoice portChoice(std::optional<PortSettings> gps) const;
     /// What of the fix is fresh; nothing without one.
-    ActiveNavigation::Aircraft received();
+    Aircraft received();
     CockpitData collectData();
     void show(CockpitData data);
     void collectFix(CockpitData& data);
@@ -140,8 +133,9 @@ class CKorvelDoc final : private LineListener, private GpsSurroundings {
     Settings settings_;
     AttitudeModule attitudeModule_;  // before the ports, whose threads call it
     GpsInput input_;
-    SerialPort gpsPort_;
-    SerialPort gyroPort_;
+    SerialSource gpsPort_;
+    SerialSource gyroPort_;
+    std::unique_ptr<SentenceSource> source_;  // in the ports' place; null for none
     ConnectionMonitor monitor_;
     Charts charts_;
     Flight flight_;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -14,6 +13,7 @@
 #include "nav/approach/LandingRunway.h"
 #include "nav/track/Track.h"
 #include "platform/Clock.h"
+#include "receiver/Satellite.h"
 
 namespace korvel {
 
@@ -99,7 +99,7 @@ struct CockpitData {
     int satsInUse = 0;
     /// Satellites in view: bits 0-6 number, 7 used, 8-15 signal in dB, 16-24 azimuth, 25-31
     /// elevation (91: below the horizon); 0 is an empty slot.
-    std::array<std::uint32_t, 12> satellites{};
+    std::vector<Satellite> satellites;
 
     LocalTime now;
     std::optional<int> utcSecondOfDay;

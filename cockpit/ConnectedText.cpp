@@ -12,6 +12,7 @@
 #include "config/texts/ConnectedTexts.h"
 #include "config/texts/ReceiverTexts.h"
 #include "navdb/file/DatabaseFile.h"
+#include "receiver/PortSettings.h"
 
 namespace korvel {
 namespace {
@@ -63,7 +64,7 @@ std::string attitudeModule(const Settings& settings) {
         return std::string(text(kConnectedTexts.connectedNoModule));
     if (settings.portGyro.empty())
         return std::string(text(kConnectedTexts.connectedModuleNoPort));
-    const std::string label = settings.portGyro + " " + settings.baudGyro;
+    const std::string label = PortSettings::of(settings.portGyro, settings.baudGyro).label();
     return formatText(kConnectedTexts.connectedModule, {std::string_view(label)});
 }
 

@@ -99,7 +99,7 @@ void Flight::prepare(const Settings& settings, const Variation& variation) {
 void Flight::tick(const Settings& settings, const Variation& variation,
                   const ActiveNavigation::Aircraft& received) {
     step(settings, variation, received);
-    const int more = simulator_.running() ? timeFactor_ - 1 : 0;
+    const int more = navigation_.simulated() ? timeFactor_ - 1 : 0;
     for (int i = 0; i < more; ++i) {
         clock_.advanceMs(kTickMs);
         trackIsAhead_ = true;

@@ -44,7 +44,7 @@ void fillLeg(CockpitData& data, const ActiveNavigation& navigation, const Variat
 }  // namespace
 
 void fillFlightData(CockpitData& data, const Flight& flight, const Variation& variation) {
-    if (flight.simulator().running()) {
+    if (flight.navigation().simulated()) {
         fillSimulated(data, flight.navigation().present(), variation);
     }
     data.flightTimeSec = flight.flightTimeSec();

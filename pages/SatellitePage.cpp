@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string_view>
+#include <vector>
 
 #include "base/TextNumbers.h"
 #include "config/Text.h"
@@ -40,7 +41,7 @@ class SatellitePainter {
         title(data, {margin, margin / 2, width - 2 * margin, titleHeight});
         const Rect rest{margin, titleHeight + margin, width - 2 * margin,
                         height - titleHeight - 2 * margin};
-        const std::vector<Satellite> satellites = unpackSatellites(data.satellites);
+        const std::vector<Satellite>& satellites = data.satellites;
         const bool beside = rest.width > rest.height;
         const double side = beside ? std::min(rest.height, rest.width * 0.45)
                                    : std::min(rest.width, rest.height * 0.55);
@@ -176,22 +177,6 @@ class SatellitePainter {
 };
 
 }  // namespace
-
-std::vector<Satellite> unpackSatellites(const std::array<std::uint32_t, 12>& words) {
-    std::vector<Satellite> satellites;
-    for (const std::uint32_t word : words) {
-        if (word == 0)
-            continue;
-        const auto field = [word](unsigned shift, unsigned mask) {
-            return static_cast<int>((word >> shift) & mask);
-        };
-        satellites.push_back(
-            {field(0, 0x7F), field(7, 1) != 0, field(8, 0xFF), field(16, 0x1FF), field(25, 0x7F)});
-    }
-    std::sort(satellites.begin(), satellites.end(),
-              [](const Satellite& a, const Satellite& b) { return a.number < b.number; });
-    return satellites;
-}
 
 Point skyPoint(const Satellite& satellite, Point center, double radius) {
     const double out = radius * (90 - satellite.elevationDeg) / 90;

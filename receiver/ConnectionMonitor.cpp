@@ -43,8 +43,8 @@ constexpr std::int64_t kSilenceMs = 5000;
 
 const ScanEntry& entryAt(int index) { return kScanTable.at(static_cast<std::size_t>(index)); }
 
-std::string settingsText(const ScanEntry& entry) {
-    return "COM" + formatInt(entry.port) + ":," + formatInt(entry.baud) + ",N,8,1";
+PortSettings settingsOf(const ScanEntry& entry) {
+    return PortSettings::of("COM" + formatInt(entry.port), formatInt(entry.baud));
 }
 
 std::string withLabel(const std::string& label, std::string_view status) {
@@ -55,24 +55,42 @@ std::string withLabel(const std::string& label, std::string_view status) {
 
 void ConnectionMonitor::choosePort(PortChoice choice) {
     if (choice.gps != choice_.gps) {
-        parts_.gpsPort.close();
-        scanIndex_ = -1;
-        scanDeadlineMs_ = 0;
-        connected_ = false;
+        parts_.gpsPort.stop();
+        forgetConnection();
     }
     choice_ = std::move(choice);
 }
 
+void ConnectionMonitor::useSource(SentenceSource* source) {
+    started().stop();
+    forgetConnection();
+    otherSource_ = source;
+}
+
+void ConnectionMonitor::forgetConnection() {
+    scanIndex_ = -1;
+    scanDeadlineMs_ = 0;
+    connected_ = false;
+}
+
+SentenceSource& ConnectionMonitor::started() {
+    return otherSource_ != nullptr ? *otherSource_ : parts_.gpsPort;
+}
+
+SentenceSource& ConnectionMonitor::watched() {
+    return otherSource_ == nullptr && choice_.viaGyro ? parts_.gyroPort : started();
+}
+
 std::string ConnectionMonitor::connectionStatus(bool open) {
     if (open) {
-        std::string failure = openPort();
+        std::string failure = startSource();
         if (!failure.empty()) {
             return failure;
         }
     }
     // Asked in every step, also with a fix: otherwise the bytes of the good times would count as
     // news when the receiver has fallen silent.
-    const bool receiving = watchedPort().isReceiving();
+    const bool receiving = watched().isReceiving();
     if (parts_.input.store().shared().lock()->fixQuality != 0) {
         storeFoundPort();
         connected_ = true;
@@ -80,27 +98,29 @@ std::string ConnectionMonitor::connectionStatus(bool open) {
     }
     const std::uint32_t flags = noteActivity(receiving);
     if ((flags & SentenceFlag::kBytesArrive) == 0) {
-        return waitingFor(text(kReceiverTexts.noActivity));
+        const std::string state = watched().stateText();
+        return waitingFor(state.empty() ? text(kReceiverTexts.noActivity) : state);
     }
     if ((flags & SentenceFlag::kChecksumCorrect) == 0) {
         return waitingFor(text(kReceiverTexts.waitingForNmea));
     }
     if ((flags & SentenceFlag::kRmcOrVtg) == 0) {
-        return withLabel(portLabel(!choice_.viaGyro), text(kReceiverTexts.waitingForCourse));
+        return withLabel(sourceLabel(), text(kReceiverTexts.waitingForCourse));
     }
     if ((flags & SentenceFlag::kGga) == 0) {
-        return withLabel(portLabel(!choice_.viaGyro), text(kReceiverTexts.waitingForAltitude));
+        return withLabel(sourceLabel(), text(kReceiverTexts.waitingForAltitude));
     }
     return std::string(text(kReceiverTexts.locatingSatellites));
 }
 
-std::string ConnectionMonitor::openPort() {
-    if (parts_.gpsPort.hasReadFailed()) {
+std::string ConnectionMonitor::startSource() {
+    SentenceSource& source = started();
+    if (source.hasFailed()) {
         // The device is gone for good (unplugged, or the computer slept): only a new start of the
         // port finds it again. What it said is not to be taken for news of the next one.
-        parts_.gpsPort.close();
+        source.stop();
     }
-    if (parts_.gpsPort.isOpen()) {
+    if (source.isRunning()) {
         return {};
     }
     parts_.input.store().reset();
@@ -108,10 +128,11 @@ std::string ConnectionMonitor::openPort() {
     if (scanning()) {
         nextScanEntry();
     }
-    const std::string failure = parts_.gpsPort.open(portToOpen());
+    if (otherSource_ == nullptr) {
+        parts_.gpsPort.choose(portToOpen());
+    }
+    const std::string failure = source.start(parts_.listener);
     if (failure.empty()) {
-        parts_.gpsPort.setListener(&parts_.listener);
-        parts_.gpsPort.startThread();
         return {};
     }
     std::string status = portLabel(true) + "\n" + failure;
@@ -119,7 +140,7 @@ std::string ConnectionMonitor::openPort() {
         skipScannedPort();
     }
     scanDeadlineMs_ = 0;
-    parts_.gpsPort.close();
+    source.stop();
     return status;
 }
 
@@ -145,15 +166,15 @@ void ConnectionMonitor::skipScannedPort() {
     }
 }
 
-std::string ConnectionMonitor::portToOpen() const {
-    return scanning() ? settingsText(entryAt(scanIndex_)) : choice_.gps;
+PortSettings ConnectionMonitor::portToOpen() const {
+    return choice_.gps ? *choice_.gps : settingsOf(entryAt(scanIndex_));
 }
 
 void ConnectionMonitor::storeFoundPort() {
     if (!scanning() || scanIndex_ < 0) {
         return;
     }
-    const std::string found = settingsText(entryAt(scanIndex_));
+    const std::string found = settingsOf(entryAt(scanIndex_)).format();
     if (parts_.profile.getString("Options", "Port", "") == found) {
         return;
     }
@@ -163,10 +184,10 @@ void ConnectionMonitor::storeFoundPort() {
 }
 
 std::string ConnectionMonitor::waitingFor(std::string_view what) {
-    const std::string label = portLabel(!choice_.viaGyro);
+    const std::string label = sourceLabel();
     if (scanning() && deadlinePassed()) {
         scanDeadlineMs_ = 0;
-        parts_.gpsPort.close();
+        parts_.gpsPort.stop();
     }
     return withLabel(label, what);
 }
@@ -174,25 +195,13 @@ std::string ConnectionMonitor::waitingFor(std::string_view what) {
 bool ConnectionMonitor::deadlinePassed() const { return parts_.clock.tickMs() >= scanDeadlineMs_; }
 
 std::string ConnectionMonitor::portLabel(bool forGps) const {
+    if (otherSource_ != nullptr) {
+        return otherSource_->label();
+    }
     if (!forGps) {
-        return choice_.gyroPort + " " + choice_.gyroBaud;
+        return choice_.gyro.label();
     }
-    if (scanning()) {
-        if (scanIndex_ < 0) {
-            return {};
-        }
-        const ScanEntry& entry = entryAt(scanIndex_);
-        return "COM" + formatInt(entry.port) + " " + formatInt(entry.baud);
-    }
-    // "%[^:]:,%[^,],%s": the name up to the colon, the speed up to the next comma.
-    const std::string_view text = choice_.gps;
-    const std::string_view name = text.substr(0, text.find(':'));
-    constexpr std::string_view kBetween = ":,";
-    if (text.substr(name.size(), kBetween.size()) != kBetween) {
-        return std::string(name);
-    }
-    const std::string_view rest = text.substr(name.size() + kBetween.size());
-    return std::string(name) + " " + std::string(rest.substr(0, rest.find(',')));
+    return scanning() && scanIndex_ < 0 ? std::string() : portToOpen().label();
 }
 
 std::uint32_t ConnectionMonitor::noteActivity(bool receiving) {
@@ -211,6 +220,8 @@ void ConnectionMonitor::gpsTick() {
     GpsInput& input = parts_.input;
     GpsFixStore& store = input.store();
     input.expireSatellitesWanted();
+    // Only a port can be told by its speed what receiver is at its end.
+    input.decoder().setPort(otherSource_ == nullptr ? parts_.gpsPort.settings().format() : "");
     bool dead = false;
     {
         const auto queue = input.queue().lock();
@@ -223,7 +234,10 @@ void ConnectionMonitor::gpsTick() {
             store.trace("bGpsDead=TRUE");
         }
     }
-    if (dead && !parts_.surroundings.simulatorActive()) {
+    for (const std::string& command : input.decoder().takeCommands()) {
+        parts_.gpsPort.write(command);
+    }
+    if (dead && !input.isSupplanted()) {
         store.reset();
         store.trace("*** gps commands not received ***");
     }

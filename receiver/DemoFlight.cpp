@@ -11,6 +11,7 @@
 #include "base/TextNumbers.h"
 #include "geo/GeoPoint.h"
 #include "geo/Geodesy.h"
+#include "receiver/Satellite.h"
 
 namespace korvel {
 namespace {
@@ -35,27 +36,19 @@ constexpr std::array<GeoPoint, 6> kRoute = {{
     {47.4318 * kDegree, -122.3080 * kDegree},
 }};
 
-struct Satellite {
-    int number;
-    int elevation;
-    int azimuth;
-    int signal;
-    bool used;
-};
-
-constexpr std::array<Satellite, 10> kSky = {{{2, 68, 291, 44, true},
-                                             {5, 52, 62, 41, true},
-                                             {7, 12, 33, 24, false},
-                                             {13, 38, 112, 37, true},
-                                             {15, 44, 187, 40, true},
-                                             {18, 21, 318, 31, true},
-                                             {21, 8, 145, 0, false},
-                                             {24, 29, 244, 35, true},
-                                             {29, 61, 154, 43, true},
-                                             {30, 17, 79, 29, true}}};
+constexpr std::array<Satellite, 10> kSky = {{{2, true, 44, 291, 68},
+                                             {5, true, 41, 62, 52},
+                                             {7, false, 24, 33, 12},
+                                             {13, true, 37, 112, 38},
+                                             {15, true, 40, 187, 44},
+                                             {18, true, 31, 318, 21},
+                                             {21, false, 0, 145, 8},
+                                             {24, true, 35, 244, 29},
+                                             {29, true, 43, 154, 61},
+                                             {30, true, 29, 79, 17}}};
 
 /// Where the aircraft is and how it moves.
-struct Aircraft {
+struct Flight {
     GeoPoint position = kRoute.front();
     double courseDeg = TrueCourseDeg(kRoute[0], kRoute[1]);
     double speedKt = 60;
@@ -123,14 +116,15 @@ void appendSatellites(std::string& log) {
         const std::size_t end = std::min(kSky.size(), (k + 1) * kPerSentence);
         for (std::size_t i = k * kPerSentence; i < end; ++i) {
             const Satellite& s = kSky.at(i);
-            view += "," + zeroPadded(s.number, 2) + "," + zeroPadded(s.elevation, 2) + "," +
-                    zeroPadded(s.azimuth, 3) + "," + (s.signal > 0 ? zeroPadded(s.signal, 2) : "");
+            view += "," + zeroPadded(s.number, 2) + "," + zeroPadded(s.elevationDeg, 2) + "," +
+                    zeroPadded(s.azimuthDeg, 3) + "," +
+                    (s.signalDb > 0 ? zeroPadded(s.signalDb, 2) : "");
         }
         append(log, view);
     }
 }
 
-void appendBurst(std::string& log, const Aircraft& aircraft, int second) {
+void appendBurst(std::string& log, const Flight& aircraft, int second) {
     const std::string time = zeroPadded(second / 3600 % 24, 2) + zeroPadded(second / 60 % 60, 2) +
                              zeroPadded(second % 60, 2) + ".00";
     const std::string position =
@@ -147,7 +141,7 @@ void appendBurst(std::string& log, const Aircraft& aircraft, int second) {
 
 std::string makeDemoFlightLog() {
     std::string log;
-    Aircraft aircraft;
+    Flight aircraft;
     for (int second = kDepartureSec; !aircraft.arrived(); ++second) {
         appendBurst(log, aircraft, second);
         aircraft.flyOneSecond();

@@ -1,25 +1,23 @@
 #include "receiver/GpsInput.h"
 
-#include <string>
+#include <utility>
 
 namespace korvel {
 
-GpsInput::GpsInput(const Clock& clock, GpsSurroundings& surroundings)
-    : clock_(clock),
-      surroundings_(surroundings),
-      receiver_(store_, queue_, clock, surroundings),
-      decoder_(store_, surroundings) {}
+GpsInput::GpsInput(const Clock& clock, LineOutlets outlets)
+    : clock_(clock), receiver_(store_, queue_, std::move(outlets)), decoder_(store_) {}
 
 void GpsInput::decode(SentenceQueue& held) {
-    const std::int64_t now = clock_.tickMs();
-    for (const std::string& sentence : held.sentences()) {
-        decoder_.decodeSentence(sentence, now);
+    if (!isSupplanted()) {
+        for (const auto& [sentence, arrivedMs] : held.sentences()) {
+            decoder_.decodeSentence(sentence, arrivedMs);
+        }
     }
     held.clear();
 }
 
 bool GpsInput::hasFix(bool need3D) {
-    if (surroundings_.simulatorActive() || surroundings_.positionFromAttitudeModule()) {
+    if (isSupplanted()) {
         return true;
     }
     constexpr int kFewestSatellites = 3;
@@ -47,8 +45,8 @@ void GpsInput::expireSatellitesWanted() {
 }
 
 std::int32_t GpsInput::altitudeFt() const {
-    return surroundings_.simulatorActive() ? surroundings_.simulatedAltitudeFt()
-                                           : store_.own().altitudeFt;
+    return isSupplanted() ? otherSource_->aircraft().altitudeFt.value_or(0)
+                          : store_.own().altitudeFt;
 }
 
 std::int32_t GpsInput::correctedAltitudeFt() const {
@@ -56,8 +54,13 @@ std::int32_t GpsInput::correctedAltitudeFt() const {
     return altitudeOffsetFt_ == kNoAltitudeOffset ? altitude : altitude + altitudeOffsetFt_;
 }
 
+Variation GpsInput::variation() const {
+    return decoder_.variation(isSupplanted() ? otherSource_->aircraft().position
+                                             : store_.own().position);
+}
+
 double GpsInput::magneticToTrue(double magneticDeg) const {
-    return decoder_.variation().MagneticToTrue(magneticDeg);
+    return variation().MagneticToTrue(magneticDeg);
 }
 
 }  // namespace korvel

@@ -5,8 +5,9 @@
 #include <optional>
 #include <string_view>
 
+#include "geo/PositionSource.h"
+#include "platform/Clock.h"
 #include "receiver/GpsFixStore.h"
-#include "receiver/GpsSurroundings.h"
 #include "receiver/SentenceDecoder.h"
 #include "receiver/SentenceQueue.h"
 #include "receiver/SentenceReceiver.h"
@@ -23,23 +24,33 @@ inline constexpr std::int32_t kNoAltitudeOffset = -12345678;
 /// receiver never holds both.
 class GpsInput {
  public:
-    /// Both outlive it.
-    GpsInput(const Clock& clock, GpsSurroundings& surroundings);
+    /// The clock outlives it.
+    explicit GpsInput(const Clock& clock, LineOutlets outlets = {});
 
-    /// Port thread.
-    void onSentence(std::string_view text) { receiver_.onSentence(text); }
+    /// A line and the tick at which it came; without one it came now. Port thread.
+    void onSentence(std::string_view text, std::int64_t arrivedMs) {
+        receiver_.onSentence(text, arrivedMs);
+    }
+    void onSentence(std::string_view text) { onSentence(text, clock_.tickMs()); }
 
     // Everything below: main thread.
 
     Guarded<SentenceQueue>& queue() { return queue_; }
     /// Decodes the sentences in order of arrival and empties the queue, which the caller holds.
+    /// Nothing is decoded while the position is supplied by something else.
     void decode(SentenceQueue& held);
     SentenceDecoder& decoder() { return decoder_; }
     GpsFixStore& store() { return store_; }
     const GpsFixStore& store() const { return store_; }
 
-    /// Whether the position can be flown by: also true while the simulator or the attitude module
-    /// supplies it. `need3D` asks for three satellites and a fix in height as well.
+    /// What may supply the position in the receiver's place, and must outlive the input; null for
+    /// nothing.
+    void setOtherSource(const PositionSource* source) { otherSource_ = source; }
+    /// Whether it does so now: then the receiver does not count.
+    bool isSupplanted() const { return otherSource_ != nullptr && otherSource_->isActive(); }
+
+    /// Whether the position can be flown by: also true while something else supplies it. `need3D`
+    /// asks for three satellites and a fix in height as well.
     bool hasFix(bool need3D);
 
     /// The satellites in view; asking makes the receiver's satellite sentences wanted, and the
@@ -48,17 +59,19 @@ class GpsInput {
     /// Forgets the wish once 5 s have passed without a question. Called every tick.
     void expireSatellitesWanted();
 
-    /// The simulator's while it is active, else the receiver's.
+    /// Of what supplies the position.
     std::int32_t altitudeFt() const;
     /// With the pilot's altimeter offset, unless that is kNoAltitudeOffset.
     std::int32_t correctedAltitudeFt() const;
     void setAltitudeOffsetFt(std::int32_t feet) { altitudeOffsetFt_ = feet; }
 
+    /// The variations in force at the position, whoever supplies it.
+    Variation variation() const;
     double magneticToTrue(double magneticDeg) const;
 
  private:
     const Clock& clock_;
-    GpsSurroundings& surroundings_;
+    const PositionSource* otherSource_ = nullptr;
     GpsFixStore store_;
     Guarded<SentenceQueue> queue_;
     SentenceReceiver receiver_;

@@ -1,11 +1,13 @@
 #include "receiver/ReplaySource.h"
 
-#include <chrono>
+#include <algorithm>
+#include <array>
+#include <system_error>
 #include <utility>
 
 #include "config/Text.h"
 #include "config/texts/ReceiverTexts.h"
-#include "platform/PseudoTerminal.h"
+#include "receiver/SerialPort.h"
 
 namespace korvel {
 namespace {
@@ -13,57 +15,77 @@ namespace {
 /// The pause between the end of a looped script and its next beginning.
 constexpr std::int64_t kLoopPauseMs = 1000;
 
-constexpr std::chrono::milliseconds kPatience(100);
-
 }  // namespace
 
-ReplaySource::ReplaySource(std::vector<ReplayStep> script, double speed, bool loop)
-    : script_(std::move(script)), speed_(speed), loop_(loop) {}
+ReplaySource::ReplaySource(std::vector<ReplayStep> script, Options options, const Clock& clock)
+    : script_(std::move(script)), options_(std::move(options)), clock_(clock) {}
 
-ReplaySource::~ReplaySource() {
-    {
-        const std::lock_guard lock(mutex_);
-        stopping_ = true;
+std::string ReplaySource::start(SentenceListener& listener) {
+    if (isRunning()) {
+        return {};
     }
-    wake_.notify_all();
-    if (thread_.joinable()) {
-        thread_.join();
-    }
-}
-
-std::string ReplaySource::start() {
     if (script_.empty()) {
         return std::string(text(kReceiverTexts.nothingToReplay));
     }
-    terminal_ = PseudoTerminal::create();
-    if (!terminal_) {
-        return "The system has no pseudo-terminal to give";
+    stop_.reset();
+    isOver_ = false;
+    splitter_.clear();
+    try {
+        thread_ = std::thread([this, &listener] { play(listener); });
+    } catch (const std::system_error&) {
+        return std::string(text(kReceiverTexts.noThread));
     }
-    thread_ = std::thread([this] { play(); });
     return {};
 }
 
-std::string ReplaySource::portSettings() const { return terminal_->deviceName() + ",115200,N,8,1"; }
+void ReplaySource::stop() {
+    stop_.set();
+    if (thread_.joinable()) {
+        thread_.join();
+    }
+    activity_.clear();
+}
 
-void ReplaySource::play() {
+std::string ReplaySource::stateText() const {
+    return isOver_ ? std::string(text(kReceiverTexts.replayOver)) : std::string();
+}
+
+void ReplaySource::play(SentenceListener& listener) {
     do {
         started_ = std::chrono::steady_clock::now();
         for (const ReplayStep& step : script_) {
             if (!waitUntil(step.offsetMs)) {
                 return;
             }
-            // Like a receiver the replay waits for nobody: what is not taken in time is lost.
-            terminal_->write(step.bytes, kPatience);
+            deliver(step.bytes, listener);
         }
-    } while (loop_ && waitUntil(script_.back().offsetMs + kLoopPauseMs));
+    } while (options_.loop && waitUntil(script_.back().offsetMs + kLoopPauseMs));
+    isOver_ = true;
 }
 
 bool ReplaySource::waitUntil(std::int64_t offsetMs) {
-    const std::chrono::duration<double, std::milli> offset(static_cast<double>(offsetMs) / speed_);
-    const auto due =
-        started_ + std::chrono::duration_cast<std::chrono::steady_clock::duration>(offset);
-    std::unique_lock lock(mutex_);
-    return !wake_.wait_until(lock, due, [this] { return stopping_; });
+    using std::chrono::milliseconds;
+    const std::chrono::duration<double, std::milli> offset(static_cast<double>(offsetMs) /
+                                                           options_.speed);
+    const auto left = started_ + offset - std::chrono::steady_clock::now();
+    return !stop_.wait(std::max(std::chrono::ceil<milliseconds>(left), milliseconds(0)));
+}
+
+/// As a port would: bytes that are no sentences go the same way as those of a real receiver.
+void ReplaySource::deliver(std::string_view bytes, SentenceListener& listener) {
+    std::array<char, SerialPort::kMaxLineLength + 1> line{};
+    activity_.count(bytes.size());
+    while (!bytes.empty()) {
+        const std::string_view piece = bytes.substr(0, std::max<std::size_t>(splitter_.room(), 1));
+        bytes.remove_prefix(piece.size());
+        splitter_.append(piece);
+        for (int length = splitter_.readLine(line); length != LineSplitter::kNoLine;
+             length = splitter_.readLine(line)) {
+            if (length > 0) {
+                listener.onLine({line.data(), static_cast<std::size_t>(length)}, clock_.tickMs());
+            }
+        }
+    }
 }
 
 }  // namespace korvel

@@ -1,51 +1,58 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
-#include <condition_variable>
 #include <cstdint>
-#include <memory>
-#include <mutex>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
+#include "platform/Clock.h"
+#include "platform/Event.h"
+#include "receiver/ActivityMeter.h"
+#include "receiver/LineSplitter.h"
 #include "receiver/ReplayScript.h"
+#include "receiver/SentenceSource.h"
 
 namespace korvel {
 
-class PseudoTerminal;
-
-/// Plays a receiver's log into a pseudo-terminal at the pace at which it was recorded, so that the
-/// program's own serial port reads it like a receiver. One thread of its own; everything else is
-/// called from the thread that owns it. Destruction ends the thread and the device vanishes.
-class ReplaySource {
+/// Plays a receiver's log at the pace at which it was recorded, on a thread of its own.
+class ReplaySource final : public SentenceSource {
  public:
-    /// `speed` is how many times faster than recorded (above 0). With `loop` the script begins
-    /// again at its end, else the receiver then falls silent.
-    ReplaySource(std::vector<ReplayStep> script, double speed, bool loop);
+    struct Options {
+        std::string label{};  ///< what the pilot knows it by
+        double speed = 1;     ///< how many times faster than recorded, above 0
+        bool loop = false;    ///< begins again at its end; else the receiver then falls silent
+    };
+
+    /// `clock`, which must outlive it, says when a line came; the pace is that of real time.
+    ReplaySource(std::vector<ReplayStep> script, Options options, const Clock& clock);
     ReplaySource(const ReplaySource&) = delete;
     ReplaySource& operator=(const ReplaySource&) = delete;
-    ~ReplaySource();
+    ~ReplaySource() override { stop(); }
 
-    /// Creates the device and starts to play. Returns an error text, empty on success.
-    [[nodiscard]] std::string start();
-
-    /// The settings text that opens the other end: device name, speed and the rest.
-    std::string portSettings() const;
+    std::string start(SentenceListener& listener) override;
+    void stop() override;
+    bool isRunning() const override { return thread_.joinable(); }
+    bool isReceiving() override { return activity_.isReceiving(clock_.tickMs()); }
+    std::string label() const override { return options_.label; }
+    std::string stateText() const override;
 
  private:
-    void play();
-    /// False once the replay is to stop.
+    void play(SentenceListener& listener);
+    /// False once the replay is to stop. `offsetMs` counts from the beginning of this round.
     bool waitUntil(std::int64_t offsetMs);
+    void deliver(std::string_view bytes, SentenceListener& listener);
 
     std::vector<ReplayStep> script_;
-    double speed_;
-    bool loop_;
-    std::unique_ptr<PseudoTerminal> terminal_;
-    std::chrono::steady_clock::time_point started_;  // of the script's present round
-    std::mutex mutex_;                               // guards stopping_
-    std::condition_variable wake_;
-    bool stopping_ = false;
+    Options options_;
+    const Clock& clock_;
+    ActivityMeter activity_;
+    std::atomic<bool> isOver_ = false;
+    Event stop_{Event::Reset::Manual};
+    LineSplitter splitter_;                          // the replay's thread, while it runs
+    std::chrono::steady_clock::time_point started_;  // the same; of the script's present round
     std::thread thread_;
 };
 

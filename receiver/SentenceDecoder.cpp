@@ -3,17 +3,20 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <limits>
+#include <optional>
 
 #include "base/TextNumbers.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
+#include "receiver/PortSettings.h"
 
 namespace korvel {
 namespace {
 
 constexpr std::size_t kMostFields = 25;
 constexpr std::size_t kGroupSize = 4;  ///< fields of one satellite in GSV
+constexpr double kLowestAltitudeFt = -2000;
+constexpr double kHighestAltitudeFt = 100000;
 
 using FieldStore = std::array<std::string_view, kMostFields>;
 
@@ -33,31 +36,27 @@ std::span<const std::string_view> split(std::string_view text, FieldStore& store
     return {store.data(), count};
 }
 
+/// What a field says; nothing when it is empty, endless or "nan". A word counts as 0.
+std::optional<double> decimal(std::string_view field) {
+    const double value = ParseDouble(field);
+    return field.empty() || !std::isfinite(value) ? std::nullopt : std::optional(value);
+}
+
 /// Radians from "dddmm.mmmm" and the letter of its hemisphere.
-double coordinate(std::string_view digits, std::string_view side, std::string_view negativeSide) {
-    const double signedValue = ParseDouble(digits) * (side == negativeSide ? -1 : 1);
-    const double w = signedValue * 0.01;
+std::optional<double> coordinate(std::string_view digits, std::string_view side,
+                                 std::string_view negativeSide) {
+    const auto value = decimal(digits);
+    if (!value) {
+        return std::nullopt;
+    }
+    const double w = *value * (side == negativeSide ? -1 : 1) * 0.01;
     const double degrees = TruncTowardZero(w);
     return ((w - degrees) * 100 / 60 + degrees) * kDegToRad;
 }
 
-/// Truncated towards zero; what no integer can hold becomes the nearest one that can, and what is
-/// no number 0.
-std::int32_t truncateToInt(double value) {
-    if (std::isnan(value)) {
-        return 0;
-    }
-    constexpr double kLowest = std::numeric_limits<std::int32_t>::min();
-    constexpr double kHighest = std::numeric_limits<std::int32_t>::max();
-    return static_cast<std::int32_t>(std::clamp(value, kLowest, kHighest));
-}
-
 }  // namespace
 
-void SentenceDecoder::decodeSentence(std::string_view text, std::int64_t nowMs) {
-    if (surroundings_.simulatorActive()) {
-        return;
-    }
+void SentenceDecoder::decodeSentence(std::string_view text, std::int64_t arrivedMs) {
     struct Kind {
         std::string_view name;
         std::size_t fewestFields;
@@ -71,7 +70,7 @@ void SentenceDecoder::decodeSentence(std::string_view text, std::int64_t nowMs) 
          {"$GPGSV", 0, &SentenceDecoder::decodeGsv, " GSV FAILED"},
          {"$GPGSA", 18, &SentenceDecoder::decodeGsa, " GSA FAILED"}}};
     text_ = text;
-    nowMs_ = nowMs;
+    arrivedMs_ = arrivedMs;
     FieldStore store;
     const Fields fields = split(text, store);
     for (const Kind& kind : kKinds) {
@@ -87,11 +86,11 @@ void SentenceDecoder::decodeSentence(std::string_view text, std::int64_t nowMs) 
     }
 }
 
-Variation SentenceDecoder::variation() const {
+Variation SentenceDecoder::variation(GeoPoint here) const {
     const double receiver = store_.own().magVariation;
     return {.receiverDeg = receiver == kNoAngle ? kNoAngle : -receiver,
-            .databaseDeg = surroundings_.databaseVariationDeg(),
-            .ignoreReceiver = surroundings_.ignoreReceiverVariation()};
+            .databaseDeg = variationAt_ ? variationAt_(here) : kNoAngle,
+            .ignoreReceiver = ignoreReceiverVariation_};
 }
 
 void SentenceDecoder::decodeRmc(Fields fields) {
@@ -100,14 +99,9 @@ void SentenceDecoder::decodeRmc(Fields fields) {
         trace(" RMC NOT LOCKED");
         return;
     }
-    if (fields[3].empty() || fields[5].empty()) {
-        store_.own().rmcPositionValid = 0;
-    } else {
-        storePosition(fields, 3, 5);
-        store_.own().rmcPositionValid = 1;
-    }
-    if (!fields[7].empty()) {
-        storeGroundSpeed(ParseDouble(fields[7]));
+    store_.own().rmcPositionValid = storePosition(fields, 3, 5) ? 1 : 0;
+    if (const auto knots = decimal(fields[7])) {
+        storeGroundSpeed(*knots);
     }
     storeVariation(fields[10], fields[11]);
     storeTrack(fields[8]);
@@ -115,10 +109,10 @@ void SentenceDecoder::decodeRmc(Fields fields) {
 
 void SentenceDecoder::decodeVtg(Fields fields) {
     raise(SentenceFlag::kRmcOrVtg);
-    if (!fields[5].empty()) {
-        storeGroundSpeed(ParseDouble(fields[5]));
-    } else if (!fields[7].empty()) {
-        storeGroundSpeed(ParseDouble(fields[7]) * kNmPerKilometre);
+    if (const auto knots = decimal(fields[5])) {
+        storeGroundSpeed(*knots);
+    } else if (const auto kilometres = decimal(fields[7])) {
+        storeGroundSpeed(*kilometres * kNmPerKilometre);
     }
     storeTrack(fields[1]);
 }
@@ -126,7 +120,7 @@ void SentenceDecoder::decodeVtg(Fields fields) {
 void SentenceDecoder::decodeGga(Fields fields) {
     raise(SentenceFlag::kGga);
     GpsFix& fix = store_.own();
-    if (fix.rmcPositionValid == 0 && !fields[2].empty() && !fields[4].empty()) {
+    if (fix.rmcPositionValid == 0) {
         storePosition(fields, 2, 4);
     }
     if (!fields[7].empty()) {
@@ -135,10 +129,7 @@ void SentenceDecoder::decodeGga(Fields fields) {
     if (!fields[6].empty()) {
         storeQuality(fields[6]);
     }
-    if (!fields[9].empty()) {
-        fix.altitudeFt = truncateToInt(ParseDouble(fields[9]) * kGgaFeetPerMetre);
-        fix.altitudeTickMs = nowMs_;
-    }
+    storeAltitude(fields[9]);
     startSbas();
 }
 
@@ -174,22 +165,35 @@ void SentenceDecoder::decodeGsa(Fields fields) {
     }
 }
 
-void SentenceDecoder::storePosition(Fields fields, std::size_t latitude, std::size_t longitude) {
-    GpsFix& fix = store_.own();
-    fix.position = {coordinate(fields[latitude], fields[latitude + 1], "S"),
-                    coordinate(fields[longitude], fields[longitude + 1], "W")};
-    fix.positionTickMs = nowMs_;
+bool SentenceDecoder::storePosition(Fields fields, std::size_t latitude, std::size_t longitude) {
+    const auto lat = coordinate(fields[latitude], fields[latitude + 1], "S");
+    const auto lon = coordinate(fields[longitude], fields[longitude + 1], "W");
+    if (!lat || !lon) {
+        return false;
+    }
+    store_.own().position = {*lat, *lon};
+    store_.own().positionTickMs = arrivedMs_;
+    return true;
 }
 
 void SentenceDecoder::storeGroundSpeed(double knots) {
     store_.own().groundSpeedKt = knots;
-    store_.own().groundSpeedTickMs = nowMs_;
+    store_.own().groundSpeedTickMs = arrivedMs_;
 }
 
 void SentenceDecoder::storeTrack(std::string_view trueCourse) {
-    if (!trueCourse.empty()) {
-        store_.own().trackMag = variation().TrueToMagnetic(ParseDouble(trueCourse));
-        store_.own().trackTickMs = nowMs_;
+    if (const auto course = decimal(trueCourse)) {
+        store_.own().trackMag = variation(store_.own().position).TrueToMagnetic(*course);
+        store_.own().trackTickMs = arrivedMs_;
+    }
+}
+
+/// Truncated towards zero. Where no aircraft flies a receiver is out of its mind.
+void SentenceDecoder::storeAltitude(std::string_view metres) {
+    const double feet = decimal(metres).value_or(HUGE_VAL) * kGgaFeetPerMetre;
+    if (feet >= kLowestAltitudeFt && feet <= kHighestAltitudeFt) {
+        store_.own().altitudeFt = static_cast<std::int32_t>(feet);
+        store_.own().altitudeTickMs = arrivedMs_;
     }
 }
 
@@ -197,8 +201,8 @@ void SentenceDecoder::storeVariation(std::string_view degrees, std::string_view 
     double& variation = store_.own().magVariation;
     if (side != "E" && side != "W") {
         variation = kNoAngle;
-    } else if (!degrees.empty()) {
-        variation = ParseDouble(degrees) * (side == "E" ? -1 : 1);
+    } else if (const auto value = decimal(degrees)) {
+        variation = *value * (side == "E" ? -1 : 1);
     }
 }
 
@@ -232,21 +236,21 @@ void SentenceDecoder::startSbas() {
     if (sbasDone_ || !IsValid(store_.own().position)) {
         return;
     }
-    const std::string settings = surroundings_.portSettings();
-    if (settings.empty()) {
+    const auto port = PortSettings::parse(portText_);
+    if (!port) {
         return;
     }
     sbasDone_ = true;
     const GeoPoint position = store_.own().position;
-    if (position.lat < 0 || settings.find(",38400,") == std::string::npos) {
+    if (position.lat < 0 || port->speed != "38400" || port->rest.empty()) {
         return;
     }
     const double longitudeDeg = position.lon * kRadToDeg;
     if (longitudeDeg >= -120 && longitudeDeg <= -30) {
-        surroundings_.writeToPort("$PSRF151,01*0F\r\n");
+        commands_.emplace_back("$PSRF151,01*0F\r\n");
         trace(" WAAS SENT");
     }
-    surroundings_.writeToPort("$PSRF103,05,00,00,01*21\r\n");
+    commands_.emplace_back("$PSRF103,05,00,00,01*21\r\n");
 }
 
 void SentenceDecoder::raise(std::uint32_t flag) { store_.shared().lock()->sentenceFlags |= flag; }

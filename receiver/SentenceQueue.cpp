@@ -11,31 +11,35 @@ std::string_view idOf(std::string_view sentence) { return sentence.substr(0, sen
 
 }  // namespace
 
-void SentenceQueue::replace(std::string_view id, std::string_view sentence) {
+void SentenceQueue::replace(std::string_view id, std::string_view sentence,
+                            std::int64_t arrivedMs) {
     for (std::size_t i = count_; i-- > 0;) {
-        if (idOf(slots_[i]) == id) {
+        if (idOf(slots_[i].text) == id) {
             removeAt(i);
         }
     }
-    push(sentence);
+    push(sentence, arrivedMs);
 }
 
-void SentenceQueue::append(std::string_view sentence) {
+void SentenceQueue::append(std::string_view sentence, std::int64_t arrivedMs) {
     if (count_ >= kMostWaiting) {
-        const auto oldest = std::ranges::find(sentences(), idOf(sentence), idOf);
+        const auto oldest = std::ranges::find(
+            sentences(), idOf(sentence), [](const Waiting& waiting) { return idOf(waiting.text); });
         if (oldest == sentences().end()) {
             return;
         }
         removeAt(static_cast<std::size_t>(oldest - sentences().begin()));
     }
-    push(sentence);
+    push(sentence, arrivedMs);
 }
 
-void SentenceQueue::push(std::string_view sentence) {
+void SentenceQueue::push(std::string_view sentence, std::int64_t arrivedMs) {
     if (count_ == slots_.size()) {
         slots_.emplace_back();
     }
-    slots_[count_++].assign(sentence);
+    Waiting& slot = slots_[count_++];
+    slot.text.assign(sentence);
+    slot.arrivedMs = arrivedMs;
 }
 
 void SentenceQueue::removeAt(std::size_t index) {

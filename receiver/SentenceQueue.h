@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,24 +14,29 @@ namespace korvel {
 /// stream of sentences allocates nothing.
 class SentenceQueue {
  public:
+    struct Waiting {
+        std::string text;
+        std::int64_t arrivedMs = 0;
+    };
+
     /// Drops every waiting sentence whose text before its first comma equals `id`, then appends:
     /// only the newest sentence of a kind is worth decoding.
-    void replace(std::string_view id, std::string_view sentence);
+    void replace(std::string_view id, std::string_view sentence, std::int64_t arrivedMs);
 
     /// Appends without a check, for the sentences that come in several parts. When nobody has
     /// emptied the queue for very long, the oldest of their kind make room: never the only sentence
     /// of another kind.
-    void append(std::string_view sentence);
+    void append(std::string_view sentence, std::int64_t arrivedMs);
 
     bool empty() const { return count_ == 0; }
-    std::span<const std::string> sentences() const { return {slots_.data(), count_}; }
+    std::span<const Waiting> sentences() const { return {slots_.data(), count_}; }
     void clear() { count_ = 0; }
 
  private:
-    void push(std::string_view sentence);
+    void push(std::string_view sentence, std::int64_t arrivedMs);
     void removeAt(std::size_t index);
 
-    std::vector<std::string> slots_;  // the first count_ wait, the rest is storage to reuse
+    std::vector<Waiting> slots_;  // the first count_ wait, the rest is storage to reuse
     std::size_t count_ = 0;
 };
 

@@ -37,11 +37,11 @@ bool areAllowed(std::string_view line) {
 
 }  // namespace
 
-void SentenceReceiver::onSentence(std::string_view text) {
+void SentenceReceiver::onSentence(std::string_view text, std::int64_t arrivedMs) {
     const std::string_view line = text.substr(0, text.find('\r'));
     if (line.empty() || line.front() != '$') {
-        if (text == "ASTRAL" || text == "ASTRAL\r") {
-            surroundings_.writeToPort("ASTRAL\r\n");
+        if (outlets_.answer && (text == "ASTRAL" || text == "ASTRAL\r")) {
+            outlets_.answer("ASTRAL\r\n");
         }
         return;
     }
@@ -51,7 +51,9 @@ void SentenceReceiver::onSentence(std::string_view text) {
     }
     const std::string_view id = line.substr(0, line.find(','));
     if (id == "$RPY") {
-        surroundings_.passToAttitudePlugin(line);
+        if (outlets_.attitude) {
+            outlets_.attitude(line);
+        }
         return;
     }
     if (!checksumCorrect(line)) {
@@ -66,12 +68,12 @@ void SentenceReceiver::onSentence(std::string_view text) {
     {
         const auto queue = queue_.lock();
         if (*kind != kInView) {
-            queue->replace(id, line);
+            queue->replace(id, line, arrivedMs);
         } else if (satellitesWanted_) {
-            queue->append(line);
+            queue->append(line, arrivedMs);
         }
     }
-    traceAccepted(line);
+    traceAccepted(line, arrivedMs);
 }
 
 bool SentenceReceiver::checksumCorrect(std::string_view line) {
@@ -93,13 +95,12 @@ bool SentenceReceiver::checksumCorrect(std::string_view line) {
     return true;
 }
 
-void SentenceReceiver::traceAccepted(std::string_view line) {
-    const std::int64_t now = clock_.tickMs();
+void SentenceReceiver::traceAccepted(std::string_view line, std::int64_t arrivedMs) {
     if (store_.tracing()) {
-        const std::int64_t delta = previousTickMs_ == 0 ? 0 : now - previousTickMs_;
+        const std::int64_t delta = previousMs_ == 0 ? 0 : arrivedMs - previousMs_;
         store_.trace(line, " ok (delta " + formatInt(delta) + ")");
     }
-    previousTickMs_ = now;
+    previousMs_ = arrivedMs;
 }
 
 }  // namespace korvel

@@ -2,15 +2,22 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <string_view>
+#include <utility>
 
 #include "base/Guarded.h"
-#include "platform/Clock.h"
 #include "receiver/GpsFixStore.h"
-#include "receiver/GpsSurroundings.h"
 #include "receiver/SentenceQueue.h"
 
 namespace korvel {
+
+/// Where lines go that say nothing about the fix. Called on the thread that brings the line; where
+/// one is empty nothing happens.
+struct LineOutlets {
+    std::function<void(std::string_view bytes)> answer{};       ///< to the receiver
+    std::function<void(std::string_view sentence)> attitude{};  ///< "$RPY,..." of the module
+};
 
 /// Decides, line by line on the port's thread, what is a sentence worth decoding: characters,
 /// checksum and kind are checked, why a line was refused goes to the trace, and accepted sentences
@@ -19,27 +26,25 @@ namespace korvel {
 /// Locks: takes the fix lock, lets it go, and only then takes the queue lock; never both.
 class SentenceReceiver {
  public:
-    /// All of them outlive the receiver.
-    SentenceReceiver(GpsFixStore& store, Guarded<SentenceQueue>& queue, const Clock& clock,
-                     GpsSurroundings& surroundings)
-        : store_(store), queue_(queue), clock_(clock), surroundings_(surroundings) {}
+    /// Store and queue outlive the receiver.
+    SentenceReceiver(GpsFixStore& store, Guarded<SentenceQueue>& queue, LineOutlets outlets)
+        : store_(store), queue_(queue), outlets_(std::move(outlets)) {}
 
-    /// One line, with or without the CR at its end. Port thread.
-    void onSentence(std::string_view text);
+    /// One line, with or without the CR at its end, and the tick at which it came. Port thread.
+    void onSentence(std::string_view text, std::int64_t arrivedMs);
 
     /// Satellite sentences are queued only while somebody looks at them. Any thread.
     void setSatellitesWanted(bool wanted) { satellitesWanted_ = wanted; }
 
  private:
     bool checksumCorrect(std::string_view line);
-    void traceAccepted(std::string_view line);
+    void traceAccepted(std::string_view line, std::int64_t arrivedMs);
 
     GpsFixStore& store_;
     Guarded<SentenceQueue>& queue_;
-    const Clock& clock_;
-    GpsSurroundings& surroundings_;
+    LineOutlets outlets_;
     std::atomic<bool> satellitesWanted_{false};
-    std::int64_t previousTickMs_ = 0;  // of the previous accepted sentence; 0 before the first
+    std::int64_t previousMs_ = 0;  // arrival of the previous accepted sentence; 0 before the first
 };
 
 }  // namespace korvel

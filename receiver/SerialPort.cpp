@@ -8,6 +8,7 @@
 
 #include "config/Text.h"
 #include "config/texts/ReceiverTexts.h"
+#include "receiver/PortSettings.h"
 
 namespace korvel {
 namespace {
@@ -25,9 +26,6 @@ constexpr int kAbortRetryLimit = 6;
 constexpr milliseconds kWriteStep{5};
 constexpr int kWriteSteps = 20;
 constexpr std::size_t kPendingLimit = 4096;
-
-constexpr std::int64_t kActivityBytes = 2;
-constexpr std::int64_t kActivityMs = 5000;
 
 /// In the order in which they are tried: a speed counts when the text begins with one of these.
 constexpr std::array<std::string_view, 9> kSpeeds = {"9600",  "4800",  "2400",   "14400", "19200",
@@ -97,25 +95,22 @@ SerialPort::~SerialPort() { close(); }
 std::string SerialPort::open(std::string_view settings) {
     portNumber_ = 0;
     settings_.clear();
-    rxCount_ = 0;
+    activity_.clear();
     readFailed_ = false;
     if (isOpen()) {
         return std::string(text(kReceiverTexts.portOpen));
     }
-    const std::size_t comma = settings.find(',');
-    const std::string_view name = settings.substr(0, comma);
-    if (name.size() >= kNameLimit) {
+    const PortSettings wanted = PortSettings::parse(settings).value_or(PortSettings{});
+    if (wanted.device.size() >= kNameLimit) {
         return std::string(text(kReceiverTexts.badSetting));
     }
-    const std::string path = std::string(kDevicePrefix) + std::string(name);
+    const std::string path = std::string(kDevicePrefix) + wanted.device;
     SystemError error = kNoError;
     auto device = opener_(path, error);
     if (device == nullptr) {
         return openFailedText(error);
     }
-    const std::string_view speed =
-        comma == std::string_view::npos ? std::string_view() : settings.substr(comma + 1);
-    if (std::string failure = setUpLine(*device, speed); !failure.empty()) {
+    if (std::string failure = setUpLine(*device, wanted.speed); !failure.empty()) {
         return failure;
     }
     device_ = std::move(device);
@@ -172,7 +167,7 @@ void SerialPort::close() {
     buffer_.lock()->clear();
     pendingWrite_.lock()->clear();  // meant for the device that is gone
     writeEvent_.reset();
-    rxCount_ = 0;
+    activity_.clear();
     readFailed_ = false;
 }
 
@@ -207,17 +202,6 @@ void SerialPort::write(std::string_view bytes) {
 }
 
 int SerialPort::readLine(std::span<char> out) { return buffer_.lock()->readLine(out); }
-
-bool SerialPort::isReceiving() {
-    const std::int64_t arrived = rxCount_;
-    const std::int64_t now = clock_.tickMs();
-    if (arrived > kActivityBytes) {
-        rxCount_ -= arrived;
-        activityTick_ = now;
-        return true;
-    }
-    return activityTick_ && now - *activityTick_ < kActivityMs;
-}
 
 void SerialPort::setDelimiter(std::string_view delimiter) {
     buffer_.lock()->setDelimiter(delimiter);
@@ -303,7 +287,7 @@ bool SerialPort::retriesAfter(SystemError error) {
 }
 
 void SerialPort::receive(std::string_view bytes) {
-    rxCount_ += static_cast<std::int64_t>(bytes.size());
+    activity_.count(bytes.size());
     trace(bytes, "rcv");
     buffer_.lock()->append(bytes);
     deliverLines();
@@ -328,9 +312,6 @@ void SerialPort::deliverLines() {
     }
 }
 
-bool SerialPort::hasListener() {
-    const auto listener = listener_.tryLock();
-    return listener && *listener != nullptr;
-}
+bool SerialPort::hasListener() const { return listener_.copyIfFree().value_or(nullptr) != nullptr; }
 
 }  // namespace korvel

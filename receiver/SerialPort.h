@@ -16,6 +16,7 @@
 #include "platform/Clock.h"
 #include "platform/Event.h"
 #include "platform/SerialDevice.h"
+#include "receiver/ActivityMeter.h"
 #include "receiver/LineListener.h"
 #include "receiver/LineSplitter.h"
 
@@ -67,7 +68,7 @@ class SerialPort {
     int readLine(std::span<char> out);
 
     /// Whether bytes arrive: more than 2 since the last call, or that much less than 5 s ago.
-    bool isReceiving();
+    bool isReceiving() { return activity_.isReceiving(clock_.tickMs()); }
 
     /// Detaches the listener, ends the thread and closes the port; also when it is closed already.
     /// Waits for the thread without limit, which is bounded all the same: the thread's transfers
@@ -102,7 +103,7 @@ class SerialPort {
     bool retriesAfter(SystemError error);
     void receive(std::string_view bytes);
     void deliverLines();
-    bool hasListener();
+    bool hasListener() const;
 
     void trace(std::string_view bytes, std::string_view tag) const;
 
@@ -121,8 +122,7 @@ class SerialPort {
     std::thread thread_;
     std::atomic<std::thread::id> threadId_;
     std::atomic<bool> readFailed_ = false;
-    std::atomic<std::int64_t> rxCount_ = 0;  ///< since the last isReceiving(); never wraps
-    std::optional<std::int64_t> activityTick_;
+    ActivityMeter activity_;
     int failuresInARow_ = 0;  ///< port thread only
     int abortsInARow_ = 0;    ///< port thread only
 

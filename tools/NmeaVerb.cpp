@@ -6,12 +6,14 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "base/TextNumbers.h"
 #include "geo/Geodesy.h"
 #include "platform/VirtualClock.h"
 #include "receiver/GpsInput.h"
+#include "receiver/Satellite.h"
 #include "tools/Arguments.h"
 #include "tools/Invocation.h"
 #include "tools/ProgressBar.h"
@@ -52,38 +54,13 @@ struct Options {
     }
 };
 
-/// Stands for the rest of the program: nothing but settings, and a port that notes what it sends.
-class LogSurroundings final : public GpsSurroundings {
- public:
-    explicit LogSurroundings(const Options& options)
-        : port_(options.port),
-          ignoreVariation_(options.ignoreVariation),
-          databaseVariationDeg_(
-              options.databaseVariation.empty() ? kNoAngle : toNumber(options.databaseVariation)) {}
-
-    bool ignoreReceiverVariation() const override { return ignoreVariation_; }
-    double databaseVariationDeg() const override { return databaseVariationDeg_; }
-    std::string portSettings() const override { return port_; }
-    void writeToPort(std::string_view bytes) override { sent_.emplace_back(bytes); }
-
-    const std::vector<std::string>& sent() const { return sent_; }
-
- private:
-    std::string port_;
-    bool ignoreVariation_;
-    double databaseVariationDeg_;
-    std::vector<std::string> sent_;
-};
-
 Json angle(double degrees) { return degrees == kNoAngle ? Json() : Json(degrees); }
 
-std::string plainSatellite(std::uint32_t word) {
-    const auto bits = [word](unsigned from, std::uint32_t mask) {
-        return formatInt(word >> from & mask);
-    };
-    return "  satellite " + bits(0, 0x7F) + ": elevation " + bits(25, 0x7F) + ", azimuth " +
-           bits(16, 0x1FF) + ", signal " + bits(8, 0xFF) + " dB" +
-           ((word & 0x80U) != 0 ? ", in use" : "") + "\n";
+std::string plainSatellite(const Satellite& satellite) {
+    return "  satellite " + formatInt(satellite.number) + ": elevation " +
+           formatInt(satellite.elevationDeg) + ", azimuth " + formatInt(satellite.azimuthDeg) +
+           ", signal " + formatInt(satellite.signalDb) + " dB" +
+           (satellite.used ? ", in use" : "") + "\n";
 }
 
 std::string plainFix(const GpsFix& fix) {
@@ -107,7 +84,12 @@ std::string plainFix(const GpsFix& fix) {
 /// The receiver's road from a line to the fix, with what came of it.
 class Decoding {
  public:
-    explicit Decoding(const Options& options) : surroundings_(options), trace_(options.trace) {
+    explicit Decoding(const Options& options) : trace_(options.trace) {
+        input_.decoder().setPort(options.port);
+        input_.decoder().ignoreReceiverVariation(options.ignoreVariation);
+        const double databaseDeg =
+            options.databaseVariation.empty() ? kNoAngle : toNumber(options.databaseVariation);
+        input_.decoder().setVariationLookup([databaseDeg](GeoPoint) { return databaseDeg; });
         input_.store().setTracing(trace_);
         if (options.satellites) {
             input_.satellitesForDisplay();  // wanted from here on: the clock stands still
@@ -123,6 +105,9 @@ class Decoding {
         const auto queue = input_.queue().lock();
         const bool waited = !queue->empty();
         input_.decode(*queue);
+        for (std::string& command : input_.decoder().takeCommands()) {
+            sent_.push_back(std::move(command));
+        }
         collectTrace();
         return waited;
     }
@@ -145,7 +130,7 @@ class Decoding {
                          {"fix3D", fix.fix3D},
                          {"sentenceFlags", fix.sentenceFlags},
                          {"satellites", fix.satellites},
-                         {"sent", surroundings_.sent()}};
+                         {"sent", sent_}};
         if (trace_) {
             document["trace"] = traceLines_;
         }
@@ -155,10 +140,10 @@ class Decoding {
     std::string plain() const {
         const GpsFix fix = input_.store().copy();
         std::string text = plainFix(fix);
-        for (const std::uint32_t word : fix.satellites) {
-            text += word != 0 ? plainSatellite(word) : "";
+        for (const Satellite& satellite : unpackSatellites(fix.satellites)) {
+            text += plainSatellite(satellite);
         }
-        for (const std::string& bytes : surroundings_.sent()) {
+        for (const std::string& bytes : sent_) {
             text += "  sent " + bytes.substr(0, bytes.find('\r')) + "\n";
         }
         for (const std::string& line : traceLines_) {
@@ -177,8 +162,9 @@ class Decoding {
     }
 
     VirtualClock clock_;
-    LogSurroundings surroundings_;
-    GpsInput input_{clock_, surroundings_};
+    std::vector<std::string> sent_;  // to the receiver, if there were one
+    GpsInput input_{clock_,
+                    {.answer = [this](std::string_view bytes) { sent_.emplace_back(bytes); }}};
     bool trace_;
     std::vector<std::string> traceLines_;
 };

@@ -11,11 +11,13 @@
 
 #include "config/Text.h"
 #include "config/texts/FileTexts.h"
+#include "config/texts/StatusTexts.h"
 #include "platform/FileIo.h"
 #include "platform/Folders.h"
 #include "platform/SerialDevice.h"
 #include "receiver/DemoFlight.h"
 #include "receiver/ReplayScript.h"
+#include "receiver/ReplaySource.h"
 #include "screen/PageCycle.h"
 
 namespace korvel {
@@ -121,10 +123,12 @@ std::string CKorvelApp::startReplay() {
     auto script = makeReplayScript(*log);
     if (script.empty())
         return line_.replayFile + ": holds no sentences of a receiver";
-    replay_ = std::make_unique<ReplaySource>(std::move(script), line_.speed, line_.demo);
-    if (std::string error = replay_->start(); !error.empty())
-        return error;
-    document_.usePort(replay_->portSettings());
+    std::string label = line_.demo ? std::string(text(kStatusTexts.demonstration))
+                                   : std::filesystem::path(line_.replayFile).filename().string();
+    document_.useSource(std::make_unique<ReplaySource>(
+        std::move(script),
+        ReplaySource::Options{.label = std::move(label), .speed = line_.speed, .loop = line_.demo},
+        clock_));
     return {};
 }
 

@@ -11,7 +11,6 @@
 #include "platform/EndRequest.h"
 #include "platform/RegistryProfile.h"
 #include "platform/SystemClock.h"
-#include "receiver/ReplaySource.h"
 #include "window/CMainFrame.h"
 #include "window/CommandLine.h"
 #include "window/DisplayFonts.h"
@@ -52,7 +51,6 @@ class CKorvelApp {
     LabelCache labels_;
     DataFileSearch dataFiles_;
     ColorScheme scheme_;
-    std::unique_ptr<ReplaySource> replay_;
     CKorvelDoc document_;
     CMainFrame frame_;
     std::string runError_;

@@ -99,8 +99,7 @@ class Road {
     }
 
     VirtualClock clock_;
-    GpsSurroundings surroundings_;
-    GpsInput input_{clock_, surroundings_};
+    GpsInput input_{clock_};
     LineSplitter splitter_;
     int lines_ = 0;
     bool satellites_;

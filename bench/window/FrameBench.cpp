@@ -57,9 +57,12 @@ CockpitData cruise() {
     data.pitchDeg = -1.7;
     data.fixQuality = 1;
     data.satsInUse = 9;
-    // Number, used, signal, azimuth and elevation, packed as the pages expect them.
-    for (std::uint32_t i = 0; i < data.satellites.size(); ++i)
-        data.satellites.at(i) = (i + 1U) | 0x80U | (30U + i) << 8U | i * 29U << 16U | i * 7U << 25U;
+    for (int i = 0; i < 12; ++i)
+        data.satellites.push_back({.number = i + 1,
+                                   .used = true,
+                                   .signalDb = 30 + i,
+                                   .azimuthDeg = i * 29,
+                                   .elevationDeg = i * 7});
     return data;
 }
 

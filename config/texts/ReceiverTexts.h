@@ -20,6 +20,8 @@ struct ReceiverTexts {
     Text badSetting{62110, "Bad setting!"};
     Text unsupportedBaud{62111, "Unsupported baud"};
     Text nothingToReplay{62112, "Nothing to replay"};
+    Text replayOver{62113, "The replay is over"};
+    Text noThread{62114, "The system has no thread to give"};
 };
 
 inline constexpr ReceiverTexts kReceiverTexts{};

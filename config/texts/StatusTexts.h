@@ -14,6 +14,7 @@ struct StatusTexts {
     Text simulator{61113, "SIMULATOR"};
     Text simulatorHasNoSatellites{61114, "The simulator has no satellites."};
     Text waitingForSatellites{61115, "Waiting for satellite data"};
+    Text demonstration{61116, "Demonstration"};
     Text nearestAirports{61130, "Nearest airports"};
     Text noAirportNear{61131, "No airport near"};
     Text nearestNotKnown{61132, "Nearest airports not known yet"};

@@ -1,6 +1,7 @@
 // A receiver that says anything: lines go through receiver, queue and decoder as they do in the
 // program, and what holds for every fix is checked after each tick.
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -12,20 +13,6 @@
 
 namespace korvel {
 namespace {
-
-class Surroundings final : public GpsSurroundings {
- public:
-    explicit Surroundings(bool ignoreReceiver) : ignoreReceiver_(ignoreReceiver) {}
-
-    bool ignoreReceiverVariation() const override { return ignoreReceiver_; }
-    double databaseVariationDeg() const override { return 3.5; }
-    std::string portSettings() const override { return "COM6:,38400,N,8,1"; }
-    void writeToPort(std::string_view bytes) override { sent_ += bytes.size(); }
-
- private:
-    bool ignoreReceiver_;
-    std::size_t sent_ = 0;
-};
 
 void require(bool holds) {
     if (!holds) {
@@ -41,6 +28,9 @@ void tick(GpsInput& input, std::int64_t nowMs) {
     const GpsFix fix = input.store().copy();
     require(fix.fixQuality == 0 || IsValid(fix.position));
     require(fix.positionTickMs <= nowMs);
+    require(fix.altitudeFt >= -2000 && fix.altitudeFt <= 100000);
+    require(std::isfinite(fix.groundSpeedKt));
+    require(input.decoder().takeCommands().size() <= 2);
 }
 
 /// The line with a correct checksum, without which hardly any made-up line reaches the decoder.
@@ -85,8 +75,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // NOLINTNEXTLINE(*-reinterpret-cast): bytes as characters
     const std::string_view bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
     VirtualClock clock;
-    Surroundings surroundings((choice & 0x40U) != 0);
-    GpsInput input(clock, surroundings);
+    std::size_t answered = 0;
+    GpsInput input(clock,
+                   {.answer = [&answered](std::string_view bytes) { answered += bytes.size(); }});
+    input.decoder().setPort("COM6:,38400,N,8,1");
+    input.decoder().setVariationLookup([](GeoPoint) { return 3.5; });
+    input.decoder().ignoreReceiverVariation((choice & 0x40U) != 0);
     input.store().setTracing(true);
     if ((choice & 0x80U) != 0) {
         input.satellitesForDisplay();

@@ -74,22 +74,12 @@ bool isOnEarth(GeoPoint point) {
 }  // namespace
 
 void ActiveNavigation::lookAround(const Aircraft& received) {
-    const Simulator& simulator = parts_.simulator;
-    if (!simulator.running()) {
-        present_ = received;
-        return;
-    }
-    present_ = {.position = simulator.position(),
-                .trackMag = simulator.trackMag(),
-                .altitudeFt = simulator.altitudeFt()};
-    if (simulator.speedKt() != kNoSpeed) {
-        present_.groundSpeedKt = simulator.speedKt();
-    }
+    present_ = simulated() ? parts_.simulator.aircraft() : received;
 }
 
 void ActiveNavigation::NavUpdate(const Aircraft& received) {
     Simulator& simulator = parts_.simulator;
-    if (simulator.running() != std::exchange(wasSimulated_, simulator.running())) {
+    if (simulated() != std::exchange(wasSimulated_, simulated())) {
         parts_.track.breakHere();
     }
     lookAround(received);
@@ -109,7 +99,7 @@ void ActiveNavigation::NavUpdate(const Aircraft& received) {
     lookAround(received);
     recordTrack(now);
     // What the simulator flies is no flight time.
-    const bool real = !simulator.running() && IsValid(present_.position);
+    const bool real = !simulated() && IsValid(present_.position);
     parts_.log.step(options_.log, real ? present_.groundSpeedKt : std::nullopt);
 }
 

@@ -37,13 +37,8 @@ class ActiveNavigation {
         FlightLog& log;
     };
 
-    /// What the receiver tells: only values that are fresh and belong to a fix.
-    struct Aircraft {
-        GeoPoint position{};
-        std::optional<double> groundSpeedKt{};
-        double trackMag = kNoAngle;
-        std::optional<std::int32_t> altitudeFt{};  ///< corrected by the altimeter setting
-    };
+    /// What the receiver tells belongs to a fix.
+    using Aircraft = korvel::Aircraft;
 
     struct Options {
         Variation variation{};
@@ -88,6 +83,8 @@ class ActiveNavigation {
         return directRecord_;
     }
     [[nodiscard]] const WaypointAnnouncement& announcement() const { return announcement_; }
+    /// Whether the simulator supplies the position.
+    [[nodiscard]] bool simulated() const { return parts_.simulator.isActive(); }
     /// The simulated position while the simulator runs, else the receiver's.
     [[nodiscard]] const Aircraft& present() const { return present_; }
 

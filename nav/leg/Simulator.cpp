@@ -36,6 +36,14 @@ void Simulator::start(GeoPoint position, std::int32_t headingMag, double speedKt
     running_ = true;
 }
 
+Aircraft Simulator::aircraft() const {
+    Aircraft aircraft{.position = position_, .trackMag = trackMag_, .altitudeFt = altitudeFt_};
+    if (speedKt_ != kNoSpeed) {
+        aircraft.groundSpeedKt = speedKt_;
+    }
+    return aircraft;
+}
+
 void Simulator::setHeading(std::int32_t headingMag) {
     headingMag_ = headingMag == kNoHeading
                       ? kNoHeading

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "geo/GeoPoint.h"
+#include "geo/PositionSource.h"
 #include "geo/Variation.h"
 
 namespace korvel {
@@ -14,7 +15,7 @@ inline constexpr double kNoSpeed = 1000.0;
 /// An aircraft that flies by dead reckoning in place of the receiver and, once it has flown for
 /// five seconds, turns towards the active waypoint. Its ticks are those of the navigation update;
 /// user-interface thread only.
-class Simulator {
+class Simulator final : public PositionSource {
  public:
     static constexpr std::int32_t kNoHeading = 1000;  ///< the aircraft does not move
 
@@ -23,6 +24,8 @@ class Simulator {
                std::int64_t nowMs);
     void stop() { running_ = false; }
     [[nodiscard]] bool running() const { return running_; }
+    [[nodiscard]] bool isActive() const override { return running_; }
+    [[nodiscard]] Aircraft aircraft() const override;
 
     /// On from the beginning.
     void setSteering(bool on) { steering_ = on; }

@@ -11,6 +11,7 @@
 #include "platform/RegistryProfile.h"
 #include "receiver/FakePorts.h"
 #include "receiver/GpsFixture.h"
+#include "receiver/ReplaySource.h"
 
 namespace korvel { namespace {
 
@@ -100,7 +101,7 @@ TEST_F(CKorvelDocTest, OnlyAPositionWithAFixOnThisEarthIsLive) {
         {"no quality known", {rmc(zero)}, false},
         {"latitude 99", {rmc("9900.0,N,01015.0,E"), gga(kHere)}, false},
         {"longitude 181", {rmc("4730.0,N,18100.0,E"), gga(kHere)}, false},
-        {"no number", {rmc("nan,N,inf,E"), gga(kHere)}, false},
+        {"no number", {rmc("nan,N,inf,E"), gga("nan,N,inf,E")}, false},
         {"the very corner", {rmc("9000.0,S,18000.0,W"), gga(kHere)}, true},
         {"a fix where the meridian meets the equator", {rmc(zero), gga(zero)}, true},
     };
@@ -116,9 +117,9 @@ TEST_F(CKorvelDocTest, OnlyAPositionWithAFixOnThisEarthIsLive) {
 
 TEST_F(CKorvelDocTest, NumbersThatAreNoneAreNotShown) {
     start("COM3:,4800,N,8,1");
-    say({"GPRMC,1,A,4730.0,N,01015.0,E,inf,nan,211200,,", gga(kHere)});
+    say({"GPRMC,1,A,4730.0,N,01015.0,E,inf,nan,211200,,", "GPGGA,1,,,,,1,04,1.2,-inf,M,,,,"});
     EXPECT_TRUE(data().position);
-    EXPECT_FALSE(data().groundSpeedKt || data().trackMagDeg || data().trackTrueDeg);
+    EXPECT_FALSE(data().altitudeFt || data().groundSpeedKt || data().trackMagDeg || data().trackTrueDeg);
     for (const auto& [metres, shown] : {std::pair{"100.0", true}, {"30479", true}, {"30481", false}, {"-609", true},
              {"-610", false}, {"99999999999", false}}) {
         say({"GPGGA,1," + std::string(kHere) + ",1,04,1.2," + metres + ",M,,,,"});
@@ -230,6 +231,30 @@ TEST_F(CKorvelDocTest, OtherDatabasesComeIntoUseAtATickAndThePlanKeepsItsPlaces)
     EXPECT_EQ(near(), "XNEW");
     EXPECT_EQ(doc_->charts().database().Find("XOLD"), nullptr);
     EXPECT_EQ(data().activeKey, "a.XOLD");
+}
+
+TEST_F(CKorvelDocTest, AReplayFliesWithoutAPortUntilThePilotChoosesOne) {
+    start("");
+    const std::string log = sentence(rmc(kHere)) + "\n" + sentence(gga(kHere)) + "\n";
+    doc_->useSource(
+        std::make_unique<ReplaySource>(makeReplayScript(log), ReplaySource::Options{.label = "flight.log"}, clock_));
+    ASSERT_TRUE(eventually([&] {
+        doc_->tick();
+        return data().position.has_value();
+    }));
+    EXPECT_EQ(data().altitudeFt, 328);
+    EXPECT_EQ(data().status, "");
+    EXPECT_EQ(doc_->portLabel(), "flight.log");
+    EXPECT_FALSE(doc_->searchesPort());
+    tickAfter(5000);
+    EXPECT_FALSE(data().position);
+    EXPECT_EQ(data().status, "flight.log\nThe replay is over");
+    EXPECT_TRUE(ports_.attempts().empty()) << "nothing is searched";
+    Settings changed = doc_->settings();
+    changed.port = "COM4:,9600,N,8,1";
+    doc_->applySettings(changed);
+    doc_->tick();
+    EXPECT_EQ(data().status, "COM4 9600\nNo Gps Rcvr Activity");
 }
 
 TEST_F(CKorvelDocTest, OnlyAPortThatAScanFoundIsLookedForAgain) {

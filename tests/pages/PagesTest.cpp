@@ -16,10 +16,6 @@ namespace korvel { namespace {
 using Element = RecordingCanvas::Element;
 using Kind = RecordingCanvas::Kind;
 
-constexpr std::uint32_t word(unsigned number, bool used, unsigned signal, unsigned azimuth, unsigned elevation) {
-    return (((elevation << 9U | azimuth) << 8U | signal) << 8U | number) | (used ? 0x80U : 0U);
-}
-
 // A page painted with the day scheme, unless a name says another one.
 struct PaintedPage {
     RecordingCanvas canvas;
@@ -62,19 +58,6 @@ TEST(StatusScreen, FitsAnyWindow) {
     }
 }
 
-TEST(SatellitePage, UnpacksTheWordsInOrderOfTheirNumbers) {
-    std::array<std::uint32_t, 12> words{};
-    words[1] = word(31, false, 0, 359, 91);
-    words[4] = word(127, true, 255, 0, 0);
-    words[11] = word(2, true, 44, 45, 60);
-    const std::vector<Satellite> expected{{2, true, 44, 45, 60}, {31, false, 0, 359, 91}, {127, true, 255, 0, 0}};
-    EXPECT_EQ(unpackSatellites(words), expected);
-    EXPECT_TRUE(expected[0].inSky());
-    EXPECT_FALSE(expected[1].inSky()) << "below the horizon";
-    EXPECT_FALSE(expected[2].inSky()) << "place unknown";
-    EXPECT_TRUE(unpackSatellites({}).empty());
-}
-
 TEST(SatellitePage, PutsTheZenithInTheMiddleAndEastAtTheRight) {
     struct Case {
         int azimuth;
@@ -92,9 +75,7 @@ TEST(SatellitePage, PutsTheZenithInTheMiddleAndEastAtTheRight) {
 
 TEST(SatellitePage, UsedOnesAreFilledAndEachShowsItsSignal) {
     CockpitData data = flying();
-    data.satellites[0] = word(7, true, 41, 200, 75);
-    data.satellites[1] = word(29, false, 18, 330, 8);
-    data.satellites[2] = word(30, false, 0, 230, 5);
+    data.satellites = {{7, true, 41, 200, 75}, {29, false, 18, 330, 8}, {30, false, 0, 230, 5}};
     const PaintedPage page(PageId::Satellite, data);
     const RecordingCanvas& canvas = page.canvas;
     EXPECT_NE(canvas.findText("3D fix, 8 satellites"), nullptr);

@@ -18,12 +18,12 @@ constexpr const char* kRmc = "GPRMC,1,A,4730.0,N,01015.0,E,10.5,89.68,211200,,";
 constexpr const char* kGga = "GPGGA,1,4730.0,N,01015.0,E,1,04,1.2,100.0,M,,,,";
 constexpr const char* kGgaWithoutFix = "GPGGA,1,,,,,0,00,,,M,,,,";
 
-class ConnectionMonitorTest : public GpsTest, protected LineListener {
+class ConnectionMonitorTest : public GpsTest, protected SentenceListener {
  protected:
     void TearDown() override { rig_.reset(); }  // the port's thread, before what it calls
 
-    void onLine(SerialPort& /*port*/, std::string_view text) override {
-        input_.onSentence(text);
+    void onLine(std::string_view line, std::int64_t arrivedMs) override {
+        input_.onSentence(line, arrivedMs);
         ++*linesHeard_.lock();
     }
 
@@ -58,13 +58,13 @@ class ConnectionMonitorTest : public GpsTest, protected LineListener {
         Rig(ConnectionMonitorTest& test, const SerialDeviceOpener& opener)
             : gpsPort(opener, test.clock_),
               gyroPort(opener, test.clock_),
-              monitor({gpsPort, gyroPort, test, test.input_, test.surroundings_, test.profile_, test.clock_}) {}
+              monitor({gpsPort, gyroPort, test, test.input_, test.profile_, test.clock_}) {}
         Rig(const Rig&) = delete;
         Rig& operator=(const Rig&) = delete;
-        ~Rig() { gpsPort.close(); }
+        ~Rig() { gpsPort.stop(); }
 
-        SerialPort gpsPort;
-        SerialPort gyroPort;
+        SerialSource gpsPort;
+        SerialSource gyroPort;
         ConnectionMonitor monitor;
     };
 
@@ -86,7 +86,7 @@ TEST_F(ConnectionMonitorTest, StatusTellsHowFarTheConnectionHasCome) {
         {1 | 2 | 8, "COM3 4800\nWaiting for NMEA gpgga"},
         {1 | 2 | 4 | 8, "Locating Satellites"},
     };
-    monitor().choosePort({.gps = "COM3:,4800,N,8,1", .gyroPort = {}, .gyroBaud = {}});
+    monitor().choosePort({.gps = PortSettings::of("COM3", "4800")});
     ASSERT_EQ(status(), "COM3 4800\nNo Gps Rcvr Activity");
     for (const auto& [flags, text] : cases) {
         setFlags(flags);
@@ -112,11 +112,12 @@ TEST_F(ConnectionMonitorTest, LabelNamesThePortInUse) {
     EXPECT_EQ(monitor().connectionStatus(false), "No Gps Rcvr Activity");
     for (const auto& [setting, label] :
         {std::pair{"COM12:,115200,N,8,1", "COM12 115200"}, {"COM1:,9600", "COM1 9600"}, {"COM1", "COM1"}}) {
-        monitor().choosePort({.gps = setting, .gyroPort = "COM7", .gyroBaud = "57600"});
+        monitor().choosePort({.gps = PortSettings::parse(setting), .gyro = PortSettings::of("COM7", "57600")});
         EXPECT_EQ(monitor().portLabel(true), label);
         EXPECT_EQ(monitor().portLabel(false), "COM7 57600");
     }
-    monitor().choosePort({.gps = "COM1:,9600,N,8,1", .viaGyro = true, .gyroPort = "COM7", .gyroBaud = "57600"});
+    monitor().choosePort(
+        {.gps = PortSettings::of("COM1", "9600"), .viaGyro = true, .gyro = PortSettings::of("COM7", "57600")});
     EXPECT_EQ(status(), "COM7 57600\nNo Gps Rcvr Activity") << "the port that carries the data";
 }
 
@@ -174,7 +175,7 @@ TEST_F(ConnectionMonitorTest, FoundPortIsWrittenAtOnceAndOnce) {
 }
 
 TEST_F(ConnectionMonitorTest, SilentReceiverIsDeadAfterFiveSeconds) {
-    monitor().choosePort({.gps = "COM3:,4800,N,8,1", .gyroPort = {}, .gyroBaud = {}});
+    monitor().choosePort({.gps = PortSettings::of("COM3", "4800")});
     status();
     input_.satellitesForDisplay();
     say({"GPGSV,1,1,01,15,45,200,38", kRmc, kGga});
@@ -196,7 +197,7 @@ TEST_F(ConnectionMonitorTest, SilentReceiverIsDeadAfterFiveSeconds) {
 
     say({kRmc, kGga});
     EXPECT_EQ(status(), "") << "and back with its next sentences";
-    surroundings_.simulator = true;
+    otherSource_.active = true;
     tickAfter(5000);
     EXPECT_EQ(fix().fixQuality, 1) << "the simulator flies on";
 }
@@ -215,7 +216,7 @@ TEST_F(ConnectionMonitorTest, ReceiverThatLosesItsFixIsDeadAtOnce) {
 }
 
 TEST_F(ConnectionMonitorTest, PortOfAVanishedDeviceIsOpenedAgain) {
-    monitor().choosePort({.gps = "COM3:,4800,N,8,1", .gyroPort = {}, .gyroBaud = {}});
+    monitor().choosePort({.gps = PortSettings::of("COM3", "4800")});
     status();
     say({kRmc, kGga});
     EXPECT_EQ(status(), "");
@@ -232,6 +233,42 @@ TEST_F(ConnectionMonitorTest, PortOfAVanishedDeviceIsOpenedAgain) {
         monitor().gpsTick();
         return status().empty();
     }));
+}
+
+TEST_F(ConnectionMonitorTest, AnotherSourceTakesThePlaceOfThePortAndNoneIsSearched) {
+    struct Source final : SentenceSource {
+        std::string start(SentenceListener& listener) override {
+            if (!failure.empty()) { return failure; }
+            running = true;
+            listener.onLine(sentence(kRmc), 1);
+            return {};
+        }
+        void stop() override { running = false; }
+        bool isRunning() const override { return running; }
+        bool isReceiving() override { return receiving; }
+        std::string label() const override { return "Tape"; }
+        std::string stateText() const override { return state; }
+        bool running = false;
+        bool receiving = false;
+        std::string state, failure = "No such host";
+    } source;
+    status();
+    EXPECT_TRUE(monitor().scanning());
+    monitor().useSource(&source);
+    EXPECT_FALSE(monitor().scanning());
+    EXPECT_EQ(status(), "Tape\nNo such host");
+    source.failure.clear();
+    EXPECT_EQ(statusAfter(60000), "Tape\nWaiting for NMEA gprmc or gpvtg") << "its line has come, not been decoded";
+    setFlags(0);
+    EXPECT_EQ(status(), "Tape\nNo Gps Rcvr Activity");
+    source.state = "The tape is torn";
+    EXPECT_EQ(status(), "Tape\nThe tape is torn");
+    source.receiving = true;
+    EXPECT_EQ(status(), "Tape\nWaiting for NMEA Data");
+    EXPECT_EQ(ports_.attempts(), std::vector<std::string>{"COM1:"}) << "only before";
+    monitor().useSource(nullptr);
+    EXPECT_FALSE(source.running);
+    EXPECT_EQ(status(), "COM1 9600\nNo Gps Rcvr Activity");
 }
 
 TEST_F(ConnectionMonitorTest, FindsAReceiverOnARealLine) {

@@ -21,27 +21,18 @@ inline std::string sentence(std::string_view body) {
     return std::string("$").append(body).append(tail);
 }
 
-/// What the program around the receiver does, noted down.
-struct FakeSurroundings final : GpsSurroundings {
-    bool simulator = false;
-    bool ignoreVariation = false;
-    double databaseVariation = kNoAngle;
-    std::string port;
-    std::vector<std::string> sent;
-    std::vector<std::string> attitude;
+/// What takes the receiver's place when it is told to.
+struct FakeSource final : PositionSource {
+    bool active = false;
 
-    bool simulatorActive() const override { return simulator; }
-    std::int32_t simulatedAltitudeFt() const override { return 4500; }
-    bool ignoreReceiverVariation() const override { return ignoreVariation; }
-    double databaseVariationDeg() const override { return databaseVariation; }
-    std::string portSettings() const override { return port; }
-    void writeToPort(std::string_view bytes) override { sent.emplace_back(bytes); }
-    void passToAttitudePlugin(std::string_view text) override { attitude.emplace_back(text); }
+    bool isActive() const override { return active; }
+    Aircraft aircraft() const override { return {.altitudeFt = 4500}; }
 };
 
 /// The road from a line to the fix, on a clock that stands still.
 class GpsTest : public testing::Test {
  protected:
+    void SetUp() override { input_.setOtherSource(&otherSource_); }
     void decodeQueue() { input_.decode(*input_.queue().lock()); }
     void feed(std::string_view body) {
         input_.onSentence(sentence(body));
@@ -52,8 +43,11 @@ class GpsTest : public testing::Test {
     std::vector<std::string> trace() { return input_.store().takeTrace(); }
 
     VirtualClock clock_;
-    FakeSurroundings surroundings_;
-    GpsInput input_{clock_, surroundings_};
+    FakeSource otherSource_;
+    std::vector<std::string> answers_;
+    std::vector<std::string> attitude_;
+    GpsInput input_{clock_, {.answer = [this](std::string_view bytes) { answers_.emplace_back(bytes); },
+                                .attitude = [this](std::string_view line) { attitude_.emplace_back(line); }}};
 };
 
 }  // namespace korvel

@@ -5,6 +5,7 @@
 
 #include "GpsFixture.h"
 #include "geo/Geodesy.h"
+#include "receiver/Satellite.h"
 
 namespace korvel { namespace {
 
@@ -46,8 +47,7 @@ TEST_F(SentenceReceiverTest, SaysWhyALineIsRefused) {
         {"$*00", " not used", 2},
     };
     for (const Case& c : cases) {
-        FakeSurroundings surroundings;
-        GpsInput input(clock_, surroundings);
+        GpsInput input(clock_);
         input.store().setTracing(true);
         input.onSentence(c.line);
         const std::vector<std::string> lines = input.store().takeTrace();
@@ -72,8 +72,8 @@ TEST_F(SentenceReceiverTest, KeepsTheNewestOfEachKindInOrderOfArrival) {
     input_.onSentence(sentence("GPGSV,3,1"));
     const auto queue = input_.queue().lock();
     ASSERT_EQ(queue->sentences().size(), 2U) << "satellites are not wanted";
-    EXPECT_EQ(queue->sentences()[0], sentence("GPGGA,1"));
-    EXPECT_EQ(queue->sentences()[1], sentence("GPRMC,2"));
+    EXPECT_EQ(queue->sentences()[0].text, sentence("GPGGA,1"));
+    EXPECT_EQ(queue->sentences()[1].text, sentence("GPRMC,2"));
     EXPECT_EQ(trace()[2], sentence("GPRMC,2") + ": ok (delta 250)");
 }
 
@@ -105,7 +105,7 @@ TEST_F(SentenceReceiverTest, SatellitesMakeRoomForEachOtherNeverThePosition) {
     input_.onSentence(sentence("GPGSA,1"));
     const auto queue = input_.queue().lock();
     const auto waits = [&](std::string_view body) {
-        return std::ranges::count(queue->sentences(), sentence(body)) == 1;
+        return std::ranges::count(queue->sentences(), sentence(body), &SentenceQueue::Waiting::text) == 1;
     };
     EXPECT_TRUE(waits("GPRMC,1"));
     EXPECT_TRUE(waits("GPGGA,1"));
@@ -118,9 +118,9 @@ TEST_F(SentenceReceiverTest, AnswersAndHandsOver) {
     for (const char* line : {"ASTRAL", "ASTRAL\r", "ASTRALX", "ASTRAL\rX", "ASTRA", "astral"}) {
         input_.onSentence(line);
     }
-    EXPECT_EQ(surroundings_.sent, (std::vector<std::string>{"ASTRAL\r\n", "ASTRAL\r\n"}));
+    EXPECT_EQ(answers_, (std::vector<std::string>{"ASTRAL\r\n", "ASTRAL\r\n"}));
     input_.onSentence("$RPY,1,2,3\r");
-    EXPECT_EQ(surroundings_.attitude, std::vector<std::string>{"$RPY,1,2,3"});
+    EXPECT_EQ(attitude_, std::vector<std::string>{"$RPY,1,2,3"});
 }
 
 using SentenceDecoderTest = GpsTest;
@@ -165,8 +165,8 @@ TEST_F(SentenceDecoderTest, VariationTurnsTheTrack) {
         EXPECT_EQ(fix().magVariation, c.variation) << c.tail;
         EXPECT_NEAR(fix().trackMag, c.trackMag, 1e-9) << c.tail;
     }
-    surroundings_.databaseVariation = 16;
-    surroundings_.ignoreVariation = true;
+    input_.decoder().setVariationLookup([](GeoPoint here) { return here.lat < -0.7 ? 16 : kNoAngle; });
+    input_.decoder().ignoreReceiverVariation(true);
     feed("GPRMC,1,A,4250.5589,S,14718.5084,E,0,10.0,010100,3.1,E");
     EXPECT_NEAR(fix().trackMag, 354, 1e-9) << "the database's, east positive";
     EXPECT_NEAR(input_.magneticToTrue(354), 10, 1e-9);
@@ -213,12 +213,46 @@ TEST_F(SentenceDecoderTest, GgaCountsOnlyBesideRmcOrVtg) {
     EXPECT_EQ(fix().altitudeFt, 328);
 }
 
-TEST_F(SentenceDecoderTest, AltitudesThatNoIntegerHolds) {
-    for (const auto& [metres, feet] : {std::pair{"-0.2", 0}, {"-100", -328}, {"1e300", 2147483647},
-             {"-inf", -2147483647 - 1}, {"nan", 0}, {"junk", 0}}) {
-        feed(std::string("GPGGA,1,4730.0,N,01015.0,E,1,04,1,") + metres + ",M,,,,");
+TEST_F(SentenceDecoderTest, AltitudesThatNobodyFliesAtAreNotTold) {
+    const auto gga = [](const std::string& metres) { return "GPGGA,1,4730.0,N,01015.0,E,1,04,1," + metres + ",M,,,,"; };
+    for (const auto& [metres, feet] :
+        {std::pair{"-0.2", 0}, {"-100", -328}, {"-609.6", -2000}, {"30480", 100000}, {"junk", 0}}) {
+        feed(gga(metres));
         EXPECT_EQ(fix().altitudeFt, feet) << metres;
     }
+    feed(gga("100"));
+    const std::int64_t told = clock_.tickMs();
+    clock_.advanceMs(1000);
+    for (const char* metres : {"nan", "inf", "-inf", "1e300", "1e999", "-610", "30481", ""}) {
+        feed(gga(metres));
+        EXPECT_EQ(fix().altitudeFt, 328) << metres;
+        EXPECT_EQ(fix().altitudeTickMs, told) << metres << " is no news";
+    }
+}
+
+TEST_F(SentenceDecoderTest, WhatIsNoFiniteNumberCountsAsEmpty) {
+    feed("GPRMC,1,A,4730.0,N,01015.0,E,10.5,89.68,211200,3,W");
+    const GpsFix good = fix();
+    clock_.advanceMs(1000);
+    feed("GPRMC,1,A,nan,N,01015.0,E,inf,-inf,211200,nan,W");
+    feed("GPVTG,nan,T,,M,nan,N,inf,K");
+    EXPECT_EQ(fix().position, good.position);
+    EXPECT_EQ(fix().rmcPositionValid, 0) << "GGA's may be taken";
+    EXPECT_EQ(fix().groundSpeedKt, good.groundSpeedKt);
+    EXPECT_EQ(fix().trackMag, good.trackMag);
+    EXPECT_EQ(fix().magVariation, good.magVariation);
+    for (const std::int64_t tick : {fix().positionTickMs, fix().groundSpeedTickMs, fix().trackTickMs})
+        EXPECT_EQ(tick, good.positionTickMs);
+    feed("GPVTG,,T,,M,nan,N,100,K");
+    EXPECT_NEAR(fix().groundSpeedKt, 53.99568, 1e-9) << "the other unit";
+}
+
+TEST_F(SentenceDecoderTest, ValuesAreAsOldAsTheirSentenceHoweverLateItIsDecoded) {
+    const std::int64_t arrived = clock_.tickMs();
+    input_.onSentence(sentence(kRmc));
+    clock_.advanceMs(4000);
+    decodeQueue();
+    EXPECT_EQ(fix().positionTickMs, arrived);
 }
 
 TEST_F(SentenceDecoderTest, SatelliteCycleFillsTheTable) {
@@ -236,6 +270,21 @@ TEST_F(SentenceDecoderTest, SatelliteCycleFillsTheTable) {
     feed("GPGSV,1,1,02,15,45,200,38,02,45,010,20");
     EXPECT_EQ(fix().satellites[0], ((45U << 9 | 200U) << 8 | 38U) << 8 | 15U) << "the used list ends with its cycle";
     EXPECT_EQ(fix().satellites[8], 0U);
+}
+
+TEST(Satellites, AreUnpackedInTheOrderOfTheirSlots) {
+    const auto word = [](unsigned number, bool used, unsigned signal, unsigned azimuth, unsigned elevation) {
+        return (((elevation << 9U | azimuth) << 8U | signal) << 8U | number) | (used ? 0x80U : 0U);
+    };
+    SatelliteWords words{};
+    words[1] = word(31, false, 0, 359, 91);
+    words[4] = word(127, true, 255, 0, 0);
+    words[11] = word(2, true, 44, 45, 60);
+    const std::vector<Satellite> expected{{31, false, 0, 359, 91}, {127, true, 255, 0, 0}, {2, true, 44, 45, 60}};
+    EXPECT_EQ(unpackSatellites(words), expected);
+    EXPECT_FALSE(expected[0].inSky()) << "below the horizon";
+    EXPECT_FALSE(expected[1].inSky()) << "place unknown";
+    EXPECT_TRUE(expected[2].inSky());
 }
 
 TEST_F(SentenceDecoderTest, OddSatelliteSentencesStayWithinTheTable) {
@@ -272,7 +321,7 @@ TEST_F(SentenceDecoderTest, TooShortSentencesChangeNothing) {
 }
 
 TEST_F(SentenceDecoderTest, SimulatorShutsTheReceiverOut) {
-    surroundings_.simulator = true;
+    otherSource_.active = true;
     feed(kRmc);
     EXPECT_FALSE(IsValid(fix().position));
     EXPECT_TRUE(input_.hasFix(true));
@@ -294,14 +343,15 @@ TEST(SbasStart, IsDecidedOnceByPlaceAndSpeed) {
     };
     for (const auto& [port, position, sent] : cases) {
         VirtualClock clock;
-        FakeSurroundings surroundings;
-        surroundings.port = port;
-        GpsInput input(clock, surroundings);
+        GpsInput input(clock);
+        input.decoder().setPort(port);
+        std::vector<std::string> commands;
         for (int repeat = 0; repeat < 2; ++repeat) {
             const std::string gga = sentence("GPGGA,1," + std::string(position) + ",1,04,1,9,M,,,,");
             input.decoder().decodeSentence(gga, clock.tickMs());
+            for (std::string& command : input.decoder().takeCommands()) { commands.push_back(std::move(command)); }
         }
-        EXPECT_EQ(surroundings.sent, sent) << port << " at " << position;
+        EXPECT_EQ(commands, sent) << port << " at " << position;
     }
 }
 
@@ -314,7 +364,7 @@ TEST_F(SentenceDecoderTest, LogsEndWhereAnotherDecoderSaysTheyDo) {
     for (const Case& c : {Case{"garmin25lp.log", 42.356496667, 13.367966667, 2447, 1, 3},
              Case{"navika-100-fix.log", 37.965442500, -122.532424333, 30, 1, 5},
              Case{"ublox-lea-5h.log", 51.925886167, 4.577625333, 4, 1, 8}}) {
-        GpsInput input(clock_, surroundings_);
+        GpsInput input(clock_);
         std::ifstream log(std::string(KORVEL_TEST_DATA "/nmea/") + c.file, std::ios::binary);
         ASSERT_TRUE(log) << c.file;
         for (std::string line; std::getline(log, line);) {

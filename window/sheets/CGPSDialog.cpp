@@ -2,8 +2,8 @@
 
 #include <QPushButton>
 
-#include "cockpit/PortSettings.h"
 #include "config/texts/SheetTexts.h"
+#include "receiver/PortSettings.h"
 #include "window/QtText.h"
 
 namespace korvel {
@@ -57,12 +57,14 @@ CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings)
 }
 
 void CGPSDialog::fill(std::string_view settings) {
-    const auto current = parsePortSettings(settings);
-    search_.setChecked(!current);
-    fixed_.setChecked(current.has_value());
-    if (current)
-        port_.setCurrentText(QString::fromStdString(current->name));
-    const int baud = current ? current->baud : kUsualBaud;
+    const PortSettings current = PortSettings::parse(settings).value_or(PortSettings{});
+    // What names no port and speed is no choice.
+    const bool isChosen = !current.name().empty() && current.baud() > 0;
+    search_.setChecked(!isChosen);
+    fixed_.setChecked(isChosen);
+    if (isChosen)
+        port_.setCurrentText(QString::fromStdString(current.name()));
+    const int baud = isChosen ? current.baud() : kUsualBaud;
     if (baud_.findData(baud) < 0)
         baud_.addItem(QString::number(baud), baud);
     baud_.setCurrentIndex(baud_.findData(baud));
@@ -71,8 +73,9 @@ void CGPSDialog::fill(std::string_view settings) {
 std::string CGPSDialog::settings() const {
     if (search_.isChecked())
         return {};
-    return formatPortSettings(
-        {port_.currentText().trimmed().toStdString(), baud_.currentData().toInt()});
+    return PortSettings::of(port_.currentText().trimmed().toStdString(),
+                            baud_.currentData().toString().toStdString())
+        .format();
 }
 
 }  // namespace korvel
