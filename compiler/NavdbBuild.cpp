@@ -81,15 +81,20 @@ std::vector<InputFile> xplaneFiles(const NavdbBuildOptions& options, AviationDat
     return files;
 }
 
+bool isThere(const std::filesystem::path& path) {
+    std::error_code unknown;
+    return std::filesystem::exists(path, unknown);
+}
+
 std::vector<InputFile> ourAirportsFiles(const NavdbBuildOptions& options,
                                         OurAirportsImport& import) {
     using Import = std::string (OurAirportsImport::*)(CsvTable);
     std::vector<InputFile> files;
     const auto add = [&](const std::string& name, bool needed, Import table) {
         std::filesystem::path path = options.folder / name;
-        if (!std::filesystem::exists(path) && std::filesystem::exists(path.string() + ".gz"))
+        if (!isThere(path) && isThere(path.string() + ".gz"))
             path += ".gz";
-        if (!needed && !std::filesystem::exists(path))
+        if (!needed && !isThere(path))
             return;
         files.push_back(
             {path, [&import, table](std::string csvName, std::unique_ptr<ByteSource> source,

@@ -1,7 +1,5 @@
 #include "navdb/LoadReport.h"
 
-#include <fstream>
-#include <system_error>
 #include <utility>
 
 #include "base/ThreadSafety.h"
@@ -18,28 +16,28 @@ Mutex& reportLock() {
 
 }  // namespace
 
-LoadReport::LoadReport(std::filesystem::path path) : path_(std::move(path)) {}
+LoadReport::LoadReport(std::filesystem::path path, FileSystem& disk)
+    : path_(std::move(path)), disk_(disk) {}
 
 void LoadReport::restart() {
     const MutexLock held(reportLock());
-    inMemory_.clear();
-    std::error_code ignored;
-    std::filesystem::remove(path_, ignored);
+    reported_.clear();
+    fileIsWhole_ = path_.empty() || disk_.remove(path_);
 }
 
 void LoadReport::AppendLoadReport(std::string_view text) {
     const MutexLock held(reportLock());
-    if (path_.empty()) {
-        inMemory_ += text;
-        return;
+    reported_ += text;
+    if (!path_.empty() && fileIsWhole_) {
+        const auto file = disk_.openForAppending(path_);
+        fileIsWhole_ = file && file->write(text) && file->close();
     }
-    std::ofstream file(path_, std::ios::binary | std::ios::app);
-    file.write(text.data(), static_cast<std::streamsize>(text.size()));
 }
 
 std::string LoadReport::text() const {
     const MutexLock held(reportLock());
-    return path_.empty() ? inMemory_ : readWholeFile(path_).value_or(std::string());
+    const bool inMemory = path_.empty() || !fileIsWhole_;
+    return inMemory ? reported_ : readWholeFile(path_, kWholeFile, disk_).value_or(reported_);
 }
 
 }  // namespace korvel

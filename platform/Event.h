@@ -8,8 +8,10 @@
 
 namespace korvel {
 
-/// A flag that threads can wait for. All operations are safe from any thread. The constructor
-/// throws std::system_error when the system has no more handles to give.
+/// A flag that threads can wait for. All operations but moving are safe from any thread.
+///
+/// A system has only so many handles to give, so an event may turn out empty: test it before
+/// use. An empty one is never signalled, and nothing may wait for it.
 class Event {
  public:
     enum class Reset {
@@ -20,10 +22,17 @@ class Event {
     /// What waits for ever.
     static constexpr std::chrono::milliseconds kInfinite{-1};
 
+    /// Empty.
+    Event() = default;
+    /// Empty when the system has no handle.
     explicit Event(Reset reset);
+    Event(Event&& other) noexcept;
+    Event& operator=(Event&& other) noexcept;
     Event(const Event&) = delete;
     Event& operator=(const Event&) = delete;
     ~Event();
+
+    explicit operator bool() const { return native_ != kNone; }
 
     void set();
     void reset();
@@ -43,8 +52,10 @@ class Event {
     std::intptr_t native() const { return native_; }
 
  private:
-    std::intptr_t native_;
-    Reset reset_;
+    static constexpr std::intptr_t kNone = -1;
+
+    std::intptr_t native_ = kNone;
+    Reset reset_ = Reset::Manual;
 };
 
 }  // namespace korvel

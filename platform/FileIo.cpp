@@ -1,34 +1,68 @@
 #include "platform/FileIo.h"
 
 #include <algorithm>
-#include <fstream>
-#include <ios>
+#include <memory>
+#include <system_error>
 
 namespace korvel {
 namespace {
 
 constexpr std::size_t kChunkBytes = 65536;
 
+/// The file that `path` leads to.
+std::filesystem::path behindLinks(const std::filesystem::path& path) {
+    std::error_code error;
+    if (!std::filesystem::is_symlink(path, error)) {
+        return path;
+    }
+    const std::filesystem::path target = std::filesystem::weakly_canonical(path, error);
+    return error ? path : target;
+}
+
+bool writeThrough(OutputFile& file, std::string_view bytes) {
+    const bool written = file.write(bytes) && file.flush();
+    return file.close() && written;
+}
+
 }  // namespace
 
-std::optional<std::string> readWholeFile(const std::filesystem::path& path, std::size_t limit) {
-    std::ifstream file(path, std::ios::binary);
+std::optional<std::string> readWholeFile(const std::filesystem::path& path, std::size_t limit,
+                                         FileSystem& disk) {
+    const std::unique_ptr<InputFile> file = disk.openForReading(path);
     if (!file) {
         return std::nullopt;
     }
     // In chunks, since the size of a pipe or of a file under /proc is not known beforehand.
     std::string bytes;
-    while (bytes.size() < limit && file) {
+    while (bytes.size() < limit) {
         const std::size_t before = bytes.size();
-        const std::size_t wanted = std::min(kChunkBytes, limit - before);
-        bytes.resize(before + wanted);
-        file.read(bytes.data() + before, static_cast<std::streamsize>(wanted));
-        bytes.resize(before + static_cast<std::size_t>(file.gcount()));
-    }
-    if (file.bad()) {
-        return std::nullopt;
+        bytes.resize(before + std::min(kChunkBytes, limit - before));
+        const auto count = file->read(std::span(bytes).subspan(before));
+        if (!count) {
+            return std::nullopt;
+        }
+        bytes.resize(before + *count);
+        if (*count == 0) {
+            break;
+        }
     }
     return bytes;
+}
+
+bool writeFileAtomically(const std::filesystem::path& path, std::string_view bytes,
+                         FileSystem& disk) {
+    const std::filesystem::path target = behindLinks(path);
+    std::filesystem::path temporary;
+    const std::unique_ptr<OutputFile> file = disk.createBeside(target, temporary);
+    if (!file) {
+        return false;
+    }
+    if (!writeThrough(*file, bytes) || !disk.rename(temporary, target)) {
+        disk.remove(temporary);
+        return false;
+    }
+    disk.syncFolder(target.parent_path());
+    return true;
 }
 
 }  // namespace korvel

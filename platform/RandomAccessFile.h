@@ -1,8 +1,7 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <filesystem>
-#include <memory>
 #include <span>
 
 namespace korvel {
@@ -24,13 +23,5 @@ class RandomAccessFile {
     [[nodiscard]] virtual std::size_t readAt(std::uint64_t offset,
                                              std::span<std::uint8_t> room) const = 0;
 };
-
-/// Null when there is no such regular file or it cannot be opened.
-std::unique_ptr<RandomAccessFile> openRandomAccessFile(const std::filesystem::path& path);
-
-/// Replaces bytes inside an existing file; nothing else in it changes. False when it cannot be
-/// opened for writing or not all bytes were written.
-[[nodiscard]] bool overwriteInFile(const std::filesystem::path& path, std::uint64_t offset,
-                                   std::span<const std::uint8_t> bytes);
 
 }  // namespace korvel

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <system_error>
 #include <utility>
 
 #include "config/Text.h"
 #include "config/texts/ReceiverTexts.h"
+#include "platform/Threading.h"
 #include "receiver/SerialPort.h"
 
 namespace korvel {
@@ -27,15 +27,14 @@ std::string ReplaySource::start(SentenceListener& listener) {
     if (script_.empty()) {
         return std::string(text(kReceiverTexts.nothingToReplay));
     }
+    if (!stop_) {
+        return std::string(text(kReceiverTexts.noThread));
+    }
     stop_.reset();
     isOver_ = false;
     splitter_.clear();
-    try {
-        thread_ = std::thread([this, &listener] { play(listener); });
-    } catch (const std::system_error&) {
-        return std::string(text(kReceiverTexts.noThread));
-    }
-    return {};
+    thread_ = systemThreading().startThread([this, &listener] { play(listener); });
+    return thread_.joinable() ? std::string() : std::string(text(kReceiverTexts.noThread));
 }
 
 void ReplaySource::stop() {

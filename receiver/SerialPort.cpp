@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <chrono>
-#include <system_error>
 #include <utility>
 
 #include "config/Text.h"
@@ -87,8 +86,8 @@ SerialTimeouts timeoutsAt(std::uint32_t baud) {
 
 }  // namespace
 
-SerialPort::SerialPort(SerialDeviceOpener opener, const Clock& clock)
-    : opener_(std::move(opener)), clock_(clock) {}
+SerialPort::SerialPort(SerialDeviceOpener opener, const Clock& clock, Threading& threading)
+    : opener_(std::move(opener)), clock_(clock), threading_(threading) {}
 
 SerialPort::~SerialPort() { close(); }
 
@@ -104,6 +103,9 @@ std::string SerialPort::open(std::string_view settings) {
     if (wanted.device.size() >= kNameLimit) {
         return std::string(text(kReceiverTexts.badSetting));
     }
+    if (!makeEvents()) {
+        return openFailedText(kErrorTooManyOpenFiles);
+    }
     const std::string path = std::string(kDevicePrefix) + wanted.device;
     SystemError error = kNoError;
     auto device = opener_(path, error);
@@ -118,6 +120,17 @@ std::string SerialPort::open(std::string_view settings) {
     portNumber_ = numberAfterM(settings);
     settings_ = settings;
     return {};
+}
+
+/// Those that are still missing; false when the system has none to give.
+bool SerialPort::makeEvents() {
+    return std::ranges::all_of(std::array{&stopEvent_, &writeEvent_, &threadEnded_},
+                               [this](Event* event) {
+                                   if (!*event) {
+                                       *event = threading_.makeEvent(Event::Reset::Manual);
+                                   }
+                                   return static_cast<bool>(*event);
+                               });
 }
 
 std::string SerialPort::setUpLine(SerialDevice& device, std::string_view speed) const {
@@ -148,9 +161,8 @@ void SerialPort::startThread() {
     threadEnded_.reset();
     failuresInARow_ = 0;
     abortsInARow_ = 0;
-    try {
-        thread_ = std::thread([this] { run(); });
-    } catch (const std::system_error&) {
+    thread_ = threading_.startThread([this] { run(); });
+    if (!thread_.joinable()) {
         readFailed_ = true;  // no thread to be had: as silent as a dead device
     }
 }

@@ -16,6 +16,7 @@
 #include "platform/Clock.h"
 #include "platform/Event.h"
 #include "platform/SerialDevice.h"
+#include "platform/Threading.h"
 #include "receiver/ActivityMeter.h"
 #include "receiver/LineListener.h"
 #include "receiver/LineSplitter.h"
@@ -40,8 +41,9 @@ class SerialPort {
 
     static constexpr std::size_t kMaxLineLength = 159;
 
-    /// `clock` must outlive the port.
-    SerialPort(SerialDeviceOpener opener, const Clock& clock);
+    /// `clock` and `threading` must outlive the port.
+    SerialPort(SerialDeviceOpener opener, const Clock& clock,
+               Threading& threading = systemThreading());
     SerialPort(const SerialPort&) = delete;
     SerialPort& operator=(const SerialPort&) = delete;
     ~SerialPort();
@@ -51,7 +53,8 @@ class SerialPort {
     /// included; a device with a longer one is reached through a link (see SerialDevice.h).
     [[nodiscard]] std::string open(std::string_view settings);
 
-    /// Does nothing when the port is closed or runs already.
+    /// Does nothing when the port is closed or runs already. A system without a thread to give
+    /// makes a port whose device has failed.
     void startThread();
 
     /// Null detaches, and waits for a delivery in progress; then the old listener is not called
@@ -92,6 +95,7 @@ class SerialPort {
     const std::string& devicePath() const { return devicePath_; }
 
  private:
+    bool makeEvents();
     std::string setUpLine(SerialDevice& device, std::string_view speed) const;
     void stopThread();
 
@@ -109,6 +113,7 @@ class SerialPort {
 
     SerialDeviceOpener opener_;
     const Clock& clock_;
+    Threading& threading_;
     TraceHook traceHook_;
 
     std::unique_ptr<SerialDevice> device_;  ///< not changed while the thread runs
@@ -116,9 +121,10 @@ class SerialPort {
     std::string devicePath_;
     int portNumber_ = 0;
 
-    Event stopEvent_{Event::Reset::Manual};
-    Event writeEvent_{Event::Reset::Manual};  ///< signalled while pendingWrite_ holds bytes
-    Event threadEnded_{Event::Reset::Manual};
+    // Empty until the port is opened for the first time.
+    Event stopEvent_;
+    Event writeEvent_;  ///< signalled while pendingWrite_ holds bytes
+    Event threadEnded_;
     std::thread thread_;
     std::atomic<std::thread::id> threadId_;
     std::atomic<bool> readFailed_ = false;

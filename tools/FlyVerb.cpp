@@ -147,8 +147,9 @@ class FlownRun {
     /// The message that keeps the flight on the ground; empty when it can begin.
     std::string prepare() {
         if (!options_.nmea.empty()) {
+            std::error_code unknown;
             log_.open(options_.nmea, std::ios::binary);
-            if (!log_ || std::filesystem::is_directory(options_.nmea)) {
+            if (!log_ || std::filesystem::is_directory(options_.nmea, unknown)) {
                 return "File Open Error: " + options_.nmea;
             }
         }

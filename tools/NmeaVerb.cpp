@@ -219,11 +219,11 @@ int runNmea(Invocation& call) {
     if (options.file == "-") {
         return decodeLog(call, options, std::cin, 0);
     }
+    std::error_code unknown;
     std::ifstream log(options.file, std::ios::binary);
-    if (!log || std::filesystem::is_directory(options.file)) {
+    if (!log || std::filesystem::is_directory(options.file, unknown)) {
         return call.fail("File Open Error: " + options.file);
     }
-    std::error_code unknown;
     const std::uintmax_t size = std::filesystem::file_size(options.file, unknown);
     return decodeLog(call, options, log, unknown ? 0 : size);
 }

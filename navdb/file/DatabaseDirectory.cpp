@@ -39,8 +39,8 @@ bool readFields(std::span<const std::uint8_t> entry, std::uint32_t count, TableE
 /// Walks a directory in blocks that always hold the whole entry in hand.
 class EntryReader {
  public:
-    EntryReader(const RandomAccessFile& file, std::uint32_t offset)
-        : file_(file), position_(offset) {
+    EntryReader(const RandomAccessFile& file, std::uint64_t fileSize, std::uint32_t offset)
+        : file_(file), fileSize_(fileSize), position_(offset) {
         fill();
     }
     [[nodiscard]] std::uint64_t position() const { return position_; }
@@ -49,6 +49,8 @@ class EntryReader {
         const std::size_t at = std::min<std::size_t>(position_ - blockStart_, filled_);
         return std::span(block_).subspan(at, std::min(filled_ - at, kMaxDirectoryEntry));
     }
+    /// Whether reading failed, which looks like an end otherwise.
+    [[nodiscard]] bool isBroken() const { return isBroken_; }
     [[nodiscard]] bool atEnd() const { return entry().empty() || entry()[0] == 0; }
     void advance(std::size_t bytes) {
         position_ += bytes;
@@ -61,9 +63,13 @@ class EntryReader {
     void fill() {
         blockStart_ = position_;
         filled_ = file_.readAt(position_, block_);
+        const std::uint64_t left = fileSize_ - std::min(position_, fileSize_);
+        isBroken_ = isBroken_ || filled_ < std::min<std::uint64_t>(block_.size(), left);
     }
 
     const RandomAccessFile& file_;
+    std::uint64_t fileSize_;
+    bool isBroken_ = false;
     std::array<std::uint8_t, 2 * kMaxDirectoryEntry> block_{};
     std::size_t filled_ = 0;
     std::uint64_t blockStart_ = 0;
@@ -115,7 +121,8 @@ bool DatabaseDirectory::readTables(const RandomAccessFile& file, std::uint64_t f
     if (offset > fileSize) {
         return false;
     }
-    for (EntryReader reader(file, offset); !reader.atEnd();) {
+    EntryReader reader(file, fileSize, offset);
+    while (!reader.atEnd()) {
         auto table = std::make_unique<TableEntry>();
         table->entryOffset = static_cast<std::uint32_t>(reader.position());
         const auto size = parseTable(reader.entry(), *table);
@@ -125,7 +132,7 @@ bool DatabaseDirectory::readTables(const RandomAccessFile& file, std::uint64_t f
         tables_.push_back(std::move(table));
         reader.advance(*size);
     }
-    return true;
+    return !reader.isBroken();
 }
 
 bool DatabaseDirectory::readIndexes(const RandomAccessFile& file, std::uint64_t fileSize,
@@ -133,7 +140,8 @@ bool DatabaseDirectory::readIndexes(const RandomAccessFile& file, std::uint64_t 
     if (offset > fileSize) {
         return false;
     }
-    for (EntryReader reader(file, offset); !reader.atEnd(); reader.advance(kIndexEntrySize)) {
+    EntryReader reader(file, fileSize, offset);
+    for (; !reader.atEnd(); reader.advance(kIndexEntrySize)) {
         const auto entry = reader.entry();
         if (entry.size() < kIndexEntrySize || indexes_.size() == kMaxEntries) {
             return false;
@@ -148,7 +156,7 @@ bool DatabaseDirectory::readIndexes(const RandomAccessFile& file, std::uint64_t 
         }
         indexes_.push_back(index);
     }
-    return true;
+    return !reader.isBroken();
 }
 
 const TableEntry* DatabaseDirectory::tableAt(std::uint32_t entryOffset) const {

@@ -89,20 +89,20 @@ std::string_view testSum(const RandomAccessFile& file, std::uint64_t size, std::
 
 /// Later opens find a full checksum of 0 and test the header only. A file that cannot be written
 /// is simply tested in full again.
-void markAsVerified(const std::filesystem::path& path) {
+void markAsVerified(const std::filesystem::path& path, FileSystem& disk) {
     constexpr std::array<std::uint8_t, 4> kVerified{};
-    [[maybe_unused]] const bool marked = overwriteInFile(path, kFullChecksumOffset, kVerified);
+    [[maybe_unused]] const bool marked = disk.overwrite(path, kFullChecksumOffset, kVerified);
 }
 
 }  // namespace
 
 std::string DatabaseFile::Open(const std::filesystem::path& path, const Clock& clock,
-                               const Progress& progress) {
-    const auto file = openRandomAccessFile(path);
+                               const Progress& progress, FileSystem& disk) {
+    const auto file = disk.openRandomAccess(path);
     if (!file) {
         return std::string(kOpenError);
     }
-    const std::string_view message = readFrom(path, *file, progress);
+    const std::string_view message = readFrom(path, *file, progress, disk);
     if (!message.empty()) {
         header_ = {};
         directory_ = {};
@@ -111,7 +111,7 @@ std::string DatabaseFile::Open(const std::filesystem::path& path, const Clock& c
     }
     expired_ = isOutOfDate(header_.expiry, regionLetter(), clock);
     fileName_ = std::make_shared<const std::string>(path.filename().string());
-    *rows_.lock() = RowReader(path, header_.stringArea);
+    *rows_.lock() = RowReader(path, header_.stringArea, disk);
     if (progress) {
         progress(kAllDone);
     }
@@ -119,7 +119,8 @@ std::string DatabaseFile::Open(const std::filesystem::path& path, const Clock& c
 }
 
 std::string_view DatabaseFile::readFrom(const std::filesystem::path& path,
-                                        const RandomAccessFile& file, const Progress& progress) {
+                                        const RandomAccessFile& file, const Progress& progress,
+                                        FileSystem& disk) {
     HeaderBytes bytes{};
     if (file.readAt(0, bytes) != bytes.size()) {
         return kInvalidFormat;
@@ -142,7 +143,7 @@ std::string_view DatabaseFile::readFrom(const std::filesystem::path& path,
             return message;
         }
         if (header_.versionNumber >= kFirstMarkedVersion) {
-            markAsVerified(path);
+            markAsVerified(path, disk);
         }
     }
     if (!directory_.readTables(file, size_, header_.tableDirectory)) {

@@ -12,6 +12,7 @@
 #include "navdb/file/DatabaseDirectory.h"
 #include "navdb/file/RowReader.h"
 #include "platform/Clock.h"
+#include "platform/FileSystem.h"
 
 namespace korvel {
 
@@ -43,9 +44,10 @@ class DatabaseFile {
     /// "Invalid Format", "Incorrect Format", "Incorrect Format...Update!", "Corrupted file", or
     /// "Aborting" when it was broken off, and then nothing of the file is kept. The first
     /// successful check of the whole file is marked in the file, so that later ones need the header
-    /// only. Call once.
+    /// only. Call once; `disk` must outlive this.
     [[nodiscard]] std::string Open(const std::filesystem::path& path, const Clock& clock,
-                                   const Progress& progress = {});
+                                   const Progress& progress = {},
+                                   FileSystem& disk = systemFileSystem());
 
     [[nodiscard]] const DatabaseHeader& header() const { return header_; }
     [[nodiscard]] char regionLetter() const { return static_cast<char>(header_.region & 0xFFU); }
@@ -73,7 +75,8 @@ class DatabaseFile {
 
  private:
     [[nodiscard]] std::string_view readFrom(const std::filesystem::path& path,
-                                            const RandomAccessFile& file, const Progress& progress);
+                                            const RandomAccessFile& file, const Progress& progress,
+                                            FileSystem& disk);
     [[nodiscard]] bool readAreaGrid(const RandomAccessFile& file);
 
     DatabaseHeader header_;

@@ -39,7 +39,7 @@ Content& reuse(FieldValue& value, FieldType type) {
 
 bool RowReader::ready() {
     if (!cache_) {
-        auto file = openRandomAccessFile(path_);
+        auto file = disk_ != nullptr ? disk_->openRandomAccess(path_) : nullptr;
         if (!file) {
             return false;
         }

@@ -14,6 +14,7 @@
 #include "navdb/file/DatabaseDirectory.h"
 #include "navdb/file/FieldValue.h"
 #include "navdb/records/DatabaseRecord.h"
+#include "platform/FileSystem.h"
 
 namespace korvel {
 
@@ -23,9 +24,9 @@ namespace korvel {
 class RowReader {
  public:
     RowReader() = default;
-    /// `stringArea` is the file offset that texts count from.
-    RowReader(std::filesystem::path path, std::uint32_t stringArea)
-        : path_(std::move(path)), stringArea_(stringArea) {}
+    /// `stringArea` is the file offset that texts count from; `disk` must outlive the reader.
+    RowReader(std::filesystem::path path, std::uint32_t stringArea, FileSystem& disk)
+        : path_(std::move(path)), stringArea_(stringArea), disk_(&disk) {}
 
     /// Makes the row at a file position the current one; false when it cannot be read.
     [[nodiscard]] bool load(const TableEntry& table, std::uint64_t position);
@@ -69,6 +70,7 @@ class RowReader {
 
     std::filesystem::path path_;
     std::uint32_t stringArea_ = 0;
+    FileSystem* disk_ = nullptr;  ///< null for a reader of no file
     std::unique_ptr<BlockCache> cache_;
     const TableEntry* table_ = nullptr;
     std::vector<std::uint8_t> row_;

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "base/Ascii.h"
-#include "platform/RandomAccessFile.h"
 
 namespace korvel {
 namespace {
@@ -19,8 +18,8 @@ constexpr std::size_t kLongestLine = 65536;  // what is longer is cut: no record
 UserDatabaseReader::UserDatabaseReader(LoadReport& report, RecordSink sink)
     : report_(report), sink_(std::move(sink)) {}
 
-std::string UserDatabaseReader::LoadFile(const std::filesystem::path& path) {
-    const auto file = openRandomAccessFile(path);
+std::string UserDatabaseReader::LoadFile(const std::filesystem::path& path, FileSystem& disk) {
+    const auto file = disk.openRandomAccess(path);
     if (!file) {
         return "File open error.";
     }

@@ -8,7 +8,7 @@
 
 #include "navdb/LoadReport.h"
 #include "navdb/user/UserRecordBuilder.h"
-#include "platform/RandomAccessFile.h"
+#include "platform/FileSystem.h"
 
 namespace korvel {
 
@@ -24,7 +24,8 @@ class UserDatabaseReader {
     UserDatabaseReader(LoadReport& report, RecordSink sink);
 
     /// Empty, or "File open error." and then nothing was reported. One reader reads one file.
-    [[nodiscard]] std::string LoadFile(const std::filesystem::path& path);
+    [[nodiscard]] std::string LoadFile(const std::filesystem::path& path,
+                                       FileSystem& disk = systemFileSystem());
 
     /// One line without its end. Empty, or what is wrong with it.
     [[nodiscard]] std::string ParseLine(std::string_view line);

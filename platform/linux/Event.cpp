@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
-#include <cerrno>
 #include <poll.h>
 #include <sys/eventfd.h>
-#include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace korvel {
 namespace {
@@ -29,13 +28,22 @@ bool consume(int fd) {
 
 // The signal is the counter of an event descriptor, so that poll() can wait for it together with
 // a device.
-Event::Event(Reset reset) : native_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)), reset_(reset) {
-    if (native_ < 0) {
-        throw std::system_error(errno, std::generic_category(), "eventfd");
-    }
+Event::Event(Reset reset) : native_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)), reset_(reset) {}
+
+Event::Event(Event&& other) noexcept
+    : native_(std::exchange(other.native_, kNone)), reset_(other.reset_) {}
+
+Event& Event::operator=(Event&& other) noexcept {
+    std::swap(native_, other.native_);
+    std::swap(reset_, other.reset_);
+    return *this;
 }
 
-Event::~Event() { ::close(descriptor(native_)); }
+Event::~Event() {
+    if (*this) {
+        ::close(descriptor(native_));
+    }
+}
 
 // NOLINTNEXTLINE(readability-make-member-function-const): the signal is the event's state
 void Event::set() { ::eventfd_write(descriptor(native_), 1); }
@@ -53,6 +61,7 @@ bool Event::wait(milliseconds timeout) { return waitAny({this}, timeout).has_val
 std::optional<std::size_t> Event::waitAny(std::initializer_list<Event*> events,
                                           milliseconds timeout) {
     assert(events.size() <= kMaxWaited);
+    assert(std::ranges::all_of(events, [](const Event* event) { return bool(*event); }));
     std::array<pollfd, kMaxWaited> waited{};
     std::transform(events.begin(), events.end(), waited.begin(), [](const Event* event) {
         return pollfd{.fd = descriptor(event->native_), .events = POLLIN, .revents = 0};

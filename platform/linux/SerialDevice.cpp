@@ -74,7 +74,8 @@ enum class Wait { Ready, HungUp, TimedOut, Aborted };
 
 class PosixSerialDevice final : public SerialDevice {
  public:
-    explicit PosixSerialDevice(FileDescriptor fd) : fd_(std::move(fd)) {}
+    PosixSerialDevice(FileDescriptor fd, Event aborted)
+        : fd_(std::move(fd)), aborted_(std::move(aborted)) {}
     PosixSerialDevice(const PosixSerialDevice&) = delete;
     PosixSerialDevice& operator=(const PosixSerialDevice&) = delete;
     ~PosixSerialDevice() override {
@@ -106,7 +107,7 @@ class PosixSerialDevice final : public SerialDevice {
 
     FileDescriptor fd_;
     SerialTimeouts timeouts_;
-    Event aborted_{Event::Reset::Manual};
+    Event aborted_;
 };
 
 Wait PosixSerialDevice::waitFor(short what, std::optional<milliseconds> limit) {
@@ -196,8 +197,13 @@ std::unique_ptr<SerialDevice> openExclusively(const std::filesystem::path& file,
         return nullptr;
     }
     ::ioctl(fd.get(), TIOCEXCL);  // fails for what is no terminal, which the line settings reveal
+    Event aborted(Event::Reset::Manual);
+    if (!aborted) {
+        error = kErrorTooManyOpenFiles;
+        return nullptr;
+    }
     error = kNoError;
-    return std::make_unique<PosixSerialDevice>(std::move(fd));
+    return std::make_unique<PosixSerialDevice>(std::move(fd), std::move(aborted));
 }
 
 std::unique_ptr<SerialDevice> openNamed(std::string_view name, const SerialFolders& folders,

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
-#include <system_error>
+#include <utility>
 #include <windows.h>
 
 namespace korvel {
@@ -19,17 +19,26 @@ HANDLE handleOf(std::intptr_t native) {
 
 }  // namespace
 
-Event::Event(Reset reset)
-    : native_(reinterpret_cast<std::intptr_t>(
-          CreateEventA(nullptr, reset == Reset::Manual ? TRUE : FALSE, FALSE, nullptr))),
-      reset_(reset) {
-    if (native_ == 0) {
-        throw std::system_error(static_cast<int>(GetLastError()), std::system_category(),
-                                "CreateEvent");
-    }
+Event::Event(Reset reset) : reset_(reset) {
+    const HANDLE made =
+        CreateEventA(nullptr, reset == Reset::Manual ? TRUE : FALSE, FALSE, nullptr);
+    native_ = made != nullptr ? reinterpret_cast<std::intptr_t>(made) : kNone;
 }
 
-Event::~Event() { CloseHandle(handleOf(native_)); }
+Event::Event(Event&& other) noexcept
+    : native_(std::exchange(other.native_, kNone)), reset_(other.reset_) {}
+
+Event& Event::operator=(Event&& other) noexcept {
+    std::swap(native_, other.native_);
+    std::swap(reset_, other.reset_);
+    return *this;
+}
+
+Event::~Event() {
+    if (*this) {
+        CloseHandle(handleOf(native_));
+    }
+}
 
 // NOLINTNEXTLINE(readability-make-member-function-const): the signal is the event's state
 void Event::set() { SetEvent(handleOf(native_)); }
@@ -50,6 +59,7 @@ bool Event::wait(milliseconds timeout) { return waitAny({this}, timeout).has_val
 std::optional<std::size_t> Event::waitAny(std::initializer_list<Event*> events,
                                           milliseconds timeout) {
     assert(events.size() <= kMaxWaited);
+    assert(std::ranges::all_of(events, [](const Event* event) { return bool(*event); }));
     std::array<HANDLE, kMaxWaited> waited{};
     std::transform(events.begin(), events.end(), waited.begin(),
                    [](const Event* event) { return handleOf(event->native_); });

@@ -51,7 +51,7 @@ SystemError deviceError(DWORD error) {
 
 class PipeDevice final : public SerialDevice {
  public:
-    explicit PipeDevice(Handle pipe) : pipe_(std::move(pipe)) {}
+    PipeDevice(Handle pipe, Event aborted) : pipe_(std::move(pipe)), aborted_(std::move(aborted)) {}
 
     SystemError readLineSettings(LineSettings& settings) override {
         settings = settings_;
@@ -97,13 +97,16 @@ class PipeDevice final : public SerialDevice {
     Handle pipe_;
     LineSettings settings_;
     SerialTimeouts timeouts_;
-    Event aborted_{Event::Reset::Manual};
+    Event aborted_;
 };
 
 }  // namespace
 
 PipeTransfer readPipe(HANDLE pipe, std::span<char> into, DWORD waitMs, Event* stop) {
     const Handle done(CreateEventA(nullptr, TRUE, FALSE, nullptr));
+    if (!done) {
+        return {.error = GetLastError()};
+    }
     OVERLAPPED transfer{};
     transfer.hEvent = done.get();
     const bool begun =
@@ -113,6 +116,9 @@ PipeTransfer readPipe(HANDLE pipe, std::span<char> into, DWORD waitMs, Event* st
 
 PipeTransfer writePipe(HANDLE pipe, std::string_view bytes, DWORD waitMs, Event* stop) {
     const Handle done(CreateEventA(nullptr, TRUE, FALSE, nullptr));
+    if (!done) {
+        return {.error = GetLastError()};
+    }
     OVERLAPPED transfer{};
     transfer.hEvent = done.get();
     const bool begun = WriteFile(pipe, bytes.data(), static_cast<DWORD>(bytes.size()), nullptr,
@@ -127,8 +133,13 @@ std::unique_ptr<SerialDevice> openPipeDevice(const std::string& path, SystemErro
         error = GetLastError() == ERROR_PIPE_BUSY ? kErrorAccessDenied : GetLastError();
         return nullptr;
     }
+    Event aborted(Event::Reset::Manual);
+    if (!aborted) {
+        error = kErrorTooManyOpenFiles;
+        return nullptr;
+    }
     error = kNoError;
-    return std::make_unique<PipeDevice>(std::move(pipe));
+    return std::make_unique<PipeDevice>(std::move(pipe), std::move(aborted));
 }
 
 }  // namespace korvel

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
+#include "platform/FaultyFiles.h"
 #include "platform/FileIo.h"
 #include "platform/Folders.h"
 
@@ -37,6 +38,39 @@ TEST(FileIo, AFailedWriteLeavesWhatWasThere) {
     EXPECT_FALSE(writeFileAtomically(folder.path() / "missing" / "file", "bytes"));
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
     EXPECT_TRUE(fs::is_directory(occupied / "inside"));
+}
+
+TEST(FileIo, AtEveryFaultTheOldFileOrTheNewOneStands) {
+    atEveryFault([](FaultyFiles& disk) {
+        const TempFolder folder;
+        folder.write("file", "old");
+        const bool written = writeFileAtomically(folder / "file", "new and longer", disk);
+        EXPECT_EQ(written, !disk.hasFailed());
+        EXPECT_EQ(folder.read("file"), written ? "new and longer" : "old");
+        EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1) << "no temporary file is left";
+        // On the device before the old one gives way to it, and then its name.
+        if (written) { EXPECT_EQ(disk.done(), "create write flush close rename folder "); }
+    });
+    atEveryFault([](FaultyFiles& disk) {
+        const TempFolder folder;
+        const std::string bytes(100'000, 'x');
+        folder.write("file", bytes);
+        const auto read = readWholeFile(folder / "file", kWholeFile, disk);
+        EXPECT_TRUE(disk.hasFailed() ? !read : read == bytes) << "never a part of it";
+    });
+}
+
+TEST(FileSystem, AppendedFilesAreCutButNeverGrowByIt) {
+    const TempFolder folder;
+    const auto file = systemFileSystem().openForAppending(folder / "log");
+    ASSERT_TRUE(file && file->write("abc") && file->write("def"));
+    EXPECT_EQ(file->size(), 6U);
+    EXPECT_TRUE(file->cutTo(9));
+    EXPECT_TRUE(file->cutTo(4) && file->write("x") && file->close());
+    EXPECT_EQ(folder.read("log"), "abcdx");
+    EXPECT_TRUE(systemFileSystem().remove(folder / "log"));
+    EXPECT_TRUE(systemFileSystem().remove(folder / "log")) << "it is not there";
+    EXPECT_FALSE(systemFileSystem().remove(folder.path()));
 }
 
 TEST(FileIo, ReplacingKeepsLinkAndPermissions) {

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/DescriptorLimit.h"
 #include "platform/PseudoTerminal.h"
 #include "platform/VirtualClock.h"
 #include "receiver/PortFixtures.h"
@@ -55,6 +56,16 @@ TEST_F(SerialPortTerminalTest, NothingIsLostAtFullSpeed) {
     });
     EXPECT_EQ(lines.waitFor(expected.size()), expected);
     sender.join();
+}
+
+TEST_F(SerialPortTerminalTest, WithoutDescriptorsItTellsAndGoesOnLater) {
+    std::string error = "none yet";
+    for (int left = 0; !error.empty(); ++left) {
+        ASSERT_LT(left, 10) << "more than a port needs";
+        const DescriptorLimit limit(left);
+        error = port_.open(settings());
+        EXPECT_EQ(error, port_.isOpen() ? "" : "Port Open Failed=4") << left;
+    }
 }
 
 TEST_F(SerialPortTerminalTest, BytesGoOutAsTheyAre) {

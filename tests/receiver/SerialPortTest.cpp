@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/Event.h"
+#include "platform/Threading.h"
 #include "platform/VirtualClock.h"
 #include "receiver/PortFixtures.h"
 #include "receiver/SerialPort.h"
@@ -86,6 +87,19 @@ class FakeDevice final : public SerialDevice {
 
  private:
     Bench& bench_;
+};
+
+/// Has a few events and threads to give, then no more.
+class ScarceThreading final : public Threading {
+ public:
+    explicit ScarceThreading(int left) : left_(left) {}
+    Event makeEvent(Event::Reset reset) override { return left_-- > 0 ? Event(reset) : Event(); }
+    std::thread startThread(std::function<void()> run) override {
+        return left_-- > 0 ? std::thread(std::move(run)) : std::thread();
+    }
+
+ private:
+    int left_;
 };
 
 class SerialPortTest : public testing::Test {
@@ -177,6 +191,25 @@ TEST_F(SerialPortTest, FailuresToOpenHaveTheirTextsAndLeaveNothingOpen) {
         EXPECT_TRUE(bench_.closed);
         EXPECT_EQ(port_.devicePath(), "");
         EXPECT_EQ(port_.settings(), "");
+    }
+}
+
+TEST_F(SerialPortTest, WithoutEventsOrThreadsItTellsAndGoesOnLater) {
+    constexpr int kEvents = 3;
+    answer({{kNoError, "$A\r\n"}});
+    for (int left = 0; left <= kEvents + 1; ++left) {
+        ScarceThreading threading(left);
+        SerialPort port(
+            [this](std::string_view, SystemError&) { return std::make_unique<FakeDevice>(bench_); }, clock_, threading);
+        LineCollector lines;
+        EXPECT_EQ(port.open("COM3:,4800"), left < kEvents ? "Port Open Failed=4" : "") << left;
+        EXPECT_EQ(port.isOpen(), left >= kEvents);
+        port.setListener(&lines);
+        port.startThread();
+        EXPECT_EQ(port.hasReadFailed(), left == kEvents) << "no thread: as if the device were dead";
+        if (left > kEvents) { EXPECT_EQ(lines.waitFor(1).size(), 1U); }
+        port.write("x");
+        port.close();
     }
 }
 

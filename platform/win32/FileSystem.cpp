@@ -1,0 +1,190 @@
+#include "platform/FileSystem.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "platform/win32/Handle.h"
+
+namespace korvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE;
+constexpr std::size_t kMaxPiece = std::size_t{1} << 24U;
+
+DWORD pieceOf(std::size_t size) { return static_cast<DWORD>(std::min(size, kMaxPiece)); }
+
+Handle open(const fs::path& file, DWORD access, DWORD sharing, DWORD whichOnes) {
+    return Handle(CreateFileW(file.c_str(), access, sharing, nullptr, whichOnes,
+                              FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+OVERLAPPED positionOf(std::uint64_t offset) {
+    OVERLAPPED position{};
+    position.Offset = static_cast<DWORD>(offset);
+    position.OffsetHigh = static_cast<DWORD>(offset >> 32U);
+    return position;
+}
+
+std::optional<std::uint64_t> sizeOf(HANDLE file) {
+    LARGE_INTEGER size{};
+    return GetFileSizeEx(file, &size) != FALSE
+               ? std::optional(static_cast<std::uint64_t>(size.QuadPart))
+               : std::nullopt;
+}
+
+class WindowsInput final : public InputFile {
+ public:
+    explicit WindowsInput(Handle file) : file_(std::move(file)) {}
+
+    std::optional<std::size_t> read(std::span<char> room) override {
+        DWORD count = 0;
+        if (ReadFile(file_.get(), room.data(), pieceOf(room.size()), &count, nullptr) == FALSE) {
+            // A pipe whose writer is done has ended.
+            return GetLastError() == ERROR_BROKEN_PIPE ? std::optional<std::size_t>(0)
+                                                       : std::nullopt;
+        }
+        return count;
+    }
+
+ private:
+    Handle file_;
+};
+
+class WindowsRandomAccess final : public RandomAccessFile {
+ public:
+    explicit WindowsRandomAccess(Handle file) : file_(std::move(file)) {}
+
+    std::uint64_t size() const override { return sizeOf(file_.get()).value_or(0); }
+
+    std::size_t readAt(std::uint64_t offset, std::span<std::uint8_t> room) const override {
+        std::size_t done = 0;
+        while (done < room.size()) {
+            OVERLAPPED position = positionOf(offset + done);
+            DWORD count = 0;
+            if (ReadFile(file_.get(), room.data() + done, pieceOf(room.size() - done), &count,
+                         &position) == FALSE ||
+                count == 0) {
+                break;
+            }
+            done += count;
+        }
+        return done;
+    }
+
+ private:
+    Handle file_;
+};
+
+class WindowsOutput final : public OutputFile {
+ public:
+    explicit WindowsOutput(Handle file) : file_(std::move(file)) {}
+
+    bool write(std::string_view bytes) override {
+        if (SetFilePointerEx(file_.get(), {}, nullptr, FILE_END) == FALSE) {
+            return false;
+        }
+        while (!bytes.empty()) {
+            DWORD count = 0;
+            if (WriteFile(file_.get(), bytes.data(), pieceOf(bytes.size()), &count, nullptr) ==
+                    FALSE ||
+                count == 0) {
+                return false;
+            }
+            bytes.remove_prefix(count);
+        }
+        return true;
+    }
+
+    bool flush() override { return FlushFileBuffers(file_.get()) != FALSE; }
+    std::optional<std::uint64_t> size() const override { return sizeOf(file_.get()); }
+
+    bool cutTo(std::uint64_t size) override {
+        const auto now = sizeOf(file_.get());
+        if (!now || *now <= size) {
+            return now.has_value();
+        }
+        LARGE_INTEGER end{};
+        end.QuadPart = static_cast<LONGLONG>(size);
+        return SetFilePointerEx(file_.get(), end, nullptr, FILE_BEGIN) != FALSE &&
+               SetEndOfFile(file_.get()) != FALSE;
+    }
+
+    bool close() override {
+        file_.reset();
+        return true;
+    }
+
+ private:
+    Handle file_;
+};
+
+template <class File, class Interface>
+std::unique_ptr<Interface> asFile(Handle file) {
+    return file ? std::make_unique<File>(std::move(file)) : nullptr;
+}
+
+class WindowsFileSystem final : public FileSystem {
+ public:
+    std::unique_ptr<InputFile> openForReading(const fs::path& path) override {
+        return asFile<WindowsInput, InputFile>(open(path, GENERIC_READ, kShareAll, OPEN_EXISTING));
+    }
+
+    std::unique_ptr<RandomAccessFile> openRandomAccess(const fs::path& path) override {
+        Handle file = open(path, GENERIC_READ, kShareAll, OPEN_EXISTING);
+        if (!file || GetFileType(file.get()) != FILE_TYPE_DISK) {
+            return nullptr;
+        }
+        return std::make_unique<WindowsRandomAccess>(std::move(file));
+    }
+
+    std::unique_ptr<OutputFile> createBeside(const fs::path& target, fs::path& name) override {
+        constexpr int kAttempts = 100;  // names that a crash may have left behind
+        for (int attempt = 0; attempt < kAttempts; ++attempt) {
+            name = target;
+            name += '.' + std::to_string(GetCurrentProcessId()) + '.' + std::to_string(attempt);
+            Handle file = open(name, GENERIC_WRITE, 0, CREATE_NEW);
+            if (file || GetLastError() != ERROR_FILE_EXISTS) {
+                return asFile<WindowsOutput, OutputFile>(std::move(file));
+            }
+        }
+        return nullptr;
+    }
+
+    std::unique_ptr<OutputFile> openForAppending(const fs::path& path) override {
+        return asFile<WindowsOutput, OutputFile>(open(path, GENERIC_WRITE, kShareAll, OPEN_ALWAYS));
+    }
+
+    bool overwrite(const fs::path& path, std::uint64_t offset,
+                   std::span<const std::uint8_t> bytes) override {
+        const Handle file = open(path, GENERIC_WRITE, kShareAll, OPEN_EXISTING);
+        OVERLAPPED position = positionOf(offset);
+        DWORD count = 0;
+        return file &&
+               WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count,
+                         &position) != FALSE &&
+               count == bytes.size();
+    }
+
+    bool rename(const fs::path& from, const fs::path& to) override {
+        return MoveFileExW(from.c_str(), to.c_str(),
+                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+    }
+
+    bool remove(const fs::path& path) override {
+        return DeleteFileW(path.c_str()) != FALSE || GetLastError() == ERROR_FILE_NOT_FOUND;
+    }
+
+    void syncFolder(const fs::path& /*folder*/) override {}  // renaming has written it through
+};
+
+}  // namespace
+
+FileSystem& systemFileSystem() {
+    static WindowsFileSystem files;
+    return files;
+}
+
+}  // namespace korvel

@@ -1,0 +1,62 @@
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+
+#include <gtest/gtest.h>
+
+#include "platform/DescriptorLimit.h"
+#include "platform/Event.h"
+#include "platform/FileSystem.h"
+#include "platform/PseudoTerminal.h"
+#include "platform/SerialDevice.h"
+#include "platform/linux/FileDescriptor.h"
+
+namespace korvel { namespace {
+
+TEST(LinuxDevices, AnOpenLineShutsOtherProgramsOut) {
+    const auto far = PseudoTerminal::create();
+    ASSERT_NE(far, nullptr);
+    SystemError error = kNoError;
+    const auto device = systemSerialDeviceOpener({})(R"(\\.\)" + far->deviceName(), error);
+    ASSERT_NE(device, nullptr);
+    const std::string name = far->deviceName();
+    const FileDescriptor other(::open(name.substr(0, name.find(':')).c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK));
+    const bool refused = !other && errno == EBUSY;
+    int exclusive = 0;  // the superuser comes in all the same, and sees the mark
+    EXPECT_TRUE(refused || (::ioctl(other.get(), TIOCGEXCL, &exclusive) == 0 && exclusive != 0));
+}
+
+TEST(LinuxDevices, AWriteAndAFlushThatFailAreTold) {
+    const auto full = systemFileSystem().openForAppending("/dev/full");
+    ASSERT_NE(full, nullptr);
+    EXPECT_FALSE(full->write("x"));
+    const auto unsynced = systemFileSystem().openForAppending("/dev/null");
+    ASSERT_NE(unsynced, nullptr);
+    EXPECT_TRUE(unsynced->write("x"));
+    EXPECT_FALSE(unsynced->flush()) << "no device to sync to";
+}
+
+TEST(LinuxDevices, WithoutDescriptorsThereAreNoEventsAndNoLines) {
+    const auto far = PseudoTerminal::create();
+    ASSERT_NE(far, nullptr);
+    std::vector<SystemError> errors;
+    for (std::unique_ptr<SerialDevice> device; device == nullptr && errors.size() < 9;) {
+        const DescriptorLimit limit(static_cast<int>(errors.size()));
+        device = systemSerialDeviceOpener({})(R"(\\.\)" + far->deviceName(), errors.emplace_back());
+    }
+    EXPECT_EQ(errors, (std::vector<SystemError>{kErrorTooManyOpenFiles, kErrorTooManyOpenFiles, kNoError}));
+    Event event;
+    {
+        const DescriptorLimit none(0);
+        event = Event(Event::Reset::Auto);
+        EXPECT_FALSE(event);
+        event.set();
+        EXPECT_FALSE(event.isSet());
+    }
+    event = Event(Event::Reset::Auto);
+    event.set();
+    EXPECT_TRUE(event.isSet());
+}
+
+}}  // namespace korvel
