@@ -4,6 +4,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/Utf8.h"
 #include "config/Text.h"
 #include "config/texts/FlightTexts.h"
 #include "nav/plan/RouteEntry.h"
@@ -11,6 +12,32 @@
 #include "platform/FileIo.h"
 
 namespace korvel {
+namespace {
+
+constexpr std::string_view kNamelessPlan = "plan";
+
+/// Letters and digits, those of other scripts too, which any file system of today holds. A place
+/// without a record is called by words; a letter that is no UTF-8 is Latin-1.
+std::string nameForFile(const PlanWaypoint& entry) {
+    constexpr std::uint32_t kFirstLatin1Letter = 0xC0;
+    std::string_view key = hasKindPrefix(entry.key) ? identOfKey(entry.key) : entry.key;
+    std::string name;
+    while (!key.empty()) {
+        const std::string_view before = key;
+        const std::uint32_t code = takeCodePoint(key);
+        const std::string_view bytes = before.substr(0, before.size() - key.size());
+        const bool isPlain = (code >= 'A' && code <= 'Z') || (code >= 'a' && code <= 'z') ||
+                             (code >= '0' && code <= '9');
+        if (isPlain || bytes.size() > 1) {
+            name += bytes;
+        } else if (code >= kFirstLatin1Letter) {
+            name.append({'\xC3', static_cast<char>(code - 0x40U)});
+        }
+    }
+    return name;
+}
+
+}  // namespace
 
 ActivePlan::ActivePlan(NavDatabase& database, const UserRecordStore& userRecords,
                        std::function<void(bool edited)> onChange)
@@ -53,15 +80,8 @@ std::string ActivePlan::proposedFileName() const {
     if (plan.empty()) {
         return {};
     }
-    const auto nameOf = [](const PlanWaypoint& entry) {
-        std::string name(hasKindPrefix(entry.key) ? identOfKey(entry.key) : entry.key);
-        // A place without a record is called by words.
-        std::erase_if(name, [](char letter) {
-            return (letter < 'A' || letter > 'Z') && (letter < '0' || letter > '9');
-        });
-        return name;
-    };
-    return nameOf(plan.front()) + '-' + nameOf(plan.back()) + ".fp";
+    std::string name = nameForFile(plan.front()) + '-' + nameForFile(plan.back());
+    return (name.size() > 1 ? name : std::string(kNamelessPlan)) + ".fp";
 }
 
 /// A failure to write is forgotten, the next change tries again: the flight goes on.
@@ -213,11 +233,9 @@ std::string ActivePlan::open(const std::filesystem::path& path) {
     } else if (!before.empty()) {
         history_.remember(std::move(before));
     }
-    file_ = error.empty() ? path : std::filesystem::path();
-    if (error.empty() && path.extension() != ".fp" && path.extension() != ".FP") {
-        file_.replace_extension(".fp");  // what a list was converted into
-    }
-    comeIntoForce(false);
+    file_ = files_.openedFile();
+    // What a list was converted into may be in no file.
+    comeIntoForce(error.empty() && file_.empty());
     return error;
 }
 

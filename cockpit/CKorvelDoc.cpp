@@ -117,6 +117,11 @@ void CKorvelDoc::show(CockpitData data) {
     }
 }
 
+std::string CKorvelDoc::takeTrouble() {
+    std::string trouble = profile_.takeTrouble();
+    return trouble.empty() ? flight_.takeTrouble() : trouble;
+}
+
 void CKorvelDoc::applySettings(const Settings& changed) {
     storeChangedSettings(profile_, settings_, changed);
     const bool otherPort = changed.port != settings_.port;

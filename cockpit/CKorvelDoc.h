@@ -86,6 +86,11 @@ class CKorvelDoc final : private SentenceListener {
 
     /// What the pages show, as of the last tick.
     const CockpitData& cockpitData() const { return data_; }
+
+    /// What could not be saved or recorded, for the pilot, one message a call and each told once
+    /// for as long as it lasts; empty for nothing to tell.
+    [[nodiscard]] std::string takeTrouble();
+
     /// Grows whenever something in cockpitData() has changed.
     std::uint64_t revision() const { return revision_; }
 

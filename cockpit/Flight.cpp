@@ -51,6 +51,11 @@ Flight::~Flight() {
     track_.endSession();
 }
 
+std::string Flight::takeTrouble() {
+    std::string trouble = track_.takeTrouble();
+    return trouble.empty() ? log_.takeTrouble() : trouble;
+}
+
 std::string Flight::placeHere() const {
     const GeoPoint here = navigation_.present().position;
     if (!IsValid(here)) {

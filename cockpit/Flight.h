@@ -53,6 +53,8 @@ class Flight {
     const ActiveNavigation& navigation() const { return navigation_; }
     TrackRecorder& track() { return track_; }
     const TrackRecorder& track() const { return track_; }
+    /// Why track or log are not kept, told once for as long as it lasts; empty for nothing to tell.
+    [[nodiscard]] std::string takeTrouble();
     ActiveApproach& approach() { return approach_; }
     const ActiveApproach& approach() const { return approach_; }
     AlarmBoard& alarms() { return alarms_.board(); }

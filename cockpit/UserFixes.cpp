@@ -66,7 +66,7 @@ void UserFixes::save() {
             i < fixes_.size() ? fixes_[i].name + ' ' + positionText(fixes_[i].position) : "";
         profile_.setString(kOptionsSection, entryKey(i), entry, true);
     }
-    profile_.setInt(kOptionsSection, kCountKey, static_cast<int>(fixes_.size()), false);
+    isSaved_ = profile_.setInt(kOptionsSection, kCountKey, static_cast<int>(fixes_.size()), false);
 }
 
 void UserFixes::putInForce() {

@@ -32,11 +32,14 @@ class UserFixes {
     /// "USR001", or the next one that is free.
     [[nodiscard]] std::string proposedName() const;
 
-    /// Marks a point; the profile is saved at once. The message for the pilot, empty on success: a
+    /// Marks a point; the profile is saved at once, and isSaved() tells whether it could be. The
+    /// message for the pilot, empty on success: a
     /// name is one that no place and no airway has.
     [[nodiscard]] std::string add(std::string_view name, GeoPoint position);
     /// The message for the pilot, empty on success: one that the plan leads over stays.
     [[nodiscard]] std::string remove(std::size_t index);
+    /// Whether the profile's file holds them as they are; otherwise they are good for this run.
+    [[nodiscard]] bool isSaved() const { return isSaved_; }
 
  private:
     [[nodiscard]] std::string refusal(std::string_view name) const;
@@ -48,6 +51,7 @@ class UserFixes {
     Charts& charts_;
     const ActivePlan& plan_;
     std::vector<UserFix> fixes_;
+    bool isSaved_ = true;
 };
 
 }  // namespace korvel

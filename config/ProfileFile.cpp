@@ -1,14 +1,15 @@
 #include "config/ProfileFile.h"
 
 #include <cstddef>
-#include <fstream>
 #include <optional>
 #include <system_error>
 #include <utility>
 
 #include "base/Ascii.h"
 #include "base/TextNumbers.h"
+#include "config/Text.h"
 #include "config/TextBytes.h"
+#include "config/texts/FileTexts.h"
 #include "platform/FileIo.h"
 
 namespace korvel {
@@ -99,8 +100,8 @@ std::string formatProfile(const ProfileEntries& entries) {
 }
 
 ProfileFile::ProfileFile(const std::filesystem::path& folder, RegistryProfile& registry,
-                         std::string_view fileName)
-    : registry_(registry) {
+                         std::string_view fileName, FileSystem& disk)
+    : registry_(registry), disk_(disk) {
     const std::filesystem::path file = folder / fileName;
     if (load(file)) {
         path_ = file;
@@ -121,12 +122,10 @@ int ProfileFile::getInt(std::string_view section, std::string_view name, int fal
     return value;
 }
 
-void ProfileFile::setInt(std::string_view section, std::string_view name, int value,
+bool ProfileFile::setInt(std::string_view section, std::string_view name, int value,
                          bool deferSave) {
     entries_.insert_or_assign(joinKey(section, ':', name), formatInt(value));
-    if (!deferSave) {
-        save();
-    }
+    return deferSave || save();
 }
 
 std::string ProfileFile::getString(std::string_view section, std::string_view name,
@@ -140,12 +139,10 @@ std::string ProfileFile::getString(std::string_view section, std::string_view na
     return value;
 }
 
-void ProfileFile::setString(std::string_view section, std::string_view name, std::string_view value,
+bool ProfileFile::setString(std::string_view section, std::string_view name, std::string_view value,
                             bool deferSave) {
     entries_.insert_or_assign(joinKey(section, '.', name), std::string(value));
-    if (!deferSave) {
-        save();
-    }
+    return deferSave || save();
 }
 
 bool ProfileFile::save() {
@@ -153,21 +150,24 @@ bool ProfileFile::save() {
         saveToRegistry();
         return true;
     }
-    // Replacing the file would get around its own write protection, so that is asked first.
-    std::error_code failure;
-    if (std::filesystem::exists(path_, failure) &&
-        !std::fstream(path_, std::ios::in | std::ios::out | std::ios::binary).is_open()) {
-        return false;
-    }
-    return writeFileAtomically(path_, formatProfile(entries_));
+    const bool saved = !isProtected() && writeFileAtomically(path_, formatProfile(entries_), disk_);
+    trouble_.note(saved ? std::string()
+                        : formatText(kFileTexts.settingsNotSaved, {path_.filename().string()}));
+    return saved;
+}
+
+/// Replacing the file would get around its own write protection, so that is asked first.
+bool ProfileFile::isProtected() const {
+    std::error_code unknown;
+    return std::filesystem::exists(path_, unknown) && !disk_.openForAppending(path_);
 }
 
 bool ProfileFile::load(const std::filesystem::path& file) {
-    std::error_code failure;
-    if (!std::filesystem::exists(file, failure)) {
-        std::ofstream(file, std::ios::app | std::ios::binary).close();
+    std::error_code unknown;
+    if (!std::filesystem::exists(file, unknown)) {
+        disk_.openForAppending(file).reset();
     }
-    const std::optional<std::string> bytes = readWholeFile(file);
+    const std::optional<std::string> bytes = readWholeFile(file, kWholeFile, disk_);
     if (!bytes) {
         return false;
     }
@@ -175,8 +175,7 @@ bool ProfileFile::load(const std::filesystem::path& file) {
     if (isDamaged(*bytes)) {
         std::filesystem::path copy = file;
         copy += ".damaged";
-        if (std::filesystem::copy_file(
-                file, copy, std::filesystem::copy_options::overwrite_existing, failure)) {
+        if (writeFileAtomically(copy, *bytes, disk_)) {
             damagedCopy_ = std::move(copy);
         }
         // Zeros would count as damage again, and the copy would be lost at the next start.

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/ToldOnce.h"
+#include "platform/FileSystem.h"
 #include "platform/RegistryProfile.h"
 
 namespace korvel {
@@ -33,10 +35,10 @@ std::string formatProfile(const ProfileEntries& entries);
 /// come back without them. Nothing here complains about that, callers do not store such values.
 class ProfileFile {
  public:
-    /// Opens `fileName` in `folder` and creates it when it is missing. `registry` must outlive
-    /// this.
+    /// Opens `fileName` in `folder` and creates it when it is missing. `registry` and `disk` must
+    /// outlive this.
     ProfileFile(const std::filesystem::path& folder, RegistryProfile& registry,
-                std::string_view fileName = "korvel.ini");
+                std::string_view fileName = "korvel.ini", FileSystem& disk = systemFileSystem());
     ProfileFile(const ProfileFile&) = delete;
     ProfileFile& operator=(const ProfileFile&) = delete;
     /// Saves.
@@ -50,26 +52,36 @@ class ProfileFile {
     /// next save writes over it; empty when it could, or could not be copied.
     const std::filesystem::path& damagedCopy() const { return damagedCopy_; }
 
+    // The setters save unless that is deferred; false when saving failed, and then the value is
+    // good for this run and reaches the file with the next save that succeeds.
+
     /// A value that does not begin with an integer counts as missing and is replaced.
     int getInt(std::string_view section, std::string_view name, int fallback);
-    void setInt(std::string_view section, std::string_view name, int value, bool deferSave = false);
+    bool setInt(std::string_view section, std::string_view name, int value, bool deferSave = false);
 
     std::string getString(std::string_view section, std::string_view name,
                           std::string_view fallback);
-    void setString(std::string_view section, std::string_view name, std::string_view value,
+    bool setString(std::string_view section, std::string_view name, std::string_view value,
                    bool deferSave = false);
 
-    /// False when the file cannot be written; it then keeps what it held.
+    /// False when the file cannot be written; it then keeps what it held, and takeTrouble() tells.
     bool save();
+
+    /// The message for the pilot when what was set could not be saved, told once for as long as it
+    /// lasts; empty for nothing to tell.
+    [[nodiscard]] std::string takeTrouble() { return trouble_.take(); }
 
  private:
     bool load(const std::filesystem::path& file);
+    bool isProtected() const;
     void saveToRegistry();
 
     std::filesystem::path path_;
     std::filesystem::path damagedCopy_;
     ProfileEntries entries_;
     RegistryProfile& registry_;
+    FileSystem& disk_;
+    ToldOnce trouble_;
 };
 
 }  // namespace korvel

@@ -69,7 +69,7 @@ void ColorScheme::Reload() {
     }
 }
 
-void ColorScheme::load(std::string_view schemeName, const DataFileSearch& files) {
+void ColorScheme::load(std::string_view schemeName, const DataFileSearch& files, FileSystem& disk) {
     entries_.clear();
     const bool night = schemeName == nightSchemeName();
     for (const BuiltInColor& color : kBuiltInColors) {
@@ -87,7 +87,7 @@ void ColorScheme::load(std::string_view schemeName, const DataFileSearch& files)
         return;
     }
     for (const std::filesystem::path& file : files.pathsOf(schemeName)) {
-        if (const std::optional<std::string> bytes = readWholeFile(file, kFileLimit)) {
+        if (const std::optional<std::string> bytes = readWholeFile(file, kFileLimit, disk)) {
             if (bytes->size() < kFileLimit) {
                 parseText(*bytes);
             }

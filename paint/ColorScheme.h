@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "paint/Color.h"
+#include "platform/FileSystem.h"
 
 namespace korvel {
 
@@ -31,7 +32,8 @@ class ColorScheme {
 
     /// Takes one of the built-in schemes or, over the day scheme, the first readable file of that
     /// bare name. Files of 20480 bytes or more are ignored.
-    void load(std::string_view schemeName, const DataFileSearch& files);
+    void load(std::string_view schemeName, const DataFileSearch& files,
+              FileSystem& disk = systemFileSystem());
 
     /// Black for a key that the table does not hold.
     ColorValue Color(std::string_view key) const;

@@ -54,6 +54,10 @@ void Screen::tick() {
         changed();
     if (const std::string message = camera_.tick(); !message.empty())
         say(message);
+    // One at a time, so that each can be read; a message that is not read yet goes first.
+    if (message().empty())
+        if (const std::string trouble = document_.takeTrouble(); !trouble.empty())
+            say(trouble);
     takeNews();
     followAttitude();
     actByItself();

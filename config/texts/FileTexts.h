@@ -23,6 +23,7 @@ struct FileTexts {
     Text trackOpened{61982, "Track %s is shown"};  ///< %s: file
     Text trackEmpty{61984, "There are no track points in it."};
     Text profileDamaged{61985, "The settings were damaged; a copy is kept in %s"};  ///< %s: file
+    Text settingsNotSaved{61986, "Settings not saved: %s cannot be written"};       ///< %s: file
 };
 
 inline constexpr FileTexts kFileTexts{};

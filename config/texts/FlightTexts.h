@@ -33,6 +33,7 @@ struct FlightTexts {
     Text alarmArriving{61902, "Arriving at %s"};  ///< %s: waypoint
     Text pluginLacksFunctions{61910,
                               "%s does not draw attitudes: it lacks a function"};  ///< %s: file
+    Text fileNotWritten{61987, "Not recorded: %s cannot be written"};              ///< %s: file
 };
 
 inline constexpr FlightTexts kFlightTexts{};

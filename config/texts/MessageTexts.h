@@ -16,6 +16,8 @@ struct MessageTexts {
     Text measureHint{61601, "Measure: tap or drag from one point to another"};
     Text measureEnded{61602, "Measuring ended"};
     Text marked{61611, "Marked %s"};  ///< %s: name
+    Text markedUnsaved{61988,
+                       "Marked %s for this run only: the settings cannot be saved"};  ///< %s: name
     Text nothingToMark{61612, "No position to mark"};
     Text navaidsShown{61618, "Navaids: %s"};  ///< %s: set
     Text navaidsNotRotated{61619, "Rotating navaids is off in the preferences"};

@@ -43,25 +43,33 @@ std::string PlanFiles::SavePlan() const {
 }
 
 std::string PlanFiles::savePlanAs(const std::filesystem::path& path) const {
-    return writeFileAtomically(path, SavePlan()) ? std::string()
-                                                 : std::string(text(kFlightTexts.fileOpenError));
+    return writeFileAtomically(path, SavePlan(), disk_)
+               ? std::string()
+               : std::string(text(kFlightTexts.fileOpenError));
 }
 
 std::string PlanFiles::OpenPlanFile(const std::filesystem::path& path, std::string_view bytes) {
+    openedFile_.clear();
     const std::string name = path.string();
     if (endsWithIgnoringCase(name, ".FP")) {
-        return LoadPlanText(bytes);
+        return openText(bytes, path);
     }
     if (!endsWithIgnoringCase(name, ".TXT")) {
         return std::string(text(kFlightTexts.unsupportedFileType));
     }
-    if (ImportWaypointList(path, bytes, PlaceLookup(database_, fixes_, present_))) {
-        // Whole, however short the list was: half of a longitude is a wrong longitude.
-        if (const auto converted = readWholeFile(convertedPlanPath(path, 0))) {
-            return LoadPlanText(*converted);
-        }
+    // Not read back: another plan may stand in a file that could not be written.
+    const auto converted =
+        ImportWaypointList(path, bytes, PlaceLookup(database_, fixes_, present_), disk_);
+    return converted ? openText(converted->text, converted->file)
+                     : std::string(text(kFlightTexts.invalidFormat));
+}
+
+std::string PlanFiles::openText(std::string_view planText, const std::filesystem::path& file) {
+    std::string error = LoadPlanText(planText);
+    if (error.empty()) {
+        openedFile_ = file;
     }
-    return std::string(text(kFlightTexts.invalidFormat));
+    return error;
 }
 
 std::string PlanFiles::resolveLine(std::string_view line, PlaceLookup& lookup,

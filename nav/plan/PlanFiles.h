@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "nav/plan/FlightPlan.h"
+#include "platform/FileSystem.h"
 
 namespace korvel {
 
@@ -24,8 +25,8 @@ class PlanFiles {
  public:
     /// Everything must outlive this; `userRecords` may be null.
     PlanFiles(NavDatabase& database, GeneratedFixes& fixes, const UserRecordStore* userRecords,
-              GuardedPlan& plan)
-        : database_(database), fixes_(fixes), userRecords_(userRecords), plan_(plan) {}
+              GuardedPlan& plan, FileSystem& disk = systemFileSystem())
+        : database_(database), fixes_(fixes), userRecords_(userRecords), plan_(plan), disk_(disk) {}
 
     /// Where the aircraft is: identifiers that repeat are looked up near it.
     void setPresent(std::optional<GeoPoint> present) { present_ = present; }
@@ -39,10 +40,15 @@ class PlanFiles {
     /// the message for the pilot; when it is not empty there may be no active plan any more.
     [[nodiscard]] std::string OpenPlanFile(const std::filesystem::path& path,
                                            std::string_view bytes);
+    /// The ".fp" file that holds what was opened last; empty when that failed, or when a converted
+    /// list could not be written.
+    [[nodiscard]] const std::filesystem::path& openedFile() const { return openedFile_; }
     /// Replaces the active plan. On failure, which the message tells, there is none.
     [[nodiscard]] std::string LoadPlanText(std::string_view text);
 
  private:
+    [[nodiscard]] std::string openText(std::string_view planText,
+                                       const std::filesystem::path& file);
     [[nodiscard]] std::string resolveLine(std::string_view line, PlaceLookup& lookup,
                                           PlanWaypoint& entry);
     [[nodiscard]] bool isOwnPlace(std::string_view key) const;
@@ -51,6 +57,8 @@ class PlanFiles {
     GeneratedFixes& fixes_;
     const UserRecordStore* userRecords_;
     GuardedPlan& plan_;
+    FileSystem& disk_;
+    std::filesystem::path openedFile_;
     std::optional<GeoPoint> present_;
 };
 

@@ -104,35 +104,47 @@ std::string_view takeLine(std::string_view& text) {
     return line.substr(0, line.find_last_not_of('\r') + 1);
 }
 
-}  // namespace
-
 std::filesystem::path convertedPlanPath(std::filesystem::path importPath, int number) {
     importPath.replace_extension();
     importPath += (number > 0 ? '_' + formatInt(number) : std::string()) + ".fp";
     return importPath;
 }
 
-void WriteConvertedPlan(const std::filesystem::path& importPath, std::string_view planText,
-                        int number) {
-    [[maybe_unused]] const bool written =
-        writeFileAtomically(convertedPlanPath(importPath, number), planText);
+}  // namespace
+
+ConvertedPlan WriteConvertedPlan(const std::filesystem::path& importPath, std::string planText,
+                                 int number, FileSystem& disk) {
+    std::filesystem::path file = convertedPlanPath(importPath, number);
+    if (!writeFileAtomically(file, planText, disk)) {
+        file.clear();
+    }
+    return {std::move(planText), std::move(file)};
 }
 
-bool ImportWaypointList(const std::filesystem::path& importPath, std::string_view text,
-                        const PlaceLookup& lookup) {
+std::optional<ConvertedPlan> ImportWaypointList(const std::filesystem::path& importPath,
+                                                std::string_view text, const PlaceLookup& lookup,
+                                                FileSystem& disk) {
     int current = -1;
     std::string plan;
+    std::optional<ConvertedPlan> first;
     PlaceLookup planLookup = lookup;
+    const auto finish = [&] {
+        ConvertedPlan written =
+            WriteConvertedPlan(importPath, std::exchange(plan, {}), current, disk);
+        if (current == 0) {
+            first = std::move(written);
+        }
+    };
     while (!text.empty()) {
         std::string_view line = takeLine(text);
         if (line.starts_with("FPL ")) {
             line.remove_prefix(4);
             const auto number = scanInt(line);
             if (!number) {
-                return false;
+                return std::nullopt;
             }
             if (*number > 0 && current >= 0) {
-                WriteConvertedPlan(importPath, plan, current);
+                finish();
             }
             current = *number;
             plan.clear();
@@ -140,15 +152,15 @@ bool ImportWaypointList(const std::filesystem::path& importPath, std::string_vie
         } else if (line.starts_with("FWP ")) {
             const auto waypoint = parseWaypoint(line.substr(4));
             if (!waypoint) {
-                return false;
+                return std::nullopt;
             }
             plan += planLine(*waypoint, planLookup);
         }
     }
     if (current >= 0) {
-        WriteConvertedPlan(importPath, plan, current);
+        finish();
     }
-    return true;
+    return first;
 }
 
 }  // namespace korvel

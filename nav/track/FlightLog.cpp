@@ -15,6 +15,13 @@ constexpr std::int64_t kNoteMs = 5000;
 
 std::filesystem::path journalBeside(std::filesystem::path file) { return file += ".flight"; }
 
+/// With its CR LF; empty for no line.
+std::string_view lastLine(std::string_view lines) {
+    const std::size_t before =
+        lines.size() < 3 ? std::string_view::npos : lines.rfind("\r\n", lines.size() - 3);
+    return lines.substr(before == std::string_view::npos ? 0 : before + 2);
+}
+
 }  // namespace
 
 std::string flightTimeText(std::int64_t seconds) {
@@ -32,27 +39,39 @@ FlightLog::Options FlightLog::Options::from(const Settings& settings) {
         .enabled = settings.logEnable != 0, .startKt = startKt, .endKt = std::min(endKt, startKt)};
 }
 
-FlightLog::FlightLog(const Clock& clock, const std::filesystem::path& file, PlaceNamer place)
+FlightLog::FlightLog(const Clock& clock, const std::filesystem::path& file, PlaceNamer place,
+                     FileSystem& disk)
     : clock_(clock),
-      log_(file),
-      journal_(file.empty() ? file : journalBeside(file)),
+      log_(file, LineJournal::TornLine::End, disk),
+      journal_(file.empty() ? file : journalBeside(file), LineJournal::TornLine::Drop, disk),
       place_(std::move(place)) {
     complete();
 }
 
 /// Moves the last line of the journal to the log, unless the kill came after that had been done.
+/// What cannot be read now may be at the next start.
 void FlightLog::complete() {
-    std::string_view line;
-    const std::string noted = journal_.completeLines();
-    if (!noted.empty()) {
-        const std::size_t before =
-            noted.size() < 3 ? std::string::npos : noted.rfind("\r\n", noted.size() - 3);
-        line = std::string_view(noted).substr(before == std::string::npos ? 0 : before + 2);
+    const auto noted = journal_.completeLines();
+    const auto logged = log_.completeLines();
+    if (!noted || !logged) {
+        return;
     }
-    if (!line.empty() && !log_.completeLines().ends_with(line)) {
-        log_.append(line);
+    const std::string_view line = lastLine(*noted);
+    if (line.empty() || logged->ends_with(line)) {
+        journal_.remove();
+    } else {
+        addToLog(line);
     }
-    journal_.remove();
+}
+
+void FlightLog::addToLog(std::string_view line) {
+    unwritten_ += line;
+    std::string trouble = log_.append(unwritten_);
+    if (trouble.empty()) {
+        unwritten_.clear();
+        journal_.remove();
+    }
+    trouble_.note(std::move(trouble));
 }
 
 std::optional<std::int64_t> FlightLog::flightTimeSec() const {
@@ -107,7 +126,7 @@ void FlightLog::note() {
     flight_->notedMs = now;
     flight_->line = flight_->head + ',' + timeText(clock_.localNow(), false, ":") + ',' + place_() +
                     ',' + flightTimeText((now - flight_->startTickMs) / 1000) + "\r\n";
-    journal_.append(flight_->line);
+    trouble_.note(journal_.append(flight_->line));
 }
 
 void FlightLog::close() {
@@ -121,8 +140,7 @@ void FlightLog::close() {
 }
 
 void FlightLog::finish() {
-    log_.append(flight_->line);
-    journal_.remove();
+    addToLog(flight_->line);
     flight_.reset();
 }
 

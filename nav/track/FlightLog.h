@@ -5,7 +5,9 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
+#include "base/ToldOnce.h"
 #include "nav/track/LineJournal.h"
 #include "platform/Clock.h"
 
@@ -26,7 +28,8 @@ std::string flightTimeText(std::int64_t seconds);
 /// known a flight goes on.
 ///
 /// A flight under way is noted every 5 s in a journal beside the log; a program that was killed
-/// completes the log from it when it starts again. User-interface thread only.
+/// completes the log from it when it starts again. A line that the log does not take is tried again
+/// with the next flight's, and the journal stays until then. User-interface thread only.
 class FlightLog {
  public:
     struct Options {
@@ -42,14 +45,20 @@ class FlightLog {
     /// of a flight and with each note.
     using PlaceNamer = std::function<std::string()>;
 
-    /// The clock must outlive the log. Completes the line of a flight that a killed program left.
-    FlightLog(const Clock& clock, const std::filesystem::path& file, PlaceNamer place);
+    /// The clock and `disk` must outlive the log. Completes the line of a flight that a killed
+    /// program left.
+    FlightLog(const Clock& clock, const std::filesystem::path& file, PlaceNamer place,
+              FileSystem& disk = systemFileSystem());
 
     /// One tick. Nothing for a speed that is not known.
     void step(const Options& options, std::optional<double> groundSpeedKt);
 
     /// Completes the line of a flight that is under way, at the end of the program for one.
     void close();
+
+    /// Why a flight is not noted or logged, told once for as long as it lasts; empty for nothing to
+    /// tell.
+    [[nodiscard]] std::string takeTrouble() { return trouble_.take(); }
 
     [[nodiscard]] bool inFlight() const { return flight_.has_value(); }
     /// Whole seconds since the beginning of the flight under way; nothing on the ground.
@@ -69,10 +78,13 @@ class FlightLog {
     void note();
     void finish();
     void complete();
+    void addToLog(std::string_view line);
 
     const Clock& clock_;
     LineJournal log_;
     LineJournal journal_;
+    std::string unwritten_;  ///< lines that the log has not taken yet
+    ToldOnce trouble_;
     PlaceNamer place_;
     std::optional<Flight> flight_;
     bool sawSlow_ = false;

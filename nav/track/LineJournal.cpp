@@ -1,55 +1,123 @@
 #include "nav/track/LineJournal.h"
 
-#include <ios>
+#include <array>
 #include <system_error>
 
+#include "config/Text.h"
+#include "config/texts/FlightTexts.h"
 #include "platform/FileIo.h"
 
 namespace korvel {
+namespace {
 
-std::string LineJournal::completeLines() const {
-    std::string text = path_.empty() ? std::string() : readWholeFile(path_).value_or("");
-    const std::size_t end = text.rfind("\r\n");
-    text.resize(end == std::string::npos ? 0 : end + 2);
+constexpr std::string_view kLineEnd = "\r\n";
+
+bool isThere(const std::filesystem::path& path) {
+    std::error_code unknown;
+    return std::filesystem::exists(path, unknown);
+}
+
+}  // namespace
+
+std::optional<std::string> LineJournal::completeLines() const {
+    auto text = path_.empty() ? std::string() : readWholeFile(path_, kWholeFile, disk_);
+    if (!text) {
+        return isThere(path_) ? std::nullopt : std::optional(std::string());
+    }
+    const std::size_t end = text->rfind(kLineEnd);
+    text->resize(end == std::string::npos ? 0 : end + kLineEnd.size());
     return text;
 }
 
-void LineJournal::append(std::string_view lines) {
-    if (path_.empty() || lines.empty()) {
-        return;
-    }
-    if (!file_.is_open() || !file_) {
-        file_.close();
-        file_.clear();
-        const bool torn = readWholeFile(path_).value_or("").size() != completeLines().size();
-        file_.open(path_, std::ios::binary | std::ios::app);
-        file_ << (torn ? "\r\n" : "");
-    }
-    file_.write(lines.data(), static_cast<std::streamsize>(lines.size()));
-    file_.flush();
+std::string LineJournal::trouble() const {
+    return formatText(kFlightTexts.fileNotWritten, {path_.filename().string()});
 }
 
-void LineJournal::replace(std::string_view lines) {
+std::string LineJournal::append(std::string_view lines) {
+    if (path_.empty() || lines.empty()) {
+        return {};
+    }
+    if (!file_ && !open()) {
+        file_.reset();
+        return trouble();
+    }
+    const auto before = file_->size();
+    if (before && file_->write(lines)) {
+        return {};
+    }
+    wholeSize_ = before;
+    cutBack();
+    file_.reset();
+    return trouble();
+}
+
+bool LineJournal::open() {
+    file_ = disk_.openForAppending(path_);
+    return file_ && cutBack() && mendEnd();
+}
+
+bool LineJournal::mendEnd() {
+    const auto torn = isTorn();
+    if (!torn || !*torn) {
+        return torn.has_value();
+    }
+    if (tornLine_ == TornLine::End) {
+        return file_->write(kLineEnd);
+    }
+    const auto whole = completeLines();
+    return whole && file_->cutTo(whole->size());
+}
+
+/// Takes away what a write that failed has left behind, now or when the file is opened again.
+bool LineJournal::cutBack() {
+    if (wholeSize_ && file_->cutTo(*wholeSize_)) {
+        wholeSize_.reset();
+    }
+    return !wholeSize_;
+}
+
+/// Whether the file ends within a line; nothing when that cannot be read.
+std::optional<bool> LineJournal::isTorn() const {
+    const auto file = disk_.openRandomAccess(path_);
+    if (!file) {
+        return std::nullopt;
+    }
+    const std::uint64_t size = file->size();
+    std::array<std::uint8_t, kLineEnd.size()> last{};
+    if (size < last.size()) {
+        return size != 0;
+    }
+    if (file->readAt(size - last.size(), last) != last.size()) {
+        return std::nullopt;
+    }
+    return last != std::array<std::uint8_t, kLineEnd.size()>{'\r', '\n'};
+}
+
+std::string LineJournal::replace(std::string_view lines) {
     if (path_.empty()) {
-        return;
+        return {};
     }
-    file_.close();
+    file_.reset();
+    wholeSize_.reset();
+    if (!lines.empty() && writeFileAtomically(path_, lines, disk_)) {
+        return {};
+    }
     // When the new text cannot be written, the old one must not be taken for it later.
-    if (lines.empty() || !writeFileAtomically(path_, lines)) {
-        remove();
-    }
+    remove();
+    return lines.empty() ? std::string() : trouble();
 }
 
 void LineJournal::remove() {
-    file_.close();
-    std::error_code ignored;
-    std::filesystem::remove(path_, ignored);
+    file_.reset();
+    wholeSize_.reset();
+    if (!path_.empty()) {
+        disk_.remove(path_);
+    }
 }
 
 void LineJournal::moveTo(const std::filesystem::path& destination) {
-    file_.close();
-    std::error_code ignored;
-    std::filesystem::rename(path_, destination, ignored);
+    file_.reset();
+    [[maybe_unused]] const bool moved = disk_.rename(path_, destination);
 }
 
 }  // namespace korvel

@@ -8,9 +8,12 @@
 
 namespace korvel {
 
-TrackRecorder::TrackRecorder(const Clock& clock, std::filesystem::path journalFile)
-    : clock_(clock), journal_(std::move(journalFile)) {
-    const std::string lines = journal_.completeLines();
+TrackRecorder::TrackRecorder(const Clock& clock, std::filesystem::path journalFile,
+                             FileSystem& disk)
+    : clock_(clock),
+      disk_(disk),
+      journal_(std::move(journalFile), LineJournal::TornLine::Drop, disk) {
+    const std::string lines = journal_.completeLines().value_or("");
     if (lines.empty()) {
         return;
     }
@@ -21,20 +24,23 @@ TrackRecorder::TrackRecorder(const Clock& clock, std::filesystem::path journalFi
         return;
     }
     found->setPendingBreak();
-    journal_.replace(lines);  // without a torn last line, which the next one would be joined to
     *track_.lock() = std::move(found);
 }
 
 void TrackRecorder::offer(GeoPoint position, std::int32_t groundSpeedKt, std::int32_t trackDeg,
                           std::int32_t altitudeFt) {
-    const auto track = track_.lock();
-    if (!*track) {
-        *track = std::make_shared<Track>(clock_);
+    std::string lines;
+    {
+        const auto track = track_.lock();
+        if (!*track) {
+            *track = std::make_shared<Track>(clock_);
+        }
+        const std::size_t added =
+            (*track)->AddTrackPoint(position, groundSpeedKt, trackDeg, altitudeFt);
+        lines = (*track)->lastLines(added);
     }
-    const std::size_t added =
-        (*track)->AddTrackPoint(position, groundSpeedKt, trackDeg, altitudeFt);
-    if (added != 0) {
-        journal_.append((*track)->lastLines(added));
+    if (!lines.empty()) {
+        trouble_.note(journal_.append(lines));
     }
 }
 
@@ -58,23 +64,23 @@ std::string TrackRecorder::saveTrack(const std::filesystem::path& path) const {
     if (!saved || !saved->WriteTrackText(lines)) {
         return std::string(text(kFlightTexts.noTrackToSave));
     }
-    return writeFileAtomically(path, lines) ? std::string()
-                                            : std::string(text(kFlightTexts.fileOpenError));
+    return writeFileAtomically(path, lines, disk_) ? std::string()
+                                                   : std::string(text(kFlightTexts.fileOpenError));
 }
 
 std::string TrackRecorder::openTrack(const std::filesystem::path& path) {
-    const auto bytes = readWholeFile(path);
-    const auto track = track_.lock();
-    *track = std::make_shared<Track>(clock_);
-    if (!bytes || !(*track)->ReadTrackText(*bytes)) {
-        track->reset();
+    const auto bytes = readWholeFile(path, kWholeFile, disk_);
+    auto opened = std::make_shared<Track>(clock_);
+    if (!bytes || !opened->ReadTrackText(*bytes)) {
+        track_.lock()->reset();
         journal_.remove();
         return std::string(text(kFlightTexts.invalidFormat));
     }
-    (*track)->setPendingBreak();
+    opened->setPendingBreak();
     std::string lines;
-    (*track)->WriteTrackText(lines);
-    journal_.replace(lines);
+    opened->WriteTrackText(lines);
+    *track_.lock() = std::move(opened);
+    trouble_.note(journal_.replace(lines));
     return {};
 }
 

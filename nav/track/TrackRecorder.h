@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/Guarded.h"
+#include "base/ToldOnce.h"
 #include "nav/track/LineJournal.h"
 #include "nav/track/Track.h"
 
@@ -15,12 +16,15 @@ namespace korvel {
 /// point is offered. While it is recorded, every line also goes to a journal, so that a program
 /// that was killed finds its track again.
 ///
-/// Locks: the pointer to the track has one, the track itself another; taken in this order.
+/// Main thread only, but for track() and saveTrack(). Locks: the pointer to the track has one, the
+/// track itself another; taken in this order, and no file is written under either.
 class TrackRecorder {
  public:
     /// Takes up the track of a journal that an earlier run left behind, if there is one; what is
     /// recorded from now on is set off from it by a break. Without a path nothing is kept.
-    explicit TrackRecorder(const Clock& clock, std::filesystem::path journalFile = {});
+    /// `clock` and `disk` must outlive this.
+    explicit TrackRecorder(const Clock& clock, std::filesystem::path journalFile = {},
+                           FileSystem& disk = systemFileSystem());
 
     void offer(GeoPoint position, std::int32_t groundSpeedKt, std::int32_t trackDeg,
                std::int32_t altitudeFt);
@@ -39,13 +43,19 @@ class TrackRecorder {
     /// begins without a track.
     void endSession();
 
+    /// Why the track is not kept in the journal, told once for as long as it lasts; empty for
+    /// nothing to tell.
+    [[nodiscard]] std::string takeTrouble() { return trouble_.take(); }
+
     /// Null when there is none. It stays alive while the caller holds it.
     [[nodiscard]] std::shared_ptr<const Track> track() const { return *track_.lock(); }
 
  private:
     const Clock& clock_;
+    FileSystem& disk_;
     Guarded<std::shared_ptr<Track>> track_;
     LineJournal journal_;
+    ToldOnce trouble_;
 };
 
 }  // namespace korvel

@@ -58,6 +58,21 @@ class CKorvelDocTest : public testing::Test {
 
 constexpr const char* kHere = "4730.0,N,01015.0,E";
 
+TEST_F(CKorvelDocTest, WhatCannotBeKeptIsToldOnce) {
+    std::filesystem::create_directory(folder_ / "track.journal");
+    doc_ = std::make_unique<CKorvelDoc>(CKorvelDoc::Foundations{profile_, clock_, ports_.opener(), folder_.path()});
+    const auto record = [this](double lat) {
+        clock_.advanceMs(5000);
+        doc_->flight().track().offer({lat, 0}, 0, 0, 0);
+        return doc_->takeTrouble();
+    };
+    EXPECT_EQ(record(0.1), "Not recorded: track.journal cannot be written");
+    EXPECT_EQ(record(0.2), "") << "as before";
+    std::filesystem::remove(folder_ / "track.journal");
+    EXPECT_EQ(record(0.3), "");
+    EXPECT_EQ(doc_->flight().track().track()->read()->slots.size(), 3U) << "the recording never stopped";
+}
+
 TEST_F(CKorvelDocTest, ValuesVanishFiveSecondsAfterTheLastSentence) {
     start("COM3:,4800,N,8,1");
     say({rmc(kHere), gga(kHere)});

@@ -6,6 +6,7 @@
 #include "config/ProfileFile.h"
 #include "geo/Geodesy.h"
 #include "navdb/TestDatabase.h"
+#include "navdb/records/FixRecord.h"
 #include "platform/FileIo.h"
 #include "platform/RegistryProfile.h"
 #include "platform/VirtualClock.h"
@@ -59,6 +60,50 @@ TEST_F(UserFixesTest, NamesAreUnmistakable) {
     for (const std::string name : {"HOME", "V23"})
         EXPECT_EQ(fixes_.add(name, at(3, 4)), name + " is the name of another place.");
     EXPECT_EQ(names(), "HOME ");
+}
+
+TEST_F(UserFixesTest, AMarkThatCannotBeSavedIsGoodForThisRunAndTold) {
+    std::filesystem::remove(profile_.path());
+    std::filesystem::create_directory(profile_.path());  // nothing can be put in its place
+    EXPECT_EQ(fixes_.add("LAKE", at(1, 2)), "");
+    EXPECT_FALSE(fixes_.isSaved());
+    EXPECT_NE(program_.charts.database().Find("LAKE"), nullptr);
+    EXPECT_EQ(profile_.takeTrouble(), "Settings not saved: korvel.ini cannot be written");
+    std::filesystem::remove(profile_.path());
+    EXPECT_EQ(fixes_.add("POND", at(1, 3)), "");
+    EXPECT_TRUE(fixes_.isSaved());
+    EXPECT_EQ(profile_.takeTrouble(), "");
+    ProfileFile again{folder_.path(), *registry_};
+    FlightByCharts later{clock_};
+    EXPECT_EQ(UserFixes(again, later.charts, later.flight.plan()).all().size(), 2U) << "the next save that succeeds takes all";
+}
+
+TEST_F(UserFixesTest, APlanIsNamedByItsEndsInAnyScript) {
+    constexpr std::tuple<const char*, const char*, const char*> kCases[] = {{"f.Müllheim", "a.ÉTÉ", "Müllheim-ÉTÉ.fp"},
+        {"f.M\xFCll", "2 NM/W of LAKE", "Müll-2NMWofLAKE.fp"}, {"f.湖", "f.-", "湖-.fp"}, {"f.--", "..", "plan.fp"}};
+    for (const auto& [from, to, name] : kCases) {
+        PlanEntries entries;
+        for (const char* key : {from, to}) {
+            const auto record = std::make_shared<FixRecord>();
+            record->key = key;
+            entries.push_back({.text = key, .key = key, .record = record});
+        }
+        flight_.plan().replace(entries);
+        EXPECT_EQ(flight_.plan().proposedFileName(), name);
+    }
+}
+
+TEST_F(UserFixesTest, AListWhoseConversionCannotBeWrittenIsAPlanThatNoFileHolds) {
+    ActivePlan& plan = flight_.plan();
+    const auto list = folder_.write("trip.TXT", "FPL 0\nFWP u i LAKE N 52 28.5 E 009 20.25 0\n");
+    EXPECT_EQ(plan.open(list), "");
+    EXPECT_EQ(plan.file(), folder_ / "trip.fp");
+    EXPECT_FALSE(plan.changed());
+    std::filesystem::remove(folder_ / "trip.fp");
+    std::filesystem::create_directory(folder_ / "trip.fp");
+    EXPECT_EQ(plan.open(list), "");
+    EXPECT_EQ(plan.file(), "");
+    EXPECT_TRUE(plan.changed());
 }
 
 TEST_F(UserFixesTest, APlanKeepsItsMarksAndItsFileThePosition) {

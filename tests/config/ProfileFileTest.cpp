@@ -7,6 +7,7 @@
 #include "TempFolder.h"
 #include "config/FakeRegistry.h"
 #include "config/ProfileFile.h"
+#include "platform/FaultyFiles.h"
 #include "platform/FileIo.h"
 
 namespace korvel { namespace {
@@ -126,6 +127,26 @@ TEST_F(ProfileFileTest, WithoutAFileTheRegistryIsSavedTo) {
     }
     EXPECT_EQ(registry_.strings,
         (std::map<std::string, std::string>{{"Options:A.b", "6"}, {"Options.C.d", "x"}, {".", "y"}}));
+}
+
+TEST_F(ProfileFileTest, AtEveryFaultTheOldSettingsOrTheNewOnesStand) {
+    atEveryFault([this](FaultyFiles& disk) {
+        folder_.write("korvel.ini", "S:Old=1\r\n");
+        registry_.ints.clear();
+        ProfileFile profile(folder_.path(), registry_, "korvel.ini", disk);
+        EXPECT_EQ(profile.entries().empty(), profile.path().empty()) << "all of the file or none";
+        const bool saved = profile.setInt("S", "New", 2);
+        const std::string trouble = profile.takeTrouble();
+        EXPECT_EQ(trouble, saved ? "" : "Settings not saved: korvel.ini cannot be written");
+        EXPECT_TRUE(saved || disk.hasFailed());
+        const bool inFile = saved && !profile.path().empty();
+        EXPECT_EQ(
+            onDisk(), inFile ? (ProfileEntries{{"S:New", "2"}, {"S:Old", "1"}}) : (ProfileEntries{{"S:Old", "1"}}));
+        EXPECT_EQ(registry_.ints.count("S:New"), profile.path().empty() ? 1U : 0U);
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path()), {}), 1);
+        profile.setInt("S", "New", 3);
+        EXPECT_EQ(trouble.empty() ? "" : profile.takeTrouble(), "") << "told once while it lasts";
+    });
 }
 
 TEST_F(ProfileFileTest, AFileThatCannotBeWrittenKeepsItsContent) {

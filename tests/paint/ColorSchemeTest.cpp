@@ -6,6 +6,7 @@
 #include "config/ProfileFile.h"
 #include "paint/ColorScheme.h"
 #include "paint/MapColorCache.h"
+#include "platform/FaultyFiles.h"
 #include "platform/RegistryProfile.h"
 
 namespace korvel { namespace {
@@ -30,6 +31,19 @@ ColorScheme named(std::string_view name, const DataFileSearch& files = DataFileS
     ColorScheme scheme;
     scheme.load(name, files);
     return scheme;
+}
+
+TEST(ColorScheme, AFileThatCannotBeReadLeavesTheDayScheme) {
+    const TempFolder folder;
+    folder.write("own.SCM", "geo.water = 1,2,3\r\n");
+    const DataFileSearch files({folder.path()});
+    const Colors whole = changes(named("own.SCM", files));
+    EXPECT_EQ(whole.size(), 1U);
+    atEveryFault([&](FaultyFiles& disk) {
+        ColorScheme scheme;
+        scheme.load("own.SCM", files, disk);
+        EXPECT_EQ(changes(scheme), disk.hasFailed() ? Colors{} : whole);
+    });
 }
 
 TEST(ColorScheme, BuiltInSchemes) {

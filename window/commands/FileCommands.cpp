@@ -1,6 +1,7 @@
 #include "window/commands/FileCommands.h"
 
 #include <algorithm>
+#include <system_error>
 
 #include <QDateTime>
 #include <QDir>
@@ -23,6 +24,13 @@ std::filesystem::path toPath(const QString& name) { return {name.toStdU16String(
 
 QString toQString(const std::filesystem::path& path) {
     return QString::fromStdU16String(path.u16string());
+}
+
+/// As it stands where the system cannot tell what it is relative to.
+std::filesystem::path absolutePath(const std::filesystem::path& path) {
+    std::error_code unknown;
+    std::filesystem::path absolute = std::filesystem::absolute(path, unknown);
+    return unknown ? path : absolute;
 }
 
 bool isTrack(const std::filesystem::path& path) {
@@ -105,9 +113,9 @@ void FileCommands::openFile(const std::filesystem::path& path) {
 std::string FileCommands::openPlan(const std::filesystem::path& path) {
     std::string error = flight().plan().open(path);
     if (error.empty())
-        recent_.add(std::filesystem::absolute(path));
+        recent_.add(absolutePath(path));
     else
-        recent_.remove(std::filesystem::absolute(path));
+        recent_.remove(absolutePath(path));
     return error;
 }
 
@@ -122,7 +130,7 @@ void FileCommands::savePlanTo(const std::filesystem::path& path,
                               const std::function<void()>& next) {
     if (const std::string error = flight().plan().saveAs(path); !error.empty())
         return host_.showError(error);
-    recent_.add(std::filesystem::absolute(path));
+    recent_.add(absolutePath(path));
     host_.screen().say(formatText(kFileTexts.planSaved, {path.filename().string()}));
     next();
 }
@@ -186,7 +194,7 @@ void FileCommands::saveTrackAs() {
 QString FileCommands::startFolder(const FileQuestion& question) {
     const std::filesystem::path& plan = flight().plan().file();
     if (question.title == kFileTexts.savePlanTitle && !plan.empty())
-        return toQString(std::filesystem::absolute(plan).parent_path());
+        return toQString(absolutePath(plan).parent_path());
     const std::filesystem::path documents = documentsFolder();
     return documents.empty() ? QDir::homePath() : toQString(documents);
 }

@@ -68,9 +68,11 @@ void PlaceCommands::mark() {
     if (!where)
         return screen.say(std::string(text(kMessageTexts.nothingToMark)));
     auto sheet = std::make_unique<MarkSheet>(&host_.window(), host_.document(), *where);
-    sheet->onMarked = [&screen](const std::string& name) {
+    sheet->onMarked = [this, &screen](const std::string& name) {
         screen.databasesChanged();
-        screen.say(formatText(kMessageTexts.marked, {std::string_view(name)}));
+        const bool saved = host_.document().userFixes().isSaved();
+        screen.say(formatText(saved ? kMessageTexts.marked : kMessageTexts.markedUnsaved,
+                              {std::string_view(name)}));
     };
     host_.openSheet(std::move(sheet));
 }
