@@ -1,7 +1,6 @@
 #include "cockpit/ActivePlan.h"
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
 #include "base/Utf8.h"
@@ -95,8 +94,7 @@ void ActivePlan::keepUnsaved() {
 
 void ActivePlan::forgetUnsaved() {
     if (std::exchange(unsavedIsOurs_, false)) {
-        std::error_code failure;
-        std::filesystem::remove(unsaved_, failure);
+        systemFileSystem().remove(unsaved_);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
+#include <utility>
 
 namespace korvel {
 
@@ -26,8 +27,13 @@ class Event {
     Event() = default;
     /// Empty when the system has no handle.
     explicit Event(Reset reset);
-    Event(Event&& other) noexcept;
-    Event& operator=(Event&& other) noexcept;
+    Event(Event&& other) noexcept
+        : native_(std::exchange(other.native_, kNone)), reset_(other.reset_) {}
+    Event& operator=(Event&& other) noexcept {
+        std::swap(native_, other.native_);
+        std::swap(reset_, other.reset_);
+        return *this;
+    }
     Event(const Event&) = delete;
     Event& operator=(const Event&) = delete;
     ~Event();

@@ -6,7 +6,6 @@
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
-#include <utility>
 
 namespace korvel {
 namespace {
@@ -29,15 +28,6 @@ bool consume(int fd) {
 // The signal is the counter of an event descriptor, so that poll() can wait for it together with
 // a device.
 Event::Event(Reset reset) : native_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)), reset_(reset) {}
-
-Event::Event(Event&& other) noexcept
-    : native_(std::exchange(other.native_, kNone)), reset_(other.reset_) {}
-
-Event& Event::operator=(Event&& other) noexcept {
-    std::swap(native_, other.native_);
-    std::swap(reset_, other.reset_);
-    return *this;
-}
 
 Event::~Event() {
     if (*this) {

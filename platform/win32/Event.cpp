@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
-#include <utility>
 #include <windows.h>
 
 namespace korvel {
@@ -23,15 +22,6 @@ Event::Event(Reset reset) : reset_(reset) {
     const HANDLE made =
         CreateEventA(nullptr, reset == Reset::Manual ? TRUE : FALSE, FALSE, nullptr);
     native_ = made != nullptr ? reinterpret_cast<std::intptr_t>(made) : kNone;
-}
-
-Event::Event(Event&& other) noexcept
-    : native_(std::exchange(other.native_, kNone)), reset_(other.reset_) {}
-
-Event& Event::operator=(Event&& other) noexcept {
-    std::swap(native_, other.native_);
-    std::swap(reset_, other.reset_);
-    return *this;
 }
 
 Event::~Event() {
