@@ -40,6 +40,16 @@ TEST_F(ScreenTest, TheMapFollowsTheHandAndComesBackToTheAircraft) {
     }
 }
 
+TEST_F(ScreenTest, WhatCannotBeSavedIsSaidInPassing) {
+    std::filesystem::remove(profile_.path());
+    std::filesystem::create_directory(profile_.path());
+    EXPECT_EQ(document_.userFixes().add("LAKE", atDegrees(47, 10)), "");
+    ticks(1);
+    EXPECT_EQ(screen_.message(), "Settings not saved: korvel.ini cannot be written");
+    ticks(100);
+    EXPECT_EQ(screen_.message(), "") << "told once";
+}
+
 TEST_F(ScreenTest, PanningEndsWithThePageAndWhenTheSimulatorStarts) {
     screen_.showPage(PageId::FlightPlan);
     EXPECT_EQ(screen_.placeToMark(), std::nullopt);
