@@ -75,7 +75,8 @@ TEST_F(UserFixesTest, AMarkThatCannotBeSavedIsGoodForThisRunAndTold) {
     EXPECT_EQ(profile_.takeTrouble(), "");
     ProfileFile again{folder_.path(), *registry_};
     FlightByCharts later{clock_};
-    EXPECT_EQ(UserFixes(again, later.charts, later.flight.plan()).all().size(), 2U) << "the next save that succeeds takes all";
+    EXPECT_EQ(UserFixes(again, later.charts, later.flight.plan()).all().size(), 2U)
+        << "the next save that succeeds takes all";
 }
 
 TEST_F(UserFixesTest, APlanIsNamedByItsEndsInAnyScript) {
