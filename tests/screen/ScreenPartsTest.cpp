@@ -185,6 +185,8 @@ TEST(PageCycle, GoesOnceAroundWhatTheMaskLeaves) {
     EXPECT_EQ(nextPage(PageId::NorthUp, two), PageId::Satellite);
     EXPECT_EQ(nextPage(PageId::Satellite, two | bit(PageId::Attitude)), PageId::Attitude);
     for (const int number : {-1, 9, 99}) EXPECT_EQ(pageOfNumber(number), PageId::Map);
+    for (const PageId each : availablePages()) EXPECT_EQ(pageOfName(pageName(each)), each);
+    EXPECT_EQ(pageOfName("map"), std::nullopt);
 }
 
 }}  // namespace korvel
