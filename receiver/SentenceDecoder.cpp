@@ -15,8 +15,6 @@ namespace {
 
 constexpr std::size_t kMostFields = 25;
 constexpr std::size_t kGroupSize = 4;  ///< fields of one satellite in GSV
-constexpr double kLowestAltitudeFt = -2000;
-constexpr double kHighestAltitudeFt = 100000;
 
 using FieldStore = std::array<std::string_view, kMostFields>;
 
