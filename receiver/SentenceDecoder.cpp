@@ -188,8 +188,9 @@ void SentenceDecoder::storeTrack(std::string_view trueCourse) {
 
 /// Truncated towards zero. Where no aircraft flies a receiver is out of its mind.
 void SentenceDecoder::storeAltitude(std::string_view metres) {
+    constexpr double kMostFeet = 1e9;  // whatever a whole number of feet can hold
     const double feet = decimal(metres).value_or(HUGE_VAL) * kGgaFeetPerMetre;
-    if (feet >= kLowestAltitudeFt && feet <= kHighestAltitudeFt) {
+    if (std::abs(feet) < kMostFeet && isAltitude(static_cast<int>(feet))) {
         store_.own().altitudeFt = static_cast<std::int32_t>(feet);
         store_.own().altitudeTickMs = arrivedMs_;
     }

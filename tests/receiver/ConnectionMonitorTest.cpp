@@ -249,7 +249,7 @@ TEST_F(ConnectionMonitorTest, AnotherSourceTakesThePlaceOfThePortAndNoneIsSearch
         std::string label() const override { return "Tape"; }
         std::string stateText() const override { return state; }
         bool running = false;
-        bool receiving = false;
+        bool receiving = true;
         std::string state, failure = "No such host";
     } source;
     status();
@@ -259,6 +259,7 @@ TEST_F(ConnectionMonitorTest, AnotherSourceTakesThePlaceOfThePortAndNoneIsSearch
     EXPECT_EQ(status(), "Tape\nNo such host");
     source.failure.clear();
     EXPECT_EQ(statusAfter(60000), "Tape\nWaiting for NMEA gprmc or gpvtg") << "its line has come, not been decoded";
+    source.receiving = false;
     setFlags(0);
     EXPECT_EQ(status(), "Tape\nNo Gps Rcvr Activity");
     source.state = "The tape is torn";
