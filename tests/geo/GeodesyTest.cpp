@@ -133,6 +133,7 @@ TEST(Variation, ReceiverFirstThenDatabaseThenNone) {
     Variation variation;
     EXPECT_EQ(variation.TrueToMagnetic(kNoAngle), kNoAngle);
     EXPECT_EQ(variation.TrueToMagnetic(-10), 350) << "nothing known: only reduced";
+    EXPECT_FALSE(variation.isKnown());
     variation.databaseDeg = 16;
     EXPECT_EQ(variation.TrueToMagnetic(10), 354);
     variation.receiverDeg = -3;
@@ -141,6 +142,11 @@ TEST(Variation, ReceiverFirstThenDatabaseThenNone) {
     variation.ignoreReceiver = true;
     EXPECT_EQ(variation.MagneticToTrue(350), 6);
     EXPECT_EQ(variation.MagneticToTrue(kNoAngle), kNoAngle);
+    EXPECT_TRUE(variation.isKnown());
+    variation.databaseDeg = kNoAngle;
+    EXPECT_FALSE(variation.isKnown()) << "what is ignored is not known";
+    variation.ignoreReceiver = false;
+    EXPECT_TRUE(variation.isKnown());
 }
 
 }}  // namespace korvel

@@ -49,6 +49,8 @@ TEST(GeoText, CoursesAndAges) {
     EXPECT_EQ(ageText(12), "12 s");
     EXPECT_EQ(ageText(59), "59 s");
     EXPECT_EQ(ageText(125), "2 min 05 s");
+    EXPECT_EQ(ageText(3599), "59 min 59 s");
+    EXPECT_EQ(ageText(3600), "1 h 00 min");
     EXPECT_EQ(ageText(3720), "1 h 02 min");
 }
 
