@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
@@ -19,7 +21,7 @@ class FlightTest : public testing::Test {
     }
     CockpitData tick(const ActiveNavigation::Aircraft& aircraft = {}, std::int64_t ms = Flight::kTickMs) {
         clock_.advanceMs(ms);
-        return program_.tick(aircraft, settings_, {});
+        return program_.tick(aircraft, settings_, variation_);
     }
     /// The simulated flight east from 47 N, 10 E; what it has covered.
     double simulate(int ticks) {
@@ -30,6 +32,7 @@ class FlightTest : public testing::Test {
     TempFolder folder_;
     VirtualClock clock_{{.year = 2026, .month = 5, .day = 1, .hour = 12}};
     Settings settings_;
+    Variation variation_;
     FlightByCharts program_{clock_};
     Flight& flight_ = program_.flight;
 };
@@ -50,6 +53,19 @@ TEST_F(FlightTest, TheSimulatorFliesAsOftenInATickAsTimeIsFaster) {
     flight_.setTimeFactor(60);
     tick();
     EXPECT_EQ(flight_.tickMs() - before, 500) << "nothing but the simulator is faster";
+}
+
+TEST_F(FlightTest, TheSimulatedFlightTellsTrueFromMagnetic) {
+    variation_ = {.databaseDeg = 5};
+    flight_.startSimulator({.position = at(47, 10), .headingMag = 35, .speedKt = 120});
+    tick();
+    ASSERT_EQ(flight_.plan().enterRoute("XFLD"), "");
+    simulate(3);
+    const CockpitData data = tick();
+    EXPECT_EQ(data.trackMagDeg, 35);
+    EXPECT_EQ(data.trackTrueDeg, 40);
+    ASSERT_TRUE(data.desiredTrackMagDeg && data.desiredTrackTrueDeg);
+    EXPECT_NEAR(std::remainder(*data.desiredTrackTrueDeg - *data.desiredTrackMagDeg, 360), 5, 1e-9);
 }
 
 TEST_F(FlightTest, TheTrackIsBackAtTheTimeOfDayAfterAFastSimulation) {

@@ -27,9 +27,10 @@ TEST(SimulatorFormTest, RefusesWhatWillNotDo) {
     for (const auto& [field, value, name] :
         {Case{&SimulatorForm::latitude, "90.01", "Latitude"}, Case{&SimulatorForm::latitude, "", "Latitude"},
             Case{&SimulatorForm::latitude, "47,53", "Latitude"}, Case{&SimulatorForm::longitude, "-181", "Longitude"},
-            Case{&SimulatorForm::longitude, "nan", "Longitude"}, Case{&SimulatorForm::heading, "361", "Heading"},
-            Case{&SimulatorForm::speed, "1000", "Speed"}, Case{&SimulatorForm::speed, "-1", "Speed"},
-            Case{&SimulatorForm::altitude, "FL250", "Altitude"}, Case{&SimulatorForm::altitude, "inf", "Altitude"}}) {
+            Case{&SimulatorForm::longitude, "180.01", "Longitude"}, Case{&SimulatorForm::longitude, "nan", "Longitude"},
+            Case{&SimulatorForm::heading, "361", "Heading"}, Case{&SimulatorForm::speed, "1000", "Speed"},
+            Case{&SimulatorForm::speed, "-1", "Speed"}, Case{&SimulatorForm::altitude, "FL250", "Altitude"},
+            Case{&SimulatorForm::altitude, "inf", "Altitude"}}) {
         SimulatorForm form = SimulatorForm::of({.position = kStart});
         form.*field = value;
         SimulatorStart untouched{.position = kStart, .headingMag = 7};

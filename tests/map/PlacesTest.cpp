@@ -325,6 +325,8 @@ TEST(PlaceLayer, NamesKeepOffTheLegOrLieOverIt) {
 }
 
 TEST(LabelSpace, ANameOnALineIsBetterThanNone) {
+    EXPECT_FALSE(overlap({0, 0, 10, 10}, {10, 0, 10, 10})) << "they only touch";
+    EXPECT_TRUE(overlap({0, 0, 10, 10}, {9, 0, 10, 10}));
     LabelSpace space({0, 0, 100, 100});
     LabelSpace lines({0, 0, 100, 100});
     lines.reserve({0, 0, 100, 50});

@@ -21,13 +21,16 @@ class FlightPlanTest : public testing::Test {
     /// The chosen waypoint's letter and the letter of the leg's start, "-" for none. The aircraft
     /// stands so many NM east of A and north of the equator.
     std::string choose(double eastNm, double northNm, double trackMag) {
-        const auto leg = plan_.ChooseActiveLeg({.position = degrees(northNm / 60, eastNm / 60), .trackMag = trackMag});
+        const auto leg = plan_.ChooseActiveLeg({.position = degrees(northNm / 60, eastNm / 60),
+            .trackMag = trackMag,
+            .variation = {.databaseDeg = variationDeg_}});
         if (!leg) { return "none"; }
         std::string letters(1, leg->waypoint->key.back());
         return letters + (leg->start ? static_cast<char>('A' + RoundToInt(leg->start->lon / (0.5 * kDegToRad))) : '-');
     }
 
     FlightPlan plan_;
+    double variationDeg_ = 0;
 };
 
 TEST_F(FlightPlanTest, FliesFromWaypointToWaypoint) {
@@ -61,6 +64,9 @@ TEST_F(FlightPlanTest, ANewPlanSearchesForWhatLiesAhead) {
         EXPECT_EQ(choose(eastNm, northNm, trackMag), chosen) << eastNm << trackMag;
         EXPECT_EQ(choose(eastNm, northNm, 200), chosen) << "one search only";
     }
+    variationDeg_ = 30;
+    plan_.activate();
+    EXPECT_EQ(choose(75, 20, 120), "D-") << "150 degrees true";
 }
 
 TEST_F(FlightPlanTest, CommandsChangeTheActiveEntry) {

@@ -84,6 +84,11 @@ TEST(VerticalSpeed, IsTheSlopeOfTheLastSeconds) {
     EXPECT_FALSE(after(0, 5004)) << "nothing climbs so fast";
     EXPECT_FALSE(after(0, std::numeric_limits<std::int32_t>::max()));
     EXPECT_FALSE(after(0, std::numeric_limits<std::int32_t>::min()));
+    VerticalSpeed speed;
+    for (int i = 0; i <= 6; ++i) { speed.add(1 + 500 * i, 1000); }
+    speed.add(3501, std::nullopt);
+    speed.add(4001, 1100);
+    EXPECT_FALSE(speed.feetPerMinute()) << "begins anew behind a gap";
 }
 
 }}  // namespace korvel

@@ -141,6 +141,30 @@ TEST(TrackLayer, DrawsWhereTheTrackWentAndNotAcrossBreaks) {
     }
 }
 
+TEST(TrackLayer, WaysLeaveTheMapAtItsSeam) {
+    VirtualClock clock;
+    const auto recorded = [&clock](std::initializer_list<double> longitudes) {
+        auto track = std::make_shared<Track>(clock);
+        for (const double lonDeg : longitudes) {
+            track->AddTrackPoint(atDegrees(10, lonDeg), 0, 0, 0);
+            clock.advanceMs(5000);
+        }
+        return track;
+    };
+    // The whole earth: its seam is on the screen on both sides.
+    const MapProjection projection(atDegrees(0, 0), {400, 270}, 0.03, 0);
+    TrackLevels levels;
+    levels.update(recorded({170, 179, -179, -170}));
+    const std::vector<Segment> track = trackSegments(levels, projection, kView);
+    EXPECT_EQ(track.size(), 2U);
+    for (const auto& segments : {track, traced(projection, atDegrees(10, 170), atDegrees(10, -170))}) {
+        EXPECT_FALSE(segments.empty());
+        for (const Segment& segment : segments) EXPECT_LT(std::abs(segment.to.x - segment.from.x), 20);
+    }
+    levels.update(recorded({179.9999, -179.9999}));
+    EXPECT_EQ(levels.levelFor(5).points.size(), 1U) << "24 metres apart, not the whole earth";
+}
+
 TEST(TrackLayer, GrowsToWhatItWouldBeAtOnce) {
     VirtualClock clock;
     const std::shared_ptr<Track> whole = randomTrack(clock, 1000);

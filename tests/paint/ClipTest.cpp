@@ -67,12 +67,12 @@ TEST(Clip, RandomSegmentsKeepExactlyWhatLiesInside) {
 }
 
 TEST(Clip, APolylineFallsIntoItsVisiblePieces) {
-    const std::vector<Point> wave{
-        {20, 30}, {30, 30}, {30, 0}, {50, 0}, {50, 30}, {60, 30}, {500, 30}, {kNan, 30}, {70, 30}, {80, 30}};
+    const std::vector<Point> wave{{20, 30}, {30, 30}, {30, 0}, {50, 0}, {50, 30}, {60, 30}, {500, 30}, {kNan, 30},
+        {70, 30}, {80, 30}, {90, 10}, {100, 30}};
     std::vector<std::vector<Point>> pieces;
     clipPolyline(wave, kView, [&](std::span<const Point> piece) { pieces.emplace_back(piece.begin(), piece.end()); });
-    const std::vector<std::vector<Point>> expected{
-        {{20, 30}, {30, 30}, {30, 20}}, {{50, 20}, {50, 30}, {60, 30}, {110, 30}}, {{70, 30}, {80, 30}}};
+    const std::vector<std::vector<Point>> expected{{{20, 30}, {30, 30}, {30, 20}},
+        {{50, 20}, {50, 30}, {60, 30}, {110, 30}}, {{70, 30}, {80, 30}, {85, 20}}, {{95, 20}, {100, 30}}};
     EXPECT_EQ(pieces, expected);
 }
 
