@@ -233,6 +233,7 @@ TEST(FlightPlanPage, Figures) {
     EXPECT_EQ(durationText(100), "---");
     EXPECT_EQ(arrivalText(10.0, flying().now), "00:05");
     EXPECT_EQ(arrivalText(std::nullopt, flying().now), "---");
+    EXPECT_EQ(arrivalText(0, {.hour = 14, .minute = 5, .second = 30}), "14:06");
 }
 
 TEST(FlightPlanPage, RowsAndPictures) {

@@ -3,6 +3,7 @@
 #include "cockpit/Cockpit.h"
 #include "screen/Announcements.h"
 #include "screen/MapAngle.h"
+#include "screen/MapCamera.h"
 #include "screen/PageCycle.h"
 #include "screen/PageLists.h"
 #include "screen/ZoomGesture.h"
@@ -145,6 +146,18 @@ TEST(MapAngle, FollowsOnlyATrackThatCanBeTrusted) {
     EXPECT_EQ(angle.update(trackless), 124);
     EXPECT_EQ(angle.update(moving(359.7, 100)), 0);
     EXPECT_EQ(angle.update(moving(-10, 100)), 350);
+}
+
+TEST(MapCamera, StaysWhereTheAircraftWasSeenLast) {
+    MapCamera camera;
+    EXPECT_FALSE(camera.center());
+    CockpitData data = flying();
+    data.lastPosition = GeoPoint{0.1, 0.2};
+    camera.update(data);
+    EXPECT_EQ(camera.center(), data.position);
+    data.position.reset();
+    camera.update(data);
+    EXPECT_EQ(camera.center(), data.lastPosition);
 }
 
 TEST(ZoomGesture, AddsUpFineMovementsAndTurnsAtOnce) {
