@@ -136,8 +136,8 @@ TEST_F(CKorvelDocTest, NumbersThatAreNoneAreNotShown) {
     EXPECT_TRUE(data().position);
     EXPECT_FALSE(data().altitudeFt || data().groundSpeedKt || data().trackMagDeg || data().trackTrueDeg);
     // Where nobody flies nothing is told: the altitude before it ages away.
-    for (const auto& [metres, shownFt] : {std::pair{"100.0", 328}, {"30479", 99996}, {"30481", 99996},
-             {"-609", -1998}, {"-610", -1998}, {"99999999999", -1998}}) {
+    for (const auto& [metres, shownFt] : {std::pair{"100.0", 328}, {"30479", 99996}, {"30481", 99996}, {"-609", -1998},
+             {"-610", -1998}, {"99999999999", -1998}}) {
         say({"GPGGA,1," + std::string(kHere) + ",1,04,1.2," + metres + ",M,,,,"});
         EXPECT_EQ(data().altitudeFt, shownFt) << metres;
     }

@@ -32,8 +32,7 @@ struct PlacedMap {
         place.placeClass = placeClass;
         place.place.kind = isVor(placeClass) ? kVorKind : kAirportKind;
         place.place.flags = kAirportTower | kAirportHardSurface;
-        if (isVor(placeClass))
-            place.place.flags = kUsageBoth;
+        if (isVor(placeClass)) place.place.flags = kUsageBoth;
         place.place.ident.assign(ident);
         place.place.position = ground(at);
         return place;

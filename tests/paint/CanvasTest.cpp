@@ -91,17 +91,9 @@ TEST(SvgCanvas, ABitmapBecomesRunsOfEqualPixels) {
 
 TEST(B612Metrics, WidthsAreThoseOfTheTypeface) {
     const std::tuple<std::string_view, bool, double> cases[] = {
-        {"", false, 0},
-        {"0", false, 65},
-        {"0123456789", false, 650},
-        {"I", false, 30},
-        {"W", false, 95},
-        {"iW", true, 130},
-        {"48°", false, 160},
-        {"→", false, 75},
-        {"ü", false, 60},
-        {"漢", false, 65},
-        {"\xC2", false, 65},  // cut off in the middle of a letter
+        {"", false, 0}, {"0", false, 65}, {"0123456789", false, 650}, {"I", false, 30}, {"W", false, 95},
+        {"iW", true, 130}, {"48°", false, 160}, {"→", false, 75}, {"ü", false, 60}, {"漢", false, 65},
+        {"\xC2", false, 65},       // cut off in the middle of a letter
         {"\xFF\x80", false, 120},  // a byte that is no UTF-8 stands for itself
     };
     for (const auto& [text, monospaced, width] : cases)
