@@ -85,12 +85,11 @@ std::string toAsciiText(std::string_view text) {
         appendPlain(takeCodePoint(text), folded);
     std::string out;
     out.reserve(folded.size());
-    for (const char c : folded) {
+    for (const char c : folded)
         if (!isBlankOrControl(c))
             out += c;
         else if (!out.empty() && out.back() != ' ')
             out += ' ';
-    }
     if (!out.empty() && out.back() == ' ')
         out.pop_back();
     return out;

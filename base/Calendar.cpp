@@ -62,9 +62,8 @@ std::string dashedDate(std::uint32_t yyyymmdd) {
 
 std::string timeText(const LocalTime& time, bool withSeconds, const char* separator) {
     std::string result = zeroPadded(time.hour, 2) + separator + zeroPadded(time.minute, 2);
-    if (withSeconds) {
+    if (withSeconds)
         result += separator + zeroPadded(time.second, 2);
-    }
     return result;
 }
 

@@ -32,9 +32,8 @@ class Guarded {
     [[nodiscard]] Handle<const Value> lock() const { return {mutex_, value_}; }
     /// A copy without waiting: nothing when somebody else holds the lock.
     [[nodiscard]] std::optional<Value> copyIfFree() const {
-        if (!mutex_.try_lock()) {
+        if (!mutex_.try_lock())
             return std::nullopt;
-        }
         std::optional<Value> copy(value_);
         mutex_.unlock();
         return copy;

@@ -30,32 +30,27 @@ class Cursor {
     }
     void skip(std::size_t count) { position_ += count; }
     void skipSpace() {
-        while (isSpace(peek())) {
+        while (isSpace(peek()))
             ++position_;
-        }
     }
     /// True for a minus sign; a plus sign is taken as well.
     bool takeSign() {
         const char sign = peek();
-        if (sign == '+' || sign == '-') {
+        if (sign == '+' || sign == '-')
             ++position_;
-        }
         return sign == '-';
     }
     template <class Predicate>
     std::size_t take(Predicate matches) {
         const std::size_t start = position_;
-        while (position_ < text_.size() && matches(text_[position_])) {
+        while (position_ < text_.size() && matches(text_[position_]))
             ++position_;
-        }
         return position_ - start;
     }
     bool takeWord(std::string_view word) {
-        for (std::size_t i = 0; i < word.size(); ++i) {
-            if (lowerAscii(peek(i)) != word[i]) {
+        for (std::size_t i = 0; i < word.size(); ++i)
+            if (lowerAscii(peek(i)) != word[i])
                 return false;
-            }
-        }
         position_ += word.size();
         return true;
     }
@@ -73,25 +68,21 @@ class Cursor {
 std::optional<double> scanWord(Cursor& cursor) {
     if (cursor.takeWord("inf")) {
         // Once "infinity" is begun it has to be finished, or there is no number.
-        if (lowerAscii(cursor.peek()) != 'i') {
+        if (lowerAscii(cursor.peek()) != 'i')
             return std::numeric_limits<double>::infinity();
-        }
-        if (cursor.takeWord("inity")) {
+        if (cursor.takeWord("inity"))
             return std::numeric_limits<double>::infinity();
-        }
         return std::nullopt;
     }
-    if (cursor.takeWord("nan")) {
+    if (cursor.takeWord("nan"))
         return std::numeric_limits<double>::quiet_NaN();
-    }
     return std::nullopt;
 }
 
 /// Takes "e", a sign and digits where they stand; the exponent, 0 when there are no digits.
 int takeExponent(Cursor& cursor, char letter) {
-    if (lowerAscii(cursor.peek()) != letter) {
+    if (lowerAscii(cursor.peek()) != letter)
         return 0;
-    }
     cursor.skip(1);
     std::string_view digits = cursor.rest();
     cursor.takeSign();
@@ -121,9 +112,8 @@ double convert(std::string_view number, bool hex, int places, int exponent) {
 
 std::optional<double> scanNumber(Cursor& cursor) {
     const bool hex = cursor.peek() == '0' && lowerAscii(cursor.peek(1)) == 'x';
-    if (hex) {
+    if (hex)
         cursor.skip(2);
-    }
     const auto matches = hex ? isHexDigit : isDigit;
     const std::size_t start = cursor.position();
     std::size_t digits = cursor.take(matches);
@@ -131,9 +121,8 @@ std::optional<double> scanNumber(Cursor& cursor) {
         cursor.skip(1);
         digits += cursor.take(matches);
     }
-    if (digits == 0) {
+    if (digits == 0)
         return std::nullopt;
-    }
     const int places = placesBeforePoint(cursor.since(start));
     const int exponent = takeExponent(cursor, hex ? 'p' : 'e');
     return convert(cursor.since(start), hex, places, exponent);
@@ -148,19 +137,16 @@ std::optional<int> scanInt(std::string_view& text) {
     constexpr std::int64_t kLimit = std::numeric_limits<int>::max();
     std::int64_t value = 0;
     const std::size_t digits = cursor.take([&value](char c) {
-        if (!isDigit(c)) {
+        if (!isDigit(c))
             return false;
-        }
         value = value > kLimit ? value : value * 10 + (c - '0');
         return true;
     });
-    if (digits == 0) {
+    if (digits == 0)
         return std::nullopt;
-    }
     text = cursor.rest();
-    if (negative) {
+    if (negative)
         return value > kLimit ? std::numeric_limits<int>::min() : static_cast<int>(-value);
-    }
     return static_cast<int>(value > kLimit ? kLimit : value);
 }
 
@@ -177,16 +163,14 @@ std::optional<unsigned> scanHex(std::string_view& text) {
     constexpr std::uint64_t kLimit = std::numeric_limits<std::uint32_t>::max();
     std::uint64_t value = 0;
     taken += cursor.take([&value](char c) {
-        if (!isHexDigit(c)) {
+        if (!isHexDigit(c))
             return false;
-        }
         const int digit = isDigit(c) ? c - '0' : lowerAscii(c) - 'a' + 10;
         value = value > kLimit ? value : value * 16 + static_cast<unsigned>(digit);
         return true;
     });
-    if (taken == 0) {
+    if (taken == 0)
         return std::nullopt;
-    }
     text = cursor.rest();
     const auto magnitude = static_cast<std::uint32_t>(value > kLimit ? kLimit : value);
     return negative ? 0U - magnitude : magnitude;
@@ -199,9 +183,8 @@ std::optional<double> scanDouble(std::string_view& text) {
     const char first = lowerAscii(cursor.peek());
     const std::optional<double> value =
         first == 'i' || first == 'n' ? scanWord(cursor) : scanNumber(cursor);
-    if (!value) {
+    if (!value)
         return std::nullopt;
-    }
     text = cursor.rest();
     return negative ? -*value : *value;
 }

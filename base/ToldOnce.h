@@ -13,9 +13,8 @@ class ToldOnce {
     void note(std::string trouble) {
         const bool begins = !lasts_ && !trouble.empty();
         lasts_ = !trouble.empty();
-        if (begins) {
+        if (begins)
             untold_ = std::move(trouble);
-        }
     }
 
     /// What has not been told yet; empty for nothing.

@@ -25,9 +25,8 @@ constexpr double kSameFieldNm = 3;
 
 std::vector<LandingRunway> ActiveApproach::runwaysOf(const DatabaseRecord& record) const {
     const auto* airport = dynamic_cast<const AirportRecord*>(&record);
-    if (airport == nullptr) {
+    if (airport == nullptr)
         return {};
-    }
     AirportRecord detailed = *airport;
     database_.loadDetails(detailed);
     if (detailed.runways.empty()) {
@@ -70,9 +69,8 @@ std::vector<LandingRunway> ActiveApproach::nearestRunways(GeoPoint position) con
         const auto record = database_.recordOf(near.place);
         std::vector<LandingRunway> runways =
             record ? runwaysOf(*record) : std::vector<LandingRunway>();
-        if (!runways.empty()) {
+        if (!runways.empty())
             return runways;
-        }
     }
     return {};
 }
@@ -88,9 +86,8 @@ std::vector<LandingRunway> ActiveApproach::offered(GeoPoint position) const {
 }
 
 void ActiveApproach::describe(FlightSituation& situation, GeoPoint position) const {
-    if (!mode_.runway()) {
+    if (!mode_.runway())
         return;
-    }
     situation.fullScaleNm = ApproachMode::kFullScaleNm;
     // Who has yet to join the center line is not off course.
     situation.crossTrackNm =
@@ -99,9 +96,8 @@ void ActiveApproach::describe(FlightSituation& situation, GeoPoint position) con
 }
 
 void ActiveApproach::collect(CockpitData& data, const Variation& variation) const {
-    if (!mode_.runway() || !data.position) {
+    if (!mode_.runway() || !data.position)
         return;
-    }
     const LandingRunway& runway = *mode_.runway();
     const ApproachFigures seen = approachFigures(runway, *data.position);
     data.approach = {.runway = runway, .toGoNm = seen.toGoNm};
@@ -114,9 +110,8 @@ void ActiveApproach::collect(CockpitData& data, const Variation& variation) cons
     data.desiredTrackTrueDeg = runway.courseTrueDeg;
     data.desiredTrackMagDeg = variation.TrueToMagnetic(runway.courseTrueDeg);
     data.offCourseDeg.reset();
-    if (seen.distanceNm > 0) {
+    if (seen.distanceNm > 0)
         data.offCourseDeg = std::asin(seen.crossTrackNm / seen.distanceNm) * kRadToDeg;
-    }
     data.targetAltitudeFt = seen.glidePathFt;
 }
 

@@ -27,11 +27,10 @@ std::string nameForFile(const PlanWaypoint& entry) {
         const std::string_view bytes = before.substr(0, before.size() - key.size());
         const bool isPlain = (code >= 'A' && code <= 'Z') || (code >= 'a' && code <= 'z') ||
                              (code >= '0' && code <= '9');
-        if (isPlain || bytes.size() > 1) {
+        if (isPlain || bytes.size() > 1)
             name += bytes;
-        } else if (code >= kFirstLatin1Letter) {
+        else if (code >= kFirstLatin1Letter)
             name.append({'\xC3', static_cast<char>(code - 0x40U)});
-        }
     }
     return name;
 }
@@ -72,13 +71,11 @@ void ActivePlan::comeIntoForce(bool changed) {
 }
 
 std::string ActivePlan::proposedFileName() const {
-    if (!file_.empty()) {
+    if (!file_.empty())
         return file_.filename().string();
-    }
     const PlanEntries plan = entries();
-    if (plan.empty()) {
+    if (plan.empty())
         return {};
-    }
     std::string name = nameForFile(plan.front()) + '-' + nameForFile(plan.back());
     return (name.size() > 1 ? name : std::string(kNamelessPlan)) + ".fp";
 }
@@ -87,22 +84,19 @@ std::string ActivePlan::proposedFileName() const {
 void ActivePlan::keepUnsaved() {
     if (!changed_)
         return forgetUnsaved();
-    if (!unsaved_.empty()) {
+    if (!unsaved_.empty())
         unsavedIsOurs_ = files_.savePlanAs(unsaved_).empty() || unsavedIsOurs_;
-    }
 }
 
 void ActivePlan::forgetUnsaved() {
-    if (std::exchange(unsavedIsOurs_, false)) {
+    if (std::exchange(unsavedIsOurs_, false))
         systemFileSystem().remove(unsaved_);
-    }
 }
 
 std::optional<std::string> ActivePlan::recover() {
     const auto bytes = unsaved_.empty() ? std::nullopt : readWholeFile(unsaved_);
-    if (!bytes) {
+    if (!bytes)
         return std::nullopt;
-    }
     std::string error = files_.LoadPlanText(*bytes);
     unsavedIsOurs_ = error.empty();
     comeIntoForce(error.empty());
@@ -122,9 +116,8 @@ std::string ActivePlan::enterRoute(std::string_view line) {
 bool ActivePlan::beginsAlike(const PlanEntries& entries) {
     const auto plan = plan_.lock();
     const auto current = plan->has_value() ? (*plan)->currentIndex() : std::nullopt;
-    if (!current || *current >= entries.size()) {
+    if (!current || *current >= entries.size())
         return false;
-    }
     const auto sameKey = [](const PlanWaypoint& a, const PlanWaypoint& b) {
         return a.record->key == b.record->key;
     };
@@ -143,9 +136,8 @@ void ActivePlan::putInForce(PlanEntries entries, bool edited) {
         *plan = std::move(next);
     }
     noteChange(true);
-    if (!goesOn) {
+    if (!goesOn)
         onChange_(edited);
-    }
 }
 
 void ActivePlan::replace(PlanEntries entries) {
@@ -155,44 +147,39 @@ void ActivePlan::replace(PlanEntries entries) {
 
 bool ActivePlan::undo() {
     auto former = history_.undo(entries());
-    if (former) {
+    if (former)
         putInForce(std::move(*former), true);
-    }
     return former.has_value();
 }
 
 bool ActivePlan::redo() {
     auto later = history_.redo(entries());
-    if (later) {
+    if (later)
         putInForce(std::move(*later), true);
-    }
     return later.has_value();
 }
 
 template <class Change>
 bool ActivePlan::changePlan(Change change) {
     const auto plan = plan_.lock();
-    if (!plan->has_value()) {
+    if (!plan->has_value())
         return false;
-    }
     change(**plan);
     return true;
 }
 
 bool ActivePlan::reverse() {
     const PlanEntries before = entries();
-    if (!changePlan([](FlightPlan& plan) { plan.reverse(); })) {
+    if (!changePlan([](FlightPlan& plan) { plan.reverse(); }))
         return false;
-    }
     history_.remember(before);
     comeIntoForce(true);
     return true;
 }
 
 bool ActivePlan::activate() {
-    if (!changePlan([](FlightPlan& plan) { plan.activate(); })) {
+    if (!changePlan([](FlightPlan& plan) { plan.activate(); }))
         return false;
-    }
     comeIntoForce(changed_);
     return true;
 }
@@ -201,19 +188,16 @@ void ActivePlan::flyTo(std::size_t index) {
     bool moved = false;
     changePlan([&](FlightPlan& plan) {
         moved = index < plan.entries().size();
-        if (moved) {
+        if (moved)
             plan.moveToEntry(index);
-        }
     });
-    if (moved) {
+    if (moved)
         comeIntoForce(changed_);
-    }
 }
 
 void ActivePlan::clear() {
-    if (const PlanEntries before = entries(); !before.empty()) {
+    if (const PlanEntries before = entries(); !before.empty())
         history_.remember(before);
-    }
     plan_.lock()->reset();
     file_.clear();
     comeIntoForce(false);
@@ -221,16 +205,14 @@ void ActivePlan::clear() {
 
 std::string ActivePlan::open(const std::filesystem::path& path) {
     const auto bytes = readWholeFile(path);
-    if (!bytes) {
+    if (!bytes)
         return std::string(text(kFlightTexts.fileOpenError));
-    }
     PlanEntries before = entries();
     std::string error = files_.OpenPlanFile(path, *bytes);
-    if (error.empty()) {
+    if (error.empty())
         history_.clear();
-    } else if (!before.empty()) {
+    else if (!before.empty())
         history_.remember(std::move(before));
-    }
     file_ = files_.openedFile();
     // What a list was converted into may be in no file.
     comeIntoForce(error.empty() && file_.empty());

@@ -15,9 +15,8 @@ FlightSituation::Destination describe(const DatabaseRecord& record, GeoPoint fro
     FlightSituation::Destination destination{.name = std::string(record.ident.view()),
                                              .distanceNm = DistanceNm(from, record.position),
                                              .airport = airport != nullptr};
-    if (airport != nullptr && airport->elevationFt != kNoElevationFt) {
+    if (airport != nullptr && airport->elevationFt != kNoElevationFt)
         destination.elevationFt = airport->elevationFt;
-    }
     return destination;
 }
 
@@ -32,9 +31,8 @@ void AlarmWatch::update(const Settings& settings, const ActiveNavigation& naviga
                   .altitudeFt = present.altitudeFt,
                   .gearWarning = settings.gearWarning,
                   .approachSpeedKt = settings.approachSpeedKt};
-    if (destination != nullptr) {
+    if (destination != nullptr)
         situation_.destination = describe(*destination, present.position);
-    }
     approach.describe(situation_, present.position);
     board_.update(nowMs);
 }

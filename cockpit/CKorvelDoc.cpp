@@ -72,15 +72,13 @@ void CKorvelDoc::loadDatabases(std::span<const std::filesystem::path> folders) {
 void CKorvelDoc::forgetDatabases() {
     nearAirports_.forget();
     flight_.approach().forget();
-    if (onOtherDatabases) {
+    if (onOtherDatabases)
         onOtherDatabases();
-    }
 }
 
 void CKorvelDoc::tick() {
-    if (charts_.takeLoaded()) {
+    if (charts_.takeLoaded())
         forgetDatabases();
-    }
     monitor_.gpsTick();
     openGyroPort();
     status_ = monitor_.connectionStatus(true);
@@ -88,9 +86,8 @@ void CKorvelDoc::tick() {
     const Aircraft aircraft = received();
     flight_.lookAround(aircraft);
     flight_.prepare(settings_, input_.variation());
-    if (beforeNavigation) {
+    if (beforeNavigation)
         beforeNavigation();
-    }
     flight_.tick(settings_, input_.variation(), aircraft);
     nearAirports_.update(charts_.database(), flight_.navigation().present().position, settings_,
                          input_.variation());
@@ -153,12 +150,10 @@ void CKorvelDoc::onLine(std::string_view line, std::int64_t arrivedMs) {
 }
 
 void CKorvelDoc::openGyroPort() {
-    if (settings_.viaGyro == 0 || settings_.portGyro.empty()) {
+    if (settings_.viaGyro == 0 || settings_.portGyro.empty())
         return;
-    }
-    if (gyroPort_.hasFailed()) {
+    if (gyroPort_.hasFailed())
         gyroPort_.stop();
-    }
     if (!gyroPort_.isRunning()) {
         gyroPort_.choose(monitor_.choice().gyro);
         // A failure shows as a silent receiver; the next tick tries again.
@@ -169,9 +164,8 @@ void CKorvelDoc::openGyroPort() {
 void CKorvelDoc::reconsiderPort() {
     const std::int64_t now = clock_.tickMs();
     const GpsFix fix = input_.store().copy();
-    if ((fix.sentenceFlags & SentenceFlag::kChecksumCorrect) != 0) {
+    if ((fix.sentenceFlags & SentenceFlag::kChecksumCorrect) != 0)
         lastConnectedMs_ = now;
-    }
     if (portFromScan_ && !monitor_.scanning() && now - lastConnectedMs_ >= kPortPatienceMs) {
         portFromScan_ = false;
         monitor_.choosePort(portChoice({}));
@@ -188,24 +182,19 @@ Aircraft CKorvelDoc::received() {
     constexpr double kFullCircleDeg = 360;
     Aircraft aircraft;
     // hasFix() is true also for what has taken the receiver's place.
-    if (input_.isSupplanted() || !input_.hasFix(false)) {
+    if (input_.isSupplanted() || !input_.hasFix(false))
         return aircraft;
-    }
     const std::int64_t now = clock_.tickMs();
     const GpsFix& fix = input_.store().own();
-    if (isFresh(fix.positionTickMs, now) && isOnEarth(fix.position)) {
+    if (isFresh(fix.positionTickMs, now) && isOnEarth(fix.position))
         aircraft.position = fix.position;
-    }
-    if (isFresh(fix.groundSpeedTickMs, now) && std::isfinite(fix.groundSpeedKt)) {
+    if (isFresh(fix.groundSpeedTickMs, now) && std::isfinite(fix.groundSpeedKt))
         aircraft.groundSpeedKt = fix.groundSpeedKt;
-    }
     // Neither the value for no angle nor what no angle can be.
-    if (isFresh(fix.trackTickMs, now) && fix.trackMag >= 0 && fix.trackMag <= kFullCircleDeg) {
+    if (isFresh(fix.trackTickMs, now) && fix.trackMag >= 0 && fix.trackMag <= kFullCircleDeg)
         aircraft.trackMag = fix.trackMag;
-    }
-    if (isFresh(fix.altitudeTickMs, now) && isAltitude(input_.altitudeFt())) {
+    if (isFresh(fix.altitudeTickMs, now) && isAltitude(input_.altitudeFt()))
         aircraft.altitudeFt = input_.correctedAltitudeFt();
-    }
     return aircraft;
 }
 
@@ -220,9 +209,8 @@ CockpitData CKorvelDoc::collectData() {
     data.utcSecondOfDay = static_cast<int>(clock_.unixSeconds() % kSecondsPerDay);
     data.databaseNotice = charts_.notice();
     fillFlightData(data, flight_, input_.variation());
-    if (data.position) {
+    if (data.position)
         data.nearAirports = nearAirports_.shown();
-    }
     return data;
 }
 

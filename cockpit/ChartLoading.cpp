@@ -22,9 +22,8 @@ ChartLoading::ChartLoading(const Clock& clock, LoadReport& report,
 
 ChartLoading::~ChartLoading() {
     wanted_ = false;
-    if (thread_.joinable()) {
+    if (thread_.joinable())
         thread_.join();
-    }
 }
 
 void ChartLoading::breakOff() {
@@ -41,9 +40,8 @@ void ChartLoading::run() {
 bool ChartLoading::note(std::string_view text, int percent) {
     const auto state = state_.lock();
     // Under the lock, so that nothing is written over the word of breakOff().
-    if (!wanted_) {
+    if (!wanted_)
         return false;
-    }
     *state = {.text = std::string(text), .percent = percent};
     return true;
 }

@@ -29,9 +29,8 @@ void Charts::startLoading(std::vector<std::filesystem::path> folders) {
 }
 
 void Charts::breakOff() {
-    if (loading_) {
+    if (loading_)
         loading_->breakOff();
-    }
 }
 
 std::optional<ChartLoading::State> Charts::loading() const {
@@ -39,9 +38,8 @@ std::optional<ChartLoading::State> Charts::loading() const {
 }
 
 bool Charts::takeLoaded() {
-    if (!loading_ || !loading_->isFinished()) {
+    if (!loading_ || !loading_->isFinished())
         return false;
-    }
     const std::unique_ptr<ChartLoading> finished = std::move(loading_);
     DatabaseLoader* const loaded = finished->loaded();
     if (loaded == nullptr) {
@@ -57,21 +55,18 @@ void Charts::updateNotice() {
     const auto& files = database_.files();
     notice_.clear();
     if (files.empty()) {
-        if (!loading_) {
+        if (!loading_)
             notice_ = text(kStatusTexts.noDatabase);
-        }
         return;
     }
     const std::uint32_t today = dateNumber(clock_.localNow());
     std::uint32_t oldest = today;
-    for (const auto& file : files) {
+    for (const auto& file : files)
         oldest = std::min(oldest, file->header().expiry);
-    }
-    if (oldest == 0) {
+    if (oldest == 0)
         notice_ = text(kStatusTexts.chartsUndated);
-    } else if (oldest < today) {
+    else if (oldest < today)
         notice_ = formatText(kStatusTexts.chartsExpired, {std::string_view(dashedDate(oldest))});
-    }
 }
 
 }  // namespace korvel

@@ -58,9 +58,8 @@ std::string Flight::takeTrouble() {
 
 std::string Flight::placeHere() const {
     const GeoPoint here = navigation_.present().position;
-    if (!IsValid(here)) {
+    if (!IsValid(here))
         return {};
-    }
     const auto near = database_.nearest(here, kAirportKind, 1, kAtAirportNm);
     return near.empty() ? std::string() : std::string(near.front().place.ident.view());
 }
@@ -81,9 +80,8 @@ void Flight::startSimulator(const SimulatorStart& start) {
 void Flight::stopSimulator() {
     simulator_.stop();
     timeFactor_ = 1;
-    if (std::exchange(trackIsAhead_, false)) {
+    if (std::exchange(trackIsAhead_, false))
         track_.returnToTimeOfDay();
-    }
 }
 
 void Flight::setTimeFactor(int factor) { timeFactor_ = std::clamp(factor, 1, kFastestTime); }
@@ -115,9 +113,8 @@ void Flight::tick(const Settings& settings, const Variation& variation,
 void Flight::step(const Settings& settings, const Variation& variation,
                   const ActiveNavigation::Aircraft& received) {
     navigation_.NavUpdate(received);
-    if (settings.autoSequence) {
+    if (settings.autoSequence)
         goOnWithPlan();
-    }
     verticalSpeed_.add(clock_.tickMs(), navigation_.present().altitudeFt);
     watch(settings, variation);
 }
@@ -126,22 +123,19 @@ void Flight::step(const Settings& settings, const Variation& variation,
 /// leg follows. Without a course the plan takes over by itself.
 void Flight::goOnWithPlan() {
     const auto& record = navigation_.directRecord();
-    if (!navigation_.directLeg() || !record) {
+    if (!navigation_.directLeg() || !record)
         return;
-    }
     const NavigationState state = navigation_.state();
-    if (state.obsCourse == kNoAngle || state.distanceNm > kFlownToNm) {
+    if (state.obsCourse == kNoAngle || state.distanceNm > kFlownToNm)
         return;
-    }
     const bool passed =
         std::abs(HeadingDifferenceDeg(state.bearingMag, state.obsCourse)) > kAbeamDeg;
     const bool planned = [&] {
         const auto plan = plan_.plan().lock();
         return plan->has_value() && (*plan)->contains(record->key);
     }();
-    if (passed && planned) {
+    if (passed && planned)
         navigation_.ClearNavigation();
-    }
 }
 
 /// Where the flight ends, once it is what is flown to: the plan's last waypoint, or the airport of
@@ -152,18 +146,16 @@ std::shared_ptr<const DatabaseRecord> Flight::destination() {
         return record && record->GetKind() == kAirportKind ? record : nullptr;
     }
     const auto plan = plan_.plan().lock();
-    if (!plan->has_value()) {
+    if (!plan->has_value())
         return nullptr;
-    }
     const auto& entries = (*plan)->entries();
     return (*plan)->currentIndex() == entries.size() - 1 ? entries.back().record : nullptr;
 }
 
 void Flight::watch(const Settings& settings, const Variation& variation) {
     const ActiveNavigation::Aircraft& present = navigation_.present();
-    if (!IsValid(present.position)) {
+    if (!IsValid(present.position))
         return;
-    }
     const auto last = destination();
     approach_.tick(settings, variation, present, last, clock_.tickMs());
     alarms_.update(settings, navigation_, approach_, last.get(), clock_.tickMs());

@@ -22,9 +22,8 @@ void fillSimulated(CockpitData& data, const ActiveNavigation::Aircraft& present,
 
 void fillLeg(CockpitData& data, const ActiveNavigation& navigation, const Variation& variation) {
     const NavigationState state = navigation.state();
-    if (state.activeKey.empty() && !navigation.directLeg()) {
+    if (state.activeKey.empty() && !navigation.directLeg())
         return;
-    }
     data.activeKey = state.activeKey;
     data.activeName = state.activeName;
     data.activeWaypoint = known(state.activeWaypoint);
@@ -44,20 +43,17 @@ void fillLeg(CockpitData& data, const ActiveNavigation& navigation, const Variat
 }  // namespace
 
 void fillFlightData(CockpitData& data, const Flight& flight, const Variation& variation) {
-    if (flight.navigation().simulated()) {
+    if (flight.navigation().simulated())
         fillSimulated(data, flight.navigation().present(), variation);
-    }
     data.flightTimeSec = flight.flightTimeSec();
     data.plan = flight.shownPlan();
     data.track = flight.track().track();
     data.trackSlots = data.track ? data.track->read()->slots.size() : 0;
-    if (!data.position) {
+    if (!data.position)
         return;
-    }
     data.alarms = flight.alarms().shown();
-    if (variation.isKnown()) {
+    if (variation.isKnown())
         data.variationDeg = variation.inForceDeg();
-    }
     data.verticalSpeedFpm = flight.verticalSpeedFpm();
     fillLeg(data, flight.navigation(), variation);
     flight.approach().collect(data, variation);

@@ -20,9 +20,8 @@ void NearAirportList::update(const NavDatabase& database, GeoPoint here, const S
         shown_.reset();
         return;
     }
-    if (shown_ && DistanceNm(here, lookedUpAt_) < kStepNm) {
+    if (shown_ && DistanceNm(here, lookedUpAt_) < kStepNm)
         return;
-    }
     lookedUpAt_ = here;
     auto airports = std::make_shared<std::vector<NearAirport>>();
     findNearAirports(database, here, variation,

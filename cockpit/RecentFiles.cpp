@@ -52,18 +52,16 @@ std::string restored(std::string_view value) {
 RecentFiles::RecentFiles(ProfileFile& profile) : profile_(profile) {
     for (std::size_t i = 0; i < kMost; ++i) {
         const std::string file = restored(profile_.getString(kSection, nameOf(i), ""));
-        if (!file.empty()) {
+        if (!file.empty())
             files_.emplace_back(file);
-        }
     }
 }
 
 void RecentFiles::add(const std::filesystem::path& file) {
     std::erase(files_, file);
     files_.push_front(file);
-    if (files_.size() > kMost) {
+    if (files_.size() > kMost)
         files_.pop_back();
-    }
     store();
 }
 

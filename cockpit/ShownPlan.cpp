@@ -14,9 +14,8 @@ void ShownPlan::update(ActivePlan& plan, const NavDatabase& database) {
         return;
     }
     const Source source{.revision = plan.revision(), .active = (*held)->currentIndex()};
-    if (view_ && source == source_) {
+    if (view_ && source == source_)
         return;
-    }
     source_ = source;
     PlanView view = makePlanView(**held, database);
     view.fileName = plan.file().filename().string();

@@ -24,11 +24,10 @@ SimulatorStart proposedSimulatorStart(const Settings& settings,
     const double lat = ParseDouble(settings.simLat);
     const double lon = ParseDouble(settings.simLon);
     const bool isOnEarth = std::abs(lat) <= 90 && std::abs(lon) <= 180;
-    if (isOnEarth && (lat != 0 || lon != 0)) {
+    if (isOnEarth && (lat != 0 || lon != 0))
         start.position = {lat * kDegToRad, lon * kDegToRad};
-    } else if (!plan.empty()) {
+    else if (!plan.empty())
         start.position = plan.front().position();
-    }
     const auto away = std::ranges::find_if(plan, [&](const PlanWaypoint& entry) {
         return !SamePoint(entry.position(), start.position);
     });

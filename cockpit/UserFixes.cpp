@@ -25,9 +25,9 @@ std::string entryKey(std::size_t index) {
 
 /// Nothing that a route or a plan file would read as something else.
 bool isName(std::string_view name) {
-    return !name.empty() && name.size() <= kMaxIdentLength && std::ranges::all_of(name, [](char c) {
-        return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
-    });
+    return !name.empty() && name.size() <= kMaxIdentLength &&
+           std::ranges::all_of(
+               name, [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); });
 }
 
 FixRecord recordOf(const UserFix& fix) {

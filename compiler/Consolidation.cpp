@@ -142,8 +142,8 @@ void resolveAirwayPoints(AviationData& data, ImportLog& log) {
     ByIdent navaids(data.navaids);
     std::vector<SourceFix> added;
     for (AirwayPoint& point : data.airways.points()) {
-        SourceFix* const fix =
-            fixes.find(point.ident, [&](const SourceFix& each) { return fits(point, each); });
+        SourceFix* const fix = fixes.find(
+            point.ident, [&](const SourceFix& each) { return fits(point, each); });
         const SourceNavaid* const navaid =
             navaids.find(point.ident, [&](const SourceNavaid& each) { return fits(point, each); });
         if (fix != nullptr) {

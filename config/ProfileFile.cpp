@@ -51,17 +51,15 @@ template <class Use>
 void forEachLine(std::string_view bytes, Use use) {
     std::string cleared(bytes);
     const std::size_t start = bytes.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
-    for (std::size_t i = start; i < cleared.size(); ++i) {
+    for (std::size_t i = start; i < cleared.size(); ++i)
         cleared[i] = withoutBit7(cleared[i]);
-    }
     const std::string text = decodeTextBytes(cleared);
     std::string_view rest = text;
     while (!rest.empty()) {
         // A CR LF counts as one break, but the empty line between the two would add nothing.
         const std::size_t end = std::min(rest.find_first_of(kLineEnds), rest.size());
-        if (const auto content = contentOf(rest.substr(0, end)); !content.empty()) {
+        if (const auto content = contentOf(rest.substr(0, end)); !content.empty())
             use(content);
-        }
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }
 }
@@ -93,9 +91,8 @@ std::string formatProfile(const ProfileEntries& entries) {
         bytes += value;
         bytes += "\r\n";
     }
-    for (char& byte : bytes) {
+    for (char& byte : bytes)
         byte = withBit7(byte);
-    }
     return bytes;
 }
 
@@ -103,9 +100,8 @@ ProfileFile::ProfileFile(const std::filesystem::path& folder, RegistryProfile& r
                          std::string_view fileName, FileSystem& disk)
     : registry_(registry), disk_(disk) {
     const std::filesystem::path file = folder / fileName;
-    if (load(file)) {
+    if (load(file))
         path_ = file;
-    }
 }
 
 ProfileFile::~ProfileFile() { save(); }
@@ -113,9 +109,8 @@ ProfileFile::~ProfileFile() { save(); }
 int ProfileFile::getInt(std::string_view section, std::string_view name, int fallback) {
     const auto entry = entries_.find(joinKey(section, ':', name));
     if (entry != entries_.end()) {
-        if (const std::optional<int> value = readInt(entry->second)) {
+        if (const std::optional<int> value = readInt(entry->second))
             return *value;
-        }
     }
     const int value = registry_.getInt(section, name, fallback);
     setInt(section, name, value, true);
@@ -131,9 +126,8 @@ bool ProfileFile::setInt(std::string_view section, std::string_view name, int va
 std::string ProfileFile::getString(std::string_view section, std::string_view name,
                                    std::string_view fallback) {
     const auto entry = entries_.find(joinKey(section, '.', name));
-    if (entry != entries_.end()) {
+    if (entry != entries_.end())
         return entry->second;
-    }
     std::string value = registry_.getString(section, name, fallback);
     setString(section, name, value, true);
     return value;
@@ -164,27 +158,23 @@ bool ProfileFile::isProtected() const {
 
 bool ProfileFile::load(const std::filesystem::path& file) {
     std::error_code unknown;
-    if (!std::filesystem::exists(file, unknown)) {
+    if (!std::filesystem::exists(file, unknown))
         disk_.openForAppending(file).reset();
-    }
     const std::optional<std::string> bytes = readWholeFile(file, kWholeFile, disk_);
-    if (!bytes) {
+    if (!bytes)
         return false;
-    }
     entries_ = parseProfile(*bytes);
     if (isDamaged(*bytes)) {
         std::filesystem::path copy = file;
         copy += ".damaged";
-        if (writeFileAtomically(copy, *bytes, disk_)) {
+        if (writeFileAtomically(copy, *bytes, disk_))
             damagedCopy_ = std::move(copy);
-        }
         // Zeros would count as damage again, and the copy would be lost at the next start.
         std::erase_if(entries_, [](const auto& entry) {
             return entry.first.find('\0') != std::string::npos;
         });
-        for (auto& [key, value] : entries_) {
+        for (auto& [key, value] : entries_)
             std::erase(value, '\0');
-        }
     }
     return true;
 }
@@ -198,9 +188,8 @@ void ProfileFile::saveToRegistry() {
         }
         const std::size_t colon = whole.find(':');
         const std::optional<int> number = readInt(value);
-        if (colon != std::string_view::npos && number) {
+        if (colon != std::string_view::npos && number)
             registry_.setInt(whole.substr(0, colon), whole.substr(colon + 1), *number);
-        }
     }
 }
 

@@ -58,9 +58,8 @@ SettingValue toStored(int number) { return number; }
 SettingValue toStored(const std::string& text) { return text; }
 SettingValue toStored(const RotateModes& modes) {
     unsigned packed = 0;
-    for (std::size_t i = 0; i < modes.size(); ++i) {
+    for (std::size_t i = 0; i < modes.size(); ++i)
         packed |= (static_cast<unsigned>(modes[i]) % kRotateModeCount) << (kBitsPerMode * i);
-    }
     return static_cast<int>(packed);
 }
 
@@ -91,11 +90,10 @@ SettingValue SettingInfo::valueIn(const Settings& settings) const {
 }
 
 void SettingInfo::store(const SettingValue& value, Settings& settings) const {
-    if (const auto* number = std::get_if<int>(&value)) {
+    if (const auto* number = std::get_if<int>(&value))
         std::visit([&](auto field) { fromStored(*number, settings.*field); }, member);
-    } else if (const auto* field = std::get_if<std::string Settings::*>(&member)) {
+    else if (const auto* field = std::get_if<std::string Settings::*>(&member))
         settings.** field = std::get<std::string>(value);
-    }
 }
 
 std::span<const SettingInfo> settingsTable() { return kSettings; }
@@ -112,14 +110,12 @@ Settings loadSettings(ProfileFile& profile) {
 void storeChangedSettings(ProfileFile& profile, const Settings& before, const Settings& after) {
     for (const SettingInfo& setting : kSettings) {
         const SettingValue value = setting.valueIn(after);
-        if (value == setting.valueIn(before)) {
+        if (value == setting.valueIn(before))
             continue;
-        }
-        if (const int* number = std::get_if<int>(&value)) {
+        if (const int* number = std::get_if<int>(&value))
             profile.setInt(kOptionsSection, setting.key, *number, true);
-        } else {
+        else
             profile.setString(kOptionsSection, setting.key, std::get<std::string>(value), true);
-        }
     }
 }
 

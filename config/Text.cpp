@@ -10,9 +10,8 @@ namespace korvel {
 namespace {
 
 std::string argumentText(const TextArgument& argument) {
-    if (const int* number = std::get_if<int>(&argument)) {
+    if (const int* number = std::get_if<int>(&argument))
         return formatInt(*number);
-    }
     return std::string(std::get<std::string_view>(argument));
 }
 

@@ -18,12 +18,10 @@ double DistanceNm(GeoPoint a, GeoPoint b) {
 
 double TrueCourse(double lat1, double lon1, double lat2, double lon2) {
     constexpr double kPoleCosine = 0.001;
-    if (SamePoint({lat1, lon1}, {lat2, lon2})) {
+    if (SamePoint({lat1, lon1}, {lat2, lon2}))
         return 0;
-    }
-    if (std::cos(lat1) < kPoleCosine) {
+    if (std::cos(lat1) < kPoleCosine)
         return lat1 > 0 ? kPi : 0;
-    }
     const double dlon = lon2 - lon1;
     const double course =
         PositiveMod(std::atan2(std::sin(dlon) * std::cos(lat2),
@@ -97,9 +95,8 @@ int HeadingDifferenceDeg(double from, double to) {
     const int a = RoundToInt(from) % 360;
     const int b = RoundToInt(to) % 360;
     const int d = b - a;
-    if (a <= b) {
+    if (a <= b)
         return d > 180 ? d - 360 : d;
-    }
     return -d < 181 ? d : d + 360;
 }
 

@@ -28,9 +28,8 @@ const UnitRule& ruleOf(DistanceUnit unit) {
 
 double ConvertDistance(double nm, DistanceUnit unit, UnitLabels* labels) {
     const UnitRule& rule = ruleOf(unit);
-    if (labels != nullptr) {
+    if (labels != nullptr)
         *labels = rule.labels;
-    }
     return nm * rule.perNm;
 }
 

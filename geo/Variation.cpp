@@ -9,9 +9,8 @@ bool Variation::isKnown() const {
 }
 
 double Variation::inForceDeg() const {
-    if (!ignoreReceiver && receiverDeg != kNoAngle) {
+    if (!ignoreReceiver && receiverDeg != kNoAngle)
         return receiverDeg;
-    }
     return databaseDeg != kNoAngle ? databaseDeg : 0;
 }
 

@@ -15,9 +15,8 @@ const std::array<double, kFullTurn>& sines() {
     // Filled on the first use; the language guards the first use against other threads.
     static const std::array<double, kFullTurn> table = [] {
         std::array<double, kFullTurn> filled{};
-        for (int i = 0; i < kFullTurn; ++i) {
+        for (int i = 0; i < kFullTurn; ++i)
             filled.at(static_cast<std::size_t>(i)) = std::sin(i * kDegToRad);
-        }
         return filled;
     }();
     return table;

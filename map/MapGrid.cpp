@@ -126,10 +126,12 @@ std::vector<GridLine> gridLines(const MapProjection& projection, const Rect& vie
     };
     const int latStep = gridStepSec(plane.northPx(), closest);
     const int lonStep = gridStepSec(plane.eastPx(), closest);
-    forEachStep(lat, latStep, [&](double degrees) {
-        add(plane.at(degrees, lon.low), plane.at(degrees, lon.high),
-            latitudeText(degrees, latStep < 60 ? 1 : 0));
-    });
+    forEachStep(
+        lat, latStep,
+        [&](double degrees) {
+            add(plane.at(degrees, lon.low), plane.at(degrees, lon.high),
+                latitudeText(degrees, latStep < 60 ? 1 : 0));
+        });
     forEachStep(lon, lonStep, [&](double degrees) {
         add(plane.at(lat.low, degrees), plane.at(lat.high, degrees),
             longitudeText(degrees, lonStep < 60 ? 1 : 0));

@@ -80,15 +80,13 @@ std::pair<int, int> MapProjection::projectPixel(GeoPoint point) const {
 }
 
 GeoPoint MapProjection::unproject(Point pixel) const {
-    if (pixelsPerNm_ <= 0) {
+    if (pixelsPerNm_ <= 0)
         return center_;  // not laid out yet
-    }
     const double radiansPerPixel = kDegToRad / (kNmPerDegree * pixelsPerNm_);
     const Point northUp = turned({pixel.x - aircraft_.x, pixel.y - aircraft_.y}, angleDeg_);
     const double lat = std::clamp(center_.lat - northUp.y * radiansPerPixel, -kPi / 2, kPi / 2);
-    if (std::abs(lonScale_) < kPoleCosine) {
+    if (std::abs(lonScale_) < kPoleCosine)
         return {lat, center_.lon};
-    }
     return {lat, wrapLongitude(center_.lon + northUp.x * radiansPerPixel / lonScale_)};
 }
 
@@ -120,9 +118,8 @@ std::string MapViewport::zoomOut(bool autoZoom) {
 }
 
 std::string MapViewport::zoomTo(std::optional<int> rangeNm, bool autoZoom) {
-    if (!rangeNm) {
+    if (!rangeNm)
         return {};
-    }
     currentRangeNm_ = *rangeNm;
     return autoZoom ? pauseAutomatic() : std::string();
 }
@@ -135,9 +132,8 @@ std::string MapViewport::pauseAutomatic() {
 bool MapViewport::setRange(double rangeNm) {
     // A range beyond the ladder's end would leave nothing to see; it also keeps the conversion
     // safe.
-    if (!(rangeNm >= 1)) {
+    if (!(rangeNm >= 1))
         return false;
-    }
     const int range = static_cast<int>(std::min<double>(rangeNm, kRangeStepsNm.back()));
     return range != std::exchange(currentRangeNm_, range);
 }
@@ -153,9 +149,8 @@ void MapViewport::returnToConfigured() {
 }
 
 std::string MapViewport::tick() {
-    if (pauseTicks_ == 0 || --pauseTicks_ > 0) {
+    if (pauseTicks_ == 0 || --pauseTicks_ > 0)
         return {};
-    }
     return std::string(text(kStatusTexts.autoZoomEnabled));
 }
 

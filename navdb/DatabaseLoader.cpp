@@ -20,11 +20,9 @@ std::string notUsed(std::string_view key, std::string_view where) {
 std::vector<std::filesystem::path> filesIn(std::span<const std::filesystem::path> folders,
                                            std::string_view pattern) {
     std::vector<std::filesystem::path> paths;
-    for (const auto& folder : folders) {
-        if (!folder.empty()) {
+    for (const auto& folder : folders)
+        if (!folder.empty())
             std::ranges::move(findFiles(folder, pattern), std::back_inserter(paths));
-        }
-    }
     return paths;
 }
 
@@ -69,18 +67,16 @@ void DatabaseLoader::takeOver(DatabaseLoader& loaded) {
 void DatabaseLoader::setMarkedFixes(std::vector<FixRecord> fixes) {
     for (const FixRecord& old : markedFixes_) {
         const auto* stored = dynamic_cast<const FixRecord*>(records_.find(old.key));
-        if (stored != nullptr && stored->usage == kUsageMarked) {
+        if (stored != nullptr && stored->usage == kUsageMarked)
             records_.remove(old.key);
-        }
     }
     markedFixes_ = std::move(fixes);
     addMarkedFixes();
 }
 
 void DatabaseLoader::addMarkedFixes() {
-    for (const FixRecord& fix : markedFixes_) {
+    for (const FixRecord& fix : markedFixes_)
         records_.add(std::make_unique<FixRecord>(fix));
-    }
     database_.setUserRecords(&records_);
 }
 
@@ -94,12 +90,10 @@ bool DatabaseLoader::openDatabases(std::span<const std::filesystem::path> paths,
             goesOn = !progress || progress(text, percent);
             return goesOn;
         });
-        if (!goesOn) {
+        if (!goesOn)
             return false;
-        }
-        if (!error.empty()) {
+        if (!error.empty())
             reportFailure(path, error);
-        }
         openedFiles_.push_back({.name = name, .error = error});
     }
     return true;
@@ -109,15 +103,13 @@ bool DatabaseLoader::loadUserFiles(std::span<const std::filesystem::path> paths,
                                    bool fromSecondSource, const Progress& progress) {
     for (std::size_t i = 0; i < paths.size(); ++i) {
         if (progress && !progress("Loading " + paths[i].filename().string(),
-                                  static_cast<int>(i * 100 / paths.size()))) {
+                                  static_cast<int>(i * 100 / paths.size())))
             return false;
-        }
         UserDatabaseReader reader(report_, [&](std::unique_ptr<DatabaseRecord> record) {
             AddUserRecord(std::move(record), fromSecondSource);
         });
-        if (const std::string error = reader.LoadFile(paths[i]); !error.empty()) {
+        if (const std::string error = reader.LoadFile(paths[i]); !error.empty())
             reportFailure(paths[i], error);
-        }
     }
     return true;
 }
@@ -134,11 +126,10 @@ void DatabaseLoader::AddUserRecord(std::unique_ptr<DatabaseRecord> record, bool 
         fromSecondSource && isAirportKey(key) && region != 0 &&
         records_.find(makeRecordKey(kAirportKind, otherSpelling(identOfKey(key), region))) !=
             nullptr;
-    if (standsUnderOtherKey || !records_.add(std::move(record))) {
+    if (standsUnderOtherKey || !records_.add(std::move(record)))
         report_.AppendLoadReport(notUsed(key, fromSecondSource ? ".NDB or .UDB.TXT" : ".UDB.TXT"));
-    } else if (!fromSecondSource && isAirportKey(key)) {
+    else if (!fromSecondSource && isAirportKey(key))
         userAirportKeys_.push_back(key);
-    }
 }
 
 void DatabaseLoader::MergeWithDatabase() {
@@ -146,9 +137,8 @@ void DatabaseLoader::MergeWithDatabase() {
     excludeReplacedAirports();
     for (int cell = 0; cell < kCellCount; ++cell) {
         const UserRecordStore::Bucket bucket = records_.bucket(cell);
-        for (const DatabaseRecord* const record : bucket) {
+        for (const DatabaseRecord* const record : bucket)
             dropIfInDatabase(*record);
-        }
     }
     database_.setUserRecords(&records_);
 }
@@ -176,9 +166,8 @@ void DatabaseLoader::dropIfInDatabase(const DatabaseRecord& record) {
     const std::string_view ident = identOfKey(key);
     const char region = database_.regionLetter();
     bool isThere = database_.Find(key) != nullptr;
-    if (!isThere && isAirportKey(key) && hasRegionLetter(ident, region)) {
+    if (!isThere && isAirportKey(key) && hasRegionLetter(ident, region))
         isThere = database_.Find(makeRecordKey(kAirportKind, ident.substr(1))) != nullptr;
-    }
     if (isThere) {
         records_.remove(key);
         report_.AppendLoadReport(notUsed(key, ".NG2"));

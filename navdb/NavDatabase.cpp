@@ -32,17 +32,14 @@ enum class Preference { FirstWithinReach, StrictlyNearest };
 /// Which of two equally named places is meant.
 RecordPtr choose(RecordPtr p, RecordPtr q, const std::optional<GeoPoint>& near,
                  Preference preference) {
-    if (!p || !q) {
+    if (!p || !q)
         return p ? std::move(p) : std::move(q);
-    }
-    if (!near) {
+    if (!near)
         return p;
-    }
     const double toP = distanceTo(*near, p->position);
     const double toQ = distanceTo(*near, q->position);
-    if (toP < toQ) {
+    if (toP < toQ)
         return p;
-    }
     const bool keepsFirst = preference == Preference::FirstWithinReach &&
                             std::abs(toQ - toP) * kNmPerRadian <= kNavaidPreferenceNm;
     return keepsFirst ? std::move(p) : std::move(q);
@@ -68,9 +65,8 @@ struct NavDatabase::Search {
     }
     /// Whether a place there is the best so far. Without a reference position the first one is.
     [[nodiscard]] bool improves(GeoPoint position) {
-        if (!near) {
+        if (!near)
             return !hasFound();
-        }
         const double candidate =
             IsValid(position) ? distanceTo(*near, position) : kFartherThanAnything;
         if (candidate < distance) {
@@ -88,9 +84,8 @@ std::string NavDatabase::openFile(const std::filesystem::path& path,
                                   const std::function<bool(int)>& progress) {
     auto file = std::make_unique<DatabaseFile>();
     std::string message = file->Open(path, clock_, progress);
-    if (message.empty()) {
+    if (message.empty())
         files_.push_back(std::move(file));
-    }
     return message;
 }
 
@@ -118,9 +113,8 @@ char NavDatabase::regionLetter() const {
 
 void NavDatabase::exclude(const RowMatch& row) {
     const auto place = std::lower_bound(exclusions_.begin(), exclusions_.end(), row);
-    if (place != exclusions_.end() && *place == row) {
+    if (place != exclusions_.end() && *place == row)
         return;
-    }
     exclusions_.insert(place, row);
     if (const auto record = recordAt(row)) {
         const auto byLatitude = [](double lat, const ExcludedPlace& excluded) {
@@ -141,19 +135,16 @@ void NavDatabase::searchFile(int file, std::string_view ident, Search& search) c
     const DatabaseFile& source = *files_[static_cast<std::size_t>(file)];
     const IndexEntry* const index = source.index(search.index);
     const FieldEntry* const order = index != nullptr ? orderingField(*index) : nullptr;
-    if (order == nullptr || index->table->name != packName(search.table)) {
+    if (order == nullptr || index->table->name != packName(search.table))
         return;
-    }
     const PlaceFields fields(*index->table);
     const auto rows = source.rows();
     std::uint32_t row = rows->firstNotBelow(*index, *order, ident);
     while (!search.isDone() && rows->equals(*index, row, *order, ident)) {
         const RowMatch match{.file = file, .row = index->rowPosition(row++)};
         if (!isExcluded(match) && rows->load(*index->table, match.row) &&
-            search.wants(kindOfRow(*rows, fields)) &&
-            search.improves(positionOfRow(*rows, fields))) {
+            search.wants(kindOfRow(*rows, fields)) && search.improves(positionOfRow(*rows, fields)))
             search.row = match;
-        }
     }
 }
 
@@ -163,24 +154,20 @@ void NavDatabase::searchUserRecords(std::string_view ident, Search& search) cons
          {"NavKey", kVorKind},
          {"NavKey", kNdbKind},
          {"WptKey", kFixKind}}};
-    if (userRecords_ == nullptr) {
+    if (userRecords_ == nullptr)
         return;
-    }
     for (const auto& [index, kind] : kKindsOfIndex) {
-        if (index != search.index || search.isDone() || !search.wants(kind)) {
+        if (index != search.index || search.isDone() || !search.wants(kind))
             continue;
-        }
         const DatabaseRecord* const record = userRecords_->find(makeRecordKey(kind, ident));
-        if (record != nullptr && search.improves(record->position)) {
+        if (record != nullptr && search.improves(record->position))
             search.userRecord = record;
-        }
     }
 }
 
 RecordPtr NavDatabase::recordAt(const RowMatch& match) const {
-    if (match.file < 0 || match.file >= static_cast<int>(files_.size())) {
+    if (match.file < 0 || match.file >= static_cast<int>(files_.size()))
         return nullptr;
-    }
     const DatabaseFile& file = *files_[static_cast<std::size_t>(match.file)];
     const TableEntry* const table = file.directory().tableOfRow(match.row);
     const auto rows = file.rows();
@@ -193,25 +180,20 @@ RecordPtr NavDatabase::FindInIndex(std::string_view ident, std::string_view inde
                                    std::string_view table, std::optional<GeoPoint> near,
                                    char wanted) {
     Search search{.index = index, .table = table, .wanted = wanted};
-    if (near && IsValid(*near)) {
+    if (near && IsValid(*near))
         search.near = near;
-    }
     const int count = static_cast<int>(files_.size());
-    for (int file = 0; file < count; ++file) {
+    for (int file = 0; file < count; ++file)
         searchFile(file, ident, search);
-    }
     searchUserRecords(ident, search);
     if (!search.hasFound() && (index == "AptKey" || index == "Ap2Key")) {
-        for (int file = 0; file < count; ++file) {
+        for (int file = 0; file < count; ++file)
             if (const char region = files_[static_cast<std::size_t>(file)]->regionLetter();
-                region != 0) {
+                region != 0)
                 searchFile(file, otherSpelling(ident, region), search);
-            }
-        }
     }
-    if (!search.hasFound()) {
+    if (!search.hasFound())
         return nullptr;
-    }
     RecordPtr record =
         search.userRecord != nullptr ? search.userRecord->Clone() : recordAt(*search.row);
     noteMatch(record.get());
@@ -244,9 +226,8 @@ RecordPtr NavDatabase::findBare(std::string_view ident, std::optional<GeoPoint> 
 }
 
 const DatabaseRecord* NavDatabase::Find(std::string_view key, std::optional<GeoPoint> near) {
-    if (near && !IsValid(*near)) {
+    if (near && !IsValid(*near))
         near.reset();
-    }
     const std::string_view ident = identOfKey(key);
     switch (hasKindPrefix(key) ? key.front() : '\0') {
         case 'a':
@@ -268,14 +249,12 @@ const DatabaseRecord* NavDatabase::Find(std::string_view key, std::optional<GeoP
 
 void NavDatabase::loadDetails(AirportRecord& airport) const {
     const auto& [match, fileName] = airport.origin;
-    if (match.file < 0 || match.file >= static_cast<int>(files_.size())) {
+    if (match.file < 0 || match.file >= static_cast<int>(files_.size()))
         return;
-    }
     const DatabaseFile& file = *files_[static_cast<std::size_t>(match.file)];
     // The text itself, not what it says: a file of that name may have been opened anew.
-    if (file.fileName() == fileName) {
+    if (file.fileName() == fileName)
         readAirportDetails(file, airport);
-    }
 }
 
 void NavDatabase::GetAirwayRoutes(std::string_view name, std::vector<std::string>& routes) const {
@@ -284,14 +263,12 @@ void NavDatabase::GetAirwayRoutes(std::string_view name, std::vector<std::string
     for (const auto& file : files_) {
         const IndexEntry* const index = file->index("Airway");
         const FieldEntry* const order = index != nullptr ? orderingField(*index) : nullptr;
-        if (file->isExpired() || order == nullptr) {
+        if (file->isExpired() || order == nullptr)
             continue;
-        }
         const auto rows = file->rows();
         std::uint32_t row = rows->firstNotBelow(*index, *order, name);
-        for (; rows->equals(*index, row, *order, name) && rows->load(*index, row); ++row) {
+        for (; rows->equals(*index, row, *order, name) && rows->load(*index, row); ++row)
             rows->text(index->table->field(packName("ROUTE")), routes.emplace_back());
-        }
     }
 }
 
@@ -318,9 +295,8 @@ bool NavDatabase::placesBeginning(std::string_view beginning, KindMask kinds, st
 }
 
 RecordPtr NavDatabase::recordOf(const Place& place) const {
-    if (place.match.file != RecordOrigin::kNoFile) {
+    if (place.match.file != RecordOrigin::kNoFile)
         return recordAt(place.match);
-    }
     const DatabaseRecord* const record =
         userRecords_ != nullptr ? userRecords_->find(makeRecordKey(place.kind, place.ident.view()))
                                 : nullptr;

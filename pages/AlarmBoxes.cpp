@@ -78,10 +78,9 @@ AlarmBoxes::AlarmBoxes(const TextMeasure& texts, const Rect& page,
 }
 
 std::optional<std::size_t> AlarmBoxes::alarmAt(Point finger) const {
-    for (std::size_t i = 0; i < areas.size(); ++i) {
+    for (std::size_t i = 0; i < areas.size(); ++i)
         if (grown(areas[i], kFingerPixels).contains(finger))
             return i;
-    }
     return std::nullopt;
 }
 

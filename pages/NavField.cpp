@@ -253,8 +253,8 @@ constexpr std::array kDefaultFields{NavFieldId::GroundSpeed,  NavFieldId::Track,
 std::span<const NavField> navFields() { return kFields; }
 
 const NavField& navField(NavFieldId id) {
-    return *std::find_if(kFields.begin(), kFields.end(),
-                         [id](const NavField& field) { return field.id == id; });
+    return *std::find_if(
+        kFields.begin(), kFields.end(), [id](const NavField& field) { return field.id == id; });
 }
 
 std::span<const NavFieldId> defaultNavFields() { return kDefaultFields; }

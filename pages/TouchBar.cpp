@@ -110,8 +110,9 @@ constexpr std::array kFaces{
 };
 
 const Face& faceOf(TouchCommand command) {
-    return *std::find_if(kFaces.begin(), kFaces.end(),
-                         [command](const Face& face) { return face.command == command; });
+    return *std::find_if(
+        kFaces.begin(), kFaces.end(),
+        [command](const Face& face) { return face.command == command; });
 }
 
 // Icon beside the word where the button is wide, above it where it is narrow.

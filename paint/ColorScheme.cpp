@@ -25,15 +25,13 @@ std::optional<ColorValue> readTriple(std::string_view text) {
     std::array<unsigned, 3> parts{};
     for (std::size_t i = 0; i < parts.size(); ++i) {
         if (i > 0) {
-            if (!text.starts_with(',')) {
+            if (!text.starts_with(','))
                 return std::nullopt;
-            }
             text.remove_prefix(1);
         }
         const std::optional<int> number = scanInt(text);
-        if (!number) {
+        if (!number)
             return std::nullopt;
-        }
         parts[i] = static_cast<unsigned>(*number);
     }
     return Rgb(parts[0], parts[1], parts[2]);
@@ -41,9 +39,8 @@ std::optional<ColorValue> readTriple(std::string_view text) {
 
 std::optional<ColorValue> readHex(std::string_view text) {
     const std::optional<unsigned> number = scanHex(text);
-    if (!number) {
+    if (!number)
         return std::nullopt;
-    }
     return Rgb(*number >> 16U, *number >> 8U, *number);
 }
 
@@ -64,33 +61,28 @@ ColorScheme::ColorScheme(ProfileFile& profile, const DataFileSearch& files)
 }
 
 void ColorScheme::Reload() {
-    if (profile_ != nullptr && files_ != nullptr) {
+    if (profile_ != nullptr && files_ != nullptr)
         load(profile_->getString(kOptionsSection, kSchemeFileKey, ""), *files_);
-    }
 }
 
 void ColorScheme::load(std::string_view schemeName, const DataFileSearch& files, FileSystem& disk) {
     entries_.clear();
     const bool night = schemeName == nightSchemeName();
-    for (const BuiltInColor& color : kBuiltInColors) {
+    for (const BuiltInColor& color : kBuiltInColors)
         set(color.key, night ? color.night : color.day);
-    }
-    if (night || schemeName.empty() || schemeName == daySchemeName()) {
+    if (night || schemeName.empty() || schemeName == daySchemeName())
         return;
-    }
     if (schemeName == secondDaySchemeName()) {
-        for (const OverridingColor& color : kSecondDayColors) {
+        for (const OverridingColor& color : kSecondDayColors)
             set(color.key, color.color);
-        }
         set("map.obs.danger", Color("geo.topo.danger"));
         set("map.obs.caution", Color("geo.topo.warning"));
         return;
     }
     for (const std::filesystem::path& file : files.pathsOf(schemeName)) {
         if (const std::optional<std::string> bytes = readWholeFile(file, kFileLimit, disk)) {
-            if (bytes->size() < kFileLimit) {
+            if (bytes->size() < kFileLimit)
                 parseText(*bytes);
-            }
             return;
         }
     }
@@ -103,27 +95,23 @@ ColorValue ColorScheme::Color(std::string_view key) const {
 
 void ColorScheme::set(std::string_view key, ColorValue color) {
     const auto place = std::ranges::lower_bound(entries_, key, {}, &Entry::first);
-    if (place != entries_.end() && place->first == key) {
+    if (place != entries_.end() && place->first == key)
         place->second = color;
-    } else {
+    else
         entries_.emplace(place, key, color);
-    }
 }
 
 void ColorScheme::ParseLine(std::string_view line) {
     line = line.substr(0, line.find(';'));
     const std::size_t equals = line.find('=');
-    if (equals == std::string_view::npos) {
+    if (equals == std::string_view::npos)
         return;
-    }
     const std::string_view value = line.substr(equals + 1);
     std::optional<ColorValue> color = readTriple(value);
-    if (!color) {
+    if (!color)
         color = readHex(value);
-    }
-    if (color) {
+    if (color)
         set(trimmed(line.substr(0, equals)), *color);
-    }
 }
 
 void ColorScheme::parseText(std::string_view bytes) {
@@ -143,16 +131,14 @@ std::string nightSchemeName() { return inBrackets(kStatusTexts.nightSchemeName);
 
 std::vector<std::string> listSchemes(const DataFileSearch& files) {
     std::vector<std::string> list{daySchemeName(), secondDaySchemeName(), nightSchemeName()};
-    for (std::string& name : files.findNames("*.SCM")) {
+    for (std::string& name : files.findNames("*.SCM"))
         list.push_back(std::move(name));
-    }
     return list;
 }
 
 std::size_t selectedScheme(std::span<const std::string> list, std::string_view stored) {
-    if (stored.empty()) {
+    if (stored.empty())
         return 0;
-    }
     const auto place = std::ranges::find_if(
         list, [stored](const std::string& name) { return startsWithIgnoringCase(name, stored); });
     return place == list.end() ? 0 : static_cast<std::size_t>(place - list.begin());

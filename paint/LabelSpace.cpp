@@ -44,10 +44,13 @@ bool LabelSpace::anySquare(const Rect& box, Visit visit) const {
 }
 
 bool LabelSpace::isTaken(const Rect& box) const {
-    return anySquare(box, [&](std::size_t square) {
-        return std::any_of(squares_[square].begin(), squares_[square].end(),
-                           [&box](const Rect& other) { return overlap(box, other); });
-    });
+    return anySquare(
+        box,
+        [&](std::size_t square) {
+            return std::any_of(
+                squares_[square].begin(), squares_[square].end(),
+                [&box](const Rect& other) { return overlap(box, other); });
+        });
 }
 
 bool LabelSpace::isFree(const Rect& box) const {
@@ -56,10 +59,12 @@ bool LabelSpace::isFree(const Rect& box) const {
 }
 
 void LabelSpace::reserve(const Rect& box) {
-    anySquare(box, [&](std::size_t square) {
-        squares_[square].push_back(box);
-        return false;
-    });
+    anySquare(
+        box,
+        [&](std::size_t square) {
+            squares_[square].push_back(box);
+            return false;
+        });
 }
 
 bool LabelSpace::claim(const Rect& box) {

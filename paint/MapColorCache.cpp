@@ -10,9 +10,8 @@ std::string_view colorKeyText(ColorKey key) {
 }
 
 void MapColorCache::refresh(const ColorScheme& scheme) {
-    for (std::size_t i = 0; i < colors_.size(); ++i) {
+    for (std::size_t i = 0; i < colors_.size(); ++i)
         colors_[i] = scheme.Color(kBuiltInColors[i].key);
-    }
     airportPen_ = {.color = (*this)[ColorKey::MapAirport]};
     fixPen_ = {.color = (*this)[ColorKey::MapFix]};
     vorPen_ = {.color = (*this)[ColorKey::MapVor]};

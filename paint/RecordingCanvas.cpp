@@ -11,8 +11,8 @@ namespace {
 Rect boundsOf(std::span<const Point> points) {
     if (points.empty())
         return {};
-    const auto [left, right] = std::minmax_element(points.begin(), points.end(),
-                                                   [](Point a, Point b) { return a.x < b.x; });
+    const auto [left, right] = std::minmax_element(
+        points.begin(), points.end(), [](Point a, Point b) { return a.x < b.x; });
     const auto [top, bottom] = std::minmax_element(points.begin(), points.end(),
                                                    [](Point a, Point b) { return a.y < b.y; });
     return {left->x, top->y, right->x - left->x, bottom->y - top->y};

@@ -31,7 +31,7 @@ std::string toText(ColorValue color) {
 // Text content for XML. Control characters have no place in it, even escaped.
 std::string escaped(std::string_view text) {
     std::string result;
-    for (const char letter : text) {
+    for (const char letter : text)
         if (letter == '&')
             result += "&amp;";
         else if (letter == '<')
@@ -40,7 +40,6 @@ std::string escaped(std::string_view text) {
             result += "&gt;";
         else
             result += static_cast<unsigned char>(letter) < 0x20 ? ' ' : letter;
-    }
     return result;
 }
 

@@ -12,9 +12,8 @@ constexpr std::size_t kChunkBytes = 65536;
 /// The file that `path` leads to.
 std::filesystem::path behindLinks(const std::filesystem::path& path) {
     std::error_code error;
-    if (!std::filesystem::is_symlink(path, error)) {
+    if (!std::filesystem::is_symlink(path, error))
         return path;
-    }
     const std::filesystem::path target = std::filesystem::weakly_canonical(path, error);
     return error ? path : target;
 }
@@ -29,22 +28,19 @@ bool writeThrough(OutputFile& file, std::string_view bytes) {
 std::optional<std::string> readWholeFile(const std::filesystem::path& path, std::size_t limit,
                                          FileSystem& disk) {
     const std::unique_ptr<InputFile> file = disk.openForReading(path);
-    if (!file) {
+    if (!file)
         return std::nullopt;
-    }
     // In chunks, since the size of a pipe or of a file under /proc is not known beforehand.
     std::string bytes;
     while (bytes.size() < limit) {
         const std::size_t before = bytes.size();
         bytes.resize(before + std::min(kChunkBytes, limit - before));
         const auto count = file->read(std::span(bytes).subspan(before));
-        if (!count) {
+        if (!count)
             return std::nullopt;
-        }
         bytes.resize(before + *count);
-        if (*count == 0) {
+        if (*count == 0)
             break;
-        }
     }
     return bytes;
 }
@@ -54,9 +50,8 @@ bool writeFileAtomically(const std::filesystem::path& path, std::string_view byt
     const std::filesystem::path target = behindLinks(path);
     std::filesystem::path temporary;
     const std::unique_ptr<OutputFile> file = disk.createBeside(target, temporary);
-    if (!file) {
+    if (!file)
         return false;
-    }
     if (!writeThrough(*file, bytes) || !disk.rename(temporary, target)) {
         disk.remove(temporary);
         return false;

@@ -50,9 +50,8 @@ std::vector<std::filesystem::path> findFiles(const std::filesystem::path& folder
     while (!error && entry != std::filesystem::directory_iterator()) {
         std::string name = entry->path().filename().string();
         std::error_code unreadable;
-        if (matches(name, pattern) && entry->is_regular_file(unreadable)) {
+        if (matches(name, pattern) && entry->is_regular_file(unreadable))
             found.emplace_back(std::move(name), entry->path());
-        }
         entry.increment(error);
     }
     // char_traits<char> compares as unsigned bytes.
@@ -60,9 +59,8 @@ std::vector<std::filesystem::path> findFiles(const std::filesystem::path& folder
               [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<std::filesystem::path> paths;
     paths.reserve(found.size());
-    for (auto& [name, path] : found) {
+    for (auto& [name, path] : found)
         paths.push_back(std::move(path));
-    }
     return paths;
 }
 

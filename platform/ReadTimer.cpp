@@ -17,19 +17,16 @@ ReadTimer::ReadTimer(const SerialTimeouts& timeouts, std::size_t wantedBytes, Ti
 }
 
 void ReadTimer::noteBytes(Time now) {
-    if (interval_.count() != 0) {
+    if (interval_.count() != 0)
         gapEnd_ = now + interval_;
-    }
 }
 
 std::optional<milliseconds> ReadTimer::left(Time now) const {
     std::optional<Time> end = totalEnd_;
-    if (gapEnd_ && (!end || *gapEnd_ < *end)) {
+    if (gapEnd_ && (!end || *gapEnd_ < *end))
         end = gapEnd_;
-    }
-    if (!end) {
+    if (!end)
         return std::nullopt;
-    }
     return std::max(milliseconds(0), std::chrono::ceil<milliseconds>(*end - now));
 }
 

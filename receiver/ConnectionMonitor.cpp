@@ -84,9 +84,8 @@ SentenceSource& ConnectionMonitor::watched() {
 std::string ConnectionMonitor::connectionStatus(bool open) {
     if (open) {
         std::string failure = startSource();
-        if (!failure.empty()) {
+        if (!failure.empty())
             return failure;
-        }
     }
     // Asked in every step, also with a fix: otherwise the bytes of the good times would count as
     // news when the receiver has fallen silent.
@@ -101,15 +100,12 @@ std::string ConnectionMonitor::connectionStatus(bool open) {
         const std::string state = watched().stateText();
         return waitingFor(state.empty() ? text(kReceiverTexts.noActivity) : state);
     }
-    if ((flags & SentenceFlag::kChecksumCorrect) == 0) {
+    if ((flags & SentenceFlag::kChecksumCorrect) == 0)
         return waitingFor(text(kReceiverTexts.waitingForNmea));
-    }
-    if ((flags & SentenceFlag::kRmcOrVtg) == 0) {
+    if ((flags & SentenceFlag::kRmcOrVtg) == 0)
         return withLabel(sourceLabel(), text(kReceiverTexts.waitingForCourse));
-    }
-    if ((flags & SentenceFlag::kGga) == 0) {
+    if ((flags & SentenceFlag::kGga) == 0)
         return withLabel(sourceLabel(), text(kReceiverTexts.waitingForAltitude));
-    }
     return std::string(text(kReceiverTexts.locatingSatellites));
 }
 
@@ -120,25 +116,20 @@ std::string ConnectionMonitor::startSource() {
         // port finds it again. What it said is not to be taken for news of the next one.
         source.stop();
     }
-    if (source.isRunning()) {
+    if (source.isRunning())
         return {};
-    }
     parts_.input.store().reset();
     connected_ = false;
-    if (scanning()) {
+    if (scanning())
         nextScanEntry();
-    }
-    if (otherSource_ == nullptr) {
+    if (otherSource_ == nullptr)
         parts_.gpsPort.choose(portToOpen());
-    }
     const std::string failure = source.start(parts_.listener);
-    if (failure.empty()) {
+    if (failure.empty())
         return {};
-    }
     std::string status = portLabel(true) + "\n" + failure;
-    if (scanning()) {
+    if (scanning())
         skipScannedPort();
-    }
     scanDeadlineMs_ = 0;
     source.stop();
     return status;
@@ -157,9 +148,8 @@ void ConnectionMonitor::nextScanEntry() {
 
 void ConnectionMonitor::skipScannedPort() {
     const int port = entryAt(scanIndex_).port;
-    while (scanIndex_ + 1 < kScanEntries && entryAt(scanIndex_ + 1).port == port) {
+    while (scanIndex_ + 1 < kScanEntries && entryAt(scanIndex_ + 1).port == port)
         ++scanIndex_;
-    }
     if (scanIndex_ + 1 >= kScanEntries) {
         scanIndex_ = -1;
         scanDwellMs_ += kDwellGrowthMs;
@@ -171,13 +161,11 @@ PortSettings ConnectionMonitor::portToOpen() const {
 }
 
 void ConnectionMonitor::storeFoundPort() {
-    if (!scanning() || scanIndex_ < 0) {
+    if (!scanning() || scanIndex_ < 0)
         return;
-    }
     const std::string found = settingsOf(entryAt(scanIndex_)).format();
-    if (parts_.profile.getString("Options", "Port", "") == found) {
+    if (parts_.profile.getString("Options", "Port", "") == found)
         return;
-    }
     // The mark tells a later run that this port was found, not chosen: it may look again.
     parts_.profile.setInt("Options", "PortScanned", 1, true);
     parts_.profile.setString("Options", "Port", found, false);
@@ -195,12 +183,10 @@ std::string ConnectionMonitor::waitingFor(std::string_view what) {
 bool ConnectionMonitor::deadlinePassed() const { return parts_.clock.tickMs() >= scanDeadlineMs_; }
 
 std::string ConnectionMonitor::portLabel(bool forGps) const {
-    if (otherSource_ != nullptr) {
+    if (otherSource_ != nullptr)
         return otherSource_->label();
-    }
-    if (!forGps) {
+    if (!forGps)
         return choice_.gyro.label();
-    }
     return scanning() && scanIndex_ < 0 ? std::string() : portToOpen().label();
 }
 
@@ -234,9 +220,8 @@ void ConnectionMonitor::gpsTick() {
             store.trace("bGpsDead=TRUE");
         }
     }
-    for (const std::string& command : input.decoder().takeCommands()) {
+    for (const std::string& command : input.decoder().takeCommands())
         parts_.gpsPort.write(command);
-    }
     if (dead && !input.isSupplanted()) {
         store.reset();
         store.trace("*** gps commands not received ***");
@@ -249,16 +234,13 @@ bool ConnectionMonitor::silentFor5Seconds(bool queueEmpty) {
         lastSentenceTickMs_ = now;
         return false;
     }
-    if (lastSentenceTickMs_ == kDeclaredDead) {
+    if (lastSentenceTickMs_ == kDeclaredDead)
         return false;
-    }
-    if (lastSentenceTickMs_ == 0 || lastSentenceTickMs_ > now) {
+    if (lastSentenceTickMs_ == 0 || lastSentenceTickMs_ > now)
         lastSentenceTickMs_ = now;
-    }
     const std::int64_t silence = now - lastSentenceTickMs_;
-    if (silence < kSilenceMs) {
+    if (silence < kSilenceMs)
         return false;
-    }
     parts_.input.store().trace("bGpsDead=TRUE " + formatInt(scanIndex_) + " " + formatInt(now) +
                                " " + formatInt(lastSentenceTickMs_) + " " + formatInt(silence));
     lastSentenceTickMs_ = kDeclaredDead;

@@ -70,18 +70,16 @@ struct Flight {
         const GeoPoint from = position;
         PointAtRadialDistance(from.lat, from.lon, speedKt / 3600 / kNmPerRadian,
                               courseDeg * kDegree, position.lat, position.lon);
-        if (toGoNm < kReachedNm) {
+        if (toGoNm < kReachedNm)
             ++next;
-        }
     }
 };
 
 void append(std::string& log, std::string_view body) {
     constexpr std::string_view kHex = "0123456789ABCDEF";
     unsigned checksum = 0;
-    for (const char c : body) {
+    for (const char c : body)
         checksum ^= static_cast<unsigned char>(c);
-    }
     log += '$';
     log += body;
     log += '*';

@@ -30,14 +30,12 @@ void GpsFixStore::trace(std::string_view sentence, std::string_view tag) {
 }
 
 void GpsFixStore::trace(std::string line) {
-    if (!tracing_) {
+    if (!tracing_)
         return;
-    }
     constexpr std::size_t kMostLines = 4096;
     const auto shared = shared_.lock();
-    if (shared->trace.size() >= kMostLines) {
+    if (shared->trace.size() >= kMostLines)
         shared->trace.erase(shared->trace.begin(), shared->trace.begin() + kMostLines / 2);
-    }
     shared->trace.push_back(std::move(line));
 }
 

@@ -8,18 +8,15 @@ GpsInput::GpsInput(const Clock& clock, LineOutlets outlets)
     : clock_(clock), receiver_(store_, queue_, std::move(outlets)), decoder_(store_) {}
 
 void GpsInput::decode(SentenceQueue& held) {
-    if (!isSupplanted()) {
-        for (const auto& [sentence, arrivedMs] : held.sentences()) {
+    if (!isSupplanted())
+        for (const auto& [sentence, arrivedMs] : held.sentences())
             decoder_.decodeSentence(sentence, arrivedMs);
-        }
-    }
     held.clear();
 }
 
 bool GpsInput::hasFix(bool need3D) {
-    if (isSupplanted()) {
+    if (isSupplanted())
         return true;
-    }
     constexpr int kFewestSatellites = 3;
     const GpsFix fix = store_.copy();
     return fix.fixQuality != 0 &&

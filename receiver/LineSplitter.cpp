@@ -31,9 +31,8 @@ void LineSplitter::appendPiece(std::string_view bytes) {
     }
     if (resyncing_) {
         bytes = afterDelimiter(bytes);
-        if (resyncing_) {
+        if (resyncing_)
             return;
-        }
         buffered_ = 0;
     }
     std::copy(bytes.begin(), bytes.end(), buffer_.begin() + static_cast<std::ptrdiff_t>(buffered_));
@@ -59,9 +58,8 @@ std::size_t LineSplitter::extendMatch(std::size_t matched, char next) const {
     std::string seen(delimiter.substr(0, matched));
     seen.push_back(next);
     std::string_view tail = seen;
-    while (!delimiter.starts_with(tail)) {
+    while (!delimiter.starts_with(tail))
         tail.remove_prefix(1);
-    }
     return tail.size();
 }
 
@@ -70,14 +68,12 @@ int LineSplitter::readLine(std::span<char> out) {
     const std::size_t longest = out.size() - 1;
     std::size_t length = std::min(buffered_, longest);
     if (delimiter_.empty()) {
-        if (length == 0) {
+        if (length == 0)
             return kNoLine;
-        }
     } else {
         length = content().find(delimiter_);
-        if (length == std::string_view::npos) {
+        if (length == std::string_view::npos)
             return kNoLine;
-        }
     }
     const bool fits = length <= longest;
     if (fits) {

@@ -14,9 +14,8 @@ constexpr std::int64_t kDayMs = 24LL * 60 * 60 * 1000;
 std::string_view fieldOf(std::string_view line, std::size_t number) {
     for (; number > 0; --number) {
         const std::size_t comma = line.find(',');
-        if (comma == std::string_view::npos) {
+        if (comma == std::string_view::npos)
             return {};
-        }
         line.remove_prefix(comma + 1);
     }
     return line.substr(0, line.find_first_of(",*\r\n"));
@@ -25,23 +24,20 @@ std::string_view fieldOf(std::string_view line, std::size_t number) {
 /// Milliseconds since midnight from "hhmmss" with an optional fraction.
 std::optional<std::int64_t> timeFromField(std::string_view field) {
     constexpr std::size_t kWholeDigits = 6;
-    if (field.size() < kWholeDigits) {
+    if (field.size() < kWholeDigits)
         return std::nullopt;
-    }
     std::int64_t digits = 0;
     for (const char c : field.substr(0, kWholeDigits)) {
-        if (c < '0' || c > '9') {
+        if (c < '0' || c > '9')
             return std::nullopt;
-        }
         digits = digits * 10 + (c - '0');
     }
     std::int64_t ms = ((digits / 10000 * 60 + digits / 100 % 100) * 60 + digits % 100) * 1000;
     if (field.size() > kWholeDigits && field[kWholeDigits] == '.') {
         std::int64_t weight = 100;
         for (const char c : field.substr(kWholeDigits + 1)) {
-            if (c < '0' || c > '9' || weight == 0) {
+            if (c < '0' || c > '9' || weight == 0)
                 break;
-            }
             ms += (c - '0') * weight;
             weight /= 10;
         }
@@ -51,13 +47,11 @@ std::optional<std::int64_t> timeFromField(std::string_view field) {
 
 std::optional<std::int64_t> timeOf(std::string_view line) {
     const std::string_view name = fieldOf(line, 0);
-    if (name.size() != 6 || name.front() != '$') {
+    if (name.size() != 6 || name.front() != '$')
         return std::nullopt;
-    }
     const std::string_view kind = name.substr(3);
-    if (kind == "RMC" || kind == "GGA") {
+    if (kind == "RMC" || kind == "GGA")
         return timeFromField(fieldOf(line, 1));
-    }
     return kind == "GLL" ? timeFromField(fieldOf(line, 5)) : std::nullopt;
 }
 
@@ -71,9 +65,8 @@ void appendLine(std::string& bytes, std::string_view line) {
     const bool lacksReturn =
         line.starts_with('$') && line.ends_with('\n') && !line.ends_with("\r\n");
     bytes += lacksReturn ? line.substr(0, line.size() - 1) : line;
-    if (lacksReturn) {
+    if (lacksReturn)
         bytes += "\r\n";
-    }
 }
 
 /// Decides, line by line, where a burst ends.
@@ -97,9 +90,8 @@ class BurstFinder {
             first_ = std::string(name);
             time_.reset();
         }
-        if (time) {
+        if (time)
             time_ = time;
-        }
         return gap;
     }
 
@@ -118,15 +110,13 @@ std::vector<ReplayStep> makeReplayScript(std::string_view log) {
         const std::size_t length = end == std::string_view::npos ? log.size() : end + 1;
         const std::string_view line = log.substr(0, length);
         log.remove_prefix(length);
-        if (line.front() == '#') {
+        if (line.front() == '#')
             continue;
-        }
         const std::optional<std::int64_t> gap = finder.next(line);
-        if (script.empty()) {
+        if (script.empty())
             script.push_back({0, {}});
-        } else if (gap) {
+        else if (gap)
             script.push_back({script.back().offsetMs + *gap, {}});
-        }
         appendLine(script.back().bytes, line);
     }
     return script;

@@ -21,15 +21,12 @@ ReplaySource::ReplaySource(std::vector<ReplayStep> script, Options options, cons
     : script_(std::move(script)), options_(std::move(options)), clock_(clock) {}
 
 std::string ReplaySource::start(SentenceListener& listener) {
-    if (isRunning()) {
+    if (isRunning())
         return {};
-    }
-    if (script_.empty()) {
+    if (script_.empty())
         return std::string(text(kReceiverTexts.nothingToReplay));
-    }
-    if (!stop_) {
+    if (!stop_)
         return std::string(text(kReceiverTexts.noThread));
-    }
     stop_.reset();
     isOver_ = false;
     splitter_.clear();
@@ -39,9 +36,8 @@ std::string ReplaySource::start(SentenceListener& listener) {
 
 void ReplaySource::stop() {
     stop_.set();
-    if (thread_.joinable()) {
+    if (thread_.joinable())
         thread_.join();
-    }
     activity_.clear();
 }
 
@@ -53,9 +49,8 @@ void ReplaySource::play(SentenceListener& listener) {
     do {
         started_ = std::chrono::steady_clock::now();
         for (const ReplayStep& step : script_) {
-            if (!waitUntil(step.offsetMs)) {
+            if (!waitUntil(step.offsetMs))
                 return;
-            }
             deliver(step.bytes, listener);
         }
     } while (options_.loop && waitUntil(script_.back().offsetMs + kLoopPauseMs));
@@ -79,11 +74,9 @@ void ReplaySource::deliver(std::string_view bytes, SentenceListener& listener) {
         bytes.remove_prefix(piece.size());
         splitter_.append(piece);
         for (int length = splitter_.readLine(line); length != LineSplitter::kNoLine;
-             length = splitter_.readLine(line)) {
-            if (length > 0) {
+             length = splitter_.readLine(line))
+            if (length > 0)
                 listener.onLine({line.data(), static_cast<std::size_t>(length)}, clock_.tickMs());
-            }
-        }
     }
 }
 

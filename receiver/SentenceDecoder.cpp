@@ -44,9 +44,8 @@ std::optional<double> decimal(std::string_view field) {
 std::optional<double> coordinate(std::string_view digits, std::string_view side,
                                  std::string_view negativeSide) {
     const auto value = decimal(digits);
-    if (!value) {
+    if (!value)
         return std::nullopt;
-    }
     const double w = *value * (side == negativeSide ? -1 : 1) * 0.01;
     const double degrees = TruncTowardZero(w);
     return ((w - degrees) * 100 / 60 + degrees) * kDegToRad;
@@ -72,14 +71,12 @@ void SentenceDecoder::decodeSentence(std::string_view text, std::int64_t arrived
     FieldStore store;
     const Fields fields = split(text, store);
     for (const Kind& kind : kKinds) {
-        if (fields.front() != kind.name) {
+        if (fields.front() != kind.name)
             continue;
-        }
-        if (fields.size() < kind.fewestFields) {
+        if (fields.size() < kind.fewestFields)
             trace(kind.tooShort);
-        } else {
+        else
             (this->*kind.decode)(fields);
-        }
         return;
     }
 }
@@ -98,35 +95,30 @@ void SentenceDecoder::decodeRmc(Fields fields) {
         return;
     }
     store_.own().rmcPositionValid = storePosition(fields, 3, 5) ? 1 : 0;
-    if (const auto knots = decimal(fields[7])) {
+    if (const auto knots = decimal(fields[7]))
         storeGroundSpeed(*knots);
-    }
     storeVariation(fields[10], fields[11]);
     storeTrack(fields[8]);
 }
 
 void SentenceDecoder::decodeVtg(Fields fields) {
     raise(SentenceFlag::kRmcOrVtg);
-    if (const auto knots = decimal(fields[5])) {
+    if (const auto knots = decimal(fields[5]))
         storeGroundSpeed(*knots);
-    } else if (const auto kilometres = decimal(fields[7])) {
+    else if (const auto kilometres = decimal(fields[7]))
         storeGroundSpeed(*kilometres * kNmPerKilometre);
-    }
     storeTrack(fields[1]);
 }
 
 void SentenceDecoder::decodeGga(Fields fields) {
     raise(SentenceFlag::kGga);
     GpsFix& fix = store_.own();
-    if (fix.rmcPositionValid == 0) {
+    if (fix.rmcPositionValid == 0)
         storePosition(fields, 2, 4);
-    }
-    if (!fields[7].empty()) {
+    if (!fields[7].empty())
         fix.satsInUse = ParseInt(fields[7]);
-    }
-    if (!fields[6].empty()) {
+    if (!fields[6].empty())
         storeQuality(fields[6]);
-    }
     storeAltitude(fields[9]);
     startSbas();
 }
@@ -143,11 +135,9 @@ void SentenceDecoder::decodeGsv(Fields fields) {
     // A cycle may be longer than the table: what has no slot is left out, but ends the cycle.
     if (number >= 1 && number <= kMessages) {
         std::size_t slot = kGroupSize * static_cast<std::size_t>(number - 1);
-        for (std::size_t at = kGroupSize; at < fields.size(); at += kGroupSize, ++slot) {
-            if (!fields[at].empty()) {
+        for (std::size_t at = kGroupSize; at < fields.size(); at += kGroupSize, ++slot)
+            if (!fields[at].empty())
                 assembly_.at(slot) = satelliteWord(fields.subspan(at, kGroupSize));
-            }
-        }
     }
     if (number == last) {
         store_.shared().lock()->satellites = assembly_;
@@ -158,17 +148,15 @@ void SentenceDecoder::decodeGsv(Fields fields) {
 
 void SentenceDecoder::decodeGsa(Fields fields) {
     store_.own().fix3D = fields[2] == "3" ? 1 : 0;
-    for (std::size_t i = 0; i < used_.size(); ++i) {
+    for (std::size_t i = 0; i < used_.size(); ++i)
         used_.at(i) = ParseInt(fields[3 + i]);
-    }
 }
 
 bool SentenceDecoder::storePosition(Fields fields, std::size_t latitude, std::size_t longitude) {
     const auto lat = coordinate(fields[latitude], fields[latitude + 1], "S");
     const auto lon = coordinate(fields[longitude], fields[longitude + 1], "W");
-    if (!lat || !lon) {
+    if (!lat || !lon)
         return false;
-    }
     store_.own().position = {*lat, *lon};
     store_.own().positionTickMs = arrivedMs_;
     return true;
@@ -198,11 +186,10 @@ void SentenceDecoder::storeAltitude(std::string_view metres) {
 
 void SentenceDecoder::storeVariation(std::string_view degrees, std::string_view side) {
     double& variation = store_.own().magVariation;
-    if (side != "E" && side != "W") {
+    if (side != "E" && side != "W")
         variation = kNoAngle;
-    } else if (const auto value = decimal(degrees)) {
+    else if (const auto value = decimal(degrees))
         variation = *value * (side == "E" ? -1 : 1);
-    }
 }
 
 void SentenceDecoder::storeQuality(std::string_view quality) {
@@ -232,18 +219,15 @@ std::uint32_t SentenceDecoder::satelliteWord(Fields group) const {
 }
 
 void SentenceDecoder::startSbas() {
-    if (sbasDone_ || !IsValid(store_.own().position)) {
+    if (sbasDone_ || !IsValid(store_.own().position))
         return;
-    }
     const auto port = PortSettings::parse(portText_);
-    if (!port) {
+    if (!port)
         return;
-    }
     sbasDone_ = true;
     const GeoPoint position = store_.own().position;
-    if (position.lat < 0 || port->speed != "38400" || port->rest.empty()) {
+    if (position.lat < 0 || port->speed != "38400" || port->rest.empty())
         return;
-    }
     const double longitudeDeg = position.lon * kRadToDeg;
     if (longitudeDeg >= -120 && longitudeDeg <= -30) {
         commands_.emplace_back("$PSRF151,01*0F\r\n");

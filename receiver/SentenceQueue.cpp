@@ -13,11 +13,9 @@ std::string_view idOf(std::string_view sentence) { return sentence.substr(0, sen
 
 void SentenceQueue::replace(std::string_view id, std::string_view sentence,
                             std::int64_t arrivedMs) {
-    for (std::size_t i = count_; i-- > 0;) {
-        if (idOf(slots_[i].text) == id) {
+    for (std::size_t i = count_; i-- > 0;)
+        if (idOf(slots_[i].text) == id)
             removeAt(i);
-        }
-    }
     push(sentence, arrivedMs);
 }
 
@@ -25,18 +23,16 @@ void SentenceQueue::append(std::string_view sentence, std::int64_t arrivedMs) {
     if (count_ >= kMostWaiting) {
         const auto oldest = std::ranges::find(
             sentences(), idOf(sentence), [](const Waiting& waiting) { return idOf(waiting.text); });
-        if (oldest == sentences().end()) {
+        if (oldest == sentences().end())
             return;
-        }
         removeAt(static_cast<std::size_t>(oldest - sentences().begin()));
     }
     push(sentence, arrivedMs);
 }
 
 void SentenceQueue::push(std::string_view sentence, std::int64_t arrivedMs) {
-    if (count_ == slots_.size()) {
+    if (count_ == slots_.size())
         slots_.emplace_back();
-    }
     Waiting& slot = slots_[count_++];
     slot.text.assign(sentence);
     slot.arrivedMs = arrivedMs;

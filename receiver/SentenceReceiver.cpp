@@ -40,9 +40,8 @@ bool areAllowed(std::string_view line) {
 void SentenceReceiver::onSentence(std::string_view text, std::int64_t arrivedMs) {
     const std::string_view line = text.substr(0, text.find('\r'));
     if (line.empty() || line.front() != '$') {
-        if (outlets_.answer && (text == "ASTRAL" || text == "ASTRAL\r")) {
+        if (outlets_.answer && (text == "ASTRAL" || text == "ASTRAL\r"))
             outlets_.answer("ASTRAL\r\n");
-        }
         return;
     }
     if (!areAllowed(line)) {
@@ -51,14 +50,12 @@ void SentenceReceiver::onSentence(std::string_view text, std::int64_t arrivedMs)
     }
     const std::string_view id = line.substr(0, line.find(','));
     if (id == "$RPY") {
-        if (outlets_.attitude) {
+        if (outlets_.attitude)
             outlets_.attitude(line);
-        }
         return;
     }
-    if (!checksumCorrect(line)) {
+    if (!checksumCorrect(line))
         return;
-    }
     store_.shared().lock()->sentenceFlags |= SentenceFlag::kChecksumCorrect;
     const std::optional<std::string_view> kind = usedSentence(id);
     if (!kind) {
@@ -67,11 +64,10 @@ void SentenceReceiver::onSentence(std::string_view text, std::int64_t arrivedMs)
     }
     {
         const auto queue = queue_.lock();
-        if (*kind != kInView) {
+        if (*kind != kInView)
             queue->replace(id, line, arrivedMs);
-        } else if (satellitesWanted_) {
+        else if (satellitesWanted_)
             queue->append(line, arrivedMs);
-        }
     }
     traceAccepted(line, arrivedMs);
 }
@@ -84,9 +80,8 @@ bool SentenceReceiver::checksumCorrect(std::string_view line) {
         return false;
     }
     unsigned char sum = 0;
-    for (const char c : line.substr(1, asterisk - 1)) {
+    for (const char c : line.substr(1, asterisk - 1))
         sum ^= static_cast<unsigned char>(c);
-    }
     std::string_view digits = line.substr(asterisk + 1);
     if (scanHex(digits) != sum) {
         store_.trace(line, " checksum failed");

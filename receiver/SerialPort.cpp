@@ -45,9 +45,8 @@ std::optional<std::uint32_t> matchSpeed(std::string_view text) {
     const auto* const found =
         std::find_if(kSpeeds.begin(), kSpeeds.end(),
                      [&](std::string_view speed) { return text.starts_with(speed); });
-    if (found == kSpeeds.end()) {
+    if (found == kSpeeds.end())
         return std::nullopt;
-    }
     return static_cast<std::uint32_t>(parseNumber(*found));
 }
 
@@ -96,25 +95,20 @@ std::string SerialPort::open(std::string_view settings) {
     settings_.clear();
     activity_.clear();
     readFailed_ = false;
-    if (isOpen()) {
+    if (isOpen())
         return std::string(text(kReceiverTexts.portOpen));
-    }
     const PortSettings wanted = PortSettings::parse(settings).value_or(PortSettings{});
-    if (wanted.device.size() >= kNameLimit) {
+    if (wanted.device.size() >= kNameLimit)
         return std::string(text(kReceiverTexts.badSetting));
-    }
-    if (!makeEvents()) {
+    if (!makeEvents())
         return openFailedText(kErrorTooManyOpenFiles);
-    }
     const std::string path = std::string(kDevicePrefix) + wanted.device;
     SystemError error = kNoError;
     auto device = opener_(path, error);
-    if (device == nullptr) {
+    if (device == nullptr)
         return openFailedText(error);
-    }
-    if (std::string failure = setUpLine(*device, wanted.speed); !failure.empty()) {
+    if (std::string failure = setUpLine(*device, wanted.speed); !failure.empty())
         return failure;
-    }
     device_ = std::move(device);
     devicePath_ = path;
     portNumber_ = numberAfterM(settings);
@@ -124,47 +118,42 @@ std::string SerialPort::open(std::string_view settings) {
 
 /// Those that are still missing; false when the system has none to give.
 bool SerialPort::makeEvents() {
-    return std::ranges::all_of(std::array{&stopEvent_, &writeEvent_, &threadEnded_},
-                               [this](Event* event) {
-                                   if (!*event) {
-                                       *event = threading_.makeEvent(Event::Reset::Manual);
-                                   }
-                                   return static_cast<bool>(*event);
-                               });
+    return std::ranges::all_of(
+        std::array{&stopEvent_, &writeEvent_, &threadEnded_},
+        [this](Event* event) {
+            if (!*event)
+                *event = threading_.makeEvent(Event::Reset::Manual);
+            return static_cast<bool>(*event);
+        });
 }
 
 std::string SerialPort::setUpLine(SerialDevice& device, std::string_view speed) const {
     LineSettings before;
-    if (device.readLineSettings(before) != kNoError) {
+    if (device.readLineSettings(before) != kNoError)
         return std::string(text(kReceiverTexts.portUsed));
-    }
     const auto baud = matchSpeed(speed);
-    if (!baud) {
+    if (!baud)
         return std::string(text(kReceiverTexts.unsupportedBaud));
-    }
     SystemError error = device.applyLineSettings(nmeaLine(before, *baud));
     if (error == kErrorInvalidParameter) {
         // A speed that this device cannot run at.
         return std::string(text(kReceiverTexts.unsupportedBaud));
     }
-    if (error == kNoError) {
+    if (error == kNoError)
         error = device.setTimeouts(timeoutsAt(*baud));
-    }
     return error == kNoError ? std::string() : openFailedText(error);
 }
 
 void SerialPort::startThread() {
-    if (!isOpen() || thread_.joinable()) {
+    if (!isOpen() || thread_.joinable())
         return;
-    }
     stopEvent_.reset();
     threadEnded_.reset();
     failuresInARow_ = 0;
     abortsInARow_ = 0;
     thread_ = threading_.startThread([this] { run(); });
-    if (!thread_.joinable()) {
+    if (!thread_.joinable())
         readFailed_ = true;  // no thread to be had: as silent as a dead device
-    }
 }
 
 void SerialPort::setListener(LineListener* listener) { *listener_.lock() = listener; }
@@ -184,9 +173,8 @@ void SerialPort::close() {
 }
 
 void SerialPort::stopThread() {
-    if (!thread_.joinable()) {
+    if (!thread_.joinable())
         return;
-    }
     stopEvent_.set();
     // Repeated, since an abort may come just before the transfer that it was meant for.
     do {
@@ -197,15 +185,13 @@ void SerialPort::stopThread() {
 }
 
 void SerialPort::write(std::string_view bytes) {
-    if (bytes.empty() || !isOpen()) {
+    if (bytes.empty() || !isOpen())
         return;
-    }
     trace(bytes, "wrt");
     // The port's own thread, in a listener, would wait for itself.
     const bool mayWait = std::this_thread::get_id() != threadId_.load();
-    for (int step = 0; mayWait && step < kWriteSteps && writeEvent_.isSet(); ++step) {
+    for (int step = 0; mayWait && step < kWriteSteps && writeEvent_.isSet(); ++step)
         std::this_thread::sleep_for(kWriteStep);
-    }
     const auto pending = pendingWrite_.lock();
     if (pending->size() + bytes.size() <= kPendingLimit) {
         pending->append(bytes);
@@ -222,9 +208,8 @@ void SerialPort::setDelimiter(std::string_view delimiter) {
 void SerialPort::setTrace(TraceHook hook) { traceHook_ = std::move(hook); }
 
 void SerialPort::trace(std::string_view bytes, std::string_view tag) const {
-    if (traceHook_) {
+    if (traceHook_)
         traceHook_(bytes, tag);
-    }
 }
 
 void SerialPort::run() {
@@ -234,9 +219,8 @@ void SerialPort::run() {
     while (!stopEvent_.isSet()) {
         sendPending();
         readWaiting();
-        if (readFailed_) {
+        if (readFailed_)
             timeout = Event::kInfinite;
-        }
         Event::waitAny({&stopEvent_, &writeEvent_}, timeout);
     }
     threadEnded_.set();
@@ -266,20 +250,17 @@ void SerialPort::readWaiting() {
 bool SerialPort::readChunk() {
     std::array<char, LineSplitter::kCapacity> chunk;  // NOLINT(*-member-init): filled by the reads
     const SerialDevice::Transfer first = device_->read(std::span(chunk).first(1));
-    if (first.error != kNoError) {
+    if (first.error != kNoError)
         return retriesAfter(first.error);
-    }
     failuresInARow_ = 0;
     abortsInARow_ = 0;
-    if (first.count == 0) {
+    if (first.count == 0)
         return false;
-    }
     const std::size_t wanted = std::max<std::size_t>(buffer_.lock()->room(), 1);
     const SerialDevice::Transfer rest = device_->read(std::span(chunk).subspan(1, wanted - 1));
     receive({chunk.data(), 1 + rest.count});
-    if (rest.error != kNoError) {
+    if (rest.error != kNoError)
         return retriesAfter(rest.error);
-    }
     return 1 + rest.count == wanted;
 }
 
@@ -292,9 +273,8 @@ bool SerialPort::retriesAfter(SystemError error) {
         return abortsInARow_ != 0;
     }
     ++failuresInARow_;
-    if (error == kErrorDeviceFailure || failuresInARow_ >= kFailureLimit) {
+    if (error == kErrorDeviceFailure || failuresInARow_ >= kFailureLimit)
         readFailed_ = true;
-    }
     return false;
 }
 
@@ -311,16 +291,13 @@ void SerialPort::deliverLines() {
     std::array<char, kMaxLineLength + 1> line{};
     while (hasListener()) {
         const int length = readLine(line);
-        if (length == LineSplitter::kNoLine) {
+        if (length == LineSplitter::kNoLine)
             return;
-        }
-        if (length <= 0) {
+        if (length <= 0)
             continue;
-        }
         const auto listener = listener_.lock();
-        if (*listener != nullptr) {
+        if (*listener != nullptr)
             (*listener)->onLine(*this, {line.data(), static_cast<std::size_t>(length)});
-        }
     }
 }
 

@@ -11,9 +11,8 @@ namespace korvel {
 class CommaLocale {
  public:
     CommaLocale() : streams_(std::locale::global(std::locale(std::locale(), new CommaNumbers))) {
-        for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "de_DE"}) {
-            if (std::setlocale(LC_ALL, name) != nullptr) { break; }
-        }
+        for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "de_DE"})
+            if (std::setlocale(LC_ALL, name) != nullptr) break;
     }
     CommaLocale(const CommaLocale&) = delete;
     CommaLocale& operator=(const CommaLocale&) = delete;

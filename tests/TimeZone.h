@@ -10,18 +10,17 @@ namespace korvel {
 class TimeZone {
  public:
     explicit TimeZone(const char* zone) {
-        if (const char* const former = std::getenv("TZ")) { former_ = former; }
+        if (const char* const former = std::getenv("TZ")) former_ = former;
         setenv("TZ", zone, 1);
         tzset();
     }
     TimeZone(const TimeZone&) = delete;
     TimeZone& operator=(const TimeZone&) = delete;
     ~TimeZone() {
-        if (former_.empty()) {
+        if (former_.empty())
             unsetenv("TZ");
-        } else {
+        else
             setenv("TZ", former_.c_str(), 1);
-        }
         tzset();
     }
 

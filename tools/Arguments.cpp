@@ -17,15 +17,13 @@ namespace {
 
 template <class Number>
 std::optional<Number> wholeNumber(std::string_view text) {
-    if (text.starts_with('+') && !text.starts_with("+-")) {
+    if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
-    }
     Number value{};
     const char* end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc() || stop != end) {
+    if (error != std::errc() || stop != end)
         return std::nullopt;
-    }
     return value;
 }
 
@@ -34,9 +32,8 @@ std::optional<LocalTime> readLocalTime(std::string_view text) {
     const auto fits = [](char c, char form) {
         return form == 'd' ? c >= '0' && c <= '9' : c == form;
     };
-    if (text.size() != kForm.size() || !std::ranges::equal(text, kForm, fits)) {
+    if (text.size() != kForm.size() || !std::ranges::equal(text, kForm, fits))
         return std::nullopt;
-    }
     const auto part = [text](std::size_t start, std::size_t length) {
         return wholeNumber<int>(text.substr(start, length)).value_or(-1);
     };
@@ -52,17 +49,15 @@ void usageError(const std::string& message) {
 
 double toNumber(std::string_view text) {
     const std::optional<double> value = wholeNumber<double>(text);
-    if (!value || !std::isfinite(*value)) {
+    if (!value || !std::isfinite(*value))
         usageError("Not a number: " + std::string(text));
-    }
     return *value;
 }
 
 int toInt(std::string_view text) {
     const std::optional<int> value = wholeNumber<int>(text);
-    if (!value) {
+    if (!value)
         usageError("Not a whole number of 32 bits: " + std::string(text));
-    }
     return *value;
 }
 
@@ -72,24 +67,20 @@ std::vector<double> toNumbers(std::string_view text, std::size_t least, std::siz
     for (;;) {
         const std::size_t comma = std::min(rest.find(','), rest.size());
         numbers.push_back(toNumber(rest.substr(0, comma)));
-        if (comma == rest.size()) {
+        if (comma == rest.size())
             break;
-        }
         rest.remove_prefix(comma + 1);
     }
-    if (numbers.size() < least || numbers.size() > most) {
+    if (numbers.size() < least || numbers.size() > most)
         usageError("Wrong count of numbers: " + std::string(text));
-    }
     return numbers;
 }
 
 GeoPoint toPosition(double latDeg, double lonDeg) {
-    if (std::abs(latDeg) > 90) {
+    if (std::abs(latDeg) > 90)
         usageError("Latitude beyond 90 degrees");
-    }
-    if (std::abs(lonDeg) > 180) {
+    if (std::abs(lonDeg) > 180)
         usageError("Longitude beyond 180 degrees");
-    }
     return {latDeg * kDegToRad, lonDeg * kDegToRad};
 }
 
@@ -100,9 +91,8 @@ GeoPoint toPosition(std::string_view text) {
 
 LocalTime toLocalTime(std::string_view text) {
     const std::optional<LocalTime> time = readLocalTime(text);
-    if (!time) {
+    if (!time)
         usageError("Not a time YYYY-MM-DDTHH:MM:SS: " + std::string(text));
-    }
     return *time;
 }
 

@@ -36,9 +36,8 @@ class FeedDevice::Line final : public SerialDevice {
                                     [this] { return aborted_ || !feed_.arriving_.empty(); });
             feed_.idle_ = feed_.arriving_.empty();
         }
-        if (aborted_) {
+        if (aborted_)
             return {kErrorOperationAborted, 0};
-        }
         const std::size_t count = feed_.arriving_.copy(into.data(), into.size());
         feed_.arriving_.erase(0, count);
         undelivered_ = undelivered_ || count != 0;
@@ -68,9 +67,8 @@ SerialDeviceOpener FeedDevice::opener() {
 
 void FeedDevice::send(std::string_view bytes) {
     std::unique_lock lock(mutex_);
-    if (openLines_ == 0 || bytes.empty()) {
+    if (openLines_ == 0 || bytes.empty())
         return;
-    }
     arriving_ = bytes;
     idle_ = false;
     changed_.notify_all();

@@ -149,9 +149,8 @@ class FlownRun {
         if (!options_.nmea.empty()) {
             std::error_code unknown;
             log_.open(options_.nmea, std::ios::binary);
-            if (!log_ || std::filesystem::is_directory(options_.nmea, unknown)) {
+            if (!log_ || std::filesystem::is_directory(options_.nmea, unknown))
                 return "File Open Error: " + options_.nmea;
-            }
         }
         Flight& flight = document_->flight();
         if (!options_.sim.empty()) {
@@ -162,13 +161,11 @@ class FlownRun {
                                    .altitudeFt = values.size() > 4 ? RoundToInt(values[4]) : 0});
             flight.lookAround({});
         }
-        if (options_.steer == "on") {
+        if (options_.steer == "on")
             flight.simulator().steerAtOnce();
-        }
         flight.simulator().setSteering(options_.steer != "off");
-        if (!options_.plan.empty()) {
+        if (!options_.plan.empty())
             return flight.plan().open(options_.plan);
-        }
         return options_.route.empty() ? std::string() : flight.plan().enterRoute(options_.route);
     }
 
@@ -176,20 +173,17 @@ class FlownRun {
     std::string fly() {
         const int most = options_.ticks.empty() ? (options_.nmea.empty() ? kUsualTicks : INT_MAX)
                                                 : toInt(options_.ticks);
-        if (!options_.nmea.empty()) {
+        if (!options_.nmea.empty())
             document_->tick();  // opens the port, which has heard nothing yet
-        }
         document_->beforeNavigation = [this] { giveCommands(); };
         for (int tick = 1; tick <= most && feed(); ++tick) {
             document_->tick();
-            if (call_.json()) {
+            if (call_.json())
                 Invocation::printJson(tickJson(tick, *document_));
-            } else {
+            else
                 std::cout << tickText(tick, *document_);
-            }
-            if (!refusal_.empty()) {
+            if (!refusal_.empty())
                 return refusal_;
-            }
             clock_.advanceMs(Flight::kTickMs);
         }
         return options_.trackOut.empty() ? std::string()
@@ -198,16 +192,14 @@ class FlownRun {
 
  private:
     static std::int32_t toHeading(double degrees) {
-        if (degrees != Simulator::kNoHeading && !(degrees >= 0 && degrees <= 360)) {
+        if (degrees != Simulator::kNoHeading && !(degrees >= 0 && degrees <= 360))
             usageError("The heading is not 0 to 360 degrees");
-        }
         return RoundToInt(degrees);
     }
 
     SerialDeviceOpener opener() {
-        if (!options_.nmea.empty()) {
+        if (!options_.nmea.empty())
             return feed_.opener();
-        }
         return [](std::string_view /*path*/, SystemError& error) -> std::unique_ptr<SerialDevice> {
             error = kErrorFileNotFound;
             return nullptr;
@@ -216,16 +208,14 @@ class FlownRun {
 
     /// Sends a tick's lines; false at the end of the log.
     bool feed() {
-        if (options_.nmea.empty()) {
+        if (options_.nmea.empty())
             return true;
-        }
         const int count = toInt(options_.linesPerTick);
         std::string bytes;
         std::string line;
         for (int i = 0; i < count && std::getline(log_, line); ++i) {
-            if (line.ends_with('\r')) {
+            if (line.ends_with('\r'))
                 line.pop_back();
-            }
             bytes += line + "\r\n";
         }
         feed_.send(bytes);
@@ -235,28 +225,23 @@ class FlownRun {
     /// Within the tick, once there is a position for what needs one.
     void giveCommands() {
         ActiveNavigation& navigation = document_->flight().navigation();
-        if (!IsValid(navigation.present().position)) {
+        if (!IsValid(navigation.present().position))
             return;
-        }
-        if (std::exchange(goToDue_, false)) {
+        if (std::exchange(goToDue_, false))
             refusal_ = goTo(navigation);
-        }
         if (std::exchange(directToDue_, false)) {
             const std::string said = navigation.DirectTo(options_.directTo, options_.obs);
-            if (!navigation.directLeg() || navigation.state().activeKey.empty()) {
+            if (!navigation.directLeg() || navigation.state().activeKey.empty())
                 refusal_ = said;
-            }
         }
     }
 
     std::string goTo(ActiveNavigation& navigation) const {
         std::size_t comma = 0;
-        for (int i = 0; i < 3 && comma != std::string::npos; ++i) {
+        for (int i = 0; i < 3 && comma != std::string::npos; ++i)
             comma = options_.goTo.find(',', i == 0 ? 0 : comma + 1);
-        }
-        if (comma == std::string::npos) {
+        if (comma == std::string::npos)
             usageError("--go-to takes LAT,LON,COURSE,NAME");
-        }
         const std::vector<double> values = toNumbers(options_.goTo.substr(0, comma), 3, 3);
         return navigation.GoToWithCourse(toPosition(values[0], values[1]), values[2],
                                          options_.goTo.substr(comma + 1));
@@ -282,17 +267,14 @@ int runFly(Invocation& call) {
     options.declare(call.options());
     call.declareNow();
     call.parse();
-    if (options.nmea.empty() == options.sim.empty()) {
+    if (options.nmea.empty() == options.sim.empty())
         usageError("Either --nmea or --sim is needed");
-    }
-    if (toInt(options.linesPerTick) < 1 || (!options.ticks.empty() && toInt(options.ticks) < 1)) {
+    if (toInt(options.linesPerTick) < 1 || (!options.ticks.empty() && toInt(options.ticks) < 1))
         usageError("Ticks and lines per tick are numbers above 0");
-    }
     FlownRun run(call, options);
     std::string error = run.prepare();
-    if (error.empty()) {
+    if (error.empty())
         error = run.fly();
-    }
     return error.empty() ? kExitDone : call.fail(error);
 }
 

@@ -64,9 +64,8 @@ Json middle(const Numbers& n) {
 }
 
 Json turn(const Numbers& n) {
-    if (std::max(std::abs(n[0]), std::abs(n[1])) > kLargestHeading) {
+    if (std::max(std::abs(n[0]), std::abs(n[1])) > kLargestHeading)
         usageError("A heading is a number of degrees");
-    }
     return {{"deg", HeadingDifferenceDeg(n[0], n[1])}};
 }
 
@@ -96,9 +95,8 @@ struct ModelOptions {
     }
     [[nodiscard]] double altitudeFt() const {
         const double feet = toNumber(altitude);
-        if (!(feet >= kModelLowestFt && feet <= kModelHighestFt)) {
+        if (!(feet >= kModelLowestFt && feet <= kModelHighestFt))
             usageError("The altitude is beyond what the magnetic model describes: " + altitude);
-        }
         return feet;
     }
 };
@@ -131,9 +129,8 @@ int runGeo(Invocation& call) {
         ->required();
     call.parse();
     const auto* operation = std::ranges::find(kOperations, name, &Operation::name);
-    if (operation == kOperations.end()) {
+    if (operation == kOperations.end())
         usageError("Unknown operation: " + name);
-    }
     if (words.size() != operation->argumentCount) {
         usageError(name + " takes " + formatInt(static_cast<int>(operation->argumentCount)) +
                    " numbers");
@@ -142,9 +139,8 @@ int runGeo(Invocation& call) {
     std::ranges::transform(words, std::back_inserter(numbers), toNumber);
     if (operation->compute == magneticVariation) {
         const double year = model.year(call);
-        if (year < kMagneticModelBegins || year > kMagneticModelEnds) {
+        if (year < kMagneticModelBegins || year > kMagneticModelEnds)
             return call.fail("The magnetic model holds from 2025 to 2030", Json{{"deg", nullptr}});
-        }
         numbers.insert(numbers.end(), {year, model.altitudeFt()});
     }
     const Json result = operation->compute(numbers);

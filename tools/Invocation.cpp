@@ -13,9 +13,8 @@ namespace {
 /// The option parser takes "-5" for a number but "-.5" for a letter option.
 void completeFraction(std::string& argument) {
     if (argument.size() > 2 && argument.starts_with("-.") && argument[2] >= '0' &&
-        argument[2] <= '9') {
+        argument[2] <= '9')
         argument.insert(1, "0");
-    }
 }
 
 }  // namespace
@@ -37,9 +36,8 @@ void Invocation::parse() {
     std::ranges::for_each(arguments_, completeFraction);
     std::vector<std::string> lastFirst(arguments_.rbegin(), arguments_.rend());
     app_.parse(std::move(lastFirst));
-    if (!now_.empty()) {
+    if (!now_.empty())
         toLocalTime(now_);  // a malformed time is wrong usage, whether or not it is used later
-    }
 }
 
 LocalTime Invocation::now() const {
@@ -58,11 +56,10 @@ void Invocation::printJson(const Json& document) {
 }
 
 int Invocation::done(const Json& document, std::string_view plain) const {
-    if (json_) {
+    if (json_)
         printJson(document);
-    } else {
+    else
         std::cout << plain;
-    }
     return kExitDone;
 }
 

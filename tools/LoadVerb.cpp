@@ -9,13 +9,11 @@ int runLoad(Invocation& call) {
     call.parse();
     const LoadedDatabase loaded(call);
     Json databases = Json::array();
-    for (const auto& [name, error] : loaded.loader.openedFiles()) {
+    for (const auto& [name, error] : loaded.loader.openedFiles())
         databases.push_back({{"file", name}, {"error", error}});
-    }
     Json excluded = Json::array();
-    for (const auto& [file, row] : loaded.database.exclusions()) {
+    for (const auto& [file, row] : loaded.database.exclusions())
         excluded.push_back({row, file});
-    }
     const std::string report = loaded.report.text();
     return call.done({{"report", report},
                       {"databases", databases},

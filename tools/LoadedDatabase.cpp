@@ -8,9 +8,8 @@ LoadedDatabase::LoadedDatabase(const Invocation& call) : clock(call.clock()) {
 
 std::unique_ptr<DatabaseRecord> LoadedDatabase::withDetails(const DatabaseRecord& record) const {
     auto copy = record.Clone();
-    if (auto* airport = dynamic_cast<AirportRecord*>(copy.get())) {
+    if (auto* airport = dynamic_cast<AirportRecord*>(copy.get()))
         database.loadDetails(*airport);
-    }
     return copy;
 }
 

@@ -45,28 +45,24 @@ Json indexesJson(const DatabaseDirectory& directory) {
 }
 
 Json valueJson(const FieldValue& value) {
-    if (const auto* integer = std::get_if<std::int32_t>(&value.content)) {
+    if (const auto* integer = std::get_if<std::int32_t>(&value.content))
         return *integer;
-    }
-    if (const auto* number = std::get_if<double>(&value.content)) {
+    if (const auto* number = std::get_if<double>(&value.content))
         return *number;
-    }
     return value.print();
 }
 
 void printRow(const FieldMap& fields, bool asJson) {
     if (asJson) {
         Json json = Json::object();
-        for (const auto& [name, value] : fields) {
+        for (const auto& [name, value] : fields)
             json[name] = valueJson(value);
-        }
         Invocation::printJson(json);
         return;
     }
     std::string line;
-    for (const auto& [name, value] : fields) {
+    for (const auto& [name, value] : fields)
         line += name + "=" + value.print() + "  ";
-    }
     std::cout << line << '\n';
 }
 
@@ -80,9 +76,8 @@ int printRows(const DatabaseFile& file, const IndexEntry& index,
     std::uint32_t row = order != nullptr ? rows->firstNotBelow(index, *order, *key) : 0;
     for (; row < index.rowCount(); ++row, ++count) {
         if ((order != nullptr && !rows->equals(index, row, *order, *key)) ||
-            !rows->load(index, row)) {
+            !rows->load(index, row))
             break;
-        }
         rows->decode(fields);
         printRow(fields, asJson);
     }
@@ -90,11 +85,9 @@ int printRows(const DatabaseFile& file, const IndexEntry& index,
 }
 
 KindMask kindsFrom(const std::string& letter) {
-    for (const KindMask kind : {kAirportKind, kVorKind, kNdbKind, kFixKind}) {
-        if (letter == std::string(1, kindLetter(kind))) {
+    for (const KindMask kind : {kAirportKind, kVorKind, kNdbKind, kFixKind})
+        if (letter == std::string(1, kindLetter(kind)))
             return kind;
-        }
-    }
     return kAllKinds;
 }
 
@@ -139,17 +132,15 @@ NavdbQueryVerb::NavdbQueryVerb(Invocation& call) {
 int NavdbQueryVerb::run(const Invocation& call) const {
     const auto wanted = std::find_if(actions_.begin(), actions_.end(),
                                      [](const Action& action) { return action.command->parsed(); });
-    if (wanted == actions_.end()) {
+    if (wanted == actions_.end())
         usageError("No action");
-    }
     return (this->*wanted->run)(call);
 }
 
 int NavdbQueryVerb::info(const Invocation& call) const {
     DatabaseFile file;
-    if (const auto error = file.Open(file_, call.clock()); !error.empty()) {
+    if (const auto error = file.Open(file_, call.clock()); !error.empty())
         return call.fail(error);
-    }
     const DatabaseHeader& header = file.header();
     const std::string region = file.regionLetter() == 0 ? "" : std::string(1, file.regionLetter());
     const Json json{{"error", ""},
@@ -178,13 +169,11 @@ int NavdbQueryVerb::verify(const Invocation& call) const {
 
 int NavdbQueryVerb::rows(const Invocation& call) const {
     DatabaseFile file;
-    if (const auto error = file.Open(file_, call.clock()); !error.empty()) {
+    if (const auto error = file.Open(file_, call.clock()); !error.empty())
         return call.fail(error);
-    }
     const IndexEntry* const index = file.index(index_);
-    if (index == nullptr) {
+    if (index == nullptr)
         return call.fail("No index " + index_);
-    }
     const bool hasKey = keyOption_->count() > 0;
     const int count =
         printRows(file, *index, hasKey ? std::optional(key_) : std::nullopt, call.json());
@@ -193,14 +182,12 @@ int NavdbQueryVerb::rows(const Invocation& call) const {
 
 int NavdbQueryVerb::find(const Invocation& call) const {
     std::optional<GeoPoint> near;
-    if (!near_.empty()) {
+    if (!near_.empty())
         near = toPosition(near_);
-    }
     LoadedDatabase loaded(call);
     const DatabaseRecord* const found = loaded.database.Find(key_, near);
-    if (found == nullptr) {
+    if (found == nullptr)
         return call.fail(key_ + " navaid not found!");
-    }
     const auto record = loaded.withDetails(*found);
     return call.done(recordJson(*record), recordLine(*record) + "\n" + recordDetails(*record));
 }
@@ -209,17 +196,15 @@ int NavdbQueryVerb::nearest(const Invocation& call) const {
     const GeoPoint here = toPosition(near_);
     const int count = toInt(count_);
     const double within = within_.empty() ? kHalfwayRoundNm : toNumber(within_);
-    if (count < 0 || within < 0) {
+    if (count < 0 || within < 0)
         usageError("--count and --within cannot be negative");
-    }
     LoadedDatabase loaded(call);
     const auto found =
         loaded.database.nearest(here, kindsFrom(kind_), static_cast<std::size_t>(count), within);
     for (const auto& [place, distanceNm] : found) {
         const auto bare = loaded.database.recordOf(place);
-        if (bare == nullptr) {
+        if (bare == nullptr)
             continue;
-        }
         const auto record = loaded.withDetails(*bare);
         const double bearing = TrueCourseDeg(here, record->position);
         if (call.json()) {
@@ -239,13 +224,11 @@ int NavdbQueryVerb::airway(const Invocation& call) const {
     LoadedDatabase loaded(call);
     std::vector<std::string> routes;
     loaded.database.GetAirwayRoutes(key_, routes);
-    if (routes.empty()) {
+    if (routes.empty())
         return call.fail(key_ + " navaid/airway not found or data expired!");
-    }
     std::string plain;
-    for (const std::string& route : routes) {
+    for (const std::string& route : routes)
         plain += route + "\n";
-    }
     return call.done({{"routes", routes}}, plain);
 }
 

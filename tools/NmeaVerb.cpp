@@ -45,12 +45,10 @@ struct Options {
     }
     /// Complains about wrong usage before anything is read.
     void check() const {
-        if (toInt(tickLines) < 1) {
+        if (toInt(tickLines) < 1)
             usageError("--tick-lines takes a number above 0");
-        }
-        if (!databaseVariation.empty()) {
+        if (!databaseVariation.empty())
             toNumber(databaseVariation);
-        }
     }
 };
 
@@ -73,11 +71,10 @@ std::string plainFix(const GpsFix& fix) {
     text += "  " + formatFixed(fix.groundSpeedKt, 1) + " kt  track " +
             (fix.trackMag == kNoAngle ? "---" : formatFixed(fix.trackMag, 1)) + "  " +
             formatInt(fix.altitudeFt) + " ft  ";
-    if (fix.fixQuality == 0) {
+    if (fix.fixQuality == 0)
         text += "no fix";
-    } else {
+    else
         text += "fix " + formatInt(fix.fixQuality) + (fix.fix3D != 0 ? " in 3D" : "");
-    }
     return text + "  " + formatInt(fix.satsInUse) + " satellites in use\n";
 }
 
@@ -91,9 +88,8 @@ class Decoding {
             options.databaseVariation.empty() ? kNoAngle : toNumber(options.databaseVariation);
         input_.decoder().setVariationLookup([databaseDeg](GeoPoint) { return databaseDeg; });
         input_.store().setTracing(trace_);
-        if (options.satellites) {
+        if (options.satellites)
             input_.satellitesForDisplay();  // wanted from here on: the clock stands still
-        }
     }
 
     void takeLine(std::string_view line) {
@@ -105,9 +101,8 @@ class Decoding {
         const auto queue = input_.queue().lock();
         const bool waited = !queue->empty();
         input_.decode(*queue);
-        for (std::string& command : input_.decoder().takeCommands()) {
+        for (std::string& command : input_.decoder().takeCommands())
             sent_.push_back(std::move(command));
-        }
         collectTrace();
         return waited;
     }
@@ -131,24 +126,20 @@ class Decoding {
                          {"sentenceFlags", fix.sentenceFlags},
                          {"satellites", fix.satellites},
                          {"sent", sent_}};
-        if (trace_) {
+        if (trace_)
             document["trace"] = traceLines_;
-        }
         return document;
     }
 
     std::string plain() const {
         const GpsFix fix = input_.store().copy();
         std::string text = plainFix(fix);
-        for (const Satellite& satellite : unpackSatellites(fix.satellites)) {
+        for (const Satellite& satellite : unpackSatellites(fix.satellites))
             text += plainSatellite(satellite);
-        }
-        for (const std::string& bytes : sent_) {
+        for (const std::string& bytes : sent_)
             text += "  sent " + bytes.substr(0, bytes.find('\r')) + "\n";
-        }
-        for (const std::string& line : traceLines_) {
+        for (const std::string& line : traceLines_)
             text += "  " + line + "\n";
-        }
         return text;
     }
 
@@ -170,11 +161,10 @@ class Decoding {
 };
 
 void printEach(const Invocation& call, const Decoding& decoding) {
-    if (call.json()) {
+    if (call.json())
         Invocation::printJson(decoding.json());
-    } else {
+    else
         std::cout << decoding.plain();
-    }
 }
 
 /// A line ends with LF; a CR before it goes with the line. `size` in bytes, 0 if unknown.
@@ -183,9 +173,8 @@ int decodeLog(const Invocation& call, const Options& options, std::istream& log,
     const int tickLines = toInt(options.tickLines);
     Decoding decoding(options);
     const auto tick = [&] {
-        if (decoding.decode() && options.each) {
+        if (decoding.decode() && options.each)
             printEach(call, decoding);
-        }
     };
     ProgressBar bar;
     std::uintmax_t bytes = 0;
@@ -193,9 +182,8 @@ int decodeLog(const Invocation& call, const Options& options, std::istream& log,
     for (std::string line; std::getline(log, line);) {
         decoding.takeLine(line);
         bytes += line.size() + 1;
-        if (size > 0 && !options.each) {
+        if (size > 0 && !options.each)
             bar.show(static_cast<double>(bytes) / static_cast<double>(size), options.file);
-        }
         if (++lines == tickLines) {
             lines = 0;
             tick();
@@ -203,9 +191,8 @@ int decodeLog(const Invocation& call, const Options& options, std::istream& log,
     }
     tick();
     bar.clear();
-    if (log.bad()) {
+    if (log.bad())
         return call.fail("File Read Error: " + options.file);
-    }
     return options.each ? kExitDone : call.done(decoding.json(), decoding.plain());
 }
 
@@ -216,14 +203,12 @@ int runNmea(Invocation& call) {
     options.declare(call.options());
     call.parse();
     options.check();
-    if (options.file == "-") {
+    if (options.file == "-")
         return decodeLog(call, options, std::cin, 0);
-    }
     std::error_code unknown;
     std::ifstream log(options.file, std::ios::binary);
-    if (!log || std::filesystem::is_directory(options.file, unknown)) {
+    if (!log || std::filesystem::is_directory(options.file, unknown))
         return call.fail("File Open Error: " + options.file);
-    }
     const std::uintmax_t size = std::filesystem::file_size(options.file, unknown);
     return decodeLog(call, options, log, unknown ? 0 : size);
 }

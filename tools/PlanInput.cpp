@@ -21,9 +21,8 @@ PlanInput::PlanInput(LoadedDatabase& loaded, const std::string& file)
 
 std::string readTrackFile(const std::string& file, Track& track) {
     const auto bytes = readWholeFile(file);
-    if (!bytes) {
+    if (!bytes)
         return std::string(text(kFlightTexts.fileOpenError)) + ": " + file;
-    }
     return track.ReadTrackText(*bytes) ? std::string()
                                        : std::string(text(kFlightTexts.invalidFormat));
 }
@@ -37,9 +36,8 @@ void addWaypoint(Json& json, const PlanWaypoint& entry) {
 void tellHints(const Invocation& call, Json& document, std::span<const PlanWaypoint> entries) {
     const std::vector<std::string> hints = planHints(entries, DistanceUnit::NauticalMiles);
     document["hints"] = hints;
-    for (std::size_t i = 0; i < hints.size() && !call.json(); ++i) {
+    for (std::size_t i = 0; i < hints.size() && !call.json(); ++i)
         std::cerr << hints[i] << '\n';
-    }
 }
 
 std::string waypointLine(const PlanWaypoint& entry) {

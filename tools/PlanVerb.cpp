@@ -25,9 +25,8 @@ int runPlan(Invocation& call) {
     LoadedDatabase loaded(call);
     const PlanInput input(loaded, file);
     Json document{{"error", input.error}, {"entries", Json::array()}, {"totalNm", nullptr}};
-    if (!input.error.empty()) {
+    if (!input.error.empty())
         return call.fail(input.error, document);
-    }
     std::string plain;
     {
         const auto plan = input.plan.lock();
@@ -40,9 +39,8 @@ int runPlan(Invocation& call) {
         plain += formatFixed((*plan)->totalNm(), kMileDecimals) + " nm\n";
     }
     if (!output.empty()) {
-        if (const std::string error = input.files.savePlanAs(output); !error.empty()) {
+        if (const std::string error = input.files.savePlanAs(output); !error.empty())
             return call.fail(error + ": " + output, document);
-        }
     }
     return call.done(document, plain);
 }

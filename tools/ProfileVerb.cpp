@@ -38,9 +38,8 @@ std::string errorFor(std::string_view message, const fs::path& file) {
 }
 
 int saved(const Invocation& call, ProfileFile& profile, const Json& value) {
-    if (!profile.save()) {
+    if (!profile.save())
         return call.fail(errorFor("File Write Error", profile.path()));
-    }
     return call.done({{"value", value}}, "");
 }
 
@@ -90,9 +89,8 @@ constexpr std::array kActions = {
 /// Lists what the file holds and leaves it untouched.
 int listEntries(const Invocation& call, const fs::path& file) {
     const std::optional<std::string> bytes = readWholeFile(file);
-    if (!bytes) {
+    if (!bytes)
         return call.fail(errorFor(kOpenError, file));
-    }
     Json entries = Json::object();
     std::string plain;
     for (const auto& [key, value] : parseProfile(*bytes)) {
@@ -114,27 +112,23 @@ int runProfile(Invocation& call) {
                               "the entries are listed");
     call.options().add_option("words", words, "SECTION NAME DEFAULT, or SECTION NAME VALUE");
     call.parse();
-    if (name.empty()) {
+    if (name.empty())
         return listEntries(call, file);
-    }
 
     const auto* action = std::ranges::find(kActions, name, &Action::name);
-    if (action == kActions.end()) {
+    if (action == kActions.end())
         usageError("Unknown action: " + name);
-    }
     if (words.size() != action->argumentCount) {
         usageError(name + " takes " + formatInt(static_cast<int>(action->argumentCount)) +
                    " words");
     }
-    if (name.ends_with("-int")) {
+    if (name.ends_with("-int"))
         toInt(words[2]);  // complain before a missing file is created
-    }
     const fs::path path(file);
     const std::unique_ptr<RegistryProfile> registry = openRegistryProfile();
     ProfileFile profile(path.parent_path(), *registry, path.filename().string());
-    if (profile.path().empty()) {
+    if (profile.path().empty())
         return call.fail(errorFor(kOpenError, path));
-    }
     return action->run(call, profile, words);
 }
 

@@ -56,13 +56,11 @@ void addAirport(Json& json, const AirportRecord& airport) {
     json["arptId"] = airport.arptId;
     json["info"] = airport.info;
     json["runways"] = Json::array();
-    for (const RunwayRecord& runway : airport.runways) {
+    for (const RunwayRecord& runway : airport.runways)
         json["runways"].push_back(runwayJson(runway));
-    }
     json["comms"] = Json::array();
-    for (const CommFreqRecord& comm : airport.comms) {
+    for (const CommFreqRecord& comm : airport.comms)
         json["comms"].push_back({{"type", comm.type}, {"freqMhz", comm.freqMhz}});
-    }
 }
 
 }  // namespace
@@ -87,9 +85,8 @@ Json recordJson(const DatabaseRecord& record) {
         json["usage"] = fix->usage;
     }
     json["infoText"] = record.GetInfoText();
-    if (const auto* airport = dynamic_cast<const AirportRecord*>(&record)) {
+    if (const auto* airport = dynamic_cast<const AirportRecord*>(&record))
         addAirport(json, *airport);
-    }
     json["source"] = record.origin.fileName ? *record.origin.fileName : std::string();
     return json;
 }
@@ -99,24 +96,20 @@ std::string recordLine(const DatabaseRecord& record) {
     line.append("  ").append(record.GetName()).append("  ");
     line += formatFixed(record.position.lat * kRadToDeg, kCoordinateDecimals) + " " +
             formatFixed(record.position.lon * kRadToDeg, kCoordinateDecimals);
-    if (const std::string info = record.GetInfoText(); !info.empty()) {
+    if (const std::string info = record.GetInfoText(); !info.empty())
         line += "  " + info;
-    }
     return record.expired ? line + "  (out of date)" : line;
 }
 
 std::string recordDetails(const DatabaseRecord& record) {
     std::string lines;
     const auto* airport = dynamic_cast<const AirportRecord*>(&record);
-    if (airport == nullptr) {
+    if (airport == nullptr)
         return lines;
-    }
-    for (const RunwayRecord& runway : airport->runways) {
+    for (const RunwayRecord& runway : airport->runways)
         lines += "  " + runwayText(runway) + "\n";
-    }
-    for (const CommFreqRecord& comm : airport->comms) {
+    for (const CommFreqRecord& comm : airport->comms)
         lines += "  " + commText(comm) + "\n";
-    }
     return lines;
 }
 

@@ -16,9 +16,8 @@ Json entriesJson(const std::vector<PlanWaypoint>& entries) {
     Json list = Json::array();
     for (const PlanWaypoint& entry : entries) {
         Json json{{"text", entry.text}};
-        if (entry.record) {
+        if (entry.record)
             addWaypoint(json, entry);
-        }
         list.push_back(json);
     }
     return list;
@@ -39,19 +38,16 @@ int runRoute(Invocation& call) {
     GeneratedFixes fixes;
     RouteEntry route(loaded.database, fixes, std::nullopt);
     std::string line;
-    for (const std::string& word : words) {
+    for (const std::string& word : words)
         line += word + ' ';
-    }
     const RouteResult result = route.EnterRoute(line, !noAirways);
     Json document{{"error", result.error}, {"entries", entriesJson(result.entries)}};
-    if (!result.error.empty()) {
+    if (!result.error.empty())
         return call.fail(result.error, document);
-    }
     tellHints(call, document, result.entries);
     std::string plain;
-    for (const PlanWaypoint& entry : result.entries) {
+    for (const PlanWaypoint& entry : result.entries)
         plain += waypointLine(entry);
-    }
     return call.done(document, plain);
 }
 

@@ -57,9 +57,8 @@ std::string summary(const Track::Recording& recording) {
         miles += before != nullptr ? DistanceNm(before->position, slot->position) : 0.0;
         before = &*slot;
     }
-    if (points == 0) {
+    if (points == 0)
         return "no points\n";
-    }
     return formatInt(points) + " points, " + formatInt(breaks) + " breaks, " +
            formatFixed(miles, 1) + " nm\n" + isoText(recording.baseS) + " to " + isoText(lastS) +
            "\n";
@@ -77,23 +76,20 @@ int runTrack(Invocation& call) {
     Track track(clock);
     const std::string error = readTrackFile(file, track);
     Json document{{"error", error}, {"base", nullptr}, {"points", Json::array()}};
-    if (!error.empty()) {
+    if (!error.empty())
         return call.fail(error, document);
-    }
     std::string plain;
     {
         const auto recording = track.read();
         document["points"] = pointsJson(*recording);
         plain = summary(*recording);
         const auto isPoint = [](const auto& slot) { return slot.has_value(); };
-        if (std::ranges::any_of(recording->slots, isPoint)) {
+        if (std::ranges::any_of(recording->slots, isPoint))
             document["base"] = isoText(recording->baseS);
-        }
     }
     std::string lines;
-    if (!output.empty() && !(track.WriteTrackText(lines) && writeFileAtomically(output, lines))) {
+    if (!output.empty() && !(track.WriteTrackText(lines) && writeFileAtomically(output, lines)))
         return call.fail(std::string(text(kFlightTexts.fileOpenError)) + ": " + output, document);
-    }
     return call.done(document, plain);
 }
 

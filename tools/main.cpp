@@ -55,13 +55,11 @@ int run(int argc, const char* const* argv) {
     try {
         app.parse(argc, argv);
         std::vector<std::string> rest = app.remaining();
-        if (rest.empty()) {
+        if (rest.empty())
             throw CLI::RequiredError("A verb");
-        }
         const auto* verb = std::ranges::find(kVerbs, rest.front(), &Verb::name);
-        if (verb == kVerbs.end()) {
+        if (verb == kVerbs.end())
             throw CLI::ExtrasError(std::vector<std::string>{rest.front()});
-        }
         rest.erase(rest.begin());
         return runVerb(
             *verb, std::move(rest),
@@ -77,9 +75,8 @@ int run(int argc, const char* const* argv) {
 int main(int argc, char** argv) {
     try {
         const int status = korvel::run(argc, argv);
-        if (std::cout.flush()) {
+        if (std::cout.flush())
             return status;
-        }
         std::cerr << "The output cannot be written\n";
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

@@ -46,8 +46,8 @@ Qt::PenStyle toQt(PenStyle style) {
 bool liesAlongAxis(Point from, Point to) { return from.x == to.x || from.y == to.y; }
 
 bool isLarge(std::span<const Point> points) {
-    const auto [left, right] = std::minmax_element(points.begin(), points.end(),
-                                                   [](Point a, Point b) { return a.x < b.x; });
+    const auto [left, right] = std::minmax_element(
+        points.begin(), points.end(), [](Point a, Point b) { return a.x < b.x; });
     const auto [top, bottom] = std::minmax_element(points.begin(), points.end(),
                                                    [](Point a, Point b) { return a.y < b.y; });
     return right->x - left->x > kLargestSmoothedFill || bottom->y - top->y > kLargestSmoothedFill;

@@ -16,9 +16,8 @@ std::int64_t korvel::allocationCount() { return count; }
 // NOLINTBEGIN(cppcoreguidelines-no-malloc)
 void* operator new(std::size_t size) {
     ++count;
-    if (void* const memory = std::malloc(size)) {
+    if (void* const memory = std::malloc(size))
         return memory;
-    }
     throw std::bad_alloc();
 }
 void operator delete(void* memory) noexcept { std::free(memory); }

@@ -30,9 +30,8 @@ struct World {
             }
             file.addAirway("V" + std::to_string(airway), route);
         }
-        for (int i = 0; i < 20000; ++i) {
+        for (int i = 0; i < 20000; ++i)
             file.addFix("X" + std::to_string(i), i % 160 - 80, i % 350 - 175);
-        }
         error = database.openFile(file.write(folder.path(), "world.ng2"));
     }
     TempFolder folder;
@@ -87,9 +86,8 @@ void enterRouteOfTheWorld(benchmark::State& state) {
         RouteEntry entry(world.database, world.fixes, GeoPoint{0.83, -2.13});
         result = entry.EnterRoute(kAcrossTheWorld, true);
     }
-    if (!result.error.empty() || !world.error.empty()) {
+    if (!result.error.empty() || !world.error.empty())
         state.SkipWithError((world.error + result.error).c_str());
-    }
     state.counters["entries"] = static_cast<double>(result.entries.size());
 }
 BENCHMARK(enterRouteOfTheWorld)->Unit(benchmark::kMillisecond);
@@ -98,9 +96,8 @@ BENCHMARK(enterRouteOfTheWorld)->Unit(benchmark::kMillisecond);
 void completeWord(benchmark::State& state, const char* typed) {
     BundledWorld world;
     std::size_t matches = 0;
-    for (auto unused : state) {
+    for (auto unused : state)
         matches = placeMatches(world.database, typed, GeoPoint{0.83, -2.13}, 12).size();
-    }
     state.counters["matches"] = static_cast<double>(matches);
 }
 BENCHMARK_CAPTURE(completeWord, one letter, "S")->Unit(benchmark::kMillisecond);

@@ -46,9 +46,8 @@ const std::vector<std::string>& scatteredKeys() {
     static const std::vector<std::string> keys = [] {
         std::vector<std::string> result;
         DatabaseFile file;
-        if (!file.Open(kWorld, systemClock()).empty()) {
+        if (!file.Open(kWorld, systemClock()).empty())
             return result;
-        }
         const auto rows = file.rows();
         std::string ident;
         for (std::uint32_t i = 0; i < 4096; ++i) {
@@ -148,16 +147,14 @@ void ScatteredKeysSqlite(benchmark::State& state) { FindKeysSqlite(state, false)
 
 void BareIdentNg2(benchmark::State& state) {
     Opened opened;
-    for (auto _ : state) {
+    for (auto _ : state)
         benchmark::DoNotOptimize(opened.database.Find("SEA", busyPoint()));
-    }
 }
 void BareIdentSqlite(benchmark::State& state) {
     SqlitePlaces places(sqliteFile());
     SqlitePlaces::Row row;
-    for (auto _ : state) {
+    for (auto _ : state)
         benchmark::DoNotOptimize(places.findNearestNamed("SEA", kBusyLat, kBusyLon, row));
-    }
 }
 
 void AirwayNg2(benchmark::State& state) {
@@ -171,39 +168,34 @@ void AirwayNg2(benchmark::State& state) {
 void AirwaySqlite(benchmark::State& state) {
     SqlitePlaces places(sqliteFile());
     std::vector<std::string> routes;
-    for (auto _ : state) {
+    for (auto _ : state)
         benchmark::DoNotOptimize(places.airway("V23", routes));
-    }
 }
 
 void Nearest20Ng2(benchmark::State& state) {
     Opened opened;
-    for (auto _ : state) {
+    for (auto _ : state)
         benchmark::DoNotOptimize(opened.database.nearest(busyPoint(), kAllKinds, 20, kViewNm));
-    }
 }
 void Nearest20Sqlite(benchmark::State& state) {
     SqlitePlaces places(sqliteFile());
     std::vector<SqlitePlaces::Row> rows;
-    for (auto _ : state) {
+    for (auto _ : state)
         benchmark::DoNotOptimize(places.nearest(kBusyLat, kBusyLon, 20, 20, rows));
-    }
 }
 
 void BusyViewNg2(benchmark::State& state) {
     Opened opened;
     std::vector<Place> places;
-    for (auto _ : state) {
+    for (auto _ : state)
         opened.database.placesIn(busyView(), kAllKinds, 100000, places);
-    }
     state.counters["places"] = static_cast<double>(places.size());
 }
 void BusyViewSqlite(benchmark::State& state) {
     SqlitePlaces sqlite(sqliteFile());
     std::vector<SqlitePlaces::Row> rows;
-    for (auto _ : state) {
+    for (auto _ : state)
         sqlite.box(busyView(), rows);
-    }
     state.counters["places"] = static_cast<double>(rows.size());
 }
 

@@ -13,9 +13,8 @@ namespace korvel {
 namespace {
 
 void check(bool ok, const char* what) {
-    if (!ok) {
+    if (!ok)
         throw std::runtime_error(what);
-    }
 }
 
 void bindText(sqlite3_stmt* statement, int column, std::string_view text) {
@@ -48,9 +47,8 @@ std::string fieldText(const FieldMap& fields, std::string_view name) {
 
 int kindFrom(const FieldMap& fields) {
     const auto found = fields.find("TYPE");
-    if (found == fields.end()) {
+    if (found == fields.end())
         return static_cast<int>(kAirportKind);
-    }
     const int type = std::get<std::int32_t>(found->second.content) & 0x0F;
     return static_cast<int>(type == 5 ? kFixKind : type < 3 ? kVorKind : kNdbKind);
 }
@@ -100,9 +98,8 @@ void SqlitePlaces::build(const std::filesystem::path& path, const std::filesyste
             sqlite3_bind_double(place.get(), 7, fieldNumber(fields, "FREQ"));
             step(place.get());
             sqlite3_bind_int(location.get(), 1, id);
-            for (int column = 2; column <= 5; ++column) {
+            for (int column = 2; column <= 5; ++column)
                 sqlite3_bind_double(location.get(), column, column < 4 ? lat : lon);
-            }
             step(location.get());
         }
     }
@@ -144,9 +141,8 @@ bool SqlitePlaces::find(KindMask kind, std::string_view ident, Row& row) {
     bindText(find_.get(), 1, ident);
     sqlite3_bind_int(find_.get(), 2, static_cast<int>(kind));
     const bool found = sqlite3_step(find_.get()) == SQLITE_ROW;
-    if (found) {
+    if (found)
         read(find_.get(), row);
-    }
     sqlite3_reset(find_.get());
     return found;
 }
@@ -171,9 +167,8 @@ bool SqlitePlaces::findNearestNamed(std::string_view ident, double lat, double l
 std::size_t SqlitePlaces::airway(std::string_view name, std::vector<std::string>& routes) {
     routes.clear();
     bindText(airway_.get(), 1, name);
-    while (sqlite3_step(airway_.get()) == SQLITE_ROW) {
+    while (sqlite3_step(airway_.get()) == SQLITE_ROW)
         routes.push_back(textAt(airway_.get(), 0));
-    }
     sqlite3_reset(airway_.get());
     return routes.size();
 }
@@ -184,9 +179,8 @@ std::size_t SqlitePlaces::box(const GeoBox& box, std::vector<Row>& rows) {
     sqlite3_bind_double(box_.get(), 2, box.north);
     sqlite3_bind_double(box_.get(), 3, box.west);
     sqlite3_bind_double(box_.get(), 4, box.east);
-    while (sqlite3_step(box_.get()) == SQLITE_ROW) {
+    while (sqlite3_step(box_.get()) == SQLITE_ROW)
         read(box_.get(), rows.emplace_back());
-    }
     sqlite3_reset(box_.get());
     return rows.size();
 }

@@ -29,9 +29,8 @@ std::atomic<std::uint64_t> allocations{0};
 void* operator new(std::size_t size) {
     allocations.fetch_add(1, std::memory_order_relaxed);
     void* memory = std::malloc(size);  // NOLINT(*-no-malloc): this is the allocator
-    if (memory == nullptr) {
+    if (memory == nullptr)
         std::abort();
-    }
     return memory;
 }
 void operator delete(void* memory) noexcept { std::free(memory); }  // NOLINT(*-no-malloc)
@@ -79,9 +78,8 @@ class Road {
         std::array<char, 160> line;  // NOLINT(*-member-init): filled by readLine
         for (int length = splitter_.readLine(line); length != LineSplitter::kNoLine;
              length = splitter_.readLine(line)) {
-            if (length <= 0) {
+            if (length <= 0)
                 continue;
-            }
             input_.onSentence({line.data(), static_cast<std::size_t>(length)});
             if (++lines_ % kLinesPerTick == 0) {
                 input_.decode(*input_.queue().lock());
@@ -93,9 +91,8 @@ class Road {
 
  private:
     void askForSatellites() {
-        if (satellites_) {
+        if (satellites_)
             input_.satellitesForDisplay();
-        }
     }
 
     VirtualClock clock_;
@@ -120,9 +117,8 @@ double feedInChunks(Decoder& decoder, std::string_view bytes) {
 void bytesToFix(benchmark::State& state, bool satellites) {
     const Log& log = receiverLog();
     Road road(satellites);
-    for (int i = 0; i < kLinesPerTick; ++i) {
+    for (int i = 0; i < kLinesPerTick; ++i)
         feedInChunks(road, log.bytes);  // storage that is kept for reuse grows here
-    }
     std::uint64_t made = 0;
     double sentences = 0;
     for ([[maybe_unused]] auto _ : state) {
@@ -131,9 +127,8 @@ void bytesToFix(benchmark::State& state, bool satellites) {
         made += allocations - before;
         sentences += log.sentences;
     }
-    if (road.fixQuality() == 0) {
+    if (road.fixQuality() == 0)
         state.SkipWithError("no fix");
-    }
     state.counters["sentences/s"] = benchmark::Counter(sentences, benchmark::Counter::kIsRate);
     state.counters["allocations/sentence"] = static_cast<double>(made) / sentences;
 }

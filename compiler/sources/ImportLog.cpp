@@ -36,8 +36,9 @@ void ImportLog::malformed(std::string_view file, std::size_t line, std::string_v
 }
 
 std::size_t ImportLog::malformedLines() const {
-    return std::accumulate(malformed_.begin(), malformed_.end(), std::size_t{0},
-                           [](std::size_t sum, const auto& entry) { return sum + entry.second; });
+    return std::accumulate(
+        malformed_.begin(), malformed_.end(), std::size_t{0},
+        [](std::size_t sum, const auto& entry) { return sum + entry.second; });
 }
 
 std::string ImportLog::summary() const {

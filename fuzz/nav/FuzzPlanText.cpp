@@ -12,12 +12,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FuzzPlaces places;
     GuardedPlan plan;
     PlanFiles files(places.database, places.generated, &places.records, plan);
-    if (!files.LoadPlanText({reinterpret_cast<const char*>(data), size}).empty()) {
+    if (!files.LoadPlanText({reinterpret_cast<const char*>(data), size}).empty())
         return 0;
-    }
     const std::string saved = files.SavePlan();
-    if (!files.LoadPlanText(saved).empty()) {
+    if (!files.LoadPlanText(saved).empty())
         std::abort();
-    }
     return 0;
 }

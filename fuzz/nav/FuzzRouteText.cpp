@@ -18,13 +18,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     RouteEntry entry(places.database, places.generated, GeoPoint{0, 0});
     const std::string_view text(reinterpret_cast<const char*>(data), size);
     const RouteResult result = entry.ExpandRoute(SplitWords(text), airways);
-    if (!result.error.empty() && (result.entries.size() != 1 || result.entries[0].record)) {
+    if (!result.error.empty() && (result.entries.size() != 1 || result.entries[0].record))
         std::abort();
-    }
-    for (const PlanWaypoint& waypoint : result.entries) {
-        if (result.error.empty() && !IsValid(waypoint.position())) {
+    for (const PlanWaypoint& waypoint : result.entries)
+        if (result.error.empty() && !IsValid(waypoint.position()))
             std::abort();
-        }
-    }
     return 0;
 }

@@ -14,12 +14,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string first;
     std::string second;
     track.WriteTrackText(first);
-    if (!track.ReadTrackText(first)) {
+    if (!track.ReadTrackText(first))
         std::abort();
-    }
     track.WriteTrackText(second);
-    if (first.size() != second.size()) {
+    if (first.size() != second.size())
         std::abort();
-    }
     return 0;
 }

@@ -19,9 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     PlanFiles files(places.database, places.generated, &places.records, plan);
     const std::string_view list(reinterpret_cast<const char*>(data), size);
     const std::string error = files.OpenPlanFile(kFolder / "a.txt", list);
-    if (error.empty() != plan.lock()->has_value()) {
+    if (error.empty() != plan.lock()->has_value())
         std::abort();
-    }
     std::filesystem::remove_all(kFolder);
     return 0;
 }

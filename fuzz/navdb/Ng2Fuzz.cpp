@@ -32,9 +32,8 @@ const std::filesystem::path& scratchFile() {
 void write(std::span<const std::uint8_t> bytes) {
     std::filesystem::remove(scratchFile());
     std::ofstream file(scratchFile(), std::ios::binary);
-    for (const std::uint8_t byte : bytes) {
+    for (const std::uint8_t byte : bytes)
         file.put(static_cast<char>(byte));
-    }
 }
 
 /// Decodes some rows of every index and returns their identifiers.
@@ -62,19 +61,16 @@ void search(NavDatabase& database, const std::vector<std::string>& idents) {
             if (const DatabaseRecord* const record = database.Find(key, here)) {
                 const auto copy = record->Clone();
                 (void)copy->GetInfoText();
-                if (auto* airport = dynamic_cast<AirportRecord*>(copy.get())) {
+                if (auto* airport = dynamic_cast<AirportRecord*>(copy.get()))
                     database.loadDetails(*airport);
-                }
                 database.exclude(*database.lastMatch());
             }
         }
         database.GetAirwayRoutes(ident, routes);
     }
-    for (const GeoPoint& point : {GeoPoint{0, 0}, GeoPoint{kPi / 2, 0}, GeoPoint{-0.5, kPi}}) {
-        for (const NearPlace& near : database.nearest(point, kAllKinds, 5, 21600)) {
+    for (const GeoPoint& point : {GeoPoint{0, 0}, GeoPoint{kPi / 2, 0}, GeoPoint{-0.5, kPi}})
+        for (const NearPlace& near : database.nearest(point, kAllKinds, 5, 21600))
             (void)database.recordOf(near.place);
-        }
-    }
     std::vector<Place> places;
     database.placesIn({-90, -180, 90, 180}, kAllKinds, 100, places);
 }
@@ -89,9 +85,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     write(bytes);
     NavDatabase database(clock);
     (void)database.openFile(scratchFile());
-    if (size < kHeaderSize) {
+    if (size < kHeaderSize)
         return 0;
-    }
     storeU32(bytes, kFullChecksumOffset, 0);
     storeU32(bytes, kHeaderChecksumOffset, headerChecksum(bytes, static_cast<std::uint32_t>(size)));
     write(bytes);

@@ -20,9 +20,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         (void)record->GetInfoText();
         const std::string key = record->key;
         records.add(std::move(record));
-        if (key.size() % 3 == 0) {
+        if (key.size() % 3 == 0)
             records.remove(key);
-        }
     });
     (void)reader.LoadFile(path);
     return 0;

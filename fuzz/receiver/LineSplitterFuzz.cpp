@@ -37,9 +37,8 @@ class SlowSplitter {
 
     int readLine(std::string& line, std::size_t longest) {
         const std::size_t end = held_.find(kDelimiter);
-        if (end == std::string::npos) {
+        if (end == std::string::npos)
             return LineSplitter::kNoLine;
-        }
         line = held_.substr(0, end);
         held_ = held_.substr(end + kDelimiter.size());
         return line.size() > longest ? LineSplitter::kLineTooLong : static_cast<int>(line.size());
@@ -55,9 +54,8 @@ class SlowSplitter {
 };
 
 void require(bool holds) {
-    if (!holds) {
+    if (!holds)
         std::abort();
-    }
 }
 
 void readAll(LineSplitter& splitter, SlowSplitter& slow, std::size_t longest) {
@@ -85,16 +83,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const std::size_t repeat = (head & 0x8000U) != 0 ? 64 : 1;
         const std::size_t length = std::min<std::size_t>(head % 64, size - at);
         std::string chunk;
-        for (std::size_t i = 0; i < length; ++i) {
+        for (std::size_t i = 0; i < length; ++i)
             chunk.append(chunk.size() < 900 ? repeat : 1, static_cast<char>(data[at + i]));
-        }
         at += length;
         require(chunk.size() <= LineSplitter::kCapacity);
         splitter.append(chunk);
         slow.append(chunk);
-        if ((head & 0x4000U) == 0) {
+        if ((head & 0x4000U) == 0)
             readAll(splitter, slow, (head & 0x2000U) != 0 ? 3 : 159);
-        }
         require(splitter.buffered() == slow.size());
         require(splitter.buffered() <= LineSplitter::kCapacity);
         require(splitter.isResyncing() == slow.isResyncing());

@@ -15,9 +15,8 @@ namespace korvel {
 namespace {
 
 void require(bool holds) {
-    if (!holds) {
+    if (!holds)
         std::abort();
-    }
 }
 
 void tick(GpsInput& input, std::int64_t nowMs) {
@@ -37,9 +36,8 @@ void tick(GpsInput& input, std::int64_t nowMs) {
 std::string withChecksum(std::string_view line) {
     const std::string_view body = line.substr(0, std::min(line.rfind('*'), line.find('\r')));
     unsigned sum = 0;
-    for (const char c : body.substr(std::min<std::size_t>(body.size(), 1))) {
+    for (const char c : body.substr(std::min<std::size_t>(body.size(), 1)))
         sum ^= static_cast<unsigned char>(c);
-    }
     constexpr std::string_view kDigits = "0123456789ABCDEF";
     return std::string(body) + '*' + kDigits[sum >> 4U & 0xFU] + kDigits[sum & 0xFU];
 }
@@ -68,9 +66,8 @@ void feed(GpsInput& input, VirtualClock& clock, std::string_view bytes, unsigned
 /// satellites are looked at from the start (0x80).
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace korvel;
-    if (size == 0) {
+    if (size == 0)
         return 0;
-    }
     const unsigned choice = data[0];
     // NOLINTNEXTLINE(*-reinterpret-cast): bytes as characters
     const std::string_view bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
@@ -82,12 +79,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     input.decoder().setVariationLookup([](GeoPoint) { return 3.5; });
     input.decoder().ignoreReceiverVariation((choice & 0x40U) != 0);
     input.store().setTracing(true);
-    if ((choice & 0x80U) != 0) {
+    if ((choice & 0x80U) != 0)
         input.satellitesForDisplay();
-    }
     feed(input, clock, bytes, choice);
-    for (const std::string& line : input.store().takeTrace()) {
+    for (const std::string& line : input.store().takeTrace())
         require(line.find(':') != std::string::npos);
-    }
     return 0;
 }

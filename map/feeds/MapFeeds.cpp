@@ -12,7 +12,8 @@ bool MapFeeds::update(const FeedRequest& request) {
 }
 
 bool MapFeeds::isComplete() const {
-    return std::ranges::all_of(all_, [](const ViewFeed* feed) { return feed->isComplete(); });
+    return std::ranges::all_of(
+        all_, [](const ViewFeed* feed) { return feed->isComplete(); });
 }
 
 void MapFeeds::forget() {

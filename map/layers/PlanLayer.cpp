@@ -41,10 +41,9 @@ class PlanPainter {
           faded_(blended(plan_, background_, kFaded)) {}
 
     void legs(std::span<const PlanLine> lines) const {
-        for (const PlanLine& line : lines) {
+        for (const PlanLine& line : lines)
             if (line.kind != PlanLineKind::Flown)
                 canvas_.polyline(line.points, penOf(line.kind));
-        }
         // Hollow: a track of the same colour, as at night, is never mistaken for it.
         for (const Pen& pen : {Pen{background_, kActiveWidth + 2 * kRim, PenStyle::Solid},
                                Pen{active_, kActiveWidth, PenStyle::Solid},

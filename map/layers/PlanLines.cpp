@@ -61,9 +61,11 @@ class Tracer {
           reach_(grown(view, kPlanLineReach)) {}
 
     void trace(PlanLineKind kind, GeoPoint from, GeoPoint to) {
-        traceGreatCircle(projection_, from, to, reach_, [&](std::span<const Point> piece) {
-            lines_.push_back({kind, {piece.begin(), piece.end()}});
-        });
+        traceGreatCircle(
+            projection_, from, to, reach_,
+            [&](std::span<const Point> piece) {
+                lines_.push_back({kind, {piece.begin(), piece.end()}});
+            });
     }
     std::vector<PlanLine> takeLines() { return std::move(lines_); }
 

@@ -27,11 +27,9 @@ void AlarmBoard::update(std::int64_t nowMs) {
 
 std::vector<std::string> AlarmBoard::shown() const {
     std::vector<std::string> words;
-    for (const Watched& watched : watched_) {
-        if (watched.isShown()) {
+    for (const Watched& watched : watched_)
+        if (watched.isShown())
             words.push_back(watched.words);
-        }
-    }
     return words;
 }
 

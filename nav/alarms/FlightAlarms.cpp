@@ -36,13 +36,11 @@ bool arrives(const FlightSituation& now, bool holds) {
 bool needsGear(const FlightSituation& now, bool holds) {
     const auto& destination = now.destination;
     if (!now.gearWarning || !destination || !destination->airport ||
-        destination->distanceNm >= kGearNm.at(holds)) {
+        destination->distanceNm >= kGearNm.at(holds))
         return false;
-    }
     const auto& speed = now.groundSpeedKt;
-    if (speed && *speed < kStandingOnGroundKt.at(holds)) {
+    if (speed && *speed < kStandingOnGroundKt.at(holds))
         return false;
-    }
     const bool low = now.altitudeFt && destination->elevationFt &&
                      *now.altitudeFt - *destination->elevationFt < kGearHeightFt.at(holds);
     const bool slow = speed && *speed < now.approachSpeedKt * kGearSpeedShare.at(holds);
@@ -56,14 +54,17 @@ std::optional<std::string> wordsIf(bool holds, Text words) {
 }  // namespace
 
 void addFlightAlarms(AlarmBoard& board, const FlightSituation& situation) {
-    board.add({.urgency = AlarmUrgency::Warning, .condition = [&situation](bool holds) {
-                   return wordsIf(needsGear(situation, holds), kFlightTexts.alarmGear);
-               }});
+    board.add({.urgency = AlarmUrgency::Warning,
+               .condition =
+                   [&situation](bool holds) {
+                       return wordsIf(needsGear(situation, holds), kFlightTexts.alarmGear);
+                   }});
     board.add({.urgency = AlarmUrgency::Caution,
                .delayMs = kOffCourseDelayMs,
-               .condition = [&situation](bool holds) {
-                   return wordsIf(isOffCourse(situation, holds), kFlightTexts.alarmOffCourse);
-               }});
+               .condition =
+                   [&situation](bool holds) {
+                       return wordsIf(isOffCourse(situation, holds), kFlightTexts.alarmOffCourse);
+                   }});
     board.add({.urgency = AlarmUrgency::Notice,
                .condition = [&situation](bool holds) -> std::optional<std::string> {
                    if (!arrives(situation, holds)) {

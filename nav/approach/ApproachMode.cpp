@@ -32,9 +32,8 @@ const LandingRunway* linedUpWith(const ApproachMode::Situation& now) {
     double least = 0;
     for (const LandingRunway& runway : now.runways) {
         const ApproachFigures seen = approachFigures(runway, now.position);
-        if (!isLinedUp(runway, seen, *now.trackTrueDeg)) {
+        if (!isLinedUp(runway, seen, *now.trackTrueDeg))
             continue;
-        }
         // Where it lies tells more than where it points at the moment.
         const double off = std::atan2(std::abs(seen.crossTrackNm), seen.toGoNm) * kRadToDeg +
                            turn(*now.trackTrueDeg, runway.courseTrueDeg) / 4;
@@ -71,20 +70,17 @@ void ApproachMode::leave() {
 void ApproachMode::update(const Situation& now, std::int64_t nowMs) {
     if (now.destinationKey != destinationKey_) {
         const bool stays = chosen_ && runway_->airportKey == now.destinationKey;
-        if (!stays) {
+        if (!stays)
             end();
-        }
         declined_ = false;
         destinationKey_ = now.destinationKey;
     }
-    if (!runway_) {
+    if (!runway_)
         return enterByItself(now, nowMs);
-    }
     const ApproachFigures seen = approachFigures(*runway_, now.position);
     established_ = established_ || std::abs(seen.crossTrackNm) < kFullScaleNm;
-    if (!chosen_) {
+    if (!chosen_)
         leaveByItself(now, seen, nowMs);
-    }
 }
 
 void ApproachMode::enterByItself(const Situation& now, std::int64_t nowMs) {
@@ -113,9 +109,8 @@ void ApproachMode::enterByItself(const Situation& now, std::int64_t nowMs) {
 
 void ApproachMode::leaveByItself(const Situation& now, const ApproachFigures& seen,
                                  std::int64_t nowMs) {
-    if (!now.automatic) {
+    if (!now.automatic)
         return end();
-    }
     const double lengthNm = DistanceNm(runway_->threshold, runway_->farEnd);
     const bool stopped = now.groundSpeedKt && *now.groundSpeedKt < kStoppedKt;
     const bool away =
@@ -126,12 +121,10 @@ void ApproachMode::leaveByItself(const Situation& now, const ApproachFigures& se
         sinceMs_.reset();
         return;
     }
-    if (!sinceMs_) {
+    if (!sinceMs_)
         sinceMs_ = nowMs;
-    }
-    if (nowMs - *sinceMs_ >= kLeaveMs) {
+    if (nowMs - *sinceMs_ >= kLeaveMs)
         end();
-    }
 }
 
 }  // namespace korvel

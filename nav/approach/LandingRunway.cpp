@@ -14,9 +14,8 @@ namespace {
 constexpr double kGuidedBesideNm = 0.5;
 
 std::optional<std::int32_t> elevationOf(const RunwayEnd& end, const AirportRecord& airport) {
-    if (end.elevationFt) {
+    if (end.elevationFt)
         return *end.elevationFt;
-    }
     return airport.elevationFt == kNoElevationFt ? std::nullopt
                                                  : std::optional(airport.elevationFt);
 }
@@ -32,9 +31,8 @@ bool hasBothEnds(const RunwayRecord& runway) {
 std::vector<LandingRunway> landingRunways(const AirportRecord& airport) {
     std::vector<LandingRunway> all;
     for (const RunwayRecord& runway : airport.runways) {
-        if (!hasBothEnds(runway)) {
+        if (!hasBothEnds(runway))
             continue;
-        }
         for (std::size_t end = 0; end < 2; ++end) {
             const RunwayEnd& near = runway.ends[end];
             const RunwayEnd& far = runway.ends[1 - end];
@@ -59,9 +57,8 @@ GeoPoint onCenterLine(const LandingRunway& runway, double nm) {
 }
 
 std::optional<int> glidePathFt(const LandingRunway& runway, double toGoNm) {
-    if (!runway.thresholdFt) {
+    if (!runway.thresholdFt)
         return std::nullopt;
-    }
     const double climb = std::tan(kGlidePathDeg * kDegToRad) * toGoNm * kFeetPerNm;
     return RoundToInt(*runway.thresholdFt + kThresholdHeightFt + climb);
 }
@@ -79,9 +76,8 @@ ApproachFigures approachFigures(const LandingRunway& runway, GeoPoint position) 
     figures.toGoNm = std::atan2(std::sin(away) * std::cos(off), std::cos(away)) * kNmPerRadian;
     const bool guided = figures.toGoNm >= 0 && figures.toGoNm <= kCenterLineNm &&
                         std::abs(figures.crossTrackNm) <= figures.toGoNm + kGuidedBesideNm;
-    if (guided) {
+    if (guided)
         figures.glidePathFt = glidePathFt(runway, figures.toGoNm);
-    }
     return figures;
 }
 

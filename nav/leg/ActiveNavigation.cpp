@@ -50,9 +50,8 @@ void clearPath(NavigationState& state) {
 bool beginPath(NavigationState& state, std::optional<std::int32_t> presentFt,
                const FlightPlan::AltitudeConstraint& constraint) {
     const double distanceFt = constraint.distanceNm * kFeetPerNm;
-    if (!presentFt || !(distanceFt > 0.0)) {
+    if (!presentFt || !(distanceFt > 0.0))
         return false;
-    }
     state.pathTargetAltFt = constraint.altitudeFt;
     state.pathEnd = constraint.point;
     state.pathAngle =
@@ -79,22 +78,19 @@ void ActiveNavigation::lookAround(const Aircraft& received) {
 
 void ActiveNavigation::NavUpdate(const Aircraft& received) {
     Simulator& simulator = parts_.simulator;
-    if (simulated() != std::exchange(wasSimulated_, simulated())) {
+    if (simulated() != std::exchange(wasSimulated_, simulated()))
         parts_.track.breakHere();
-    }
     lookAround(received);
-    if (!suspended_) {
+    if (!suspended_)
         UpdateActiveLeg();
-    }
     const std::int64_t now = parts_.clock.tickMs();
     simulator.step(now, options_.variation);
     lookAround(received);
     updateValues();
-    if (IsValid(present_.position)) {
+    if (IsValid(present_.position))
         simulator.updateTrack(options_.variation);
-    } else {
+    else
         simulator.losePosition();
-    }
     simulator.steer(now, state_.lock()->bearingMag);
     lookAround(received);
     recordTrack(now);
@@ -114,27 +110,22 @@ void ActiveNavigation::updateValues() {
     state->bearingMag = options_.variation.TrueToMagnetic(TrueCourseDeg(present, waypoint));
     state->distanceNm = DistanceNm(present, waypoint);
     double across = crossTrack(*state, present);
-    if (std::abs(across) > state->distanceNm) {
+    if (std::abs(across) > state->distanceNm)
         across = std::copysign(state->distanceNm, across);
-    }
     state->crossTrackNm = state->obsCourse != kNoAngle ? -across : across;
-    if (state->distanceNm != 0.0) {
+    if (state->distanceNm != 0.0)
         state->offCourseDeg = std::asin(state->crossTrackNm / state->distanceNm) * kRadToDeg;
-    }
 }
 
 void ActiveNavigation::recordTrack(std::int64_t nowMs) {
     const bool wanted = options_.tracking && options_.recordingAllowed && !suspended_;
-    if (!wanted || nowMs - lastPositionMs_ > kTrackPatienceMs) {
+    if (!wanted || nowMs - lastPositionMs_ > kTrackPatienceMs)
         parts_.track.breakHere();
-    }
-    if (!IsValid(present_.position)) {
+    if (!IsValid(present_.position))
         return;
-    }
     lastPositionMs_ = nowMs;
-    if (!wanted) {
+    if (!wanted)
         return;
-    }
     const double trackMag = present_.trackMag == kNoAngle ? 0.0 : present_.trackMag;
     parts_.track.offer(present_.position, RoundToInt(present_.groundSpeedKt.value_or(0.0)),
                        RoundToInt(trackMag), present_.altitudeFt.value_or(0));
@@ -143,13 +134,11 @@ void ActiveNavigation::recordTrack(std::int64_t nowMs) {
 bool ActiveNavigation::planTakesOver() {
     {
         const auto state = state_.lock();
-        if (state->pathTargetAltFt != kNoAltitudeFt && IsValid(state->pathEnd)) {
+        if (state->pathTargetAltFt != kNoAltitudeFt && IsValid(state->pathEnd))
             state->pathDistanceNm = DistanceNm(present_.position, state->pathEnd);
-        }
         if (state->obsCourse != kNoAngle || !directRecord_ ||
-            DistanceNm(present_.position, state->activeWaypoint) > kTakeOverNm) {
+            DistanceNm(present_.position, state->activeWaypoint) > kTakeOverNm)
             return false;
-        }
     }
     const auto plan = parts_.plan.lock();
     return plan->has_value() && (*plan)->contains(directRecord_->key);
@@ -157,31 +146,27 @@ bool ActiveNavigation::planTakesOver() {
 
 std::optional<ActiveNavigation::Choice> ActiveNavigation::choose() {
     const auto plan = parts_.plan.lock();
-    if (!plan->has_value()) {
+    if (!plan->has_value())
         return std::nullopt;
-    }
     const auto leg = (*plan)->ChooseActiveLeg({.position = present_.position,
                                                .trackMag = present_.trackMag,
                                                .variation = options_.variation});
-    if (!leg) {
+    if (!leg)
         return std::nullopt;
-    }
     return Choice{.record = leg->waypoint->record,
                   .start = leg->start,
                   .constraint = (*plan)->constraint(present_.position)};
 }
 
 void ActiveNavigation::UpdateActiveLeg() {
-    if (!IsValid(present_.position) || (direct_ && !planTakesOver())) {
+    if (!IsValid(present_.position) || (direct_ && !planTakesOver()))
         return;
-    }
     direct_ = false;
     directRecord_.reset();
-    if (const auto choice = choose()) {
+    if (const auto choice = choose())
         flyTo(*choice);
-    } else {
+    else
         ClearNavigation();
-    }
 }
 
 void ActiveNavigation::flyTo(const Choice& choice) {
@@ -193,26 +178,22 @@ void ActiveNavigation::flyTo(const Choice& choice) {
         state->activeName = choice.record->GetName();
     }
     state->obsCourse = kNoAngle;
-    if (choice.start) {
+    if (choice.start)
         state->legStart = *choice.start;
-    } else if (!IsValid(state->legStart)) {
+    else if (!IsValid(state->legStart))
         state->legStart = present_.position;
-    }
     updatePath(*state, choice);
     state->activeWaypoint = choice.record->position;
     state->desiredTrack = TrueCourseDeg(state->legStart, state->activeWaypoint);
-    if (isNew || state->pathAltFt != formerPathFt) {
+    if (isNew || state->pathAltFt != formerPathFt)
         announce(*state);
-    }
 }
 
 std::int32_t ActiveNavigation::altitudeAt(const NavigationState& state, GeoPoint waypoint) const {
-    if (SamePoint(waypoint, state.pathEnd)) {
+    if (SamePoint(waypoint, state.pathEnd))
         return state.pathTargetAltFt;
-    }
-    if (!present_.altitudeFt) {
+    if (!present_.altitudeFt)
         return kNoAltitudeFt;
-    }
     const double distanceFt = DistanceNm(present_.position, waypoint) * kFeetPerNm;
     const double feet = std::tan(state.pathAngle) * distanceFt + *present_.altitudeFt;
     constexpr double kNoSuchAltitudeFt = 1e9;
@@ -226,9 +207,8 @@ void ActiveNavigation::updatePath(NavigationState& state, const Choice& choice) 
                       SamePoint(constraint->point, state.pathEnd);
     if (!same) {
         clearPath(state);
-        if (!constraint || !beginPath(state, present_.altitudeFt, *constraint)) {
+        if (!constraint || !beginPath(state, present_.altitudeFt, *constraint))
             return;
-        }
     }
     state.pathAltFt = altitudeAt(state, choice.record->position);
 }
@@ -261,23 +241,19 @@ std::string ActiveNavigation::DirectTo(std::string_view identifier, std::string_
     double course = kNoAngle;
     if (!obsText.empty()) {
         const auto degrees = scanInt(obsText);
-        if (!degrees || *degrees < 0 || *degrees > 360) {
+        if (!degrees || *degrees < 0 || *degrees > 360)
             return std::string(text(kFlightTexts.invalidObs));
-        }
         course = *degrees;
     }
     const GeoPoint present = present_.position;
     const std::optional<GeoPoint> near = IsValid(present) ? std::optional(present) : std::nullopt;
     auto record = PlaceLookup(parts_.database, parts_.fixes, where ? where : near).peek(identifier);
-    if (!record) {
+    if (!record)
         return std::string(text(kFlightTexts.notFound));
-    }
-    if (const auto plan = parts_.plan.lock(); plan->has_value()) {
+    if (const auto plan = parts_.plan.lock(); plan->has_value())
         (*plan)->moveTo(record->key);
-    }
-    if (!near) {
+    if (!near)
         return std::string(text(kStatusTexts.noGpsSignal));
-    }
     ClearNavigation();
     const auto state = state_.lock();
     state->activeKey = record->key;
@@ -309,12 +285,10 @@ std::string ActiveNavigation::DirectTo(std::string_view identifier, std::string_
 
 std::string ActiveNavigation::GoToWithCourse(GeoPoint point, double courseMag,
                                              std::string_view name) {
-    if (!isOnEarth(point)) {
+    if (!isOnEarth(point))
         return std::string(text(kFlightTexts.notFound));
-    }
-    if (!(courseMag >= 0.0 && courseMag <= 360.0)) {
+    if (!(courseMag >= 0.0 && courseMag <= 360.0))
         return std::string(text(kFlightTexts.invalidObs));
-    }
     ClearNavigation();
     const auto state = state_.lock();
     state->activeName = name;

@@ -38,9 +38,8 @@ void Simulator::start(GeoPoint position, std::int32_t headingMag, double speedKt
 
 Aircraft Simulator::aircraft() const {
     Aircraft aircraft{.position = position_, .trackMag = trackMag_, .altitudeFt = altitudeFt_};
-    if (speedKt_ != kNoSpeed) {
+    if (speedKt_ != kNoSpeed)
         aircraft.groundSpeedKt = speedKt_;
-    }
     return aircraft;
 }
 
@@ -51,9 +50,8 @@ void Simulator::setHeading(std::int32_t headingMag) {
 }
 
 void Simulator::step(std::int64_t nowMs, const Variation& variation) {
-    if (!running_ || headingMag_ == kNoHeading) {
+    if (!running_ || headingMag_ == kNoHeading)
         return;
-    }
     if (lastStepMs_ != 0 && IsValid(position_) && speedKt_ != kNoSpeed) {
         const double angle =
             static_cast<double>(nowMs - lastStepMs_) * 0.001 * speedKt_ * kKnotsToRadiansPerSecond;
@@ -66,32 +64,27 @@ void Simulator::step(std::int64_t nowMs, const Variation& variation) {
 }
 
 void Simulator::updateTrack(const Variation& variation) {
-    if (!running_ || !IsValid(previous_) || !IsValid(position_)) {
+    if (!running_ || !IsValid(previous_) || !IsValid(position_))
         return;
-    }
     if (SamePoint(previous_, position_)) {
-        if (trackMag_ == kNoAngle) {
+        if (trackMag_ == kNoAngle)
             trackMag_ = wholeDegrees(variation.TrueToMagnetic(360.0));
-        }
         return;
     }
-    if (speedKt_ == kNoSpeed || speedKt_ < kSlowestTrackKt) {
+    if (speedKt_ == kNoSpeed || speedKt_ < kSlowestTrackKt)
         return;
-    }
     const double now = wholeDegrees(variation.TrueToMagnetic(TrueCourseDeg(previous_, position_)));
     // A track between two whole degrees shall not flicker.
     const bool flickers = std::abs(now - trackMag_) == 1.0 && now == formerTrackMag_;
-    if (now != trackMag_ && !flickers) {
+    if (now != trackMag_ && !flickers)
         formerTrackMag_ = std::exchange(trackMag_, now);
-    }
 }
 
 void Simulator::steer(std::int64_t nowMs, double bearingMag) {
     const bool due = steerFromMs_ && nowMs >= *steerFromMs_;
     if (!running_ || !steering_ || !due || bearingMag == kNoAngle || trackMag_ == kNoAngle ||
-        headingMag_ == kNoHeading) {
+        headingMag_ == kNoHeading)
         return;
-    }
     const int off = HeadingDifferenceDeg(bearingMag, trackMag_);
     setHeading(headingMag_ - std::clamp(off, -kTurnPerTickDeg, kTurnPerTickDeg));
 }

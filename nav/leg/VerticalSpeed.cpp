@@ -21,15 +21,13 @@ void VerticalSpeed::add(std::int64_t tickMs, std::optional<std::int32_t> altitud
         return;
     }
     samples_.push_back({tickMs, *altitudeFt});
-    while (tickMs - samples_.front().tickMs > kWindowMs) {
+    while (tickMs - samples_.front().tickMs > kWindowMs)
         samples_.pop_front();
-    }
 }
 
 std::optional<int> VerticalSpeed::feetPerMinute() const {
-    if (samples_.empty() || samples_.back().tickMs - samples_.front().tickMs < kShortestMs) {
+    if (samples_.empty() || samples_.back().tickMs - samples_.front().tickMs < kShortestMs)
         return std::nullopt;
-    }
     // The slope of the straight line that fits best.
     double meanMs = 0;
     double meanFt = 0;

@@ -32,13 +32,11 @@ struct Line {
 };
 
 std::optional<GeoPoint> crossing(const Line& a, const Line& b) {
-    if (a.slope == b.slope) {
+    if (a.slope == b.slope)
         return std::nullopt;
-    }
     const double x = (b.y - a.y + a.slope * a.x - b.slope * b.x) / (a.slope - b.slope);
-    if (!a.spans(x) || !b.spans(x)) {
+    if (!a.spans(x) || !b.spans(x))
         return std::nullopt;
-    }
     return GeoPoint{a.y + a.slope * (x - a.x), unwrapped(x, 0.0)};
 }
 
@@ -46,17 +44,14 @@ std::optional<GeoPoint> crossing(const Line& a, const Line& b) {
 
 AirwayCrossing FindAirwayCrossing(std::span<const GeoPoint> a, std::span<const GeoPoint> b) {
     for (std::size_t i = 0; i + 1 < a.size(); ++i) {
-        if (!IsValid(a[i]) || !IsValid(a[i + 1])) {
+        if (!IsValid(a[i]) || !IsValid(a[i + 1]))
             continue;
-        }
         const Line lineA(a[i], a[i + 1], a[i].lon);
         for (std::size_t j = 0; j + 1 < b.size(); ++j) {
-            if (!IsValid(b[j]) || !IsValid(b[j + 1])) {
+            if (!IsValid(b[j]) || !IsValid(b[j + 1]))
                 continue;
-            }
-            if (const auto point = crossing(lineA, Line(b[j], b[j + 1], a[i].lon))) {
+            if (const auto point = crossing(lineA, Line(b[j], b[j + 1], a[i].lon)))
                 return {.position = *point, .startA = i, .startB = j};
-            }
         }
     }
     return {};

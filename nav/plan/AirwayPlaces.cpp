@@ -29,11 +29,9 @@ struct Candidate {
 using Candidates = std::vector<Candidate>;
 
 KindMask kindsOf(std::string_view key) {
-    for (const KindMask kind : {kVorKind, kNdbKind, kFixKind, kAirportKind}) {
-        if (hasKindPrefix(key) && key.front() == kindLetter(kind)) {
+    for (const KindMask kind : {kVorKind, kNdbKind, kFixKind, kAirportKind})
+        if (hasKindPrefix(key) && key.front() == kindLetter(kind))
             return kind;
-        }
-    }
     return kAllKinds;
 }
 
@@ -76,18 +74,15 @@ std::vector<Record> placesAlong(std::span<const std::string> piece, std::span<co
         Candidates candidates = record
                                     ? Candidates{{.position = record->position, .record = record}}
                                     : namesakes(piece[i], database);
-        if (candidates.empty()) {
+        if (candidates.empty())
             continue;
-        }
-        if (!steps.empty()) {
+        if (!steps.empty())
             reach(candidates, steps.back().second);
-        }
         steps.emplace_back(i, std::move(candidates));
     }
     std::vector<Record> records(piece.size());
-    if (steps.empty()) {
+    if (steps.empty())
         return records;
-    }
     auto chosen = std::ranges::min_element(steps.back().second, {}, &Candidate::wayNm) -
                   steps.back().second.begin();
     for (auto step = steps.rbegin(); step != steps.rend(); ++step) {

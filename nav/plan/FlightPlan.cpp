@@ -26,16 +26,15 @@ FlightPlan::FlightPlan(std::vector<PlanWaypoint> entries)
 
 double FlightPlan::totalNm() const {
     double total = 0.0;
-    for (std::size_t i = 1; i < entries_.size(); ++i) {
+    for (std::size_t i = 1; i < entries_.size(); ++i)
         total += DistanceNm(entries_[i - 1].position(), entries_[i].position());
-    }
     return total;
 }
 
 bool FlightPlan::contains(std::string_view recordKey) const {
-    return std::ranges::any_of(entries_, [recordKey](const PlanWaypoint& entry) {
-        return entry.record->key == recordKey;
-    });
+    return std::ranges::any_of(
+        entries_,
+        [recordKey](const PlanWaypoint& entry) { return entry.record->key == recordKey; });
 }
 
 void FlightPlan::searchSoon() {
@@ -60,9 +59,8 @@ bool FlightPlan::moveTo(std::string_view recordKey) {
     auto found = std::find_if(from, entries_.end(), hasKey);
     if (found == entries_.end()) {
         found = std::find_if(entries_.begin(), from, hasKey);
-        if (found == from) {
+        if (found == from)
             return false;
-        }
     }
     moveToEntry(static_cast<std::size_t>(found - entries_.begin()));
     return true;
@@ -80,36 +78,29 @@ void FlightPlan::moveToEntry(std::size_t index) {
 std::optional<std::size_t> FlightPlan::find(std::string_view recordKey, std::size_t index) const {
     std::optional<std::size_t> nearest;
     const auto away = [index](std::size_t i) { return i < index ? index - i : i - index; };
-    for (std::size_t i = 0; i < entries_.size(); ++i) {
-        if (entries_[i].record->key == recordKey && (!nearest || away(i) < away(*nearest))) {
+    for (std::size_t i = 0; i < entries_.size(); ++i)
+        if (entries_[i].record->key == recordKey && (!nearest || away(i) < away(*nearest)))
             nearest = i;
-        }
-    }
     return nearest;
 }
 
 bool FlightPlan::hasPassed(std::string_view recordKey) const {
-    for (std::size_t i = 0; i < entries_.size(); ++i) {
-        if (progress_[i].state == State::Passed && entries_[i].record->key == recordKey) {
+    for (std::size_t i = 0; i < entries_.size(); ++i)
+        if (progress_[i].state == State::Passed && entries_[i].record->key == recordKey)
             return true;
-        }
-    }
     return false;
 }
 
 bool FlightPlan::goOnFrom(const FlightPlan& former) {
     std::optional<std::size_t> next;
     for (std::size_t i = former.current_.value_or(former.entries_.size());
-         !next && i < former.entries_.size(); ++i) {
+         !next && i < former.entries_.size(); ++i)
         next = find(former.entries_[i].record->key, i);
-    }
-    if (!next) {
+    if (!next)
         return false;
-    }
     // What the pilot puts before it is to be flown first.
-    while (*next > 0 && !former.contains(entries_[*next - 1].record->key)) {
+    while (*next > 0 && !former.contains(entries_[*next - 1].record->key))
         --*next;
-    }
     for (std::size_t i = 0; i < *next; ++i) {
         const bool passed = former.hasPassed(entries_[i].record->key);
         progress_[i].state = passed ? State::Passed : State::Skipped;
@@ -125,9 +116,8 @@ FlightPlan::Sight FlightPlan::sight(std::size_t index, const Motion& motion) con
 }
 
 bool FlightPlan::isReached(std::size_t index, const Sight& sight, const Motion& motion) const {
-    if (sight.distanceNm <= kReachedNm) {
+    if (sight.distanceNm <= kReachedNm)
         return true;
-    }
     return sight.distanceNm < kTurnAnticipationNm && std::abs(sight.turnDeg) > 100 &&
            index + 1 < entries_.size() && std::abs(turnTo(entries_[index + 1], motion)) < 80;
 }
@@ -135,9 +125,8 @@ bool FlightPlan::isReached(std::size_t index, const Sight& sight, const Motion& 
 void FlightPlan::flyFrom(std::size_t index) {
     for (std::size_t i = 0; i < progress_.size(); ++i) {
         State& state = progress_[i].state;
-        if (state != State::Passed) {
+        if (state != State::Passed)
             state = i < index ? State::Skipped : State::Ahead;
-        }
     }
 }
 
@@ -146,18 +135,16 @@ std::optional<std::size_t> FlightPlan::visit(const Motion& motion, bool searchin
         Progress& progress = progress_[i];
         progress.score = kWorstScore;
         const bool examined = searching || progress.state == State::Ahead;
-        if (progress.state == State::Passed || !examined) {
+        if (progress.state == State::Passed || !examined)
             continue;
-        }
         const Sight seen = sight(i, motion);
         if (isReached(i, seen, motion)) {
             std::for_each_n(progress_.begin(), i + 1,
                             [](Progress& before) { before.state = State::Passed; });
             continue;
         }
-        if (!searching) {
+        if (!searching)
             return i;
-        }
         const int turn = std::abs(seen.turnDeg);
         progress.score = RoundToInt(std::pow(turn, 1.5) + seen.distanceNm);
         if (turn <= RoundToInt(std::atan(1.0 / seen.distanceNm) * kRadToDeg)) {
@@ -184,9 +171,8 @@ std::size_t FlightPlan::bestScored() const {
 FlightPlan::Leg FlightPlan::legTo(std::size_t index) {
     current_ = index;
     const PlanWaypoint& waypoint = entries_[index];
-    if (currentKey_ != waypoint.record->key) {
+    if (currentKey_ != waypoint.record->key)
         currentKey_ = waypoint.record->key;
-    }
     Leg leg{.waypoint = &waypoint, .start = std::nullopt};
     for (std::size_t i = index; i-- > 0;) {
         if (progress_[i].state == State::Passed) {
@@ -198,13 +184,11 @@ FlightPlan::Leg FlightPlan::legTo(std::size_t index) {
 }
 
 std::optional<FlightPlan::Leg> FlightPlan::ChooseActiveLeg(const Motion& motion) {
-    if (entries_.empty()) {
+    if (entries_.empty())
         return std::nullopt;
-    }
     const bool searching = choicesUntilSearch_ > 0 && --choicesUntilSearch_ == 0;
-    if (const auto chosen = visit(motion, searching)) {
+    if (const auto chosen = visit(motion, searching))
         return legTo(*chosen);
-    }
     if (searching) {
         const std::size_t best = bestScored();
         flyFrom(best);

@@ -12,15 +12,12 @@ GeneratedFixes::Fix GeneratedFixes::find(std::string_view key) const {
 
 GeneratedFixes::Fix GeneratedFixes::FindOrCreateFix(GeoPoint position,
                                                     std::optional<std::string_view> name) {
-    for (const auto& [key, fix] : fixes_) {
-        if (SamePoint(fix->position, position)) {
+    for (const auto& [key, fix] : fixes_)
+        if (SamePoint(fix->position, position))
             return fix;
-        }
-    }
     std::string ident(name.value_or(""));
-    while (!name && (ident.empty() || find(makeRecordKey(kFixKind, ident)))) {
+    while (!name && (ident.empty() || find(makeRecordKey(kFixKind, ident))))
         ident = "F-" + formatInt(++counter_);
-    }
     const auto fix = std::make_shared<FixRecord>();
     fix->key = makeRecordKey(kFixKind, ident);
     fix->ident.assign(ident);

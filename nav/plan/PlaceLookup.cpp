@@ -6,9 +6,8 @@
 namespace korvel {
 
 std::shared_ptr<const DatabaseRecord> PlaceLookup::peek(std::string_view key) const {
-    if (auto fix = fixes_->find(key)) {
+    if (auto fix = fixes_->find(key))
         return fix;
-    }
     return peekDatabase(key);
 }
 
@@ -20,9 +19,8 @@ std::shared_ptr<const DatabaseRecord> PlaceLookup::peekDatabase(std::string_view
 
 std::shared_ptr<const DatabaseRecord> PlaceLookup::next(std::string_view key) {
     auto found = peek(key);
-    if (found) {
+    if (found)
         near_ = found->position;
-    }
     return found;
 }
 

@@ -27,21 +27,17 @@ struct Candidate {
 };
 
 KindMask kindsOfLetter(char letter) {
-    for (const KindMask kind : {kVorKind, kNdbKind, kFixKind, kAirportKind}) {
-        if (kindLetter(kind) == letter) {
+    for (const KindMask kind : {kVorKind, kNdbKind, kFixKind, kAirportKind})
+        if (kindLetter(kind) == letter)
             return kind;
-        }
-    }
     return kAllKinds;
 }
 
 void addAround(const NavDatabase& database, std::string_view beginning, GeoPoint near,
                KindMask kinds, std::vector<Place>& places) {
-    for (const NearPlace& around : database.nearest(near, kinds, kMostAround, kAroundNm)) {
-        if (around.place.ident.view().starts_with(beginning)) {
+    for (const NearPlace& around : database.nearest(near, kinds, kMostAround, kAroundNm))
+        if (around.place.ident.view().starts_with(beginning))
             places.push_back(around.place);
-        }
-    }
 }
 
 bool isSamePlace(const Candidate& a, const Candidate& b) {
@@ -54,20 +50,17 @@ bool isSamePlace(const Candidate& a, const Candidate& b) {
 std::vector<PlaceMatch> placeMatches(const NavDatabase& database, std::string_view typed,
                                      std::optional<GeoPoint> near, std::size_t limit) {
     const std::string beginning = inCapitals(identOfKey(typed));
-    if (beginning.empty()) {
+    if (beginning.empty())
         return {};
-    }
     const KindMask kinds = hasKindPrefix(typed) ? kindsOfLetter(typed.front()) : kAllKinds;
     std::vector<Place> places;
-    if (!database.placesBeginning(beginning, kinds, kMostRows, places) && near) {
+    if (!database.placesBeginning(beginning, kinds, kMostRows, places) && near)
         addAround(database, beginning, *near, kinds, places);
-    }
     std::vector<Candidate> candidates;
     for (const Place& place : places) {
         Candidate candidate{.isExact = place.ident.view() == beginning};
-        if (near) {
+        if (near)
             candidate.distanceNm = DistanceNm(*near, place.position);
-        }
         candidate.place = place;
         candidates.push_back(candidate);
     }

@@ -41,13 +41,11 @@ PlanEditResult insertWords(const PlanEntries& entries, std::size_t row, std::str
     const PlanWaypoint* const near = before != nullptr ? before : behind;
     RouteEntry route(database, fixes, near != nullptr ? near->position() : present);
     RouteResult result = route.EnterRoute(lineFrom(before, words), true);
-    if (!result.error.empty()) {
+    if (!result.error.empty())
         return {.error = std::move(result.error), .entries = entries, .row = row};
-    }
     auto first = result.entries.begin();
-    if (before != nullptr && first != result.entries.end()) {
+    if (before != nullptr && first != result.entries.end())
         ++first;
-    }
     PlanEditResult edited{.entries = entries, .row = row};
     edited.entries.insert(edited.entries.begin() + static_cast<std::ptrdiff_t>(row),
                           std::make_move_iterator(first),
@@ -84,17 +82,15 @@ std::string routeLine(const PlanEntries& entries, NavDatabase& database,
 }
 
 PlanEntries withoutRow(PlanEntries entries, std::size_t row) {
-    if (row < entries.size()) {
+    if (row < entries.size())
         entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(row));
-    }
     return withoutRepeats(std::move(entries));
 }
 
 PlanEntries withRowMoved(PlanEntries entries, std::size_t row, bool up) {
     const std::size_t first = up ? row - 1 : row;
-    if (row < entries.size() && (!up || row > 0) && first + 1 < entries.size()) {
+    if (row < entries.size() && (!up || row > 0) && first + 1 < entries.size())
         std::swap(entries[first], entries[first + 1]);
-    }
     return withoutRepeats(std::move(entries));
 }
 
@@ -113,16 +109,14 @@ PlanEditResult withAltitude(const PlanEntries& entries, std::size_t row, std::in
 
 void PlanHistory::remember(PlanEntries before) {
     undone_.push_back(std::move(before));
-    if (undone_.size() > kMostSteps) {
+    if (undone_.size() > kMostSteps)
         undone_.pop_front();
-    }
     redone_.clear();
 }
 
 std::optional<PlanEntries> PlanHistory::undo(PlanEntries present) {
-    if (undone_.empty()) {
+    if (undone_.empty())
         return std::nullopt;
-    }
     redone_.push_back(std::move(present));
     PlanEntries entries = std::move(undone_.back());
     undone_.pop_back();
@@ -130,9 +124,8 @@ std::optional<PlanEntries> PlanHistory::undo(PlanEntries present) {
 }
 
 std::optional<PlanEntries> PlanHistory::redo(PlanEntries present) {
-    if (redone_.empty()) {
+    if (redone_.empty())
         return std::nullopt;
-    }
     undone_.push_back(std::move(present));
     PlanEntries entries = std::move(redone_.back());
     redone_.pop_back();

@@ -17,9 +17,8 @@
 
 namespace korvel {
 bool PlanFiles::isOwnPlace(std::string_view key) const {
-    if (fixes_.find(key)) {
+    if (fixes_.find(key))
         return true;
-    }
     const DatabaseRecord* const own = userRecords_ != nullptr ? userRecords_->find(key) : nullptr;
     return own != nullptr && own->GetKind() == kFixKind;
 }
@@ -27,16 +26,14 @@ bool PlanFiles::isOwnPlace(std::string_view key) const {
 std::string PlanFiles::SavePlan() const {
     std::string text;
     const auto plan = plan_.lock();
-    if (!*plan) {
+    if (!*plan)
         return text;
-    }
     for (const PlanWaypoint& entry : (*plan)->entries()) {
         text += entry.key + altitudeSuffix(entry.altitudeFt);
         const auto* fix = dynamic_cast<const FixRecord*>(entry.record.get());
         const bool isMarked = fix != nullptr && fix->usage == kUsageMarked;
-        if (isMarked || isOwnPlace(entry.key)) {
+        if (isMarked || isOwnPlace(entry.key))
             text += ' ' + positionText(entry.position());
-        }
         text += "\r\n";
     }
     return text;
@@ -51,12 +48,10 @@ std::string PlanFiles::savePlanAs(const std::filesystem::path& path) const {
 std::string PlanFiles::OpenPlanFile(const std::filesystem::path& path, std::string_view bytes) {
     openedFile_.clear();
     const std::string name = path.string();
-    if (endsWithIgnoringCase(name, ".FP")) {
+    if (endsWithIgnoringCase(name, ".FP"))
         return openText(bytes, path);
-    }
-    if (!endsWithIgnoringCase(name, ".TXT")) {
+    if (!endsWithIgnoringCase(name, ".TXT"))
         return std::string(text(kFlightTexts.unsupportedFileType));
-    }
     // Not read back: another plan may stand in a file that could not be written.
     const auto converted =
         ImportWaypointList(path, bytes, PlaceLookup(database_, fixes_, present_), disk_);
@@ -66,9 +61,8 @@ std::string PlanFiles::OpenPlanFile(const std::filesystem::path& path, std::stri
 
 std::string PlanFiles::openText(std::string_view planText, const std::filesystem::path& file) {
     std::string error = LoadPlanText(planText);
-    if (error.empty()) {
+    if (error.empty())
         openedFile_ = file;
-    }
     return error;
 }
 
@@ -78,9 +72,8 @@ std::string PlanFiles::resolveLine(std::string_view line, PlaceLookup& lookup,
     if (const std::size_t at = words.find('@'); at != std::string::npos) {
         std::string_view number = std::string_view(words).substr(at + 1);
         const auto altitude = scanPlannedAltitude(number);
-        if (!altitude) {
+        if (!altitude)
             return std::string(text(kFlightTexts.invalidAltitude));
-        }
         entry.altitudeFt = *altitude;
         words.erase(at, std::min(words.find(' ', at), words.size()) - at);
     }
@@ -96,14 +89,12 @@ std::string PlanFiles::resolveLine(std::string_view line, PlaceLookup& lookup,
         // There may have been a fix of another name.
         entry.key = entry.record->key;
     }
-    if (!entry.record) {
+    if (!entry.record)
         return formatText(kFlightTexts.navaidNotFound, {identOfKey(entry.key)});
-    }
     lookup.moveTo(entry.record->position);
     entry.text = entry.key;
-    if (entry.altitudeFt != kNoAltitudeFt) {
+    if (entry.altitudeFt != kNoAltitudeFt)
         entry.text += '@' + formatFixed(entry.altitudeFt * 0.01, 1);
-    }
     return {};
 }
 
@@ -116,9 +107,8 @@ std::string PlanFiles::LoadPlanText(std::string_view text) {
         text.remove_prefix(std::min(line.size() + 1, text.size()));
         std::erase(line, '\r');
         const std::string_view content = stripped(line);
-        if (content.empty() || content.starts_with(';')) {
+        if (content.empty() || content.starts_with(';'))
             continue;
-        }
         std::string error = resolveLine(content, lookup, entries.emplace_back());
         if (!error.empty()) {
             plan_.lock()->reset();

@@ -28,9 +28,8 @@ std::vector<std::string> planHints(std::span<const PlanWaypoint> entries, Distan
     for (std::size_t i = 1; i < entries.size(); ++i) {
         const PlanWaypoint& from = entries[i - 1];
         const PlanWaypoint& to = entries[i];
-        if (SamePoint(from.position(), to.position())) {
+        if (SamePoint(from.position(), to.position()))
             continue;
-        }
         const double turn =
             arrival ? turnDeg(*arrival, TrueCourseDeg(from.position(), to.position())) : 0.0;
         if (turn > kSharpTurnDeg) {

@@ -32,11 +32,10 @@ CheckedWord checkWord(const std::string& text, bool isFirst, const NavDatabase& 
     }
     std::vector<std::string> routes;
     database.GetAirwayRoutes(word.ident, routes);
-    if (!isFirst && !routes.empty()) {
+    if (!isFirst && !routes.empty())
         checked.kind = CheckedWord::Kind::Airway;
-    } else {
+    else
         checked.message = formatText(kFlightTexts.navaidOrAirwayNotFound, {word.ident});
-    }
     return checked;
 }
 
@@ -46,9 +45,8 @@ RouteCheck checkRoute(std::string_view line, NavDatabase& database, const Genera
                       std::optional<GeoPoint> present, DistanceUnit unit) {
     RouteCheck check;
     PlaceLookup lookup(database, fixes, present);
-    for (const std::string& word : SplitWords(line)) {
+    for (const std::string& word : SplitWords(line))
         check.words.push_back(checkWord(word, check.words.empty(), database, lookup));
-    }
     GeneratedFixes scratch = fixes;
     RouteResult result = RouteEntry(database, scratch, present).EnterRoute(line, true);
     check.error = std::move(result.error);
@@ -61,9 +59,8 @@ RouteCheck checkRoute(std::string_view line, NavDatabase& database, const Genera
     // A word may be known and yet not lead on: say so at the word.
     const auto offending =
         std::ranges::find(check.words, result.entries.front().text, &CheckedWord::word);
-    if (offending != check.words.end()) {
+    if (offending != check.words.end())
         offending->message = check.error;
-    }
     return check;
 }
 

@@ -8,16 +8,14 @@
 namespace korvel {
 
 void RouteEntry::addAirway(std::string_view name, AirwayTable& airways) const {
-    if (airways.contains(name)) {
+    if (airways.contains(name))
         return;
-    }
     std::vector<std::string> routes;
     database_.GetAirwayRoutes(name, routes);
     if (!routes.empty()) {
         auto& segments = airways[std::string(name)];
-        for (const std::string& route : routes) {
+        for (const std::string& route : routes)
             segments.push_back(SplitWords(route));
-        }
     }
 }
 

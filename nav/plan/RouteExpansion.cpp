@@ -28,13 +28,11 @@ std::string missingFix(std::string_view fix, std::string_view airway) {
 std::vector<std::size_t> commonFixes(const std::vector<std::string>& segment, std::size_t entry,
                                      const std::vector<std::vector<std::string>>& other) {
     std::vector<std::size_t> common;
-    for (std::size_t i = 0; i < segment.size(); ++i) {
+    for (std::size_t i = 0; i < segment.size(); ++i)
         if (std::ranges::any_of(other, [&](const auto& piece) {
                 return std::ranges::find(piece, segment[i]) != piece.end();
-            })) {
+            }))
             common.push_back(i);
-        }
-    }
     std::ranges::stable_sort(common, {}, [entry, &segment](std::size_t i) {
         return i == entry ? segment.size() : std::max(i, entry) - std::min(i, entry);
     });
@@ -43,17 +41,15 @@ std::vector<std::size_t> commonFixes(const std::vector<std::string>& segment, st
 
 std::vector<GeoPoint> positions(std::span<const std::shared_ptr<const DatabaseRecord>> places) {
     std::vector<GeoPoint> found;
-    for (const auto& place : places) {
+    for (const auto& place : places)
         found.push_back(place ? place->position : GeoPoint{});
-    }
     return found;
 }
 
 /// Whoever typed a key with its kind means no other kind.
 void takeKind(std::string& ident, std::string_view key) {
-    if (hasKindPrefix(key) && identOfKey(key) == ident) {
+    if (hasKindPrefix(key) && identOfKey(key) == ident)
         ident = key;
-    }
 }
 
 }  // namespace
@@ -91,19 +87,15 @@ RouteExpansion::Step RouteExpansion::fail(std::string message) {
 RouteExpansion::Step RouteExpansion::takeWord() {
     const RouteWord word = RouteWord::parse(words_[current_]);
     auto record = std::exchange(onAirway_, nullptr);
-    if (word.isAirway) {
+    if (word.isAirway)
         return takeAirway(word.ident);
-    }
-    if (word.unreadable) {
+    if (word.unreadable)
         return fail(std::string(text(kFlightTexts.invalidAltitude)));
-    }
     const bool isCertain = record != nullptr;
-    if (!isCertain) {
+    if (!isCertain)
         record = lookup_.peek(word.ident);
-    }
-    if (!record) {
+    if (!record)
         return takeAirway(word.ident);
-    }
     entryIsCertain_ = isCertain;
     lookup_.moveTo(record->position);
     result_.entries.push_back({.text = words_[current_],
@@ -115,27 +107,21 @@ RouteExpansion::Step RouteExpansion::takeWord() {
 
 RouteExpansion::Step RouteExpansion::takeAirway(std::string_view name) {
     const auto found = airways_.find(name);
-    if (found == airways_.end()) {
+    if (found == airways_.end())
         return fail(formatText(kFlightTexts.navaidOrAirwayNotFound, {name}));
-    }
-    if (current_ == 0) {
+    if (current_ == 0)
         return fail(formatText(kFlightTexts.noLeadingFix, {name}));
-    }
-    if (current_ + 1 == words_.size()) {
+    if (current_ + 1 == words_.size())
         return fail(formatText(kFlightTexts.noTrailingFix, {name}));
-    }
     Airway airway{.name = name};
-    if (!lookAround(airway)) {
+    if (!lookAround(airway))
         return fail(std::string(text(kFlightTexts.invalidAltitude)));
-    }
-    if (beginsThrough()) {
+    if (beginsThrough())
         return takeSegment(airway, *start_.through);
-    }
     for (const Segment& segment : found->second) {
         const Step step = takeSegment(airway, segment);
-        if (step != Step::NotHere) {
+        if (step != Step::NotHere)
             return step;
-        }
     }
     return Step::NotHere;
 }
@@ -148,12 +134,10 @@ bool RouteExpansion::lookAround(Airway& airway) {
     const RouteWord next = RouteWord::parse(words_[current_ + 1]);
     airway.exitKey = next.ident;
     airway.exit = next.ident;
-    if (const auto found = airways_.find(next.ident); found != airways_.end()) {
+    if (const auto found = airways_.find(next.ident); found != airways_.end())
         airway.nextAirway = &*found;
-    }
-    if (const auto place = next.isAirway ? nullptr : lookup_.peek(next.ident)) {
+    if (const auto place = next.isAirway ? nullptr : lookup_.peek(next.ident))
         airway.exit = place->ident.view();
-    }
     return !next.unreadable;
 }
 
@@ -170,16 +154,14 @@ RouteExpansion::Step RouteExpansion::takeSegment(const Airway& airway, const Seg
     }
     const Records places = placesOf(airway, segment, *entry, exit);
     if (!exit) {
-        if (join(airway, segment, places, *entry)) {
+        if (join(airway, segment, places, *entry))
             return Step::Done;
-        }
         keep(missingFix(airway.exit, airway.name), words_[current_]);
         return Step::NotHere;
     }
     const Stretch stretch{.segment = segment, .places = places, .from = *entry, .to = *exit};
-    if (const auto missing = fly(stretch, result_.entries)) {
+    if (const auto missing = fly(stretch, result_.entries))
         return fail(missingFix(*missing, airway.name));
-    }
     lookup_.moveTo(result_.entries.back().record->position);
     onAirway_ = places[*exit];
     return Step::Next;
@@ -189,29 +171,25 @@ RouteExpansion::Records RouteExpansion::placesOf(const Airway& airway, Segment s
                                                  std::size_t entry,
                                                  std::optional<std::size_t> exit) const {
     Records known(segment.size());
-    if (entryIsCertain_) {
+    if (entryIsCertain_)
         known[entry] = result_.entries.back().record;
-    }
     takeKind(segment[entry], airway.entryKey);
-    if (exit) {
+    if (exit)
         takeKind(segment[*exit], airway.exitKey);
-    }
     return placesAlong(segment, known, lookup_.database(), fixes_);
 }
 
 std::optional<std::string> RouteExpansion::fly(const Stretch& stretch,
                                                std::vector<PlanWaypoint>& list) const {
     const auto& [segment, places, from, to] = stretch;
-    if (places[from]) {
+    if (places[from])
         list.back().record = places[from];
-    }
     const bool backwards = to < from;
     const std::size_t count = (backwards ? from - to : to - from);
     for (std::size_t step = 1; step < count; ++step) {
         const std::size_t i = backwards ? from - step : from + step;
-        if (!places[i]) {
+        if (!places[i])
             return segment[i];
-        }
         list.push_back({.text = segment[i], .key = segment[i], .record = places[i]});
     }
     return std::nullopt;
@@ -220,9 +198,8 @@ std::optional<std::string> RouteExpansion::fly(const Stretch& stretch,
 bool RouteExpansion::join(const Airway& airway, const Segment& segment, const Records& places,
                           std::size_t entry) {
     const auto common = commonFixes(segment, entry, airway.nextAirway->second);
-    if (common.empty()) {
+    if (common.empty())
         return joinAtCrossing(airway, segment, places, entry);
-    }
     return std::ranges::any_of(common, [&](std::size_t i) {
         return continueAt(airway, {.segment = segment, .places = places, .from = entry, .to = i},
                           segment[i], {.place = places[i]});
@@ -236,9 +213,8 @@ bool RouteExpansion::joinAtCrossing(const Airway& airway, const Segment& segment
         const Records otherPlaces =
             placesAlong(other, Records(other.size()), lookup_.database(), fixes_);
         const AirwayCrossing crossing = FindAirwayCrossing(own, positions(otherPlaces));
-        if (!IsValid(crossing.position)) {
+        if (!IsValid(crossing.position))
             continue;
-        }
         const auto fix = fixes_.FindOrCreateFix(crossing.position);
         Segment through = other;
         through.insert(through.begin() + static_cast<std::ptrdiff_t>(crossing.startB) + 1,
@@ -246,18 +222,16 @@ bool RouteExpansion::joinAtCrossing(const Airway& airway, const Segment& segment
         const bool ahead = entry <= crossing.startA;
         const std::size_t behind = ahead ? crossing.startA + 1 : crossing.startA;
         if (continueAt(airway, {.segment = segment, .places = places, .from = entry, .to = behind},
-                       fix->key, {.place = fix, .through = &through})) {
+                       fix->key, {.place = fix, .through = &through}))
             return true;
-        }
     }
     return false;
 }
 
 bool RouteExpansion::continueAt(const Airway& airway, const Stretch& stretch,
                                 const std::string& name, const Junction& junction) {
-    if (triesLeft_-- <= 0) {
+    if (triesLeft_-- <= 0)
         return false;
-    }
     std::vector<PlanWaypoint> entries = result_.entries;
     if (const auto missing = fly(stretch, entries)) {
         keep(missingFix(*missing, airway.name), words_[current_]);

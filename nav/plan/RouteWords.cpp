@@ -21,9 +21,8 @@ std::vector<std::string> SplitWords(std::string_view text) {
         const std::size_t end = std::min(text.find_first_of(" \n"), text.size());
         std::string word(text.substr(0, end));
         std::erase(word, '\r');
-        if (const std::string_view kept = stripped(word); !kept.empty()) {
+        if (const std::string_view kept = stripped(word); !kept.empty())
             words.emplace_back(kept);
-        }
         text.remove_prefix(std::min(end + 1, text.size()));
     }
     return words;
@@ -44,25 +43,22 @@ std::string typedIdents(std::string_view text) {
 std::optional<std::int32_t> scanPlannedAltitude(std::string_view& text) {
     const auto hundreds = scanDouble(text);
     const double feet = hundreds.value_or(0.0) * 100.0;
-    if (!hundreds || !(feet >= kLowestPlannedFt && feet <= kHighestPlannedFt)) {
+    if (!hundreds || !(feet >= kLowestPlannedFt && feet <= kHighestPlannedFt))
         return std::nullopt;
-    }
     return static_cast<std::int32_t>(feet);
 }
 
 std::optional<std::int32_t> typedAltitude(std::string_view text) {
     std::string_view rest = stripped(text);
-    if (rest.empty()) {
+    if (rest.empty())
         return kNoAltitudeFt;
-    }
     const auto planned = scanPlannedAltitude(rest);
     return rest.empty() ? planned : std::nullopt;
 }
 
 std::string altitudeSuffix(std::int32_t altitudeFt) {
-    if (altitudeFt == kNoAltitudeFt) {
+    if (altitudeFt == kNoAltitudeFt)
         return {};
-    }
     return '@' + formatFixed(altitudeFt * 0.01, altitudeFt % 100 == 0 ? 0 : 1);
 }
 
@@ -74,16 +70,14 @@ std::string positionText(GeoPoint position) {
 GeoPoint parsePositionText(std::string_view text) {
     const auto lat = scanDouble(text);
     const auto lon = lat ? scanDouble(text) : std::nullopt;
-    if (!lon || !(std::abs(*lat) <= 90.0) || !(std::abs(*lon) <= 180.0)) {
+    if (!lon || !(std::abs(*lat) <= 90.0) || !(std::abs(*lon) <= 180.0))
         return {};
-    }
     return {*lat * kDegToRad, *lon * kDegToRad};
 }
 
 RouteWord RouteWord::parse(std::string_view word) {
-    if (word.starts_with('@')) {
+    if (word.starts_with('@'))
         return {.ident = word.substr(1), .isAirway = true};
-    }
     const std::size_t at = word.find('@');
     RouteWord parsed{.ident = word.substr(0, at)};
     if (at != std::string_view::npos) {

@@ -44,13 +44,11 @@ std::optional<double> takeCoordinate(std::string_view& text, char negative, int 
     const char hemisphere = takeLetter(text);
     const auto wholeDeg = scanInt(text);
     const auto minutes = wholeDeg ? scanDouble(text) : std::nullopt;
-    if (!minutes || *wholeDeg < 0 || !(*minutes >= 0.0 && *minutes <= 60.0)) {
+    if (!minutes || *wholeDeg < 0 || !(*minutes >= 0.0 && *minutes <= 60.0))
         return std::nullopt;
-    }
     const double degrees = *wholeDeg + *minutes * 0.016666666666666666;
-    if (degrees > limitDeg) {
+    if (degrees > limitDeg)
         return std::nullopt;
-    }
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
     return (hemisphere == negative ? -degrees : degrees) * kDegToRad;
 }
@@ -63,9 +61,8 @@ std::optional<Waypoint> parseWaypoint(std::string_view fields) {
     const auto lat = takeCoordinate(fields, 'S', 90);
     const auto lon = lat ? takeCoordinate(fields, 'W', 180) : std::nullopt;
     const auto altitude = lon ? scanInt(fields) : std::nullopt;
-    if (!altitude || waypoint.ident.empty() || *altitude > kHighestPlannedFt) {
+    if (!altitude || waypoint.ident.empty() || *altitude > kHighestPlannedFt)
         return std::nullopt;
-    }
     waypoint.position = {*lat, *lon};
     waypoint.altitudeFt = *altitude;
     return waypoint;
@@ -115,9 +112,8 @@ std::filesystem::path convertedPlanPath(std::filesystem::path importPath, int nu
 ConvertedPlan WriteConvertedPlan(const std::filesystem::path& importPath, std::string planText,
                                  int number, FileSystem& disk) {
     std::filesystem::path file = convertedPlanPath(importPath, number);
-    if (!writeFileAtomically(file, planText, disk)) {
+    if (!writeFileAtomically(file, planText, disk))
         file.clear();
-    }
     return {std::move(planText), std::move(file)};
 }
 
@@ -131,35 +127,30 @@ std::optional<ConvertedPlan> ImportWaypointList(const std::filesystem::path& imp
     const auto finish = [&] {
         ConvertedPlan written =
             WriteConvertedPlan(importPath, std::exchange(plan, {}), current, disk);
-        if (current == 0) {
+        if (current == 0)
             first = std::move(written);
-        }
     };
     while (!text.empty()) {
         std::string_view line = takeLine(text);
         if (line.starts_with("FPL ")) {
             line.remove_prefix(4);
             const auto number = scanInt(line);
-            if (!number) {
+            if (!number)
                 return std::nullopt;
-            }
-            if (*number > 0 && current >= 0) {
+            if (*number > 0 && current >= 0)
                 finish();
-            }
             current = *number;
             plan.clear();
             planLookup = lookup;
         } else if (line.starts_with("FWP ")) {
             const auto waypoint = parseWaypoint(line.substr(4));
-            if (!waypoint) {
+            if (!waypoint)
                 return std::nullopt;
-            }
             plan += planLine(*waypoint, planLookup);
         }
     }
-    if (current >= 0) {
+    if (current >= 0)
         finish();
-    }
     return first;
 }
 

@@ -53,15 +53,13 @@ FlightLog::FlightLog(const Clock& clock, const std::filesystem::path& file, Plac
 void FlightLog::complete() {
     const auto noted = journal_.completeLines();
     const auto logged = log_.completeLines();
-    if (!noted || !logged) {
+    if (!noted || !logged)
         return;
-    }
     const std::string_view line = lastLine(*noted);
-    if (line.empty() || logged->ends_with(line)) {
+    if (line.empty() || logged->ends_with(line))
         journal_.remove();
-    } else {
+    else
         addToLog(line);
-    }
 }
 
 void FlightLog::addToLog(std::string_view line) {
@@ -86,16 +84,14 @@ void FlightLog::step(const Options& options, std::optional<double> groundSpeedKt
         sawSlow_ = false;
         return;
     }
-    if (!groundSpeedKt) {
+    if (!groundSpeedKt)
         return;
-    }
-    if (flight_) {
+    if (flight_)
         follow(options, *groundSpeedKt);
-    } else if (*groundSpeedKt >= options.startKt) {
+    else if (*groundSpeedKt >= options.startKt)
         begin(sawSlow_);
-    } else {
+    else
         sawSlow_ = true;
-    }
 }
 
 void FlightLog::begin(bool offSeen) {
@@ -109,9 +105,8 @@ void FlightLog::follow(const Options& options, double groundSpeedKt) {
     const std::int64_t now = clock_.tickMs();
     if (groundSpeedKt >= options.endKt) {
         flight_->slowSinceMs.reset();
-        if (now - flight_->notedMs >= kNoteMs) {
+        if (now - flight_->notedMs >= kNoteMs)
             note();
-        }
     } else if (!flight_->slowSinceMs) {
         note();
         flight_->slowSinceMs = now;
@@ -130,12 +125,10 @@ void FlightLog::note() {
 }
 
 void FlightLog::close() {
-    if (!flight_) {
+    if (!flight_)
         return;
-    }
-    if (!flight_->slowSinceMs) {
+    if (!flight_->slowSinceMs)
         note();
-    }
     finish();
 }
 

@@ -21,9 +21,8 @@ bool isThere(const std::filesystem::path& path) {
 
 std::optional<std::string> LineJournal::completeLines() const {
     auto text = path_.empty() ? std::string() : readWholeFile(path_, kWholeFile, disk_);
-    if (!text) {
+    if (!text)
         return isThere(path_) ? std::nullopt : std::optional(std::string());
-    }
     const std::size_t end = text->rfind(kLineEnd);
     text->resize(end == std::string::npos ? 0 : end + kLineEnd.size());
     return text;
@@ -34,17 +33,15 @@ std::string LineJournal::trouble() const {
 }
 
 std::string LineJournal::append(std::string_view lines) {
-    if (path_.empty() || lines.empty()) {
+    if (path_.empty() || lines.empty())
         return {};
-    }
     if (!file_ && !open()) {
         file_.reset();
         return trouble();
     }
     const auto before = file_->size();
-    if (before && file_->write(lines)) {
+    if (before && file_->write(lines))
         return {};
-    }
     wholeSize_ = before;
     cutBack();
     file_.reset();
@@ -58,50 +55,42 @@ bool LineJournal::open() {
 
 bool LineJournal::mendEnd() {
     const auto torn = isTorn();
-    if (!torn || !*torn) {
+    if (!torn || !*torn)
         return torn.has_value();
-    }
-    if (tornLine_ == TornLine::End) {
+    if (tornLine_ == TornLine::End)
         return file_->write(kLineEnd);
-    }
     const auto whole = completeLines();
     return whole && file_->cutTo(whole->size());
 }
 
 /// Takes away what a write that failed has left behind, now or when the file is opened again.
 bool LineJournal::cutBack() {
-    if (wholeSize_ && file_->cutTo(*wholeSize_)) {
+    if (wholeSize_ && file_->cutTo(*wholeSize_))
         wholeSize_.reset();
-    }
     return !wholeSize_;
 }
 
 /// Whether the file ends within a line; nothing when that cannot be read.
 std::optional<bool> LineJournal::isTorn() const {
     const auto file = disk_.openRandomAccess(path_);
-    if (!file) {
+    if (!file)
         return std::nullopt;
-    }
     const std::uint64_t size = file->size();
     std::array<std::uint8_t, kLineEnd.size()> last{};
-    if (size < last.size()) {
+    if (size < last.size())
         return size != 0;
-    }
-    if (file->readAt(size - last.size(), last) != last.size()) {
+    if (file->readAt(size - last.size(), last) != last.size())
         return std::nullopt;
-    }
     return last != std::array<std::uint8_t, kLineEnd.size()>{'\r', '\n'};
 }
 
 std::string LineJournal::replace(std::string_view lines) {
-    if (path_.empty()) {
+    if (path_.empty())
         return {};
-    }
     file_.reset();
     wholeSize_.reset();
-    if (!lines.empty() && writeFileAtomically(path_, lines, disk_)) {
+    if (!lines.empty() && writeFileAtomically(path_, lines, disk_))
         return {};
-    }
     // When the new text cannot be written, the old one must not be taken for it later.
     remove();
     return lines.empty() ? std::string() : trouble();
@@ -110,9 +99,8 @@ std::string LineJournal::replace(std::string_view lines) {
 void LineJournal::remove() {
     file_.reset();
     wholeSize_.reset();
-    if (!path_.empty()) {
+    if (!path_.empty())
         disk_.remove(path_);
-    }
 }
 
 void LineJournal::moveTo(const std::filesystem::path& destination) {

@@ -14,9 +14,8 @@ TrackRecorder::TrackRecorder(const Clock& clock, std::filesystem::path journalFi
       disk_(disk),
       journal_(std::move(journalFile), LineJournal::TornLine::Drop, disk) {
     const std::string lines = journal_.completeLines().value_or("");
-    if (lines.empty()) {
+    if (lines.empty())
         return;
-    }
     auto found = std::make_shared<Track>(clock_);
     if (!found->ReadTrackText(lines)) {
         // Not ours to repair, and not ours to throw away.
@@ -32,38 +31,33 @@ void TrackRecorder::offer(GeoPoint position, std::int32_t groundSpeedKt, std::in
     std::string lines;
     {
         const auto track = track_.lock();
-        if (!*track) {
+        if (!*track)
             *track = std::make_shared<Track>(clock_);
-        }
         const std::size_t added =
             (*track)->AddTrackPoint(position, groundSpeedKt, trackDeg, altitudeFt);
         lines = (*track)->lastLines(added);
     }
-    if (!lines.empty()) {
+    if (!lines.empty())
         trouble_.note(journal_.append(lines));
-    }
 }
 
 void TrackRecorder::breakHere() {
-    if (const auto track = track_.lock(); *track) {
+    if (const auto track = track_.lock(); *track)
         (*track)->setPendingBreak();
-    }
 }
 
 void TrackRecorder::returnToTimeOfDay() {
     if (const auto track = track_.lock(); *track) {
-        if (const std::size_t added = (*track)->returnToTimeOfDay(); added != 0) {
+        if (const std::size_t added = (*track)->returnToTimeOfDay(); added != 0)
             journal_.append((*track)->lastLines(added));
-        }
     }
 }
 
 std::string TrackRecorder::saveTrack(const std::filesystem::path& path) const {
     const std::shared_ptr<const Track> saved = track();
     std::string lines;
-    if (!saved || !saved->WriteTrackText(lines)) {
+    if (!saved || !saved->WriteTrackText(lines))
         return std::string(text(kFlightTexts.noTrackToSave));
-    }
     return writeFileAtomically(path, lines, disk_) ? std::string()
                                                    : std::string(text(kFlightTexts.fileOpenError));
 }
@@ -86,9 +80,8 @@ std::string TrackRecorder::openTrack(const std::filesystem::path& path) {
 
 void TrackRecorder::endSession() {
     const auto& path = journal_.path();
-    if (!path.empty()) {
+    if (!path.empty())
         journal_.moveTo(path.parent_path() / ("last-" + path.filename().string()));
-    }
 }
 
 }  // namespace korvel

@@ -34,9 +34,8 @@ BlockCache::Slot& BlockCache::load(std::array<Slot, kWays>& set, std::uint64_t b
 bool BlockCache::read(std::uint64_t offset, std::span<std::uint8_t> room) {
     while (!room.empty()) {
         const auto piece = from(offset);
-        if (piece.empty()) {
+        if (piece.empty())
             return false;
-        }
         const std::size_t count = std::min(piece.size(), room.size());
         std::copy_n(piece.begin(), count, room.begin());
         room = room.subspan(count);
@@ -49,9 +48,8 @@ bool BlockCache::readWord(std::uint64_t offset, std::uint32_t& word) {
     std::array<std::uint8_t, 4> copy{};
     auto bytes = from(offset);
     if (bytes.size() < 4) {
-        if (!read(offset, copy)) {
+        if (!read(offset, copy))
             return false;
-        }
         bytes = copy;
     }
     word = loadU32(bytes, 0);
@@ -66,9 +64,8 @@ void BlockCache::readText(std::uint64_t offset, std::string& text) {
         const auto end = std::find(piece.begin(), piece.end(), std::uint8_t{0});
         std::transform(piece.begin(), end, std::back_inserter(text),
                        [](std::uint8_t byte) { return static_cast<char>(byte & kTextMask); });
-        if (end != piece.end() || piece.empty()) {
+        if (end != piece.end() || piece.empty())
             return;
-        }
     }
 }
 
@@ -78,20 +75,16 @@ int BlockCache::compareText(std::uint64_t offset, std::string_view key) {
         const auto piece = from(offset + at);
         const std::size_t count = std::min(piece.size(), kMaxTextLength - at);
         for (std::size_t i = 0; i < count; ++i, ++at) {
-            if (piece[i] == 0) {
+            if (piece[i] == 0)
                 return at == key.size() ? 0 : -1;
-            }
-            if (at == key.size()) {
+            if (at == key.size())
                 return 1;
-            }
             const int difference = (piece[i] & kTextMask) - static_cast<unsigned char>(key[at]);
-            if (difference != 0) {
+            if (difference != 0)
                 return difference;
-            }
         }
-        if (count == 0) {
+        if (count == 0)
             break;
-        }
     }
     return at == key.size() ? 0 : -1;
 }

@@ -28,9 +28,8 @@ bool readFields(std::span<const std::uint8_t> entry, std::uint32_t count, TableE
                          .length = loadU32(descriptor, kNameLength + 4),
                          .offset = static_cast<std::uint32_t>(offset)};
         offset += field.width();
-        if (offset > table.rowSize) {
+        if (offset > table.rowSize)
             return false;
-        }
         table.fields.push_back(field);
     }
     return true;
@@ -54,9 +53,8 @@ class EntryReader {
     [[nodiscard]] bool atEnd() const { return entry().empty() || entry()[0] == 0; }
     void advance(std::size_t bytes) {
         position_ += bytes;
-        if (position_ - blockStart_ > kMaxDirectoryEntry) {
+        if (position_ - blockStart_ > kMaxDirectoryEntry)
             fill();
-        }
     }
 
  private:
@@ -78,25 +76,21 @@ class EntryReader {
 
 /// One table entry and its size in the directory; nothing when it is malformed.
 std::optional<std::size_t> parseTable(std::span<const std::uint8_t> entry, TableEntry& table) {
-    if (entry.size() < kTableHead + 4) {
+    if (entry.size() < kTableHead + 4)
         return std::nullopt;
-    }
     table.name = nameAt(entry, 0);
     table.rowSize = loadU32(entry, kNameLength);
     const std::uint32_t fieldCount = loadU32(entry, kNameLength + 4);
     const std::uint64_t keysAt = kTableHead + std::uint64_t{fieldCount} * kFieldDescriptorSize;
     if (table.rowSize == 0 || table.rowSize > DatabaseDirectory::kMaxRowSize ||
-        keysAt + 4 > entry.size() || !readFields(entry, fieldCount, table)) {
+        keysAt + 4 > entry.size() || !readFields(entry, fieldCount, table))
         return std::nullopt;
-    }
     const std::uint32_t keyCount = loadU32(entry, keysAt);
-    if (keyCount > kMaxKeys || keysAt + 4 + std::uint64_t{keyCount} * 4 > entry.size()) {
+    if (keyCount > kMaxKeys || keysAt + 4 + std::uint64_t{keyCount} * 4 > entry.size())
         return std::nullopt;
-    }
     std::size_t at = keysAt + 4;
-    for (std::uint32_t i = 0; i < keyCount; ++i, at += 4) {
+    for (std::uint32_t i = 0; i < keyCount; ++i, at += 4)
         table.keys.push_back(loadU32(entry, at));
-    }
     return at;
 }
 
@@ -104,9 +98,8 @@ std::optional<std::size_t> parseTable(std::span<const std::uint8_t> entry, Table
 
 std::string unpackName(PackedName name) {
     std::string text;
-    for (; name != 0; name >>= 8U) {
+    for (; name != 0; name >>= 8U)
         text += static_cast<char>(name & 0xFFU);
-    }
     return text;
 }
 
@@ -118,17 +111,15 @@ const FieldEntry* TableEntry::field(PackedName fieldName) const {
 
 bool DatabaseDirectory::readTables(const RandomAccessFile& file, std::uint64_t fileSize,
                                    std::uint32_t offset) {
-    if (offset > fileSize) {
+    if (offset > fileSize)
         return false;
-    }
     EntryReader reader(file, fileSize, offset);
     while (!reader.atEnd()) {
         auto table = std::make_unique<TableEntry>();
         table->entryOffset = static_cast<std::uint32_t>(reader.position());
         const auto size = parseTable(reader.entry(), *table);
-        if (!size || tables_.size() == kMaxEntries) {
+        if (!size || tables_.size() == kMaxEntries)
             return false;
-        }
         tables_.push_back(std::move(table));
         reader.advance(*size);
     }
@@ -137,23 +128,20 @@ bool DatabaseDirectory::readTables(const RandomAccessFile& file, std::uint64_t f
 
 bool DatabaseDirectory::readIndexes(const RandomAccessFile& file, std::uint64_t fileSize,
                                     std::uint32_t offset) {
-    if (offset > fileSize) {
+    if (offset > fileSize)
         return false;
-    }
     EntryReader reader(file, fileSize, offset);
     for (; !reader.atEnd(); reader.advance(kIndexEntrySize)) {
         const auto entry = reader.entry();
-        if (entry.size() < kIndexEntrySize || indexes_.size() == kMaxEntries) {
+        if (entry.size() < kIndexEntrySize || indexes_.size() == kMaxEntries)
             return false;
-        }
         const IndexEntry index{.name = nameAt(entry, 0),
                                .table = tableAt(loadU32(entry, kNameLength)),
                                .dataStart = loadU32(entry, kNameLength + 4),
                                .dataLength = loadU32(entry, kNameLength + 8)};
         if (index.table == nullptr || std::uint64_t{index.dataStart} + index.dataLength >
-                                          std::min<std::uint64_t>(fileSize, UINT32_MAX)) {
+                                          std::min<std::uint64_t>(fileSize, UINT32_MAX))
             return false;
-        }
         indexes_.push_back(index);
     }
     return !reader.isBroken();

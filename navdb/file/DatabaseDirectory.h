@@ -16,9 +16,8 @@ using PackedName = std::uint64_t;
 
 constexpr PackedName packName(std::string_view name) {
     PackedName packed = 0;
-    for (std::size_t i = 0; i < kNameLength && i < name.size() && name[i] != '\0'; ++i) {
+    for (std::size_t i = 0; i < kNameLength && i < name.size() && name[i] != '\0'; ++i)
         packed |= static_cast<PackedName>(static_cast<unsigned char>(name[i])) << (8 * i);
-    }
     return packed;
 }
 

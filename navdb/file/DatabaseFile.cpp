@@ -41,9 +41,8 @@ std::string_view parseVersion(const HeaderBytes& bytes, DatabaseHeader& header) 
     const auto* const end = std::find(bytes.begin(), bytes.begin() + kVersionLength, 0);
     header.version.assign(bytes.begin(), end);
     std::string_view text = header.version;
-    if (text.substr(0, kFormatNameLength) != kFormatVersion.substr(0, kFormatNameLength)) {
+    if (text.substr(0, kFormatNameLength) != kFormatVersion.substr(0, kFormatNameLength))
         return kIncorrectFormat;
-    }
     text.remove_prefix(kFormatNameLength);
     header.versionNumber = scanDouble(text).value_or(0.0);
     const double own = ParseDouble(kFormatVersion.substr(kFormatNameLength));
@@ -74,15 +73,13 @@ std::string_view testSum(const RandomAccessFile& file, std::uint64_t size, std::
     for (std::uint64_t at = kRegionOffset; at < size;) {
         const std::size_t wanted = std::min<std::uint64_t>(block.size(), size - at);
         const auto bytes = std::span(block).first(wanted);
-        if (file.readAt(at, bytes) != wanted) {
+        if (file.readAt(at, bytes) != wanted)
             return kCorrupted;
-        }
         checksum.add(bytes);
         at += wanted;
         const double share = static_cast<double>(at) / static_cast<double>(size);
-        if (!goesOn(progress, kCheckStart + static_cast<int>(share * kCheckSpan))) {
+        if (!goesOn(progress, kCheckStart + static_cast<int>(share * kCheckSpan)))
             return kBrokenOff;
-        }
     }
     return checksum.value() == expected ? std::string_view{} : kCorrupted;
 }
@@ -99,9 +96,8 @@ void markAsVerified(const std::filesystem::path& path, FileSystem& disk) {
 std::string DatabaseFile::Open(const std::filesystem::path& path, const Clock& clock,
                                const Progress& progress, FileSystem& disk) {
     const auto file = disk.openRandomAccess(path);
-    if (!file) {
+    if (!file)
         return std::string(kOpenError);
-    }
     const std::string_view message = readFrom(path, *file, progress, disk);
     if (!message.empty()) {
         header_ = {};
@@ -112,9 +108,8 @@ std::string DatabaseFile::Open(const std::filesystem::path& path, const Clock& c
     expired_ = isOutOfDate(header_.expiry, regionLetter(), clock);
     fileName_ = std::make_shared<const std::string>(path.filename().string());
     *rows_.lock() = RowReader(path, header_.stringArea, disk);
-    if (progress) {
+    if (progress)
         progress(kAllDone);
-    }
     return {};
 }
 
@@ -122,79 +117,62 @@ std::string_view DatabaseFile::readFrom(const std::filesystem::path& path,
                                         const RandomAccessFile& file, const Progress& progress,
                                         FileSystem& disk) {
     HeaderBytes bytes{};
-    if (file.readAt(0, bytes) != bytes.size()) {
+    if (file.readAt(0, bytes) != bytes.size())
         return kInvalidFormat;
-    }
-    if (const auto message = parseVersion(bytes, header_); !message.empty()) {
+    if (const auto message = parseVersion(bytes, header_); !message.empty())
         return message;
-    }
     parseFields(bytes, header_);
     size_ = file.size();
     if (header_.fullChecksum == 0) {
-        if (!goesOn(progress, kQuickTestDone)) {
+        if (!goesOn(progress, kQuickTestDone))
             return kBrokenOff;
-        }
-        if (headerChecksum(bytes, static_cast<std::uint32_t>(size_)) != header_.headerChecksum) {
+        if (headerChecksum(bytes, static_cast<std::uint32_t>(size_)) != header_.headerChecksum)
             return kCorrupted;
-        }
     } else {
         const auto message = testSum(file, size_, header_.fullChecksum, progress);
-        if (!message.empty()) {
+        if (!message.empty())
             return message;
-        }
-        if (header_.versionNumber >= kFirstMarkedVersion) {
+        if (header_.versionNumber >= kFirstMarkedVersion)
             markAsVerified(path, disk);
-        }
     }
-    if (!directory_.readTables(file, size_, header_.tableDirectory)) {
+    if (!directory_.readTables(file, size_, header_.tableDirectory))
         return kCorrupted;
-    }
-    if (!goesOn(progress, kTablesDone)) {
+    if (!goesOn(progress, kTablesDone))
         return kBrokenOff;
-    }
-    if (!directory_.readIndexes(file, size_, header_.indexDirectory)) {
+    if (!directory_.readIndexes(file, size_, header_.indexDirectory))
         return kCorrupted;
-    }
-    if (!goesOn(progress, kIndexesDone)) {
+    if (!goesOn(progress, kIndexesDone))
         return kBrokenOff;
-    }
     return header_.stringArea > size_ || !readAreaGrid(file) ? kCorrupted : std::string_view{};
 }
 
 bool DatabaseFile::readAreaGrid(const RandomAccessFile& file) {
-    if (header_.areaGrid == 0) {
+    if (header_.areaGrid == 0)
         return true;
-    }
     std::array<std::uint8_t, 4> word{};
-    if (file.readAt(header_.areaGrid, word) != word.size()) {
+    if (file.readAt(header_.areaGrid, word) != word.size())
         return false;
-    }
     const std::uint32_t cells = loadU32(word, 0);
     const int first = static_cast<int>(cells >> 16U);
     const int last = static_cast<int>(cells & 0xFFFFU);
-    if (last < first) {
+    if (last < first)
         return true;  // a grid of no cells
-    }
     std::vector<std::uint8_t> bytes(static_cast<std::size_t>(last - first + 2) * 4);
-    if (file.readAt(std::uint64_t{header_.areaGrid} + word.size(), bytes) != bytes.size()) {
+    if (file.readAt(std::uint64_t{header_.areaGrid} + word.size(), bytes) != bytes.size())
         return false;
-    }
     firstCell_ = first;
     gridWords_.resize(bytes.size() / 4);
-    for (std::size_t i = 0; i < gridWords_.size(); ++i) {
+    for (std::size_t i = 0; i < gridWords_.size(); ++i)
         gridWords_[i] = loadU32(bytes, i * 4);
-    }
     return true;
 }
 
 /// Months and days out of range run on into the next ones.
 bool isOutOfDate(std::uint32_t expiry, char region, const Clock& clock) {
-    if (expiry == 0) {
+    if (expiry == 0)
         return true;
-    }
-    if (region != kRegionThatExpires) {
+    if (region != kRegionThatExpires)
         return false;
-    }
     const auto part = [expiry](std::uint32_t divisor, std::uint32_t range) {
         return static_cast<int>(expiry / divisor % range);
     };

@@ -21,9 +21,8 @@ int easternCell(double degrees) { return cellOfDegree(std::ceil(degrees)); }
 
 int cellOfStored(std::int32_t millionths) {
     std::int32_t degree = millionths / kMillionthsPerDegree;
-    if (millionths % kMillionthsPerDegree < 0) {
+    if (millionths % kMillionthsPerDegree < 0)
         --degree;
-    }
     const int cell = (degree + kCellOffset) % kCellCount;
     return cell < 0 ? cell + kCellCount : cell;
 }

@@ -34,21 +34,17 @@ class IndexWalk {
 
     /// Empty, or what is wrong.
     [[nodiscard]] std::string run() {
-        if (index_.dataLength % index_.table->rowSize != 0) {
+        if (index_.dataLength % index_.table->rowSize != 0)
             return "Index " + unpackName(index_.name) + ": no whole number of rows";
-        }
         RowOrder last;
         for (std::uint32_t row = 0; row < index_.rowCount(); ++row) {
-            if (!rows_.load(index_, row)) {
+            if (!rows_.load(index_, row))
                 return at(row, "cannot be read");
-            }
-            if (!textsAreInside()) {
+            if (!textsAreInside())
                 return at(row, "text outside the file");
-            }
             RowOrder order = orderOfRow();
-            if (row > 0 && order < last) {
+            if (row > 0 && order < last)
                 return at(row, "out of order");
-            }
             last = std::move(order);
         }
         return {};
@@ -61,10 +57,10 @@ class IndexWalk {
     }
     [[nodiscard]] bool textsAreInside() const {
         return std::all_of(
-            index_.table->fields.begin(), index_.table->fields.end(), [this](const auto& field) {
-                if (field.type != FieldType::Text && field.type != FieldType::MarkedText) {
+            index_.table->fields.begin(), index_.table->fields.end(),
+            [this](const auto& field) {
+                if (field.type != FieldType::Text && field.type != FieldType::MarkedText)
                     return true;
-                }
                 const auto offset = static_cast<std::uint32_t>(rows_.word(&field).value_or(0));
                 return offset == 0 ||
                        std::uint64_t{file_.header().stringArea} + offset < file_.size();
@@ -89,23 +85,21 @@ class IndexWalk {
 };
 
 bool gridLeadsIntoTheFile(const DatabaseFile& file) {
-    return std::all_of(file.gridWords().begin(), file.gridWords().end(),
-                       [&](std::uint32_t word) { return word < file.size(); });
+    return std::all_of(
+        file.gridWords().begin(), file.gridWords().end(),
+        [&](std::uint32_t word) { return word < file.size(); });
 }
 
 }  // namespace
 
 std::string verifyDatabase(const std::filesystem::path& path, const Clock& clock) {
     DatabaseFile file;
-    if (std::string message = file.Open(path, clock); !message.empty()) {
+    if (std::string message = file.Open(path, clock); !message.empty())
         return message;
-    }
     const auto rows = file.rows();
-    for (const IndexEntry& index : file.directory().indexes()) {
-        if (std::string message = IndexWalk(file, index, *rows).run(); !message.empty()) {
+    for (const IndexEntry& index : file.directory().indexes())
+        if (std::string message = IndexWalk(file, index, *rows).run(); !message.empty())
             return message;
-        }
-    }
     return gridLeadsIntoTheFile(file) ? std::string() : "Area grid: offset outside the file";
 }
 

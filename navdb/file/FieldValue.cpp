@@ -20,9 +20,8 @@ struct Printer {
         static constexpr std::string_view kDigits = "0123456789abcdef";
         std::string text;
         text.reserve(bytes.size() * 3);
-        for (const std::uint8_t byte : bytes) {
+        for (const std::uint8_t byte : bytes)
             text += {kDigits[byte >> 4U], kDigits[byte & 0xFU], ' '};
-        }
         return text;
     }
 };

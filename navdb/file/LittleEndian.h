@@ -23,9 +23,8 @@ inline std::int32_t loadI32(std::span<const std::uint8_t> bytes, std::size_t off
 
 inline void storeU32(std::span<std::uint8_t> bytes, std::size_t offset, std::uint32_t value) {
     assert(offset + 4 <= bytes.size());
-    for (std::size_t i = 0; i < 4; ++i) {
+    for (std::size_t i = 0; i < 4; ++i)
         bytes[offset + i] = static_cast<std::uint8_t>(value >> (8U * i));
-    }
 }
 
 }  // namespace korvel

@@ -35,9 +35,8 @@ class LocationIndex {
         const std::uint32_t end = firstRowOf(cell + 1);
         for (std::uint32_t row = firstFromSouth(firstRowOf(cell), end, south); row < end; ++row) {
             const auto lat = rows_->peek(*index_, row, *lat_);
-            if (!lat || *lat > north || !rows_->load(*index_, row) || !visit(row)) {
+            if (!lat || *lat > north || !rows_->load(*index_, row) || !visit(row))
                 return;
-            }
         }
     }
 

@@ -29,9 +29,8 @@ double unitOf(FieldType type) {
 template <class Content>
 Content& reuse(FieldValue& value, FieldType type) {
     value.type = type;
-    if (auto* content = std::get_if<Content>(&value.content)) {
+    if (auto* content = std::get_if<Content>(&value.content))
         return *content;
-    }
     return value.content.emplace<Content>();
 }
 
@@ -40,9 +39,8 @@ Content& reuse(FieldValue& value, FieldType type) {
 bool RowReader::ready() {
     if (!cache_) {
         auto file = disk_ != nullptr ? disk_->openRandomAccess(path_) : nullptr;
-        if (!file) {
+        if (!file)
             return false;
-        }
         cache_ = std::make_unique<BlockCache>(std::move(file));
     }
     return true;
@@ -55,9 +53,8 @@ bool RowReader::load(const TableEntry& table, std::uint64_t position) {
 }
 
 std::optional<std::int32_t> RowReader::word(const FieldEntry* field) const {
-    if (field == nullptr || field->type == FieldType::Bytes) {
+    if (field == nullptr || field->type == FieldType::Bytes)
         return std::nullopt;
-    }
     return loadI32(row_, field->offset);
 }
 
@@ -67,18 +64,16 @@ std::optional<double> RowReader::number(const FieldEntry* field) const {
 }
 
 void RowReader::readText(std::uint32_t offset, std::string& text) {
-    if (offset == 0) {
+    if (offset == 0)
         text.clear();
-    } else {
+    else
         cache_->readText(std::uint64_t{stringArea_} + offset, text);
-    }
 }
 
 void RowReader::text(const FieldEntry* field, std::string& text) {
     text.clear();
-    if (field == nullptr) {
+    if (field == nullptr)
         return;
-    }
     if (field->type == FieldType::Bytes) {
         const auto bytes = std::span(row_).subspan(field->offset, field->length);
         text.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), std::uint8_t{0}));
@@ -126,9 +121,8 @@ std::optional<FieldValue> RowReader::readNamedField(std::string_view name) {
     std::uint64_t offset = 0;
     for (const FieldEntry& field : table_->fields) {
         if (field.name == wanted) {
-            if (offset + field.width() > row_.size()) {
+            if (offset + field.width() > row_.size())
                 return std::nullopt;
-            }
             FieldValue value;
             fill(field, std::span(row_).subspan(offset, field.width()), value);
             return value;
@@ -140,9 +134,8 @@ std::optional<FieldValue> RowReader::readNamedField(std::string_view name) {
 
 std::optional<std::int32_t> RowReader::wordAt(std::uint64_t position) {
     std::uint32_t value = 0;
-    if (!ready() || !cache_->readWord(position, value)) {
+    if (!ready() || !cache_->readWord(position, value))
         return std::nullopt;
-    }
     return static_cast<std::int32_t>(value);
 }
 
@@ -155,29 +148,25 @@ int RowReader::compare(const IndexEntry& index, std::uint32_t row, const FieldEn
                        std::string_view key) {
     if (field.type == FieldType::Bytes) {
         std::string block;
-        if (load(index, row)) {
+        if (load(index, row))
             text(&field, block);
-        }
         return std::string_view(block).compare(key);
     }
     const auto offset = static_cast<std::uint32_t>(peek(index, row, field).value_or(0));
-    if (offset == 0) {
+    if (offset == 0)
         return key.empty() ? 0 : -1;
-    }
     return ready() ? cache_->compareText(std::uint64_t{stringArea_} + offset, key) : -1;
 }
 
 int RowReader::compareRemembered(const IndexEntry& index, std::uint32_t row,
                                  const FieldEntry& field, std::string_view key) {
     const std::uint32_t position = index.rowPosition(row);
-    if (const auto turn = turns_.find(position); turn != turns_.end()) {
+    if (const auto turn = turns_.find(position); turn != turns_.end())
         return turn->second.view().compare(key);
-    }
     if (turns_.size() < kMostRemembered && load(index, row)) {
         text(&field, scratch_);
-        if (scratch_.size() <= kMaxIdentLength) {
+        if (scratch_.size() <= kMaxIdentLength)
             return turns_.emplace(position, scratch_).first->second.view().compare(key);
-        }
     }
     return compare(index, row, field, key);
 }
@@ -191,11 +180,10 @@ std::uint32_t RowReader::firstNotBelow(const IndexEntry& index, const FieldEntry
         const int order = high - low > kRowsNotRemembered
                               ? compareRemembered(index, middle, field, key)
                               : compare(index, middle, field, key);
-        if (order < 0) {
+        if (order < 0)
             low = middle + 1;
-        } else {
+        else
             high = middle;
-        }
     }
     return low;
 }
@@ -210,12 +198,10 @@ const FieldEntry* orderingField(const IndexEntry& index) {
                                       packName("WptKey"), packName("Airway")};
     static constexpr std::array kByAirport{packName("RwyKey"), packName("Rw2Key"),
                                            packName("ComKey")};
-    if (std::find(kById.begin(), kById.end(), index.name) != kById.end()) {
+    if (std::find(kById.begin(), kById.end(), index.name) != kById.end())
         return index.table->field(packName("ID"));
-    }
-    if (std::find(kByAirport.begin(), kByAirport.end(), index.name) != kByAirport.end()) {
+    if (std::find(kByAirport.begin(), kByAirport.end(), index.name) != kByAirport.end())
         return index.table->field(packName("ARPT_ID"));
-    }
     return nullptr;
 }
 

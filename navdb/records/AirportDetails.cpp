@@ -17,9 +17,8 @@ void visitRows(const DatabaseFile& file, std::string_view indexName, const Airpo
                Visit&& visit) {
     const IndexEntry* const index = file.index(indexName);
     const FieldEntry* const order = index != nullptr ? orderingField(*index) : nullptr;
-    if (order == nullptr || airport.arptId.empty()) {
+    if (order == nullptr || airport.arptId.empty())
         return;
-    }
     const auto rows = file.rows();
     std::uint32_t row = rows->firstNotBelow(*index, *order, airport.arptId);
     while (rows->equals(*index, row, *order, airport.arptId) && rows->load(*index, row)) {
@@ -39,9 +38,8 @@ RunwayEnd readEnd(RowReader& row, const TableEntry& table) {
     end.elevationFt = known(row.word(table.field(packName("ELEV"))));
     const FieldEntry* const lat = table.field(packName("LAT"));
     const FieldEntry* const lon = table.field(packName("LON"));
-    if (known(row.word(lat)) && known(row.word(lon))) {
+    if (known(row.word(lat)) && known(row.word(lon)))
         end.position = {.lat = *row.number(lat) * kDegToRad, .lon = *row.number(lon) * kDegToRad};
-    }
     const std::int32_t pattern = row.word(table.field(packName("PATTERN"))).value_or(0);
     end.pattern = pattern == 'L' || pattern == 'R' ? static_cast<char>(pattern) : '\0';
     return end;
@@ -62,9 +60,8 @@ void readRunways(const DatabaseFile& file, std::string_view index, AirportRecord
         const auto rowNumber = row.word(table.field(packName("RWY")));
         const bool isOtherEnd = !airport.runways.empty() && rowNumber == number &&
                                 airport.runways.back().ends.size() == 1;
-        if (!isOtherEnd) {
+        if (!isOtherEnd)
             airport.runways.push_back(readRunway(row, table));
-        }
         airport.runways.back().ends.push_back(readEnd(row, table));
         number = rowNumber;
     });

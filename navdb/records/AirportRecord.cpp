@@ -25,9 +25,8 @@ std::string AirportRecord::GetInfoText() const {
             text += word;
         }
     }
-    if (!text.empty()) {
+    if (!text.empty())
         text[0] = upperAscii(text[0]);
-    }
     return text;
 }
 

@@ -9,19 +9,16 @@ constexpr int kFrequencyDecimals = 4;
 
 std::string withoutTrailingZeros(std::string text, std::size_t decimalsKept) {
     const std::size_t shortest = text.find('.') + 1 + decimalsKept;
-    while (text.size() > shortest && text.back() == '0') {
+    while (text.size() > shortest && text.back() == '0')
         text.pop_back();
-    }
-    if (text.back() == '.') {
+    if (text.back() == '.')
         text.pop_back();
-    }
     return text;
 }
 
 std::string frequencyText(float frequency, std::size_t decimalsKept) {
-    if (frequency == 0.0F) {
+    if (frequency == 0.0F)
         return {};
-    }
     return withoutTrailingZeros(formatFixed(static_cast<double>(frequency), kFrequencyDecimals),
                                 decimalsKept);
 }

@@ -21,9 +21,8 @@ char kindLetter(KindMask kind) {
 
 std::string makeRecordKey(KindMask kind, std::string_view ident) {
     const char letter = kindLetter(kind);
-    if (letter == 0) {
+    if (letter == 0)
         return {};
-    }
     std::string key{letter, '.'};
     key += ident;
     return key;

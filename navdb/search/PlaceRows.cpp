@@ -76,9 +76,8 @@ PlaceFields::PlaceFields(const TableEntry& table)
 
 KindMask kindOfRow(const RowReader& row, const PlaceFields& fields) {
     const auto type = row.word(fields.type);
-    if (!type) {
+    if (!type)
         return kAirportKind;
-    }
     switch (static_cast<PlaceType>(static_cast<unsigned>(*type) & kTypeMask)) {
         case PlaceType::Vor:
         case PlaceType::VorDme:

@@ -107,9 +107,8 @@ class NearestSearch final : public Search {
     [[nodiscard]] bool wantsCell(int cell) const override {
         const double west = (cell - kMiddleCell) * kDegToRad;
         const double past = PositiveMod(origin_.lon - west, kTwoPi);
-        if (past <= kDegToRad) {
+        if (past <= kDegToRad)
             return true;
-        }
         const double aside = std::min(past - kDegToRad, kTwoPi - past);
         const double nearest = aside < kHalfPi ? std::asin(cosLat_ * std::sin(aside))
                                                : kHalfPi - std::abs(origin_.lat);
@@ -129,9 +128,8 @@ class NearestSearch final : public Search {
         }
         found_.push_back({.place = place, .distanceNm = distance_ * kNmPerRadian});
         std::push_heap(found_.begin(), found_.end(), nearer);
-        if (found_.size() == count_) {
+        if (found_.size() == count_)
             reach_ = std::min(reach_, found_.front().distanceNm / kNmPerRadian);
-        }
         return true;
     }
 
@@ -170,18 +168,16 @@ class IndexSearch {
     bool run(std::span<const int> cells) {
         std::optional<Rows> rows(file_.rows());
         auto index = LocationIndex::open(file_, name_, **rows);
-        if (!index) {
+        if (!index)
             return true;
-        }
         const PlaceFields fields(*index->index().table);
         for (const int cell : cells) {
             if (search_.wantsCell(cell)) {
                 visitCell(*index, cell, **rows, fields);
                 takeFiltered(*index, rows, fields);
             }
-            if (!goOn_) {
+            if (!goOn_)
                 return false;
-            }
         }
         return true;
     }
@@ -195,16 +191,14 @@ class IndexSearch {
         const std::int32_t north = storedDegrees(std::ceil(band.north * kRadToDeg / kDegreesUnit));
         index.visitCell(cell, south, north, [&](std::uint32_t row) {
             if ((kindOfRow(rows, fields) & kinds_) == 0 ||
-                !search_.wants(positionOfRow(rows, fields))) {
+                !search_.wants(positionOfRow(rows, fields)))
                 return true;
-            }
             Place place = buildUnnamedPlace(
                 rows, fields, file_, {.file = fileNumber_, .row = index.index().rowPosition(row)});
-            if (search_.filter()) {
+            if (search_.filter())
                 toFilter_.push_back(place);
-            } else {
+            else
                 take(place, rows, fields);
-            }
             return goOn_;
         });
     }
@@ -212,17 +206,14 @@ class IndexSearch {
     /// The caller's filter runs while the file's lock is let go: it may use the database itself.
     void takeFiltered(const LocationIndex& index, std::optional<Rows>& rows,
                       const PlaceFields& fields) {
-        if (toFilter_.empty()) {
+        if (toFilter_.empty())
             return;
-        }
         rows.reset();
         std::erase_if(toFilter_, std::not_fn(search_.filter()));
         rows.emplace(file_.rows());
-        for (Place& place : toFilter_) {
-            if (goOn_ && (*rows)->load(*index.index().table, place.match.row)) {
+        for (Place& place : toFilter_)
+            if (goOn_ && (*rows)->load(*index.index().table, place.match.row))
                 take(place, **rows, fields);
-            }
-        }
         toFilter_.clear();
     }
 
@@ -245,23 +236,19 @@ class IndexSearch {
 bool searchFiles(const PlaceSources& sources, KindMask kinds, std::span<const int> cells,
                  Search& search) {
     for (std::size_t number = 0; number < sources.files.size(); ++number) {
-        for (const auto& [name, indexKinds] : kLocationIndexes) {
+        for (const auto& [name, indexKinds] : kLocationIndexes)
             if ((indexKinds & kinds) != 0 &&
-                !IndexSearch(sources, static_cast<int>(number), name, kinds, search).run(cells)) {
+                !IndexSearch(sources, static_cast<int>(number), name, kinds, search).run(cells))
                 return false;
-            }
-        }
     }
     return true;
 }
 
 std::uint32_t flagsOf(const DatabaseRecord& record) {
-    if (const auto* airport = dynamic_cast<const AirportRecord*>(&record)) {
+    if (const auto* airport = dynamic_cast<const AirportRecord*>(&record))
         return airport->flags;
-    }
-    if (const auto* navaid = dynamic_cast<const NavaidRecord*>(&record)) {
+    if (const auto* navaid = dynamic_cast<const NavaidRecord*>(&record))
         return navaid->usage;
-    }
     const auto* fix = dynamic_cast<const FixRecord*>(&record);
     return fix != nullptr ? fix->usage : 0;
 }
@@ -270,22 +257,19 @@ void searchUserRecords(const PlaceSources& sources, KindMask kinds, std::span<co
                        Search& search) {
     for (const int cell : cells) {
         for (const DatabaseRecord* const record : sources.userRecords->bucket(cell)) {
-            if ((record->GetKind() & kinds) == 0 || !search.wants(record->position)) {
+            if ((record->GetKind() & kinds) == 0 || !search.wants(record->position))
                 continue;
-            }
             const Place place = placeOfUser(*record);
-            if ((!search.filter() || search.filter()(place)) && !search.take(place)) {
+            if ((!search.filter() || search.filter()(place)) && !search.take(place))
                 return;
-            }
         }
     }
 }
 
 void runSearch(const PlaceSources& sources, KindMask kinds, std::span<const int> cells,
                Search& search) {
-    if (searchFiles(sources, kinds, cells, search) && sources.userRecords != nullptr) {
+    if (searchFiles(sources, kinds, cells, search) && sources.userRecords != nullptr)
         searchUserRecords(sources, kinds, cells, search);
-    }
 }
 
 /// The cells from a longitude (degrees) on eastwards until `width` degrees further.
@@ -295,18 +279,16 @@ std::vector<int> cellsFrom(double west, double width) {
                           ? kCellCount
                           : static_cast<int>(std::floor(west + width) - std::floor(west)) + 1;
     std::vector<int> cells(static_cast<std::size_t>(std::clamp(count, 0, kCellCount)));
-    for (int next = first; int& cell : cells) {
+    for (int next = first; int& cell : cells)
         cell = next++ % kCellCount;
-    }
     return cells;
 }
 
 /// The cells that a circle touches, its centre's first and then outwards.
 std::vector<int> cellsAround(GeoPoint centre, double radius) {
     double halfWidth = std::numbers::pi;
-    if (std::abs(centre.lat) + radius < kHalfPi) {
+    if (std::abs(centre.lat) + radius < kHalfPi)
         halfWidth = std::asin(std::min(std::sin(radius) / std::cos(centre.lat), 1.0));
-    }
     const double west = (centre.lon - halfWidth) * kRadToDeg;
     std::vector<int> cells = cellsFrom(west, 2 * halfWidth * kRadToDeg);
     const int middle = cellOfRadians(centre.lon);
@@ -327,12 +309,10 @@ bool isExcluded(const PlaceSources& sources, const Place& place) {
     auto excluded = std::lower_bound(sources.exclusions.begin(), sources.exclusions.end(),
                                      place.position.lat, byLatitude);
     for (; excluded != sources.exclusions.end() && excluded->position.lat == place.position.lat;
-         ++excluded) {
+         ++excluded)
         if (excluded->file == place.match.file && excluded->position.lon == place.position.lon &&
-            excluded->ident == place.ident) {
+            excluded->ident == place.ident)
             return true;
-        }
-    }
     return false;
 }
 
@@ -354,18 +334,16 @@ void findPlacesIn(const PlaceSources& sources, const GeoBox& box, KindMask kinds
 
 std::vector<NearPlace> findNearest(const PlaceSources& sources, GeoPoint position, KindMask kinds,
                                    std::size_t count, double withinNm) {
-    if (count == 0 || !IsValid(position)) {
+    if (count == 0 || !IsValid(position))
         return {};
-    }
     const double widest = std::min(withinNm, kHalfwayRoundNm);
     double radiusNm = kFirstRadiusNm;
     while (true) {
         const double radius = std::min(radiusNm, widest) / kNmPerRadian;
         NearestSearch search(position, count, radius);
         runSearch(sources, kinds, cellsAround(position, radius), search);
-        if (search.isComplete() || radiusNm >= widest) {
+        if (search.isComplete() || radiusNm >= widest)
             return search.result();
-        }
         radiusNm *= kRadiusGrowth;
     }
 }

@@ -30,9 +30,8 @@ class PrefixSearch {
         for (std::size_t number = 0; number < sources_.files.size(); ++number) {
             for (const auto& [name, indexKinds] : kIdentifierIndexes) {
                 const IndexEntry* const index = sources_.files[number]->index(name);
-                if ((indexKinds & kinds_) != 0 && index != nullptr) {
+                if ((indexKinds & kinds_) != 0 && index != nullptr)
                     complete &= searchIndex(static_cast<int>(number), *index);
-                }
             }
         }
         addUserRecords();
@@ -43,37 +42,31 @@ class PrefixSearch {
     bool searchIndex(int number, const IndexEntry& index) {
         const DatabaseFile& file = *sources_.files[static_cast<std::size_t>(number)];
         const FieldEntry* const order = orderingField(index);
-        if (order == nullptr) {
+        if (order == nullptr)
             return true;
-        }
         const PlaceFields fields(*index.table);
         const auto rows = file.rows();
         const std::uint32_t first = rows->firstNotBelow(index, *order, beginning_);
         for (std::uint32_t row = first; row < index.rowCount() && rows->load(index, row); ++row) {
             const Place place =
                 buildPlace(*rows, fields, file, {.file = number, .row = index.rowPosition(row)});
-            if (!place.ident.view().starts_with(beginning_)) {
+            if (!place.ident.view().starts_with(beginning_))
                 return true;
-            }
-            if (row - first == rowLimit_) {
+            if (row - first == rowLimit_)
                 return false;
-            }
-            if ((place.kind & kinds_) != 0 && !isExcluded(sources_, place)) {
+            if ((place.kind & kinds_) != 0 && !isExcluded(sources_, place))
                 places_.push_back(place);
-            }
         }
         return true;
     }
 
     void addUserRecords() {
-        if (sources_.userRecords == nullptr) {
+        if (sources_.userRecords == nullptr)
             return;
-        }
         for (const std::string& key : sources_.userRecords->keys()) {
             const DatabaseRecord* const record = sources_.userRecords->find(key);
-            if ((record->GetKind() & kinds_) != 0 && record->ident.view().starts_with(beginning_)) {
+            if ((record->GetKind() & kinds_) != 0 && record->ident.view().starts_with(beginning_))
                 places_.push_back(placeOfUser(*record));
-            }
         }
     }
 

@@ -20,9 +20,8 @@ UserDatabaseReader::UserDatabaseReader(LoadReport& report, RecordSink sink)
 
 std::string UserDatabaseReader::LoadFile(const std::filesystem::path& path, FileSystem& disk) {
     const auto file = disk.openRandomAccess(path);
-    if (!file) {
+    if (!file)
         return "File open error.";
-    }
     fileName_ = std::make_shared<const std::string>(path.filename().string());
     report_.AppendLoadReport("Loading " + path.string() + "\r\n");
     if (file->size() > 0) {
@@ -54,15 +53,13 @@ void UserDatabaseReader::readLines(const RandomAccessFile& file) {
         at += count;
     }
     takeLine(line);
-    if (airportIsOpen_ || navaidIsOpen_) {
+    if (airportIsOpen_ || navaidIsOpen_)
         logLine("File ended before record-end.", Severity::Error);
-    }
 }
 
 void UserDatabaseReader::takeLine(std::string_view line) {
-    if (const std::string message = ParseLine(line); !message.empty()) {
+    if (const std::string message = ParseLine(line); !message.empty())
         logLine(message, Severity::Error);
-    }
 }
 
 void UserDatabaseReader::logLine(std::string_view message, Severity severity) {
@@ -74,9 +71,8 @@ void UserDatabaseReader::logLine(std::string_view message, Severity severity) {
 
 std::string UserDatabaseReader::ParseLine(std::string_view line) {
     line = trimmed(line.substr(0, line.find(';')), " \t\r");
-    if (line.empty()) {
+    if (line.empty())
         return {};
-    }
     if (line == "ARPT_BEGIN") {
         finishOpenRecord();
         airportIsOpen_ = true;
@@ -96,15 +92,12 @@ std::string UserDatabaseReader::ParseLine(std::string_view line) {
 
 std::string UserDatabaseReader::takeField(std::string_view line) {
     const auto equals = line.find('=');
-    if (equals == std::string_view::npos) {
+    if (equals == std::string_view::npos)
         return "'=' not found";
-    }
-    if (equals == 0) {
+    if (equals == 0)
         return "No key value found.";
-    }
-    if (const auto value = line.substr(equals + 1); !value.empty()) {
+    if (const auto value = line.substr(equals + 1); !value.empty())
         pending_.insert_or_assign(std::string(line.substr(0, equals)), value);
-    }
     return {};
 }
 

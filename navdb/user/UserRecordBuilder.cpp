@@ -40,9 +40,8 @@ class FieldReader {
 
     /// False, after an error, when the record lacks the field.
     [[nodiscard]] bool require(std::string_view key) const {
-        if (has(key)) {
+        if (has(key))
             return true;
-        }
         error(std::string(key) + " field not found.");
         return false;
     }
@@ -52,9 +51,8 @@ class FieldReader {
                                              Severity severity) const {
         std::string_view value = text(key);
         const auto number = scanInt(value);
-        if (!number && has(key)) {
+        if (!number && has(key))
             log_(message, severity);
-        }
         return number;
     }
     [[nodiscard]] std::optional<int> notNegative(std::string_view key,
@@ -70,9 +68,8 @@ class FieldReader {
     [[nodiscard]] std::optional<float> real(std::string_view key) const {
         std::string_view value = text(key);
         const auto number = scanDouble(value);
-        if (!number || !std::isfinite(static_cast<float>(*number))) {
+        if (!number || !std::isfinite(static_cast<float>(*number)))
             return std::nullopt;
-        }
         return static_cast<float>(*number);
     }
     [[nodiscard]] bool isMetric(std::string_view key) const {
@@ -99,9 +96,8 @@ class FieldReader {
  private:
     [[nodiscard]] std::optional<double> coordinate(const std::string& key, double highest) const {
         const auto degrees = parseUserCoordinate(text(key));
-        if (degrees && std::abs(*degrees) <= highest) {
+        if (degrees && std::abs(*degrees) <= highest)
             return degrees;
-        }
         warning("Invalid " + key + ": " + std::string(text(key)));
         return std::nullopt;
     }
@@ -130,12 +126,10 @@ std::uint8_t readUsage(const FieldReader& fields) {
     const auto* const word = std::find_if(kWords.begin(), kWords.end(), [&](const auto& entry) {
         return entry.first == fields.text("USAGE");
     });
-    if (word != kWords.end()) {
+    if (word != kWords.end())
         return word->second;
-    }
-    if (fields.has("USAGE")) {
+    if (fields.has("USAGE"))
         fields.warning("Invalid USAGE field.");
-    }
     return kUsageLow;
 }
 
@@ -144,17 +138,15 @@ RunwayEnd readEnd(const FieldReader& fields, const std::string& prefix) {
     RunwayEnd end;
     end.id = fields.text(key("ID"));
     end.magHeadingDeg = fields.integer(key("MAG_HDG"), "Invalid MAG_HDG field.", Severity::Warning);
-    if (fields.has(key("POSN.LAT")) && fields.has(key("POSN.LON"))) {
+    if (fields.has(key("POSN.LAT")) && fields.has(key("POSN.LON")))
         end.position = fields.position(key("POSN.LAT"), key("POSN.LON"));
-    }
     end.elevationFt = fields.elevation(key("ELEV"));
-    if (const auto pattern = fields.text(key("PATTERN")); pattern == "L" || pattern == "l") {
+    if (const auto pattern = fields.text(key("PATTERN")); pattern == "L" || pattern == "l")
         end.pattern = 'L';
-    } else if (pattern == "R" || pattern == "r") {
+    else if (pattern == "R" || pattern == "r")
         end.pattern = 'R';
-    } else if (!pattern.empty()) {
+    else if (!pattern.empty())
         fields.warning("Invalid PATTERN field.");
-    }
     return end;
 }
 
@@ -172,9 +164,8 @@ RunwayRecord readRunway(const FieldReader& fields, const std::string& prefix) {
 void readRunways(const FieldReader& fields, AirportRecord& airport) {
     for (int n = 1;; ++n) {
         const std::string prefix = "RWY" + std::to_string(n);
-        if (!fields.has(prefix + ".LEN")) {
+        if (!fields.has(prefix + ".LEN"))
             return;
-        }
         airport.runways.push_back(readRunway(fields, prefix));
     }
 }
@@ -182,9 +173,8 @@ void readRunways(const FieldReader& fields, AirportRecord& airport) {
 void readComms(const FieldReader& fields, AirportRecord& airport) {
     for (int n = 1;; ++n) {
         const std::string prefix = "COM" + std::to_string(n);
-        if (!fields.has(prefix + ".TYPE") || !fields.has(prefix + ".FREQ")) {
+        if (!fields.has(prefix + ".TYPE") || !fields.has(prefix + ".FREQ"))
             return;
-        }
         std::string_view text = fields.text(prefix + ".FREQ");
         const auto frequency = scanDouble(text);
         if (frequency && std::isfinite(*frequency)) {
@@ -200,17 +190,15 @@ void readComms(const FieldReader& fields, AirportRecord& airport) {
 
 std::optional<double> parseUserCoordinate(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
-    if (text.empty()) {
+    if (text.empty())
         return 0.0;
-    }
     std::string_view rest = text;
     const auto degrees = scanInt(rest);
     if (degrees && rest.starts_with(':')) {
         rest.remove_prefix(1);
         const auto minutes = scanDouble(rest);
-        if (!minutes || !rest.empty() || !(*minutes >= 0.0 && *minutes <= kMinutesPerDegree)) {
+        if (!minutes || !rest.empty() || !(*minutes >= 0.0 && *minutes <= kMinutesPerDegree))
             return std::nullopt;
-        }
         const double part = *minutes / kMinutesPerDegree;
         return text.starts_with('-') ? *degrees - part : *degrees + part;
     }
@@ -221,44 +209,39 @@ std::optional<double> parseUserCoordinate(std::string_view text) {
 
 std::unique_ptr<DatabaseRecord> buildUserNavaid(const UserFields& fields, const MessageSink& log) {
     const FieldReader reader(fields, log);
-    if (!reader.require("ID")) {
+    if (!reader.require("ID"))
         return nullptr;
-    }
     if (reader.text("ID").size() > kMaxIdentLength) {
         reader.error("ID field too long.");
         return nullptr;
     }
-    if (!reader.require("NAME") || !reader.require("TYPE")) {
+    if (!reader.require("NAME") || !reader.require("TYPE"))
         return nullptr;
-    }
     const std::string_view type = reader.text("TYPE");
     if (type != "VOR" && type != "NDB" && type != "FIX") {
         reader.error("Invalid TYPE field.");
         return nullptr;
     }
-    if (!reader.require("POSN.LAT") || !reader.require("POSN.LON")) {
+    if (!reader.require("POSN.LAT") || !reader.require("POSN.LON"))
         return nullptr;
-    }
     const std::uint8_t usage = readUsage(reader);
     if (type == "FIX") {
         auto fix = std::make_unique<FixRecord>();
         fix->usage = usage;
         return setPlace(*fix, reader) ? std::move(fix) : nullptr;
     }
-    if (!reader.require("FREQ")) {
+    if (!reader.require("FREQ"))
         return nullptr;
-    }
     const auto frequency = reader.real("FREQ");
     if (!frequency) {
         reader.error("Invalid FREQ field.");
         return nullptr;
     }
     std::unique_ptr<NavaidRecord> navaid;
-    if (type == "VOR") {
+    if (type == "VOR")
         navaid = std::make_unique<VorRecord>();
-    } else {
+    else
         navaid = std::make_unique<NdbRecord>();
-    }
     navaid->usage = usage;
     navaid->frequency = *frequency;
     return setPlace(*navaid, reader) ? std::move(navaid) : nullptr;
@@ -266,21 +249,17 @@ std::unique_ptr<DatabaseRecord> buildUserNavaid(const UserFields& fields, const 
 
 std::unique_ptr<DatabaseRecord> buildUserAirport(const UserFields& fields, const MessageSink& log) {
     const FieldReader reader(fields, log);
-    for (const std::string_view key : {"ID", "NAME", "POSN.LAT", "POSN.LON"}) {
-        if (!reader.require(key)) {
+    for (const std::string_view key : {"ID", "NAME", "POSN.LAT", "POSN.LON"})
+        if (!reader.require(key))
             return nullptr;
-        }
-    }
     auto airport = std::make_unique<AirportRecord>();
-    if (!setPlace(*airport, reader)) {
+    if (!setPlace(*airport, reader))
         return nullptr;
-    }
     airport->info = reader.text("INFO");
-    if (const auto variation = reader.real("MAG_VAR")) {
+    if (const auto variation = reader.real("MAG_VAR"))
         airport->magVariationDeg = *variation;
-    } else if (reader.has("MAG_VAR")) {
+    else if (reader.has("MAG_VAR"))
         reader.warning("Invalid MAG-VAR.");
-    }
     airport->elevationFt = reader.elevation("ELEV").value_or(kNoElevationFt);
     readRunways(reader, *airport);
     readComms(reader, *airport);

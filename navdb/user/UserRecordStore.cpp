@@ -45,9 +45,8 @@ const DatabaseRecord* UserRecordStore::find(std::string_view key) const {
 std::vector<std::string> UserRecordStore::keys() const {
     std::vector<std::string> keys;
     keys.reserve(records_.size());
-    for (const auto& entry : records_) {
+    for (const auto& entry : records_)
         keys.push_back(entry.first);
-    }
     return keys;
 }
 

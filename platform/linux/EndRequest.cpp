@@ -29,27 +29,24 @@ void setHandlers(void (*handler)(int)) {
     struct sigaction action {};
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
-    for (const int signal : kSignals) {
+    for (const int signal : kSignals)
         sigaction(signal, &action, nullptr);
-    }
 }
 
 }  // namespace
 
 EndRequest::EndRequest() {
     std::array<int, 2> ends{-1, -1};
-    if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+    if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         return;  // then a request ends the program at once
-    }
     toRead = ends[0];
     toWrite = ends[1];
     setHandlers(requestEnd);
 }
 
 EndRequest::~EndRequest() {
-    if (toRead < 0) {
+    if (toRead < 0)
         return;
-    }
     setHandlers(SIG_DFL);
     close(toWrite.exchange(-1));
     close(toRead.exchange(-1));

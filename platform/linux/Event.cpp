@@ -30,9 +30,8 @@ bool consume(int fd) {
 Event::Event(Reset reset) : native_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)), reset_(reset) {}
 
 Event::~Event() {
-    if (*this) {
+    if (*this)
         ::close(descriptor(native_));
-    }
 }
 
 // NOLINTNEXTLINE(readability-make-member-function-const): the signal is the event's state
@@ -62,16 +61,14 @@ std::optional<std::size_t> Event::waitAny(std::initializer_list<Event*> events,
         for (std::size_t i = 0; i < events.size(); ++i) {
             Event& event = *events.begin()[i];
             // Of several waiters at an automatic event, the one that resets it passes.
-            if (event.reset_ == Reset::Auto ? consume(waited[i].fd) : event.isSet()) {
+            if (event.reset_ == Reset::Auto ? consume(waited[i].fd) : event.isSet())
                 return i;
-            }
         }
         int waitMs = -1;
         if (limited) {
             const auto left = std::chrono::ceil<milliseconds>(deadline - steady_clock::now());
-            if (left.count() <= 0) {
+            if (left.count() <= 0)
                 return std::nullopt;
-            }
             waitMs = static_cast<int>(left.count());
         }
         ::poll(waited.data(), events.size(), waitMs);

@@ -50,11 +50,10 @@ class PosixRandomAccess final : public RandomAccessFile {
         while (done < room.size()) {
             const ssize_t count = ::pread(fd_.get(), room.data() + done, room.size() - done,
                                           static_cast<off_t>(offset + done));
-            if (count > 0) {
+            if (count > 0)
                 done += static_cast<std::size_t>(count);
-            } else if (count == 0 || errno != EINTR) {
+            else if (count == 0 || errno != EINTR)
                 break;
-            }
         }
         return done;
     }
@@ -70,11 +69,10 @@ class PosixOutput final : public OutputFile {
     bool write(std::string_view bytes) override {
         while (!bytes.empty()) {
             const ssize_t count = ::write(fd_.get(), bytes.data(), bytes.size());
-            if (count > 0) {
+            if (count > 0)
                 bytes.remove_prefix(static_cast<std::size_t>(count));
-            } else if (count == 0 || errno != EINTR) {
+            else if (count == 0 || errno != EINTR)
                 return false;
-            }
         }
         return true;
     }
@@ -101,9 +99,8 @@ std::unique_ptr<Interface> asFile(FileDescriptor fd) {
 /// The new file gets the old one's permissions, where the file system has any.
 void copyPermissions(const fs::path& target, int fd) {
     struct stat old {};
-    if (::stat(target.c_str(), &old) == 0) {
-        [[maybe_unused]] const int failed = ::fchmod(fd, old.st_mode & 0777U);
-    }
+    if (::stat(target.c_str(), &old) == 0) [[maybe_unused]]
+        const int failed = ::fchmod(fd, old.st_mode & 0777U);
 }
 
 class PosixFileSystem final : public FileSystem {
@@ -116,9 +113,8 @@ class PosixFileSystem final : public FileSystem {
         // A pipe of that name must not make the program wait for its other end.
         FileDescriptor fd = open(path, O_RDONLY | O_NONBLOCK);
         struct stat status {};
-        if (!fd || ::fstat(fd.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        if (!fd || ::fstat(fd.get(), &status) != 0 || !S_ISREG(status.st_mode))
             return nullptr;
-        }
         return std::make_unique<PosixRandomAccess>(std::move(fd));
     }
 
@@ -132,9 +128,8 @@ class PosixFileSystem final : public FileSystem {
                 copyPermissions(target, fd.get());
                 return std::make_unique<PosixOutput>(std::move(fd));
             }
-            if (errno != EEXIST) {
+            if (errno != EEXIST)
                 return nullptr;
-            }
         }
         return nullptr;
     }
@@ -146,9 +141,8 @@ class PosixFileSystem final : public FileSystem {
     bool overwrite(const fs::path& path, std::uint64_t offset,
                    std::span<const std::uint8_t> bytes) override {
         FileDescriptor fd = open(path, O_WRONLY | O_NONBLOCK);
-        if (!fd) {
+        if (!fd)
             return false;
-        }
         const ssize_t count =
             ::pwrite(fd.get(), bytes.data(), bytes.size(), static_cast<off_t>(offset));
         return fd.reset() && count == static_cast<ssize_t>(bytes.size());
@@ -164,9 +158,8 @@ class PosixFileSystem final : public FileSystem {
 
     void syncFolder(const fs::path& folder) override {
         const FileDescriptor fd = open(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
-        if (fd) {
+        if (fd)
             ::fsync(fd.get());
-        }
     }
 };
 

@@ -18,19 +18,16 @@ constexpr std::string_view kProgramName = "korvel-pro";
 /// An absolute path from the environment; the base directory rules ignore relative ones.
 std::optional<fs::path> environmentFolder(const char* variable) {
     const char* value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): never set
-    if (value == nullptr || *value != '/') {
+    if (value == nullptr || *value != '/')
         return std::nullopt;
-    }
     return fs::path(value);
 }
 
 std::optional<fs::path> configurationBase() {
-    if (auto base = environmentFolder("XDG_CONFIG_HOME")) {
+    if (auto base = environmentFolder("XDG_CONFIG_HOME"))
         return base;
-    }
-    if (const auto home = environmentFolder("HOME")) {
+    if (const auto home = environmentFolder("HOME"))
         return *home / ".config";
-    }
     return std::nullopt;
 }
 
@@ -39,23 +36,19 @@ std::optional<fs::path> configurationBase() {
 std::optional<fs::path> configuredDocuments(const fs::path& home) {
     const auto base = configurationBase();
     const auto text = base ? readWholeFile(*base / "user-dirs.dirs", 65536) : std::nullopt;
-    if (!text) {
+    if (!text)
         return std::nullopt;
-    }
     constexpr std::string_view kKey = "XDG_DOCUMENTS_DIR=\"";
     std::size_t start = text->find(kKey);
-    while (start != std::string::npos && start != 0 && (*text)[start - 1] != '\n') {
+    while (start != std::string::npos && start != 0 && (*text)[start - 1] != '\n')
         start = text->find(kKey, start + 1);  // commented out
-    }
-    if (start == std::string::npos) {
+    if (start == std::string::npos)
         return std::nullopt;
-    }
     start += kKey.size();
     const std::string value = text->substr(start, text->find('"', start) - start);
     constexpr std::string_view kHome = "$HOME/";
-    if (value.starts_with(kHome)) {
+    if (value.starts_with(kHome))
         return home / value.substr(kHome.size());
-    }
     return value.starts_with('/') ? std::optional<fs::path>(value) : std::nullopt;
 }
 
@@ -75,9 +68,8 @@ fs::path executableFolder() {
 fs::path programFolder() {
     fs::path own = executableFolder();
     const auto base = configurationBase();
-    if (::access(own.c_str(), W_OK | X_OK) == 0 || !base) {
+    if (::access(own.c_str(), W_OK | X_OK) == 0 || !base)
         return own;
-    }
     fs::path folder = *base / kProgramName;
     std::error_code error;
     fs::create_directories(folder, error);
@@ -86,12 +78,10 @@ fs::path programFolder() {
 
 fs::path documentsFolder() {
     const auto home = environmentFolder("HOME");
-    if (!home) {
+    if (!home)
         return {};
-    }
-    if (const auto configured = configuredDocuments(*home); configured && isFolder(*configured)) {
+    if (const auto configured = configuredDocuments(*home); configured && isFolder(*configured))
         return *configured;
-    }
     const fs::path usual = *home / "Documents";
     return isFolder(usual) ? usual : fs::path();
 }

@@ -30,13 +30,11 @@ class PosixPseudoTerminal final : public PseudoTerminal {
     bool write(std::string_view bytes, milliseconds timeout) override {
         const auto deadline = steady_clock::now() + timeout;
         while (!bytes.empty()) {
-            if (!waitFor(POLLOUT, deadline)) {
+            if (!waitFor(POLLOUT, deadline))
                 return false;
-            }
             const ssize_t count = ::write(master_.get(), bytes.data(), bytes.size());
-            if (count < 0 && errno != EAGAIN && errno != EINTR) {
+            if (count < 0 && errno != EAGAIN && errno != EINTR)
                 return false;
-            }
             bytes.remove_prefix(count > 0 ? static_cast<std::size_t>(count) : 0);
         }
         return true;
@@ -46,12 +44,10 @@ class PosixPseudoTerminal final : public PseudoTerminal {
         const auto deadline = steady_clock::now() + timeout;
         while (waitFor(POLLIN, deadline)) {
             const ssize_t count = ::read(master_.get(), into.data(), into.size());
-            if (count > 0) {
+            if (count > 0)
                 return static_cast<std::size_t>(count);
-            }
-            if (count == 0 || (errno != EAGAIN && errno != EINTR)) {
+            if (count == 0 || (errno != EAGAIN && errno != EINTR))
                 return 0;
-            }
         }
         return 0;
     }
@@ -63,9 +59,8 @@ class PosixPseudoTerminal final : public PseudoTerminal {
 
  private:
     bool waitFor(short what, steady_clock::time_point deadline) const {
-        if (!master_) {
+        if (!master_)
             return false;
-        }
         pollfd waited{.fd = master_.get(), .events = what, .revents = 0};
         const auto left = std::chrono::ceil<milliseconds>(deadline - steady_clock::now());
         const int ready = ::poll(&waited, 1, left.count() > 0 ? static_cast<int>(left.count()) : 0);
@@ -79,9 +74,8 @@ class PosixPseudoTerminal final : public PseudoTerminal {
 
 bool makeRaw(int fd) {
     termios line{};
-    if (::tcgetattr(fd, &line) != 0) {
+    if (::tcgetattr(fd, &line) != 0)
         return false;
-    }
     ::cfmakeraw(&line);
     return ::tcsetattr(fd, TCSANOW, &line) == 0;
 }
@@ -92,13 +86,11 @@ std::unique_ptr<PseudoTerminal> PseudoTerminal::create() {
     FileDescriptor master(::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
     std::array<char, 64> name{};
     if (!master || ::grantpt(master.get()) != 0 || ::unlockpt(master.get()) != 0 ||
-        ::ptsname_r(master.get(), name.data(), name.size()) != 0) {
+        ::ptsname_r(master.get(), name.data(), name.size()) != 0)
         return nullptr;
-    }
     FileDescriptor slave(::open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC));
-    if (!slave || !makeRaw(slave.get())) {
+    if (!slave || !makeRaw(slave.get()))
         return nullptr;
-    }
     return std::make_unique<PosixPseudoTerminal>(std::move(master), std::move(slave), name.data());
 }
 

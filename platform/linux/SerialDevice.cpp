@@ -116,12 +116,10 @@ Wait PosixSerialDevice::waitFor(short what, std::optional<milliseconds> limit) {
          {.fd = static_cast<int>(aborted_.native()), .events = POLLIN, .revents = 0}}};
     const int ready =
         ::poll(waited.data(), waited.size(), limit ? static_cast<int>(limit->count()) : -1);
-    if (waited[1].revents != 0) {
+    if (waited[1].revents != 0)
         return Wait::Aborted;
-    }
-    if (ready == 0) {
+    if (ready == 0)
         return Wait::TimedOut;
-    }
     const bool gone = (waited[0].revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
     return gone ? Wait::HungUp : Wait::Ready;  // an interrupted wait counts as ready: try again
 }
@@ -145,9 +143,8 @@ SerialDevice::Transfer PosixSerialDevice::read(std::span<char> into) {
         }
         const auto left = timer.left(steady_clock::now());
         const Wait wait = waitFor(POLLIN, left);
-        if (wait == Wait::TimedOut) {
+        if (wait == Wait::TimedOut)
             break;
-        }
         hungUp = wait == Wait::HungUp;
         error = wait == Wait::Aborted ? kErrorOperationAborted : kNoError;
     }
@@ -179,11 +176,10 @@ SerialDevice::Transfer PosixSerialDevice::write(std::string_view bytes) {
         }
         const ssize_t count =
             ::write(fd_.get(), bytes.data() + sent.count, bytes.size() - sent.count);
-        if (count > 0) {
+        if (count > 0)
             sent.count += static_cast<std::size_t>(count);
-        } else if (count < 0 && errno != EAGAIN && errno != EINTR) {
+        else if (count < 0 && errno != EAGAIN && errno != EINTR)
             sent.error = transferError(errno);
-        }
     }
     return sent;
 }
@@ -222,9 +218,8 @@ SerialDeviceOpener systemSerialDeviceOpener(std::filesystem::path portsFolder) {
     return [folders = SerialFolders{.ports = std::move(portsFolder)}](std::string_view devicePath,
                                                                       SystemError& error) {
         std::string_view name = devicePath;
-        if (name.starts_with(kDevicePrefix)) {
+        if (name.starts_with(kDevicePrefix))
             name.remove_prefix(kDevicePrefix.size());
-        }
         auto device = openNamed(name, folders, error);
         if (device == nullptr && error == kErrorFileNotFound && name.ends_with(':')) {
             name.remove_suffix(1);

@@ -45,9 +45,8 @@ std::optional<Found> examine(const fs::path& entry, const fs::path& dev) {
     const auto number = parseNumber(std::string_view(name).substr(kindLength));
     std::error_code error;
     const fs::path place = fs::canonical(entry / "device", error);
-    if (error || !number) {
+    if (error || !number)
         return std::nullopt;
-    }
     const std::string kind = name.substr(0, kindLength);
     if (kind == "ttyUSB" || kind == "ttyACM") {
         // An adapter's own name for its port comes last in the place and may change with it.
@@ -55,9 +54,8 @@ std::optional<Found> examine(const fs::path& entry, const fs::path& dev) {
         return Found{
             .builtIn = false, .place = socket.string(), .number = *number, .device = dev / name};
     }
-    if (!hasController(entry)) {
+    if (!hasController(entry))
         return std::nullopt;
-    }
     return Found{.builtIn = true, .place = kind, .number = *number, .device = dev / name};
 }
 
@@ -75,35 +73,30 @@ std::vector<fs::path> listSerialDevices(const SerialFolders& folders) {
     std::error_code error;
     fs::directory_iterator entry(folders.sysfs, error);
     while (!error && entry != fs::directory_iterator()) {
-        if (auto device = examine(entry->path(), folders.dev)) {
+        if (auto device = examine(entry->path(), folders.dev))
             found.push_back(std::move(*device));
-        }
         entry.increment(error);
     }
     std::sort(found.begin(), found.end(),
               [](const Found& a, const Found& b) { return a.order() < b.order(); });
     std::vector<fs::path> devices;
     devices.reserve(found.size());
-    for (Found& device : found) {
+    for (Found& device : found)
         devices.push_back(std::move(device.device));
-    }
     return devices;
 }
 
 std::optional<fs::path> serialDeviceFile(std::string_view name, const SerialFolders& folders) {
-    if (name.starts_with("/dev/")) {
+    if (name.starts_with("/dev/"))
         return fs::path(name);
-    }
     const auto number = comNumber(name);
-    if (!number || *number < 1) {
+    if (!number || *number < 1)
         return std::nullopt;
-    }
     const fs::path link = folders.ports / ("com" + std::to_string(*number));
     std::error_code error;
     if (!folders.ports.empty() &&
-        fs::symlink_status(link, error).type() != fs::file_type::not_found) {
+        fs::symlink_status(link, error).type() != fs::file_type::not_found)
         return link;
-    }
     const auto devices = listSerialDevices(folders);
     const auto index = static_cast<std::size_t>(*number) - 1;
     return index < devices.size() ? std::optional(devices[index]) : std::nullopt;

@@ -11,17 +11,15 @@ SharedLibrary::~SharedLibrary() { unload(); }
 std::string SharedLibrary::load(const std::filesystem::path& path) {
     unload();
     handle_ = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (handle_ != nullptr) {
+    if (handle_ != nullptr)
         return {};
-    }
     const char* const error = ::dlerror();
     return error != nullptr ? error : path.string();
 }
 
 void SharedLibrary::unload() {
-    if (handle_ != nullptr) {
+    if (handle_ != nullptr)
         ::dlclose(handle_);
-    }
     handle_ = nullptr;
 }
 

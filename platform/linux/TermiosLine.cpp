@@ -79,9 +79,8 @@ void setModemLine(int fd, int line, bool on) {
 
 int readTermiosLine(int fd, LineSettings& settings) {
     termios2 line{};
-    if (::ioctl(fd, TCGETS2, &line) != 0) {
+    if (::ioctl(fd, TCGETS2, &line) != 0)
         return errno;
-    }
     const auto* const size = std::find(kSizes.begin(), kSizes.end(), line.c_cflag & CSIZE);
     settings = LineSettings();
     settings.baud = line.c_ospeed;
@@ -96,20 +95,16 @@ int readTermiosLine(int fd, LineSettings& settings) {
 }
 
 int applyTermiosLine(int fd, const LineSettings& settings) {
-    if (!isPossible(settings)) {
+    if (!isPossible(settings))
         return EINVAL;
-    }
     termios2 line{};
-    if (::ioctl(fd, TCGETS2, &line) != 0) {
+    if (::ioctl(fd, TCGETS2, &line) != 0)
         return errno;
-    }
     fill(line, settings);
-    if (::ioctl(fd, TCSETS2, &line) != 0 || ::ioctl(fd, TCGETS2, &line) != 0) {
+    if (::ioctl(fd, TCSETS2, &line) != 0 || ::ioctl(fd, TCGETS2, &line) != 0)
         return errno;
-    }
-    if (!runsNear(line.c_ospeed, settings.baud)) {
+    if (!runsNear(line.c_ospeed, settings.baud))
         return EINVAL;
-    }
     setModemLine(fd, TIOCM_DTR, settings.dtrOn);
     setModemLine(fd, TIOCM_RTS, settings.rtsOn);
     return 0;

@@ -25,9 +25,8 @@ Event::Event(Reset reset) : reset_(reset) {
 }
 
 Event::~Event() {
-    if (*this) {
+    if (*this)
         CloseHandle(handleOf(native_));
-    }
 }
 
 // NOLINTNEXTLINE(readability-make-member-function-const): the signal is the event's state
@@ -38,9 +37,8 @@ void Event::reset() { ResetEvent(handleOf(native_)); }
 
 bool Event::isSet() const {
     const bool signalled = WaitForSingleObject(handleOf(native_), 0) == WAIT_OBJECT_0;
-    if (signalled && reset_ == Reset::Auto) {
+    if (signalled && reset_ == Reset::Auto)
         SetEvent(handleOf(native_));  // asking took the signal
-    }
     return signalled;
 }
 
@@ -56,9 +54,8 @@ std::optional<std::size_t> Event::waitAny(std::initializer_list<Event*> events,
     const DWORD waitMs = timeout == kInfinite ? INFINITE : static_cast<DWORD>(timeout.count());
     const DWORD result =
         WaitForMultipleObjects(static_cast<DWORD>(events.size()), waited.data(), FALSE, waitMs);
-    if (result < WAIT_OBJECT_0 + events.size()) {
+    if (result < WAIT_OBJECT_0 + events.size())
         return result - WAIT_OBJECT_0;
-    }
     return std::nullopt;
 }
 

@@ -66,9 +66,8 @@ class WindowsRandomAccess final : public RandomAccessFile {
             DWORD count = 0;
             if (ReadFile(file_.get(), room.data() + done, pieceOf(room.size() - done), &count,
                          &position) == FALSE ||
-                count == 0) {
+                count == 0)
                 break;
-            }
             done += count;
         }
         return done;
@@ -83,16 +82,14 @@ class WindowsOutput final : public OutputFile {
     explicit WindowsOutput(Handle file) : file_(std::move(file)) {}
 
     bool write(std::string_view bytes) override {
-        if (SetFilePointerEx(file_.get(), {}, nullptr, FILE_END) == FALSE) {
+        if (SetFilePointerEx(file_.get(), {}, nullptr, FILE_END) == FALSE)
             return false;
-        }
         while (!bytes.empty()) {
             DWORD count = 0;
             if (WriteFile(file_.get(), bytes.data(), pieceOf(bytes.size()), &count, nullptr) ==
                     FALSE ||
-                count == 0) {
+                count == 0)
                 return false;
-            }
             bytes.remove_prefix(count);
         }
         return true;
@@ -103,9 +100,8 @@ class WindowsOutput final : public OutputFile {
 
     bool cutTo(std::uint64_t size) override {
         const auto now = sizeOf(file_.get());
-        if (!now || *now <= size) {
+        if (!now || *now <= size)
             return now.has_value();
-        }
         LARGE_INTEGER end{};
         end.QuadPart = static_cast<LONGLONG>(size);
         return SetFilePointerEx(file_.get(), end, nullptr, FILE_BEGIN) != FALSE &&
@@ -134,9 +130,8 @@ class WindowsFileSystem final : public FileSystem {
 
     std::unique_ptr<RandomAccessFile> openRandomAccess(const fs::path& path) override {
         Handle file = open(path, GENERIC_READ, kShareAll, OPEN_EXISTING);
-        if (!file || GetFileType(file.get()) != FILE_TYPE_DISK) {
+        if (!file || GetFileType(file.get()) != FILE_TYPE_DISK)
             return nullptr;
-        }
         return std::make_unique<WindowsRandomAccess>(std::move(file));
     }
 
@@ -146,9 +141,8 @@ class WindowsFileSystem final : public FileSystem {
             name = target;
             name += '.' + std::to_string(GetCurrentProcessId()) + '.' + std::to_string(attempt);
             Handle file = open(name, GENERIC_WRITE, 0, CREATE_NEW);
-            if (file || GetLastError() != ERROR_FILE_EXISTS) {
+            if (file || GetLastError() != ERROR_FILE_EXISTS)
                 return asFile<WindowsOutput, OutputFile>(std::move(file));
-            }
         }
         return nullptr;
     }

@@ -42,9 +42,8 @@ fs::path executableFolder() {
 fs::path programFolder() {
     fs::path own = executableFolder();
     const fs::path base = specialFolder(CSIDL_APPDATA);
-    if (base.empty() || canBeWritten(own)) {
+    if (base.empty() || canBeWritten(own))
         return own;
-    }
     fs::path folder = base / kProgramName;
     std::error_code error;
     fs::create_directories(folder, error);

@@ -23,9 +23,8 @@ class Handle {
     explicit operator bool() const { return handle_ != nullptr && handle_ != INVALID_HANDLE_VALUE; }
 
     void reset() {
-        if (*this) {
+        if (*this)
             CloseHandle(handle_);
-        }
         handle_ = nullptr;
     }
 

@@ -28,9 +28,8 @@ PipeTransfer finish(HANDLE pipe, OVERLAPPED& transfer, bool begun, DWORD waitMs,
     }
     DWORD count = 0;
     if (GetOverlappedResult(pipe, &transfer, &count, TRUE) == FALSE &&
-        result.error == ERROR_SUCCESS) {
+        result.error == ERROR_SUCCESS)
         result.error = GetLastError();
-    }
     result.count = count;
     return result;
 }
@@ -104,9 +103,8 @@ class PipeDevice final : public SerialDevice {
 
 PipeTransfer readPipe(HANDLE pipe, std::span<char> into, DWORD waitMs, Event* stop) {
     const Handle done(CreateEventA(nullptr, TRUE, FALSE, nullptr));
-    if (!done) {
+    if (!done)
         return {.error = GetLastError()};
-    }
     OVERLAPPED transfer{};
     transfer.hEvent = done.get();
     const bool begun =
@@ -116,9 +114,8 @@ PipeTransfer readPipe(HANDLE pipe, std::span<char> into, DWORD waitMs, Event* st
 
 PipeTransfer writePipe(HANDLE pipe, std::string_view bytes, DWORD waitMs, Event* stop) {
     const Handle done(CreateEventA(nullptr, TRUE, FALSE, nullptr));
-    if (!done) {
+    if (!done)
         return {.error = GetLastError()};
-    }
     OVERLAPPED transfer{};
     transfer.hEvent = done.get();
     const bool begun = WriteFile(pipe, bytes.data(), static_cast<DWORD>(bytes.size()), nullptr,

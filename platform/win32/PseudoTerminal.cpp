@@ -33,17 +33,15 @@ class WindowsPseudoTerminal final : public PseudoTerminal {
     bool write(std::string_view bytes, milliseconds timeout) override {
         const auto deadline = steady_clock::now() + timeout;
         while (!bytes.empty()) {
-            if (!waitForPort(deadline)) {
+            if (!waitForPort(deadline))
                 return false;
-            }
             const PipeTransfer sent =
                 writePipe(pipe_.get(), bytes, millisecondsUntil(deadline), nullptr);
             bytes.remove_prefix(sent.count);
-            if (lostPort(sent.error)) {
+            if (lostPort(sent.error))
                 DisconnectNamedPipe(pipe_.get());
-            } else if (sent.error != ERROR_SUCCESS) {
+            else if (sent.error != ERROR_SUCCESS)
                 return false;
-            }
         }
         return true;
     }
@@ -53,9 +51,8 @@ class WindowsPseudoTerminal final : public PseudoTerminal {
         while (waitForPort(deadline)) {
             const PipeTransfer got =
                 readPipe(pipe_.get(), into, millisecondsUntil(deadline), nullptr);
-            if (!lostPort(got.error)) {
+            if (!lostPort(got.error))
                 return got.count;
-            }
             DisconnectNamedPipe(pipe_.get());
         }
         return 0;
@@ -66,20 +63,17 @@ class WindowsPseudoTerminal final : public PseudoTerminal {
  private:
     /// Until a port has opened the pipe, now or before.
     bool waitForPort(steady_clock::time_point deadline) {
-        if (!pipe_) {
+        if (!pipe_)
             return false;
-        }
         const Handle done(CreateEventA(nullptr, TRUE, FALSE, nullptr));
         OVERLAPPED connection{};
         connection.hEvent = done.get();
-        if (ConnectNamedPipe(pipe_.get(), &connection) != FALSE) {
+        if (ConnectNamedPipe(pipe_.get(), &connection) != FALSE)
             return true;
-        }
         const DWORD error = GetLastError();
         if (error == ERROR_IO_PENDING) {
-            if (WaitForSingleObject(done.get(), millisecondsUntil(deadline)) == WAIT_OBJECT_0) {
+            if (WaitForSingleObject(done.get(), millisecondsUntil(deadline)) == WAIT_OBJECT_0)
                 return true;
-            }
             CancelIoEx(pipe_.get(), &connection);
             DWORD unused = 0;
             return GetOverlappedResult(pipe_.get(), &connection, &unused, TRUE) != FALSE;
@@ -107,9 +101,8 @@ std::unique_ptr<PseudoTerminal> PseudoTerminal::create() {
             path.c_str(), PIPE_ACCESS_DUPLEX | FILE_FLAG_OVERLAPPED | FILE_FLAG_FIRST_PIPE_INSTANCE,
             PIPE_TYPE_BYTE | PIPE_READMODE_BYTE | PIPE_WAIT, 1, kPipeBuffer, kPipeBuffer, 0,
             nullptr));
-        if (pipe) {
+        if (pipe)
             return std::make_unique<WindowsPseudoTerminal>(std::move(pipe), name);
-        }
     }
     return nullptr;
 }

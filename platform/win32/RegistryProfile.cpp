@@ -15,18 +15,16 @@ class WindowsRegistryProfile final : public RegistryProfile {
     int getInt(std::string_view section, std::string_view name, int fallback) override {
         const auto bytes = read(section, name, RRF_RT_REG_DWORD);
         int value = fallback;
-        if (bytes && bytes->size() == sizeof value) {
+        if (bytes && bytes->size() == sizeof value)
             std::memcpy(&value, bytes->data(), sizeof value);
-        }
         return value;
     }
 
     std::string getString(std::string_view section, std::string_view name,
                           std::string_view fallback) override {
         auto bytes = read(section, name, RRF_RT_REG_SZ);
-        if (!bytes) {
+        if (!bytes)
             return std::string(fallback);
-        }
         bytes->resize(std::strlen(bytes->c_str()));  // the value's own zero
         return *bytes;
     }
@@ -52,14 +50,12 @@ class WindowsRegistryProfile final : public RegistryProfile {
         const std::string value(name);
         DWORD size = 0;
         if (RegGetValueA(HKEY_CURRENT_USER, key.c_str(), value.c_str(), type, nullptr, nullptr,
-                         &size) != ERROR_SUCCESS) {
+                         &size) != ERROR_SUCCESS)
             return std::nullopt;
-        }
         std::string bytes(size, '\0');
         if (RegGetValueA(HKEY_CURRENT_USER, key.c_str(), value.c_str(), type, nullptr, bytes.data(),
-                         &size) != ERROR_SUCCESS) {
+                         &size) != ERROR_SUCCESS)
             return std::nullopt;
-        }
         bytes.resize(size);
         return bytes;
     }

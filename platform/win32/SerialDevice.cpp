@@ -46,9 +46,8 @@ class WindowsSerialDevice final : public SerialDevice {
 SystemError WindowsSerialDevice::readLineSettings(LineSettings& settings) {
     DCB dcb{};
     dcb.DCBlength = sizeof dcb;
-    if (GetCommState(port_.get(), &dcb) == FALSE) {
+    if (GetCommState(port_.get(), &dcb) == FALSE)
         return GetLastError();
-    }
     settings = {.baud = dcb.BaudRate,
                 .dataBits = dcb.ByteSize,
                 .parityBit = dcb.Parity != NOPARITY,
@@ -72,9 +71,8 @@ SystemError WindowsSerialDevice::readLineSettings(LineSettings& settings) {
 SystemError WindowsSerialDevice::applyLineSettings(const LineSettings& settings) {
     DCB dcb{};
     dcb.DCBlength = sizeof dcb;
-    if (GetCommState(port_.get(), &dcb) == FALSE) {
+    if (GetCommState(port_.get(), &dcb) == FALSE)
         return GetLastError();
-    }
     dcb.BaudRate = settings.baud;
     dcb.ByteSize = settings.dataBits;
     dcb.Parity = settings.parityBit ? EVENPARITY : NOPARITY;
@@ -97,9 +95,8 @@ SystemError WindowsSerialDevice::applyLineSettings(const LineSettings& settings)
 
 SystemError WindowsSerialDevice::setTimeouts(const SerialTimeouts& timeouts) {
     COMMTIMEOUTS system{};
-    if (GetCommTimeouts(port_.get(), &system) == FALSE) {
+    if (GetCommTimeouts(port_.get(), &system) == FALSE)
         return GetLastError();
-    }
     system.ReadIntervalTimeout = timeouts.readIntervalMs;
     system.ReadTotalTimeoutMultiplier = timeouts.readMultiplierMs;
     system.ReadTotalTimeoutConstant = timeouts.readConstantMs;
@@ -109,9 +106,8 @@ SystemError WindowsSerialDevice::setTimeouts(const SerialTimeouts& timeouts) {
 }
 
 SerialDevice::Transfer WindowsSerialDevice::read(std::span<char> into) {
-    if (aborted_) {
+    if (aborted_)
         return {.error = kErrorOperationAborted, .count = 0};
-    }
     DWORD count = 0;
     const SystemError error = resultOf(
         ReadFile(port_.get(), into.data(), static_cast<DWORD>(into.size()), &count, nullptr));
@@ -119,9 +115,8 @@ SerialDevice::Transfer WindowsSerialDevice::read(std::span<char> into) {
 }
 
 SerialDevice::Transfer WindowsSerialDevice::write(std::string_view bytes) {
-    if (aborted_) {
+    if (aborted_)
         return {.error = kErrorOperationAborted, .count = 0};
-    }
     DWORD count = 0;
     const SystemError error = resultOf(
         WriteFile(port_.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr));
@@ -129,9 +124,8 @@ SerialDevice::Transfer WindowsSerialDevice::write(std::string_view bytes) {
 }
 
 std::unique_ptr<SerialDevice> openPort(const std::string& path, SystemError& error) {
-    if (path.starts_with(kPipePrefix)) {
+    if (path.starts_with(kPipePrefix))
         return openPipeDevice(path, error);
-    }
     Handle port(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
                             0, nullptr));
     if (!port) {

@@ -17,9 +17,8 @@ std::string SharedLibrary::load(const std::filesystem::path& path) {
 }
 
 void SharedLibrary::unload() {
-    if (handle_ != nullptr) {
+    if (handle_ != nullptr)
         FreeLibrary(static_cast<HMODULE>(handle_));
-    }
     handle_ = nullptr;
 }
 

@@ -33,7 +33,7 @@ class CKorvelDocTest : public testing::Test {
     /// line that nobody uses behind them tells by its trace.
     void say(const std::vector<std::string>& bodies) {
         doc_->tick();  // opens the port
-        for (const std::string& body : bodies) { ports_.send(sentence(body) + "\r\n"); }
+        for (const std::string& body : bodies) ports_.send(sentence(body) + "\r\n");
         ports_.send(sentence("KVEND") + "\r\n");
         const std::string end = sentence("KVEND") + ": not used";
         ASSERT_TRUE(eventually([&] {

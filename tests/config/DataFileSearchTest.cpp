@@ -9,10 +9,9 @@ namespace korvel { namespace {
 
 TEST(DataFileSearch, TheFirstFolderWithANameWins) {
     const TempFolder folder;
-    for (const char* name : {"user/b.SCM", "user/Sand.scm", "user/_hidden.scm", "user/note.txt", "own/SAND.SCM",
-             "own/a.scm", "own/B.scm"}) {
+    for (const char* name :
+        {"user/b.SCM", "user/Sand.scm", "user/_hidden.scm", "user/note.txt", "own/SAND.SCM", "own/a.scm", "own/B.scm"})
         folder.write(name, "");
-    }
     const auto user = folder.path() / "user";
     const auto own = folder.path() / "own";
     const DataFileSearch search({user, {}, folder.path() / "missing", own});

@@ -15,7 +15,7 @@ namespace korvel { namespace {
 using namespace std::string_literals;
 
 std::string bit7(std::string text) {
-    for (char& c : text) { c = static_cast<char>(static_cast<unsigned char>(c) | 0x80U); }
+    for (char& c : text) c = static_cast<char>(static_cast<unsigned char>(c) | 0x80U);
     return text;
 }
 
@@ -38,9 +38,7 @@ TEST(ProfileText, ReadsLines) {
         {"a\x80=\x80\x31\x80"s, {{"a", "1"}}},
         {"a\0=\0\x31"s, {{"a\0"s, "\0\x31"s}}},
     };
-    for (const auto& [bytes, entries] : cases) {
-        EXPECT_EQ(parseProfile(bytes), entries) << testing::PrintToString(bytes);
-    }
+    for (const auto& [bytes, entries] : cases) EXPECT_EQ(parseProfile(bytes), entries) << testing::PrintToString(bytes);
 }
 
 TEST(ProfileText, SetsBitSevenAndComesBack) {

@@ -47,9 +47,8 @@ TEST(Translation, TakesALineOnlyWhenItCanStandForTheEnglishText) {
         {"61112 \xF4\x90\x80\x80%s", "-"},
         {"1 %s", "-"},
     };
-    for (const auto& [line, wanted] : cases) {
+    for (const auto& [line, wanted] : cases)
         EXPECT_EQ(wordsOf(Translation(line, "xx"), kStatusTexts.positionLost), wanted) << line;
-    }
     const Translation lines("61112 %s\n\nx\n# y\n61110 a\n61112 again %s", "xx");
     EXPECT_EQ(std::vector(lines.refusedLines().begin(), lines.refusedLines().end()), (std::vector{3, 6}));
 }

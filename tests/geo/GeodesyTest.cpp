@@ -105,9 +105,8 @@ TEST(Geodesy, HeadingDifferenceTurnsTheShorterWay) {
         int turn;
     };
     for (const Case& c : {Case{10, 350, -20}, Case{350, 10, 20}, Case{0, 180, 180}, Case{180, 0, -180},
-             Case{359.6, 0.4, 0}, Case{90, 271, -179}, Case{271, 90, 179}, Case{1, 182, -179}}) {
+             Case{359.6, 0.4, 0}, Case{90, 271, -179}, Case{271, 90, 179}, Case{1, 182, -179}})
         EXPECT_EQ(HeadingDifferenceDeg(c.from, c.to), c.turn) << c.from << " to " << c.to;
-    }
 }
 
 TEST(WholeDegreeTrig, TableServesEveryAngle) {

@@ -78,7 +78,7 @@ TEST(MapViewport, SetsRangesBetweenTheSteps) {
     view.setRange(30);
     view.zoomOut(false);
     EXPECT_EQ(view.currentRangeNm(), 40);
-    for (const double unusable : {0.0, -3.0, std::nan("")}) { EXPECT_FALSE(view.setRange(unusable)); }
+    for (const double unusable : {0.0, -3.0, std::nan("")}) EXPECT_FALSE(view.setRange(unusable));
     EXPECT_EQ(view.currentRangeNm(), 40);
     EXPECT_TRUE(view.setRange(1e300));
     EXPECT_EQ(view.currentRangeNm(), 1000);

@@ -78,7 +78,7 @@ TEST_F(ActiveNavigationTest, CrossTrackAgreesWithVectors) {
     for (int i = 0; i < 200; ++i) {
         const GeoPoint start = degrees(60 + 20 * unit(random), 10 + 60 * unit(random));
         const GeoPoint far = degrees(60, 10);
-        if (DistanceNm(start, far) < 60) { continue; }
+        if (DistanceNm(start, far) < 60) continue;
         aircraft_.position = start;
         navigation_.NavUpdate(aircraft_);
         ASSERT_EQ(navigation_.DirectTo("FAR", ""), "Direct to FAR name");
@@ -106,9 +106,8 @@ TEST_F(ActiveNavigationTest, CrossTrackIsNoLargerThanTheDistance) {
 
 TEST_F(ActiveNavigationTest, DirectToWithACourse) {
     at(0, 0);
-    for (const char* const bad : {"361", "abc", "-1", "@"}) {
+    for (const char* const bad : {"361", "abc", "-1", "@"})
         EXPECT_EQ(navigation_.DirectTo("B", bad), "Invalid OBS!") << bad;
-    }
     EXPECT_EQ(navigation_.DirectTo("NOPE", "90"), "Not found!");
     EXPECT_EQ(navigation_.state().activeKey, "");
     for (const auto& [text, course] : {std::pair{"0", 0.0}, std::pair{"360", 360.0}}) {
@@ -202,7 +201,7 @@ TEST_F(ActiveNavigationTest, DescendsToTheNextAltitudeOfThePlan) {
 TEST_F(ActiveNavigationTest, RecordsTheTrackAndTheFlight) {
     ActiveNavigation::Options options{.tracking = true};
     const auto flyOn = [&](int ticks) {
-        for (int i = 0; i < ticks; ++i) { at(0, aircraft_.position.lon * kRadToDeg + 0.001); }
+        for (int i = 0; i < ticks; ++i) at(0, aircraft_.position.lon * kRadToDeg + 0.001);
     };
     aircraft_.position = degrees(0, 0);
     flyOn(1);

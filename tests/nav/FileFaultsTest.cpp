@@ -71,7 +71,7 @@ TEST_F(FileFaultsTest, ALoadedFileIsTakenWholeOrNotAtAll) {
         [&](FaultyFiles& disk) {
             PlanFiles files(database_, fixes_, &places_, plan_, disk);
             const auto bytes = readWholeFile(folder_ / "plan.fp", kWholeFile, disk);
-            if (!bytes) { return std::string(); }
+            if (!bytes) return std::string();
             EXPECT_EQ(files.OpenPlanFile("plan.fp", *bytes), "");
             return asText((*plan_.lock())->entries().size() / 2);
         },

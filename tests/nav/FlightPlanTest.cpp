@@ -24,7 +24,7 @@ class FlightPlanTest : public testing::Test {
         const auto leg = plan_.ChooseActiveLeg({.position = degrees(northNm / 60, eastNm / 60),
             .trackMag = trackMag,
             .variation = {.databaseDeg = variationDeg_}});
-        if (!leg) { return "none"; }
+        if (!leg) return "none";
         std::string letters(1, leg->waypoint->key.back());
         return letters + (leg->start ? static_cast<char>('A' + RoundToInt(leg->start->lon / (0.5 * kDegToRad))) : '-');
     }
@@ -104,7 +104,7 @@ TEST_F(FlightPlanTest, AnEditedPlanGoesOnWithWhatIsFlownTo) {
         FlightPlan next(entries(edited));
         EXPECT_EQ(next.goOnFrom(plan_), chosen != "none") << edited;
         plan_ = std::move(next);
-        if (chosen != "none") { EXPECT_EQ(choose(2, 0, 90), chosen) << edited; }
+        if (chosen != "none") EXPECT_EQ(choose(2, 0, 90), chosen) << edited;
     }
     FlightPlan untouched(entries("AB"));
     EXPECT_FALSE(untouched.goOnFrom(FlightPlan(entries("AB")))) << "nothing is flown to yet";

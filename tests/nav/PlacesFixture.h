@@ -24,7 +24,7 @@ inline GeoPoint degrees(double lat, double lon) { return {lat * kDegToRad, lon *
 /// The texts of the entries, a space between them.
 inline std::string textsOf(const std::vector<PlanWaypoint>& entries) {
     std::string texts;
-    for (const PlanWaypoint& entry : entries) { texts += (texts.empty() ? "" : " ") + entry.text; }
+    for (const PlanWaypoint& entry : entries) texts += (texts.empty() ? "" : " ") + entry.text;
     return texts;
 }
 

@@ -16,7 +16,7 @@ class PlanEditTest : public PlacesFixture {
     PlanEditTest() {
         // Airway V1: A1 B1 C1 D1 along the equator; B1 exists twice.
         TestDatabase file;
-        for (int i = 0; i < 4; ++i) { file.addFix(std::string(1, static_cast<char>('A' + i)) + "1", 0, i); }
+        for (int i = 0; i < 4; ++i) file.addFix(std::string(1, static_cast<char>('A' + i)) + "1", 0, i);
         file.addFix("B1", 50, 100);
         file.addAirway("V1", "A1 B1 C1 D1");
         EXPECT_EQ(database_.openFile(file.write(folder_.path(), "w.ng2")), "");
@@ -70,7 +70,7 @@ TEST_F(PlanEditTest, TheLineOfAPlanEntersItAgain) {
     const PlanEntries again =
         RouteEntry(database_, fixes_, degrees(0, 0.1)).EnterRoute(typedIdents(line), true).entries;
     ASSERT_EQ(again.size(), 4U);
-    for (std::size_t i = 0; i < 4; ++i) { EXPECT_EQ(again[i].record->key, plan[i].record->key) << i; }
+    for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(again[i].record->key, plan[i].record->key) << i;
 
     EXPECT_EQ(typedIdents(" kbfi f.lone@4.5 @v1 @V.A v A.B.C"), " KBFI f.LONE@4.5 @V1 @v.A V a.B.C");
 }
@@ -78,7 +78,7 @@ TEST_F(PlanEditTest, TheLineOfAPlanEntersItAgain) {
 TEST_F(PlanEditTest, HistoryIsBounded) {
     PlanHistory history;
     EXPECT_FALSE(history.undo({}));
-    for (std::size_t i = 0; i <= PlanHistory::kMostSteps; ++i) { history.remember(PlanEntries(i)); }
+    for (std::size_t i = 0; i <= PlanHistory::kMostSteps; ++i) history.remember(PlanEntries(i));
     EXPECT_EQ(history.undo(PlanEntries(99))->size(), PlanHistory::kMostSteps);
     EXPECT_EQ(history.redo(PlanEntries(PlanHistory::kMostSteps))->size(), 99U);
     EXPECT_FALSE(history.canRedo());
@@ -86,7 +86,7 @@ TEST_F(PlanEditTest, HistoryIsBounded) {
     history.remember({});
     EXPECT_FALSE(history.canRedo());
     std::size_t steps = 0;
-    while (history.undo({})) { ++steps; }
+    while (history.undo({})) ++steps;
     EXPECT_EQ(steps, PlanHistory::kMostSteps);
 }
 
@@ -135,7 +135,7 @@ TEST_F(PlanEditTest, LongLegsAndSharpTurnsAreHinted) {
 TEST_F(PlanEditTest, WordsAreCompleted) {
     const auto keys = [this](std::string_view typed, std::optional<GeoPoint> near, std::size_t limit) {
         std::string found;
-        for (const PlaceMatch& match : placeMatches(database_, typed, near, limit)) { found += match.key + ' '; }
+        for (const PlaceMatch& match : placeMatches(database_, typed, near, limit)) found += match.key + ' ';
         return found;
     };
     place("f.B", 60, 60);

@@ -35,7 +35,7 @@ TEST_F(PlanFilesTest, ReadsAndWritesEntries) {
         {"f.NOPE 9", "NOPE navaid not found!"}, {"f.NOPE nan 0", "NOPE navaid not found!"},
         {"KAA@x", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."},
         {"KAA@99999", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."}};
-    for (const auto& [text, saved] : kCases) { EXPECT_EQ(reload(text), saved) << text; }
+    for (const auto& [text, saved] : kCases) EXPECT_EQ(reload(text), saved) << text;
     EXPECT_FALSE(plan_.lock()->has_value()) << "a plan that failed leaves none";
     EXPECT_EQ(reload("KAA@0.29"), "KAA@0.3\r\n");
     const PlanWaypoint& entry = (*plan_.lock())->entries().front();
@@ -60,9 +60,8 @@ TEST_F(PlanFilesTest, OpensByName) {
     EXPECT_EQ(files_.savePlanAs(folder / "x.fp"), "");
     EXPECT_EQ(folder.read("x.fp"), "KAA\r\n");
     EXPECT_EQ(files_.savePlanAs(folder / "no/x.fp"), "File Open Error");
-    for (const char* const name : {"x.fpl", "fp", "x", ""}) {
+    for (const char* const name : {"x.fpl", "fp", "x", ""})
         EXPECT_EQ(files_.OpenPlanFile(name, "KAA"), "Unsupported file-type!") << name;
-    }
     EXPECT_EQ(files_.SavePlan(), "KAA\r\n") << "the plan in force stays";
 }
 
@@ -105,9 +104,8 @@ TEST_F(PlanFilesTest, RefusesListsThatCannotBeRead) {
         "FPL 0\nFWP u i A N 1 0 E 1 0\n", "FPL 0\nFWP u i A N 1 0 E x 0 0\n", "FPL 0\nFWP u i A N 90 0.1 E 1 0 0\n",
         "FPL 0\nFWP u i A N 1 0 E 180 1 0\n", "FPL 0\nFWP u i A N 1 nan E 1 0 0\n", "FPL 0\nFWP u i A N 1 61 E 1 0 0\n",
         "FPL 0\nFWP u i A N -1 0 E 1 0 0\n", "FPL 0\nFWP u i A N 1 0 E 1 0 2000000\n", "FPL 0\nFWP \n"};
-    for (const std::string_view list : kLists) {
+    for (const std::string_view list : kLists)
         EXPECT_EQ(files_.OpenPlanFile(folder / "a.TXT", list), "Invalid format!") << list;
-    }
     EXPECT_TRUE(folder.has("a_1.fp"));
     EXPECT_FALSE(folder.has("a.fp"));
 }

@@ -22,9 +22,8 @@ TEST(RouteWords, AltitudesAreHundredsOfFeet) {
         EXPECT_EQ(scanPlannedAltitude(rest), feet) << text;
         EXPECT_EQ(altitudeSuffix(feet), suffix);
     }
-    for (std::string_view bad : {"", "x", "nan", "inf", "1001", "-101", "1e300"}) {
+    for (std::string_view bad : {"", "x", "nan", "inf", "1001", "-101", "1e300"})
         EXPECT_FALSE(scanPlannedAltitude(bad)) << bad;
-    }
 }
 
 TEST(AirwayCrossing, FindsWhereSegmentsCross) {
@@ -49,7 +48,7 @@ TEST(AirwayCrossing, FindsWhereSegmentsCross) {
 class RouteEntryTest : public PlacesFixture {
  protected:
     RouteEntryTest() {
-        for (int i = 0; i < 5; ++i) { place("f." + std::string(1, static_cast<char>('A' + i)), 0, i); }
+        for (int i = 0; i < 5; ++i) place("f." + std::string(1, static_cast<char>('A' + i)), 0, i);
         place("v.N", 2, 2.0);
         place("f.NN", 1, 2.0);
         place("f.SS", -1, 2.0);
@@ -88,7 +87,7 @@ TEST_F(RouteEntryTest, ExpandsAirwaysInBothDirections) {
         {"A @V1 N", "Fix N of V1 airway not found!|@V1"}, {"S V2 V3 NOWHERE", "Fix V3 of V2 airway not found!|V2"},
         {"P V3 @V1 NOWHERE", "Fix NOWHERE of V1 airway not found!|@V1"},
         {"A @V1 V3 NOWHERE", "Fix V3 of V1 airway not found!|@V1"}};
-    for (const auto& [route, expected] : kCases) { EXPECT_EQ(expand(route), expected) << route; }
+    for (const auto& [route, expected] : kCases) EXPECT_EQ(expand(route), expected) << route;
     const std::string invalid = "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft).|";
     EXPECT_EQ(expand("A@x B"), invalid + "A@x");
     EXPECT_EQ(expand("A@20x"), invalid + "A@20x");
@@ -106,7 +105,7 @@ TEST_F(RouteEntryTest, ACrossingBelongsToTheRouteNotToTheAirway) {
         {"P V3 @V1 E @V1 EE", "P PP f.F-1 D E EE"}, {"P V3 @V1 E @V1 V3 Q", "P PP f.F-1 D E D f.F-1 QQ Q"},
         // straight across
         {"P V3 @V1 V3 Q", "P PP f.F-1 f.F-1 QQ Q"}};
-    for (const auto& [route, expected] : kCases) { EXPECT_EQ(expand(route), expected) << route; }
+    for (const auto& [route, expected] : kCases) EXPECT_EQ(expand(route), expected) << route;
     EXPECT_EQ(fixes_.find("f.F-2"), nullptr);
 }
 
@@ -156,7 +155,7 @@ TEST_F(RouteEntryTest, EntersRoutesFromADatabaseFile) {
     EXPECT_EQ(textsOf(entry.EnterRoute("C @V1 V2 S", true).entries), "C SS S");
     constexpr std::string_view kFirstWords[][2] = {
         {"V2 C", "V2 navaid/airway not found or data expired!"}, {"V2 C V2 S", "No leading fix found for V2 airway!"}};
-    for (const auto& [route, message] : kFirstWords) { EXPECT_EQ(entry.EnterRoute(route, true).error, message); }
+    for (const auto& [route, message] : kFirstWords) EXPECT_EQ(entry.EnterRoute(route, true).error, message);
     EXPECT_EQ(entry.EnterRoute("A V2 C", false).error, "V2 navaid/airway not found or data expired!");
 }
 

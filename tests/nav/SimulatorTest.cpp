@@ -75,7 +75,7 @@ TEST(VerticalSpeed, IsTheSlopeOfTheLastSeconds) {
     const auto after = [](std::int32_t from, std::int32_t to) {
         VerticalSpeed speed;
         EXPECT_FALSE(speed.feetPerMinute());
-        for (int i = 0; i <= 6; ++i) { speed.add(1 + 500 * i, from + (to - from) / 6 * i); }
+        for (int i = 0; i <= 6; ++i) speed.add(1 + 500 * i, from + (to - from) / 6 * i);
         return speed.feetPerMinute();
     };
     EXPECT_EQ(after(1000, 1030), 600);
@@ -85,7 +85,7 @@ TEST(VerticalSpeed, IsTheSlopeOfTheLastSeconds) {
     EXPECT_FALSE(after(0, std::numeric_limits<std::int32_t>::max()));
     EXPECT_FALSE(after(0, std::numeric_limits<std::int32_t>::min()));
     VerticalSpeed speed;
-    for (int i = 0; i <= 6; ++i) { speed.add(1 + 500 * i, 1000); }
+    for (int i = 0; i <= 6; ++i) speed.add(1 + 500 * i, 1000);
     speed.add(3501, std::nullopt);
     speed.add(4001, 1100);
     EXPECT_FALSE(speed.feetPerMinute()) << "begins anew behind a gap";

@@ -47,9 +47,8 @@ constexpr std::string_view kTinyFile =
 std::vector<std::uint8_t> tinyFile() {
     const auto digit = [](char c) { return static_cast<unsigned>(std::string_view("0123456789abcdef").find(c)); };
     std::vector<std::uint8_t> bytes;
-    for (std::size_t i = 0; i < kTinyFile.size(); i += 2) {
+    for (std::size_t i = 0; i < kTinyFile.size(); i += 2)
         bytes.push_back(static_cast<std::uint8_t>(digit(kTinyFile[i]) * 16 + digit(kTinyFile[i + 1])));
-    }
     return bytes;
 }
 
@@ -138,7 +137,7 @@ TEST_F(DatabaseFileTest, DecodesEveryTypeByItsWidth) {
         EXPECT_TRUE(rows->load(*file.index("NavKey"), row));
         rows->decode(fields);
         Printed texts;
-        for (const auto& [name, value] : fields) { texts[name] = value.print(); }
+        for (const auto& [name, value] : fields) texts[name] = value.print();
         return texts;
     };
     EXPECT_EQ(printed(0),
@@ -174,7 +173,7 @@ TEST_F(DatabaseFileTest, OpensReadableVersionsOnly) {
         {"NavDb 4.50", ""}, {"NavDb4.2", update}, {"NavDb4.29", update}, {"NavDb5.0", update}, {"NavDb", update},
         {"NavDbx", update}, {"NavDbnan", update}, {"NavDb-4.7", update}, {"NavDB4.7", "Incorrect Format"},
         {"", "Incorrect Format"}, {"NavD", "Incorrect Format"}};
-    for (const auto& [version, message] : cases) { EXPECT_EQ(openVersion(version), message) << version; }
+    for (const auto& [version, message] : cases) EXPECT_EQ(openVersion(version), message) << version;
 }
 
 TEST_F(DatabaseFileTest, TellsWhyAFileCannotBeOpened) {
@@ -266,7 +265,7 @@ TEST_F(DatabaseFileTest, ReadsNothingFromAFileThatWasCutWhileOpen) {
 
 TEST_F(DatabaseFileTest, SearchesWhileSeveralThreadsTriggerTheFirstRead) {
     TestDatabase database;
-    for (int i = 0; i < 2000; ++i) { database.addFix(numbered("F", i / 2), 0.0, 0.0); }
+    for (int i = 0; i < 2000; ++i) database.addFix(numbered("F", i / 2), 0.0, 0.0);
     DatabaseFile file;
     ASSERT_EQ(file.Open(database.write(folder_.path(), "fixes.ng2"), clock_), "");
     const IndexEntry& index = *file.index("WptKey");
@@ -287,7 +286,7 @@ TEST_F(DatabaseFileTest, SearchesWhileSeveralThreadsTriggerTheFirstRead) {
             }
         });
     }
-    for (auto& thread : threads) { thread.join(); }
+    for (auto& thread : threads) thread.join();
     EXPECT_EQ(found, (std::array{1000, 1000, 1000, 1000}));
     const auto rows = file.rows();
     EXPECT_EQ(rows->firstNotBelow(index, id, "A"), 0U);

@@ -33,9 +33,8 @@ class DatabaseLoaderTest : public ::testing::Test {
         });
         std::string text = report_.text();
         const std::string folder = folder_.path().string() + "/";
-        for (auto at = text.find(folder); at != std::string::npos; at = text.find(folder)) {
+        for (auto at = text.find(folder); at != std::string::npos; at = text.find(folder))
             text.erase(at, folder.size());
-        }
         return text;
     }
 
@@ -116,12 +115,12 @@ TEST_F(DatabaseLoaderTest, ReportLinesOfSeveralThreadsDoNotInterleave) {
     for (int t = 0; t < 4; ++t) {
         threads.emplace_back([&] {
             LoadReport same(report_.path());
-            for (int i = 0; i < 20; ++i) { same.AppendLoadReport(line); }
+            for (int i = 0; i < 20; ++i) same.AppendLoadReport(line);
         });
     }
-    for (auto& thread : threads) { thread.join(); }
+    for (auto& thread : threads) thread.join();
     std::string expected;
-    for (int i = 0; i < 80; ++i) { expected += line; }
+    for (int i = 0; i < 80; ++i) expected += line;
     EXPECT_EQ(report_.text(), expected);
     LoadReport(folder_.path() / "no such folder" / "x").AppendLoadReport("lost");
 }

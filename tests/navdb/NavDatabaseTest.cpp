@@ -119,7 +119,7 @@ TEST_F(NavDatabaseTest, FindsAirportsWithAndWithoutTheRegionLetter) {
         {"a.LSEA", "a.LSEA 1"}, {"a.BFI", "a.KBFI 0"}, {"a.KAL", "a.KKAL 0"}, {"a.KW01", "a.W01 0"},
         {"a.LSZH", "a.SZH 1"}, {"KSEA", "a.SEA 0"}, {"a.sea", "-"}, {"a.SE", "-"}, {"a.SEAX", "-"}, {"a.", "-"},
         {"v.SEA", "-"}, {"", "-"}};
-    for (const auto& [key, expected] : cases) { EXPECT_EQ(find(key), expected) << key; }
+    for (const auto& [key, expected] : cases) EXPECT_EQ(find(key), expected) << key;
 }
 
 TEST_F(NavDatabaseTest, AddsNoLetterWhereAFileHasNone) {

@@ -32,14 +32,11 @@ class PlaceSearchTest : public ::testing::Test {
         std::mt19937 random(20070315);
         std::uniform_int_distribution<int> lat(-90000000, 90000000);
         std::uniform_int_distribution<int> lon(-180000000, 180000000);
-        for (std::size_t i = 0; i < 3000; ++i) { add(i % 4, lat(random) * 1e-6, lon(random) * 1e-6); }
+        for (std::size_t i = 0; i < 3000; ++i) add(i % 4, lat(random) * 1e-6, lon(random) * 1e-6);
         // Whole degrees, both names of the 180th meridian, the poles, a cluster.
-        for (const double edge : {-180.0, -179.0, -1.0, 0.0, 1.0, 179.999999, 180.0}) {
-            for (const double latitude : {-90.0, -89.999, 0.0, 51.5, 90.0}) {
-                add(samples_.size() % 4, latitude, edge);
-            }
-        }
-        for (std::size_t i = 0; i < 400; ++i) { add(i % 4, 51.0 + lat(random) * 1e-8, lon(random) * 1e-8); }
+        for (const double edge : {-180.0, -179.0, -1.0, 0.0, 1.0, 179.999999, 180.0})
+            for (const double latitude : {-90.0, -89.999, 0.0, 51.5, 90.0}) add(samples_.size() % 4, latitude, edge);
+        for (std::size_t i = 0; i < 400; ++i) add(i % 4, 51.0 + lat(random) * 1e-8, lon(random) * 1e-8);
     }
     void add(std::size_t kind, double lat, double lon) {
         const double latDeg = std::round(lat * 1e6) * 1e-6;  // as a file holds them
@@ -71,7 +68,7 @@ class PlaceSearchTest : public ::testing::Test {
         std::vector<double> expected;
         for (const Sample& sample : samples_) {
             const double distance = DistanceNm(here, sample.position());
-            if ((sample.kind & kinds) != 0 && distance <= withinNm) { expected.push_back(distance); }
+            if ((sample.kind & kinds) != 0 && distance <= withinNm) expected.push_back(distance);
         }
         std::sort(expected.begin(), expected.end());
         expected.resize(std::min(expected.size(), count));
@@ -89,14 +86,13 @@ class PlaceSearchTest : public ::testing::Test {
         for (const Sample& sample : samples_) {
             const double past = PositiveMod(sample.lonDeg - box.west, 360);
             if ((sample.kind & kinds) != 0 && sample.latDeg >= box.south && sample.latDeg <= box.north &&
-                (past <= width || width >= 360)) {
+                (past <= width || width >= 360))
                 expected.insert(sample.ident);
-            }
         }
         std::vector<Place> places;
         database_.placesIn(box, kinds, 100000, places);
         std::set<std::string> found;
-        for (const Place& place : places) { found.insert(std::string(place.ident.view())); }
+        for (const Place& place : places) found.insert(std::string(place.ident.view()));
         EXPECT_EQ(found.size(), places.size());
         EXPECT_EQ(found, expected) << box.west << ' ' << box.east;
     }
@@ -106,9 +102,7 @@ class PlaceSearchTest : public ::testing::Test {
         std::uniform_real_distribution<double> lon(-180, 180);
         std::vector<GeoPoint> points{{.lat = kPi / 2, .lon = 0}, {.lat = -kPi / 2, .lon = 1}, {.lat = 1.5707, .lon = 3},
             {.lat = 0, .lon = kPi}, {.lat = 0, .lon = -kPi}, {.lat = 0.89, .lon = 0}, {.lat = 1.2, .lon = -3.14159}};
-        for (int i = 0; i < 40; ++i) {
-            points.push_back({.lat = lat(random) * kDegToRad, .lon = lon(random) * kDegToRad});
-        }
+        for (int i = 0; i < 40; ++i) points.push_back({.lat = lat(random) * kDegToRad, .lon = lon(random) * kDegToRad});
         for (const GeoPoint& point : points) {
             checkNearest(point, kAllKinds, 20, 300);
             checkNearest(point, kAirportKind, 5, 20000);

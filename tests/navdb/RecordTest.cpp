@@ -12,7 +12,7 @@ TEST(RecordKeyTest, PutsTheKindInFront) {
     EXPECT_EQ(makeRecordKey(kVorKind, "OAK"), "v.OAK");
     EXPECT_EQ(makeRecordKey(kNdbKind, "OAK"), "n.OAK");
     EXPECT_EQ(makeRecordKey(kFixKind, "OAK"), "f.OAK");
-    for (const KindMask kind : {8U, 16U, 24U}) { EXPECT_EQ(makeRecordKey(kind, "KOAK"), "a.KOAK"); }
+    for (const KindMask kind : {8U, 16U, 24U}) EXPECT_EQ(makeRecordKey(kind, "KOAK"), "a.KOAK");
     EXPECT_EQ(makeRecordKey(3, "OAK"), "");
     EXPECT_EQ(identOfKey("v.OAK"), "OAK");
     EXPECT_EQ(identOfKey("x.OAK"), "x.OAK");

@@ -32,9 +32,8 @@ class Output {
         bytes.resize(bytes.size() + kNameLength - text.size());
     }
     void rows(const std::vector<TestDatabase::Row>& rows) {
-        for (const auto& row : rows) {
-            for (const std::int32_t value : row) { word(static_cast<std::uint32_t>(value)); }
-        }
+        for (const auto& row : rows)
+            for (const std::int32_t value : row) word(static_cast<std::uint32_t>(value));
     }
     void patch(std::size_t offset, std::uint32_t value) { storeU32(bytes, offset, value); }
 };
@@ -67,7 +66,8 @@ std::vector<TestDatabase::Row> cellRuns(const std::vector<const Index*>& locatio
     for (int cell = 0; cell <= kCellCount; ++cell) {
         TestDatabase::Row row;
         for (const Index* location : locations) {
-            row.push_back(static_cast<std::int32_t>(std::count_if(location->rows.begin(), location->rows.end(),
+            row.push_back(static_cast<std::int32_t>(std::count_if(
+                location->rows.begin(), location->rows.end(),
                 [cell](const auto& place) { return cellOf(place) < cell; })));
         }
         runs.push_back(row);
@@ -106,7 +106,7 @@ void writeIndexes(Output& out, const std::vector<Index>& indexes, const std::vec
         dataAt += length;
     }
     out.bytes.push_back(0);
-    for (const Index& index : indexes) { out.rows(index.rows); }
+    for (const Index& index : indexes) out.rows(index.rows);
 }
 
 /// The cells' rows have just been written.
@@ -114,13 +114,13 @@ void writeGridBehindRuns(Output& out) {
     constexpr std::uint32_t kRunRow = 4 * kCellFields.size();
     const std::uint32_t runsAt = out.size() - (kCellCount + 1) * kRunRow;
     out.word(kCellCount - 1);
-    for (std::uint32_t cell = 0; cell <= kCellCount; ++cell) { out.word(runsAt + cell * kRunRow); }
+    for (std::uint32_t cell = 0; cell <= kCellCount; ++cell) out.word(runsAt + cell * kRunRow);
 }
 
 }  // namespace
 
 std::int32_t TestDatabase::text(std::string_view text) {
-    if (text.empty()) { return 0; }
+    if (text.empty()) return 0;
     const auto offset = static_cast<std::int32_t>(strings_.size());
     strings_.append(text).push_back('\0');
     return offset;

@@ -26,7 +26,7 @@ class UserDatabaseReaderTest : public ::testing::Test {
         const std::string head = "Loading " + path.string() + "\r\n";
         const std::string tail = "  Done\r\n\r\n";
         EXPECT_TRUE(logged.starts_with(head)) << logged;
-        if (!logged.ends_with(tail)) { return "(no end) " + logged.substr(head.size()); }
+        if (!logged.ends_with(tail)) return "(no end) " + logged.substr(head.size());
         return logged.substr(head.size(), logged.size() - head.size() - tail.size());
     }
     template <class Record>
@@ -174,13 +174,11 @@ TEST_F(UserDatabaseReaderTest, CutsLinesAcrossBlocks) {
 TEST(UserCoordinateTest, ReadsDegreesAndMinutes) {
     const std::vector<std::pair<std::string, double>> cases{{"", 0.0}, {"47.5", 47.5}, {"47:30.5", 47.0 + 30.5 / 60},
         {"-0:30", -0.5}, {"-5:30", -5.5}, {" -5:30", -5.5}, {"+5:30", 5.5}, {"-122.25", -122.25}, {"47:60", 48.0}};
-    for (const auto& [text, degrees] : cases) {
+    for (const auto& [text, degrees] : cases)
         EXPECT_NEAR(parseUserCoordinate(text).value_or(NAN), degrees, 1e-12) << text;
-    }
     for (const std::string_view text : {"abc", "47,5", "47 30", "122.25W", "47:30:15", "47:305", "5:", "5:x", "5:-1",
-             "nan", "inf", "1:inf", "47:30.5'"}) {
+             "nan", "inf", "1:inf", "47:30.5'"})
         EXPECT_FALSE(parseUserCoordinate(text)) << text;
-    }
 }
 
 }}  // namespace korvel

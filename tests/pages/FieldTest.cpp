@@ -36,7 +36,7 @@ TEST(GeoText, DistancesAreNeverRoundedToAWrongNumber) {
     const Case cases[] = {{0, 65, "65 nm"}, {0, 32.5, "32.5 nm"}, {0, 12.5, "12.5 nm"}, {0, 0.5, "0.5 nm"},
         {0, 250, "250 nm"}, {1, 65, "74.8 mi"}, {1, 100, "115 mi"}, {2, 1, "1.9 km"}, {2, 50 / 1.852, "50 km"},
         {9, 99.96, "100 nm"}};
-    for (const Case& each : cases) { EXPECT_EQ(distanceText(each.nm, distanceUnitOf(each.unit)), each.text); }
+    for (const Case& each : cases) EXPECT_EQ(distanceText(each.nm, distanceUnitOf(each.unit)), each.text);
     EXPECT_EQ(distanceTenthsText(65, DistanceUnit::NauticalMiles), "65.0 nm");
     EXPECT_EQ(distanceTenthsText(250, DistanceUnit::NauticalMiles), "250 nm");
 }
@@ -93,9 +93,8 @@ TEST(NavField, FieldsShowTheirValuesOrDashes) {
         const NavField& field = navField(navFieldsFromText(each.name).front());
         ASSERT_EQ(field.header.english, each.name);
         EXPECT_EQ(field.format(navigating()), each.knots) << field.header.english;
-        if (field.id != NavFieldId::Time) {
+        if (field.id != NavFieldId::Time)
             EXPECT_EQ(field.format(nothing), (NavFieldText{"---", "", ""})) << field.header.english;
-        }
         EXPECT_EQ(field.format(metric), each.metric) << field.header.english;
     }
 }
@@ -182,9 +181,8 @@ TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
                 }
                 const auto* speed = canvas.findText(navField(fields[0]).format(data).value);
                 ASSERT_NE(speed, nullptr);
-                if (chosen.data() == defaultNavFields().data()) {
+                if (chosen.data() == defaultNavFields().data())
                     EXPECT_GE(speed->style.font.height, size.smallestValue) << size.width;
-                }
             }
 }
 

@@ -22,7 +22,7 @@ Colors changes(const ColorScheme& scheme) {
     const ColorScheme day;
     for (const auto& [key, color] : day.entries()) {
         const auto same = changed.find(key);
-        if (same != changed.end() && same->second == color) { changed.erase(same); }
+        if (same != changed.end() && same->second == color) changed.erase(same);
     }
     return changed;
 }
@@ -47,9 +47,8 @@ TEST(ColorScheme, AFileThatCannotBeReadLeavesTheDayScheme) {
 }
 
 TEST(ColorScheme, BuiltInSchemes) {
-    for (const char* name : {"", "<Default>", "<default2>", "nowhere.SCM"}) {
+    for (const char* name : {"", "<Default>", "<default2>", "nowhere.SCM"})
         EXPECT_EQ(changes(named(name)), Colors{}) << name;
-    }
     EXPECT_EQ(colorsOf(ColorScheme()).size(), 43U);
     EXPECT_EQ(
         changes(named("<Default2>")), (Colors{{"map.vor", Rgb(255, 255, 255)}, {"geo.land", Rgb(0, 192, 128)},
@@ -167,7 +166,7 @@ TEST(ColorScheme, ReloadFollowsTheSettingAndForgetsTheSchemeBefore) {
     EXPECT_EQ(list, (std::vector<std::string>{"<Default>", "<Default2>", "<Night-Flight>", "sea.SCM"}));
     const std::pair<const char*, std::size_t> selections[] = {{"", 0}, {"<DEFAULT2>", 1}, {"<Default", 0},
         {"<night-flight>", 2}, {"SEA.scm", 3}, {"se", 3}, {"gone.SCM", 0}, {"sea.SCM.old", 0}};
-    for (const auto& [stored, index] : selections) { EXPECT_EQ(selectedScheme(list, stored), index) << stored; }
+    for (const auto& [stored, index] : selections) EXPECT_EQ(selectedScheme(list, stored), index) << stored;
 }
 
 }}  // namespace korvel

@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 std::vector<std::string> namesOf(const std::vector<fs::path>& paths) {
     std::vector<std::string> names;
-    for (const fs::path& path : paths) { names.push_back(path.filename().string()); }
+    for (const fs::path& path : paths) names.push_back(path.filename().string());
     return names;
 }
 
@@ -49,7 +49,7 @@ TEST(FileIo, AtEveryFaultTheOldFileOrTheNewOneStands) {
         EXPECT_EQ(folder.read("file"), written ? "new and longer" : "old");
         EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1) << "no temporary file is left";
         // On the device before the old one gives way to it, and then its name.
-        if (written) { EXPECT_EQ(disk.done(), "create write flush close rename folder "); }
+        if (written) EXPECT_EQ(disk.done(), "create write flush close rename folder ");
     });
     atEveryFault([](FaultyFiles& disk) {
         const TempFolder folder;
@@ -89,9 +89,8 @@ TEST(FileIo, ReplacingKeepsLinkAndPermissions) {
 TEST(Folders, FindsFilesByPatternInByteOrder) {
     const TempFolder folder;
     for (const char* name :
-        {"b.UDB.TXT", "a.udb.txt", "B.UDB.TXT", "\xc3\xa4.udb.txt", "UDB.TXT", "a.udb.txt.bak", ".udb.txt"}) {
+        {"b.UDB.TXT", "a.udb.txt", "B.UDB.TXT", "\xc3\xa4.udb.txt", "UDB.TXT", "a.udb.txt.bak", ".udb.txt"})
         std::ofstream(folder.path() / name) << name;
-    }
     fs::create_directory(folder.path() / "folder.udb.txt");
     using Names = std::vector<std::string>;
     EXPECT_EQ(namesOf(findFiles(folder.path(), "*.UDB.TXT")),

@@ -21,7 +21,7 @@ class SerialPortsTest : public testing::Test {
         fs::create_directories(device);
         fs::create_directories(folders_.sysfs / name);
         fs::create_directory_symlink(device, folders_.sysfs / name / "device");
-        if (!type.empty()) { ASSERT_TRUE(writeFileAtomically(folders_.sysfs / name / "type", type + "\n")); }
+        if (!type.empty()) ASSERT_TRUE(writeFileAtomically(folders_.sysfs / name / "type", type + "\n"));
     }
 
     std::string fileOf(const std::string& name) const {
@@ -57,9 +57,8 @@ TEST_F(SerialPortsTest, ALinkHoldsEvenWhileItLeadsNowhere) {
 
 TEST_F(SerialPortsTest, OtherNames) {
     EXPECT_EQ(fileOf("/dev/pts/3"), "/dev/pts/3");
-    for (const char* name : {"", "COM", "COM0", "COM-1", "COM1x", "COM99999999999", "COM1:", "tty"}) {
+    for (const char* name : {"", "COM", "COM0", "COM-1", "COM1x", "COM99999999999", "COM1:", "tty"})
         EXPECT_EQ(fileOf(name), "none") << name;
-    }
 }
 
 }}  // namespace korvel

@@ -44,7 +44,7 @@ class ConnectionMonitorTest : public GpsTest, protected SentenceListener {
     }
     /// The receiver says so, and the next tick decodes it.
     void say(std::initializer_list<const char*> bodies) {
-        for (const char* body : bodies) { input_.onSentence(sentence(body)); }
+        for (const char* body : bodies) input_.onSentence(sentence(body));
         monitor().gpsTick();
     }
     void setFlags(std::uint32_t flags, int fixQuality = 0) {
@@ -238,7 +238,7 @@ TEST_F(ConnectionMonitorTest, PortOfAVanishedDeviceIsOpenedAgain) {
 TEST_F(ConnectionMonitorTest, AnotherSourceTakesThePlaceOfThePortAndNoneIsSearched) {
     struct Source final : SentenceSource {
         std::string start(SentenceListener& listener) override {
-            if (!failure.empty()) { return failure; }
+            if (!failure.empty()) return failure;
             running = true;
             listener.onLine(sentence(kRmc), 1);
             return {};
@@ -278,15 +278,13 @@ TEST_F(ConnectionMonitorTest, FindsAReceiverOnARealLine) {
     std::string device = receiver->deviceName();
     device.pop_back();  // the colon
     // Links that lead nowhere stand before the one that does, whatever this machine has.
-    for (int port = 1; port <= 9; ++port) {
+    for (int port = 1; port <= 9; ++port)
         fs::create_symlink(port == 6 ? device : "/nonexistent", folder_.path() / ("com" + std::to_string(port)));
-    }
     use(systemSerialDeviceOpener(folder_.path()));
-    for (int port = 1; port <= 5; ++port) { EXPECT_EQ(status(), "COM" + std::to_string(port) + " 9600\nInvalid Port"); }
+    for (int port = 1; port <= 5; ++port) EXPECT_EQ(status(), "COM" + std::to_string(port) + " 9600\nInvalid Port");
     EXPECT_EQ(status(), "COM6 38400\nNo Gps Rcvr Activity");
-    for (const char* body : {kRmc, kGga}) {
+    for (const char* body : {kRmc, kGga})
         ASSERT_TRUE(receiver->write(sentence(body) + "\r\n", std::chrono::seconds(30)));
-    }
     ASSERT_TRUE(eventually([&] { return *linesHeard_.lock() == 2; }));
     monitor().gpsTick();
     EXPECT_EQ(status(), "");

@@ -20,7 +20,7 @@ template <class Condition>
 bool eventually(const Condition& holds) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
     while (!holds()) {
-        if (std::chrono::steady_clock::now() > deadline) { return false; }
+        if (std::chrono::steady_clock::now() > deadline) return false;
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     return true;

@@ -15,7 +15,7 @@ namespace korvel {
 /// A sentence with its checksum: "GPRMC,…" becomes "$GPRMC,…*hh".
 inline std::string sentence(std::string_view body) {
     unsigned sum = 0;
-    for (const char c : body) { sum ^= static_cast<unsigned char>(c); }
+    for (const char c : body) sum ^= static_cast<unsigned char>(c);
     char tail[8];
     std::snprintf(tail, sizeof tail, "*%02X", sum);
     return std::string("$").append(body).append(tail);

@@ -9,9 +9,8 @@ std::vector<std::string> takeLines(LineSplitter& splitter, std::size_t longest =
     std::vector<char> out(longest + 1);
     std::vector<std::string> lines;
     int length = 0;
-    while ((length = splitter.readLine(out)) != LineSplitter::kNoLine) {
+    while ((length = splitter.readLine(out)) != LineSplitter::kNoLine)
         lines.emplace_back(length == LineSplitter::kLineTooLong ? "<long>" : out.data());
-    }
     return lines;
 }
 
@@ -45,7 +44,7 @@ TEST(LineSplitter, CutsLinesOutOfChunks) {
         std::vector<std::string> lines;
         for (const std::string& chunk : c.chunks) {
             splitter.append(chunk);
-            for (std::string& line : takeLines(splitter)) { lines.push_back(std::move(line)); }
+            for (std::string& line : takeLines(splitter)) lines.push_back(std::move(line));
         }
         EXPECT_EQ(lines, c.lines);
         EXPECT_FALSE(splitter.isResyncing());

@@ -64,7 +64,7 @@ class LineCollector final : public LineListener {
 
     void onLine(SerialPort& port, std::string_view text) override {
         lines_.change([&](auto& lines) { lines.emplace_back(text.data()); });
-        if (also_) { also_(port, text); }
+        if (also_) also_(port, text);
     }
 
     /// The lines once there are `count`, or as many as came until the deadline.

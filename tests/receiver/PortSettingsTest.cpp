@@ -23,9 +23,7 @@ TEST(PortSettings, KeepWhatTheTextSays) {
         EXPECT_EQ(settings->format(), c.text);
     }
     EXPECT_FALSE(PortSettings::parse(""));
-    for (const char* name : {"COM7", "COM7:"}) {
-        EXPECT_EQ(PortSettings::of(name, "57600").format(), "COM7:,57600,N,8,1");
-    }
+    for (const char* name : {"COM7", "COM7:"}) EXPECT_EQ(PortSettings::of(name, "57600").format(), "COM7:,57600,N,8,1");
 }
 
 }}  // namespace korvel

@@ -8,7 +8,7 @@ namespace korvel { namespace {
 
 std::vector<std::int64_t> offsets(const std::vector<ReplayStep>& script) {
     std::vector<std::int64_t> result;
-    for (const ReplayStep& step : script) { result.push_back(step.offsetMs); }
+    for (const ReplayStep& step : script) result.push_back(step.offsetMs);
     return result;
 }
 
@@ -32,14 +32,14 @@ TEST(ReplayScript, FollowsTheTimesInTheSentences) {
         {"nothing", "", {}},
         {"notes only", "# a\n# b\n", {}},
     };
-    for (const PaceCase& c : cases) { EXPECT_EQ(offsets(makeReplayScript(c.log)), c.expected) << c.what; }
+    for (const PaceCase& c : cases) EXPECT_EQ(offsets(makeReplayScript(c.log)), c.expected) << c.what;
 }
 
 TEST(ReplayScript, KeepsEveryByteButTheNotes) {
     const std::string binary("\xA0\xA2\x00\x12\r\n", 6);
     const std::string log = "# note\n" + binary + "$GPRMC,100000,A\r\n# note\r\n$GPRMC,100001,A";
     std::string played;
-    for (const ReplayStep& step : makeReplayScript(log)) { played += step.bytes; }
+    for (const ReplayStep& step : makeReplayScript(log)) played += step.bytes;
     EXPECT_EQ(played, binary + "$GPRMC,100000,A\r\n$GPRMC,100001,A");
 }
 

@@ -52,7 +52,7 @@ TEST_F(SentenceReceiverTest, SaysWhyALineIsRefused) {
         input.onSentence(c.line);
         const std::vector<std::string> lines = input.store().takeTrace();
         ASSERT_EQ(lines.size(), c.tag.empty() ? 0U : 1U) << c.line;
-        if (!c.tag.empty()) { EXPECT_EQ(lines[0], c.line.substr(0, c.line.find('\r')) + ":" + c.tag); }
+        if (!c.tag.empty()) EXPECT_EQ(lines[0], c.line.substr(0, c.line.find('\r')) + ":" + c.tag);
         EXPECT_EQ(input.store().copy().sentenceFlags, c.flags) << c.line;
     }
 }
@@ -101,7 +101,7 @@ TEST_F(SentenceReceiverTest, SatellitesMakeRoomForEachOtherNeverThePosition) {
     input_.satellitesForDisplay();
     input_.onSentence(sentence("GPRMC,1"));
     input_.onSentence(sentence("GPGGA,1"));
-    for (int i = 0; i < 300; ++i) { input_.onSentence(sentence("GPGSV,3," + std::to_string(i))); }
+    for (int i = 0; i < 300; ++i) input_.onSentence(sentence("GPGSV,3," + std::to_string(i)));
     input_.onSentence(sentence("GPGSA,1"));
     const auto queue = input_.queue().lock();
     const auto waits = [&](std::string_view body) {
@@ -115,9 +115,7 @@ TEST_F(SentenceReceiverTest, SatellitesMakeRoomForEachOtherNeverThePosition) {
 }
 
 TEST_F(SentenceReceiverTest, AnswersAndHandsOver) {
-    for (const char* line : {"ASTRAL", "ASTRAL\r", "ASTRALX", "ASTRAL\rX", "ASTRA", "astral"}) {
-        input_.onSentence(line);
-    }
+    for (const char* line : {"ASTRAL", "ASTRAL\r", "ASTRALX", "ASTRAL\rX", "ASTRA", "astral"}) input_.onSentence(line);
     EXPECT_EQ(answers_, (std::vector<std::string>{"ASTRAL\r\n", "ASTRAL\r\n"}));
     input_.onSentence("$RPY,1,2,3\r");
     EXPECT_EQ(attitude_, std::vector<std::string>{"$RPY,1,2,3"});
@@ -293,7 +291,7 @@ TEST_F(SentenceDecoderTest, OddSatelliteSentencesStayWithinTheTable) {
         feed("GPGSV,3,1,12,15,45,200,38");
         feed(std::string("GPGSV,") + numbers + ",12,16,45,200,38");
         EXPECT_EQ(fix().satellites[0] & 0x7FU, 15U) << numbers << " completes the cycle";
-        for (std::size_t i = 1; i < kSatelliteSlots; ++i) { EXPECT_EQ(fix().satellites.at(i), 0U) << numbers; }
+        for (std::size_t i = 1; i < kSatelliteSlots; ++i) EXPECT_EQ(fix().satellites.at(i), 0U) << numbers;
     }
     feed("GPGSV,1,1,1,-99999999999,999,-999,999");
     EXPECT_EQ(fix().satellites[0], ((999U & 0x7F) << 25) | ((0U - 999U) & 0x1FF) << 16 | (999U & 0xFF) << 8);
@@ -349,7 +347,7 @@ TEST(SbasStart, IsDecidedOnceByPlaceAndSpeed) {
         for (int repeat = 0; repeat < 2; ++repeat) {
             const std::string gga = sentence("GPGGA,1," + std::string(position) + ",1,04,1,9,M,,,,");
             input.decoder().decodeSentence(gga, clock.tickMs());
-            for (std::string& command : input.decoder().takeCommands()) { commands.push_back(std::move(command)); }
+            for (std::string& command : input.decoder().takeCommands()) commands.push_back(std::move(command));
         }
         EXPECT_EQ(commands, sent) << port << " at " << position;
     }

@@ -41,18 +41,18 @@ TEST_F(SerialPortTerminalTest, LinesArriveWholeWhateverComesBetween) {
     const RunningPort running = run(lines);
     const std::vector<std::string> pieces = {"$GPGGA,1", "\r", "\n", std::string(200, 'x') + "\r\n", "$GPGGA,2\r\n",
         std::string(1100, 'x'), "tail\r\n", "$GPGGA,3\r\n"};
-    for (const std::string& piece : pieces) { ASSERT_TRUE(receiver_->write(piece, kDeadline)); }
+    for (const std::string& piece : pieces) ASSERT_TRUE(receiver_->write(piece, kDeadline));
     EXPECT_EQ(lines.waitFor(3), (std::vector<std::string>{"$GPGGA,1", "$GPGGA,2", "$GPGGA,3"}));
 }
 
 TEST_F(SerialPortTerminalTest, NothingIsLostAtFullSpeed) {
     // Ten seconds of a receiver that fills the line at 115200 baud, faster than it would come.
     std::vector<std::string> expected;
-    for (int i = 0; i < 1600; ++i) { expected.push_back("$GPGSV,3,1,11," + std::to_string(i) + std::string(50, ',')); }
+    for (int i = 0; i < 1600; ++i) expected.push_back("$GPGSV,3,1,11," + std::to_string(i) + std::string(50, ','));
     LineCollector lines;
     const RunningPort running = run(lines);
     std::thread sender([&] {
-        for (const std::string& sentence : expected) { EXPECT_TRUE(receiver_->write(sentence + "\r\n", kDeadline)); }
+        for (const std::string& sentence : expected) EXPECT_TRUE(receiver_->write(sentence + "\r\n", kDeadline));
     });
     EXPECT_EQ(lines.waitFor(expected.size()), expected);
     sender.join();
@@ -107,7 +107,7 @@ TEST_F(SerialPortTerminalTest, AnUnpluggedReceiverIsNoticedAndThePortClosed) {
     EXPECT_EQ(lines.waitFor(1).size(), 1U);
     receiver_->unplug();
     const auto deadline = std::chrono::steady_clock::now() + kDeadline;
-    while (!port_.hasReadFailed() && std::chrono::steady_clock::now() < deadline) { std::this_thread::yield(); }
+    while (!port_.hasReadFailed() && std::chrono::steady_clock::now() < deadline) std::this_thread::yield();
     EXPECT_TRUE(port_.hasReadFailed());
     EXPECT_TRUE(port_.isOpen());
     port_.close();
@@ -117,9 +117,8 @@ TEST_F(SerialPortTerminalTest, AnUnpluggedReceiverIsNoticedAndThePortClosed) {
 TEST_F(SerialPortTerminalTest, CloseEndsAWriteThatNobodyTakes) {
     LineCollector lines;
     const RunningPort running = run(lines);
-    for (int i = 0; i < 5; ++i) {  // more than the line holds
+    for (int i = 0; i < 5; ++i)  // more than the line holds
         port_.write(std::string(4000, 'x'));
-    }
     port_.close();
     EXPECT_EQ(port_.open(settings()), "");
 }

@@ -59,12 +59,12 @@ class FakeDevice final : public SerialDevice {
     Transfer read(std::span<char> into) override {
         Transfer transfer;
         bench_.script.change([&](auto& script) {
-            if (script.empty()) { return; }
+            if (script.empty()) return;
             Bench::Answer& answer = script.front();
             transfer.error = answer.error;
             transfer.count = answer.bytes.copy(into.data(), into.size());
             answer.bytes.erase(0, transfer.count);
-            if (answer.bytes.empty()) { script.pop_front(); }
+            if (answer.bytes.empty()) script.pop_front();
         });
         return transfer;
     }
@@ -207,7 +207,7 @@ TEST_F(SerialPortTest, WithoutEventsOrThreadsItTellsAndGoesOnLater) {
         port.setListener(&lines);
         port.startThread();
         EXPECT_EQ(port.hasReadFailed(), left == kEvents) << "no thread: as if the device were dead";
-        if (left > kEvents) { EXPECT_EQ(lines.waitFor(1).size(), 1U); }
+        if (left > kEvents) EXPECT_EQ(lines.waitFor(1).size(), 1U);
         port.write("x");
         port.close();
     }
@@ -246,9 +246,7 @@ TEST_F(SerialPortTest, ActivityIsMoreThanTwoBytesWithinFiveSeconds) {
     EXPECT_FALSE(port_.isReceiving());
     Watched<std::size_t> received;
     port_.setTrace([&](std::string_view bytes, std::string_view tag) {
-        if (tag == "rcv") {
-            received.change([&](std::size_t& count) { count += bytes.size(); });
-        }
+        if (tag == "rcv") received.change([&](std::size_t& count) { count += bytes.size(); });
     });
     const auto send = [&](const std::string& bytes, std::size_t total) {
         answer({{kNoError, bytes}});
@@ -295,7 +293,7 @@ TEST_F(SerialPortTest, WritesAreQueuedTracedAndSentInOrderAlsoByAListener) {
 TEST_F(SerialPortTest, ADeviceThatTakesNoOutputHoldsUpNeitherWriterNorClose) {
     bench_.takesOutput = false;
     const RunningPort running = run(nullptr);
-    for (int i = 0; i < 6; ++i) { port_.write(std::string(255, 'x')); }
+    for (int i = 0; i < 6; ++i) port_.write(std::string(255, 'x'));
     port_.close();
     EXPECT_TRUE(bench_.closed);
     EXPECT_EQ(bench_.sent.get(), "");
@@ -339,9 +337,8 @@ TEST_F(SerialPortTest, LinesStayBufferedUntilSomebodyTakesThem) {
     ASSERT_TRUE(received.waitUntil([](const auto& all) { return all == "$A\r\n$B\r\n"; }));
     std::array<char, 160> line{};
     int length = LineSplitter::kNoLine;
-    while (length == LineSplitter::kNoLine) {  // traced just before they are buffered
+    while (length == LineSplitter::kNoLine)  // traced just before they are buffered
         length = port_.readLine(line);
-    }
     EXPECT_STREQ(line.data(), "$A");
     port_.setListener(&lines);
     answer({{kNoError, "$C\r\n"}});

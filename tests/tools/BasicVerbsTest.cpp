@@ -57,7 +57,7 @@ TEST(Tool, StatusAndMessages) {
         EXPECT_EQ(result.status, one.status) << call;
         EXPECT_EQ(result.errors.substr(0, one.error.size()), one.error) << call;
         EXPECT_EQ(result.errors.empty(), one.status == 0) << call << result.errors;
-        if (!one.output.empty()) { EXPECT_EQ(result.output, one.output) << call; }
+        if (!one.output.empty()) EXPECT_EQ(result.output, one.output) << call;
     }
     EXPECT_TRUE(std::filesystem::is_empty(folder.path())) << "refusals leave no files behind";
     const std::string north =
@@ -89,9 +89,8 @@ TEST(Tool, Geodesy) {
         ASSERT_EQ(result.status, 0) << result.errors;
         const Json document = Json::parse(result.output);
         EXPECT_EQ(document.size(), one.fields.size());
-        for (const auto& [name, value] : one.fields.items()) {
+        for (const auto& [name, value] : one.fields.items())
             EXPECT_NEAR(document.at(name).get<double>(), value.get<double>(), 1e-3) << words[1];
-        }
     }
 }
 

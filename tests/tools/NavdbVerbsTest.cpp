@@ -35,7 +35,7 @@ class NavdbVerbs : public testing::Test {
         EXPECT_EQ(result.status, status) << result.output << result.errors;
         std::vector<Json> documents;
         std::istringstream lines(result.output);
-        for (std::string line; std::getline(lines, line);) { documents.push_back(Json::parse(line)); }
+        for (std::string line; std::getline(lines, line);) documents.push_back(Json::parse(line));
         return documents;
     }
     std::string file() const { return (folder_.path() / "k.ng2").string(); }

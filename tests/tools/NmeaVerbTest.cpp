@@ -20,7 +20,7 @@ std::vector<Json> decoded(const std::string& file, Words words) {
     EXPECT_EQ(result.status, 0) << result.errors;
     std::vector<Json> documents;
     std::istringstream output(result.output);
-    for (std::string line; std::getline(output, line);) { documents.push_back(Json::parse(line)); }
+    for (std::string line; std::getline(output, line);) documents.push_back(Json::parse(line));
     return documents;
 }
 
@@ -52,7 +52,7 @@ TEST(NmeaVerb, DecodesAReceiversLog) {
                            word(18, 20, 46, 0), word(19, 73, 304, 0), word(22, 50, 54, 0), 0, 0, 0}},
         {"sent", Json::array()},
     };
-    for (const auto& [name, value] : expected.items()) { EXPECT_EQ(fix[name], value) << name; }
+    for (const auto& [name, value] : expected.items()) EXPECT_EQ(fix[name], value) << name;
     EXPECT_EQ(fix.size(), expected.size() + 2) << "position and track";
 
     const std::vector<Json> each = decoded(log, {"--each", "--satellites", "--tick-lines", "6"});
@@ -82,9 +82,8 @@ TEST(NmeaVerb, OptionsReachTheDecoder) {
     EXPECT_EQ(decoded(file, {"--each"}).size(), 2U) << "where something was decoded";
 
     EXPECT_EQ(runTool({"nmea", file + "x"}).status, 1);
-    for (const Words& words : {Words{"--tick-lines", "0"}, Words{"--db-variation", "E"}}) {
+    for (const Words& words : {Words{"--tick-lines", "0"}, Words{"--db-variation", "E"}})
         EXPECT_EQ(runTool({"nmea", file + "x", words[0], words[1]}).status, 2) << words[0];
-    }
     EXPECT_EQ(runTool({"nmea", file}).output,
         "40.000000,-100.000000  9.0 kt  track 7.0  32 ft  fix 1  4 satellites in use\n"
         "  sent ASTRAL\n");

@@ -22,8 +22,9 @@ class Screen;
 /// Shows the command of the menu in grey while it can do nothing. Its key works all the same and
 /// says why not.
 inline void greyUnless(const QMenu& menu, QAction& action, const std::function<bool()>& possible) {
-    QObject::connect(&menu, &QMenu::aboutToShow, &action,
-                     [&action, possible] { action.setEnabled(possible()); });
+    QObject::connect(
+        &menu, &QMenu::aboutToShow, &action,
+        [&action, possible] { action.setEnabled(possible()); });
     QObject::connect(&menu, &QMenu::aboutToHide, &action, [&action] { action.setEnabled(true); });
 }
 

@@ -20,23 +20,27 @@ constexpr int kFollowMs = 100;
 }  // namespace
 
 DatabaseCommands::DatabaseCommands(CommandHost& host) : host_(host) {
-    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { follow(); });
+    QObject::connect(
+        &timer_, &QTimer::timeout, &timer_, [this] { follow(); });
 }
 
 DatabaseCommands::~DatabaseCommands() { host_.document().onOtherDatabases = nullptr; }
 
 void DatabaseCommands::addToFile(QMenu& menu) {
-    host_.addCommand(menu, kCommandTexts.commandReload, {Qt::Key_F5}, [this] {
-        load([this](bool changed) {
-            if (changed)
-                tellResult();
+    host_.addCommand(
+        menu, kCommandTexts.commandReload, {Qt::Key_F5},
+        [this] {
+            load([this](bool changed) {
+                if (changed)
+                    tellResult();
+            });
         });
-    });
 }
 
 void DatabaseCommands::addToHelp(QMenu& menu) {
-    host_.addCommand(menu, kCommandTexts.commandLoadReport, {QKeySequence(Qt::SHIFT | Qt::Key_F2)},
-                     [this] { showReport(); });
+    host_.addCommand(
+        menu, kCommandTexts.commandLoadReport, {QKeySequence(Qt::SHIFT | Qt::Key_F2)},
+        [this] { showReport(); });
 }
 
 void DatabaseCommands::load(std::function<void(bool changed)> whenDone) {

@@ -46,25 +46,28 @@ Flight& FileCommands::flight() { return host_.document().flight(); }
 void FileCommands::addTo(QMenu& menu) {
     const auto nothing = [] {};
     const auto hasPlan = [this] { return flight().plan().hasPlan(); };
-    host_.addCommand(menu, kCommandTexts.commandNewPlan, {QKeySequence(Qt::CTRL | Qt::Key_N)},
-                     [this] { withPlanSafe([this] { newPlan(); }); });
+    host_.addCommand(
+        menu, kCommandTexts.commandNewPlan, {QKeySequence(Qt::CTRL | Qt::Key_N)},
+        [this] { withPlanSafe([this] { newPlan(); }); });
     host_.addCommand(menu, kCommandTexts.commandOpenPlan, {QKeySequence(Qt::CTRL | Qt::Key_O)},
                      [this] { choosePlan(); });
     recentMenu_ = menu.addMenu(korvel::toQString(kCommandTexts.menuRecent));
-    QObject::connect(recentMenu_, &QMenu::aboutToShow, recentMenu_, [this] { showRecent(); });
-    greyUnless(
-        menu,
-        host_.addCommand(menu, kCommandTexts.commandSavePlan, {QKeySequence(Qt::CTRL | Qt::Key_S)},
-                         [this, nothing] { savePlan(nothing); }),
-        hasPlan);
+    QObject::connect(
+        recentMenu_, &QMenu::aboutToShow, recentMenu_, [this] { showRecent(); });
+    greyUnless(menu,
+               host_.addCommand(
+                   menu, kCommandTexts.commandSavePlan, {QKeySequence(Qt::CTRL | Qt::Key_S)},
+                   [this, nothing] { savePlan(nothing); }),
+               hasPlan);
     greyUnless(menu,
                host_.addCommand(menu, kCommandTexts.commandSavePlanAs,
                                 {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
                                 [this, nothing] { savePlanAs(nothing); }),
                hasPlan);
     menu.addSeparator();
-    host_.addCommand(menu, kCommandTexts.commandOpenTrack,
-                     {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O)}, [this] { chooseTrack(); });
+    host_.addCommand(
+        menu, kCommandTexts.commandOpenTrack, {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O)},
+        [this] { chooseTrack(); });
     greyUnless(menu,
                host_.addCommand(menu, kCommandTexts.commandSaveTrack,
                                 {QKeySequence(Qt::CTRL | Qt::Key_T)}, [this] { saveTrackAs(); }),
@@ -96,8 +99,9 @@ void FileCommands::newPlan() {
 }
 
 void FileCommands::choosePlan() {
-    choose({kFileTexts.openPlanTitle, kFileTexts.planFilter},
-           [this](const std::filesystem::path& path) { openFile(path); });
+    choose(
+        {kFileTexts.openPlanTitle, kFileTexts.planFilter},
+        [this](const std::filesystem::path& path) { openFile(path); });
 }
 
 void FileCommands::openFile(const std::filesystem::path& path) {
@@ -164,8 +168,9 @@ void FileCommands::withPlanSafe(const std::function<void()>& next) {
 // Tracks
 
 void FileCommands::chooseTrack() {
-    choose({kFileTexts.openTrackTitle, kFileTexts.trackFilter},
-           [this](const std::filesystem::path& path) { openTrack(path); });
+    choose(
+        {kFileTexts.openTrackTitle, kFileTexts.trackFilter},
+        [this](const std::filesystem::path& path) { openTrack(path); });
 }
 
 void FileCommands::openTrack(const std::filesystem::path& path) {

@@ -19,21 +19,25 @@ constexpr std::string_view kWelcomedKey = "Welcomed";
 }  // namespace
 
 void HelpCommands::addTo(QMenu& menu) {
-    host_.addCommand(menu, kCommandTexts.commandHelp, {Qt::Key_F1}, [this] {
-        host_.openSheet(std::make_unique<HelpSheet>(&host_.window(), HelpTopic::FirstFlight));
-    });
-    host_.addCommand(menu, kCommandTexts.commandKeys, {QKeySequence(Qt::SHIFT | Qt::Key_F1)},
-                     [this] {
-                         host_.openSheet(std::make_unique<TextSheet>(
-                             &host_.window(), toQString(kSheetTexts.keysTitle), keyList()));
-                     });
+    host_.addCommand(
+        menu, kCommandTexts.commandHelp, {Qt::Key_F1},
+        [this] {
+            host_.openSheet(std::make_unique<HelpSheet>(&host_.window(), HelpTopic::FirstFlight));
+        });
+    host_.addCommand(
+        menu, kCommandTexts.commandKeys, {QKeySequence(Qt::SHIFT | Qt::Key_F1)},
+        [this] {
+            host_.openSheet(std::make_unique<TextSheet>(
+                &host_.window(), toQString(kSheetTexts.keysTitle), keyList()));
+        });
     host_.addCommand(menu, kCommandTexts.commandConnected, {Qt::Key_F2},
                      [this] { showConnected(); });
 }
 
 void HelpCommands::addAbout(QMenu& menu) {
     host_.addCommand(
-        menu, kCommandTexts.commandAbout, {QKeySequence(Qt::CTRL | Qt::Key_F1)}, [this] {
+        menu, kCommandTexts.commandAbout, {QKeySequence(Qt::CTRL | Qt::Key_F1)},
+        [this] {
             host_.openSheet(std::make_unique<HelpSheet>(&host_.window(), HelpTopic::About));
         });
 }

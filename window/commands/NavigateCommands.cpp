@@ -30,21 +30,25 @@ struct PlanChange {
 Flight& NavigateCommands::flight() { return host_.document().flight(); }
 
 void NavigateCommands::addTo(QMenu& menu) {
-    host_.addCommand(menu, kCommandTexts.commandDirectTo, {Qt::Key_D}, [this] { directTo(); });
-    host_.addCommand(menu, kCommandTexts.commandNearest, {Qt::Key_R},
-                     [this] { host_.screen().showPage(PageId::NearestAirport); });
-    host_.addCommand(menu, kCommandTexts.commandApproach, {Qt::Key_A}, [this] { approach(); });
+    host_.addCommand(
+        menu, kCommandTexts.commandDirectTo, {Qt::Key_D}, [this] { directTo(); });
+    host_.addCommand(
+        menu, kCommandTexts.commandNearest, {Qt::Key_R},
+        [this] { host_.screen().showPage(PageId::NearestAirport); });
+    host_.addCommand(
+        menu, kCommandTexts.commandApproach, {Qt::Key_A}, [this] { approach(); });
     host_.addCommand(menu, kCommandTexts.commandClearNavigation,
                      {QKeySequence(Qt::CTRL | Qt::Key_D)},
                      [this] { whenPlanIsSafe_([this] { clearNavigation(); }); });
     menu.addSeparator();
     addPlanCommands(menu);
     menu.addSeparator();
-    tracking_ = &host_.addCommand(menu, kCommandTexts.commandRecordTrack, {Qt::Key_T},
-                                  [this] { recordTrack(tracking_->isChecked()); });
-    suspended_ =
-        &host_.addCommand(menu, kCommandTexts.commandSuspend, {QKeySequence(Qt::CTRL | Qt::Key_U)},
-                          [this] { suspend(suspended_->isChecked()); });
+    tracking_ = &host_.addCommand(
+        menu, kCommandTexts.commandRecordTrack, {Qt::Key_T},
+        [this] { recordTrack(tracking_->isChecked()); });
+    suspended_ = &host_.addCommand(
+        menu, kCommandTexts.commandSuspend, {QKeySequence(Qt::CTRL | Qt::Key_U)},
+        [this] { suspend(suspended_->isChecked()); });
     greyUnless(
         menu,
         host_.addCommand(menu, kCommandTexts.commandAcknowledge, {Qt::Key_Backspace},
@@ -60,7 +64,8 @@ void NavigateCommands::addTo(QMenu& menu) {
 }
 
 void NavigateCommands::addPlanCommands(QMenu& menu) {
-    host_.addCommand(menu, kCommandTexts.commandShowPlan, {Qt::Key_F}, [this] { showPlan(); });
+    host_.addCommand(
+        menu, kCommandTexts.commandShowPlan, {Qt::Key_F}, [this] { showPlan(); });
     host_.addCommand(menu, kCommandTexts.commandRoute, {QKeySequence(Qt::SHIFT | Qt::Key_F)},
                      [this] { editRoute(); });
     constexpr std::array kChanges{
@@ -74,7 +79,8 @@ void NavigateCommands::addPlanCommands(QMenu& menu) {
                    kMessageTexts.planRedone, kMessageTexts.nothingToUndo}};
     for (const PlanChange& change : kChanges) {
         QAction& action = host_.addCommand(
-            menu, change.name, {QKeySequence(Qt::CTRL | change.key)}, [this, change] {
+            menu, change.name, {QKeySequence(Qt::CTRL | change.key)},
+            [this, change] {
                 // A plan that is not on the screen changes unseen.
                 const bool done = (flight().plan().*change.make)();
                 host_.screen().say(std::string(text(done ? change.done : change.otherwise)));

@@ -13,9 +13,11 @@ namespace korvel {
 
 template <class SheetType>
 void OptionCommands::addSheet(QMenu& menu, Text name, const QList<QKeySequence>& keys) {
-    host_.addCommand(menu, name, keys, [this] {
-        host_.openSheet(std::make_unique<SheetType>(&host_.window(), host_.document()));
-    });
+    host_.addCommand(
+        menu, name, keys,
+        [this] {
+            host_.openSheet(std::make_unique<SheetType>(&host_.window(), host_.document()));
+        });
 }
 
 void OptionCommands::addTo(QMenu& menu) {
@@ -30,7 +32,8 @@ void OptionCommands::addTo(QMenu& menu) {
     addSheet<CViewPagesDialog>(menu, kCommandTexts.commandViewPages,
                                {QKeySequence(Qt::SHIFT | Qt::Key_N)});
     menu.addSeparator();
-    host_.addCommand(menu, kCommandTexts.commandPort, {Qt::Key_G}, [this] { choosePort(); });
+    host_.addCommand(
+        menu, kCommandTexts.commandPort, {Qt::Key_G}, [this] { choosePort(); });
     const auto updateChecks = [this] {
         simulating_->setChecked(host_.document().flight().simulator().running());
     };

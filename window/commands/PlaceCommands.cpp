@@ -33,7 +33,8 @@ class PlaceChooser final : public Sheet {
         }
         setPreferredWidth(11 * kRowPixels);
         addTallRow(list_);
-        connect(&list_, &QListWidget::itemClicked, this, [this] { choose(); });
+        connect(
+            &list_, &QListWidget::itemClicked, this, [this] { choose(); });
         connect(&list_, &QListWidget::itemActivated, this, [this] { choose(); });
     }
 
@@ -54,10 +55,11 @@ class PlaceChooser final : public Sheet {
 }  // namespace
 
 void PlaceCommands::addTo(QMenu& menu) {
-    host_.addCommand(menu, kCommandTexts.commandFind,
-                     {QKeySequence(Qt::CTRL | Qt::Key_F), QKeySequence(Qt::Key_Slash)},
-                     [this] { find(); });
-    host_.addCommand(menu, kCommandTexts.commandMark, {Qt::Key_M}, [this] { mark(); });
+    host_.addCommand(
+        menu, kCommandTexts.commandFind,
+        {QKeySequence(Qt::CTRL | Qt::Key_F), QKeySequence(Qt::Key_Slash)}, [this] { find(); });
+    host_.addCommand(
+        menu, kCommandTexts.commandMark, {Qt::Key_M}, [this] { mark(); });
     host_.addCommand(menu, kCommandTexts.commandMarks, {QKeySequence(Qt::CTRL | Qt::Key_M)},
                      [this] { listMarks(); });
 }

@@ -24,17 +24,22 @@ void ViewCommands::addTo(QMenu& menu) {
 }
 
 void ViewCommands::addMapCommands(QMenu& menu) {
-    host_.addCommand(menu, kCommandTexts.commandZoomIn, {Qt::Key_Z, Qt::Key_Plus},
-                     [this] { host_.screen().zoom(1); });
-    host_.addCommand(menu, kCommandTexts.commandZoomOut,
-                     {QKeySequence(Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::Key_Minus)},
-                     [this] { host_.screen().zoom(-1); });
-    host_.addCommand(menu, kCommandTexts.commandBackToAircraft, {Qt::Key_Space},
-                     [this] { host_.screen().backToAircraft(); });
-    greyUnless(menu,
-               host_.addCommand(menu, kCommandTexts.commandRotateNavaids, {Qt::Key_V},
-                                [this] { host_.screen().rotateNavaids(); }),
-               [this] { return host_.document().settings().rotateNavaids; });
+    host_.addCommand(
+        menu, kCommandTexts.commandZoomIn, {Qt::Key_Z, Qt::Key_Plus},
+        [this] { host_.screen().zoom(1); });
+    host_.addCommand(
+        menu, kCommandTexts.commandZoomOut,
+        {QKeySequence(Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::Key_Minus)},
+        [this] { host_.screen().zoom(-1); });
+    host_.addCommand(
+        menu, kCommandTexts.commandBackToAircraft, {Qt::Key_Space},
+        [this] { host_.screen().backToAircraft(); });
+    greyUnless(
+        menu,
+        host_.addCommand(
+            menu, kCommandTexts.commandRotateNavaids, {Qt::Key_V},
+            [this] { host_.screen().rotateNavaids(); }),
+        [this] { return host_.document().settings().rotateNavaids; });
     markWhile(
         menu,
         host_.addCommand(menu, kCommandTexts.commandMeasure, {QKeySequence(Qt::SHIFT | Qt::Key_M)},
@@ -52,8 +57,8 @@ void ViewCommands::addPages(QMenu& menu) {
             action->setShortcut(QKeySequence(key++));
         action->setCheckable(true);
         group->addAction(action);
-        QObject::connect(action, &QAction::triggered, action,
-                         [this, page] { host_.screen().choosePage(page); });
+        QObject::connect(
+            action, &QAction::triggered, action, [this, page] { host_.screen().choosePage(page); });
         QObject::connect(&menu, &QMenu::aboutToShow, action, [this, action, page] {
             action->setChecked(host_.screen().page() == page);
         });

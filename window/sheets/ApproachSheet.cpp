@@ -55,10 +55,12 @@ ApproachSheet::ApproachSheet(QWidget* parent, CKorvelDoc& document,
     leave_.setEnabled(mode.runway().has_value());
     leave_.setAutoDefault(false);
     addRow(leave_);
-    connect(&leave_, &QPushButton::clicked, this, [this, &mode] {
-        mode.leave();
-        QDialog::accept();
-    });
+    connect(
+        &leave_, &QPushButton::clicked, this,
+        [this, &mode] {
+            mode.leave();
+            QDialog::accept();
+        });
     connect(&list_, &QListWidget::itemClicked, this, [this] { accept(); });
     setPreferredWidth(9 * kRowPixels);
     list_.setFocus();

@@ -33,10 +33,12 @@ CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings)
     status_.setWordWrap(true);
     trace_.setText(toQString(kSheetTexts.portTrace));
     trace_.setAutoDefault(false);
-    connect(&trace_, &QPushButton::clicked, this, [this] {
-        if (onTrace)
-            onTrace();
-    });
+    connect(
+        &trace_, &QPushButton::clicked, this,
+        [this] {
+            if (onTrace)
+                onTrace();
+        });
     connect(&timer_, &QTimer::timeout, this, [this] {
         if (status)
             status_.setText(toQString(status()));

@@ -48,16 +48,20 @@ PlaceSearchBox::PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoi
     list_.setFocusPolicy(Qt::NoFocus);
     edit_.installEventFilter(this);
     setFocusProxy(&edit_);
-    connect(&edit_, &QLineEdit::textEdited, this, [this] {
-        given_.reset();
-        showMatches();
-        if (onChange)
-            onChange();
-    });
-    connect(&list_, &QListWidget::currentRowChanged, this, [this] {
-        if (onChange)
-            onChange();
-    });
+    connect(
+        &edit_, &QLineEdit::textEdited, this,
+        [this] {
+            given_.reset();
+            showMatches();
+            if (onChange)
+                onChange();
+        });
+    connect(
+        &list_, &QListWidget::currentRowChanged, this,
+        [this] {
+            if (onChange)
+                onChange();
+        });
     connect(&list_, &QListWidget::itemDoubleClicked, this, [this] {
         if (onChosen)
             onChosen();

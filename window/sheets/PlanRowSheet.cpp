@@ -46,22 +46,29 @@ PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t ro
         document_.flight().plan().flyTo(row_);
         QDialog::accept();
     });
-    addButton(direct_, kSheetTexts.directToTitle, [this] {
-        QDialog::accept();
-        if (onDirectTo)
-            onDirectTo(place_);
-    });
-    addButton(up_, kSheetTexts.moveRowUp, [this] { move(true); });
-    addButton(down_, kSheetTexts.moveRowDown, [this] { move(false); });
-    addButton(remove_, kSheetTexts.removeRow, [this] { remove(); });
-    addButton(setAltitude_, kSheetTexts.setAltitude, [this] { setAltitude(); });
+    addButton(
+        direct_, kSheetTexts.directToTitle,
+        [this] {
+            QDialog::accept();
+            if (onDirectTo)
+                onDirectTo(place_);
+        });
+    addButton(
+        up_, kSheetTexts.moveRowUp, [this] { move(true); });
+    addButton(
+        down_, kSheetTexts.moveRowDown, [this] { move(false); });
+    addButton(
+        remove_, kSheetTexts.removeRow, [this] { remove(); });
+    addButton(
+        setAltitude_, kSheetTexts.setAltitude, [this] { setAltitude(); });
     addButton(insert_, kSheetTexts.insertWords, [this] { insertBefore(); });
     addSideBySide(column(), {&fly_, &direct_});
     addSideBySide(column(), {&up_, &down_, &remove_});
     addSideBySide(column(), {&altitude_, &setAltitude_});
     addSideBySide(column(), {&words_, &insert_});
     addNote(message_);
-    connect(&altitude_, &QLineEdit::returnPressed, this, [this] { setAltitude(); });
+    connect(
+        &altitude_, &QLineEdit::returnPressed, this, [this] { setAltitude(); });
     connect(&words_, &QLineEdit::returnPressed, this, [this] { insertBefore(); });
     setPreferredWidth(12 * kRowPixels);
 }

@@ -61,9 +61,12 @@ UserFixesSheet::UserFixesSheet(QWidget* parent, CKorvelDoc& document)
         button->setMinimumHeight(kRowPixels);
     }
     setPreferredWidth(13 * kRowPixels);
-    connect(&open_, &QPushButton::clicked, this, [this] { openFix(); });
-    connect(&remove_, &QPushButton::clicked, this, [this] { remove(); });
-    connect(&list_, &QListWidget::itemActivated, this, [this] { openFix(); });
+    connect(
+        &open_, &QPushButton::clicked, this, [this] { openFix(); });
+    connect(
+        &remove_, &QPushButton::clicked, this, [this] { remove(); });
+    connect(
+        &list_, &QListWidget::itemActivated, this, [this] { openFix(); });
     connect(&list_, &QListWidget::currentRowChanged, this, [this] { askAgain(-1); });
     fill();
     list_.setFocus();
