@@ -44,9 +44,10 @@ std::optional<ColorValue> readHex(std::string_view text) {
     return Rgb(*number >> 16U, *number >> 8U, *number);
 }
 
-std::string inBrackets(Text id, std::string_view suffix = {}) {
+/// Not translated: the settings keep the name, and the language may change.
+std::string inBrackets(const Text& id, std::string_view suffix = {}) {
     std::string name = "<";
-    name += text(id);
+    name += id.english;
     name += suffix;
     return name += '>';
 }

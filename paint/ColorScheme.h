@@ -55,7 +55,7 @@ class ColorScheme {
     const DataFileSearch* files_ = nullptr;
 };
 
-/// "<Default>", "<Default2>" and "<Night-Flight>" in the language of the string table.
+/// "<Default>", "<Default2>" and "<Night-Flight>" in every language: the settings keep them.
 std::string daySchemeName();
 std::string secondDaySchemeName();
 std::string nightSchemeName();
