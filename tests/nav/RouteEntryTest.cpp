@@ -124,7 +124,7 @@ TEST_F(RouteEntryTest, NamesakesOfAnAirwaysPlacesAreNotMeant) {
         const RouteResult result = entry.ExpandRoute(SplitWords(route), airways_);
         EXPECT_EQ(result.error, "") << route;
         const bool found = std::ranges::any_of(
-            result.entries, [&](const PlanWaypoint& place) { return place.record->key == expected; });
+            result.entries, [key = expected](const PlanWaypoint& place) { return place.record->key == key; });
         EXPECT_TRUE(found) << route;
     }
 }
