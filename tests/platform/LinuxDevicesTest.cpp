@@ -40,10 +40,11 @@ TEST(LinuxDevices, AWriteAndAFlushThatFailAreTold) {
 TEST(LinuxDevices, WithoutDescriptorsThereAreNoEventsAndNoLines) {
     const auto far = PseudoTerminal::create();
     ASSERT_NE(far, nullptr);
+    const std::string name = R"(\\.\)" + far->deviceName();
     std::vector<SystemError> errors;
     for (std::unique_ptr<SerialDevice> device; device == nullptr && errors.size() < 9;) {
         const DescriptorLimit limit(static_cast<int>(errors.size()));
-        device = systemSerialDeviceOpener({})(R"(\\.\)" + far->deviceName(), errors.emplace_back());
+        device = systemSerialDeviceOpener({})(name, errors.emplace_back());
     }
     EXPECT_EQ(errors, (std::vector<SystemError>{kErrorTooManyOpenFiles, kErrorTooManyOpenFiles, kNoError}));
     Event event;

@@ -59,11 +59,15 @@ TEST_F(SerialPortTerminalTest, NothingIsLostAtFullSpeed) {
 }
 
 TEST_F(SerialPortTerminalTest, WithoutDescriptorsItTellsAndGoesOnLater) {
+    const std::string wanted = settings();
+    // What is opened first makes the sanitizers look around, which takes descriptors of their own.
+    ASSERT_EQ(port_.open(wanted), "");
+    port_.close();
     std::string error = "none yet";
     for (int left = 0; !error.empty(); ++left) {
         ASSERT_LT(left, 10) << "more than a port needs";
         const DescriptorLimit limit(left);
-        error = port_.open(settings());
+        error = port_.open(wanted);
         EXPECT_EQ(error, port_.isOpen() ? "" : "Port Open Failed=4") << left;
     }
 }
