@@ -33,9 +33,9 @@ void expectLikeLibrary(const std::string& text) {
         return;
     }
     EXPECT_EQ(text.size() - rest.size(), static_cast<std::size_t>(expected.taken)) << text;
-    if (std::isnan(expected.value))
+    if (std::isnan(expected.value)) {
         EXPECT_TRUE(std::isnan(*value)) << text;
-    else
+    } else
         EXPECT_EQ(*value, expected.value) << text;
 }
 

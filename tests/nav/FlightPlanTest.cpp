@@ -104,7 +104,7 @@ TEST_F(FlightPlanTest, AnEditedPlanGoesOnWithWhatIsFlownTo) {
         FlightPlan next(entries(edited));
         EXPECT_EQ(next.goOnFrom(plan_), chosen != "none") << edited;
         plan_ = std::move(next);
-        if (chosen != "none") EXPECT_EQ(choose(2, 0, 90), chosen) << edited;
+        if (chosen != "none") { EXPECT_EQ(choose(2, 0, 90), chosen) << edited; }
     }
     FlightPlan untouched(entries("AB"));
     EXPECT_FALSE(untouched.goOnFrom(FlightPlan(entries("AB")))) << "nothing is flown to yet";

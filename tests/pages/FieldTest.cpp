@@ -93,8 +93,9 @@ TEST(NavField, FieldsShowTheirValuesOrDashes) {
         const NavField& field = navField(navFieldsFromText(each.name).front());
         ASSERT_EQ(field.header.english, each.name);
         EXPECT_EQ(field.format(navigating()), each.knots) << field.header.english;
-        if (field.id != NavFieldId::Time)
+        if (field.id != NavFieldId::Time) {
             EXPECT_EQ(field.format(nothing), (NavFieldText{"---", "", ""})) << field.header.english;
+        }
         EXPECT_EQ(field.format(metric), each.metric) << field.header.english;
     }
 }
@@ -181,8 +182,9 @@ TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
                 }
                 const auto* speed = canvas.findText(navField(fields[0]).format(data).value);
                 ASSERT_NE(speed, nullptr);
-                if (chosen.data() == defaultNavFields().data())
+                if (chosen.data() == defaultNavFields().data()) {
                     EXPECT_GE(speed->style.font.height, size.smallestValue) << size.width;
+                }
             }
 }
 

@@ -131,7 +131,7 @@ TEST(TrackLayer, DrawsWhereTheTrackWentAndNotAcrossBreaks) {
             const Point at = projection.project(slot->position);
             if (before) {
                 exact.push_back({*before, at});
-                if (kView.contains(at)) EXPECT_LT(distanceTo(segments, at), 5.0) << pixelsPerNm;
+                if (kView.contains(at)) { EXPECT_LT(distanceTo(segments, at), 5.0) << pixelsPerNm; }
             }
             before = at;
         }

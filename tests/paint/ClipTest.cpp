@@ -62,7 +62,7 @@ TEST(Clip, RandomSegmentsKeepExactlyWhatLiesInside) {
         }
         const double kept = clipped ? std::hypot(clipped->to.x - clipped->from.x, clipped->to.y - clipped->from.y) : 0;
         ASSERT_NEAR(kept, length * inside / kSteps, 2.1 * length / kSteps);
-        if (clipped) ASSERT_TRUE(isInside(clipped->from) && isInside(clipped->to));
+        if (clipped) { ASSERT_TRUE(isInside(clipped->from) && isInside(clipped->to)); }
     }
 }
 

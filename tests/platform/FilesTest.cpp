@@ -49,7 +49,7 @@ TEST(FileIo, AtEveryFaultTheOldFileOrTheNewOneStands) {
         EXPECT_EQ(folder.read("file"), written ? "new and longer" : "old");
         EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1) << "no temporary file is left";
         // On the device before the old one gives way to it, and then its name.
-        if (written) EXPECT_EQ(disk.done(), "create write flush close rename folder ");
+        if (written) { EXPECT_EQ(disk.done(), "create write flush close rename folder "); }
     });
     atEveryFault([](FaultyFiles& disk) {
         const TempFolder folder;

@@ -21,7 +21,7 @@ class SerialPortsTest : public testing::Test {
         fs::create_directories(device);
         fs::create_directories(folders_.sysfs / name);
         fs::create_directory_symlink(device, folders_.sysfs / name / "device");
-        if (!type.empty()) ASSERT_TRUE(writeFileAtomically(folders_.sysfs / name / "type", type + "\n"));
+        if (!type.empty()) { ASSERT_TRUE(writeFileAtomically(folders_.sysfs / name / "type", type + "\n")); }
     }
 
     std::string fileOf(const std::string& name) const {

@@ -52,7 +52,7 @@ TEST_F(SentenceReceiverTest, SaysWhyALineIsRefused) {
         input.onSentence(c.line);
         const std::vector<std::string> lines = input.store().takeTrace();
         ASSERT_EQ(lines.size(), c.tag.empty() ? 0U : 1U) << c.line;
-        if (!c.tag.empty()) EXPECT_EQ(lines[0], c.line.substr(0, c.line.find('\r')) + ":" + c.tag);
+        if (!c.tag.empty()) { EXPECT_EQ(lines[0], c.line.substr(0, c.line.find('\r')) + ":" + c.tag); }
         EXPECT_EQ(input.store().copy().sentenceFlags, c.flags) << c.line;
     }
 }

@@ -207,7 +207,7 @@ TEST_F(SerialPortTest, WithoutEventsOrThreadsItTellsAndGoesOnLater) {
         port.setListener(&lines);
         port.startThread();
         EXPECT_EQ(port.hasReadFailed(), left == kEvents) << "no thread: as if the device were dead";
-        if (left > kEvents) EXPECT_EQ(lines.waitFor(1).size(), 1U);
+        if (left > kEvents) { EXPECT_EQ(lines.waitFor(1).size(), 1U); }
         port.write("x");
         port.close();
     }

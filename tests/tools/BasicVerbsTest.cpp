@@ -57,7 +57,7 @@ TEST(Tool, StatusAndMessages) {
         EXPECT_EQ(result.status, one.status) << call;
         EXPECT_EQ(result.errors.substr(0, one.error.size()), one.error) << call;
         EXPECT_EQ(result.errors.empty(), one.status == 0) << call << result.errors;
-        if (!one.output.empty()) EXPECT_EQ(result.output, one.output) << call;
+        if (!one.output.empty()) { EXPECT_EQ(result.output, one.output) << call; }
     }
     EXPECT_TRUE(std::filesystem::is_empty(folder.path())) << "refusals leave no files behind";
     const std::string north =
