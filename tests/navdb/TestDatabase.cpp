@@ -66,8 +66,7 @@ std::vector<TestDatabase::Row> cellRuns(const std::vector<const Index*>& locatio
     for (int cell = 0; cell <= kCellCount; ++cell) {
         TestDatabase::Row row;
         for (const Index* location : locations) {
-            row.push_back(static_cast<std::int32_t>(std::count_if(
-                location->rows.begin(), location->rows.end(),
+            row.push_back(static_cast<std::int32_t>(std::count_if(location->rows.begin(), location->rows.end(),
                 [cell](const auto& place) { return cellOf(place) < cell; })));
         }
         runs.push_back(row);

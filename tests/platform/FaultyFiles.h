@@ -23,21 +23,17 @@ class FaultyFiles final : public FileSystem {
     std::function<void()> before;
 
     std::unique_ptr<InputFile> openForReading(const std::filesystem::path& path) override {
-        return opened<Input, InputFile>(
-            "read", [&] { return system_.openForReading(path); });
+        return opened<Input, InputFile>("read", [&] { return system_.openForReading(path); });
     }
     std::unique_ptr<RandomAccessFile> openRandomAccess(const std::filesystem::path& path) override {
-        return opened<RandomAccess, RandomAccessFile>(
-            "read", [&] { return system_.openRandomAccess(path); });
+        return opened<RandomAccess, RandomAccessFile>("read", [&] { return system_.openRandomAccess(path); });
     }
     std::unique_ptr<OutputFile> createBeside(
         const std::filesystem::path& target, std::filesystem::path& name) override {
-        return opened<Output, OutputFile>(
-            "create", [&] { return system_.createBeside(target, name); });
+        return opened<Output, OutputFile>("create", [&] { return system_.createBeside(target, name); });
     }
     std::unique_ptr<OutputFile> openForAppending(const std::filesystem::path& path) override {
-        return opened<Output, OutputFile>(
-            "append", [&] { return system_.openForAppending(path); });
+        return opened<Output, OutputFile>("append", [&] { return system_.openForAppending(path); });
     }
     bool overwrite(
         const std::filesystem::path& path, std::uint64_t offset, std::span<const std::uint8_t> bytes) override {

@@ -178,8 +178,7 @@ TEST(QtCanvas, DrawsLongWideLinesWithoutGaps) {
             EXPECT_GT(color.red(), 200) << point.x;
         }
         sheet.image.fill(Qt::black);
-        sheet.draw(
-            kWholeSheet,
+        sheet.draw(kWholeSheet,
             [&](Canvas& canvas) { canvas.polyline(points, {.color = kWhite, .width = 3, .style = PenStyle::Dash}); });
         EXPECT_TRUE(std::ranges::any_of(points, [&](Point point) {
             return sheet.image.pixelColor(static_cast<int>(point.x * ratio), static_cast<int>(point.y * ratio)) ==
