@@ -54,7 +54,7 @@ void ReplaySource::play(SentenceListener& listener) {
             deliver(step.bytes, listener);
         }
     } while (options_.loop && waitUntil(script_.back().offsetMs + kLoopPauseMs));
-    isOver_ = true;
+    isOver_ = !options_.loop;  // what begins again for ever ends only when it is stopped
 }
 
 bool ReplaySource::waitUntil(std::int64_t offsetMs) {
