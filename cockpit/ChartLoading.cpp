@@ -1,7 +1,8 @@
 #include "cockpit/ChartLoading.h"
 
-#include <system_error>
 #include <utility>
+
+#include "platform/Threading.h"
 
 namespace korvel {
 namespace {
@@ -13,11 +14,9 @@ constexpr std::string_view kAborting = "Aborting";
 ChartLoading::ChartLoading(const Clock& clock, LoadReport& report,
                            std::vector<std::filesystem::path> folders)
     : database_(clock), loader_(database_, report), folders_(std::move(folders)) {
-    try {
-        thread_ = std::thread([this] { run(); });
-    } catch (const std::system_error&) {
+    thread_ = systemThreading().startThread([this] { run(); });
+    if (!thread_.joinable())
         run();
-    }
 }
 
 ChartLoading::~ChartLoading() {
