@@ -16,9 +16,6 @@ namespace {
 /// A value that was stored longer ago than this is not shown any more.
 constexpr std::int64_t kFreshMs = 5000;
 
-/// How long a port that was once found by scanning may stay without a fix's worth of data.
-constexpr std::int64_t kPortPatienceMs = 10000;
-
 /// Set beside "Port" when it was found by scanning, not chosen by the pilot.
 constexpr std::string_view kPortScanned = "PortScanned";
 
@@ -42,25 +39,29 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
              {.answer = [this](std::string_view bytes) { gpsPort_.write(bytes); },
               .attitude = [this](std::string_view line) { attitudeModule_.processMessage(line); }}),
       gpsPort_(foundations.openDevice, foundations.clock),
-      gyroPort_(foundations.openDevice, foundations.clock),
-      monitor_({gpsPort_, gyroPort_, *this, input_, foundations.profile, foundations.clock}),
+      modulePort_(foundations.openDevice, foundations.clock,
+                  [this](std::string_view line) { attitudeModule_.processMessage(line); }),
+      monitor_({gpsPort_, *this, input_, foundations.profile, foundations.clock}),
       charts_(foundations.clock, foundations.folder),
       flight_({foundations.clock, charts_.database(), charts_.userRecords(), foundations.folder}),
       userFixes_(profile_, charts_, flight_.plan()),
-      portFromScan_(foundations.profile.getInt(kOptionsSection, kPortScanned, 0) != 0),
-      lastConnectedMs_(foundations.clock.tickMs()) {
+      portFromScan_(foundations.profile.getInt(kOptionsSection, kPortScanned, 0) != 0) {
+    const auto traceBytes = [this](std::string_view bytes, std::string_view tag) {
+        input_.store().traceBytes(bytes, tag);
+    };
+    gpsPort_.setTrace(traceBytes);
+    modulePort_.setTrace(traceBytes);
     input_.setOtherSource(&flight_.simulator());
     input_.decoder().setVariationLookup(
         [this](GeoPoint here) { return charts_.database().variationAt(here); });
     input_.decoder().ignoreReceiverVariation(settings_.ignoreMagVar != 0);
-    monitor_.choosePort(portChoice(PortSettings::parse(settings_.port)));
+    monitor_.choosePort(portChoice());
     data_ = collectData();
 }
 
 CKorvelDoc::~CKorvelDoc() {
     monitor_.useSource(nullptr);
     gpsPort_.stop();
-    gyroPort_.stop();
 }
 
 void CKorvelDoc::loadDatabases(std::span<const std::filesystem::path> folders) {
@@ -80,9 +81,8 @@ void CKorvelDoc::tick() {
     if (charts_.takeLoaded())
         forgetDatabases();
     monitor_.gpsTick();
-    openGyroPort();
+    modulePort_.keepOpen(modulesOwnPort());
     status_ = monitor_.connectionStatus(true);
-    reconsiderPort();
     const Aircraft aircraft = received();
     flight_.lookAround(aircraft);
     flight_.prepare(settings_, input_.variation());
@@ -116,7 +116,9 @@ void CKorvelDoc::show(CockpitData data) {
 
 std::string CKorvelDoc::takeTrouble() {
     std::string trouble = profile_.takeTrouble();
-    return trouble.empty() ? flight_.takeTrouble() : trouble;
+    if (trouble.empty())
+        trouble = flight_.takeTrouble();
+    return trouble.empty() ? modulePort_.takeTrouble() : trouble;
 }
 
 void CKorvelDoc::applySettings(const Settings& changed) {
@@ -129,18 +131,13 @@ void CKorvelDoc::applySettings(const Settings& changed) {
         useSource(nullptr);
     }
     input_.decoder().ignoreReceiverVariation(settings_.ignoreMagVar != 0);
-    PortChoice choice =
-        portChoice(otherPort ? PortSettings::parse(settings_.port) : monitor_.choice().gps);
-    if (!(choice == monitor_.choice())) {
-        gyroPort_.stop();  // the next tick opens what is wanted now
-        monitor_.choosePort(std::move(choice));
-    }
+    modulePort_.keepOpen(modulesOwnPort());  // lets go of a port before the monitor takes it
+    monitor_.choosePort(portChoice());
     data_ = collectData();
     ++revision_;
 }
 
 void CKorvelDoc::useSource(std::unique_ptr<SentenceSource> source) {
-    portFromScan_ = false;
     monitor_.useSource(source.get());
     source_ = std::move(source);
 }
@@ -149,33 +146,19 @@ void CKorvelDoc::onLine(std::string_view line, std::int64_t arrivedMs) {
     input_.onSentence(line, arrivedMs);
 }
 
-void CKorvelDoc::openGyroPort() {
-    if (settings_.viaGyro == 0 || settings_.portGyro.empty())
-        return;
-    if (gyroPort_.hasFailed())
-        gyroPort_.stop();
-    if (!gyroPort_.isRunning()) {
-        gyroPort_.choose(monitor_.choice().gyro);
-        // A failure shows as a silent receiver; the next tick tries again.
-        static_cast<void>(gyroPort_.start(*this));
-    }
-}
-
-void CKorvelDoc::reconsiderPort() {
-    const std::int64_t now = clock_.tickMs();
-    const GpsFix fix = input_.store().copy();
-    if ((fix.sentenceFlags & SentenceFlag::kChecksumCorrect) != 0)
-        lastConnectedMs_ = now;
-    if (portFromScan_ && !monitor_.scanning() && now - lastConnectedMs_ >= kPortPatienceMs) {
-        portFromScan_ = false;
-        monitor_.choosePort(portChoice({}));
-    }
-}
-
-PortChoice CKorvelDoc::portChoice(std::optional<PortSettings> gps) const {
-    return {.gps = std::move(gps),
+PortChoice CKorvelDoc::portChoice() const {
+    return {.gps = PortSettings::parse(settings_.port),
+            .found = portFromScan_,
             .viaGyro = settings_.viaGyro != 0,
+            .gyroConnected = settings_.gyroConnected != 0,
             .gyro = PortSettings::of(settings_.portGyro, settings_.baudGyro)};
+}
+
+std::optional<PortSettings> CKorvelDoc::modulesOwnPort() const {
+    const PortSettings gyro = PortSettings::of(settings_.portGyro, settings_.baudGyro);
+    const bool isCarrier = settings_.viaGyro != 0 && source_ == nullptr;
+    const bool isWanted = settings_.gyroConnected != 0 && !isCarrier && !gyro.name().empty();
+    return isWanted ? std::optional(gyro) : std::nullopt;
 }
 
 Aircraft CKorvelDoc::received() {

@@ -23,6 +23,7 @@
 #include "platform/SerialDevice.h"
 #include "receiver/ConnectionMonitor.h"
 #include "receiver/GpsInput.h"
+#include "receiver/ModulePort.h"
 #include "receiver/PortSettings.h"
 #include "receiver/SentenceSource.h"
 #include "receiver/SerialSource.h"
@@ -96,6 +97,8 @@ class CKorvelDoc final : private SentenceListener {
 
     /// Whether the receiver's port is searched for.
     bool searchesPort() const { return monitor_.scanning(); }
+    /// Whether that is because the receiver is gone from the port that the pilot chose.
+    bool searchesLostReceiver() const { return monitor_.searchesLost(); }
     /// What the receiver is heard through, or listened for at present: the port and its speed, or
     /// the name of another source.
     std::string portLabel() const { return monitor_.sourceLabel(); }
@@ -115,6 +118,7 @@ class CKorvelDoc final : private SentenceListener {
     void wantNearAirports() { nearAirports_.want(); }
 
     AttitudeModule& attitudeModule() { return attitudeModule_; }
+    const ModulePort& modulePort() const { return modulePort_; }
 
     void setTracing(bool on) { input_.store().setTracing(on); }
     std::vector<std::string> takeTrace() { return input_.store().takeTrace(); }
@@ -123,10 +127,9 @@ class CKorvelDoc final : private SentenceListener {
     void onLine(std::string_view line, std::int64_t arrivedMs) override;
 
     void forgetDatabases();
-    void openGyroPort();
-    /// Goes back to scanning when a port that an earlier scan found stays silent.
-    void reconsiderPort();
-    PortChoice portChoice(std::optional<PortSettings> gps) const;
+    PortChoice portChoice() const;
+    /// The module's port, unless the receiver speaks through it or there is none.
+    std::optional<PortSettings> modulesOwnPort() const;
     /// What of the fix is fresh; nothing without one.
     Aircraft received();
     CockpitData collectData();
@@ -138,8 +141,8 @@ class CKorvelDoc final : private SentenceListener {
     Settings settings_;
     AttitudeModule attitudeModule_;  // before the ports, whose threads call it
     GpsInput input_;
-    SerialSource gpsPort_;
-    SerialSource gyroPort_;
+    SerialSource gpsPort_;   // or the module's, while the receiver speaks through it
+    ModulePort modulePort_;  // when it does not
     std::unique_ptr<SentenceSource> source_;  // in the ports' place; null for none
     ConnectionMonitor monitor_;
     Charts charts_;
@@ -148,8 +151,7 @@ class CKorvelDoc final : private SentenceListener {
     UserFixes userFixes_;
 
     std::string status_;  // of the connection, empty while there is a fix
-    bool portFromScan_;   // the port in use was found by an earlier run's scan
-    std::int64_t lastConnectedMs_;
+    bool portFromScan_;   // the port in the settings was found by an earlier run's scan
     std::optional<GeoPoint> lastPosition_;
     std::int64_t lastPositionMs_ = 0;
 

@@ -24,11 +24,12 @@ struct Advice {
     Text state;
     Text advice;
 };
-constexpr std::array<Advice, 8> kAdvice = {{
+constexpr std::array<Advice, 9> kAdvice = {{
     {kReceiverTexts.invalidPort, kConnectedTexts.adviceNoPort},
     {kReceiverTexts.portOpen, kConnectedTexts.advicePortTaken},
     {kReceiverTexts.portMissing, kConnectedTexts.advicePortTaken},
     {kReceiverTexts.portUsed, kConnectedTexts.advicePortTaken},
+    {kReceiverTexts.modulePortNotSet, kConnectedTexts.connectedModuleNoPort},
     {kReceiverTexts.noActivity, kConnectedTexts.adviceSilent},
     {kReceiverTexts.waitingForNmea, kConnectedTexts.adviceNoNmea},
     {kReceiverTexts.waitingForCourse, kConnectedTexts.adviceSentences},
@@ -53,19 +54,30 @@ void addReceiver(std::string& words, const CKorvelDoc& document) {
     const bool labelled = end != std::string::npos;
     const std::string label = labelled ? data.status.substr(0, end) : document.portLabel();
     const std::string state = labelled ? data.status.substr(end + 1) : data.status;
-    if (document.searchesPort())
+    if (document.searchesLostReceiver())
+        addLine(words, text(kConnectedTexts.connectedPortLost));
+    else if (document.searchesPort())
         addLine(words, text(kConnectedTexts.connectedPortSearched));
     addLine(words, label.empty() ? state : label + ": " + state);
     addLine(words, adviceOn(state));
 }
 
-std::string attitudeModule(const Settings& settings) {
-    if (settings.viaGyro == 0)
-        return std::string(text(kConnectedTexts.connectedNoModule));
-    if (settings.portGyro.empty())
-        return std::string(text(kConnectedTexts.connectedModuleNoPort));
+std::string attitudeModule(const CKorvelDoc& document) {
+    const Settings& settings = document.settings();
     const std::string label = PortSettings::of(settings.portGyro, settings.baudGyro).label();
-    return formatText(kConnectedTexts.connectedModule, {std::string_view(label)});
+    const bool isUsed = settings.gyroConnected != 0 && !settings.portGyro.empty();
+    if (settings.viaGyro != 0 && settings.portGyro.empty())
+        return std::string(text(kConnectedTexts.connectedModuleNoPort));
+    if (settings.viaGyro != 0)
+        return formatText(kConnectedTexts.connectedModule, {std::string_view(label)});
+    if (!isUsed)
+        return std::string(text(kConnectedTexts.connectedNoModule));
+    const ModulePort& port = document.modulePort();
+    if (!port.failure().empty())
+        return label + ": " + port.failure();
+    return formatText(port.isHeard() ? kConnectedTexts.connectedModuleHeard
+                                     : kConnectedTexts.connectedModuleSilent,
+                      {std::string_view(label)});
 }
 
 std::string expiryText(std::uint32_t yyyymmdd, const LocalTime& now) {
@@ -106,7 +118,7 @@ std::string connectedText(const CKorvelDoc& document,
     addReceiver(words, document);
     addLine(words, "");
     addLine(words, text(kConnectedTexts.connectedAttitude));
-    addLine(words, attitudeModule(document.settings()));
+    addLine(words, attitudeModule(document));
     addLine(words, "");
     addDatabases(words, document, folders);
     return words;

@@ -39,6 +39,25 @@ void GpsFixStore::trace(std::string line) {
     shared->trace.push_back(std::move(line));
 }
 
+void GpsFixStore::traceBytes(std::string_view bytes, std::string_view tag) {
+    if (!tracing_)
+        return;
+    constexpr std::string_view kHex = "0123456789ABCDEF";
+    std::string legible;
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '\r')
+            legible += "\\r";
+        else if (c == '\n')
+            legible += "\\n";
+        else if (c >= ' ' && c <= '~')
+            legible += c;
+        else
+            legible.append("\\x").append(1, kHex[byte / 16]).append(1, kHex[byte % 16]);
+    }
+    trace(legible, tag);
+}
+
 std::vector<std::string> GpsFixStore::takeTrace() {
     return std::exchange(shared_.lock()->trace, {});
 }

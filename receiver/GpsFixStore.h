@@ -23,6 +23,8 @@ class GpsFixStore {
     struct Shared {
         std::uint32_t sentenceFlags = 0;
         std::int32_t fixQuality = 0;
+        /// Arrival of the last line with a correct checksum, used or not; reset() leaves it.
+        std::int64_t correctMs = kNeverStored;
         SatelliteWords satellites{};
         std::vector<std::string> trace;
     };
@@ -49,6 +51,9 @@ class GpsFixStore {
     void trace(std::string_view sentence, std::string_view tag);
     /// The same for a line that is about no sentence.
     void trace(std::string line);
+    /// What a port read or wrote, in the same form; bytes that are no letters show as "\r" or
+    /// "\xB5".
+    void traceBytes(std::string_view bytes, std::string_view tag);
 
     /// Hands over the trace lines, oldest first, and empties the list.
     std::vector<std::string> takeTrace();

@@ -14,6 +14,10 @@ constexpr std::string_view kInView = "$GPGSV";
 constexpr std::array<std::string_view, 5> kUsedSentences = {"$GPRMC", "$GPGGA", "$GPVTG", kInView,
                                                             "$GPGSA"};
 
+std::string_view withoutCr(std::string_view text) { return text.substr(0, text.find('\r')); }
+
+std::string_view idOf(std::string_view line) { return line.substr(0, line.find(',')); }
+
 /// The sentence's place in the table; nothing for one that the program does not use.
 std::optional<std::string_view> usedSentence(std::string_view id) {
     const auto* const found =
@@ -37,8 +41,13 @@ bool areAllowed(std::string_view line) {
 
 }  // namespace
 
+std::optional<std::string_view> attitudeSentence(std::string_view text) {
+    const std::string_view line = withoutCr(text);
+    return idOf(line) == "$RPY" && areAllowed(line) ? std::optional(line) : std::nullopt;
+}
+
 void SentenceReceiver::onSentence(std::string_view text, std::int64_t arrivedMs) {
-    const std::string_view line = text.substr(0, text.find('\r'));
+    const std::string_view line = withoutCr(text);
     if (line.empty() || line.front() != '$') {
         if (outlets_.answer && (text == "ASTRAL" || text == "ASTRAL\r"))
             outlets_.answer("ASTRAL\r\n");
@@ -48,15 +57,19 @@ void SentenceReceiver::onSentence(std::string_view text, std::int64_t arrivedMs)
         store_.trace(line, " non-ascii chars");
         return;
     }
-    const std::string_view id = line.substr(0, line.find(','));
-    if (id == "$RPY") {
+    if (const auto attitude = attitudeSentence(line)) {
         if (outlets_.attitude)
-            outlets_.attitude(line);
+            outlets_.attitude(*attitude);
         return;
     }
     if (!checksumCorrect(line))
         return;
-    store_.shared().lock()->sentenceFlags |= SentenceFlag::kChecksumCorrect;
+    {
+        const auto shared = store_.shared().lock();
+        shared->sentenceFlags |= SentenceFlag::kChecksumCorrect;
+        shared->correctMs = arrivedMs;
+    }
+    const std::string_view id = idOf(line);
     const std::optional<std::string_view> kind = usedSentence(id);
     if (!kind) {
         store_.trace(line, " not used");

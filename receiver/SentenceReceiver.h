@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -18,6 +19,10 @@ struct LineOutlets {
     std::function<void(std::string_view bytes)> answer{};       ///< to the receiver
     std::function<void(std::string_view sentence)> attitude{};  ///< "$RPY,..." of the module
 };
+
+/// The "$RPY,..." of an attitude module that the line is, without a CR; nothing when it is none.
+/// Such sentences need no checksum.
+std::optional<std::string_view> attitudeSentence(std::string_view text);
 
 /// Decides, line by line on the port's thread, what is a sentence worth decoding: characters,
 /// checksum and kind are checked, why a line was refused goes to the trace, and accepted sentences

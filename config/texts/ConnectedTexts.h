@@ -38,6 +38,11 @@ struct ConnectedTexts {
     Text connectedModuleNoPort{
         61841,
         "The receiver speaks through the module, but the module's port is not set (Preferences)"};
+    Text connectedModuleHeard{62122, "%s: the module is heard"};           ///< %s: port and speed
+    Text connectedModuleSilent{62123, "%s: the port is open and silent"};  ///< %s: port and speed
+    Text connectedPortLost{
+        62124,
+        "The receiver is gone from its port: it is looked for there and on COM1 to COM16 in turn"};
     Text adviceNoPort{61842, "This computer has no such port: is the receiver plugged in?"};
     Text advicePortTaken{61843,
                          "Another program uses this port, or this user may not open it "

@@ -184,7 +184,7 @@ TEST_F(CKorvelDocTest, ChangedPortIsOpenedStoredAndCountsAsChosen) {
     EXPECT_EQ(stored().at("Options.Port"), "COM4:,9600,N,8,1");
     clock_.advanceMs(60000);
     doc_->tick();
-    EXPECT_EQ(ports_.openings().size(), 2U) << "a chosen port is never given up";
+    EXPECT_EQ(ports_.openings().back(), "COM4: 9600") << "a chosen port is never given up";
 }
 
 TEST_F(CKorvelDocTest, TheAttitudeModulesPortFollowsItsSettingsAtOnce) {
@@ -200,24 +200,94 @@ TEST_F(CKorvelDocTest, TheAttitudeModulesPortFollowsItsSettingsAtOnce) {
         EXPECT_EQ(data().status,
             std::string(port[0] != 0 ? port : "COM3") + (port[0] != 0 ? " 57600" : " 4800") + "\nNo Gps Rcvr Activity");
     }
-    EXPECT_EQ(ports_.openings(), (std::vector<std::string>{"COM3: 4800", "COM7: 57600", "COM8: 57600"}));
+    EXPECT_EQ(ports_.openings(), (std::vector<std::string>{"COM3: 4800", "COM7: 57600", "COM8: 57600", "COM3: 4800"}));
 }
 
-TEST_F(CKorvelDocTest, AnAttitudeModuleThatWasUnpluggedIsOpenedAgain) {
-    start("COM3:,4800,N,8,1");
+TEST_F(CKorvelDocTest, ThroughTheModuleTheReceiverSpeaksAndNothingIsSearchedOrStored) {
+    profile_.setInt(kOptionsSection, "ViaGyro", 1);
+    start("");
+    doc_->tick();
+    EXPECT_EQ(data().status, "The module's port is not set");
     Settings changed = doc_->settings();
-    changed.viaGyro = 1;
     changed.portGyro = "COM7";
     changed.baudGyro = "57600";
     doc_->applySettings(changed);
-    doc_->tick();
-    const std::string first = ports_.openings().front();
-    EXPECT_TRUE(first.starts_with("COM7:")) << first;
-    ports_.fail(kErrorFileNotFound);
+    say({rmc(kHere), gga(kHere)});
+    for (int pause = 0; pause < 4; ++pause) {
+        EXPECT_EQ(data().status, "");
+        clock_.advanceMs(9000);
+        say({rmc(kHere), gga(kHere)});
+    }
+    EXPECT_TRUE(data().position);
+    EXPECT_EQ(ports_.attempts(), std::vector<std::string>{"COM7:"});
+    EXPECT_EQ(profile_.getString(kOptionsSection, "Port", ""), "");
+    EXPECT_EQ(doc_->portLabel(), "COM7 57600");
+    ports_.refuse("COM7:", kErrorFileNotFound);
+    ports_.fail(kErrorDeviceFailure);
     EXPECT_TRUE(eventually([&] {
         doc_->tick();
-        return std::ranges::count(ports_.openings(), first) > 1;
+        return data().status == "COM7 57600\nInvalid Port";
     }));
+    ports_.refuse("COM7:", kNoError);
+    ports_.fail(kNoError);
+    clock_.advanceMs(60000);
+    say({rmc(kHere), gga(kHere)});
+    EXPECT_TRUE(data().position) << "found again";
+}
+
+TEST_F(CKorvelDocTest, TheModuleHasItsOwnPortBesideTheReceiver) {
+    profile_.setString(kOptionsSection, "PortGyro", "COM7");
+    profile_.setString(kOptionsSection, "BaudGyro", "57600");
+    ports_.refuse("COM7:", kErrorFileNotFound);
+    start("COM3:,4800,N,8,1");
+    doc_->tick();
+    doc_->tick();
+    EXPECT_EQ(doc_->takeTrouble(), "Attitude module, COM7 57600: Invalid Port");
+    EXPECT_EQ(doc_->takeTrouble(), "") << "told once";
+    EXPECT_NE(connectedText(*doc_, {}).find("ATTITUDE\nCOM7 57600: Invalid Port"), std::string::npos);
+    ports_.refuse("COM7:", kNoError);
+    ports_.send(sentence(rmc(kHere)) + "\r\n" + sentence(gga(kHere)) + "\r\n$RPY,1,2,3\r\n", "COM7:");
+    EXPECT_TRUE(eventually([&] {
+        doc_->tick();
+        return connectedText(*doc_, {}).find("COM7 57600: the module is heard") != std::string::npos;
+    }));
+    EXPECT_EQ(ports_.openings(), (std::vector<std::string>{"COM3: 4800", "COM7: 57600"}));
+    ports_.send("$GPXXX*00\r\n", "COM3:");
+    EXPECT_TRUE(eventually([&] {
+        const std::vector<std::string> trace = doc_->takeTrace();
+        return std::ranges::find(trace, "$GPXXX*00: checksum failed") != trace.end();
+    }));
+    doc_->tick();
+    EXPECT_FALSE(data().position) << "its port is not the receiver's";
+    ports_.fail(kErrorDeviceFailure);
+    EXPECT_TRUE(eventually([&] {
+        doc_->tick();
+        return std::ranges::count(ports_.openings(), "COM7: 57600") > 1;
+    })) << "and found again";
+    Settings changed = doc_->settings();
+    changed.gyroConnected = 0;
+    doc_->applySettings(changed);
+    EXPECT_NE(connectedText(*doc_, {}).find("No module is read"), std::string::npos);
+    ports_.refuse("COM7:", kErrorFileNotFound);
+    doc_->tick();
+    EXPECT_EQ(doc_->modulePort().failure(), "") << "nobody asks for it any more";
+}
+
+TEST_F(CKorvelDocTest, TheTraceShowsWhatThePortReadsAndWrites) {
+    start("COM3:,4800,N,8,1");
+    doc_->tick();
+    ports_.send("\xB5x\r\nASTRAL\r\n");
+    std::string seen;
+    EXPECT_TRUE(eventually([&] {
+        for (const std::string& line : doc_->takeTrace()) seen += line + "\n";
+        return seen.find(":xmt") != std::string::npos;
+    })) << seen;
+    EXPECT_NE(seen.find("\\xB5x\\r\\nASTRAL\\r\\n:rcv"), std::string::npos) << seen;
+    EXPECT_NE(seen.find("ASTRAL\\r\\n:wrt"), std::string::npos) << seen;
+    doc_->setTracing(false);
+    ports_.send("ASTRAL\r\n");
+    tickAfter(500);
+    EXPECT_TRUE(doc_->takeTrace().empty());
 }
 
 TEST_F(CKorvelDocTest, OtherDatabasesComeIntoUseAtATickAndThePlanKeepsItsPlaces) {
@@ -274,21 +344,15 @@ TEST_F(CKorvelDocTest, AReplayFliesWithoutAPortUntilThePilotChoosesOne) {
     EXPECT_EQ(data().status, "COM4 9600\nNo Gps Rcvr Activity");
 }
 
-TEST_F(CKorvelDocTest, OnlyAPortThatAScanFoundIsLookedForAgain) {
+TEST_F(CKorvelDocTest, APortThatAScanFoundIsNoChoice) {
     for (const bool scanned : {true, false}) {
-        SCOPED_TRACE(scanned);
-        const std::size_t earlier = ports_.attempts().size();
         start("COM3:,4800,N,8,1", scanned);
         doc_->tick();
-        say({rmc(kHere), gga(kHere)});
-        tickAfter(5000);
-        EXPECT_EQ(data().status, "COM3 4800\nNo Gps Rcvr Activity");
-        tickAfter(4999);
-        EXPECT_EQ(ports_.attempts().size(), earlier + 1);
-        tickAfter(5000);
+        tickAfter(10000);
         tickAfter(500);
-        EXPECT_EQ(ports_.attempts().back(), scanned ? "COM1:" : "COM3:");
-        EXPECT_EQ(ports_.attempts().size(), earlier + (scanned ? 2 : 1));
+        EXPECT_EQ(doc_->searchesPort(), scanned);
+        EXPECT_EQ(data().status, "COM3 4800\nNo Gps Rcvr Activity") << "where it was comes first";
+        doc_.reset();
     }
 }
 

@@ -47,6 +47,16 @@ class ConnectionMonitorTest : public GpsTest, protected SentenceListener {
         for (const char* body : bodies) input_.onSentence(sentence(body));
         monitor().gpsTick();
     }
+    /// Half-second ticks of what the program does; in each the receiver says so.
+    void tickFor(std::int64_t ms, std::initializer_list<const char*> bodies = {}) {
+        for (; ms > 0; ms -= 500) {
+            clock_.advanceMs(500);
+            say(bodies);
+            if (bodies.size() != 0) input_.store().shared().lock()->sentenceFlags |= SentenceFlag::kBytesArrive;
+            status();
+        }
+    }
+    std::size_t opened() const { return ports_.openings().size(); }
     void setFlags(std::uint32_t flags, int fixQuality = 0) {
         const auto shared = input_.store().shared().lock();
         shared->sentenceFlags = flags;
@@ -56,15 +66,12 @@ class ConnectionMonitorTest : public GpsTest, protected SentenceListener {
 
     struct Rig {
         Rig(ConnectionMonitorTest& test, const SerialDeviceOpener& opener)
-            : gpsPort(opener, test.clock_),
-              gyroPort(opener, test.clock_),
-              monitor({gpsPort, gyroPort, test, test.input_, test.profile_, test.clock_}) {}
+            : port(opener, test.clock_), monitor({port, test, test.input_, test.profile_, test.clock_}) {}
         Rig(const Rig&) = delete;
         Rig& operator=(const Rig&) = delete;
-        ~Rig() { gpsPort.stop(); }
+        ~Rig() { port.stop(); }
 
-        SerialSource gpsPort;
-        SerialSource gyroPort;
+        SerialSource port;
         ConnectionMonitor monitor;
     };
 
@@ -192,6 +199,8 @@ TEST_F(ConnectionMonitorTest, SilentReceiverIsDeadAfterFiveSeconds) {
     EXPECT_EQ(fix().groundSpeedKt, 10.5) << "what was told stays, its age tells";
     EXPECT_EQ(status(), "COM3 4800\nNo Gps Rcvr Activity");
     tickAfter(20000);
+    status();
+    status();
     EXPECT_EQ(trace(), (std::vector<std::string>{"bGpsDead=TRUE -1 5001 1 5000", "*** gps commands not received ***"}))
         << "declared once";
 
@@ -233,6 +242,129 @@ TEST_F(ConnectionMonitorTest, PortOfAVanishedDeviceIsOpenedAgain) {
         monitor().gpsTick();
         return status().empty();
     }));
+}
+
+constexpr const char* kRmcWithoutFix = "GPRMC,1,V,,,,,,,211200,,";
+constexpr const char* kHeading = "HCHDG,101.1,,,7.1,W";
+
+TEST_F(ConnectionMonitorTest, AReceiverThatLivesIsNotLeftWithoutAFix) {
+    tickFor(1000, {kRmc, kGga});
+    tickFor(600000, {kRmcWithoutFix, kGgaWithoutFix});
+    EXPECT_EQ(status(), "Locating Satellites");
+    tickFor(7000);
+    tickFor(1000, {kHeading});
+    EXPECT_EQ(opened(), 1U) << "it may pause, and need not say all at once";
+    tickFor(20000, {kRmc});
+    EXPECT_EQ(opened(), 1U) << "a position is one, though it wants GGA";
+    tickFor(1000, {kRmc, kGga});
+    EXPECT_EQ(status(), "");
+    // Silent: dead after 5 s, and then as long as any entry has.
+    tickFor(7000);
+    EXPECT_EQ(opened(), 1U);
+    tickFor(1000);
+    EXPECT_EQ(ports_.openings().back(), "COM1: 4800");
+}
+
+TEST_F(ConnectionMonitorTest, WhileTheSimulatorFliesNoReceiverIsLeft) {
+    status();
+    otherSource_.active = true;
+    tickFor(60000, {kRmc, kGga});
+    EXPECT_EQ(opened(), 1U);
+}
+
+TEST_F(ConnectionMonitorTest, WhatHasNoPositionIsPassedAndComesBackLast) {
+    status();
+    tickFor(2500);
+    tickFor(2500, {kHeading});
+    EXPECT_EQ(opened(), 1U) << "its time begins with its first sentence";
+    while (opened() < 40) {
+        if (ports_.openings().back() == "COM1: 9600")
+            tickFor(500, {kHeading});
+        else
+            tickFor(500);
+    }
+    const std::vector<std::string> order = ports_.openings();
+    const auto at = [&](std::size_t from) {
+        return std::find(order.begin() + static_cast<std::ptrdiff_t>(from), order.end(), "COM1: 9600") - order.begin();
+    };
+    EXPECT_EQ(order[1], "COM1: 4800");
+    EXPECT_EQ(at(1), 19) << "behind COM9";
+    EXPECT_EQ(order[20], "COM1: 4800");
+    EXPECT_EQ(at(20), 38);
+}
+
+TEST_F(ConnectionMonitorTest, PortThatBroughtSentencesIsTriedAgainFirst) {
+    for (const bool spoke : {true, false}) {
+        use(ports_.opener());
+        input_.store().reset();
+        status();
+        if (spoke) tickFor(500, {kRmc, kGga});
+        ports_.fail(kErrorDeviceFailure);
+        clock_.advanceMs(1);
+        const std::size_t before = opened();
+        ASSERT_TRUE(eventually([&] {
+            status();
+            return opened() > before;
+        }));
+        EXPECT_EQ(ports_.openings().at(before), spoke ? "COM1: 9600" : "COM1: 4800");
+        ports_.fail(kNoError);
+    }
+}
+
+TEST_F(ConnectionMonitorTest, SilentPortThatWasStoredIsTriedAnewAndThenTheOthers) {
+    monitor().choosePort({.gps = PortSettings::of("COM3", "4800"), .found = true});
+    status();
+    tickFor(1000, {kRmc, kGga});
+    tickFor(9500);
+    EXPECT_FALSE(monitor().scanning());
+    tickFor(500);
+    EXPECT_TRUE(monitor().scanning() && !monitor().searchesLost());
+    tickFor(3500);
+    EXPECT_EQ(ports_.openings().back(), "COM3: 4800");
+    tickFor(500);
+    EXPECT_EQ(ports_.openings().back(), "COM4: 9600");
+    tickFor(500, {kRmc, kGga});
+    EXPECT_EQ(storedEntries().at("Options.Port"), "COM4:,9600,N,8,1");
+}
+
+TEST_F(ConnectionMonitorTest, ChosenPortIsOpenedAgainWhenItsHandleIsStale) {
+    monitor().choosePort({.gps = PortSettings::of("COM3", "4800")});
+    status();
+    tickFor(9500);
+    EXPECT_EQ(opened(), 1U);
+    tickFor(600000);
+    EXPECT_GT(opened(), 30U);
+    EXPECT_EQ(ports_.attempts(), std::vector<std::string>(opened(), "COM3:")) << "and no other";
+}
+
+TEST_F(ConnectionMonitorTest, ReceiverThatLeftTheChosenPortIsFoundUnderAnotherName) {
+    monitor().choosePort(
+        {.gps = PortSettings::of("COM3", "4800"), .gyroConnected = true, .gyro = PortSettings::of("COM4", "57600")});
+    for (int port = 1; port <= 16; ++port) ports_.refuse("COM" + std::to_string(port) + ":", kErrorFileNotFound);
+    status();
+    for (int step = 0; step < 200; ++step) EXPECT_EQ(statusAfter(500), "COM3 4800\nInvalid Port");
+    EXPECT_TRUE(monitor().searchesLost());
+    const std::vector<std::string> tried = ports_.attempts();
+    for (int port = 1; port <= 16; ++port)
+        EXPECT_EQ(std::ranges::count(tried, "COM" + std::to_string(port) + ":") == 0, port == 4) << port;
+    ports_.refuse("COM12:", kNoError);
+    tickFor(60000);
+    ASSERT_EQ(ports_.openings().front(), "COM12: 4800");
+    while (monitor().sourceLabel() != "COM12 4800") tickFor(500);
+    tickFor(1000, {kRmc, kGga});
+    EXPECT_EQ(status(), "");
+    EXPECT_FALSE(storedEntries().contains("Options.Port")) << "the pilot's choice stands";
+    ports_.refuse("COM12:", kErrorFileNotFound);
+    ports_.refuse("COM3:", kNoError);
+    tickFor(60000);
+    while (monitor().sourceLabel() != "COM3 4800") tickFor(500);
+    tickFor(500, {kRmc, kGga});
+    EXPECT_FALSE(monitor().scanning()) << "back where it belongs";
+    ports_.refuse("COM3:", kErrorAccessDenied);
+    ports_.fail(kErrorDeviceFailure);
+    EXPECT_TRUE(eventually([&] { return status() == "COM3 4800\nPort already open!"; }));
+    tickFor(3000);
+    EXPECT_EQ(ports_.attempts().back(), "COM3:") << "it is there, but somebody else's";
 }
 
 TEST_F(ConnectionMonitorTest, AnotherSourceTakesThePlaceOfThePortAndNoneIsSearched) {

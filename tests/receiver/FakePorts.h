@@ -26,8 +26,8 @@ bool eventually(const Condition& holds) {
     return true;
 }
 
-/// The serial ports of a machine that is not there. Every port exists unless it is refused, and
-/// what is sent arrives at whichever is open. Must outlive the ports that are opened through it.
+/// The serial ports of a machine that is not there. Every port exists unless it is refused. Must
+/// outlive the ports that are opened through it.
 class FakePorts {
  public:
     SerialDeviceOpener opener() {
@@ -37,12 +37,13 @@ class FakePorts {
             state->attempts.push_back(name);
             const auto refusal = state->refusals.find(name);
             error = refusal == state->refusals.end() ? kNoError : refusal->second;
-            return error == kNoError ? std::make_unique<Device>(*this) : nullptr;
+            return error == kNoError ? std::make_unique<Device>(*this, name) : nullptr;
         };
     }
 
     void refuse(const std::string& name, SystemError error) { state_.lock()->refusals[name] = error; }
-    void send(std::string_view bytes) { state_.lock()->arriving += bytes; }
+    /// Arrives at the port "COM1:", or at whichever is open.
+    void send(std::string_view bytes, const std::string& name = {}) { state_.lock()->arriving[name] += bytes; }
     /// What reads answer from now on; for a device that is gone.
     void fail(SystemError error) { state_.lock()->readError = error; }
 
@@ -55,25 +56,26 @@ class FakePorts {
         std::map<std::string, SystemError> refusals;
         std::vector<std::string> attempts;
         std::vector<std::string> openings;
-        std::string arriving;
+        std::map<std::string, std::string> arriving;
         SystemError readError = kNoError;
     };
 
     class Device final : public SerialDevice {
      public:
-        explicit Device(FakePorts& ports) : ports_(ports) {}
+        Device(FakePorts& ports, std::string name) : ports_(ports), name_(std::move(name)) {}
 
         SystemError readLineSettings(LineSettings&) override { return kNoError; }
         SystemError applyLineSettings(const LineSettings& line) override {
             const auto state = ports_.state_.lock();
-            state->openings.push_back(state->attempts.back() + " " + std::to_string(line.baud));
+            state->openings.push_back(name_ + " " + std::to_string(line.baud));
             return kNoError;
         }
         SystemError setTimeouts(const SerialTimeouts&) override { return kNoError; }
         Transfer read(std::span<char> into) override {
             const auto state = ports_.state_.lock();
-            Transfer transfer{state->readError, state->arriving.copy(into.data(), into.size())};
-            state->arriving.erase(0, transfer.count);
+            std::string& bytes = state->arriving[state->arriving[name_].empty() ? std::string() : name_];
+            Transfer transfer{state->readError, bytes.copy(into.data(), into.size())};
+            bytes.erase(0, transfer.count);
             return transfer;
         }
         Transfer write(std::string_view bytes) override { return {kNoError, bytes.size()}; }
@@ -82,6 +84,7 @@ class FakePorts {
 
      private:
         FakePorts& ports_;
+        const std::string name_;
     };
 
     Guarded<State> state_;
