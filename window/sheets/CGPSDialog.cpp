@@ -24,7 +24,7 @@ CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings)
     hint_.setText(toQString(kSheetTexts.portHint));
     for (int number = 1; number <= kOfferedPorts; ++number)
         port_.addItem(QStringLiteral("COM%1").arg(number));
-    for (const int baud : {1200, 2400, 4800, 9600, 19200, 38400, 57600, 115200})
+    for (const int baud : {1200, 2400, 4800, 9600, 14400, 19200, 38400, 57600, 115200})
         baud_.addItem(QString::number(baud), baud);
     for (QWidget* row : std::initializer_list<QWidget*>{&search_, &fixed_, &port_, &baud_, &hint_,
                                                         &status_, &trace_})
