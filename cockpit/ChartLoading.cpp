@@ -2,15 +2,10 @@
 
 #include <utility>
 
+#include "config/texts/DatabaseTexts.h"
 #include "platform/Threading.h"
 
 namespace korvel {
-namespace {
-
-constexpr std::string_view kAborting = "Aborting";
-
-}  // namespace
-
 ChartLoading::ChartLoading(const Clock& clock, LoadReport& report,
                            std::vector<std::filesystem::path> folders)
     : database_(clock), loader_(database_, report), folders_(std::move(folders)) {
@@ -27,7 +22,7 @@ ChartLoading::~ChartLoading() {
 
 void ChartLoading::breakOff() {
     wanted_ = false;
-    *state_.lock() = {.text = std::string(kAborting)};
+    *state_.lock() = {.text = std::string(text(kDatabaseTexts.aborting))};
 }
 
 void ChartLoading::run() {

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "config/texts/DatabaseTexts.h"
 #include "navdb/user/UserDatabaseReader.h"
 #include "platform/Folders.h"
 
@@ -13,8 +14,7 @@ namespace {
 bool isAirportKey(std::string_view key) { return key.starts_with("a."); }
 
 std::string notUsed(std::string_view key, std::string_view where) {
-    return std::string("Nav ").append(key).append(" not used. Already exists in a ").append(where) +
-           " file.\r\n";
+    return formatText(kDatabaseTexts.notUsed, {key, where}) + "\r\n";
 }
 
 std::vector<std::filesystem::path> filesIn(std::span<const std::filesystem::path> folders,
@@ -43,13 +43,13 @@ void DatabaseLoader::clear() {
 bool DatabaseLoader::load(std::span<const std::filesystem::path> folders,
                           const Progress& progress) {
     report_.restart();
-    report_.AppendLoadReport("Current Korvel Load Status\r\n\r\n");
+    report_.AppendLoadReport(std::string(text(kDatabaseTexts.loadStatus)) + "\r\n\r\n");
     clear();
     if (!openDatabases(filesIn(folders, "*.ng2"), progress) ||
         !loadUserFiles(filesIn(folders, "*.UDB.TXT"), false, progress) ||
         !loadUserFiles(filesIn(folders, "*.NDB.TXT"), true, progress)) {
         clear();
-        report_.AppendLoadReport("Aborting\r\n");
+        report_.AppendLoadReport(std::string(text(kDatabaseTexts.aborting)) + "\r\n");
         return false;
     }
     MergeWithDatabase();
@@ -84,7 +84,7 @@ bool DatabaseLoader::openDatabases(std::span<const std::filesystem::path> paths,
                                    const Progress& progress) {
     for (const auto& path : paths) {
         const std::string name = path.filename().string();
-        const std::string text = "Loading " + name;
+        const std::string text = formatText(kDatabaseTexts.loading, {name});
         bool goesOn = true;
         const std::string error = database_.openFile(path, [&](int percent) {
             goesOn = !progress || progress(text, percent);
@@ -102,8 +102,9 @@ bool DatabaseLoader::openDatabases(std::span<const std::filesystem::path> paths,
 bool DatabaseLoader::loadUserFiles(std::span<const std::filesystem::path> paths,
                                    bool fromSecondSource, const Progress& progress) {
     for (std::size_t i = 0; i < paths.size(); ++i) {
-        if (progress && !progress("Loading " + paths[i].filename().string(),
-                                  static_cast<int>(i * 100 / paths.size())))
+        if (progress &&
+            !progress(formatText(kDatabaseTexts.loading, {paths[i].filename().string()}),
+                      static_cast<int>(i * 100 / paths.size())))
             return false;
         UserDatabaseReader reader(report_, [&](std::unique_ptr<DatabaseRecord> record) {
             AddUserRecord(std::move(record), fromSecondSource);
@@ -115,8 +116,8 @@ bool DatabaseLoader::loadUserFiles(std::span<const std::filesystem::path> paths,
 }
 
 void DatabaseLoader::reportFailure(const std::filesystem::path& path, std::string_view message) {
-    report_.AppendLoadReport("Loading " + path.string() + "\r\n  " + std::string(message) +
-                             "\r\n\r\n");
+    report_.AppendLoadReport(formatText(kDatabaseTexts.loading, {path.string()}) + "\r\n  " +
+                             std::string(message) + "\r\n\r\n");
 }
 
 void DatabaseLoader::AddUserRecord(std::unique_ptr<DatabaseRecord> record, bool fromSecondSource) {
@@ -154,10 +155,8 @@ void DatabaseLoader::excludeReplacedAirports() {
                 replaces = true;
             }
         }
-        if (replaces) {
-            report_.AppendLoadReport(std::string("Airport ").append(ident) +
-                                     " in .NG2 file replaced w/ entry in .UDB.TXT file.\r\n");
-        }
+        if (replaces)
+            report_.AppendLoadReport(formatText(kDatabaseTexts.airportReplaced, {ident}) + "\r\n");
     }
 }
 

@@ -6,18 +6,12 @@
 #include <span>
 
 #include "base/TextNumbers.h"
+#include "config/texts/DatabaseTexts.h"
 #include "navdb/file/DatabaseChecksum.h"
 #include "navdb/file/LittleEndian.h"
 
 namespace korvel {
 namespace {
-
-constexpr std::string_view kOpenError = "File Open Error";
-constexpr std::string_view kInvalidFormat = "Invalid Format";
-constexpr std::string_view kIncorrectFormat = "Incorrect Format";
-constexpr std::string_view kUpdateFormat = "Incorrect Format...Update!";
-constexpr std::string_view kCorrupted = "Corrupted file";
-constexpr std::string_view kBrokenOff = "Aborting";
 
 constexpr std::size_t kCheckBlock = 65536;
 constexpr int kCheckStart = 10;  // progress, per cent
@@ -40,15 +34,15 @@ bool goesOn(const DatabaseFile::Progress& progress, int percent) {
 std::string_view parseVersion(const HeaderBytes& bytes, DatabaseHeader& header) {
     const auto* const end = std::find(bytes.begin(), bytes.begin() + kVersionLength, 0);
     header.version.assign(bytes.begin(), end);
-    std::string_view text = header.version;
-    if (text.substr(0, kFormatNameLength) != kFormatVersion.substr(0, kFormatNameLength))
-        return kIncorrectFormat;
-    text.remove_prefix(kFormatNameLength);
-    header.versionNumber = scanDouble(text).value_or(0.0);
+    std::string_view number = header.version;
+    if (number.substr(0, kFormatNameLength) != kFormatVersion.substr(0, kFormatNameLength))
+        return text(kDatabaseTexts.incorrectFormat);
+    number.remove_prefix(kFormatNameLength);
+    header.versionNumber = scanDouble(number).value_or(0.0);
     const double own = ParseDouble(kFormatVersion.substr(kFormatNameLength));
     const bool readable = header.versionNumber >= kOldestReadableVersion &&
                           std::trunc(header.versionNumber) == std::trunc(own);
-    return readable ? std::string_view{} : kUpdateFormat;
+    return readable ? std::string_view{} : text(kDatabaseTexts.updateFormat);
 }
 
 void parseFields(const HeaderBytes& bytes, DatabaseHeader& header) {
@@ -74,14 +68,14 @@ std::string_view testSum(const RandomAccessFile& file, std::uint64_t size, std::
         const std::size_t wanted = std::min<std::uint64_t>(block.size(), size - at);
         const auto bytes = std::span(block).first(wanted);
         if (file.readAt(at, bytes) != wanted)
-            return kCorrupted;
+            return text(kDatabaseTexts.corruptedFile);
         checksum.add(bytes);
         at += wanted;
         const double share = static_cast<double>(at) / static_cast<double>(size);
         if (!goesOn(progress, kCheckStart + static_cast<int>(share * kCheckSpan)))
-            return kBrokenOff;
+            return text(kDatabaseTexts.aborting);
     }
-    return checksum.value() == expected ? std::string_view{} : kCorrupted;
+    return checksum.value() == expected ? std::string_view{} : text(kDatabaseTexts.corruptedFile);
 }
 
 /// Later opens find a full checksum of 0 and test the header only. A file that cannot be written
@@ -97,7 +91,7 @@ std::string DatabaseFile::Open(const std::filesystem::path& path, const Clock& c
                                const Progress& progress, FileSystem& disk) {
     const auto file = disk.openRandomAccess(path);
     if (!file)
-        return std::string(kOpenError);
+        return std::string(text(kDatabaseTexts.fileOpenError));
     const std::string_view message = readFrom(path, *file, progress, disk);
     if (!message.empty()) {
         header_ = {};
@@ -118,16 +112,16 @@ std::string_view DatabaseFile::readFrom(const std::filesystem::path& path,
                                         FileSystem& disk) {
     HeaderBytes bytes{};
     if (file.readAt(0, bytes) != bytes.size())
-        return kInvalidFormat;
+        return text(kDatabaseTexts.invalidFormat);
     if (const auto message = parseVersion(bytes, header_); !message.empty())
         return message;
     parseFields(bytes, header_);
     size_ = file.size();
     if (header_.fullChecksum == 0) {
         if (!goesOn(progress, kQuickTestDone))
-            return kBrokenOff;
+            return text(kDatabaseTexts.aborting);
         if (headerChecksum(bytes, static_cast<std::uint32_t>(size_)) != header_.headerChecksum)
-            return kCorrupted;
+            return text(kDatabaseTexts.corruptedFile);
     } else {
         const auto message = testSum(file, size_, header_.fullChecksum, progress);
         if (!message.empty())
@@ -136,14 +130,15 @@ std::string_view DatabaseFile::readFrom(const std::filesystem::path& path,
             markAsVerified(path, disk);
     }
     if (!directory_.readTables(file, size_, header_.tableDirectory))
-        return kCorrupted;
+        return text(kDatabaseTexts.corruptedFile);
     if (!goesOn(progress, kTablesDone))
-        return kBrokenOff;
+        return text(kDatabaseTexts.aborting);
     if (!directory_.readIndexes(file, size_, header_.indexDirectory))
-        return kCorrupted;
+        return text(kDatabaseTexts.corruptedFile);
     if (!goesOn(progress, kIndexesDone))
-        return kBrokenOff;
-    return header_.stringArea > size_ || !readAreaGrid(file) ? kCorrupted : std::string_view{};
+        return text(kDatabaseTexts.aborting);
+    const bool isWhole = header_.stringArea <= size_ && readAreaGrid(file);
+    return isWhole ? std::string_view{} : text(kDatabaseTexts.corruptedFile);
 }
 
 bool DatabaseFile::readAreaGrid(const RandomAccessFile& file) {

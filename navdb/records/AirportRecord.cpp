@@ -4,30 +4,31 @@
 #include <utility>
 
 #include "base/Ascii.h"
+#include "config/texts/DatabaseTexts.h"
 #include "navdb/file/DatabaseTables.h"
 
 namespace korvel {
 
 std::string AirportRecord::GetInfoText() const {
-    static constexpr std::array<std::pair<AirportFlag, std::string_view>, 7> kWords{{
-        {kAirportSeaplaneBase, "seaplane base"},
-        {kAirportHeliport, "heliport"},
-        {kAirportPrivate, "private"},
-        {kAirportTower, "tower"},
-        {kAirportHardSurface, "hard surface"},
-        {kAirportLighted, "lighted"},
-        {kAirportBeacon, "beacon"},
+    static constexpr std::array<std::pair<AirportFlag, Text>, 7> kWords{{
+        {kAirportSeaplaneBase, kDatabaseTexts.seaplaneBase},
+        {kAirportHeliport, kDatabaseTexts.heliport},
+        {kAirportPrivate, kDatabaseTexts.privateAirport},
+        {kAirportTower, kDatabaseTexts.tower},
+        {kAirportHardSurface, kDatabaseTexts.hardSurface},
+        {kAirportLighted, kDatabaseTexts.lighted},
+        {kAirportBeacon, kDatabaseTexts.beacon},
     }};
-    std::string text;
+    std::string words;
     for (const auto& [flag, word] : kWords) {
         if ((flags & flag) != 0) {
-            text += text.empty() ? "" : ", ";
-            text += word;
+            words += words.empty() ? "" : ", ";
+            words += text(word);
         }
     }
-    if (!text.empty())
-        text[0] = upperAscii(text[0]);
-    return text;
+    if (!words.empty())
+        words[0] = upperAscii(words[0]);
+    return words;
 }
 
 }  // namespace korvel

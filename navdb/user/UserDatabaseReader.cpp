@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/Ascii.h"
+#include "config/texts/DatabaseTexts.h"
 
 namespace korvel {
 namespace {
@@ -21,12 +22,12 @@ UserDatabaseReader::UserDatabaseReader(LoadReport& report, RecordSink sink)
 std::string UserDatabaseReader::LoadFile(const std::filesystem::path& path, FileSystem& disk) {
     const auto file = disk.openRandomAccess(path);
     if (!file)
-        return "File open error.";
+        return std::string(text(kDatabaseTexts.userFileOpenError));
     fileName_ = std::make_shared<const std::string>(path.filename().string());
-    report_.AppendLoadReport("Loading " + path.string() + "\r\n");
+    report_.AppendLoadReport(formatText(kDatabaseTexts.loading, {path.string()}) + "\r\n");
     if (file->size() > 0) {
         readLines(*file);
-        report_.AppendLoadReport("  Done\r\n\r\n");
+        report_.AppendLoadReport("  " + std::string(text(kDatabaseTexts.done)) + "\r\n\r\n");
     }
     return {};
 }
@@ -38,7 +39,7 @@ void UserDatabaseReader::readLines(const RandomAccessFile& file) {
     for (std::uint64_t at = 0; at < size;) {
         const std::size_t count = file.readAt(at, block);
         if (count == 0) {
-            logLine("File read error", Severity::Error);
+            logLine(text(kDatabaseTexts.fileReadError), Severity::Error);
             break;
         }
         for (const std::uint8_t byte : std::span(block).first(count)) {
@@ -54,7 +55,7 @@ void UserDatabaseReader::readLines(const RandomAccessFile& file) {
     }
     takeLine(line);
     if (airportIsOpen_ || navaidIsOpen_)
-        logLine("File ended before record-end.", Severity::Error);
+        logLine(text(kDatabaseTexts.fileEndedInRecord), Severity::Error);
 }
 
 void UserDatabaseReader::takeLine(std::string_view line) {
@@ -63,10 +64,9 @@ void UserDatabaseReader::takeLine(std::string_view line) {
 }
 
 void UserDatabaseReader::logLine(std::string_view message, Severity severity) {
-    std::string text = "  Line " + std::to_string(lineNumber_);
-    text += severity == Severity::Error ? ": ERROR " : ": WARNING ";
-    text += message;
-    report_.AppendLoadReport(text + "\r\n");
+    const Text& pattern =
+        severity == Severity::Error ? kDatabaseTexts.lineError : kDatabaseTexts.lineWarning;
+    report_.AppendLoadReport("  " + formatText(pattern, {lineNumber_, message}) + "\r\n");
 }
 
 std::string UserDatabaseReader::ParseLine(std::string_view line) {
@@ -93,9 +93,9 @@ std::string UserDatabaseReader::ParseLine(std::string_view line) {
 std::string UserDatabaseReader::takeField(std::string_view line) {
     const auto equals = line.find('=');
     if (equals == std::string_view::npos)
-        return "'=' not found";
+        return std::string(text(kDatabaseTexts.equalsNotFound));
     if (equals == 0)
-        return "No key value found.";
+        return std::string(text(kDatabaseTexts.noKey));
     if (const auto value = line.substr(equals + 1); !value.empty())
         pending_.insert_or_assign(std::string(line.substr(0, equals)), value);
     return {};
@@ -104,11 +104,11 @@ std::string UserDatabaseReader::takeField(std::string_view line) {
 void UserDatabaseReader::finishOpenRecord() {
     if (airportIsOpen_) {
         endAirport();
-        logLine("Airport end-line not found", Severity::Error);
+        logLine(text(kDatabaseTexts.airportEndNotFound), Severity::Error);
     }
     if (navaidIsOpen_) {
         endNavaid();
-        logLine("Navaid end-line not found", Severity::Error);
+        logLine(text(kDatabaseTexts.navaidEndNotFound), Severity::Error);
     }
 }
 

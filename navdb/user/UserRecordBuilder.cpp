@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/TextNumbers.h"
+#include "config/texts/DatabaseTexts.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
 #include "navdb/records/AirportRecord.h"
@@ -22,6 +23,14 @@ constexpr double kHighestLongitude = 180.0;
 
 std::optional<int> inFeet(std::optional<int> value, bool isMetric) {
     return value && isMetric ? std::optional(RoundToInt(*value * kUserFeetPerMetre)) : value;
+}
+
+std::string invalidField(std::string_view name) {
+    return formatText(kDatabaseTexts.invalidField, {name});
+}
+
+std::string invalidValue(std::string_view name) {
+    return formatText(kDatabaseTexts.invalidValue, {name});
 }
 
 /// The fields of a record, with the messages that reading them leads to.
@@ -42,7 +51,7 @@ class FieldReader {
     [[nodiscard]] bool require(std::string_view key) const {
         if (has(key))
             return true;
-        error(std::string(key) + " field not found.");
+        error(formatText(kDatabaseTexts.fieldNotFound, {key}));
         return false;
     }
 
@@ -83,11 +92,11 @@ class FieldReader {
     }
     /// Feet; nothing when the field is absent or, after a warning, holds no altitude.
     [[nodiscard]] std::optional<int> elevation(const std::string& key) const {
-        constexpr std::string_view kInvalid = "Invalid ELEV.";
+        const std::string invalid = invalidValue("ELEV");
         const auto feet =
-            inFeet(integer(key, kInvalid, Severity::Warning), isMetric(key + ".UNITS"));
+            inFeet(integer(key, invalid, Severity::Warning), isMetric(key + ".UNITS"));
         if (feet && !isAltitude(*feet)) {
-            warning(kInvalid);
+            warning(invalid);
             return std::nullopt;
         }
         return feet;
@@ -98,7 +107,7 @@ class FieldReader {
         const auto degrees = parseUserCoordinate(text(key));
         if (degrees && std::abs(*degrees) <= highest)
             return degrees;
-        warning("Invalid " + key + ": " + std::string(text(key)));
+        warning(formatText(kDatabaseTexts.invalidCoordinate, {key, text(key)}));
         return std::nullopt;
     }
 
@@ -129,7 +138,7 @@ std::uint8_t readUsage(const FieldReader& fields) {
     if (word != kWords.end())
         return word->second;
     if (fields.has("USAGE"))
-        fields.warning("Invalid USAGE field.");
+        fields.warning(invalidField("USAGE"));
     return kUsageLow;
 }
 
@@ -137,7 +146,7 @@ RunwayEnd readEnd(const FieldReader& fields, const std::string& prefix) {
     const auto key = [&prefix](std::string_view name) { return prefix + std::string(name); };
     RunwayEnd end;
     end.id = fields.text(key("ID"));
-    end.magHeadingDeg = fields.integer(key("MAG_HDG"), "Invalid MAG_HDG field.", Severity::Warning);
+    end.magHeadingDeg = fields.integer(key("MAG_HDG"), invalidField("MAG_HDG"), Severity::Warning);
     if (fields.has(key("POSN.LAT")) && fields.has(key("POSN.LON")))
         end.position = fields.position(key("POSN.LAT"), key("POSN.LON"));
     end.elevationFt = fields.elevation(key("ELEV"));
@@ -146,15 +155,17 @@ RunwayEnd readEnd(const FieldReader& fields, const std::string& prefix) {
     else if (pattern == "R" || pattern == "r")
         end.pattern = 'R';
     else if (!pattern.empty())
-        fields.warning("Invalid PATTERN field.");
+        fields.warning(invalidField("PATTERN"));
     return end;
 }
 
 RunwayRecord readRunway(const FieldReader& fields, const std::string& prefix) {
     RunwayRecord runway;
     const bool isMetric = fields.isMetric(prefix + ".UNITS");
-    runway.lengthFt = inFeet(fields.notNegative(prefix + ".LEN", "Invalid RWY.LEN."), isMetric);
-    runway.widthFt = inFeet(fields.notNegative(prefix + ".WIDTH", "Invalid RWY.WIDTH."), isMetric);
+    runway.lengthFt =
+        inFeet(fields.notNegative(prefix + ".LEN", invalidValue("RWY.LEN")), isMetric);
+    runway.widthFt =
+        inFeet(fields.notNegative(prefix + ".WIDTH", invalidValue("RWY.WIDTH")), isMetric);
     runway.surface = fields.text(prefix + ".SURFACE");
     runway.info = fields.text(prefix + ".INFO");
     runway.ends = {readEnd(fields, prefix + ".LO."), readEnd(fields, prefix + ".HI.")};
@@ -181,7 +192,7 @@ void readComms(const FieldReader& fields, AirportRecord& airport) {
             airport.comms.push_back(
                 {.type = std::string(fields.text(prefix + ".TYPE")), .freqMhz = *frequency});
         } else {
-            fields.warning("Invalid COM.FREQ.");
+            fields.warning(invalidValue("COM.FREQ"));
         }
     }
 }
@@ -212,14 +223,14 @@ std::unique_ptr<DatabaseRecord> buildUserNavaid(const UserFields& fields, const 
     if (!reader.require("ID"))
         return nullptr;
     if (reader.text("ID").size() > kMaxIdentLength) {
-        reader.error("ID field too long.");
+        reader.error(formatText(kDatabaseTexts.fieldTooLong, {"ID"}));
         return nullptr;
     }
     if (!reader.require("NAME") || !reader.require("TYPE"))
         return nullptr;
     const std::string_view type = reader.text("TYPE");
     if (type != "VOR" && type != "NDB" && type != "FIX") {
-        reader.error("Invalid TYPE field.");
+        reader.error(invalidField("TYPE"));
         return nullptr;
     }
     if (!reader.require("POSN.LAT") || !reader.require("POSN.LON"))
@@ -234,7 +245,7 @@ std::unique_ptr<DatabaseRecord> buildUserNavaid(const UserFields& fields, const 
         return nullptr;
     const auto frequency = reader.real("FREQ");
     if (!frequency) {
-        reader.error("Invalid FREQ field.");
+        reader.error(invalidField("FREQ"));
         return nullptr;
     }
     std::unique_ptr<NavaidRecord> navaid;
@@ -259,7 +270,7 @@ std::unique_ptr<DatabaseRecord> buildUserAirport(const UserFields& fields, const
     if (const auto variation = reader.real("MAG_VAR"))
         airport->magVariationDeg = *variation;
     else if (reader.has("MAG_VAR"))
-        reader.warning("Invalid MAG-VAR.");
+        reader.warning(invalidValue("MAG-VAR"));
     airport->elevationFt = reader.elevation("ELEV").value_or(kNoElevationFt);
     readRunways(reader, *airport);
     readComms(reader, *airport);
