@@ -4,6 +4,7 @@
 
 #include "base/TextNumbers.h"
 #include "geo/Geodesy.h"
+#include "geo/Variation.h"
 #include "nav/approach/LandingRunway.h"
 #include "navdb/NavDatabase.h"
 #include "navdb/records/AirportRecord.h"
@@ -79,7 +80,7 @@ std::optional<double> runwayTrueDeg(const RunwayRecord& runway, const AirportRec
     const std::optional<double> variation = variationOf(airport);
     if (!magnetic || !variation)
         return std::nullopt;
-    return PositiveMod(*magnetic + *variation, 360);
+    return trueOf(*magnetic, *variation);
 }
 
 bool isHardSurface(std::string_view surface) {

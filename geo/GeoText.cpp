@@ -8,6 +8,7 @@
 #include "base/TextNumbers.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
+#include "geo/Variation.h"
 
 namespace korvel {
 namespace {
@@ -60,6 +61,11 @@ std::string altitudeText(int feet, int altUnit) {
 std::string courseText(double degrees) {
     const int whole = RoundToInt(PositiveMod(degrees, 360));
     return zeroPadded(whole == 0 ? 360 : whole, 3);
+}
+
+std::string courseText(double trueDeg, std::optional<double> variationDeg) {
+    return variationDeg ? courseText(magneticOf(trueDeg, *variationDeg)) + "°M"
+                        : courseText(trueDeg) + "°T";
 }
 
 std::string ageText(int seconds) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include "geo/GeoPoint.h"
@@ -29,6 +30,8 @@ std::string altitudeText(int feet, int altUnit);
 
 /// A course or track as three digits, 001 to 360 as they are flown; degrees of any turn.
 std::string courseText(double degrees);
+/// "088°M"; without the variation there, east positive, "090°T".
+std::string courseText(double trueDeg, std::optional<double> variationDeg);
 
 /// "12 s", from a minute on "2 min 05 s", from an hour on "1 h 02 min".
 std::string ageText(int seconds);

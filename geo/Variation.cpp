@@ -4,6 +4,14 @@
 
 namespace korvel {
 
+double magneticOf(double trueDeg, double variationDeg) {
+    return PositiveMod(trueDeg - variationDeg, 360);
+}
+
+double trueOf(double magneticDeg, double variationDeg) {
+    return PositiveMod(magneticDeg + variationDeg, 360);
+}
+
 bool Variation::isKnown() const {
     return databaseDeg != kNoAngle || (!ignoreReceiver && receiverDeg != kNoAngle);
 }
@@ -15,11 +23,11 @@ double Variation::inForceDeg() const {
 }
 
 double Variation::TrueToMagnetic(double trueDeg) const {
-    return trueDeg == kNoAngle ? kNoAngle : PositiveMod(trueDeg - inForceDeg(), 360);
+    return trueDeg == kNoAngle ? kNoAngle : magneticOf(trueDeg, inForceDeg());
 }
 
 double Variation::MagneticToTrue(double magneticDeg) const {
-    return magneticDeg == kNoAngle ? kNoAngle : PositiveMod(magneticDeg + inForceDeg(), 360);
+    return magneticDeg == kNoAngle ? kNoAngle : trueOf(magneticDeg, inForceDeg());
 }
 
 }  // namespace korvel

@@ -4,10 +4,14 @@
 
 namespace korvel {
 
-/// The two magnetic variations that the document knows, and the one pair of functions that crosses
-/// between true and magnetic. Degrees, east positive, kNoAngle when unknown; magnetic = true -
-/// variation. The receiver's sentences count east as negative: whoever fills `receiverDeg` turns
-/// the sign.
+/// The one pair of functions that crosses between true and magnetic: degrees, the variation east
+/// positive. Both return 0 up to but not including 360.
+double magneticOf(double trueDeg, double variationDeg);
+double trueOf(double magneticDeg, double variationDeg);
+
+/// The two magnetic variations that the document knows. Degrees, east positive, kNoAngle when
+/// unknown. The receiver's sentences count east as negative: whoever fills `receiverDeg` turns the
+/// sign.
 struct Variation {
     double receiverDeg = kNoAngle;
     double databaseDeg = kNoAngle;  ///< for the present area

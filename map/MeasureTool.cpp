@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "geo/Geodesy.h"
+#include "geo/Variation.h"
 #include "map/MapViewport.h"
 
 namespace korvel {
@@ -24,8 +25,7 @@ bool isUnder(Point finger, const std::optional<MeasureEnd>& end, const MapProjec
 }
 
 std::optional<double> magnetic(double trueDeg, const MeasureEnd& end) {
-    return end.variationDeg ? std::optional(PositiveMod(trueDeg - *end.variationDeg, 360))
-                            : std::nullopt;
+    return end.variationDeg ? std::optional(magneticOf(trueDeg, *end.variationDeg)) : std::nullopt;
 }
 
 }  // namespace

@@ -27,9 +27,7 @@ Text whyNone(const CKorvelDoc& document) {
 
 /// "27L   272°M   6000 ft".
 std::string rowText(const LandingRunway& runway, const CockpitData& data) {
-    std::string row = runway.id + "     ";
-    row += data.variationDeg ? courseText(runway.courseTrueDeg - *data.variationDeg) + "\u00b0M"
-                             : courseText(runway.courseTrueDeg) + "\u00b0T";
+    std::string row = runway.id + "     " + courseText(runway.courseTrueDeg, data.variationDeg);
     if (runway.lengthFt)
         row += "     " + altitudeText(*runway.lengthFt, data.altUnit);
     return row;

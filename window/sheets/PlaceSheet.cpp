@@ -18,9 +18,8 @@ std::string positionText(const CockpitData& data, GeoPoint place) {
     std::string lines = coordinatesText(place) + '\n';
     if (!data.position)
         return lines;
-    const double bearing = TrueCourseDeg(*data.position, place) - data.variationDeg.value_or(0);
     return lines + distanceText(DistanceNm(*data.position, place), data.distanceUnit) + "   " +
-           courseText(bearing) + (data.variationDeg ? "\u00b0M\n" : "\u00b0T\n");
+           courseText(TrueCourseDeg(*data.position, place), data.variationDeg) + '\n';
 }
 
 }  // namespace
