@@ -13,8 +13,10 @@ class EndRequest {
     /// From here on a request ends the process at once, as usual.
     ~EndRequest();
 
-    /// Becomes readable, and stays so, when the end is asked for; -1 for nothing to wait for.
+    /// Becomes readable, and stays so, when the end is asked for; -1 for nothing to wait for, here
+    /// or because no descriptor was left: isAsked() is to be looked at then.
     [[nodiscard]] int descriptor() const;
+    [[nodiscard]] bool isAsked() const;
 };
 
 }  // namespace korvel

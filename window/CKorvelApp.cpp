@@ -26,6 +26,7 @@ namespace {
 constexpr std::string_view kFontKey = "SysFont";
 constexpr std::string_view kUsualFont = "Arial Narrow";
 constexpr std::string_view kUnsavedPlan = "unsaved-plan.fp";
+constexpr int kLookForTheEndMs = 500;
 
 std::filesystem::path profileFolder(const CommandLine& line) {
     return line.profileFolder.empty() ? programFolder() : std::filesystem::path(line.profileFolder);
@@ -163,16 +164,25 @@ void CKorvelApp::takeSnapshot() {
 
 /// However the system ends the program, it remembers what it would at a close of its window.
 void CKorvelApp::listenForTheEnd() {
-    if (endRequest_.descriptor() >= 0) {
-        auto* notifier = new QSocketNotifier(endRequest_.descriptor(), QSocketNotifier::Read,
-                                             &frame_);  // the frame owns it
-        QObject::connect(notifier, &QSocketNotifier::activated, &frame_, [this, notifier] {
+    const auto endIfAsked = [this] {
+        if (!endRequest_.isAsked())
+            return;
+        // A picture's window has no place worth remembering.
+        if (line_.snapshotFile.empty())
+            frame_.storeState();
+        QApplication::exit();
+    };
+    // The frame owns both.
+    if (const int descriptor = endRequest_.descriptor(); descriptor >= 0) {
+        auto* notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, &frame_);
+        QObject::connect(notifier, &QSocketNotifier::activated, &frame_, [=] {
             notifier->setEnabled(false);
-            // A picture's window has no place worth remembering.
-            if (line_.snapshotFile.empty())
-                frame_.storeState();
-            QApplication::exit();
+            endIfAsked();
         });
+    } else {
+        auto* timer = new QTimer(&frame_);
+        QObject::connect(timer, &QTimer::timeout, &frame_, endIfAsked);
+        timer->start(kLookForTheEndMs);
     }
     const auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
     QObject::connect(application, &QGuiApplication::commitDataRequest, &frame_, [this] {

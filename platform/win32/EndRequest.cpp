@@ -10,4 +10,6 @@ EndRequest::~EndRequest() = default;
 
 int EndRequest::descriptor() const { return -1; }
 
+bool EndRequest::isAsked() const { return false; }
+
 }  // namespace korvel
