@@ -2,6 +2,7 @@
 
 #include "cockpit/CockpitData.h"
 #include "geo/Geodesy.h"
+#include "geo/Units.h"
 
 namespace korvel {
 
@@ -55,6 +56,40 @@ inline CockpitData navigating() {
     near.bearingMagDeg = 224.6;
     data.nearAirports = std::make_shared<const std::vector<NearAirport>>(1, near);
     return data;
+}
+
+/// Four miles before a runway to the north-east, on the glide path.
+inline CockpitData approaching() {
+    CockpitData data = navigating();
+    data.trackMagDeg = data.trackTrueDeg = 45;
+    LandingRunway runway;
+    runway.airport = "EDMA";
+    runway.id = "05";
+    runway.courseTrueDeg = 45;
+    runway.thresholdFt = 1500;
+    PointAtRadialDistance(data.position->lat, data.position->lon, 4 / kNmPerRadian, 45 * kDegToRad,
+        runway.threshold.lat, runway.threshold.lon);
+    runway.farEnd = runway.threshold;
+    data.approach = {.runway = runway, .toGoNm = 4};
+    data.targetAltitudeFt = data.altitudeFt = 2824;
+    return data;
+}
+
+/// "W0", "W1" and so on to the north, 30 NM apart, flown to the active one.
+inline std::shared_ptr<PlanView> planOf(std::size_t rows, std::optional<std::size_t> active) {
+    auto plan = std::make_shared<PlanView>();
+    for (std::size_t i = 0; i < rows; ++i) {
+        PlanRow& row = plan->rows.emplace_back();
+        row.ident = row.name = std::string("W").append(std::to_string(i));
+        row.position = atDegrees(48.3537 + 0.5 * static_cast<double>(i), 11.7861);
+        if (i > 0) {
+            row.legNm = 30;
+            row.courseMagDeg = 358;
+            plan->totalNm += 30;
+        }
+    }
+    plan->active = active;
+    return plan;
 }
 
 /// The same flight, `seconds` after the fix was lost.

@@ -6,7 +6,6 @@
 #include "cockpit/Cockpit.h"
 #include "map/MapGrid.h"
 #include "map/MapViewport.h"
-#include "paint/LabelSpace.h"
 
 namespace korvel { namespace {
 
@@ -126,18 +125,6 @@ TEST(MapGrid, EndsAtThePoleAndHalfATurnAway) {
     // So close to it that all longitudes are one, there is nothing to draw.
     EXPECT_TRUE(gridOf(viewport, atDegrees(89.9, 20)).empty());
     EXPECT_TRUE(gridOf(viewport, atDegrees(-90, 0)).empty());
-}
-
-TEST(LabelSpace, TheFirstComeKeepTheirRoom) {
-    LabelSpace space({0, 0, 100, 100});
-    space.reserve({-10, -10, 30, 30});
-    EXPECT_FALSE(space.claim({10, 10, 20, 20}));
-    EXPECT_TRUE(space.claim({20, 10, 20, 20}));  // edge to edge
-    EXPECT_FALSE(space.claim({39, 29, 20, 20}));
-    EXPECT_FALSE(space.claim({0, 0, 100, 100}));
-    EXPECT_FALSE(space.claim({90, 50, 20, 20})) << "reaches out of the view";
-    EXPECT_TRUE(space.claim({80, 80, 20, 20}));
-    EXPECT_TRUE(space.isFree({60, 60, 10, 10}));
 }
 
 }}  // namespace korvel

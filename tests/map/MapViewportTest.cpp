@@ -4,14 +4,13 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
+#include "cockpit/Cockpit.h"
 #include "config/ProfileFile.h"
 #include "geo/Geodesy.h"
 #include "map/MapViewport.h"
 #include "platform/RegistryProfile.h"
 
 namespace korvel { namespace {
-
-GeoPoint degrees(double lat, double lon) { return {lat * kDegToRad, lon * kDegToRad}; }
 
 TEST(MapViewport, LaysOutEachPage) {
     struct Case {
@@ -112,19 +111,19 @@ TEST(MapProjection, PlacesPoints) {
     const double cos48 = std::cos(48 * kDegToRad);
     const double cos47 = std::cos(47 * kDegToRad);
     const Case cases[] = {
-        {degrees(0, 0), degrees(0, 0), 0, 0, 0},
-        {degrees(47.6, 8), degrees(48.6, 8), 0, 0, -600},
-        {degrees(47.6, 8), degrees(47.6, 9), 0, 600 * cos48, 0},
-        {degrees(47.4, 8), degrees(47.4, 9), 0, 600 * cos47, 0},
-        {degrees(-47.6, 8), degrees(-47.6, 7), 0, -600 * cos48, 0},
-        {degrees(0, 179.75), degrees(0, -179.75), 0, 300, 0},
-        {degrees(0, -179.75), degrees(0, 179.75), 0, -300, 0},
+        {atDegrees(0, 0), atDegrees(0, 0), 0, 0, 0},
+        {atDegrees(47.6, 8), atDegrees(48.6, 8), 0, 0, -600},
+        {atDegrees(47.6, 8), atDegrees(47.6, 9), 0, 600 * cos48, 0},
+        {atDegrees(47.4, 8), atDegrees(47.4, 9), 0, 600 * cos47, 0},
+        {atDegrees(-47.6, 8), atDegrees(-47.6, 7), 0, -600 * cos48, 0},
+        {atDegrees(0, 179.75), atDegrees(0, -179.75), 0, 300, 0},
+        {atDegrees(0, -179.75), atDegrees(0, 179.75), 0, -300, 0},
         // Flying east, what lies east is ahead and what lies north is to the left.
-        {degrees(0, 0), degrees(0, 1), 90, 0, -600},
-        {degrees(0, 0), degrees(1, 0), 90, -600, 0},
-        {degrees(0, 0), degrees(1, 0), -90, 600, 0},
-        {degrees(0, 0), degrees(1, 0), 30, -300, -600 * std::cos(30 * kDegToRad)},
-        {degrees(0, 0), degrees(1, 0), 720, 0, -600},
+        {atDegrees(0, 0), atDegrees(0, 1), 90, 0, -600},
+        {atDegrees(0, 0), atDegrees(1, 0), 90, -600, 0},
+        {atDegrees(0, 0), atDegrees(1, 0), -90, 600, 0},
+        {atDegrees(0, 0), atDegrees(1, 0), 30, -300, -600 * std::cos(30 * kDegToRad)},
+        {atDegrees(0, 0), atDegrees(1, 0), 720, 0, -600},
     };
     for (const Case& one : cases) {
         const MapProjection projection(one.center, {400, 330}, 10, one.angleDeg);
@@ -143,7 +142,7 @@ TEST(MapProjection, RastersAgreeAndTheWayBackLeadsHome) {
     for (int i = 0; i < 2000; ++i) {
         MapViewport view;
         view.layout(PageId::Map, 1280, 800);
-        const GeoPoint center = degrees(lat(random), lon(random));
+        const GeoPoint center = atDegrees(lat(random), lon(random));
         const GeoPoint point{center.lat + offset(random) * kDegToRad, center.lon + offset(random) * kDegToRad};
         const MapProjection projection = view.projection(center, angle(random));
         const Point exact = projection.project(point);
@@ -159,12 +158,12 @@ TEST(MapProjection, RastersAgreeAndTheWayBackLeadsHome) {
 }
 
 TEST(MapProjection, HoldsAtThePolesAndBeforeTheFirstLayout) {
-    const MapProjection pole(degrees(90, 20), {400, 330}, 10, 0);
-    EXPECT_NEAR(pole.project(degrees(89, -160)).y, 930, 1e-6);
+    const MapProjection pole(atDegrees(90, 20), {400, 330}, 10, 0);
+    EXPECT_NEAR(pole.project(atDegrees(89, -160)).y, 930, 1e-6);
     const GeoPoint beyond = pole.unproject({4000, 0});
     EXPECT_DOUBLE_EQ(beyond.lat, kPi / 2);
     EXPECT_DOUBLE_EQ(beyond.lon, 20 * kDegToRad);
-    const GeoPoint early = MapViewport().projection(degrees(1, 2), 0).unproject({10, 10});
+    const GeoPoint early = MapViewport().projection(atDegrees(1, 2), 0).unproject({10, 10});
     EXPECT_DOUBLE_EQ(early.lat, kDegToRad);
     EXPECT_DOUBLE_EQ(early.lon, 2 * kDegToRad);
 }

@@ -1,13 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "cockpit/Cockpit.h"
 #include "map/DayMap.h"
 #include "map/MeasureTool.h"
 #include "map/layers/MeasureLayer.h"
-#include "paint/ColorScheme.h"
-#include "paint/LabelSpace.h"
-#include "paint/MapColorCache.h"
-#include "paint/RecordingCanvas.h"
 
 namespace korvel { namespace {
 
@@ -89,28 +84,21 @@ TEST(Measure, FingersSetMoveAndStartAnew) {
 }
 
 TEST(Measure, TheLabelIsWholeWhereverTheLineRuns) {
-    const DayMap map;
+    const CockpitData data = flying();
     const GeoPoint here = *flying().position;
     const GeoPoint ends[] = {here, {here.lat + 0.01, here.lon}, {here.lat - 0.02, here.lon - 0.03},
         {here.lat, here.lon + 0.3}, {-here.lat, here.lon - 2}};
     for (const int range : kRangeStepsNm)
         for (const GeoPoint& end : ends) {
             const MeasureTool tool = between({here}, {end});
-            MapViewport viewport;
-            viewport.layout(PageId::Map, 480, 300);
-            viewport.chooseRange(range);
-            RecordingCanvas canvas(480, 300);
-            const CockpitData data = flying();
-            MapContent content = map.content(data, viewport, canvas.area());
+            DayMap map(PageId::Map, 480, 300, range);
+            MapContent content = map.content(data);
             content.measure = &tool;
-            paintMap(canvas, content);
-            const auto label = std::find_if(canvas.elements().begin(), canvas.elements().end(),
-                [](const auto& each) { return each.text.find("ETE") != std::string::npos; });
-            if (label == canvas.elements().end()) continue;
-            EXPECT_GE(label->area.x, 0);
-            EXPECT_LE(label->area.right(), 480);
-            EXPECT_GE(label->area.y, 0);
-            EXPECT_LE(label->area.bottom(), 300);
+            for (const auto& each : map.paint(content).elements())
+                if (each.text.find("ETE") != std::string::npos) {
+                    const Rect& label = each.area;
+                    EXPECT_TRUE(label.x >= 0 && label.right() <= 480 && label.y >= 0 && label.bottom() <= 300);
+                }
         }
 }
 

@@ -2,8 +2,6 @@
 
 #include "cockpit/Cockpit.h"
 #include "config/DataFileSearch.h"
-#include "geo/GeoText.h"
-#include "geo/Units.h"
 #include "pages/FieldStrip.h"
 #include "pages/NavField.h"
 #include "pages/TouchBar.h"
@@ -12,47 +10,6 @@
 #include "paint/RecordingCanvas.h"
 
 namespace korvel { namespace {
-
-TEST(GeoText, CoordinatesCarryInsteadOfShowingSixtyMinutes) {
-    EXPECT_EQ(latitudeText(48, 0), "N48°00'");
-    EXPECT_EQ(latitudeText(-0.5, 0), "S00°30'");
-    EXPECT_EQ(latitudeText(48.35366, 2), "N48°21.22'");
-    EXPECT_EQ(latitudeText(47.99999999, 2), "N48°00.00'");
-    EXPECT_EQ(latitudeText(89.9999, 0), "N90°00'");
-    EXPECT_EQ(longitudeText(8.5, 0), "E008°30'");
-    EXPECT_EQ(longitudeText(-123.755, 1), "W123°45.3'");
-    EXPECT_EQ(longitudeText(180, 0), "E180°00'");
-    EXPECT_EQ(longitudeText(-180, 0), "E180°00'");
-    EXPECT_EQ(longitudeText(181, 0), "W179°00'");
-    EXPECT_EQ(longitudeText(-350, 0), "E010°00'");
-}
-
-TEST(GeoText, DistancesAreNeverRoundedToAWrongNumber) {
-    struct Case {
-        int unit;
-        double nm;
-        std::string_view text;
-    };
-    const Case cases[] = {{0, 65, "65 nm"}, {0, 32.5, "32.5 nm"}, {0, 12.5, "12.5 nm"}, {0, 0.5, "0.5 nm"},
-        {0, 250, "250 nm"}, {1, 65, "74.8 mi"}, {1, 100, "115 mi"}, {2, 1, "1.9 km"}, {2, 50 / 1.852, "50 km"},
-        {9, 99.96, "100 nm"}};
-    for (const Case& each : cases) EXPECT_EQ(distanceText(each.nm, distanceUnitOf(each.unit)), each.text);
-    EXPECT_EQ(distanceTenthsText(65, DistanceUnit::NauticalMiles), "65.0 nm");
-    EXPECT_EQ(distanceTenthsText(250, DistanceUnit::NauticalMiles), "250 nm");
-}
-
-TEST(GeoText, CoursesAndAges) {
-    EXPECT_EQ(courseText(83.4), "083");
-    EXPECT_EQ(courseText(0.2), "360");
-    EXPECT_EQ(courseText(359.7), "360");
-    EXPECT_EQ(courseText(-1), "359");
-    EXPECT_EQ(ageText(12), "12 s");
-    EXPECT_EQ(ageText(59), "59 s");
-    EXPECT_EQ(ageText(125), "2 min 05 s");
-    EXPECT_EQ(ageText(3599), "59 min 59 s");
-    EXPECT_EQ(ageText(3600), "1 h 00 min");
-    EXPECT_EQ(ageText(3720), "1 h 02 min");
-}
 
 TEST(NavField, FieldsShowTheirValuesOrDashes) {
     struct Case {

@@ -6,19 +6,13 @@
 #include <gtest/gtest.h>
 
 #include "cockpit/Cockpit.h"
-#include "geo/Units.h"
-#include "map/MapViewport.h"
-#include "map/layers/MapFurniture.h"
 #include "pages/HsiGeometry.h"
 #include "pages/HsiPage.h"
 #include "pages/HsiPainter.h"
-#include "paint/B612Metrics.h"
 #include "paint/Clip.h"
 #include "paint/ColorScheme.h"
-#include "paint/LabelSpace.h"
 #include "paint/MapColorCache.h"
 #include "paint/RecordingCanvas.h"
-#include "paint/TypeSizes.h"
 
 namespace korvel { namespace {
 
@@ -170,36 +164,6 @@ TEST(HsiPage, ShowsTheLegAsAPilotReadsIt) {
     EXPECT_EQ(hsiState(data).heading, 360) << "as courses are read";
     data.trackMagDeg.reset();
     EXPECT_EQ(hsiState(data).course, HsiState::kNone) << "without a track there is no up";
-}
-
-TEST(HsiPage, OverTheMapTheNumbersAreFreeOfEachOtherAndOfTheCorners) {
-    CockpitData data = navigating();
-    data.simulated = true;
-    data.databaseNotice = "CHARTS EXPIRED 2013-05-02";
-    data.fullScaleNm = 1.25;
-    const std::pair<int, int> sizes[] = {{480, 520}, {600, 760}, {640, 290}, {800, 370}, {1280, 660}, {1420, 540}};
-    for (const auto& [width, height] : sizes)
-        for (int track = 1; track < 360; track += 10) {
-            data.trackMagDeg = track;
-            MapViewport viewport;
-            viewport.layout(PageId::MapHsi, width, height);
-            const B612Metrics metrics;
-            const Rect page{0, 0, static_cast<double>(width), static_cast<double>(height)};
-            const double textPx = mapTextPx(width, height);
-            const std::vector<Rect> lower = lowerCorners(metrics, page, data, textPx);
-            std::vector<Rect> boxes = hsiLabelsOverMap(metrics, page, data, {viewport.aircraft(), lower});
-            ASSERT_GT(boxes.size(), 14U);
-            boxes.resize(14);  // heading, numbers and full scale; the needle crosses none of them
-            for (Rect& box : boxes) box = grown(box, -3);  // names on the map stay farther away
-            const MapFurniture corners =
-                layOutFurniture(metrics, page, data, viewport.projection(*data.position, 0), 4, textPx);
-            for (std::size_t i = 0; i < boxes.size(); ++i) {
-                for (std::size_t j = 0; j < i; ++j)
-                    EXPECT_FALSE(overlap(boxes[i], boxes[j])) << width << " " << track << ": " << i << " " << j;
-                for (const Rect& corner : corners.areas())
-                    EXPECT_FALSE(overlap(boxes[i], corner)) << width << " " << track << ": " << i;
-            }
-        }
 }
 
 TEST(HsiPage, StatesItsFullScaleInTheUnitInForce) {

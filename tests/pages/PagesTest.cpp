@@ -4,57 +4,49 @@
 #include <gtest/gtest.h>
 
 #include "cockpit/Cockpit.h"
-#include "config/DataFileSearch.h"
+#include "pages/AlarmBoxes.h"
+#include "pages/AttitudePage.h"
 #include "pages/SatellitePage.h"
+#include "pages/StatusScreen.h"
+#include "paint/B612Metrics.h"
 #include "paint/ColorScheme.h"
+#include "paint/LabelSpace.h"
 #include "paint/MapColorCache.h"
 #include "paint/RecordingCanvas.h"
-#include "screen/PagePainter.h"
 
 namespace korvel { namespace {
 
 using Element = RecordingCanvas::Element;
 using Kind = RecordingCanvas::Kind;
 
-// A page painted with the day scheme, unless a name says another one.
-struct PaintedPage {
-    RecordingCanvas canvas;
-
-    PaintedPage(PageId page, const CockpitData& data, int width = 800, int height = 370, std::string_view name = {})
-        : canvas(width, height) {
-        ColorScheme scheme;
-        scheme.load(name, DataFileSearch({}));
-        const MapColorCache colors(scheme);
-        MapViewport viewport;
-        viewport.layout(page, width, height);
-        PagePainter(colors).paint(canvas, page, {.data = data, .viewport = viewport, .attitude = attitude});
-    }
-    AttitudeView attitude{.picture = {}, .alive = false, .notice = "No attitude module\nput one here"};
-};
-
-std::string textsOf(PageId page, const CockpitData& data) { return PaintedPage(page, data).canvas.texts(); }
+/// A page painted with the day scheme.
+RecordingCanvas painted(
+    void (*paint)(Canvas&, const CockpitData&, const MapColorCache&), const CockpitData& data, double width = 800) {
+    const ColorScheme scheme;
+    RecordingCanvas canvas(width, 370);
+    paint(canvas, data, MapColorCache(scheme));
+    return canvas;
+}
 
 TEST(StatusScreen, SaysHowFarTheConnectionIs) {
     CockpitData data;
     data.status = "COM5 4800\nNo Gps Rcvr Activity";
-    EXPECT_EQ(textsOf(PageId::Map, data),
+    EXPECT_EQ(painted(paintStatusScreen, data).texts(),
         "COM5 4800\nNo Gps Rcvr Activity\n"
         "Connecting to GPS...\nSelect Options.Simulator menu to test.\n");
     data.receiverActive = true;
     data.status = "Locating Satellites";
-    EXPECT_EQ(textsOf(PageId::NorthUp, data), "Locating Satellites\n");
-    EXPECT_EQ(textsOf(PageId::Hsi, {}), "Connecting to GPS...\nSelect Options.Simulator menu to test.\n");
+    EXPECT_EQ(painted(paintStatusScreen, data).texts(), "Locating Satellites\n");
+    EXPECT_EQ(painted(paintStatusScreen, {}).texts(), "Connecting to GPS...\nSelect Options.Simulator menu to test.\n");
 }
 
 TEST(StatusScreen, FitsAnyWindow) {
     CockpitData data;
     data.status = "COM5:,38400,N,8,1\nThe port is being used by some other program";
     for (const int width : {320, 640, 2560}) {
-        const PaintedPage page(PageId::Map, data, width, 300);
-        for (const Element& element : page.canvas.elements()) {
-            EXPECT_GE(element.area.x, 0) << element.text;
-            EXPECT_LE(element.area.right(), width) << element.text;
-        }
+        const RecordingCanvas canvas = painted(paintStatusScreen, data, width);
+        for (const Element& element : canvas.elements())
+            EXPECT_TRUE(element.area.x >= 0 && element.area.right() <= width) << element.text;
     }
 }
 
@@ -76,8 +68,7 @@ TEST(SatellitePage, PutsTheZenithInTheMiddleAndEastAtTheRight) {
 TEST(SatellitePage, UsedOnesAreFilledAndEachShowsItsSignal) {
     CockpitData data = flying();
     data.satellites = {{7, true, 41, 200, 75}, {29, false, 18, 330, 8}, {30, false, 0, 230, 5}};
-    const PaintedPage page(PageId::Satellite, data);
-    const RecordingCanvas& canvas = page.canvas;
+    const RecordingCanvas canvas = painted(paintSatellitePage, data);
     EXPECT_NE(canvas.findText("3D fix, 8 satellites"), nullptr);
     const ColorValue used = ColorScheme().Color("nav.background");
     int filled = 0;
@@ -99,12 +90,12 @@ TEST(SatellitePage, UsedOnesAreFilledAndEachShowsItsSignal) {
 TEST(SatellitePage, SaysWhyItIsEmpty) {
     CockpitData data;
     EXPECT_EQ(fixText(data), "No fix, 0 satellites");
-    EXPECT_NE(textsOf(PageId::Satellite, data).find("Waiting for satellite data"), std::string::npos);
+    EXPECT_NE(painted(paintSatellitePage, data).texts().find("Waiting for satellite data"), std::string::npos);
     data.simulated = true;
     EXPECT_EQ(fixText(data), "SIMULATOR");
-    EXPECT_NE(textsOf(PageId::Satellite, data).find("The simulator has no satellites."), std::string::npos);
+    EXPECT_NE(painted(paintSatellitePage, data).texts().find("The simulator has no satellites."), std::string::npos);
     data.status = "COM5 4800\nNo Gps Rcvr Activity";
-    EXPECT_NE(textsOf(PageId::Satellite, data).find("\nCOM5 4800\nNo Gps Rcvr Activity\n"), std::string::npos);
+    EXPECT_NE(painted(paintSatellitePage, data).texts().find("\nCOM5 4800\nNo Gps Rcvr Activity\n"), std::string::npos);
     data.fixQuality = 1;
     data.satsInUse = 1;
     EXPECT_EQ(fixText(data), "2D fix, 1 satellite");
@@ -123,35 +114,23 @@ TEST(AttitudePage, CrossesAStalePictureOut) {
     }
 }
 
-// The ground on which a text stands: what was filled last below its middle.
-ColorValue groundOf(const std::vector<Element>& elements, std::size_t text, ColorValue page) {
-    const Point middle = elements[text].area.center();
-    for (std::size_t i = text; i-- > 0;) {
-        const Element& below = elements[i];
-        if ((below.kind == Kind::Rect || below.kind == Kind::Circle) && below.fill && below.area.contains(middle))
-            return blended(below.fill->color, page, 1 - below.fill->opacity);
-    }
-    return page;
-}
-
-TEST(PagePainter, NothingIsBrighterThanItsTextAtNight) {
-    CockpitData data = navigating();
-    data.alarms = {"CHECK GEAR"};
-    data.simulated = true;
-    for (const CockpitData& each : {data, flying(), CockpitData{}})
-        for (int page = 0; page < kPageCount; ++page) {
-            const PaintedPage night(PageId{page}, each, 800, 370, nightSchemeName());
-            const auto& elements = night.canvas.elements();
-            for (std::size_t i = 0; i < elements.size(); ++i) {
-                if (elements[i].kind != Kind::Text) continue;
-                EXPECT_LT(lightOf(groundOf(elements, i, Rgb(0, 0, 0))), lightOf(elements[i].style.color))
-                    << page << " " << elements[i].text;
-            }
+TEST(AlarmBoxes, FillAStripBelowThePageRowByRow) {
+    const std::vector<std::string> alarms = {"CHECK GEAR", "OFF COURSE", "Arriving at KBFI"};
+    double before = 0;
+    for (const int width : {1280, 480, 320}) {
+        const RecordingCanvas canvas(width, 400);
+        const AlarmBoxes boxes(B612Metrics(), canvas.area(), alarms, 14, AlarmBoxes::Place::Strip);
+        const Rect strip{0, 400 - boxes.stripHeight, static_cast<double>(width), boxes.stripHeight};
+        for (std::size_t i = 0; i < boxes.areas.size(); ++i) {
+            const Rect& area = boxes.areas[i];
+            EXPECT_EQ(boxes.alarmAt(area.center()), i);
+            EXPECT_TRUE(area.x >= 0 && area.y > strip.y && area.right() <= strip.right() && area.bottom() < 400);
+            EXPECT_FALSE(i > 0 && overlap(area, boxes.areas[i - 1]));
         }
-}
-
-TEST(PagePainter, EveryPageShowsSomethingInFlight) {
-    for (int page = 0; page < kPageCount; ++page) EXPECT_FALSE(textsOf(PageId{page}, flying()).empty()) << page;
+        EXPECT_GT(boxes.stripHeight, before) << width;
+        before = boxes.stripHeight;
+    }
+    EXPECT_EQ(AlarmBoxes(B612Metrics(), {0, 0, 800, 400}, {}, 14, AlarmBoxes::Place::Strip).stripHeight, 0);
 }
 
 }}  // namespace korvel

@@ -1,0 +1,71 @@
+#include <tuple>
+
+#include <gtest/gtest.h>
+
+#include "cockpit/Cockpit.h"
+#include "navdb/records/AirportRecord.h"
+#include "pages/AirportPicture.h"
+#include "pages/NearestPage.h"
+#include "paint/ColorScheme.h"
+#include "paint/MapColorCache.h"
+#include "paint/RecordingCanvas.h"
+
+namespace korvel { namespace {
+
+TEST(NearestPage, TellsWhichRowIsUnderAFingerAndWhyThereIsNone) {
+    const NearestLayout top = layOutNearestPage(800, 370, 20, {});
+    const NearestLayout last = layOutNearestPage(800, 370, 20, {.first = 99});
+    ASSERT_EQ(top.rows.size(), top.perPage);
+    EXPECT_EQ(top.rowAt(top.rows[2].center()), 2U);
+    EXPECT_EQ(top.rowAt(top.title.center()), std::nullopt);
+    EXPECT_EQ(last.rowAt(last.rows[0].center()), 19U);
+    EXPECT_EQ(last.rowAt({10, 369}), std::nullopt);
+
+    const ColorScheme scheme;
+    const MapColorCache colors(scheme);
+    CockpitData data = flying();
+    data.databaseNotice = "NO CHARTS LOADED";
+    RecordingCanvas canvas(800, 370);
+    paintNearestPage(canvas, data, {}, colors);
+    EXPECT_NE(canvas.findText("NO CHARTS LOADED"), nullptr);
+    data.nearAirports = std::make_shared<std::vector<NearAirport>>();
+    paintNearestPage(canvas, data, {}, colors);
+    EXPECT_NE(canvas.findText("No airport near"), nullptr);
+}
+
+RunwayRecord runwayRecord(int lengthFt, int headingDeg, GeoPoint low = {}, GeoPoint high = {}) {
+    RunwayRecord runway;
+    runway.lengthFt = lengthFt;
+    runway.ends.resize(2);
+    runway.ends[0].magHeadingDeg = headingDeg;
+    runway.ends[0].position = low;
+    runway.ends[1].magHeadingDeg = headingDeg + 180;
+    runway.ends[1].position = high;
+    return runway;
+}
+
+TEST(AirportPicture, RunwaysAreToScaleWhereTheyAreOrSideBySide) {
+    const Rect area{10, 20, 400, 300};
+    AirportRecord airport;
+    airport.magVariationDeg = 0;
+    airport.runways = {runwayRecord(6076, 90, atDegrees(60, 179.99), atDegrees(60, -179.9767)),
+        runwayRecord(3038, 0, atDegrees(60, 179.99), atDegrees(60.00833, 179.99))};
+    for (const bool known : {true, false}) {
+        if (!known) airport.runways[1].ends[0].position = {};
+        const AirportPictureLayout layout = layOutAirport(airport, area, 14);
+        ASSERT_EQ(layout.runways.size(), 2U);
+        EXPECT_EQ(layout.inPlace, known);
+        const auto& [east, north] = std::tie(layout.runways[0], layout.runways[1]);
+        EXPECT_NEAR(east.from.y, east.to.y, 0.5);
+        EXPECT_NEAR(north.from.x, north.to.x, 0.5);
+        const double eastPx = east.to.x - east.from.x;
+        EXPECT_NEAR(eastPx, 6076 * layout.pixelsPerFt, 0.01 * eastPx);
+        EXPECT_NEAR(north.from.y - north.to.y, eastPx / 2, 0.01 * eastPx);
+    }
+    airport.runways.assign(8, runwayRecord(5000, 45));
+    for (const RunwayShape& shape : layOutAirport(airport, area, 14).runways)
+        for (const Point point : {shape.from, shape.to}) EXPECT_TRUE(area.contains(point));
+    EXPECT_TRUE(layOutAirport(AirportRecord(), area, 14).runways.empty());
+}
+
+}}  // namespace korvel
