@@ -36,14 +36,13 @@ class Flown {
 };
 
 TEST(DerivedAttitude, BanksAsAStandardTurnNeedsIt) {
-    struct Case {
+    const struct {
         double rate;
         double speedKt;
         double bank;  // atan of speed times rate over gravity
-    };
-    const Case cases[] = {{3, 100, 15.36}, {-3, 100, -15.36}, {6, 60, 18.24}, {0, 150, 0},
+    } cases[] = {{3, 100, 15.36}, {-3, 100, -15.36}, {6, 60, 18.24}, {0, 150, 0},
         {30, 200, 60}};  // the last one is no aircraft's
-    for (const Case& each : cases)
+    for (const auto& each : cases)
         for (const std::int64_t every : {500, 1000}) {
             Flown flight;
             flight.everyMs = every;

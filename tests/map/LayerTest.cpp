@@ -9,6 +9,7 @@
 #include "map/layers/PlaceLayout.h"
 #include "navdb/TestDatabase.h"
 #include "navdb/file/DatabaseTables.h"
+#include "paint/Clip.h"
 #include "paint/LabelSpace.h"
 
 namespace korvel { namespace {

@@ -84,9 +84,8 @@ TEST(MapGrid, AFewLinesShowAtEveryRangeSizeAndAngle) {
                     EXPECT_LE(meridians, 10) << width << " " << range << " " << lat;
                     for (const GridLine& line : lines)
                         for (const Point& end : {line.segment.from, line.segment.to}) {
-                            EXPECT_GE(std::min(end.x, end.y), -kHalf);
-                            EXPECT_LE(end.x, width + 1 + kHalf);
-                            EXPECT_LE(end.y, height + 1 + kHalf);
+                            EXPECT_TRUE(std::min(end.x, end.y) >= -kHalf && end.x <= width + 1 + kHalf &&
+                                        end.y <= height + 1 + kHalf);
                         }
                 }
 }
@@ -116,9 +115,8 @@ TEST(MapGrid, EndsAtThePoleAndHalfATurnAway) {
     const double east = projection.project(atDegrees(85.2, 199.9999)).x;
     ASSERT_FALSE(lines.empty());
     for (const GridLine& line : lines) {
-        EXPECT_GE(std::min(line.segment.from.y, line.segment.to.y), pole - kHalf) << line.label;
-        EXPECT_GE(std::min(line.segment.from.x, line.segment.to.x), west - 0.1) << line.label;
-        EXPECT_LE(std::max(line.segment.from.x, line.segment.to.x), east + 0.1) << line.label;
+        for (const Point end : {line.segment.from, line.segment.to})
+            EXPECT_TRUE(end.y >= pole - kHalf && end.x >= west - 0.1 && end.x <= east + 0.1) << line.label;
     }
     const std::vector<std::string> labels = labelsOf(lines);
     EXPECT_EQ(std::count(labels.begin(), labels.end(), "N90°00'"), 1);

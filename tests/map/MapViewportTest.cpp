@@ -13,12 +13,11 @@
 namespace korvel { namespace {
 
 TEST(MapViewport, LaysOutEachPage) {
-    struct Case {
+    const struct {
         PageId page;
         int width, height;
         int evenWidth, evenHeight, x, y;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {PageId::Map, 801, 601, 802, 602, 401, 331},
         {PageId::Map, 800, 600, 800, 600, 400, 330},
         {PageId::NorthUp, 800, 600, 800, 600, 400, 300},
@@ -26,14 +25,12 @@ TEST(MapViewport, LaysOutEachPage) {
         {PageId::Efis, 801, 601, 802, 602, 401, 481},
         {PageId::Attitude, 1, 0, 2, 0, 1, 30},
     };
-    for (const Case& one : cases) {
+    for (const auto& one : cases) {
         MapViewport view;
         view.setRange(25);
         view.layout(one.page, one.width, one.height);
-        EXPECT_EQ(view.width(), one.evenWidth);
-        EXPECT_EQ(view.height(), one.evenHeight);
-        EXPECT_EQ(view.aircraftX(), one.x);
-        EXPECT_EQ(view.aircraftY(), one.y);
+        EXPECT_EQ(std::tuple(view.width(), view.height(), view.aircraftX(), view.aircraftY()),
+            std::tuple(one.evenWidth, one.evenHeight, one.x, one.y));
         EXPECT_DOUBLE_EQ(view.pixelsPerNm(), one.y / 25.0);
     }
 }

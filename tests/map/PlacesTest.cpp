@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
+#include "config/Settings.h"
 #include "map/DayMap.h"
 #include "map/PlaceHit.h"
 #include "map/feeds/MapFeeds.h"
@@ -114,7 +115,7 @@ TEST(PlaceHit, TheNearestComesFirstAndAmongEquallyNearTheMoreImportant) {
     add("LONG", {300, 100}, 300);
     add("AWAY", {100, 131}, 200);
     auto details = std::make_shared<PlaceDetails>();
-    details->runways = {{.ends = {projection.unproject({114, 90}), projection.unproject({400, 90})}}};
+    details->runways = {{.ends = {projection.unproject({114, 90}), projection.unproject({400, 90})}, .ids = {}}};
     set.places[3].details = details;
     const auto hit = [&](int rangeNm) {
         std::string text;

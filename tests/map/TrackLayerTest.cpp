@@ -40,13 +40,12 @@ std::vector<Segment> traced(const MapProjection& projection, GeoPoint from, GeoP
 }
 
 TEST(GreatCircleLine, LiesOnTheWayAndNowhereElse) {
-    struct Case {
+    const struct {
         GeoPoint center;
         GeoPoint from;
         GeoPoint to;
         double pixelsPerNm;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {atDegrees(50, 0), atDegrees(40, -30), atDegrees(40, 30), 0.24},
         {atDegrees(59.21, 0), atDegrees(40, -60), atDegrees(40, 60), 24},
         {atDegrees(0, 0), atDegrees(-40, -60), atDegrees(40, 60), 0.24},
@@ -54,7 +53,7 @@ TEST(GreatCircleLine, LiesOnTheWayAndNowhereElse) {
         {atDegrees(85, 20), atDegrees(80, 60), atDegrees(82, -150), 0.24},
         {atDegrees(-45, -179.5), atDegrees(-44, 179.5), atDegrees(-45, -178), 6},
     };
-    for (const Case& one : cases) {
+    for (const auto& one : cases) {
         const MapProjection projection(one.center, {400, 270}, one.pixelsPerNm, 30);
         const std::vector<Segment> segments = traced(projection, one.from, one.to);
         const double length = GreatCircleDistance(one.from.lat, one.from.lon, one.to.lat, one.to.lon);

@@ -12,12 +12,11 @@
 namespace korvel { namespace {
 
 TEST(NavField, FieldsShowTheirValuesOrDashes) {
-    struct Case {
+    const struct {
         std::string_view name;
         NavFieldText knots;
         NavFieldText metric;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"GS", {"118", "kt", ""}, {"219", "kph", ""}},
         {"TRK", {"083", "°M", ""}, {"083", "°M", ""}},
         {"BRG", {"091", "°M", ""}, {"091", "°M", ""}},
@@ -46,7 +45,7 @@ TEST(NavField, FieldsShowTheirValuesOrDashes) {
     CockpitData metric = navigating();
     metric.altUnit = 1;
     metric.distanceUnit = DistanceUnit::Kilometres;
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         const NavField& field = navField(navFieldsFromText(each.name).front());
         ASSERT_EQ(field.header.english, each.name);
         EXPECT_EQ(field.format(navigating()), each.knots) << field.header.english;

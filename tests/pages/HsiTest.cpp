@@ -50,15 +50,13 @@ TEST(HsiGeometry, TheHeadingStandsAtTheTop) {
 }
 
 TEST(HsiGeometry, LabelsTurnWithTheCardAndStandOnTheRimsSide) {
-    struct Case {
+    const struct {
         int heading;
         std::string text;
         Rect box;  // of a text 30 pixels wide
-    };
-    // Anchors 150 pixels from the middle, boxes beyond them.
-    const Case cases[] = {{0, "N", {485, 130, 30, 20}}, {0, "E", {650, 290, 30, 20}}, {0, "S", {485, 450, 30, 20}},
+    } cases[] = {{0, "N", {485, 130, 30, 20}}, {0, "E", {650, 290, 30, 20}}, {0, "S", {485, 450, 30, 20}},
         {0, "W", {320, 290, 30, 20}}, {90, "E", {485, 130, 30, 20}}, {330, "30", {403, 151, 30, 20}}};
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         const HsiGeometry geometry(stateAt(each.heading));
         int found = 0;
         for (const auto& tick : geometry.ticks())
@@ -87,18 +85,16 @@ TEST(HsiGeometry, TheBearingMarkKeepsItsGap) {
 }
 
 TEST(HsiGeometry, TheBarShowsWhereTheCourseLies) {
-    struct Case {
+    const struct {
         int heading;
         int course;
         double deviation;
         int angle;  // of the needle
         double dx;  // of the bar's middle from the aircraft
         double dy;
-    };
-    // 165 pixels inside the labels; full scale is at six tenths of them.
-    const Case cases[] = {{0, 0, 1, 90, 99, 0}, {0, 0, -0.5, 90, -49.5, 0}, {0, 0, 3, 90, 99, 0},
-        {0, 180, 1, 270, -99, 0}, {0, 90, 1, 0, 0, 99}, {350, 10, 0, 70, 0, 0}, {350, 350, -1, 90, -99, 0}};
-    for (const Case& each : cases) {
+    } cases[] = {{0, 0, 1, 90, 99, 0}, {0, 0, -0.5, 90, -49.5, 0}, {0, 0, 3, 90, 99, 0}, {0, 180, 1, 270, -99, 0},
+        {0, 90, 1, 0, 0, 99}, {350, 10, 0, 70, 0, 0}, {350, 350, -1, 90, -99, 0}};
+    for (const auto& each : cases) {
         HsiState state = stateAt(each.heading);
         state.course = each.course;
         state.deviation = each.deviation;
@@ -146,11 +142,8 @@ TEST(HsiPainter, OnlyAnInvalidCourseIsRed) {
 TEST(HsiPage, ShowsTheLegAsAPilotReadsIt) {
     CockpitData data = navigating();
     HsiState state = hsiState(data);
-    EXPECT_EQ(state.heading, 83);
-    EXPECT_EQ(state.course, 89);
-    EXPECT_EQ(state.bearing, 91.4);
+    EXPECT_EQ(std::tuple(state.heading, state.course, state.bearing, state.toFrom), std::tuple(83, 89, 91.4, 1));
     EXPECT_DOUBLE_EQ(state.deviation, 1.26 / 5) << "left of course: the course lies to the right";
-    EXPECT_EQ(state.toFrom, 1);
     data.approach.emplace();
     data.fullScaleNm = 1.25;
     EXPECT_DOUBLE_EQ(hsiState(data).deviation, 1.26 / 1.25);

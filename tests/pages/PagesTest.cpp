@@ -20,45 +20,48 @@ using Element = RecordingCanvas::Element;
 using Kind = RecordingCanvas::Kind;
 
 /// A page painted with the day scheme.
-RecordingCanvas painted(
-    void (*paint)(Canvas&, const CockpitData&, const MapColorCache&), const CockpitData& data, double width = 800) {
-    const ColorScheme scheme;
-    RecordingCanvas canvas(width, 370);
-    paint(canvas, data, MapColorCache(scheme));
-    return canvas;
-}
+struct Painted {
+    RecordingCanvas canvas;
+
+    Painted(
+        void (*paint)(Canvas&, const CockpitData&, const MapColorCache&), const CockpitData& data, double width = 800)
+        : canvas(width, 370) {
+        const ColorScheme scheme;
+        paint(canvas, data, MapColorCache(scheme));
+    }
+};
 
 TEST(StatusScreen, SaysHowFarTheConnectionIs) {
     CockpitData data;
     data.status = "COM5 4800\nNo Gps Rcvr Activity";
-    EXPECT_EQ(painted(paintStatusScreen, data).texts(),
+    EXPECT_EQ(Painted(paintStatusScreen, data).canvas.texts(),
         "COM5 4800\nNo Gps Rcvr Activity\n"
         "Connecting to GPS...\nSelect Options.Simulator menu to test.\n");
     data.receiverActive = true;
     data.status = "Locating Satellites";
-    EXPECT_EQ(painted(paintStatusScreen, data).texts(), "Locating Satellites\n");
-    EXPECT_EQ(painted(paintStatusScreen, {}).texts(), "Connecting to GPS...\nSelect Options.Simulator menu to test.\n");
+    EXPECT_EQ(Painted(paintStatusScreen, data).canvas.texts(), "Locating Satellites\n");
+    EXPECT_EQ(Painted(paintStatusScreen, {}).canvas.texts(),
+        "Connecting to GPS...\nSelect Options.Simulator menu to test.\n");
 }
 
 TEST(StatusScreen, FitsAnyWindow) {
     CockpitData data;
     data.status = "COM5:,38400,N,8,1\nThe port is being used by some other program";
     for (const int width : {320, 640, 2560}) {
-        const RecordingCanvas canvas = painted(paintStatusScreen, data, width);
-        for (const Element& element : canvas.elements())
+        const Painted page(paintStatusScreen, data, width);
+        for (const Element& element : page.canvas.elements())
             EXPECT_TRUE(element.area.x >= 0 && element.area.right() <= width) << element.text;
     }
 }
 
 TEST(SatellitePage, PutsTheZenithInTheMiddleAndEastAtTheRight) {
-    struct Case {
+    const struct {
         int azimuth;
         int elevation;
         Point place;
-    };
-    const Case cases[] = {{0, 0, {100, 50}}, {90, 0, {150, 100}}, {180, 45, {100, 125}}, {270, 60, {83.3333, 100}},
+    } cases[] = {{0, 0, {100, 50}}, {90, 0, {150, 100}}, {180, 45, {100, 125}}, {270, 60, {83.3333, 100}},
         {123, 90, {100, 100}}};
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         const Point place = skyPoint({1, true, 40, each.azimuth, each.elevation}, {100, 100}, 50);
         EXPECT_NEAR(place.x, each.place.x, 1e-3) << each.azimuth;
         EXPECT_NEAR(place.y, each.place.y, 1e-3) << each.azimuth;
@@ -68,7 +71,8 @@ TEST(SatellitePage, PutsTheZenithInTheMiddleAndEastAtTheRight) {
 TEST(SatellitePage, UsedOnesAreFilledAndEachShowsItsSignal) {
     CockpitData data = flying();
     data.satellites = {{7, true, 41, 200, 75}, {29, false, 18, 330, 8}, {30, false, 0, 230, 5}};
-    const RecordingCanvas canvas = painted(paintSatellitePage, data);
+    const Painted page(paintSatellitePage, data);
+    const RecordingCanvas& canvas = page.canvas;
     EXPECT_NE(canvas.findText("3D fix, 8 satellites"), nullptr);
     const ColorValue used = ColorScheme().Color("nav.background");
     int filled = 0;
@@ -90,12 +94,14 @@ TEST(SatellitePage, UsedOnesAreFilledAndEachShowsItsSignal) {
 TEST(SatellitePage, SaysWhyItIsEmpty) {
     CockpitData data;
     EXPECT_EQ(fixText(data), "No fix, 0 satellites");
-    EXPECT_NE(painted(paintSatellitePage, data).texts().find("Waiting for satellite data"), std::string::npos);
+    EXPECT_NE(Painted(paintSatellitePage, data).canvas.texts().find("Waiting for satellite data"), std::string::npos);
     data.simulated = true;
     EXPECT_EQ(fixText(data), "SIMULATOR");
-    EXPECT_NE(painted(paintSatellitePage, data).texts().find("The simulator has no satellites."), std::string::npos);
+    EXPECT_NE(
+        Painted(paintSatellitePage, data).canvas.texts().find("The simulator has no satellites."), std::string::npos);
     data.status = "COM5 4800\nNo Gps Rcvr Activity";
-    EXPECT_NE(painted(paintSatellitePage, data).texts().find("\nCOM5 4800\nNo Gps Rcvr Activity\n"), std::string::npos);
+    EXPECT_NE(Painted(paintSatellitePage, data).canvas.texts().find("\nCOM5 4800\nNo Gps Rcvr Activity\n"),
+        std::string::npos);
     data.fixQuality = 1;
     data.satsInUse = 1;
     EXPECT_EQ(fixText(data), "2D fix, 1 satellite");

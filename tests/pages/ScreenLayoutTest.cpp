@@ -10,17 +10,11 @@ namespace korvel { namespace {
 double area(const Rect& rect) { return rect.width * rect.height; }
 
 TEST(ScreenLayout, FieldsStandWhereThereIsRoom) {
-    const std::tuple<double, double, FieldArrangement> cases[] = {
-        {800, 480, FieldArrangement::OneRow},
-        {640, 480, FieldArrangement::TwoRows},
-        {700, 480, FieldArrangement::OneRow},
-        {699, 480, FieldArrangement::TwoRows},
-        {768, 1024, FieldArrangement::TwoRows},
-        {1400, 900, FieldArrangement::OneRow},
-        {1401, 900, FieldArrangement::Column},
-        {2560, 1600, FieldArrangement::Column},
-        {1600, 2560, FieldArrangement::Column},
-    };
+    const std::tuple<double, double, FieldArrangement> cases[] = {{800, 480, FieldArrangement::OneRow},
+        {640, 480, FieldArrangement::TwoRows}, {700, 480, FieldArrangement::OneRow},
+        {699, 480, FieldArrangement::TwoRows}, {768, 1024, FieldArrangement::TwoRows},
+        {1400, 900, FieldArrangement::OneRow}, {1401, 900, FieldArrangement::Column},
+        {2560, 1600, FieldArrangement::Column}, {1600, 2560, FieldArrangement::Column}};
     for (const auto& [width, height, arrangement] : cases) {
         const ScreenLayout layout = layOutScreen({.width = width, .height = height, .fieldCount = 5});
         EXPECT_EQ(layout.arrangement, arrangement) << width << "x" << height;
@@ -61,12 +55,9 @@ TEST(ScreenLayout, PartsFillTheWindowWithoutOverlap) {
 
 TEST(ScreenLayout, ATapFindsItsButton) {
     const ScreenLayout layout = layOutScreen({.width = 800, .height = 480, .fieldCount = 5, .buttonCount = 6});
-    EXPECT_EQ(layout.buttonAt({0, 479}), 0U);
-    EXPECT_EQ(layout.buttonAt({132.9, 440}), 0U);
-    EXPECT_EQ(layout.buttonAt({133, 440}), 1U);
-    EXPECT_EQ(layout.buttonAt({799, 436}), 5U);
-    EXPECT_EQ(layout.buttonAt({400, 435}), std::nullopt);
-    EXPECT_EQ(layout.buttonAt({800, 440}), std::nullopt);
+    const std::pair<Point, std::optional<std::size_t>> taps[] = {{{0, 479}, 0}, {{132.9, 440}, 0}, {{133, 440}, 1},
+        {{799, 436}, 5}, {{400, 435}, std::nullopt}, {{800, 440}, std::nullopt}};
+    for (const auto& [at, button] : taps) EXPECT_EQ(layout.buttonAt(at), button) << at.x;
 }
 
 }}  // namespace korvel

@@ -9,6 +9,7 @@
 #include "map/layers/MapFurniture.h"
 #include "pages/HsiPage.h"
 #include "paint/B612Metrics.h"
+#include "paint/Clip.h"
 #include "paint/ColorScheme.h"
 #include "paint/LabelSpace.h"
 #include "paint/MapColorCache.h"
@@ -37,8 +38,11 @@ struct PaintedPage {
         scheme.load(name, DataFileSearch({}));
         const MapColorCache colors(scheme);
         const MapViewport viewport = viewportOf(page, 800, 370);
-        PagePainter(colors).paint(
-            canvas, page, {.data = data, .viewport = viewport, .lookAt = lookAt, .attitude = {.notice = "No module"}});
+        PagePainter(colors).paint(canvas, page,
+            {.data = data,
+                .viewport = viewport,
+                .lookAt = lookAt,
+                .attitude = {.picture = {}, .alive = false, .notice = "No module"}});
     }
     bool has(std::string_view text) const { return canvas.findText(text) != nullptr; }
 };
