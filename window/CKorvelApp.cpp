@@ -48,7 +48,7 @@ CKorvelApp::CKorvelApp(const CommandLine& line)
       profile_(profileFolder(line), *registry_),
       fonts_(QString::fromStdString(profile_.getString(kOptionsSection, kFontKey, kUsualFont))),
       labels_(fonts_),
-      dataFiles_({documentsFolder(), programFolder()}),
+      dataFiles_({documentsFolder(), programFolder(), executableFolder() / "data"}),
       scheme_(profile_, dataFiles_),
       document_({profile_, clock_, systemSerialDeviceOpener(profileFolder(line) / "ports"),
                  profileFolder(line), pluginFolder()}),

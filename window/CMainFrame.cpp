@@ -149,7 +149,7 @@ void CMainFrame::chooseField(std::size_t field) {
 
 // Files
 
-std::string CMainFrame::openFile(const std::filesystem::path& path) { return file_.openPlan(path); }
+std::string CMainFrame::openFile(const std::filesystem::path& path) { return file_.load(path); }
 
 bool CMainFrame::recoverPlan(const std::filesystem::path& unsaved, bool wanted) {
     ActivePlan& plan = parts_.document.flight().plan();

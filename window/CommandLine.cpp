@@ -106,7 +106,7 @@ constexpr std::array<Option, 11> kOptions = {{
 /// The values go into `result`, which must outlive the parser.
 void declare(CLI::App& app, CommandLine& result) {
     app.option_defaults()->take_last();
-    app.add_option("PLAN.fp", result.planFile, "A flight plan to open")->type_name("");
+    app.add_option("PLAN.fp", result.planFile, "A flight plan or a track to open")->type_name("");
     app.add_flag("--version", result.version, "Say which version this is");
     CLI::Option* demo = app.add_flag("--demo", result.demo, "Fly the demonstration flight");
     app.add_flag("--sim", result.simulate, "Start the simulator at once");

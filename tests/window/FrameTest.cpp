@@ -208,6 +208,12 @@ TEST_F(FrameTest, APlanIsChangedByRowsTakenBackAndNotLost) {
         "f.AAA 47.500000 10.000000\r\nf.BBB@45 47.600000 10.500000\r\nf.CCC 47.700000 11.000000\r\n");
 }
 
+TEST_F(FrameTest, ATrackIsOpenedLikeAPlan) {
+    EXPECT_EQ(frame_->openFile(folder_.write("a.trk", "20260501,100000,52.38,9.69,95,270,2500\r\n")), "");
+    EXPECT_EQ(document_->flight().track().track()->read()->slots.size(), 1U);
+    EXPECT_EQ(frame_->openFile(folder_.write("b.trk", "")), "There are no track points in it.");
+}
+
 TEST_F(FrameTest, WithoutADatabaseTheReportSaysHowToBuildOne) {
     press(QKeySequence(Qt::SHIFT | Qt::Key_F2));
     const auto words = frame_->findChildren<QPlainTextEdit*>();

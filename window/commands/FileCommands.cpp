@@ -114,6 +114,10 @@ void FileCommands::openFile(const std::filesystem::path& path) {
     });
 }
 
+std::string FileCommands::load(const std::filesystem::path& path) {
+    return isTrack(path) ? loadTrack(path) : openPlan(path);
+}
+
 std::string FileCommands::openPlan(const std::filesystem::path& path) {
     std::string error = flight().plan().open(path);
     if (error.empty())
@@ -173,12 +177,17 @@ void FileCommands::chooseTrack() {
         [this](const std::filesystem::path& path) { openTrack(path); });
 }
 
-void FileCommands::openTrack(const std::filesystem::path& path) {
+std::string FileCommands::loadTrack(const std::filesystem::path& path) {
     TrackRecorder& recorder = flight().track();
-    if (const std::string error = recorder.openTrack(path); !error.empty())
+    std::string error = recorder.openTrack(path);
+    if (error.empty() && recorder.track()->read()->slots.empty())
+        error = text(kFileTexts.trackEmpty);
+    return error;
+}
+
+void FileCommands::openTrack(const std::filesystem::path& path) {
+    if (const std::string error = loadTrack(path); !error.empty())
         return showFileError(path, error);
-    if (recorder.track()->read()->slots.empty())
-        return showFileError(path, std::string(text(kFileTexts.trackEmpty)));
     host_.screen().say(formatText(kFileTexts.trackOpened, {path.filename().string()}));
 }
 

@@ -27,8 +27,8 @@ class FileCommands {
     /// Opens a plan or a track by its name, as a drop or the command line does. A plan that would
     /// be lost is asked for first.
     void openFile(const std::filesystem::path& path);
-    /// Opens a plan at once; the message for the pilot, empty on success.
-    [[nodiscard]] std::string openPlan(const std::filesystem::path& path);
+    /// Opens it at once, whatever is lost; the message for the pilot, empty on success.
+    [[nodiscard]] std::string load(const std::filesystem::path& path);
 
     /// Does `next` at once, or when the pilot has saved a changed plan or given it up.
     void withPlanSafe(const std::function<void()>& next);
@@ -36,6 +36,8 @@ class FileCommands {
 
  private:
     void showFileError(const std::filesystem::path& path, const std::string& error);
+    std::string openPlan(const std::filesystem::path& path);
+    std::string loadTrack(const std::filesystem::path& path);
     void newPlan();
     void savePlan(const std::function<void()>& next);
     void savePlanAs(const std::function<void()>& next);
