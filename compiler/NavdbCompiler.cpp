@@ -10,6 +10,7 @@
 
 #include "compiler/AirwayChains.h"
 #include "geo/Geodesy.h"
+#include "geo/Variation.h"
 
 namespace korvel {
 
@@ -73,7 +74,7 @@ std::int32_t magneticHeading(const SourceRunway& runway, std::size_t end,
         headingTrue = TrueCourseDeg(toGeoPoint(*here.position), toGeoPoint(*there.position));
     if (!headingTrue || !variation)
         return kNoInteger;
-    const int degrees = RoundToInt(PositiveMod(*headingTrue - *variation, 360.0));
+    const int degrees = RoundToInt(magneticOf(*headingTrue, *variation));
     return degrees == 0 ? 360 : degrees;
 }
 

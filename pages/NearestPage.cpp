@@ -12,7 +12,6 @@
 #include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
-#include "geo/Units.h"
 #include "paint/MapColorCache.h"
 #include "paint/TypeSizes.h"
 
@@ -24,7 +23,6 @@ constexpr double kRowHeights = 3.6;
 constexpr double kLargeShare = 1.35;
 constexpr double kFaded = 0.35;
 constexpr double kWordsFromPx = 640;  // width from which figures have room for a word
-constexpr int kMetresUnit = 1;
 
 // Left edges of the columns as shares of the width: who, where, how far, what.
 constexpr double kBearingColumn = 0.40;
@@ -32,11 +30,6 @@ constexpr double kDistanceEnd = 0.72;
 constexpr double kRunwayEnd = 1.0;
 
 double typeSize(double width, double height) { return mapTextPx(width, height); }
-
-std::string lengthText(int ft, int altUnit) {
-    return altUnit == kMetresUnit ? formatInt(std::lround(ft * kMetresPerFoot)) + " m"
-                                  : formatInt(ft) + " ft";
-}
 
 class NearestPainter {
  public:
@@ -106,7 +99,7 @@ class NearestPainter {
               upper, large(), ink_);
         runway(airport, area.width * kRunwayEnd - margin(), upper, lower);
         std::string elevation =
-            airport.elevationFt ? lengthText(*airport.elevationFt, data_.altUnit) : "---";
+            airport.elevationFt ? altitudeText(*airport.elevationFt, data_.altUnit) : "---";
         if (area.width >= kWordsFromPx)
             elevation = formatText(kInstrumentTexts.elevation, {elevation});
         right(elevation, area.width * kDistanceEnd, lower, small(), faint_);
@@ -155,7 +148,7 @@ class NearestPainter {
             right("---", edge, upper, large(), ink_);
             return;
         }
-        right(lengthText(*airport.longestRunwayFt, data_.altUnit), edge, upper, large(), ink_);
+        right(altitudeText(*airport.longestRunwayFt, data_.altUnit), edge, upper, large(), ink_);
         right(airport.runway + (airport.surface.empty() ? "" : "  " + airport.surface), edge, lower,
               small(), faint_);
     }
