@@ -54,12 +54,11 @@ TEST(TextNumbers, ScansDecimalsLikeTheLibrary) {
 }
 
 TEST(TextNumbers, ScansIntegersAndSaturates) {
-    struct Case {
+    const struct {
         const char* text;
         std::optional<int> value;
         const char* rest;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"12,3", 12, ",3"},
         {" \t-7x", -7, "x"},
         {"+5", 5, ""},
@@ -72,7 +71,7 @@ TEST(TextNumbers, ScansIntegersAndSaturates) {
         {"-2147483648", std::numeric_limits<int>::min(), ""},
         {"-99999999999999999999999", std::numeric_limits<int>::min(), ""},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         std::string_view rest = c.text;
         EXPECT_EQ(scanInt(rest), c.value) << c.text;
         EXPECT_EQ(rest, c.rest) << c.text;

@@ -55,12 +55,9 @@ TEST(Consolidation, GivesFixesTheUsageOfTheirAirwaysAndAirwaysTheirFixes) {
     airways.addSegment("V1", *chain.begin(), *(chain.begin() + 1));
     ImportLog log;
     consolidate(data, log);
-    EXPECT_EQ(data.fixes[0].usage, kUsageLow);
-    EXPECT_EQ(data.fixes[1].usage, kUsageBoth);
-    EXPECT_EQ(data.fixes[2].usage, kUsageTerminal);
-    EXPECT_EQ(data.fixes[3].usage, kUsageTerminal);
-    EXPECT_EQ(data.fixes[4].usage, kUsageVisual);
     ASSERT_EQ(data.fixes.size(), 7U);
+    const Usage usages[] = {kUsageLow, kUsageBoth, kUsageTerminal, kUsageTerminal, kUsageVisual};
+    for (std::size_t i = 0; i < std::size(usages); ++i) EXPECT_EQ(data.fixes[i].usage, usages[i]) << i;
     EXPECT_EQ(findFix(data, "VOR"), nullptr);
     EXPECT_NE(findFix(data, "TAC"), nullptr) << "the station is left out, its airway needs it";
     EXPECT_EQ(log.taken("fixes that only the airways know"), 1U);
@@ -78,9 +75,8 @@ TEST(Consolidation, FindsAirwayPointsByRegionWhereNoPositionIsGiven) {
     ImportLog log;
     consolidate(data, log);
     ASSERT_EQ(data.fixes.size(), 3U);
-    EXPECT_EQ(data.fixes[0].usage, kUsageTerminal);
-    EXPECT_EQ(data.fixes[1].usage, kUsageHigh);
-    EXPECT_EQ(data.fixes[2].usage, kUsageLow);
+    EXPECT_EQ(std::tuple(data.fixes[0].usage, data.fixes[1].usage, data.fixes[2].usage),
+        std::tuple(kUsageTerminal, kUsageHigh, kUsageLow));
     EXPECT_EQ(data.airways.points()[abbey].position->lat, 52.0);
     EXPECT_EQ(log.omitted("positions of airway points that no file gives"), 1U);
 }

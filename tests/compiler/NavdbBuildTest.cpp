@@ -108,12 +108,10 @@ TEST_F(NavdbBuild, CompilesOurAirportsTables) {
     EXPECT_EQ(airport.info, "Dusseldorf Airport International");
     EXPECT_NEAR(airport.magVariationDeg, -1.5, 1e-4);
     ASSERT_EQ(airport.runways.size(), 1U);
-    EXPECT_EQ(airport.runways[0].lengthFt, 9843);
-    EXPECT_FALSE(airport.runways[0].widthFt);
-    ASSERT_EQ(airport.runways[0].ends.size(), 2U);
-    EXPECT_EQ(airport.runways[0].ends[0].magHeadingDeg, 55);  // 53 true, 1.5 west
-    EXPECT_FALSE(airport.runways[0].ends[1].magHeadingDeg);
-    EXPECT_FALSE(IsValid(airport.runways[0].ends[0].position));
+    const RunwayRecord& runway = airport.runways[0];
+    EXPECT_EQ(std::tuple(runway.lengthFt, runway.widthFt), std::tuple(9843, std::nullopt));
+    EXPECT_EQ(runway.ends.at(0).magHeadingDeg, 55);  // 53 true, 1.5 west
+    EXPECT_FALSE(runway.ends.at(1).magHeadingDeg || IsValid(runway.ends[0].position));
     found = database.Find("a.XH");
     ASSERT_NE(found, nullptr);
     auto pad = dynamic_cast<const AirportRecord&>(*found);
@@ -165,21 +163,15 @@ TEST_F(World, KnowsSeattlesAirport) {
     EXPECT_FALSE(found->expired) << "its airways are to stay usable";
     auto sea = dynamic_cast<const AirportRecord&>(*found);
     database_.loadDetails(sea);
-    EXPECT_EQ(sea.GetName(), "Seattle Tacoma Intl");
-    EXPECT_EQ(sea.elevationFt, 433);
+    EXPECT_EQ(std::tuple(sea.GetName(), sea.elevationFt), std::tuple("Seattle Tacoma Intl", 433));
     EXPECT_EQ(sea.GetInfoText().find("rivate"), std::string::npos);
-    const struct {
-        const char* low;
-        const char* high;
-        int lengthFt;
-    } runways[] = {{"16L", "34R", 11901}, {"16C", "34C", 9426}, {"16R", "34L", 8500}};
+    const std::pair<const char*, int> runways[] = {{"16L34R", 11901}, {"16C34C", 9426}, {"16R34L", 8500}};
     ASSERT_EQ(sea.runways.size(), std::size(runways));
     for (std::size_t i = 0; i < std::size(runways); ++i) {
         const auto& ends = sea.runways[i].ends;
         ASSERT_EQ(ends.size(), 2U);
-        EXPECT_EQ(ends[0].id, runways[i].low);
-        EXPECT_EQ(ends[1].id, runways[i].high);
-        EXPECT_NEAR(*sea.runways[i].lengthFt, runways[i].lengthFt, 15);  // as published
+        EXPECT_EQ(ends[0].id + ends[1].id, runways[i].first);
+        EXPECT_NEAR(*sea.runways[i].lengthFt, runways[i].second, 15);  // as published
         EXPECT_NEAR(*ends[0].magHeadingDeg, 164, 4);
         EXPECT_NEAR(*ends[1].magHeadingDeg, 344, 4);
     }

@@ -97,12 +97,10 @@ TEST(NavdbWriter, WritesATinyDatabaseByteForByte) {
 
 TEST(NavdbWriter, SharesAndBoundsTexts) {
     NavdbWriter writer;
-    EXPECT_EQ(writer.addText(""), 0U);
-    EXPECT_EQ(writer.addText("SEA"), 1U);
-    EXPECT_EQ(writer.addText("SEATTLE"), 5U);
-    EXPECT_EQ(writer.addText("SEA"), 1U);
-    EXPECT_EQ(writer.addText(std::string(5000, 'x')), 13U);
-    EXPECT_EQ(writer.addText("next"), 13U + 1024 + 1);
+    const std::string tooLong(5000, 'x');
+    const std::pair<std::string, std::uint32_t> texts[] = {
+        {"", 0}, {"SEA", 1}, {"SEATTLE", 5}, {"SEA", 1}, {tooLong, 13}, {"next", 13 + 1024 + 1}};
+    for (const auto& [text, at] : texts) EXPECT_EQ(writer.addText(text), at);
 }
 
 TEST(NavdbRows, OrdersByTextAndByCellThenLatitude) {
@@ -128,12 +126,8 @@ TEST(NavdbRows, OrdersByTextAndByCellThenLatitude) {
     EXPECT_EQ(numbers(rows.inPlaceOrder()), "213504");
     const auto starts = rows.cellStarts();
     ASSERT_EQ(starts.size(), 361U);
-    EXPECT_EQ(starts[0], 0);
-    EXPECT_EQ(starts[1], 2);
-    EXPECT_EQ(starts[179], 2);
-    EXPECT_EQ(starts[180], 3);
-    EXPECT_EQ(starts[181], 5);
-    EXPECT_EQ(starts[360], 6);
+    for (const auto& [cell, start] : {std::pair{0, 0}, {1, 2}, {179, 2}, {180, 3}, {181, 5}, {360, 6}})
+        EXPECT_EQ(starts[static_cast<std::size_t>(cell)], start) << cell;
 }
 
 // The grid's word of a cell leads to the row that tells where the cell's places begin.
@@ -145,11 +139,8 @@ TEST(NavdbCompiler, PointsTheGridAtEachCellsRun) {
     const std::uint32_t grid = wordAt(file, 46);
     EXPECT_EQ(wordAt(file, grid), 359U);
     const auto fixesBefore = [&](std::uint32_t cell) { return wordAt(file, wordAt(file, grid + 4 + 4 * cell) + 12); };
-    EXPECT_EQ(fixesBefore(0), 0U);
-    EXPECT_EQ(fixesBefore(1), 1U);
-    EXPECT_EQ(fixesBefore(188), 1U);
-    EXPECT_EQ(fixesBefore(189), 3U);
-    EXPECT_EQ(fixesBefore(360), 3U);
+    for (const auto& [cell, count] : {std::pair{0U, 0U}, {1U, 1U}, {188U, 1U}, {189U, 3U}, {360U, 3U}})
+        EXPECT_EQ(fixesBefore(cell), count) << cell;
 }
 
 }}  // namespace korvel

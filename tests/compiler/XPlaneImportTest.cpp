@@ -54,20 +54,15 @@ TEST(XPlaneAirports, ReadsRunwaysFrequenciesAndMetadataOfAllVersions) {
     EXPECT_EQ(in.reported, Lines{});
     ASSERT_EQ(in.data.airports.size(), 4U);
     const auto& sea = in.data.airports[0];
-    EXPECT_EQ(sea.ident, "KSEA");
-    EXPECT_EQ(sea.name, "Seattle Tacoma Intl");
-    EXPECT_EQ(sea.elevationFt, 433);
-    EXPECT_TRUE(sea.hasBeacon);
+    EXPECT_EQ(std::tuple(sea.ident, sea.name, sea.elevationFt, sea.hasBeacon),
+        std::tuple("KSEA", "Seattle Tacoma Intl", 433, true));
     EXPECT_NEAR(sea.position.lat, 47.447486, 1e-6);
     ASSERT_EQ(sea.runways.size(), 1U);
     const auto& runway = sea.runways[0];
-    EXPECT_EQ(runway.ends[0].id, "16L");  // the low end first, whatever the file's order
-    EXPECT_EQ(runway.ends[1].id, "34R");
+    EXPECT_EQ(runway.ends[0].id + runway.ends[1].id, "16L34R") << "the low end first, whatever the file's order";
     EXPECT_NEAR(*runway.lengthFt, 11900, 10);
-    EXPECT_EQ(runway.widthFt, 151);
-    EXPECT_EQ(runway.surface, "CONC");
-    EXPECT_TRUE(runway.hard && runway.lighted);
-    EXPECT_EQ(runway.info, "Displaced thr 34R 400 ft");
+    EXPECT_EQ(std::tuple(runway.widthFt, runway.surface, runway.hard, runway.lighted, runway.info),
+        std::tuple(151, "CONC", true, true, "Displaced thr 34R 400 ft"));
     const std::pair<const char*, double> comms[] = {
         {"ATIS", 118.0}, {"SEATTLE TWR", 119.925}, {"SEATTLE TWR", 119.905}};
     ASSERT_EQ(sea.comms.size(), std::size(comms));
@@ -76,18 +71,15 @@ TEST(XPlaneAirports, ReadsRunwaysFrequenciesAndMetadataOfAllVersions) {
         EXPECT_NEAR(sea.comms[i].freqMhz, comms[i].second, 1e-9);
     }
     const auto& lake = in.data.airports[1];
-    EXPECT_EQ(lake.kind, AirportKind::Seaplane);
-    EXPECT_EQ(lake.name, "Kenmore Air Harbor Seaplane Base");
+    EXPECT_EQ(std::tuple(lake.kind, lake.name, lake.runways.at(0).surface),
+        std::tuple(AirportKind::Seaplane, "Kenmore Air Harbor Seaplane Base", "WATER"));
     EXPECT_EQ(lake.info, lake.name);  // 20 characters are shown of the name
-    EXPECT_EQ(lake.runways.at(0).surface, "WATER");
     const auto& pad = in.data.airports[2];
-    EXPECT_EQ(pad.kind, AirportKind::Heliport);
-    EXPECT_EQ(pad.runways.at(0).ends[0].headingTrue, 90.08);
-    EXPECT_EQ(pad.runways.at(0).lengthFt, 66);
+    EXPECT_EQ(std::tuple(pad.kind, pad.runways.at(0).ends[0].headingTrue, pad.runways.at(0).lengthFt),
+        std::tuple(AirportKind::Heliport, 90.08, 66));
     const auto& strip = in.data.airports[3];
-    EXPECT_EQ(strip.ident, "EDXX");
-    EXPECT_EQ(strip.position.lat, 50.5);
-    EXPECT_EQ(strip.runways.at(0).surface, "ASPH");
+    EXPECT_EQ(
+        std::tuple(strip.ident, strip.position.lat, strip.runways.at(0).surface), std::tuple("EDXX", 50.5, "ASPH"));
     EXPECT_EQ(in.log.omitted("closed airports"), 2U);
     EXPECT_EQ(in.log.omitted("airports without a runway or position"), 1U);
     EXPECT_EQ(in.log.omitted("helipads of airports with runways"), 1U);
@@ -121,6 +113,11 @@ TEST(XPlaneAirports, SkipsMalformedLinesAndTheRowsOfARefusedAirport) {
     EXPECT_NEAR(std::abs(in.data.airports[0].position.lon), 180.0, 1e-6);
 }
 
+auto fieldsOf(const SourceNavaid& navaid) {
+    return std::tuple(navaid.kind, navaid.ident, navaid.name, navaid.region, navaid.position.lat, navaid.position.lon,
+        navaid.frequency, navaid.usage, navaid.variation);
+}
+
 TEST(XPlaneNavaids, ReadsBothColumnLayouts) {
     const std::tuple<const char*, const char*, SourceNavaid> cases[] = {
         {"810", "3  47.43538889 -122.30961111    354 11680 130   19.0 SEA  SEATTLE VORTAC",
@@ -142,16 +139,7 @@ TEST(XPlaneNavaids, ReadsBothColumnLayouts) {
         Imported in;
         in.xplane(importXPlaneNavaids, std::string("I\n") + version + " Version\n" + line);
         ASSERT_EQ(in.data.navaids.size(), 1U) << line;
-        const auto& got = in.data.navaids[0];
-        EXPECT_EQ(got.kind, navaid.kind) << line;
-        EXPECT_EQ(got.ident, navaid.ident);
-        EXPECT_EQ(got.name, navaid.name);
-        EXPECT_EQ(got.region, navaid.region);
-        EXPECT_EQ(got.position.lat, navaid.position.lat);
-        EXPECT_EQ(got.position.lon, navaid.position.lon);
-        EXPECT_NEAR(got.frequency, navaid.frequency, 1e-9);
-        EXPECT_EQ(got.usage, navaid.usage) << line;
-        EXPECT_EQ(got.variation, navaid.variation) << line;
+        EXPECT_EQ(fieldsOf(in.data.navaids[0]), fieldsOf(navaid)) << line;
     }
 }
 

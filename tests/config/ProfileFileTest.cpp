@@ -147,19 +147,4 @@ TEST_F(ProfileFileTest, AtEveryFaultTheOldSettingsOrTheNewOnesStand) {
     });
 }
 
-TEST_F(ProfileFileTest, AFileThatCannotBeWrittenKeepsItsContent) {
-    folder_.write("korvel.ini", "a=1");
-    ProfileFile profile(folder_.path(), registry_);
-    profile.setInt("S", "N", 1, true);
-    std::filesystem::permissions(file_, std::filesystem::perms::owner_read);
-    if (std::fstream(file_, std::ios::in | std::ios::out).is_open()) {  // the superuser may write
-        std::filesystem::remove(file_);
-        std::filesystem::create_directory(file_);
-        EXPECT_FALSE(profile.save());
-        return;
-    }
-    EXPECT_FALSE(profile.save());
-    EXPECT_EQ(readWholeFile(file_), "a=1");
-}
-
 }}  // namespace korvel

@@ -63,16 +63,9 @@ TEST(Translation, IsFoundByTheLanguagesInTheirOrder) {
     const struct {
         std::vector<std::string> languages;
         const char* wanted;
-    } cases[] = {
-        {{"de"}, "Kein Signal"},
-        {{"de-DE", "fr"}, "Kein Signal"},
-        {{"de_AT"}, "Kein Signal"},
-        {{"de-AT"}, "Ka Signal"},
-        {{"nl", "fr-CH", "de"}, "Rien"},
-        {{"en-GB", "de"}, "-"},
-        {{"nl", "C", ""}, "-"},
-        {{}, "-"},
-    };
+    } cases[] = {{{"de"}, "Kein Signal"}, {{"de-DE", "fr"}, "Kein Signal"}, {{"de_AT"}, "Kein Signal"},
+        {{"de-AT"}, "Ka Signal"}, {{"nl", "fr-CH", "de"}, "Rien"}, {{"en-GB", "de"}, "-"}, {{"nl", "C", ""}, "-"},
+        {{}, "-"}};
     for (const auto& [languages, wanted] : cases)
         EXPECT_EQ(wordsOf(findTranslation(files, languages), kStatusTexts.noGpsSignal), wanted);
 }

@@ -38,12 +38,11 @@ TEST(Geodesy, MatchesThePublishedExample) {
 }
 
 TEST(Geodesy, DistanceAndCourseAtTheEdgesOfTheWorld) {
-    struct Case {
+    const struct {
         const char* what;
         GeoPoint from, to;
         double nm, courseDeg;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"a point and itself", at(12, 34), at(12, 34), 0, 0},
         {"closer than the same point's tolerance", at(12, 34), {at(12, 34).lat + 1e-6, at(12, 34).lon},
             3437.7467707849396e-6, 0},
@@ -56,7 +55,7 @@ TEST(Geodesy, DistanceAndCourseAtTheEdgesOfTheWorld) {
         {"to the north pole", at(80, 50), at(90, 0), 600, 0},
         {"half around the world", at(0, 0), at(0, 180), 10800, 90},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         EXPECT_NEAR(DistanceNm(c.from, c.to), c.nm, 1e-4) << c.what;
         EXPECT_NEAR(TrueCourseDeg(c.from, c.to), c.courseDeg, 1e-9) << c.what;
     }
@@ -85,12 +84,10 @@ TEST(Geodesy, MidLatitudeLiesOnTheGreatCircle) {
 }
 
 TEST(Geodesy, RoundingAndRemainders) {
-    EXPECT_EQ(RoundToInt(2.5), 3);
-    EXPECT_EQ(RoundToInt(-2.5), -3);
-    EXPECT_EQ(RoundToInt(-0.49F), 0);
-    EXPECT_EQ(RoundToInt(7.1e9), std::numeric_limits<int>::max());
-    EXPECT_EQ(RoundToInt(-7.1e9F), std::numeric_limits<int>::min());
-    EXPECT_EQ(RoundToInt(std::nan("")), 0);
+    using Limits = std::numeric_limits<int>;
+    for (const auto& [number, whole] :
+        {std::pair{2.5, 3}, {-2.5, -3}, {-0.49, 0}, {7.1e9, Limits::max()}, {-7.1e9, Limits::min()}, {std::nan(""), 0}})
+        EXPECT_EQ(RoundToInt(number), whole) << number;
     EXPECT_EQ(PositiveMod(-90, 360), 270);
     EXPECT_EQ(PositiveMod(720, 360), 0);
     EXPECT_TRUE(std::isnan(PositiveMod(std::nan(""), 360))) << "not north";

@@ -66,10 +66,8 @@ TEST_F(ActiveNavigationTest, WithoutAPositionNothingIsKnown) {
     EXPECT_NE(navigation_.state().distanceNm, kNoDistanceNm);
     navigation_.NavUpdate({});
     const NavigationState state = navigation_.state();
-    EXPECT_EQ(state.bearingMag, 1000.0);
-    EXPECT_EQ(state.distanceNm, 30001.0);
-    EXPECT_EQ(state.crossTrackNm, 30001.0);
-    EXPECT_EQ(state.offCourseDeg, 1000.0);
+    EXPECT_EQ(std::tuple(state.bearingMag, state.distanceNm, state.crossTrackNm, state.offCourseDeg),
+        std::tuple(1000.0, 30001.0, 30001.0, 1000.0));
 }
 
 TEST_F(ActiveNavigationTest, CrossTrackAgreesWithVectors) {

@@ -109,25 +109,14 @@ class ApproachModeTest : public testing::Test {
 };
 
 TEST_F(ApproachModeTest, EntersByItselfOnlyWhenLinedUp) {
-    struct Case {
+    const struct {
         double outNm;
         double leftNm;
         std::optional<double> track;
         const char* runway;
-    };
-    const Case cases[] = {
-        {6, 0, 140, "14L"},
-        {6, -0.2, 140, "14R"},
-        {6, 1.2, 180, "14L"},
-        {6, 1.3, 140, ""},
-        {6, 0, 186, ""},
-        {6, 0, 320, ""},
-        {8.1, 0, 140, ""},
-        {0.4, 0, 140, ""},
-        {6, 0, std::nullopt, ""},
-        {-6, 0, 320, "32R"},
-    };
-    for (const Case& one : cases) {
+    } cases[] = {{6, 0, 140, "14L"}, {6, -0.2, 140, "14R"}, {6, 1.2, 180, "14L"}, {6, 1.3, 140, ""}, {6, 0, 186, ""},
+        {6, 0, 320, ""}, {8.1, 0, 140, ""}, {0.4, 0, 140, ""}, {6, 0, std::nullopt, ""}, {-6, 0, 320, "32R"}};
+    for (const auto& one : cases) {
         mode_ = {};
         EXPECT_EQ(flyFor5s(one.outNm, one.leftNm, one.track), one.runway) << one.outNm << ' ' << one.leftNm;
     }
@@ -149,15 +138,14 @@ TEST_F(ApproachModeTest, EntersByItselfOnlyWhenLinedUp) {
 }
 
 TEST_F(ApproachModeTest, LeavesByItselfWhatItHasEntered) {
-    struct Case {
+    const struct {
         double outNm;
         double leftNm;
         double track;
         bool stays;
-    };
-    const Case cases[] = {{3, 0.3, 230, true}, {3, 0.3, 250, false}, {3, 2.4, 140, true}, {3, 2.6, 140, false},
+    } cases[] = {{3, 0.3, 230, true}, {3, 0.3, 250, false}, {3, 2.4, 140, true}, {3, 2.6, 140, false},
         {-2.9, 0, 140, true}, {-3.1, 0, 140, false}};
-    for (const Case& one : cases) {
+    for (const auto& one : cases) {
         mode_ = {};
         ASSERT_EQ(flyFor5s(6, 0, 140), "14L");
         fly(one.outNm, one.leftNm, one.track);

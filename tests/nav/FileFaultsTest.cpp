@@ -35,11 +35,10 @@ class FileFaultsTest : public PlacesFixture {
 };
 
 TEST_F(FileFaultsTest, ASavedFileIsTheOldOneOrTheNewOne) {
-    struct Saver {
+    const struct {
         std::function<std::string(FaultyFiles&)> save;
         std::string_view saved;
-    };
-    const Saver savers[] = {
+    } savers[] = {
         {[this](FaultyFiles& disk) {
              PlanFiles files(database_, fixes_, &places_, plan_, disk);
              EXPECT_EQ(files.LoadPlanText("KAA@45"), "");
@@ -53,7 +52,7 @@ TEST_F(FileFaultsTest, ASavedFileIsTheOldOneOrTheNewOne) {
          },
             kTrackLine},
     };
-    for (const Saver& saver : savers)
+    for (const auto& saver : savers)
         atEveryFault([&](FaultyFiles& disk) {
             folder_.write("file", "old");
             const std::string error = saver.save(disk);

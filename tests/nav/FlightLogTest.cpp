@@ -8,25 +8,20 @@
 namespace korvel { namespace {
 
 TEST(FlightTime, RoundsMinutesAndTenthsUp) {
-    EXPECT_EQ(flightTimeText(0), "0,0.0");
-    EXPECT_EQ(flightTimeText(125), "3,0.1");
-    EXPECT_EQ(flightTimeText(420), "7,0.2");
-    EXPECT_EQ(flightTimeText(3601), "61,1.1");
+    for (const auto& [seconds, text] : {std::pair{0, "0,0.0"}, {125, "3,0.1"}, {420, "7,0.2"}, {3601, "61,1.1"}})
+        EXPECT_EQ(flightTimeText(seconds), text);
 }
 
 TEST(FlightLogOptions, ApproachSpeedServesWhereNothingIsSet) {
     Settings settings;
     settings.approachSpeedKt = 80;
-    auto options = FlightLog::Options::from(settings);
-    EXPECT_EQ(options.startKt, 80);
-    EXPECT_EQ(options.endKt, 40);
-    settings.logStartKt = 30;
-    settings.logEndKt = 0;
-    options = FlightLog::Options::from(settings);
-    EXPECT_EQ(options.startKt, 30);
-    EXPECT_EQ(options.endKt, 0);
-    settings.logEndKt = 50;
-    EXPECT_EQ(FlightLog::Options::from(settings).endKt, 30);
+    const std::tuple<int, int, int, int> cases[] = {{-1, -1, 80, 40}, {30, 0, 30, 0}, {30, 50, 30, 30}};
+    for (const auto& [start, end, startKt, endKt] : cases) {
+        settings.logStartKt = start;
+        settings.logEndKt = end;
+        const auto options = FlightLog::Options::from(settings);
+        EXPECT_EQ(std::tuple(options.startKt, options.endKt), std::tuple(startKt, endKt));
+    }
 }
 
 class FlightLogTest : public testing::Test {

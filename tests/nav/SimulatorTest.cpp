@@ -30,27 +30,24 @@ TEST(Simulator, TrackDoesNotFlickerBetweenTwoDegrees) {
     simulator.start({0.5, 0.5}, 181, 600.0, 0, 0);
     std::int64_t now = 500;
     simulator.step(now, {});
+    const auto trackAfter = [&](std::int64_t ms) {
+        simulator.step(now += ms, {});
+        simulator.updateTrack({});
+        return simulator.trackMag();
+    };
     constexpr std::tuple<std::int32_t, double> kLegs[] = {
         {181, 181}, {182, 182}, {181, 182}, {182, 182}, {183, 183}, {181, 181}, {0, 360}, {270, 270}};
     for (const auto& [heading, shown] : kLegs) {
         simulator.setHeading(heading);
-        simulator.step(now += 500, {});
-        simulator.updateTrack({});
-        EXPECT_EQ(simulator.trackMag(), shown) << heading;
+        EXPECT_EQ(trackAfter(500), shown) << heading;
     }
     simulator.setSpeed(2.9);
     simulator.setHeading(90);
-    simulator.step(now += 600000, {});
-    simulator.updateTrack({});
-    EXPECT_EQ(simulator.trackMag(), 270) << "too slow to have a track";
+    EXPECT_EQ(trackAfter(600000), 270) << "too slow to have a track";
     simulator.losePosition();
-    simulator.step(now += 500, {});
-    simulator.updateTrack({});
-    EXPECT_EQ(simulator.trackMag(), kNoAngle) << "no speed, no step";
+    EXPECT_EQ(trackAfter(500), kNoAngle) << "no speed, no step";
     simulator.setSpeed(0);
-    simulator.step(now += 500, {});
-    simulator.updateTrack({});
-    EXPECT_EQ(simulator.trackMag(), 360) << "standing still it points north";
+    EXPECT_EQ(trackAfter(500), 360) << "standing still it points north";
 }
 
 TEST(Simulator, SteersAfterFiveSecondsByAtMostFiveDegrees) {

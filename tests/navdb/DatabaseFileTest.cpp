@@ -107,15 +107,13 @@ TEST_F(DatabaseFileTest, ReadsHeaderDirectoriesAndGrid) {
     DatabaseFile file;
     ASSERT_EQ(openNoting(file), "");
     EXPECT_EQ(progress_, (std::vector{50, 70, 85, 100}));
-    EXPECT_EQ(file.header().version, "NavDb4.7");
-    EXPECT_EQ(file.regionLetter(), 'K');
-    EXPECT_EQ(file.header().expiry, 20070315U);
-    EXPECT_DOUBLE_EQ(file.header().southernCoverageDeg, -90.0);
-    EXPECT_DOUBLE_EQ(file.header().northernCoverageDeg, 45.5);
-    EXPECT_EQ(file.header().dataCycle, 1310U);
+    const DatabaseHeader& header = file.header();
+    EXPECT_EQ(std::tuple(header.version, file.regionLetter(), header.expiry, header.dataCycle, *file.fileName()),
+        std::tuple("NavDb4.7", 'K', 20070315U, 1310U, "tiny.ng2"));
+    EXPECT_DOUBLE_EQ(header.southernCoverageDeg, -90.0);
+    EXPECT_DOUBLE_EQ(header.northernCoverageDeg, 45.5);
     EXPECT_EQ(file.firstCell(), 57);
     EXPECT_EQ(file.gridWords(), (std::vector<std::uint32_t>{7, 8, 9}));
-    EXPECT_EQ(*file.fileName(), "tiny.ng2");
 
     const IndexEntry* const index = file.index("NavKey");
     ASSERT_NE(index, nullptr);
@@ -324,38 +322,31 @@ TEST_F(DatabaseFileTest, VerifyFindsWhatOpeningDoesNot) {
 }
 
 TEST(DataCurrencyTest, EndsADayAfterTheMidnightOfTheExpiryInRegionKOnly) {
-    const auto expired = [](std::uint32_t expiry, char region, const LocalTime& now) {
-        return isOutOfDate(expiry, region, VirtualClock(now));
-    };
     const LocalTime lastSecond{.year = 2007, .month = 3, .day = 15, .hour = 23, .minute = 59, .second = 59};
     const LocalTime midnight{.year = 2007, .month = 3, .day = 16};
-    EXPECT_FALSE(expired(20070315, 'K', lastSecond));
-    EXPECT_TRUE(expired(20070315, 'K', midnight));
-    EXPECT_FALSE(expired(20070315, 'L', midnight));
-    EXPECT_TRUE(expired(0, 'K', lastSecond));
-    EXPECT_TRUE(expired(0, 'L', lastSecond));
-    EXPECT_FALSE(expired(20071231, 'K', {.year = 2007, .month = 12, .day = 31, .hour = 23}));
-    EXPECT_TRUE(expired(20071231, 'K', {.year = 2008}));
-    EXPECT_FALSE(expired(20070231, 'K', {.year = 2007, .month = 3, .day = 3}));
-    EXPECT_TRUE(expired(20070231, 'K', {.year = 2007, .month = 3, .day = 4}));
-    EXPECT_TRUE(expired(1, 'K', midnight));
-    EXPECT_FALSE(expired(0xFFFFFFFF, 'K', midnight));
+    const std::tuple<std::uint32_t, char, LocalTime, bool> cases[] = {{20070315, 'K', lastSecond, false},
+        {20070315, 'K', midnight, true}, {20070315, 'L', midnight, false}, {0, 'K', lastSecond, true},
+        {0, 'L', lastSecond, true}, {20071231, 'K', {.year = 2007, .month = 12, .day = 31, .hour = 23}, false},
+        {20071231, 'K', {.year = 2008}, true}, {20070231, 'K', {.year = 2007, .month = 3, .day = 3}, false},
+        {20070231, 'K', {.year = 2007, .month = 3, .day = 4}, true}, {1, 'K', midnight, true},
+        {0xFFFFFFFF, 'K', midnight, false}};
+    for (const auto& [expiry, region, now, isExpired] : cases)
+        EXPECT_EQ(isOutOfDate(expiry, region, VirtualClock(now)), isExpired) << expiry << region;
 }
 
 TEST(DataCurrencyTest, CountsADayOf24HoursWhereTheClocksChange) {
-    struct Case {
+    const struct {
         const char* zone;
         std::uint32_t expiry;
         LocalTime lastGood, firstExpired;
-    };
-    const Case cases[] = {{"EST5EDT,M3.2.0,M11.1.0", 20260308, {2026, 3, 9, 0, 59, 59}, {2026, 3, 9, 1, 0, 0}},
+    } cases[] = {{"EST5EDT,M3.2.0,M11.1.0", 20260308, {2026, 3, 9, 0, 59, 59}, {2026, 3, 9, 1, 0, 0}},
         {"EST5EDT,M3.2.0,M11.1.0", 20261101, {2026, 11, 1, 22, 59, 59}, {2026, 11, 1, 23, 0, 0}},
         {"EST5EDT,M3.2.0,M11.1.0", 20260307, {2026, 3, 7, 23, 59, 59}, {2026, 3, 8, 0, 0, 0}},
         // midnight itself is left out
         {"<-03>3<-02>,M11.1.0/0,M2.3.0/0", 20261101, {2026, 11, 2, 0, 59, 59}, {2026, 11, 2, 1, 0, 0}},
         {"UTC0", 20260308, {2026, 3, 8, 23, 59, 59}, {2026, 3, 9, 0, 0, 0}}};
     const SystemClock zone;
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const TimeZone inForce(c.zone);
         EXPECT_FALSE(isOutOfDate(c.expiry, 'K', VirtualClock(c.lastGood, zone))) << c.zone << c.expiry;
         EXPECT_TRUE(isOutOfDate(c.expiry, 'K', VirtualClock(c.firstExpired, zone))) << c.zone << c.expiry;
@@ -363,14 +354,11 @@ TEST(DataCurrencyTest, CountsADayOf24HoursWhereTheClocksChange) {
 }
 
 TEST(LocationCellTest, WrapsAt180Degrees) {
-    EXPECT_EQ(westernCell(-180.0), 0);
-    EXPECT_EQ(westernCell(180.0), 0);
-    EXPECT_EQ(westernCell(-0.000001), 179);
-    EXPECT_EQ(westernCell(179.999), 359);
-    EXPECT_EQ(westernCell(-190.5), 349);
-    EXPECT_EQ(easternCell(-0.5), 180);
-    EXPECT_EQ(easternCell(10.0), 190);
-    EXPECT_EQ(easternCell(10.000001), 191);
+    for (const auto& [degrees, cell] :
+        {std::pair{-180.0, 0}, {180.0, 0}, {-0.000001, 179}, {179.999, 359}, {-190.5, 349}})
+        EXPECT_EQ(westernCell(degrees), cell);
+    for (const auto& [degrees, cell] : {std::pair{-0.5, 180}, {10.0, 190}, {10.000001, 191}})
+        EXPECT_EQ(easternCell(degrees), cell);
     for (const int degree : {-180, -179, -1, 0, 1, 179, 180}) {
         EXPECT_EQ(cellOfStored(degree * 1000000), westernCell(degree)) << degree;
         EXPECT_EQ(cellOfStored(degree * 1000000 - 1), westernCell(degree - 1)) << degree;

@@ -64,26 +64,19 @@ TEST_F(NavDatabaseTest, BuildsRecordsWithAllTheirFields) {
 
     auto record = database_.Find("a.SEA")->Clone();
     auto& airport = dynamic_cast<AirportRecord&>(*record);
-    EXPECT_EQ(airport.GetName(), "Seattle Tacoma Inter");
-    EXPECT_NEAR(airport.position.lat * kRadToDeg, 47.449, 1e-9);
-    EXPECT_NEAR(airport.position.lon * kRadToDeg, -122.309, 1e-9);
-    EXPECT_EQ(airport.magVariationDeg, -13.5F);
-    EXPECT_EQ(airport.elevationFt, 431);
-    EXPECT_EQ(airport.region, 'K');
-    EXPECT_EQ(airport.info, "Info");
-    EXPECT_EQ(airport.GetInfoText(), "Tower, hard surface");
-    EXPECT_FALSE(airport.expired);
-    EXPECT_EQ(*airport.origin.fileName, "0.ng2");
+    EXPECT_LT(DistanceNm(airport.position, at(47.449, -122.309)), 1e-6);
+    EXPECT_EQ(std::tuple(airport.GetName(), airport.info, airport.GetInfoText(), *airport.origin.fileName),
+        std::tuple("Seattle Tacoma Inter", "Info", "Tower, hard surface", "0.ng2"));
+    EXPECT_EQ(std::tuple(airport.magVariationDeg, airport.elevationFt, airport.region, airport.expired),
+        std::tuple(-13.5F, 431, 'K', false));
     EXPECT_EQ(database_.lastMatch(), airport.origin.match);
     database_.loadDetails(airport);
     ASSERT_EQ(airport.runways.size(), 2U);
     EXPECT_EQ(airport.runways[0].lengthFt, 11901);
-    ASSERT_EQ(airport.runways[0].ends.size(), 2U);
-    EXPECT_EQ(airport.runways[0].ends[1].id, "34R");
-    EXPECT_EQ(airport.runways[0].ends[1].magHeadingDeg, 90);
-    EXPECT_EQ(airport.runways[0].ends[1].pattern, 'R');
-    EXPECT_FALSE(airport.runways[0].ends[1].elevationFt);
-    EXPECT_FALSE(IsValid(airport.runways[0].ends[1].position));
+    const RunwayEnd& end = airport.runways[0].ends.at(1);
+    EXPECT_EQ(
+        std::tuple(end.id, end.magHeadingDeg, end.pattern, end.elevationFt), std::tuple("34R", 90, 'R', std::nullopt));
+    EXPECT_FALSE(IsValid(end.position));
     EXPECT_EQ(airport.runways[1].ends.size(), 1U);
     ASSERT_EQ(airport.comms.size(), 2U);
     EXPECT_EQ(airport.comms[1].type, "GND");
@@ -91,9 +84,8 @@ TEST_F(NavDatabaseTest, BuildsRecordsWithAllTheirFields) {
 
     const auto* vor = dynamic_cast<const VorRecord*>(database_.Find("v.SEA"));
     ASSERT_NE(vor, nullptr);
-    EXPECT_EQ(vor->usage, kUsageBoth);
-    EXPECT_EQ(vor->GetInfoText(), "116.8");
-    EXPECT_EQ(vor->GetName(), "SEA navaid");
+    EXPECT_EQ(
+        std::tuple(vor->usage, vor->GetInfoText(), vor->GetName()), std::tuple(kUsageBoth, "116.8", "SEA navaid"));
     const auto* ndb = dynamic_cast<const NdbRecord*>(database_.Find("n.SEA"));
     ASSERT_NE(ndb, nullptr);
     EXPECT_EQ(ndb->GetInfoText(), "224.5");
@@ -148,15 +140,11 @@ TEST_F(NavDatabaseTest, ChoosesAmongEquallyNamedPlaces) {
     content.addNavaid("ALL", 0, -0.5, 0x61, 110.0);
     open(content);
     const GeoPoint here = at(0, 0);
-    EXPECT_EQ(find("TIE", here), "v.TIE 0");
-    EXPECT_EQ(find("FAR", here), "a.FAR 0");
-    EXPECT_EQ(find("SAME", here), "f.SAME 0");
-    EXPECT_EQ(find("SAME"), "v.SAME 0");
-    EXPECT_EQ(find("ALL"), "v.ALL 0");
-    EXPECT_EQ(find("ALL", GeoPoint{}), "v.ALL 0");
-    EXPECT_EQ(find("ALL", at(0, 1)), "n.ALL 0");
-    EXPECT_EQ(find("ALL", at(2, 2)), "f.ALL 0");
-    ASSERT_EQ(find("v.ALL", at(0, 0)), "v.ALL 0");
+    const std::tuple<const char*, std::optional<GeoPoint>, const char*> cases[] = {{"TIE", here, "v.TIE 0"},
+        {"FAR", here, "a.FAR 0"}, {"SAME", here, "f.SAME 0"}, {"SAME", {}, "v.SAME 0"}, {"ALL", {}, "v.ALL 0"},
+        {"ALL", GeoPoint{}, "v.ALL 0"}, {"ALL", at(0, 1), "n.ALL 0"}, {"ALL", at(2, 2), "f.ALL 0"},
+        {"v.ALL", here, "v.ALL 0"}};
+    for (const auto& [key, near, found] : cases) EXPECT_EQ(find(key, near), found);
     EXPECT_NEAR(database_.Find("v.ALL", here)->position.lon * kRadToDeg, -0.5, 1e-9);
     EXPECT_NEAR(database_.Find("n.ALL", at(50, 50))->position.lon * kRadToDeg, 1.0, 1e-9);
 }

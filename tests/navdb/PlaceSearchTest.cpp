@@ -124,15 +124,12 @@ class PlaceSearchTest : public ::testing::Test {
     std::vector<Sample> samples_;
 };
 
-TEST_F(PlaceSearchTest, AgreesWithLookingAtEveryPlace) {
-    open();
-    checkAll();
-}
-
-TEST_F(PlaceSearchTest, NeedsNoAreaGrid) {
-    content_.hasAreaGrid = false;
-    open();
-    checkAll();
+TEST_F(PlaceSearchTest, AgreesWithLookingAtEveryPlaceWithAndWithoutAnAreaGrid) {
+    for (const bool grid : {true, false}) {
+        content_.hasAreaGrid = grid;
+        open();
+        checkAll();
+    }
 }
 
 TEST_F(PlaceSearchTest, DoesNotBelieveAGridThatTheRowsContradict) {

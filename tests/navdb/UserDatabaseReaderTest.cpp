@@ -83,28 +83,19 @@ TEST_F(UserDatabaseReaderTest, BuildsAirports) {
                    "ARPT_END\n"),
         "");
     const auto& airport = only<AirportRecord>();
-    EXPECT_EQ(airport.key, "a.KXYZ");
-    EXPECT_EQ(airport.magVariationDeg, 15.5F);
-    EXPECT_EQ(airport.elevationFt, 328);
-    EXPECT_EQ(airport.info, "Call first");
-    EXPECT_EQ(airport.region, 0);
+    EXPECT_EQ(std::tuple(airport.key, airport.magVariationDeg, airport.elevationFt, airport.info, airport.region),
+        std::tuple("a.KXYZ", 15.5F, 328, "Call first", 0));
     ASSERT_EQ(airport.runways.size(), 1U);
-    EXPECT_EQ(airport.runways[0].lengthFt, 3281);
-    EXPECT_EQ(airport.runways[0].widthFt, 98);
-    EXPECT_EQ(airport.runways[0].surface, "GRASS");
-    const RunwayEnd& low = airport.runways[0].ends.at(0);
-    const RunwayEnd& high = airport.runways[0].ends.at(1);
-    EXPECT_EQ(low.id, "09");
-    EXPECT_EQ(low.magHeadingDeg, 88);
-    EXPECT_EQ(low.elevationFt, 164);
-    EXPECT_EQ(low.pattern, 'R');
+    const RunwayRecord& runway = airport.runways[0];
+    EXPECT_EQ(std::tuple(runway.lengthFt, runway.widthFt, runway.surface), std::tuple(3281, 98, "GRASS"));
+    const RunwayEnd& low = runway.ends.at(0);
+    const RunwayEnd& high = runway.ends.at(1);
+    EXPECT_EQ(std::tuple(low.id, low.magHeadingDeg, low.elevationFt, low.pattern), std::tuple("09", 88, 164, 'R'));
     EXPECT_NEAR(low.position.lon * kRadToDeg, -122.0 - 1.0 / 60, 1e-9);
-    EXPECT_EQ(high.pattern, 'L');
-    EXPECT_FALSE(high.magHeadingDeg);
-    EXPECT_FALSE(IsValid(high.position));
+    EXPECT_EQ(
+        std::tuple(high.pattern, high.magHeadingDeg, IsValid(high.position)), std::tuple('L', std::nullopt, false));
     ASSERT_EQ(airport.comms.size(), 1U);
-    EXPECT_EQ(airport.comms[0].type, "CTAF");
-    EXPECT_EQ(airport.comms[0].freqMhz, 122.8);
+    EXPECT_EQ(std::tuple(airport.comms[0].type, airport.comms[0].freqMhz), std::tuple("CTAF", 122.8));
 }
 
 TEST_F(UserDatabaseReaderTest, ReportsWhatIsWrongWithItsLine) {

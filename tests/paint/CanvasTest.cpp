@@ -24,27 +24,19 @@ std::string svgOf(Draw&& draw) {
 }
 
 TEST(SvgCanvas, WritesPlainElementsInPixels) {
-    EXPECT_EQ(svgOf([](Canvas& c) {
+    const std::string drawn = svgOf([](Canvas& c) {
         c.line({1, 2}, {3.14159, -0.001}, kPen);
-    }),
-        "<line x1=\"1\" y1=\"2\" x2=\"3.14\" y2=\"0\" stroke=\"#ff0010\" "
-        "stroke-width=\"1.5\"/>\n");
-    EXPECT_EQ(svgOf([](Canvas& c) {
         c.rect({1, 2, 3, 4}, Brush{Rgb(1, 2, 3), 0.25}, Pen{0, 2, PenStyle::Dash});
-    }),
-        "<rect x=\"1\" y=\"2\" width=\"3\" height=\"4\" fill=\"#010203\" "
-        "fill-opacity=\"0.25\" stroke=\"#000000\" stroke-width=\"2\" "
-        "stroke-dasharray=\"8,4\"/>\n");
-    EXPECT_EQ(svgOf([](Canvas& c) {
         c.circle({5, 6}, 7, std::nullopt, kPen);
-    }),
-        "<circle cx=\"5\" cy=\"6\" r=\"7\" fill=\"none\" stroke=\"#ff0010\" "
-        "stroke-width=\"1.5\"/>\n");
-    EXPECT_EQ(svgOf([](Canvas& c) {
         c.polygon(std::array{Point{0, 0}, Point{1e6, 0}, Point{0, 2.5}}, Brush{0}, std::nullopt);
-    }),
-        "<polygon points=\"0,0 1000000,0 0,2.5\" fill-rule=\"evenodd\" "
-        "fill=\"#000000\"/>\n");
+    });
+    EXPECT_EQ(drawn,
+        R"(<line x1="1" y1="2" x2="3.14" y2="0" stroke="#ff0010" stroke-width="1.5"/>
+<rect x="1" y="2" width="3" height="4" fill="#010203" fill-opacity="0.25" stroke="#000000" stroke-width="2" )"
+        R"(stroke-dasharray="8,4"/>
+<circle cx="5" cy="6" r="7" fill="none" stroke="#ff0010" stroke-width="1.5"/>
+<polygon points="0,0 1000000,0 0,2.5" fill-rule="evenodd" fill="#000000"/>
+)");
 }
 
 TEST(SvgCanvas, DrawsNothingForLessThanAShape) {

@@ -115,16 +115,9 @@ TEST(ColorScheme, ReadsFiles) {
     const DataFileSearch files({folder.path()});
     const std::string text = "a.b=1,2,3\r\ngeo.water=4,\r5,6\n\ngeo.water=7,8,9";
     const std::string padding(20479 - text.size() - 1, ';');
-    const std::tuple<std::string, bool> cases[] = {
-        {text, true},
-        {utf16(text), true},
-        {"\xFF\xFE" + utf16(text), true},
-        {"\xFF\xFE" + utf16(text) + "x", true},
-        {text + "\n" + padding, true},
-        {text + "\n" + padding + ";", false},
-        {text + "\n" + padding + ";;", false},
-        {"", false},
-    };
+    const std::tuple<std::string, bool> cases[] = {{text, true}, {utf16(text), true}, {"\xFF\xFE" + utf16(text), true},
+        {"\xFF\xFE" + utf16(text) + "x", true}, {text + "\n" + padding, true}, {text + "\n" + padding + ";", false},
+        {text + "\n" + padding + ";;", false}, {"", false}};
     const Colors expected = {{"a.b", Rgb(1, 2, 3)}, {"geo.water", Rgb(7, 8, 9)}};
     for (const auto& [bytes, read] : cases) {
         folder.write("my.scm", bytes);

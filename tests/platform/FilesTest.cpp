@@ -30,16 +30,6 @@ TEST(FileIo, WritesAndReadsBytesAsTheyAre) {
     EXPECT_FALSE(readWholeFile(folder.path()));
 }
 
-TEST(FileIo, AFailedWriteLeavesWhatWasThere) {
-    const TempFolder folder;
-    const fs::path occupied = folder.path() / "taken";  // a folder cannot be renamed over
-    fs::create_directories(occupied / "inside");
-    EXPECT_FALSE(writeFileAtomically(occupied, "bytes"));
-    EXPECT_FALSE(writeFileAtomically(folder.path() / "missing" / "file", "bytes"));
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
-    EXPECT_TRUE(fs::is_directory(occupied / "inside"));
-}
-
 TEST(FileIo, AtEveryFaultTheOldFileOrTheNewOneStands) {
     atEveryFault([](FaultyFiles& disk) {
         const TempFolder folder;

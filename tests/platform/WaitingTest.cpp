@@ -61,12 +61,10 @@ TEST(ReadTimer, EndsAtTheGapOrAtTheWhole) {
 
     ReadTimer block({4, 3, 5, 0, 0}, 10, start);
     EXPECT_EQ(block.left(at(20)), milliseconds(15));  // no gap before the first byte
-    block.noteBytes(at(20));
-    EXPECT_EQ(block.left(at(21)), milliseconds(3));
-    block.noteBytes(at(23));
-    EXPECT_EQ(block.left(at(24)), milliseconds(3));
-    block.noteBytes(at(34));
-    EXPECT_EQ(block.left(at(34)), milliseconds(1));
+    for (const auto& [noted, asked, left] : {std::tuple{20, 21, 3}, {23, 24, 3}, {34, 34, 1}}) {
+        block.noteBytes(at(noted));
+        EXPECT_EQ(block.left(at(asked)), milliseconds(left)) << noted;
+    }
     EXPECT_EQ(block.left(start + std::chrono::microseconds(34'999)), milliseconds(1));
 
     ReadTimer endless({0, 0, 0, 0, 0}, 10, start);

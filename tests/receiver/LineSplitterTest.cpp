@@ -14,16 +14,13 @@ std::vector<std::string> takeLines(LineSplitter& splitter, std::size_t longest =
     return lines;
 }
 
-struct Case {
-    const char* what;
-    std::vector<std::string> chunks;
-    std::vector<std::string> lines;
-};
-
 TEST(LineSplitter, CutsLinesOutOfChunks) {
     const std::string longLine(200, 'x');
     const std::string flood(1100, 'x');
-    const std::vector<Case> cases = {
+    const struct {
+        const char* what;
+        std::vector<std::string> chunks, lines;
+    } cases[] = {
         {"lines in one chunk", {"$A,1\r\n$B,2\r\n"}, {"$A,1", "$B,2"}},
         {"a line in pieces", {"$A", ",1", "\r", "\n"}, {"$A,1"}},
         {"empty lines", {"\r\n\r\n$A\r\n"}, {"", "", "$A"}},
@@ -38,7 +35,7 @@ TEST(LineSplitter, CutsLinesOutOfChunks) {
         {"the match starts again at the overflow", {std::string(1023, 'x') + "\r", "\n$B\r\n$A\r\n"}, {"$A"}},
         {"an exactly full buffer is none", {std::string(1022, 'x'), "\r\n", "$A\r\n"}, {"<long>", "$A"}},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         LineSplitter splitter;
         std::vector<std::string> lines;

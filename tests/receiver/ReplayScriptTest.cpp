@@ -12,14 +12,8 @@ std::vector<std::int64_t> offsets(const std::vector<ReplayStep>& script) {
     return result;
 }
 
-struct PaceCase {
-    const char* what;
-    const char* log;
-    std::vector<std::int64_t> expected;
-};
-
 TEST(ReplayScript, FollowsTheTimesInTheSentences) {
-    const PaceCase cases[] = {
+    const std::tuple<const char*, const char*, std::vector<std::int64_t>> cases[] = {
         {"one burst a second, sentences of one time together",
             "$GPGGA,100000,1\n$GPGSA,A\n$GPRMC,100000,A\n$GPGGA,100001,1\n$GPRMC,100001,A\n", {0, 1000}},
         {"ten a second", "$GPRMC,100000.00,A\n$GPRMC,100000.10,A\n$GPRMC,100000.2,A\n", {0, 100, 200}},
@@ -32,7 +26,7 @@ TEST(ReplayScript, FollowsTheTimesInTheSentences) {
         {"nothing", "", {}},
         {"notes only", "# a\n# b\n", {}},
     };
-    for (const PaceCase& c : cases) EXPECT_EQ(offsets(makeReplayScript(c.log)), c.expected) << c.what;
+    for (const auto& [what, log, expected] : cases) EXPECT_EQ(offsets(makeReplayScript(log)), expected) << what;
 }
 
 TEST(ReplayScript, KeepsEveryByteButTheNotes) {

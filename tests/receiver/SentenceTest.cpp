@@ -19,12 +19,11 @@ using SentenceReceiverTest = GpsTest;
 
 TEST_F(SentenceReceiverTest, SaysWhyALineIsRefused) {
     const std::string good = sentence(kRmc);
-    struct Case {
+    const struct {
         std::string line;
         std::string tag;  // empty: no trace at all
         std::uint32_t flags;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {good, " ok (delta 0)", 2},
         {good + "\r", " ok (delta 0)", 2},
         {good + "\rrest", " ok (delta 0)", 2},
@@ -45,8 +44,9 @@ TEST_F(SentenceReceiverTest, SaysWhyALineIsRefused) {
         {sentence("GNRMC,1"), " not used", 2},
         {sentence("gprmc,1"), " ok (delta 0)", 2},
         {"$*00", " not used", 2},
+        {"$GPGSA,A,1,,,,,,,,,,,,,,,*1e", " ok (delta 0)", 2},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         GpsInput input(clock_);
         input.store().setTracing(true);
         input.onSentence(c.line);
@@ -55,12 +55,6 @@ TEST_F(SentenceReceiverTest, SaysWhyALineIsRefused) {
         if (!c.tag.empty()) { EXPECT_EQ(lines[0], c.line.substr(0, c.line.find('\r')) + ":" + c.tag); }
         EXPECT_EQ(input.store().copy().sentenceFlags, c.flags) << c.line;
     }
-}
-
-TEST_F(SentenceReceiverTest, ChecksumDigitsMayBeLowerCase) {
-    input_.onSentence("$GPGGA,,,,,,0,,,,M,,M,,*4a");
-    input_.onSentence("$GPGSA,A,1,,,,,,,,,,,,,,,*1e");
-    EXPECT_EQ(waiting(), 1U) << "the first one's sum is wrong in any case of letters";
 }
 
 TEST_F(SentenceReceiverTest, KeepsTheNewestOfEachKindInOrderOfArrival) {
@@ -104,14 +98,9 @@ TEST_F(SentenceReceiverTest, SatellitesMakeRoomForEachOtherNeverThePosition) {
     for (int i = 0; i < 300; ++i) input_.onSentence(sentence("GPGSV,3," + std::to_string(i)));
     input_.onSentence(sentence("GPGSA,1"));
     const auto queue = input_.queue().lock();
-    const auto waits = [&](std::string_view body) {
-        return std::ranges::count(queue->sentences(), sentence(body), &SentenceQueue::Waiting::text) == 1;
-    };
-    EXPECT_TRUE(waits("GPRMC,1"));
-    EXPECT_TRUE(waits("GPGGA,1"));
-    EXPECT_TRUE(waits("GPGSA,1"));
-    EXPECT_TRUE(waits("GPGSV,3,299"));
-    EXPECT_FALSE(waits("GPGSV,3,0")) << "the oldest goes first";
+    for (const auto& [body, waits] : {std::pair{"GPRMC,1", 1}, {"GPGGA,1", 1}, {"GPGSA,1", 1}, {"GPGSV,3,299", 1},
+             {"GPGSV,3,0", 0}})  // the oldest goes first
+        EXPECT_EQ(std::ranges::count(queue->sentences(), sentence(body), &SentenceQueue::Waiting::text), waits) << body;
 }
 
 TEST_F(SentenceReceiverTest, AnswersAndHandsOver) {
@@ -126,14 +115,12 @@ using SentenceDecoderTest = GpsTest;
 TEST_F(SentenceDecoderTest, RmcGivesPositionSpeedAndTrack) {
     clock_.advanceMs(700);
     feed(kRmc);
-    EXPECT_NEAR(latDeg(fix()), -(42 + 50.5589 / 60), 1e-9);
-    EXPECT_NEAR(lonDeg(fix()), 147 + 18.5084 / 60, 1e-9);
-    EXPECT_EQ(fix().rmcPositionValid, 1);
-    EXPECT_EQ(fix().groundSpeedKt, 10.5);
-    EXPECT_EQ(fix().trackMag, 89.68);
-    EXPECT_EQ(fix().magVariation, kNoAngle);
-    EXPECT_EQ(fix().positionTickMs, clock_.tickMs());
-    EXPECT_EQ(fix().altitudeTickMs, kNeverStored);
+    const GpsFix told = fix();
+    EXPECT_NEAR(latDeg(told), -(42 + 50.5589 / 60), 1e-9);
+    EXPECT_NEAR(lonDeg(told), 147 + 18.5084 / 60, 1e-9);
+    EXPECT_EQ(std::tuple(told.rmcPositionValid, told.groundSpeedKt, told.trackMag, told.magVariation),
+        std::tuple(1, 10.5, 89.68, kNoAngle));
+    EXPECT_EQ(std::tuple(told.positionTickMs, told.altitudeTickMs), std::tuple(clock_.tickMs(), kNeverStored));
 
     feed("GPRMC,,V,0000.00,N,00000.00,E,99,99,,,");
     EXPECT_EQ(fix().groundSpeedKt, 10.5) << "a receiver without a lock changes nothing";
@@ -144,21 +131,13 @@ TEST_F(SentenceDecoderTest, RmcGivesPositionSpeedAndTrack) {
 }
 
 TEST_F(SentenceDecoderTest, VariationTurnsTheTrack) {
-    struct Case {
+    const struct {
         const char* tail;  // course and what follows
         double variation, trackMag;
-    };
-    // Each one follows the one before.
-    const Case cases[] = {
-        {"10.0,010100,3.1,E", -3.1, 6.9},
-        {"10.0,010100,,E", -3.1, 6.9},
-        {"2.0,010100,3.0,E", -3.0, 359},
-        {"358,010100,5,W,A", 5, 3},
-        {"10.0,010100,3.1,", kNoAngle, 10},
-        {"10.0,010100,3.1,e", kNoAngle, 10},
-        {"1000,010100,3,W", 3, kNoAngle},
-    };
-    for (const Case& c : cases) {
+    } cases[] = {{"10.0,010100,3.1,E", -3.1, 6.9}, {"10.0,010100,,E", -3.1, 6.9}, {"2.0,010100,3.0,E", -3.0, 359},
+        {"358,010100,5,W,A", 5, 3}, {"10.0,010100,3.1,", kNoAngle, 10}, {"10.0,010100,3.1,e", kNoAngle, 10},
+        {"1000,010100,3,W", 3, kNoAngle}};
+    for (const auto& c : cases) {
         feed(std::string("GPRMC,1,A,4250.5589,S,14718.5084,E,0,") + c.tail);
         EXPECT_EQ(fix().magVariation, c.variation) << c.tail;
         EXPECT_NEAR(fix().trackMag, c.trackMag, 1e-9) << c.tail;
@@ -234,13 +213,12 @@ TEST_F(SentenceDecoderTest, WhatIsNoFiniteNumberCountsAsEmpty) {
     clock_.advanceMs(1000);
     feed("GPRMC,1,A,nan,N,01015.0,E,inf,-inf,211200,nan,W");
     feed("GPVTG,nan,T,,M,nan,N,inf,K");
-    EXPECT_EQ(fix().position, good.position);
     EXPECT_EQ(fix().rmcPositionValid, 0) << "GGA's may be taken";
-    EXPECT_EQ(fix().groundSpeedKt, good.groundSpeedKt);
-    EXPECT_EQ(fix().trackMag, good.trackMag);
-    EXPECT_EQ(fix().magVariation, good.magVariation);
-    for (const std::int64_t tick : {fix().positionTickMs, fix().groundSpeedTickMs, fix().trackTickMs})
-        EXPECT_EQ(tick, good.positionTickMs);
+    const auto values = [](const GpsFix& of) {
+        return std::tuple(of.position, of.groundSpeedKt, of.trackMag, of.magVariation, of.positionTickMs,
+            of.groundSpeedTickMs, of.trackTickMs);
+    };
+    EXPECT_TRUE(values(fix()) == values(good));
     feed("GPVTG,,T,,M,nan,N,100,K");
     EXPECT_NEAR(fix().groundSpeedKt, 53.99568, 1e-9) << "the other unit";
 }
@@ -372,9 +350,9 @@ TEST_F(SentenceDecoderTest, LogsEndWhereAnotherDecoderSaysTheyDo) {
         const GpsFix end = input.store().copy();
         EXPECT_NEAR(latDeg(end), c.lat, 1e-7) << c.file;
         EXPECT_NEAR(lonDeg(end), c.lon, 1e-7) << c.file;
-        EXPECT_EQ(end.altitudeFt, c.altitudeFt) << c.file;
-        EXPECT_EQ(end.fixQuality, c.fixQuality) << c.file;
-        EXPECT_EQ(end.satsInUse, c.satsInUse) << c.file;
+        EXPECT_EQ(std::tuple(end.altitudeFt, end.fixQuality, end.satsInUse),
+            std::tuple(c.altitudeFt, c.fixQuality, c.satsInUse))
+            << c.file;
     }
 }
 

@@ -36,15 +36,6 @@ class SerialPortTerminalTest : public testing::Test {
     SerialPort port_{systemSerialDeviceOpener({}), clock_};
 };
 
-TEST_F(SerialPortTerminalTest, LinesArriveWholeWhateverComesBetween) {
-    LineCollector lines;
-    const RunningPort running = run(lines);
-    const std::vector<std::string> pieces = {"$GPGGA,1", "\r", "\n", std::string(200, 'x') + "\r\n", "$GPGGA,2\r\n",
-        std::string(1100, 'x'), "tail\r\n", "$GPGGA,3\r\n"};
-    for (const std::string& piece : pieces) ASSERT_TRUE(receiver_->write(piece, kDeadline));
-    EXPECT_EQ(lines.waitFor(3), (std::vector<std::string>{"$GPGGA,1", "$GPGGA,2", "$GPGGA,3"}));
-}
-
 TEST_F(SerialPortTerminalTest, NothingIsLostAtFullSpeed) {
     // Ten seconds of a receiver that fills the line at 115200 baud, faster than it would come.
     std::vector<std::string> expected;
@@ -87,23 +78,6 @@ TEST_F(SerialPortTerminalTest, BytesGoOutAsTheyAre) {
     EXPECT_EQ(arrived, bytes);
 }
 
-TEST_F(SerialPortTerminalTest, APortHasOneUserAndCanBeOpenedAgain) {
-    SerialPort other(systemSerialDeviceOpener({}), clock_);
-    EXPECT_EQ(port_.open(settings()), "");
-    EXPECT_EQ(port_.open(settings()), "Port already open!");
-    EXPECT_EQ(other.open(settings()), "Port already open!");
-    port_.close();
-    EXPECT_EQ(other.open(settings("300")), "Unsupported baud");
-    EXPECT_EQ(other.open(settings("4800")), "");
-}
-
-TEST_F(SerialPortTerminalTest, NamesWithoutASerialLineHaveTheirTexts) {
-    EXPECT_EQ(port_.open("/dev/nothing:,4800"), "Invalid Port");
-    EXPECT_EQ(port_.open("COM:,4800"), "Invalid Port");
-    EXPECT_EQ(port_.open("COM9999:,4800"), "Invalid Port");
-    EXPECT_EQ(port_.open("/dev/null:,4800"), "Port Being Used");
-}
-
 TEST_F(SerialPortTerminalTest, AnUnpluggedReceiverIsNoticedAndThePortClosed) {
     LineCollector lines;
     const RunningPort running = run(lines);
@@ -116,15 +90,6 @@ TEST_F(SerialPortTerminalTest, AnUnpluggedReceiverIsNoticedAndThePortClosed) {
     EXPECT_TRUE(port_.isOpen());
     port_.close();
     EXPECT_FALSE(port_.isOpen());
-}
-
-TEST_F(SerialPortTerminalTest, CloseEndsAWriteThatNobodyTakes) {
-    LineCollector lines;
-    const RunningPort running = run(lines);
-    for (int i = 0; i < 5; ++i)  // more than the line holds
-        port_.write(std::string(4000, 'x'));
-    port_.close();
-    EXPECT_EQ(port_.open(settings()), "");
 }
 
 }}  // namespace korvel

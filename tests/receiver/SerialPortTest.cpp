@@ -142,10 +142,9 @@ TEST_F(SerialPortTest, OpensAt4800AsTheTimeoutsWant) {
         .dtrOn = false,
         .rtsOn = false};
     EXPECT_EQ(port_.open("COM3:,4800,E,7,2"), "");
-    EXPECT_EQ(bench_.openedPath, R"(\\.\COM3:)");
-    EXPECT_EQ(port_.devicePath(), R"(\\.\COM3:)");
-    EXPECT_EQ(port_.portNumber(), 3);
-    EXPECT_EQ(port_.settings(), "COM3:,4800,E,7,2");
+    EXPECT_EQ(bench_.openedPath, port_.devicePath());
+    EXPECT_EQ(std::tuple(port_.devicePath(), port_.portNumber(), port_.settings()),
+        std::tuple(R"(\\.\COM3:)", 3, "COM3:,4800,E,7,2"));
     EXPECT_EQ(bench_.line, (LineSettings{.baud = 4800, .xonXoffOutput = true, .replaceErrors = true}));
     EXPECT_EQ(bench_.timeouts, (SerialTimeouts{4, 3, 5, 0, 0}));
 
@@ -168,12 +167,11 @@ TEST_F(SerialPortTest, TheSpeedIsWhatTheTextBeginsWith) {
 }
 
 TEST_F(SerialPortTest, FailuresToOpenHaveTheirTextsAndLeaveNothingOpen) {
-    struct Case {
+    const struct {
         const char* settings;
         SystemError open, settingsRead, apply;
         const char* text;
-    };
-    const std::vector<Case> cases = {
+    } cases[] = {
         {"COM3:,4800", 2, 0, 0, "Invalid Port"}, {"COM3:,4800", 5, 0, 0, "Port already open!"},
         {"COM3:,4800", 55, 0, 0, "Used or Non-existent Port!"}, {"COM3:,4800", 31, 0, 0, "Port Open Failed=31"},
         {"COM3:,300", 0, 31, 0, "Port Being Used"}, {"COM3:,300", 0, 0, 0, "Unsupported baud"},
@@ -181,16 +179,14 @@ TEST_F(SerialPortTest, FailuresToOpenHaveTheirTextsAndLeaveNothingOpen) {
         {"COM3:,14400", 0, 0, 87, "Unsupported baud"}, {"COM3:,4800", 0, 0, 31, "Port Open Failed=31"},
         {"/dev/ttyACM123:,4800", 0, 0, 0, "Bad setting!"},  // 15 characters
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         bench_.openError = c.open;
         bench_.settingsError = c.settingsRead;
         bench_.applyError = c.apply;
         bench_.closed = true;
         EXPECT_EQ(port_.open(c.settings), c.text);
-        EXPECT_FALSE(port_.isOpen());
-        EXPECT_TRUE(bench_.closed);
-        EXPECT_EQ(port_.devicePath(), "");
-        EXPECT_EQ(port_.settings(), "");
+        EXPECT_TRUE(bench_.closed && !port_.isOpen());
+        EXPECT_EQ(std::tuple(port_.devicePath(), port_.settings()), std::tuple("", ""));
     }
 }
 

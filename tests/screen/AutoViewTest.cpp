@@ -108,12 +108,9 @@ class AutoViewTest : public testing::Test {
 };
 
 TEST_F(AutoViewTest, BringsTheHsiNearTheDestinationAndTakesItAway) {
-    EXPECT_EQ(at(10.1), PageId::NorthUp);
-    EXPECT_EQ(at(9.9), PageId::MapHsi);
-    EXPECT_EQ(at(11.9), PageId::MapHsi);
-    EXPECT_EQ(at(12.1), PageId::NorthUp);
-    EXPECT_EQ(at(11.9), PageId::NorthUp);
-    EXPECT_EQ(at(5), PageId::MapHsi);
+    for (const auto& [nm, page] : {std::pair{10.1, PageId::NorthUp}, {9.9, PageId::MapHsi}, {11.9, PageId::MapHsi},
+             {12.1, PageId::NorthUp}, {11.9, PageId::NorthUp}, {5., PageId::MapHsi}})
+        EXPECT_EQ(at(nm), page) << nm;
     EXPECT_EQ(at(0.2, 25), PageId::MapHsi);
     data.position.reset();
     EXPECT_EQ(at(0.2, 0), PageId::MapHsi);

@@ -73,6 +73,7 @@ class ScreenTest : public testing::Test {
         hand_.release(at);
     }
     void tap(const Rect& area) { tap(area.center()); }
+    void tapOfPage(Point at) { tap(Point{at.x + screen_.areas().page().x, at.y + screen_.areas().page().y}); }
     void drag(Point from, Point to) {
         hand_.press(from);
         hand_.move({(from.x + to.x) / 2, (from.y + to.y) / 2});

@@ -78,8 +78,7 @@ TEST_F(ScreenTest, RowsOfThePlanAreMarkedOpenedAndScrolled) {
     const Rect page = screen_.areas().page();
     const FlightPlanRows rows(page.width, page.height, 40);
     const auto tapRow = [&](std::size_t row, std::size_t first) {
-        const Point at = rows.row(row, first).center();
-        tap(Point{page.x + at.x, page.y + at.y});
+        tapOfPage(rows.row(row, first).center());
         return asked();
     };
     const std::size_t first = *screen_.lists().plan().firstRow;
@@ -99,8 +98,7 @@ TEST_F(ScreenTest, AnAirportOfTheNearestIsOpenedByTapAndKey) {
     fly(47, 10);
     ASSERT_TRUE(screen_.data().nearAirports);
     const Rect page = screen_.areas().page();
-    const Point row = layOutNearestPage(page.width, page.height, 1, {}).rows.front().center();
-    tap(Point{page.x + row.x, page.y + row.y});
+    tapOfPage(layOutNearestPage(page.width, page.height, 1, {}).rows.front().center());
     EXPECT_EQ(asked(), Asked{"airport XFLD"});
     EXPECT_FALSE(hand_.key(ScreenKey::Open));
     EXPECT_TRUE(hand_.key(ScreenKey::Down) && hand_.key(ScreenKey::Open));
@@ -131,9 +129,7 @@ TEST_F(ScreenTest, AlarmsAreTappedAwayWhereTheyStand) {
     EXPECT_FALSE(screen_.acknowledgeAlarm());
     fly(47, 10);
     const auto tapAlarm = [&](std::size_t place) {
-        const Rect page = screen_.areas().page();
-        const Point at = screen_.areas().alarms().areas.at(place).center();
-        tap(Point{page.x + at.x, page.y + at.y});
+        tapOfPage(screen_.areas().alarms().areas.at(place).center());
         return screen_.data().alarms;
     };
     EXPECT_EQ(tapAlarm(1), Asked{"FUEL"});
@@ -158,11 +154,10 @@ TEST_F(ScreenTest, AnApproachIsToldAndItsBoxTapped) {
     screen_.showPage(PageId::Hsi);
     const Rect page = screen_.areas().page();
     const Point box = approachBox(page.width, page.height).center();
-    const Point at{page.x + box.x, page.y + box.y};
-    tap(at);
+    tapOfPage(box);
     EXPECT_EQ(asked(), Asked{"approach"});
     screen_.showPage(PageId::Efis);
-    tap(at);
+    tapOfPage(box);
     EXPECT_EQ(asked(), Asked{});
 }
 

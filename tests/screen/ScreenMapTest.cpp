@@ -201,8 +201,7 @@ TEST_F(ScreenTest, TheRulerTakesHoldOfWhatLiesUnderTheFinger) {
     EXPECT_EQ(asked(), Asked{}) << "a place is no more than an end of it";
 
     const Rect page = screen_.areas().page();
-    const Rect close = measureCloseBox(page.width, mapTextPx(page.width, page.height));
-    tap(Point{page.x + close.center().x, page.y + close.center().y});
+    tapOfPage(measureCloseBox(page.width, mapTextPx(page.width, page.height)).center());
     EXPECT_FALSE(screen_.isMeasuring());
     EXPECT_EQ(screen_.message(), "Measuring ended");
     screen_.say("x");

@@ -133,19 +133,14 @@ CockpitData moving(double trackTrueDeg, double groundSpeedKt) {
 }
 
 TEST(MapAngle, FollowsOnlyATrackThatCanBeTrusted) {
-    MapAngle angle;
-    EXPECT_EQ(angle.update(CockpitData{}), 0);
-    EXPECT_EQ(angle.update(moving(90, 2.9)), 0);
-    EXPECT_EQ(angle.update(moving(123.6, 3)), 124);
-    EXPECT_EQ(angle.update(moving(200, 1)), 124);
     CockpitData stale = moving(200, 100);
     stale.position.reset();
-    EXPECT_EQ(angle.update(stale), 124);
     CockpitData trackless = moving(200, 100);
     trackless.trackTrueDeg.reset();
-    EXPECT_EQ(angle.update(trackless), 124);
-    EXPECT_EQ(angle.update(moving(359.7, 100)), 0);
-    EXPECT_EQ(angle.update(moving(-10, 100)), 350);
+    MapAngle angle;
+    const std::pair<CockpitData, int> steps[] = {{{}, 0}, {moving(90, 2.9), 0}, {moving(123.6, 3), 124},
+        {moving(200, 1), 124}, {stale, 124}, {trackless, 124}, {moving(359.7, 100), 0}, {moving(-10, 100), 350}};
+    for (const auto& [data, upDeg] : steps) EXPECT_EQ(angle.update(data), upDeg);
 }
 
 TEST(MapCamera, StaysWhereTheAircraftWasSeenLast) {

@@ -14,13 +14,12 @@ using Words = std::vector<std::string>;
 TEST(Tool, StatusAndMessages) {
     const TempFolder folder;
     const std::string data = folder.path().string();
-    struct Case {
+    const struct {
         Words words;
         int status;
         std::string output;  ///< all of it, when not empty
         std::string error;   ///< how standard error begins
-    };
-    const Case cases[] = {
+    } cases[] = {
         {{}, 2, "", "A verb"},
         {{"frob"}, 2, "", "The following argument was not expected: frob"},
         {{"--json", "geo", "turn", "1", "2"}, 2, "", "The following"},
@@ -51,7 +50,7 @@ TEST(Tool, StatusAndMessages) {
         {{"profile", data + "/x.ini", "frob"}, 2, "", "Unknown action"},
         {{"scheme"}, 2, "", "name is required"},
     };
-    for (const Case& one : cases) {
+    for (const auto& one : cases) {
         const ToolResult result = runTool(one.words);
         const std::string call = testing::PrintToString(one.words);
         EXPECT_EQ(result.status, one.status) << call;
@@ -68,12 +67,10 @@ TEST(Tool, StatusAndMessages) {
 }
 
 TEST(Tool, Geodesy) {
-    struct Case {
+    const struct {
         Words words;
         Json fields;
-    };
-    // Los Angeles to New York as Ed Williams' formulary works it out, and mirror images of it.
-    const Case cases[] = {
+    } cases[] = {
         {{"distance", "33.95", "-118.4", "40.633333", "-73.783333"}, {{"rad", 0.623585}, {"nm", 2143.727}}},
         {{"distance", "-33.95", "118.4", "-40.633333", "73.783333"}, {{"rad", 0.623585}, {"nm", 2143.727}}},
         {{"course", "33.95", "-118.4", "40.633333", "-73.783333"}, {{"deg", 65.892}}},
@@ -81,7 +78,7 @@ TEST(Tool, Geodesy) {
         {{"point", "-.5", "179.5", "60", "90"}, {{"lat", -0.499924}, {"lon", -179.499962}}},
         {{"midlat", "0", "-10", "0", "30"}, {{"lat", 0}, {"lon", 10}}},
     };
-    for (const Case& one : cases) {
+    for (const auto& one : cases) {
         Words words{"geo"};
         words.insert(words.end(), one.words.begin(), one.words.end());
         words.emplace_back("--json");
@@ -114,10 +111,8 @@ TEST(Tool, ProfileKeepsWhatItReadsAndSets) {
     const Json settings = json({"settings"})["settings"];
     EXPECT_EQ(settings.size(), 37U);
     EXPECT_EQ(settings.begin().key(), "Port");
-    EXPECT_EQ(settings["RotateMask"], 0x020202);
-    EXPECT_EQ(settings["ShowHints2"], 1);
-    EXPECT_EQ(settings["SimLon"], "-118.4");
-    EXPECT_EQ(settings["LogEndVal"], -1);
+    const Json expected{{"RotateMask", 0x020202}, {"ShowHints2", 1}, {"SimLon", "-118.4"}, {"LogEndVal", -1}};
+    for (const auto& [key, value] : expected.items()) EXPECT_EQ(settings[key], value) << key;
     const Json entries = json({})["entries"];
     EXPECT_EQ(entries.size(), 38U) << "37 settings and the integer \"Port\"";
     EXPECT_EQ(entries["Options:RotateMask"], "460551");

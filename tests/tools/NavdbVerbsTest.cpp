@@ -45,11 +45,9 @@ class NavdbVerbs : public testing::Test {
 
 TEST_F(NavdbVerbs, TellWhatAFileHolds) {
     const Json info = run({"navdb", "info", file(), "--now", "2100-01-01T00:00:00"}).at(0);
-    EXPECT_EQ(info["error"], "");
-    EXPECT_EQ(info["version"], "NavDb4.7");
-    EXPECT_EQ(info["region"], "K");
-    EXPECT_EQ(info["expiry"], 20991231);
-    EXPECT_EQ(info["expired"], true);
+    const Json expected{
+        {"error", ""}, {"version", "NavDb4.7"}, {"region", "K"}, {"expiry", 20991231}, {"expired", true}};
+    for (const auto& [name, value] : expected.items()) EXPECT_EQ(info[name], value) << name;
     EXPECT_EQ(info["tables"][4], Json::parse(R"({"name":"_AWY","rowSize":8,"fields":[{"name":"ID","type":3,"length":4},
                               {"name":"ROUTE","type":3,"length":4}]})"));
     EXPECT_EQ(info["indexes"][2], Json::parse(R"({"name":"NavKey","table":"_NAV","rows":1})"));
@@ -63,11 +61,8 @@ TEST_F(NavdbVerbs, TellWhatAFileHolds) {
 
 TEST_F(NavdbVerbs, SearchTheDataFolder) {
     const Json vor = run({"navdb", "find", "v.SEA"}).at(0);
-    EXPECT_EQ(vor["kind"], 1);
-    EXPECT_EQ(vor["frequency"], 116.8);
-    EXPECT_EQ(vor["usage"], 0x60);
-    EXPECT_EQ(vor["infoText"], "116.8");
-    EXPECT_EQ(vor["source"], "k.ng2");
+    const Json expected{{"kind", 1}, {"frequency", 116.8}, {"usage", 0x60}, {"infoText", "116.8"}, {"source", "k.ng2"}};
+    for (const auto& [name, value] : expected.items()) EXPECT_EQ(vor[name], value) << name;
     EXPECT_FALSE(vor.contains("runways"));
     const Json airport = run({"navdb", "find", "a.KSEA"}).at(0);
     EXPECT_EQ(airport["name"], "Mine");

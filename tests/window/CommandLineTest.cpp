@@ -15,20 +15,12 @@ TEST(CommandLine, TakesEveryOptionInBothForms) {
                         "25", "--profile-folder", "/tmp/p", "--language=de"},
                   line),
         "");
-    EXPECT_EQ(line.planFile, "trip.fp");
-    EXPECT_EQ(line.replayFile, "a.log");
-    EXPECT_EQ(line.speed, 2.5);
-    EXPECT_EQ(line.snapshotFile, "o.png");
-    EXPECT_EQ(line.width, 800);
-    EXPECT_EQ(line.height, 480);
-    EXPECT_EQ(line.afterSec, 0);
-    EXPECT_TRUE(line.simulate);
-    EXPECT_EQ(line.timeFactor, 30);
-    EXPECT_EQ(line.page, "Map");
-    EXPECT_EQ(line.scheme, "<Night-Flight>");
-    EXPECT_EQ(line.rangeNm, 25);
-    EXPECT_EQ(line.profileFolder, "/tmp/p");
-    EXPECT_EQ(line.language, "de");
+    EXPECT_EQ(std::tuple(line.planFile, line.replayFile, line.snapshotFile, line.profileFolder),
+        std::tuple("trip.fp", "a.log", "o.png", "/tmp/p"));
+    EXPECT_EQ(
+        std::tuple(line.page, line.scheme, line.language, line.rangeNm), std::tuple("Map", "<Night-Flight>", "de", 25));
+    EXPECT_EQ(std::tuple(line.speed, line.width, line.height, line.afterSec, line.simulate, line.timeFactor),
+        std::tuple(2.5, 800, 480, 0, true, 30));
 }
 
 TEST(CommandLine, TheLastOfTwoStandsAndHelpNamesThemAll) {
@@ -53,28 +45,11 @@ TEST(CommandLine, ToldWhatAValueMustBe) {
 }
 
 TEST(CommandLine, SaysInOneLineWhatIsWrong) {
-    const std::vector<std::vector<std::string_view>> wrong = {
-        {"--speed", "0"},
-        {"--speed", "-1"},
-        {"--speed", "fast"},
-        {"--speed", "2x"},
-        {"--speed", "nan"},
-        {"--speed"},
-        {"--size", "800"},
-        {"--size", "800x"},
-        {"--size", "0x0"},
-        {"--size", "800x99999"},
-        {"--after", "-1"},
-        {"--after", "inf"},
-        {"--range", "2.5"},
-        {"--range", "0"},
-        {"--time-factor", "61"},
-        {"--replay="},
-        {"--snapshot"},
-        {"--nonsense"},
-        {"--demo", "--replay", "a.log"},
-        {"a.fp", "b.fp"},
-    };
+    const std::vector<std::vector<std::string_view>> wrong = {{"--speed", "0"}, {"--speed", "-1"}, {"--speed", "fast"},
+        {"--speed", "2x"}, {"--speed", "nan"}, {"--speed"}, {"--size", "800"}, {"--size", "800x"}, {"--size", "0x0"},
+        {"--size", "800x99999"}, {"--after", "-1"}, {"--after", "inf"}, {"--range", "2.5"}, {"--range", "0"},
+        {"--time-factor", "61"}, {"--replay="}, {"--snapshot"}, {"--nonsense"}, {"--demo", "--replay", "a.log"},
+        {"a.fp", "b.fp"}};
     for (const auto& arguments : wrong) {
         CommandLine line;
         const std::string error = parse(arguments, line);
