@@ -132,27 +132,20 @@ TEST(MapFurniture, NothingStandsOnAnythingElseOrOnTheAircraft) {
     crowded.status = "COM5 4800\nWaiting for NMEA gprmc or gpvtg";
     crowded.databaseNotice = "CHARTS EXPIRED 2013-05-02";
     crowded.message = "Auto-zoom/view disabled for 30 secs.";
+    CockpitData alarmed = flying();
+    alarmed.alarms = {"CHECK GEAR", "Arriving at WWWWWWWWWWW", "OFF COURSE", "one more"};
+    alarmed.message = crowded.message;
     const std::pair<int, int> sizes[] = {{480, 570}, {640, 300}, {800, 370}, {1280, 660}, {2176, 1500}, {600, 900}};
     for (const auto& [width, height] : sizes)
         for (const PageId id : {PageId::Map, PageId::NorthUp}) {
             const LaidOut map(crowded, id, width, height);
             EXPECT_EQ(map.furniture.areas().size(), 7U);
             map.expectApart();
-        }
-}
-
-TEST(MapFurniture, AlarmsStandOnNothingElseAndAFingerFindsThem) {
-    CockpitData data = flying();
-    data.alarms = {"CHECK GEAR", "Arriving at WWWWWWWWWWW", "OFF COURSE", "one more"};
-    data.message = "Auto-zoom/view disabled for 30 secs.";
-    const std::pair<int, int> sizes[] = {{640, 300}, {800, 370}, {1280, 660}, {480, 570}};
-    for (const auto& [width, height] : sizes)
-        for (const PageId id : {PageId::Map, PageId::NorthUp}) {
-            const LaidOut map(data, id, width, height);
-            ASSERT_EQ(map.furniture.alarms.size(), kMostAlarmBoxes);
-            EXPECT_EQ(map.boxes.alarmAt(map.furniture.alarms[1].center()), 1U);
-            EXPECT_EQ(map.boxes.alarmAt(map.projection.aircraft()), std::nullopt);
-            map.expectApart();
+            const LaidOut boxed(alarmed, id, width, height);
+            ASSERT_EQ(boxed.furniture.alarms.size(), kMostAlarmBoxes);
+            EXPECT_EQ(boxed.boxes.alarmAt(boxed.furniture.alarms[1].center()), 1U) << "under a finger";
+            EXPECT_EQ(boxed.boxes.alarmAt(boxed.projection.aircraft()), std::nullopt);
+            boxed.expectApart();
         }
 }
 
