@@ -33,6 +33,7 @@ bool isFresh(std::int64_t storedMs, std::int64_t nowMs) {
 CKorvelDoc::CKorvelDoc(const Foundations& foundations)
     : profile_(foundations.profile),
       clock_(foundations.clock),
+      receiver_(loadReceiverChoice(foundations.profile)),
       settings_(loadSettings(foundations.profile)),
       attitudeModule_(foundations.pluginFolder),
       input_(foundations.clock,
@@ -51,6 +52,7 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
     };
     gpsPort_.setTrace(traceBytes);
     modulePort_.setTrace(traceBytes);
+    input_.understandAllTalkers(receiver_.allTalkers);
     input_.setOtherSource(&flight_.simulator());
     input_.decoder().setVariationLookup(
         [this](GeoPoint here) { return charts_.database().variationAt(here); });
@@ -137,6 +139,12 @@ void CKorvelDoc::applySettings(const Settings& changed) {
     ++revision_;
 }
 
+void CKorvelDoc::chooseReceiver(const ReceiverChoice& choice) {
+    receiver_ = choice;
+    storeReceiverChoice(profile_, choice);
+    input_.understandAllTalkers(choice.allTalkers);
+}
+
 void CKorvelDoc::useSource(std::unique_ptr<SentenceSource> source) {
     monitor_.useSource(source.get());
     source_ = std::move(source);
@@ -203,8 +211,12 @@ void CKorvelDoc::collectFix(CockpitData& data) {
     data.fixQuality = fix.fixQuality;
     data.fix3D = fix.fix3D != 0;
     data.satsInUse = fix.satsInUse;
-    data.satellites = unpackSatellites(fix.satellites);
-    std::ranges::sort(data.satellites, {}, &Satellite::number);
+    if (input_.understandsAllTalkers()) {
+        data.satellites = satellitesOf(input_.sky());
+    } else {
+        data.satellites = unpackSatellites(fix.satellites);
+        std::ranges::sort(data.satellites, {}, &Satellite::number);
+    }
     data.receiverActive = (fix.sentenceFlags & SentenceFlag::kBytesArrive) != 0;
     const Aircraft aircraft = received();
     if (IsValid(aircraft.position)) {

@@ -18,6 +18,7 @@
 #include "cockpit/NearAirportList.h"
 #include "cockpit/UserFixes.h"
 #include "config/ProfileFile.h"
+#include "config/ReceiverChoice.h"
 #include "config/Settings.h"
 #include "platform/Clock.h"
 #include "platform/SerialDevice.h"
@@ -108,6 +109,10 @@ class CKorvelDoc final : private SentenceListener {
     /// among them counts as chosen by the pilot from now on.
     void applySettings(const Settings& changed);
 
+    const ReceiverChoice& receiverChoice() const { return receiver_; }
+    /// Puts it in force and into the profile.
+    void chooseReceiver(const ReceiverChoice& choice);
+
     /// Listens to this source instead of a port, whatever the settings say, until the pilot chooses
     /// another port.
     void useSource(std::unique_ptr<SentenceSource> source);
@@ -138,6 +143,7 @@ class CKorvelDoc final : private SentenceListener {
 
     ProfileFile& profile_;
     const Clock& clock_;
+    ReceiverChoice receiver_;  // read before the settings
     Settings settings_;
     AttitudeModule attitudeModule_;  // before the ports, whose threads call it
     GpsInput input_;

@@ -14,6 +14,7 @@ GpsFix GpsFixStore::copy() const {
 }
 
 void GpsFixStore::reset() {
+    *sky_.lock() = {};
     const auto shared = shared_.lock();
     shared->fixQuality = 0;
     shared->sentenceFlags = 0;

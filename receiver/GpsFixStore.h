@@ -8,6 +8,7 @@
 
 #include "base/Guarded.h"
 #include "receiver/GpsFix.h"
+#include "receiver/talkers/SkyTable.h"
 
 namespace korvel {
 
@@ -31,6 +32,10 @@ class GpsFixStore {
 
     Guarded<Shared>& shared() { return shared_; }
 
+    /// The satellites of all systems, under a lock of their own; written by the port's thread while
+    /// all talkers are understood.
+    Guarded<SkyTable>& sky() { return sky_; }
+
     /// The fields that the main thread alone writes and reads; the shared ones in it are unused.
     GpsFix& own() { return own_; }
     const GpsFix& own() const { return own_; }
@@ -38,9 +43,9 @@ class GpsFixStore {
     /// A consistent copy of the whole fix. Main thread.
     GpsFix copy() const;
 
-    /// What a silent or reopened receiver leaves: quality, satellites and flags at 0, the position
-    /// open to GGA again. Position, speed, track, altitude and variation stand as they were. Main
-    /// thread.
+    /// What a silent or reopened receiver leaves: quality, satellites and flags at 0, the sky
+    /// empty, the position open to GGA again. Position, speed, track, altitude and variation stand
+    /// as they were. Main thread.
     void reset();
 
     void setTracing(bool on) { tracing_ = on; }
@@ -61,6 +66,7 @@ class GpsFixStore {
  private:
     GpsFix own_;
     Guarded<Shared> shared_;
+    Guarded<SkyTable> sky_;
     std::atomic<bool> tracing_{false};
 };
 

@@ -5,7 +5,17 @@
 namespace korvel {
 
 GpsInput::GpsInput(const Clock& clock, LineOutlets outlets)
-    : clock_(clock), receiver_(store_, queue_, std::move(outlets)), decoder_(store_) {}
+    : clock_(clock),
+      merge_(store_.sky()),
+      receiver_(store_, queue_, std::move(outlets)),
+      decoder_(store_) {}
+
+void GpsInput::onSentence(std::string_view text, std::int64_t arrivedMs) {
+    if (!allTalkers_)
+        return receiver_.onSentence(text, arrivedMs);
+    for (const std::string_view line : merge_.take(text))
+        receiver_.onSentence(line, arrivedMs);
+}
 
 void GpsInput::decode(SentenceQueue& held) {
     if (!isSupplanted())
@@ -31,6 +41,11 @@ SatelliteWords GpsInput::satellitesForDisplay() {
     }
     satellitesAskedMs_ = clock_.tickMs();
     return shared->satellites;
+}
+
+std::vector<SkySatellite> GpsInput::sky() {
+    return allTalkers_ && satellitesAskedMs_ ? store_.sky().lock()->satellites()
+                                             : std::vector<SkySatellite>();
 }
 
 void GpsInput::expireSatellitesWanted() {

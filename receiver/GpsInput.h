@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "geo/PositionSource.h"
 #include "platform/Clock.h"
@@ -11,6 +12,7 @@
 #include "receiver/SentenceDecoder.h"
 #include "receiver/SentenceQueue.h"
 #include "receiver/SentenceReceiver.h"
+#include "receiver/talkers/TalkerMerge.h"
 
 namespace korvel {
 
@@ -28,10 +30,12 @@ class GpsInput {
     explicit GpsInput(const Clock& clock, LineOutlets outlets = {});
 
     /// A line and the tick at which it came; without one it came now. Port thread.
-    void onSentence(std::string_view text, std::int64_t arrivedMs) {
-        receiver_.onSentence(text, arrivedMs);
-    }
+    void onSentence(std::string_view text, std::int64_t arrivedMs);
     void onSentence(std::string_view text) { onSentence(text, clock_.tickMs()); }
+
+    /// Whether the sentences of all systems are understood; off at first. Any thread.
+    void understandAllTalkers(bool on) { allTalkers_ = on; }
+    bool understandsAllTalkers() const { return allTalkers_; }
 
     // Everything below: main thread.
 
@@ -56,6 +60,9 @@ class GpsInput {
     /// The satellites in view; asking makes the receiver's satellite sentences wanted, and the
     /// first question after a pause empties the table.
     SatelliteWords satellitesForDisplay();
+    /// The satellites of all systems in view, by system and number; none unless all talkers are
+    /// understood and satellites are wanted.
+    std::vector<SkySatellite> sky();
     /// Forgets the wish once 5 s have passed without a question. Called every tick.
     void expireSatellitesWanted();
 
@@ -74,8 +81,10 @@ class GpsInput {
     const PositionSource* otherSource_ = nullptr;
     GpsFixStore store_;
     Guarded<SentenceQueue> queue_;
+    TalkerMerge merge_;  // in front of the receiver
     SentenceReceiver receiver_;
     SentenceDecoder decoder_;
+    std::atomic<bool> allTalkers_ = false;
     std::optional<std::int64_t> satellitesAskedMs_;  // empty while they are not wanted
     std::int32_t altitudeOffsetFt_ = kNoAltitudeOffset;
 };

@@ -21,4 +21,19 @@ std::vector<Satellite> unpackSatellites(const SatelliteWords& words) {
     return satellites;
 }
 
+std::vector<Satellite> satellitesOf(std::span<const SkySatellite> sky) {
+    constexpr int kBelowHorizon = 91;
+    std::vector<Satellite> satellites;
+    for (const SkySatellite& satellite : sky) {
+        const int elevation = satellite.elevationDeg.value_or(0);
+        satellites.push_back({.number = satellite.id.number,
+                              .used = satellite.used,
+                              .signalDb = satellite.signalDb.value_or(0),
+                              .azimuthDeg = satellite.azimuthDeg.value_or(0),
+                              .elevationDeg = elevation < 0 ? kBelowHorizon : elevation,
+                              .system = satellite.id.system});
+    }
+    return satellites;
+}
+
 }  // namespace korvel

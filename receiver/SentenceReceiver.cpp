@@ -6,6 +6,7 @@
 
 #include "base/Ascii.h"
 #include "base/TextNumbers.h"
+#include "receiver/SentenceText.h"
 
 namespace korvel {
 namespace {
@@ -26,19 +27,6 @@ std::optional<std::string_view> usedSentence(std::string_view id) {
     return found == kUsedSentences.end() ? std::nullopt : std::optional(*found);
 }
 
-/// Everything up to 'z': the few characters above it that ASCII has are refused as well. Nearly
-/// every line passes, so each is looked at whole, in bytes and without a way out: such a loop the
-/// compiler turns into vectors.
-bool areAllowed(std::string_view line) {
-    constexpr unsigned char kSpan = 'z' - ' ';
-    unsigned char refused = 0;
-    for (const char c : line) {
-        const auto aboveSpace = static_cast<unsigned char>(c - ' ');
-        refused |= aboveSpace > kSpan ? 1 : 0;
-    }
-    return refused == 0;
-}
-
 }  // namespace
 
 std::optional<std::string_view> attitudeSentence(std::string_view text) {
@@ -53,7 +41,7 @@ void SentenceReceiver::onSentence(std::string_view text, std::int64_t arrivedMs)
             outlets_.answer("ASTRAL\r\n");
         return;
     }
-    if (!areAllowed(line)) {
+    if (!hasSentenceCharacters(line)) {
         store_.trace(line, " non-ascii chars");
         return;
     }
@@ -86,19 +74,16 @@ void SentenceReceiver::onSentence(std::string_view text, std::int64_t arrivedMs)
 }
 
 bool SentenceReceiver::checksumCorrect(std::string_view line) {
-    constexpr std::size_t kTail = 3;  // the asterisk and two digits
-    const std::size_t asterisk = line.rfind('*');
-    if (asterisk == std::string_view::npos || asterisk + kTail != line.size()) {
-        store_.trace(line, " no checksum");
-        return false;
-    }
     unsigned char sum = 0;
-    for (const char c : line.substr(1, asterisk - 1))
-        sum ^= static_cast<unsigned char>(c);
-    std::string_view digits = line.substr(asterisk + 1);
-    if (scanHex(digits) != sum) {
-        store_.trace(line, " checksum failed");
-        return false;
+    switch (checkSum(line, sum)) {
+        case ChecksumState::Missing:
+            store_.trace(line, " no checksum");
+            return false;
+        case ChecksumState::Wrong:
+            store_.trace(line, " checksum failed");
+            return false;
+        case ChecksumState::Right:
+            break;
     }
     return true;
 }

@@ -11,6 +11,7 @@
 
 #include "base/TextNumbers.h"
 #include "cockpit/CKorvelDoc.h"
+#include "config/ReceiverChoice.h"
 #include "geo/Geodesy.h"
 #include "platform/VirtualClock.h"
 #include "tools/Arguments.h"
@@ -36,11 +37,14 @@ struct Options {
     std::string ticks;
     std::string steer;
     std::string trackOut;
+    std::string talkers = "gp";
 
     void declare(CLI::App& app) {
         auto* log = app.add_option("--nmea", nmea, "Fly a receiver's log");
         app.add_option("--lines-per-tick", linesPerTick, "Lines of the log in each tick")
             ->needs(log);
+        app.add_option("--talkers", talkers, "Whose sentences of the log are understood")
+            ->check(CLI::IsMember({"gp", "all"}));
         auto* simulator =
             app.add_option("--sim", sim, "Fly the simulator: LAT,LON,HEADING,SPEED[,ALT]");
         simulator->excludes(log);
@@ -139,6 +143,7 @@ class FlownRun {
         : call_(call), options_(options), clock_(call.clock()) {
         profile_.setString(kOptionsSection, "Port", options.nmea.empty() ? "" : kPort, true);
         profile_.setInt(kOptionsSection, "Tracking", options.trackOut.empty() ? 0 : 1, true);
+        storeReceiverChoice(profile_, {.allTalkers = options.talkers == "all"});
         document_.emplace(CKorvelDoc::Foundations{profile_, clock_, opener()});
         const auto folders = call.dataFolders();
         document_->loadDatabases(folders);

@@ -3,6 +3,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -11,6 +12,7 @@
 
 #include "base/TextNumbers.h"
 #include "geo/Geodesy.h"
+#include "pages/SatelliteSymbol.h"
 #include "platform/VirtualClock.h"
 #include "receiver/GpsInput.h"
 #include "receiver/Satellite.h"
@@ -31,6 +33,7 @@ struct Options {
     std::string port;
     bool ignoreVariation = false;
     std::string databaseVariation;
+    std::string talkers = "gp";
 
     void declare(CLI::App& app) {
         app.add_option("file", file, "A receiver's log; - for standard input")->required();
@@ -42,6 +45,8 @@ struct Options {
         app.add_flag("--ignore-magvar", ignoreVariation, "Do not use the receiver's variation");
         app.add_option("--db-variation", databaseVariation,
                        "The database's variation, degrees, east positive");
+        app.add_option("--talkers", talkers, "Whose sentences are understood")
+            ->check(CLI::IsMember({"gp", "all"}));
     }
     /// Complains about wrong usage before anything is read.
     void check() const {
@@ -59,6 +64,30 @@ std::string plainSatellite(const Satellite& satellite) {
            formatInt(satellite.elevationDeg) + ", azimuth " + formatInt(satellite.azimuthDeg) +
            ", signal " + formatInt(satellite.signalDb) + " dB" +
            (satellite.used ? ", in use" : "") + "\n";
+}
+
+Json valueOrNull(std::optional<int> value) { return value ? Json(*value) : Json(); }
+
+Json skyJson(const std::vector<SkySatellite>& sky) {
+    Json list = Json::array();
+    for (const SkySatellite& satellite : sky)
+        list.push_back({{"system", systemName(satellite.id.system)},
+                        {"id", satellite.id.number},
+                        {"elevationDeg", valueOrNull(satellite.elevationDeg)},
+                        {"azimuthDeg", valueOrNull(satellite.azimuthDeg)},
+                        {"snrDb", valueOrNull(satellite.signalDb)},
+                        {"used", satellite.used}});
+    return list;
+}
+
+std::string plainSatellite(const SkySatellite& satellite) {
+    const auto words = [](std::optional<int> value) {
+        return value ? formatInt(*value) : std::string("-");
+    };
+    return "  " + std::string(systemName(satellite.id.system)) + " " +
+           formatInt(satellite.id.number) + ": elevation " + words(satellite.elevationDeg) +
+           ", azimuth " + words(satellite.azimuthDeg) + ", signal " + words(satellite.signalDb) +
+           " dB" + (satellite.used ? ", in use" : "") + "\n";
 }
 
 std::string plainFix(const GpsFix& fix) {
@@ -81,7 +110,9 @@ std::string plainFix(const GpsFix& fix) {
 /// The receiver's road from a line to the fix, with what came of it.
 class Decoding {
  public:
-    explicit Decoding(const Options& options) : trace_(options.trace) {
+    explicit Decoding(const Options& options)
+        : trace_(options.trace), showsSky_(options.satellites && options.talkers == "all") {
+        input_.understandAllTalkers(options.talkers == "all");
         input_.decoder().setPort(options.port);
         input_.decoder().ignoreReceiverVariation(options.ignoreVariation);
         const double databaseDeg =
@@ -107,7 +138,7 @@ class Decoding {
         return waited;
     }
 
-    Json json() const {
+    Json json() {
         const GpsFix fix = input_.store().copy();
         Json position;
         if (IsValid(fix.position)) {
@@ -126,16 +157,21 @@ class Decoding {
                          {"sentenceFlags", fix.sentenceFlags},
                          {"satellites", fix.satellites},
                          {"sent", sent_}};
+        if (showsSky_)
+            document["sky"] = skyJson(input_.sky());
         if (trace_)
             document["trace"] = traceLines_;
         return document;
     }
 
-    std::string plain() const {
+    std::string plain() {
         const GpsFix fix = input_.store().copy();
         std::string text = plainFix(fix);
         for (const Satellite& satellite : unpackSatellites(fix.satellites))
             text += plainSatellite(satellite);
+        if (showsSky_)
+            for (const SkySatellite& satellite : input_.sky())
+                text += plainSatellite(satellite);
         for (const std::string& bytes : sent_)
             text += "  sent " + bytes.substr(0, bytes.find('\r')) + "\n";
         for (const std::string& line : traceLines_)
@@ -157,10 +193,11 @@ class Decoding {
     GpsInput input_{clock_,
                     {.answer = [this](std::string_view bytes) { sent_.emplace_back(bytes); }}};
     bool trace_;
+    bool showsSky_;
     std::vector<std::string> traceLines_;
 };
 
-void printEach(const Invocation& call, const Decoding& decoding) {
+void printEach(const Invocation& call, Decoding& decoding) {
     if (call.json())
         Invocation::printJson(decoding.json());
     else

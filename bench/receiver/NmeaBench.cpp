@@ -11,6 +11,7 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <benchmark/benchmark.h>
 
@@ -18,6 +19,7 @@
 #include "receiver/GpsInput.h"
 #include "receiver/LineSplitter.h"
 #include "receiver/NmeaPeer.h"
+#include "receiver/talkers/TalkerMerge.h"
 
 namespace {
 
@@ -134,6 +136,33 @@ void bytesToFix(benchmark::State& state, bool satellites) {
 }
 BENCHMARK_CAPTURE(bytesToFix, plain, false);
 BENCHMARK_CAPTURE(bytesToFix, satellites, true);
+
+/// The layer in front of the receiver, on what a receiver of five systems says in a second.
+void mergeTalkers(benchmark::State& state) {
+    std::ifstream file(KORVEL_TEST_DATA "/nmea/telit-pls83-w.log");
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(file, line);)
+        if (line.starts_with('$'))
+            lines.push_back(line);
+    Guarded<SkyTable> sky;
+    TalkerMerge merge(sky);
+    const auto play = [&] {
+        std::size_t handedOn = 0;
+        for (const std::string& line : lines)
+            handedOn += merge.take(line).size();
+        return handedOn;
+    };
+    benchmark::DoNotOptimize(play());  // the buffers grow here
+    double sentences = 0;
+    const std::uint64_t before = allocations;
+    for ([[maybe_unused]] auto _ : state) {
+        benchmark::DoNotOptimize(play());
+        sentences += static_cast<double>(lines.size());
+    }
+    state.counters["sentences/s"] = benchmark::Counter(sentences, benchmark::Counter::kIsRate);
+    state.counters["allocations/sentence"] = static_cast<double>(allocations - before) / sentences;
+}
+BENCHMARK(mergeTalkers);
 
 /// Both decoders take turns on the same bytes, so that whatever else the machine does slows both.
 void againstPeer(benchmark::State& state) {

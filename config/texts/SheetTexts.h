@@ -66,6 +66,7 @@ struct SheetTexts {
     Text simulatorStart{61710, "Start"};
     Text simulatorStop{61711, "Stop"};
     Text keysTitle{61797, "Keys"};
+    Text portTalkers{62400, "Hear &all satellite systems, not GPS alone"};
     Text portTrace{61810, "NMEA &trace..."};
     Text traceTitle{61811, "NMEA trace"};
     Text tracePause{61812, "Pause"};

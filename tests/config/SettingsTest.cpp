@@ -6,6 +6,7 @@
 #include "TempFolder.h"
 #include "config/FakeRegistry.h"
 #include "config/ProfileFile.h"
+#include "config/ReceiverChoice.h"
 #include "config/Settings.h"
 
 namespace korvel { namespace {
@@ -39,6 +40,18 @@ TEST_F(SettingsTest, AnEmptyProfileTakesAllDefaultsInOrder) {
     EXPECT_EQ(values, expected);
     EXPECT_EQ(settings, Settings{});
     EXPECT_EQ(profile_.entries().size(), 37U);
+}
+
+TEST_F(SettingsTest, AllTalkersAreOnInANewProfileAlone) {
+    EXPECT_TRUE(loadReceiverChoice(profile_).allTalkers);
+    loadSettings(profile_);
+    EXPECT_TRUE(loadReceiverChoice(profile_).allTalkers) << "it has been entered";
+    storeReceiverChoice(profile_, {.allTalkers = false});
+    EXPECT_FALSE(loadReceiverChoice(profile_).allTalkers);
+    EXPECT_EQ(profile_.entries().at("Options:Talkers"), "0");
+    ProfileFile old(folder_.path(), registry_, "old.ini");
+    loadSettings(old);
+    EXPECT_FALSE(loadReceiverChoice(old).allTalkers) << "as it has served so far";
 }
 
 TEST_F(SettingsTest, FlagsAndRotationModesAreReducedOnlyInMemory) {

@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <fstream>
+#include <map>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -59,6 +61,41 @@ TEST(NmeaVerb, DecodesAReceiversLog) {
     EXPECT_GT(each.size(), 15U);
     EXPECT_EQ(each.back(), fix) << "however often it is decoded";
     EXPECT_EQ(decoded(log, {})[0]["satellites"], (Json(std::vector<int>(12)))) << "not wanted";
+}
+
+TEST(NmeaVerb, UnderstandsAllTalkersWhenTold) {
+    // Each second positions of GP (5 satellites) and GA (1), what is used in one GSA a system, and
+    // lines that end with CR CR LF. The numbers are those of the log's own last sentences.
+    const std::string log = KORVEL_TEST_DATA "/nmea/telit-pls83-w.log";
+    const std::vector<Json> each = decoded(log, {"--talkers", "all", "--satellites", "--each"});
+    for (const Json& fix : each) ASSERT_TRUE(fix["satsInUse"] == 5 || fix["satsInUse"] == 0) << "never Galileo's one";
+    const Json& last = each.back();
+    EXPECT_NEAR(last["position"]["lat"].get<double>(), 43 + 33.190127 / 60, 1e-8);
+    EXPECT_EQ(last["altitudeFt"], 822);
+    std::map<std::string, std::pair<int, int>> systems;  // in view, used
+    for (const Json& satellite : last["sky"]) {
+        auto& [view, used] = systems[satellite["system"]];
+        ++view;
+        used += satellite["used"].get<bool>() ? 1 : 0;
+    }
+    const std::map<std::string, std::pair<int, int>> expected = {
+        {"GPS", {10, 5}}, {"GLONASS", {10, 5}}, {"Galileo", {13, 1}}, {"BeiDou", {5, 3}}};
+    EXPECT_EQ(systems, expected);
+    EXPECT_EQ(last["sky"][4], (Json{{"system", "GPS"}, {"id", 14}, {"elevationDeg", nullptr}, {"azimuthDeg", nullptr},
+                                  {"snrDb", 29}, {"used", false}}));
+    EXPECT_EQ(std::ranges::count_if(last["satellites"], [](const Json& word) { return word != 0; }), 10);
+
+    const std::vector<Json> gp = decoded(log, {"--satellites"});
+    EXPECT_EQ(gp, decoded(log, {"--satellites", "--talkers", "gp"}));
+    EXPECT_FALSE(gp[0].contains("sky"));
+    EXPECT_EQ(runTool({"nmea", log, "--talkers", "gn"}).status, 2);
+    const auto lastOfFlight = [&](const char* talkers) {
+        const ToolResult flown =
+            runTool({"fly", "--json", "--nmea", log, "--talkers", talkers, "--lines-per-tick", "13"});
+        const std::size_t end = flown.output.rfind('\n', flown.output.size() - 2);
+        return Json::parse(flown.output.substr(end + 1));
+    };
+    EXPECT_EQ(lastOfFlight("all")["status"], "");
 }
 
 TEST(NmeaVerb, OptionsReachTheDecoder) {

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string_view>
+
+namespace korvel {
+
+// What makes a line a sentence: "$", allowed characters, and behind the last asterisk two digits
+// that agree with the sum of everything between.
+
+/// A line ends at its first CR; some receivers send two.
+constexpr std::string_view withoutCr(std::string_view text) {
+    return text.substr(0, text.find('\r'));
+}
+
+/// Everything up to 'z': the few characters above it that ASCII has are refused as well.
+bool hasSentenceCharacters(std::string_view line);
+
+enum class ChecksumState { Missing, Wrong, Right };
+
+/// `line` begins with "$" and has no CR. `sum` is what its characters come to, unless there is none
+/// to compare it with.
+ChecksumState checkSum(std::string_view line, unsigned char& sum);
+
+}  // namespace korvel
