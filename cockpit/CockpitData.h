@@ -97,8 +97,7 @@ struct CockpitData {
     int fixQuality = 0;
     bool fix3D = false;
     int satsInUse = 0;
-    /// Satellites in view: bits 0-6 number, 7 used, 8-15 signal in dB, 16-24 azimuth, 25-31
-    /// elevation (91: below the horizon); 0 is an empty slot.
+    /// Satellites in view, by system and number.
     std::vector<Satellite> satellites;
 
     LocalTime now;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -10,6 +12,7 @@
 #include "config/texts/InstrumentTexts.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
+#include "pages/SatelliteSymbol.h"
 #include "pages/ScreenLayout.h"
 #include "paint/MapColorCache.h"
 #include "paint/Polar.h"
@@ -19,7 +22,8 @@ namespace korvel {
 namespace {
 
 constexpr double kFullScaleDb = 60;
-constexpr std::size_t kSlots = 12;
+constexpr std::size_t kFewestInRow = 12;
+constexpr std::size_t kMostInRow = 16;
 constexpr double kFaded = 0.55;
 
 class SatellitePainter {
@@ -54,8 +58,10 @@ class SatellitePainter {
         sky(satellites, skyArea);
         if (satellites.empty())
             reason(data, barArea);
+        else if (satellites.front().system)
+            rowsOfBars(satellites, barArea);
         else
-            bars(satellites, barArea);
+            bars(satellites, barArea, kFewestInRow);
     }
 
  private:
@@ -99,15 +105,79 @@ class SatellitePainter {
     }
 
     void disc(const Satellite& satellite, Point at) {
-        const ColorValue fill = satellite.used ? colors_[ColorKey::NavBackground] : background_;
-        const ColorValue rim = satellite.used ? colors_[ColorKey::NavBackground] : line_;
-        canvas_.circle(at, textPx_ * 0.95, Brush{fill}, Pen{rim, 2, PenStyle::Solid});
+        const ColorValue color = colorOf(satellite);
+        const ColorValue fill = satellite.used ? color : background_;
+        paintSatelliteSymbol(canvas_, satellite.system, at, textPx_ * 0.95, fill, color);
         canvas_.text(at, formatInt(satellite.number),
-                     style(bold(satellite.number < 100 ? 0.95 : 0.75),
-                           satellite.used ? colors_[ColorKey::NavText] : ink_));
+                     style(bold(satellite.number < 100 ? 0.95 : 0.75), numberColor(satellite)));
     }
 
-    void bars(const std::vector<Satellite>& satellites, const Rect& area) {
+    /// Without systems only those in use have a colour.
+    ColorValue colorOf(const Satellite& satellite) const {
+        return satellite.used || satellite.system ? colors_[satelliteColor(satellite.system)]
+                                                  : line_;
+    }
+    ColorValue numberColor(const Satellite& satellite) const {
+        if (!satellite.used)
+            return ink_;
+        return satellite.system ? readableOn(colorOf(satellite), background_, ink_)
+                                : colors_[ColorKey::NavText];
+    }
+
+    /// As many rows as it takes for numbers that can be read, and the legend below them.
+    void rowsOfBars(std::span<const Satellite> satellites, const Rect& area) {
+        const double legendHeight = legend(satellites, area);
+        const std::size_t rows = (satellites.size() + kMostInRow - 1) / kMostInRow;
+        const std::size_t inRow = (satellites.size() + rows - 1) / rows;
+        const Rect chart{area.x, area.y, area.width, area.height - legendHeight};
+        const std::vector<Rect> places = gridCells(chart, 1, rows);
+        for (const Rect& place : places) {
+            const auto here = satellites.first(std::min(inRow, satellites.size()));
+            bars(here, place, std::max(kFewestInRow, inRow));
+            satellites = satellites.subspan(here.size());
+        }
+    }
+
+    /// The systems in view and what filled and hollow mean, at the bottom of the area, in as many
+    /// lines as it takes. Returns its height.
+    double legend(std::span<const Satellite> satellites, const Rect& area) {
+        struct Entry {
+            std::optional<SatelliteSystem> system;
+            std::string_view words;
+            bool filled;
+        };
+        std::vector<Entry> entries;
+        for (const Satellite& satellite : satellites)
+            if (entries.empty() || entries.back().system != satellite.system)
+                entries.push_back({satellite.system, systemName(*satellite.system), true});
+        entries.push_back({std::nullopt, text(kInstrumentTexts.satelliteUsed), true});
+        entries.push_back({std::nullopt, text(kInstrumentTexts.satelliteNotUsed), false});
+        const double lineHeight = 1.7 * textPx_;
+        std::vector<Point> places;
+        Point next{area.x, 0};
+        for (const Entry& entry : entries) {
+            const double width =
+                canvas_.textMeasure().measure(entry.words, small()).width + 3 * textPx_;
+            if (next.x > area.x && next.x + width > area.right())
+                next = {area.x, next.y + lineHeight};
+            places.push_back(next);
+            next.x += width;
+        }
+        const double top = area.bottom() - next.y - lineHeight / 2;
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            const Point at{places[i].x + textPx_, places[i].y + top};
+            const Entry& entry = entries[i];
+            const ColorValue color = entry.system ? colors_[satelliteColor(entry.system)] : line_;
+            paintSatelliteSymbol(canvas_, entry.system, at, textPx_ * 0.5,
+                                 entry.filled ? color : background_, color);
+            TextStyle words = style(small(), ink_);
+            words.alignX = AlignX::Left;
+            canvas_.text({at.x + textPx_, at.y}, entry.words, words);
+        }
+        return next.y + 1.5 * lineHeight;
+    }
+
+    void bars(std::span<const Satellite> satellites, const Rect& area, std::size_t columnCount) {
         const double numberHeight = 1.6 * textPx_;
         TextStyle scaleStyle = style(small(), blended(ink_, background_, kFaded));
         scaleStyle.alignX = AlignX::Right;
@@ -115,7 +185,7 @@ class SatellitePainter {
             canvas_.textMeasure().measure("dB", small()).width + 0.4 * textPx_;
         const Rect chart{area.x + scaleWidth, area.y + numberHeight, area.width - scaleWidth,
                          area.height - 2 * numberHeight};
-        const std::vector<Rect> columns = gridCells(chart, kSlots, 1);
+        const std::vector<Rect> columns = gridCells(chart, columnCount, 1);
         for (const int db : {20, 40}) {
             const double y = chart.bottom() - chart.height * db / kFullScaleDb;
             canvas_.text({area.x + scaleWidth - 0.4 * textPx_, y}, formatInt(db), scaleStyle);
@@ -138,7 +208,7 @@ class SatellitePainter {
         canvas_.text({middle, column.bottom() + 0.95 * textPx_}, formatInt(satellite.number),
                      style(bold(1), ink_));
         if (satellite.signalDb > 0) {
-            const ColorValue color = satellite.used ? colors_[ColorKey::NavBackground] : line_;
+            const ColorValue color = colorOf(satellite);
             canvas_.rect(box, Brush{color}, std::nullopt);
             if (!satellite.used && box.height > 4)
                 canvas_.rect({box.x + 2, box.y + 2, box.width - 4, box.height - 2},

@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <cstdint>
+#include <map>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -89,6 +91,26 @@ TEST(SatellitePage, UsedOnesAreFilledAndEachShowsItsSignal) {
     EXPECT_LT(canvas.findText("41")->area.bottom(), bars[0].y + 1) << "the value above its bar";
     EXPECT_NE(canvas.findText("18"), nullptr);
     EXPECT_NE(canvas.findText("-"), nullptr);
+}
+
+TEST(SatellitePage, TellsTheSystemsApart) {
+    CockpitData data = flying();
+    using enum SatelliteSystem;
+    for (const SatelliteSystem system : {Gps, Sbas, Glonass, Galileo, BeiDou, Qzss, NavIc})
+        for (int number = 1; number <= 6; ++number)
+            data.satellites.push_back({number, number > 1, 40, 50 * number, 10 * number, system});
+    const PaintedPage page(PageId::Satellite, data);
+    for (const char* name : {"GPS", "SBAS", "GLONASS", "Galileo", "BeiDou", "QZSS", "NavIC", "in use", "not in use"})
+        EXPECT_NE(page.canvas.findText(name), nullptr) << name;
+    std::map<std::pair<std::size_t, ColorValue>, int> symbols;  // corners and colour of those in use
+    double lowest = 0;
+    for (const Element& element : page.canvas.elements()) {
+        if (element.kind == Kind::Polygon && element.fill) ++symbols[{element.points.size(), element.fill->color}];
+        if (element.kind != Kind::Line) lowest = std::max(lowest, element.area.bottom());
+    }
+    const auto often = std::ranges::count_if(symbols, [](const auto& symbol) { return symbol.second >= 5; });
+    EXPECT_GE(often, 6) << "a shape and a colour for each but GPS, whose are discs";
+    EXPECT_LE(lowest, 371) << "three rows of bars and the legend have room";
 }
 
 TEST(SatellitePage, SaysWhyItIsEmpty) {

@@ -6,10 +6,12 @@ namespace korvel { namespace {
 
 TEST(CGPSDialog, GivesBackWhatItWasGivenUnlessThePilotChanges) {
     for (const std::string settings : {"", "COM1:,4800,N,8,1", "COM77:,38400,N,8,1", "/dev/ttyACM0:,14400,N,8,1"})
-        EXPECT_EQ(CGPSDialog(nullptr, settings).settings(), settings);
+        EXPECT_EQ(CGPSDialog(nullptr, settings, {}).settings(), settings);
     // What cannot be read is no port: search.
     for (const std::string settings : {"COM1", ":,9600,N,8,1", "COM1:,fast,N,8,1", "COM1:,0"})
-        EXPECT_EQ(CGPSDialog(nullptr, settings).settings(), "");
+        EXPECT_EQ(CGPSDialog(nullptr, settings, {}).settings(), "");
+    for (const bool allTalkers : {true, false})
+        EXPECT_EQ(CGPSDialog(nullptr, "", {.allTalkers = allTalkers}).receiver().allTalkers, allTalkers);
 }
 
 }}  // namespace korvel

@@ -54,12 +54,14 @@ void OptionCommands::simulate(bool on) {
 
 void OptionCommands::choosePort() {
     CKorvelDoc& document = host_.document();
-    auto sheet = std::make_unique<CGPSDialog>(&host_.window(), document.settings().port);
+    auto sheet = std::make_unique<CGPSDialog>(&host_.window(), document.settings().port,
+                                              document.receiverChoice());
     QObject::connect(sheet.get(), &QDialog::accepted, sheet.get(),
                      [&document, chooser = sheet.get()] {
                          Settings settings = document.settings();
                          settings.port = chooser->settings();
                          document.applySettings(settings);
+                         document.chooseReceiver(chooser->receiver());
                      });
     sheet->status = [&document] {
         const CockpitData& data = document.cockpitData();

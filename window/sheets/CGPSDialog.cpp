@@ -15,19 +15,21 @@ constexpr int kStatusMs = 500;
 
 }  // namespace
 
-CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings)
+CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings, const ReceiverChoice& receiver)
     : Sheet(parent, toQString(kSheetTexts.portTitle),
             QDialogButtonBox::Ok | QDialogButtonBox::Cancel) {
     search_.setText(toQString(kSheetTexts.portSearch));
     fixed_.setText(toQString(kSheetTexts.portChosen));
     port_.setEditable(true);
     hint_.setText(toQString(kSheetTexts.portHint));
+    talkers_.setText(toQString(kSheetTexts.portTalkers));
+    talkers_.setChecked(receiver.allTalkers);
     for (int number = 1; number <= kOfferedPorts; ++number)
         port_.addItem(QStringLiteral("COM%1").arg(number));
     for (const int baud : {1200, 2400, 4800, 9600, 14400, 19200, 38400, 57600, 115200})
         baud_.addItem(QString::number(baud), baud);
     for (QWidget* row : std::initializer_list<QWidget*>{&search_, &fixed_, &port_, &baud_, &hint_,
-                                                        &status_, &trace_})
+                                                        &talkers_, &status_, &trace_})
         addRow(*row);
     setPreferredWidth(10 * kRowPixels);
     status_.setWordWrap(true);

@@ -4,12 +4,14 @@
 #include <string>
 #include <string_view>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
 
+#include "config/ReceiverChoice.h"
 #include "window/sheets/Sheet.h"
 
 namespace korvel {
@@ -18,7 +20,7 @@ namespace korvel {
 class CGPSDialog final : public Sheet {
  public:
     /// `settings` is the "Port" setting, empty for the search.
-    CGPSDialog(QWidget* parent, std::string_view settings);
+    CGPSDialog(QWidget* parent, std::string_view settings, const ReceiverChoice& receiver);
 
     /// What the receiver does, asked for twice a second.
     std::function<std::string()> status;
@@ -27,6 +29,7 @@ class CGPSDialog final : public Sheet {
 
     /// The choice in the form of the "Port" setting.
     std::string settings() const;
+    ReceiverChoice receiver() const { return {.allTalkers = talkers_.isChecked()}; }
 
  private:
     void fill(std::string_view settings);
@@ -36,6 +39,7 @@ class CGPSDialog final : public Sheet {
     QComboBox port_;
     QComboBox baud_;
     QLabel hint_;
+    QCheckBox talkers_;
     QLabel status_;
     QPushButton trace_;
     QTimer timer_;
