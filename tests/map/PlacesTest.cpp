@@ -35,7 +35,7 @@ class FeedTest : public ::testing::Test {
     NavDatabase database_{clock_};
     MapViewport viewport_;
     CockpitData data_;
-    const Settings settings_;
+    Settings settings_;
 };
 
 std::string identsOf(const PlaceSet& set) {
