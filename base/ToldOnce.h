@@ -11,18 +11,20 @@ class ToldOnce {
  public:
     /// How the last attempt went; an empty text is success.
     void note(std::string trouble) {
-        const bool begins = !lasts_ && !trouble.empty();
-        lasts_ = !trouble.empty();
-        if (begins)
-            untold_ = std::move(trouble);
+        if (lasting_.empty() && !trouble.empty())
+            untold_ = trouble;
+        lasting_ = std::move(trouble);
     }
 
     /// What has not been told yet; empty for nothing.
     [[nodiscard]] std::string take() { return std::exchange(untold_, {}); }
 
+    /// How the last attempt went, for as long as it stays so; empty for well.
+    [[nodiscard]] const std::string& lasting() const { return lasting_; }
+
  private:
     std::string untold_;
-    bool lasts_ = false;
+    std::string lasting_;
 };
 
 }  // namespace korvel

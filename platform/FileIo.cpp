@@ -1,8 +1,12 @@
 #include "platform/FileIo.h"
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 #include <system_error>
+
+#include "platform/Folders.h"
+#include "platform/TemporaryName.h"
 
 namespace korvel {
 namespace {
@@ -25,12 +29,18 @@ bool writeThrough(OutputFile& file, std::string_view bytes) {
 
 }  // namespace
 
+bool isNoFile(const std::filesystem::path& path) {
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(path, error);
+    return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
+}
+
 std::optional<std::string> readWholeFile(const std::filesystem::path& path, std::size_t limit,
                                          FileSystem& disk) {
     const std::unique_ptr<InputFile> file = disk.openForReading(path);
     if (!file)
         return std::nullopt;
-    // In chunks, since the size of a pipe or of a file under /proc is not known beforehand.
+    // In chunks, since the size of a file under /proc is not known beforehand.
     std::string bytes;
     while (bytes.size() < limit) {
         const std::size_t before = bytes.size();
@@ -48,6 +58,8 @@ std::optional<std::string> readWholeFile(const std::filesystem::path& path, std:
 bool writeFileAtomically(const std::filesystem::path& path, std::string_view bytes,
                          FileSystem& disk) {
     const std::filesystem::path target = behindLinks(path);
+    if (isNoFile(target))
+        return false;
     std::filesystem::path temporary;
     const std::unique_ptr<OutputFile> file = disk.createBeside(target, temporary);
     if (!file)
@@ -58,6 +70,16 @@ bool writeFileAtomically(const std::filesystem::path& path, std::string_view byt
     }
     disk.syncFolder(target.parent_path());
     return true;
+}
+
+void clearTemporaries(const std::filesystem::path& folder) {
+    constexpr std::chrono::minutes kMayBeInUse{1};
+    for (const std::filesystem::path& file : findFiles(folder, kTemporaryPattern)) {
+        std::error_code error;
+        const auto written = std::filesystem::last_write_time(file, error);
+        if (!error && std::filesystem::file_time_type::clock::now() - written > kMayBeInUse)
+            std::filesystem::remove(file, error);
+    }
 }
 
 }  // namespace korvel

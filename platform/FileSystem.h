@@ -12,7 +12,7 @@
 
 namespace korvel {
 
-/// A file that is read from its beginning on, which may as well be a pipe.
+/// A file that is read from its beginning on.
 class InputFile {
  public:
     InputFile() = default;
@@ -56,20 +56,20 @@ class FileSystem {
     FileSystem& operator=(const FileSystem&) = delete;
     virtual ~FileSystem() = default;
 
-    /// Null when there is no such file or it cannot be opened; a folder may fail at the first
-    /// read only.
+    /// Null when there is no such regular file or it cannot be opened: a pipe would keep its reader
+    /// waiting, and a device may never end.
     virtual std::unique_ptr<InputFile> openForReading(const std::filesystem::path& path) = 0;
 
     /// Null when there is no such regular file or it cannot be opened.
     virtual std::unique_ptr<RandomAccessFile> openRandomAccess(
         const std::filesystem::path& path) = 0;
 
-    /// A new file of a name of its own, which is put in `name`, in the folder of `target` and with
-    /// the permissions of `target` if that exists.
+    /// A new file of a name of its own (see TemporaryName.h), which is put in `name`, in the folder
+    /// of `target` and with the permissions of `target` if that exists.
     virtual std::unique_ptr<OutputFile> createBeside(const std::filesystem::path& target,
                                                      std::filesystem::path& name) = 0;
 
-    /// The file is created when it is missing.
+    /// The file is created when it is missing. Null also for what is no regular file.
     virtual std::unique_ptr<OutputFile> openForAppending(const std::filesystem::path& path) = 0;
 
     /// Replaces bytes inside an existing file.

@@ -21,6 +21,8 @@ class RegistryProfile {
     virtual void setInt(std::string_view section, std::string_view name, int value) = 0;
     virtual void setString(std::string_view section, std::string_view name,
                            std::string_view value) = 0;
+    /// Whether what is set is there in the next run.
+    virtual bool lasts() const = 0;
 };
 
 /// The system's own profile: the registry on Windows. Elsewhere there is none: reads return the

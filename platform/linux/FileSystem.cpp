@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <utility>
 
+#include "platform/TemporaryName.h"
 #include "platform/linux/FileDescriptor.h"
 
 namespace korvel {
@@ -15,6 +16,16 @@ namespace fs = std::filesystem;
 
 FileDescriptor open(const fs::path& file, int flags) {
     return FileDescriptor(::open(file.c_str(), flags | O_CLOEXEC, 0666));
+}
+
+/// Nothing but a regular file. A pipe of that name must not make the program wait for its other
+/// end, hence without blocking, which means nothing to a file.
+FileDescriptor openFile(const fs::path& file, int flags) {
+    FileDescriptor fd = open(file, flags | O_NONBLOCK);
+    struct stat status {};
+    if (fd && (::fstat(fd.get(), &status) != 0 || !S_ISREG(status.st_mode)))
+        fd.reset();
+    return fd;
 }
 
 std::optional<std::uint64_t> sizeOf(int fd) {
@@ -106,23 +117,18 @@ void copyPermissions(const fs::path& target, int fd) {
 class PosixFileSystem final : public FileSystem {
  public:
     std::unique_ptr<InputFile> openForReading(const fs::path& path) override {
-        return asFile<PosixInput, InputFile>(open(path, O_RDONLY));
+        return asFile<PosixInput, InputFile>(openFile(path, O_RDONLY));
     }
 
     std::unique_ptr<RandomAccessFile> openRandomAccess(const fs::path& path) override {
-        // A pipe of that name must not make the program wait for its other end.
-        FileDescriptor fd = open(path, O_RDONLY | O_NONBLOCK);
-        struct stat status {};
-        if (!fd || ::fstat(fd.get(), &status) != 0 || !S_ISREG(status.st_mode))
-            return nullptr;
-        return std::make_unique<PosixRandomAccess>(std::move(fd));
+        return asFile<PosixRandomAccess, RandomAccessFile>(openFile(path, O_RDONLY));
     }
 
     std::unique_ptr<OutputFile> createBeside(const fs::path& target, fs::path& name) override {
         constexpr int kAttempts = 100;  // names that a crash may have left behind
         for (int attempt = 0; attempt < kAttempts; ++attempt) {
-            name = target;
-            name += '.' + std::to_string(::getpid()) + '.' + std::to_string(attempt);
+            name = target.parent_path() /
+                   temporaryName(static_cast<unsigned long>(::getpid()), attempt);
             FileDescriptor fd = open(name, O_WRONLY | O_CREAT | O_EXCL);
             if (fd) {
                 copyPermissions(target, fd.get());
@@ -135,12 +141,12 @@ class PosixFileSystem final : public FileSystem {
     }
 
     std::unique_ptr<OutputFile> openForAppending(const fs::path& path) override {
-        return asFile<PosixOutput, OutputFile>(open(path, O_WRONLY | O_CREAT | O_APPEND));
+        return asFile<PosixOutput, OutputFile>(openFile(path, O_WRONLY | O_CREAT | O_APPEND));
     }
 
     bool overwrite(const fs::path& path, std::uint64_t offset,
                    std::span<const std::uint8_t> bytes) override {
-        FileDescriptor fd = open(path, O_WRONLY | O_NONBLOCK);
+        FileDescriptor fd = openFile(path, O_WRONLY);
         if (!fd)
             return false;
         const ssize_t count =

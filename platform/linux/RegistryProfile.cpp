@@ -12,6 +12,7 @@ class NoRegistryProfile final : public RegistryProfile {
     }
     void setInt(std::string_view, std::string_view, int) override {}
     void setString(std::string_view, std::string_view, std::string_view) override {}
+    bool lasts() const override { return false; }
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/TemporaryName.h"
 #include "platform/win32/Handle.h"
 
 namespace korvel {
@@ -41,11 +42,8 @@ class WindowsInput final : public InputFile {
 
     std::optional<std::size_t> read(std::span<char> room) override {
         DWORD count = 0;
-        if (ReadFile(file_.get(), room.data(), pieceOf(room.size()), &count, nullptr) == FALSE) {
-            // A pipe whose writer is done has ended.
-            return GetLastError() == ERROR_BROKEN_PIPE ? std::optional<std::size_t>(0)
-                                                       : std::nullopt;
-        }
+        if (ReadFile(file_.get(), room.data(), pieceOf(room.size()), &count, nullptr) == FALSE)
+            return std::nullopt;
         return count;
     }
 
@@ -117,6 +115,14 @@ class WindowsOutput final : public OutputFile {
     Handle file_;
 };
 
+/// Nothing but a file on a disk: no pipe, no device.
+Handle openFile(const fs::path& file, DWORD access, DWORD creation) {
+    Handle opened = open(file, access, kShareAll, creation);
+    if (opened && GetFileType(opened.get()) != FILE_TYPE_DISK)
+        opened.reset();
+    return opened;
+}
+
 template <class File, class Interface>
 std::unique_ptr<Interface> asFile(Handle file) {
     return file ? std::make_unique<File>(std::move(file)) : nullptr;
@@ -125,21 +131,18 @@ std::unique_ptr<Interface> asFile(Handle file) {
 class WindowsFileSystem final : public FileSystem {
  public:
     std::unique_ptr<InputFile> openForReading(const fs::path& path) override {
-        return asFile<WindowsInput, InputFile>(open(path, GENERIC_READ, kShareAll, OPEN_EXISTING));
+        return asFile<WindowsInput, InputFile>(openFile(path, GENERIC_READ, OPEN_EXISTING));
     }
 
     std::unique_ptr<RandomAccessFile> openRandomAccess(const fs::path& path) override {
-        Handle file = open(path, GENERIC_READ, kShareAll, OPEN_EXISTING);
-        if (!file || GetFileType(file.get()) != FILE_TYPE_DISK)
-            return nullptr;
-        return std::make_unique<WindowsRandomAccess>(std::move(file));
+        return asFile<WindowsRandomAccess, RandomAccessFile>(
+            openFile(path, GENERIC_READ, OPEN_EXISTING));
     }
 
     std::unique_ptr<OutputFile> createBeside(const fs::path& target, fs::path& name) override {
         constexpr int kAttempts = 100;  // names that a crash may have left behind
         for (int attempt = 0; attempt < kAttempts; ++attempt) {
-            name = target;
-            name += '.' + std::to_string(GetCurrentProcessId()) + '.' + std::to_string(attempt);
+            name = target.parent_path() / temporaryName(GetCurrentProcessId(), attempt);
             Handle file = open(name, GENERIC_WRITE, 0, CREATE_NEW);
             if (file || GetLastError() != ERROR_FILE_EXISTS)
                 return asFile<WindowsOutput, OutputFile>(std::move(file));
@@ -148,7 +151,7 @@ class WindowsFileSystem final : public FileSystem {
     }
 
     std::unique_ptr<OutputFile> openForAppending(const fs::path& path) override {
-        return asFile<WindowsOutput, OutputFile>(open(path, GENERIC_WRITE, kShareAll, OPEN_ALWAYS));
+        return asFile<WindowsOutput, OutputFile>(openFile(path, GENERIC_WRITE, OPEN_ALWAYS));
     }
 
     bool overwrite(const fs::path& path, std::uint64_t offset,

@@ -39,6 +39,8 @@ class WindowsRegistryProfile final : public RegistryProfile {
         write(section, name, REG_SZ, text.c_str(), text.size() + 1);
     }
 
+    bool lasts() const override { return true; }
+
  private:
     static std::string keyOf(std::string_view section) {
         return std::string(kProgramKey) + std::string(section);

@@ -26,6 +26,8 @@ class FakeRegistry final : public RegistryProfile {
         strings[key(section, '.', name)] = value;
     }
 
+    bool lasts() const override { return true; }
+
     std::map<std::string, int> ints;
     std::map<std::string, std::string> strings;
 

@@ -1,10 +1,13 @@
+#include <chrono>
 #include <fstream>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "TempFolder.h"
 #include "platform/FaultyFiles.h"
 #include "platform/FileIo.h"
+#include "platform/FolderLock.h"
 #include "platform/Folders.h"
 
 namespace korvel { namespace {
@@ -28,6 +31,50 @@ TEST(FileIo, WritesAndReadsBytesAsTheyAre) {
     EXPECT_TRUE(writeFileAtomically(file, ""));
     EXPECT_EQ(readWholeFile(file), "");
     EXPECT_FALSE(readWholeFile(folder.path()));
+}
+
+TEST(FileIo, WhatIsNoFileIsRefusedAtOnceAndNeverReplaced) {
+    const TempFolder folder;
+    const fs::path pipe = folder / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    fs::create_directory(folder / "folder");
+    fs::create_symlink(pipe, folder / "link");
+    for (const fs::path& path : {pipe, folder / "folder", folder / "link", fs::path("/dev/zero")}) {
+        EXPECT_TRUE(isNoFile(path)) << path;
+        EXPECT_FALSE(readWholeFile(path)) << path;
+        EXPECT_FALSE(systemFileSystem().openForAppending(path)) << path;
+        EXPECT_FALSE(writeFileAtomically(path, "x")) << path;
+        EXPECT_TRUE(isNoFile(path)) << path << " is still what it was";
+    }
+    EXPECT_FALSE(isNoFile(folder / "missing"));
+    EXPECT_FALSE(isNoFile(folder.write("file", "")));
+}
+
+TEST(FileIo, WhatKilledProgramsHaveLeftIsCleared) {
+    const TempFolder folder;
+    fs::path name;
+    ASSERT_TRUE(systemFileSystem().createBeside(folder / std::string(250, 'x'), name)) << "names may be long";
+    const fs::path old = folder.write(".korvel-7-0.tmp", "half");
+    const fs::path others = folder.write("korvel-7-0.tmp", "");
+    for (const fs::path& file : {old, others})
+        fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::minutes(2));
+    clearTemporaries(folder.path());
+    EXPECT_FALSE(fs::exists(old));
+    EXPECT_TRUE(fs::exists(name)) << "somebody is at it";
+    EXPECT_TRUE(fs::exists(others)) << "the pilot's";
+    clearTemporaries(folder / "missing");
+}
+
+TEST(FolderLock, AFolderIsOnePrograms) {
+    using Holder = FolderLock::Holder;
+    const TempFolder folder;
+    {
+        const FolderLock first(folder.path());
+        EXPECT_EQ(first.holder(), Holder::Us);
+        EXPECT_EQ(FolderLock(folder.path()).holder(), Holder::Other);
+    }
+    EXPECT_EQ(FolderLock(folder.path()).holder(), Holder::Us) << "given free";
+    EXPECT_EQ(FolderLock(folder / "missing").holder(), Holder::Unknown);
 }
 
 TEST(FileIo, AtEveryFaultTheOldFileOrTheNewOneStands) {

@@ -1,10 +1,12 @@
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "platform/DescriptorLimit.h"
 #include "platform/Event.h"
 #include "platform/FileSystem.h"
@@ -27,14 +29,20 @@ TEST(LinuxDevices, AnOpenLineShutsOtherProgramsOut) {
     EXPECT_TRUE(refused || (::ioctl(other.get(), TIOCGEXCL, &exclusive) == 0 && exclusive != 0));
 }
 
-TEST(LinuxDevices, AWriteAndAFlushThatFailAreTold) {
-    const auto full = systemFileSystem().openForAppending("/dev/full");
+TEST(LinuxDevices, AWriteThatFailsIsTold) {
+    const TempFolder folder;
+    const auto full = systemFileSystem().openForAppending(folder / "log");
     ASSERT_NE(full, nullptr);
-    EXPECT_FALSE(full->write("x"));
-    const auto unsynced = systemFileSystem().openForAppending("/dev/null");
-    ASSERT_NE(unsynced, nullptr);
-    EXPECT_TRUE(unsynced->write("x"));
-    EXPECT_FALSE(unsynced->flush()) << "no device to sync to";
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit none{.rlim_cur = 0, .rlim_max = before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &none), 0);
+    const bool written = full->write("x");
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_FALSE(written);
+    EXPECT_TRUE(full->write("x") && full->flush() && full->close());
 }
 
 TEST(LinuxDevices, WithoutDescriptorsThereAreNoEventsAndNoLines) {
