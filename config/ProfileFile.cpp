@@ -97,57 +97,80 @@ std::string formatProfile(const ProfileEntries& entries) {
 }
 
 ProfileFile::ProfileFile(const std::filesystem::path& folder, RegistryProfile& registry,
-                         std::string_view fileName, FileSystem& disk)
-    : registry_(registry), disk_(disk) {
-    const std::filesystem::path file = folder / fileName;
-    if (load(file))
-        path_ = file;
+                         std::string_view fileName, FileSystem& disk, Access access)
+    : registry_(registry), disk_(disk), access_(access) {
+    load(folder / fileName);
 }
 
 ProfileFile::~ProfileFile() { save(); }
 
 int ProfileFile::getInt(std::string_view section, std::string_view name, int fallback) {
-    const auto entry = entries_.find(joinKey(section, ':', name));
+    std::string key = joinKey(section, ':', name);
+    const auto entry = entries_.find(key);
     if (entry != entries_.end()) {
         if (const std::optional<int> value = readInt(entry->second))
             return *value;
     }
     const int value = registry_.getInt(section, name, fallback);
-    setInt(section, name, value, true);
+    entries_.insert_or_assign(std::move(key), formatInt(value));
     return value;
 }
 
 bool ProfileFile::setInt(std::string_view section, std::string_view name, int value,
                          bool deferSave) {
-    entries_.insert_or_assign(joinKey(section, ':', name), formatInt(value));
+    enter(joinKey(section, ':', name), formatInt(value));
     return deferSave || save();
 }
 
 std::string ProfileFile::getString(std::string_view section, std::string_view name,
                                    std::string_view fallback) {
-    const auto entry = entries_.find(joinKey(section, '.', name));
+    std::string key = joinKey(section, '.', name);
+    const auto entry = entries_.find(key);
     if (entry != entries_.end())
         return entry->second;
     std::string value = registry_.getString(section, name, fallback);
-    setString(section, name, value, true);
+    entries_.insert_or_assign(std::move(key), value);
     return value;
 }
 
 bool ProfileFile::setString(std::string_view section, std::string_view name, std::string_view value,
                             bool deferSave) {
-    entries_.insert_or_assign(joinKey(section, '.', name), std::string(value));
+    enter(joinKey(section, '.', name), std::string(value));
     return deferSave || save();
 }
 
+void ProfileFile::enter(std::string key, std::string value) {
+    const auto [entry, isNew] = entries_.try_emplace(std::move(key), value);
+    if (!isNew && entry->second == value)
+        return;
+    entry->second = std::move(value);
+    isUnsaved_ = true;
+}
+
 bool ProfileFile::save() {
-    if (path_.empty()) {
-        saveToRegistry();
+    if (access_ == Access::Look)
         return true;
-    }
-    const bool saved = !isProtected() && writeFileAtomically(path_, formatProfile(entries_), disk_);
+    bool saved = registry_.lasts();
+    if (path_.empty())
+        saveToRegistry();
+    else
+        saved = !isProtected() && writeFileAtomically(path_, formatProfile(entries_), disk_);
+    isUnsaved_ = !saved;
     trouble_.note(saved ? std::string()
-                        : formatText(kFileTexts.settingsNotSaved, {path_.filename().string()}));
+                        : formatText(kFileTexts.settingsNotSaved, {std::string_view(fileName_)}));
     return saved;
+}
+
+void ProfileFile::keepSaved(std::int64_t nowMs) {
+    constexpr std::int64_t kGatherMs = 500;  // one save for what is set together
+    constexpr std::int64_t kRetryMs = 10000;
+    if (!isUnsaved_) {
+        saveAt_.reset();
+    } else if (!saveAt_) {
+        saveAt_ = nowMs + kGatherMs;
+    } else if (nowMs >= *saveAt_) {
+        saveAt_ = save() ? std::nullopt : std::optional(nowMs + kRetryMs);
+    }
 }
 
 /// Replacing the file would get around its own write protection, so that is asked first.
@@ -156,27 +179,35 @@ bool ProfileFile::isProtected() const {
     return std::filesystem::exists(path_, unknown) && !disk_.openForAppending(path_);
 }
 
-bool ProfileFile::load(const std::filesystem::path& file) {
+void ProfileFile::load(const std::filesystem::path& file) {
+    fileName_ = file.filename().string();
     std::error_code unknown;
-    if (!std::filesystem::exists(file, unknown))
+    if (access_ == Access::Own && !std::filesystem::exists(file, unknown))
         disk_.openForAppending(file).reset();
-    const std::optional<std::string> bytes = readWholeFile(file, kWholeFile, disk_);
+    const std::optional<std::string> bytes = readWholeFile(file, kLargestBytes + 1, disk_);
     if (!bytes)
-        return false;
-    entries_ = parseProfile(*bytes);
-    if (isDamaged(*bytes)) {
-        std::filesystem::path copy = file;
-        copy += ".damaged";
-        if (writeFileAtomically(copy, *bytes, disk_))
-            damagedCopy_ = std::move(copy);
-        // Zeros would count as damage again, and the copy would be lost at the next start.
-        std::erase_if(entries_, [](const auto& entry) {
-            return entry.first.find('\0') != std::string::npos;
-        });
-        for (auto& [key, value] : entries_)
-            std::erase(value, '\0');
-    }
-    return true;
+        return;
+    path_ = file;
+    entries_ = parseProfile(std::string_view(*bytes).substr(0, kLargestBytes));
+    if (bytes->size() > kLargestBytes || isDamaged(*bytes))
+        setAside(file, *bytes);
+}
+
+void ProfileFile::setAside(const std::filesystem::path& file, const std::string& bytes) {
+    // Zeros would count as damage again, and the copy would be lost at the next start.
+    std::erase_if(entries_,
+                  [](const auto& entry) { return entry.first.find('\0') != std::string::npos; });
+    for (auto& [key, value] : entries_)
+        std::erase(value, '\0');
+    if (access_ == Access::Look)
+        return;
+    std::filesystem::path copy = file;
+    copy += ".damaged";
+    const bool isTooLarge = bytes.size() > kLargestBytes;  // to be copied, too
+    if (isTooLarge ? disk_.rename(file, copy) : writeFileAtomically(copy, bytes, disk_))
+        damagedCopy_ = std::move(copy);
+    if (isTooLarge)
+        save();
 }
 
 void ProfileFile::saveToRegistry() {

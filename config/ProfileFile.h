@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -31,14 +34,25 @@ std::string formatProfile(const ProfileEntries& entries);
 /// from the caller's default, and is an entry from then on; it reaches the file with the next save.
 /// There is one for the program, made first and destroyed last. Main thread only.
 ///
+/// What is set with deferred saving is saved by keepSaved(), at the destruction at the latest.
+///
 /// The file keeps seven bits of each byte; values with ';', line ends or white space at their ends
 /// come back without them. Nothing here complains about that, callers do not store such values.
 class ProfileFile {
  public:
+    enum class Access {
+        Own,
+        Look  ///< another program owns the file: nothing is written, whatever is set
+    };
+
+    /// A larger file is none of ours: what stands in its first part counts, and it is set aside.
+    static constexpr std::size_t kLargestBytes = std::size_t{4} << 20U;
+
     /// Opens `fileName` in `folder` and creates it when it is missing. `registry` and `disk` must
     /// outlive this.
     ProfileFile(const std::filesystem::path& folder, RegistryProfile& registry,
-                std::string_view fileName = "korvel.ini", FileSystem& disk = systemFileSystem());
+                std::string_view fileName = "korvel.ini", FileSystem& disk = systemFileSystem(),
+                Access access = Access::Own);
     ProfileFile(const ProfileFile&) = delete;
     ProfileFile& operator=(const ProfileFile&) = delete;
     /// Saves.
@@ -48,8 +62,8 @@ class ProfileFile {
     const std::filesystem::path& path() const { return path_; }
     const ProfileEntries& entries() const { return entries_; }
 
-    /// Where a copy of the file is kept that could not be read to its end as settings, since the
-    /// next save writes over it; empty when it could, or could not be copied.
+    /// Where a file is kept that could not be read to its end as settings, since the next save
+    /// writes over it; empty when it could, or could not be kept.
     const std::filesystem::path& damagedCopy() const { return damagedCopy_; }
 
     // The setters save unless that is deferred; false when saving failed, and then the value is
@@ -70,18 +84,30 @@ class ProfileFile {
     /// The message for the pilot when what was set could not be saved, told once for as long as it
     /// lasts; empty for nothing to tell.
     [[nodiscard]] std::string takeTrouble() { return trouble_.take(); }
+    /// The same for as long as it lasts.
+    [[nodiscard]] const std::string& trouble() const { return trouble_.lasting(); }
+
+    /// To be called every half second with a clock's ticks: saves what was set since the last save,
+    /// within 2 s. A save that fails is tried again every 10 s.
+    void keepSaved(std::int64_t nowMs);
 
  private:
-    bool load(const std::filesystem::path& file);
+    void load(const std::filesystem::path& file);
+    void setAside(const std::filesystem::path& file, const std::string& bytes);
+    void enter(std::string key, std::string value);
     bool isProtected() const;
     void saveToRegistry();
 
     std::filesystem::path path_;
+    std::string fileName_;
     std::filesystem::path damagedCopy_;
     ProfileEntries entries_;
     RegistryProfile& registry_;
     FileSystem& disk_;
+    Access access_;
     ToldOnce trouble_;
+    bool isUnsaved_ = false;              ///< something was set since the last save
+    std::optional<std::int64_t> saveAt_;  ///< tick; nothing while no save is due
 };
 
 }  // namespace korvel

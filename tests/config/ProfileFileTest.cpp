@@ -112,6 +112,61 @@ TEST_F(ProfileFileTest, SettersSaveAtOnceUnlessDeferred) {
     EXPECT_EQ(onDisk().at("S:Now"), "1234567");
 }
 
+TEST_F(ProfileFileTest, WhatIsSetIsOnDiskWithinTwoSecondsOfTicks) {
+    FaultyFiles disk;
+    ProfileFile profile(folder_.path(), registry_, "korvel.ini", disk);
+    std::int64_t now = 0;
+    const auto savedAfter = [&](const char* name) {
+        const std::int64_t begin = now;
+        do profile.keepSaved(now += 500);
+        while (!onDisk().contains(name) && now - begin < 60000);
+        return now - begin;
+    };
+    EXPECT_EQ(profile.getInt("S", "Read", 1), 1);
+    EXPECT_EQ(savedAfter("S:Read"), 60000) << "reading is no change";
+    profile.setInt("S", "A", 1, true);
+    EXPECT_LE(savedAfter("S:A"), 2000);
+    profile.setString("S", "B", "x", true);
+    EXPECT_LE(savedAfter("S.B"), 2000);
+    const std::string before = disk.done();
+    profile.setString("S", "B", "x", true);
+    savedAfter("none");
+    EXPECT_EQ(disk.done(), before) << "nothing new";
+    std::filesystem::remove(file_);
+    std::filesystem::create_directory(file_);
+    profile.setInt("S", "C", 1, true);
+    savedAfter("none");
+    EXPECT_EQ(profile.trouble(), "Settings not saved: korvel.ini cannot be written");
+    EXPECT_FALSE(profile.takeTrouble().empty());
+    std::filesystem::remove(file_);
+    EXPECT_LE(savedAfter("S:C"), 12000) << "tried again";
+    EXPECT_EQ(profile.trouble(), "");
+}
+
+TEST_F(ProfileFileTest, AFileThatAnotherProgramOwnsIsOnlyLookedAt) {
+    folder_.write("korvel.ini", "S:A=1");
+    {
+        ProfileFile profile(folder_.path(), registry_, "korvel.ini", systemFileSystem(), ProfileFile::Access::Look);
+        EXPECT_EQ(profile.getInt("S", "A", 0), 1);
+        EXPECT_TRUE(profile.setInt("S", "A", 2));
+        EXPECT_EQ(profile.getInt("S", "A", 0), 2);
+        EXPECT_EQ(profile.trouble(), "");
+    }
+    EXPECT_EQ(folder_.read("korvel.ini"), "S:A=1");
+}
+
+TEST_F(ProfileFileTest, AFileTooLargeToBeOursIsSetAsideAndItsBeginningCounts) {
+    std::string bytes = "S:First=1\r\n";
+    while (bytes.size() <= ProfileFile::kLargestBytes) bytes += "S:N" + std::to_string(bytes.size()) + "=1\r\n";
+    folder_.write("korvel.ini", bytes + "S:Last=1\r\n");
+    ProfileFile profile(folder_.path(), registry_);
+    EXPECT_EQ(profile.getInt("S", "First", 0), 1);
+    EXPECT_EQ(profile.getInt("S", "Last", 0), 0);
+    EXPECT_EQ(profile.damagedCopy(), folder_ / "korvel.ini.damaged");
+    EXPECT_TRUE(folder_.read("korvel.ini.damaged").ends_with("S:Last=1\r\n"));
+    EXPECT_EQ(onDisk().at("S:First"), "1") << "at once: the old file is gone";
+}
+
 TEST_F(ProfileFileTest, WithoutAFileTheRegistryIsSavedTo) {
     std::filesystem::create_directory(file_);  // cannot be opened as a file
     {
