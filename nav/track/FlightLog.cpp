@@ -15,11 +15,24 @@ constexpr std::int64_t kNoteMs = 5000;
 
 std::filesystem::path journalBeside(std::filesystem::path file) { return file += ".flight"; }
 
+constexpr std::string_view kFlightEnd = ";\r\n";  ///< in the journal
+
 /// With its CR LF; empty for no line.
 std::string_view lastLine(std::string_view lines) {
     const std::size_t before =
         lines.size() < 3 ? std::string_view::npos : lines.rfind("\r\n", lines.size() - 3);
     return lines.substr(before == std::string_view::npos ? 0 : before + 2);
+}
+
+/// The last line of each flight in the journal.
+std::string flightsIn(std::string_view journal) {
+    std::string lines;
+    while (!journal.empty()) {
+        const std::size_t end = std::min(journal.find(kFlightEnd), journal.size());
+        lines += lastLine(journal.substr(0, end));
+        journal.remove_prefix(std::min(end + kFlightEnd.size(), journal.size()));
+    }
+    return lines;
 }
 
 }  // namespace
@@ -48,28 +61,32 @@ FlightLog::FlightLog(const Clock& clock, const std::filesystem::path& file, Plac
     complete();
 }
 
-/// Moves the last line of the journal to the log, unless the kill came after that had been done.
-/// What cannot be read now may be at the next start.
+/// Moves what the journal holds to the log, unless the kill came after that had been done. What
+/// cannot be read now may be at the next start.
 void FlightLog::complete() {
     const auto noted = journal_.completeLines();
     const auto logged = log_.completeLines();
     if (!noted || !logged)
         return;
-    const std::string_view line = lastLine(*noted);
-    if (line.empty() || logged->ends_with(line))
-        journal_.remove();
-    else
-        addToLog(line);
+    const std::string lines = flightsIn(*noted);
+    addToLog(logged->ends_with(lines) ? std::string_view() : lines);
 }
 
-void FlightLog::addToLog(std::string_view line) {
-    unwritten_ += line;
+void FlightLog::addToLog(std::string_view lines) {
+    unwritten_ += lines;
     std::string trouble = log_.append(unwritten_);
     if (trouble.empty()) {
         unwritten_.clear();
         journal_.remove();
+    } else {
+        noteTrouble_.note(journal_.append(kFlightEnd));
     }
-    trouble_.note(std::move(trouble));
+    logTrouble_.note(std::move(trouble));
+}
+
+std::string FlightLog::takeTrouble() {
+    std::string trouble = logTrouble_.take();
+    return trouble.empty() ? noteTrouble_.take() : trouble;
 }
 
 std::optional<std::int64_t> FlightLog::flightTimeSec() const {
@@ -121,7 +138,7 @@ void FlightLog::note() {
     flight_->notedMs = now;
     flight_->line = flight_->head + ',' + timeText(clock_.localNow(), false, ":") + ',' + place_() +
                     ',' + flightTimeText((now - flight_->startTickMs) / 1000) + "\r\n";
-    trouble_.note(journal_.append(flight_->line));
+    noteTrouble_.note(journal_.append(flight_->line));
 }
 
 void FlightLog::close() {

@@ -29,7 +29,8 @@ std::string flightTimeText(std::int64_t seconds);
 ///
 /// A flight under way is noted every 5 s in a journal beside the log; a program that was killed
 /// completes the log from it when it starts again. A line that the log does not take is tried again
-/// with the next flight's, and the journal stays until then. User-interface thread only.
+/// with the next flight's; until then it stays in the journal, where a line ";" stands between two
+/// flights. User-interface thread only.
 class FlightLog {
  public:
     struct Options {
@@ -58,7 +59,11 @@ class FlightLog {
 
     /// Why a flight is not noted or logged, told once for as long as it lasts; empty for nothing to
     /// tell.
-    [[nodiscard]] std::string takeTrouble() { return trouble_.take(); }
+    [[nodiscard]] std::string takeTrouble();
+    /// The same for as long as it lasts.
+    [[nodiscard]] const std::string& trouble() const {
+        return logTrouble_.lasting().empty() ? noteTrouble_.lasting() : logTrouble_.lasting();
+    }
 
     [[nodiscard]] bool inFlight() const { return flight_.has_value(); }
     /// Whole seconds since the beginning of the flight under way; nothing on the ground.
@@ -78,13 +83,14 @@ class FlightLog {
     void note();
     void finish();
     void complete();
-    void addToLog(std::string_view line);
+    void addToLog(std::string_view lines);
 
     const Clock& clock_;
     LineJournal log_;
     LineJournal journal_;
     std::string unwritten_;  ///< lines that the log has not taken yet
-    ToldOnce trouble_;
+    ToldOnce noteTrouble_;
+    ToldOnce logTrouble_;
     PlaceNamer place_;
     std::optional<Flight> flight_;
     bool sawSlow_ = false;

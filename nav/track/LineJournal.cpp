@@ -88,12 +88,10 @@ std::string LineJournal::replace(std::string_view lines) {
     if (path_.empty())
         return {};
     file_.reset();
+    if (!writeFileAtomically(path_, lines, disk_))
+        return trouble();
     wholeSize_.reset();
-    if (!lines.empty() && writeFileAtomically(path_, lines, disk_))
-        return {};
-    // When the new text cannot be written, the old one must not be taken for it later.
-    remove();
-    return lines.empty() ? std::string() : trouble();
+    return {};
 }
 
 void LineJournal::remove() {
@@ -103,9 +101,16 @@ void LineJournal::remove() {
         disk_.remove(path_);
 }
 
-void LineJournal::moveTo(const std::filesystem::path& destination) {
+bool LineJournal::moveTo(const std::filesystem::path& destination) {
     file_.reset();
-    [[maybe_unused]] const bool moved = disk_.rename(path_, destination);
+    if (!exists())
+        return true;
+    if (!disk_.rename(path_, destination))
+        return false;
+    wholeSize_.reset();
+    return true;
 }
+
+bool LineJournal::exists() const { return !path_.empty() && isThere(path_); }
 
 }  // namespace korvel

@@ -33,13 +33,15 @@ class LineJournal {
 
     /// `lines` ends with CR LF. What an append that failed has left of them is taken away again.
     /// Returns the message for the pilot, empty on success.
-    std::string append(std::string_view lines);
-    /// The message likewise; on failure there is no file.
-    std::string replace(std::string_view lines);
+    [[nodiscard]] std::string append(std::string_view lines);
+    /// The message likewise; on failure the file is as it was.
+    [[nodiscard]] std::string replace(std::string_view lines);
     /// Both close the file first; nothing happens when there is none.
     void remove();
-    void moveTo(const std::filesystem::path& destination);
+    /// False when it is still in its place. What has the new name is replaced.
+    bool moveTo(const std::filesystem::path& destination);
 
+    [[nodiscard]] bool exists() const;
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 
  private:

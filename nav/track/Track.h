@@ -8,26 +8,12 @@
 
 #include "base/Guarded.h"
 #include "geo/Geodesy.h"
+#include "nav/track/TrackText.h"
 #include "platform/Clock.h"
 
 namespace korvel {
 
-struct TrackPoint {
-    std::uint32_t offsetS = 0;  ///< seconds after the track's base time
-    GeoPoint position;          ///< radians
-    std::int32_t groundSpeedKt = 0;
-    std::int32_t trackDeg = 0;
-    std::int32_t altitudeFt = 0;
-
-    friend bool operator==(const TrackPoint&, const TrackPoint&) = default;
-};
-
 /// The breadcrumb track: where the aircraft was, when, how fast, whither and how high.
-///
-/// Its text form, the ".trk" file, has a line for each slot, ended by CR LF:
-///   YYYYMMDD,HHMMSS,lat,lon,speed,track,altitude    local time; degrees, whole kt, °, ft
-///   00000000,000000,0.0,0.0,0,0,0                   a break
-/// and lines of remarks that begin with ";".
 ///
 /// Reading and recording are safe from any thread: the recording lies inside its lock.
 class Track {
@@ -68,9 +54,10 @@ class Track {
     bool WriteTrackText(std::string& text) const;
 
     /// Replaces the recording. One malformed line makes the whole text refused: false, and the
-    /// track is empty. A malformed rest without a line end is what a killed writer left, and ends
-    /// the reading. Recording may go on behind what was read.
+    /// track is empty. Recording may go on behind what was read.
     bool ReadTrackText(std::string_view text);
+    /// The same with what has been read already.
+    void take(TrackLines lines);
 
     /// The lines of the last `count` slots.
     [[nodiscard]] std::string lastLines(std::size_t count) const;

@@ -7,22 +7,42 @@
 #include "platform/FileIo.h"
 
 namespace korvel {
+namespace {
+
+constexpr int kKeptJournals = 5;
+
+}  // namespace
 
 TrackRecorder::TrackRecorder(const Clock& clock, std::filesystem::path journalFile,
                              FileSystem& disk)
     : clock_(clock),
       disk_(disk),
       journal_(std::move(journalFile), LineJournal::TornLine::Drop, disk) {
-    const std::string lines = journal_.completeLines().value_or("");
-    if (lines.empty())
-        return;
-    auto found = std::make_shared<Track>(clock_);
-    if (!found->ReadTrackText(lines)) {
+    if (const auto lines = journal_.completeLines(); lines && !lines->empty())
+        takeUp(*lines);
+}
+
+void TrackRecorder::takeUp(std::string_view journal) {
+    TrackLines lines = parseTrackText(journal, BadLines::LeaveOut);
+    const std::size_t leftOut = lines.leftOut;
+    std::filesystem::path copy = journal_.path();
+    copy += ".bad";
+    if (lines.slots.empty()) {
         // Not ours to repair, and not ours to throw away.
-        journal_.moveTo(journal_.path().string() + ".bad");
+        journal_.moveTo(copy);
         return;
     }
+    auto found = std::make_shared<Track>(clock_);
+    found->take(std::move(lines));
     found->setPendingBreak();
+    isUnsaved_ = true;
+    if (leftOut != 0) {
+        news_ = formatText(kFlightTexts.trackLinesLost, {static_cast<int>(leftOut)});
+        std::string whole;
+        found->WriteTrackText(whole);
+        if (writeFileAtomically(copy, journal, disk_))
+            trouble_.note(journal_.replace(whole));
+    }
     *track_.lock() = std::move(found);
 }
 
@@ -37,8 +57,10 @@ void TrackRecorder::offer(GeoPoint position, std::int32_t groundSpeedKt, std::in
             (*track)->AddTrackPoint(position, groundSpeedKt, trackDeg, altitudeFt);
         lines = (*track)->lastLines(added);
     }
-    if (!lines.empty())
-        trouble_.note(journal_.append(lines));
+    if (lines.empty())
+        return;
+    isUnsaved_ = true;
+    trouble_.note(journal_.append(lines));
 }
 
 void TrackRecorder::breakHere() {
@@ -47,41 +69,61 @@ void TrackRecorder::breakHere() {
 }
 
 void TrackRecorder::returnToTimeOfDay() {
-    if (const auto track = track_.lock(); *track) {
-        if (const std::size_t added = (*track)->returnToTimeOfDay(); added != 0)
-            journal_.append((*track)->lastLines(added));
-    }
+    std::string lines;
+    if (const auto track = track_.lock(); *track)
+        lines = (*track)->lastLines((*track)->returnToTimeOfDay());
+    if (!lines.empty())
+        trouble_.note(journal_.append(lines));
 }
 
-std::string TrackRecorder::saveTrack(const std::filesystem::path& path) const {
+std::string TrackRecorder::takeTrouble() {
+    return news_.empty() ? trouble_.take() : std::exchange(news_, {});
+}
+
+std::string TrackRecorder::saveTrack(const std::filesystem::path& path) {
     const std::shared_ptr<const Track> saved = track();
     std::string lines;
     if (!saved || !saved->WriteTrackText(lines))
         return std::string(text(kFlightTexts.noTrackToSave));
-    return writeFileAtomically(path, lines, disk_) ? std::string()
-                                                   : std::string(text(kFlightTexts.fileOpenError));
-}
-
-std::string TrackRecorder::openTrack(const std::filesystem::path& path) {
-    const auto bytes = readWholeFile(path, kWholeFile, disk_);
-    auto opened = std::make_shared<Track>(clock_);
-    if (!bytes || !opened->ReadTrackText(*bytes)) {
-        track_.lock()->reset();
-        journal_.remove();
-        return std::string(text(kFlightTexts.invalidFormat));
-    }
-    opened->setPendingBreak();
-    std::string lines;
-    opened->WriteTrackText(lines);
-    *track_.lock() = std::move(opened);
-    trouble_.note(journal_.replace(lines));
+    if (!writeFileAtomically(path, lines, disk_))
+        return std::string(text(kFlightTexts.fileOpenError));
+    isUnsaved_ = false;
     return {};
 }
 
-void TrackRecorder::endSession() {
+std::string TrackRecorder::openTrack(const std::filesystem::path& path) {
+    TrackLines lines = readTrackFile(path, {}, disk_);
+    return lines.error.empty() ? show(std::move(lines)) : lines.error;
+}
+
+std::string TrackRecorder::show(TrackLines lines) {
+    if (!setAside())
+        return formatText(kFlightTexts.fileNotWritten, {lastName(1).filename().string()});
+    auto opened = std::make_shared<Track>(clock_);
+    opened->take(std::move(lines));
+    opened->setPendingBreak();
+    *track_.lock() = std::move(opened);
+    isUnsaved_ = false;
+    return {};
+}
+
+std::filesystem::path TrackRecorder::lastName(int age) const {
     const auto& path = journal_.path();
-    if (!path.empty())
-        journal_.moveTo(path.parent_path() / ("last-" + path.filename().string()));
+    const std::string number = age == 1 ? "" : std::to_string(age) + '-';
+    return path.parent_path() / ("last-" + number + path.filename().string());
+}
+
+/// False when the journal is still in its place; then nothing of it or of an older one is lost.
+bool TrackRecorder::setAside() {
+    if (!journal_.exists())
+        return true;
+    for (int age = kKeptJournals - 1; age >= 1; --age) {
+        std::error_code unknown;
+        if (std::filesystem::exists(lastName(age), unknown) &&
+            !disk_.rename(lastName(age), lastName(age + 1)))
+            return false;
+    }
+    return journal_.moveTo(lastName(1));
 }
 
 }  // namespace korvel

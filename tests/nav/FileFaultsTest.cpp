@@ -77,7 +77,7 @@ TEST_F(FileFaultsTest, ALoadedFileIsTakenWholeOrNotAtAll) {
         [&](FaultyFiles& disk) {
             TrackRecorder recorder(clock_, {}, disk);
             const std::string error = recorder.openTrack(folder_ / "track.trk");
-            EXPECT_TRUE(error.empty() ? recorder.track() != nullptr : error == "Invalid format!" && !recorder.track());
+            EXPECT_TRUE(error.empty() ? recorder.track() != nullptr : error == "File Open Error" && !recorder.track());
             return error.empty() ? asText(recorder.track()->read()->slots.size()) : std::string();
         },
     };
@@ -128,6 +128,22 @@ TEST_F(FileFaultsTest, ATrackIsRecordedOnAndItsJournalStaysReadable) {
     });
 }
 
+TEST_F(FileFaultsTest, WhatWasRecordedIsInAFileWhenAnotherTrackIsOpened) {
+    folder_.write("old.trk", std::string(kTrackLine));
+    atEveryFault([&](FaultyFiles& disk) {
+        for (const char* name : {"now.trk", "last-now.trk", "last-2-now.trk"}) std::filesystem::remove(folder_ / name);
+        folder_.write("now.trk", "20260101,000000,9.000000,2.000000,3,4,5\r\n");
+        folder_.write("last-now.trk", "of yesterday");
+        TrackRecorder recorder(clock_, folder_ / "now.trk", disk);
+        const bool opened = recorder.openTrack(folder_ / "old.trk").empty();
+        EXPECT_TRUE(opened || disk.hasFailed());
+        const std::string kept = folder_.read(opened ? "last-now.trk" : "now.trk");
+        EXPECT_TRUE(kept.starts_with("20260101,000000,9.000000")) << kept;
+        const bool moved = folder_.has("last-2-now.trk");
+        EXPECT_EQ(folder_.read(moved ? "last-2-now.trk" : "last-now.trk"), "of yesterday");
+    });
+}
+
 TEST_F(FileFaultsTest, NoFileIsWrittenUnderTheTrackLock) {
     FaultyFiles disk;
     TrackRecorder recorder(clock_, folder_ / "now.trk", disk);
@@ -142,7 +158,7 @@ TEST_F(FileFaultsTest, NoFileIsWrittenUnderTheTrackLock) {
     folder_.write("old.trk", std::string(kTrackLine));
     EXPECT_EQ(recorder.openTrack(folder_ / "old.trk"), "");
     EXPECT_TRUE(isFree);
-    EXPECT_NE(disk.done().find("flush"), std::string::npos);
+    EXPECT_NE(disk.done().find("rename"), std::string::npos);
 }
 
 TEST_F(FileFaultsTest, AFlightIsInTheLogOrStaysInItsJournal) {
@@ -174,6 +190,25 @@ TEST_F(FileFaultsTest, AFlightIsInTheLogOrStaysInItsJournal) {
         EXPECT_LT(logged.size(), 2 * kLine.size()) << "once only";
         EXPECT_FALSE(folder_.has("log.txt.flight"));
     });
+}
+
+TEST_F(FileFaultsTest, AFlightThatTheLogDidNotTakeIsThereAfterTheNextOneAndAKill) {
+    const FlightLog::Options options{.startKt = 60, .endKt = 30};
+    std::filesystem::create_directory(folder_ / "log.txt");
+    {
+        FlightLog log(clock_, folder_ / "log.txt", [] { return "KAA"; });
+        for (const double speedKt : {100.0, 0.0, 0.0, 100.0, 100.0}) {
+            log.step(options, speedKt);
+            clock_.advanceMs(60000);
+        }
+        EXPECT_EQ(log.takeTrouble(), "Not recorded: log.txt cannot be written");
+        EXPECT_EQ(log.trouble(), "Not recorded: log.txt cannot be written") << "it lasts";
+    }
+    std::filesystem::remove(folder_ / "log.txt");
+    const FlightLog next(clock_, folder_ / "log.txt", [] { return ""; });
+    EXPECT_EQ(folder_.read("log.txt"), "20260101,,,00:01,KAA,1,0.1\r\n20260101,00:03,KAA,00:04,KAA,1,0.1\r\n");
+    EXPECT_EQ(next.trouble(), "");
+    EXPECT_FALSE(folder_.has("log.txt.flight"));
 }
 
 TEST_F(FileFaultsTest, AReportWhoseFileFailsIsShownAllTheSame) {

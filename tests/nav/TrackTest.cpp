@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
+#include "base/Ascii.h"
 #include "nav/track/Track.h"
 #include "nav/track/TrackRecorder.h"
 #include "platform/VirtualClock.h"
@@ -80,9 +81,62 @@ TEST_F(TrackTest, RecorderSavesAndOpensFiles) {
     recorder.offer(at(1, 2), 3, 4, 5);
     EXPECT_EQ(recorder.saveTrack(folder / "a.trk"), "");
     folder.write("bad.trk", "what?\r\n");
-    EXPECT_EQ(recorder.openTrack(folder / "a.trk"), "");
-    EXPECT_EQ(recorder.openTrack(folder / "bad.trk"), "Invalid format!");
-    EXPECT_EQ(recorder.track(), nullptr);
+    folder.write("back.trk", "; x\r\n20260101,000100,1,2,3,4,5\r\n20260101,000059,1,2,3,4,5\r\n");
+    std::filesystem::create_directory(folder / "folder.trk");
+    const auto shown = recorder.track();
+    for (const auto& [name, error] : {std::pair{"bad.trk", "Invalid format!"}, {"missing.trk", "File Open Error"},
+             {"back.trk", "Invalid format! The time in line 3 is before the track's first."},
+             {"folder.trk", "This is a folder or a device, not a file."}}) {
+        EXPECT_EQ(recorder.openTrack(folder / name), error);
+        EXPECT_EQ(recorder.track(), shown);
+    }
+}
+
+TEST_F(TrackTest, WhatWasRecordedIsKeptWhateverIsShownInItsPlace) {
+    const TempFolder folder;
+    const std::string opened = "20260101,000000,1.000000,2.000000,3,4,5\r\n";
+    folder.write("a.trk", opened);
+    const auto lineAt = [](int second) { return "20270101,0000" + zeroPadded(second, 2); };
+    {
+        TrackRecorder recorder(clock_, folder / "now.trk");
+        EXPECT_FALSE(recorder.isUnsaved());
+        for (const double lat : {10.0, 20.0, 30.0}) {
+            clock_.advanceMs(5000);
+            recorder.offer(at(lat, 2), 3, 4, 5);
+            EXPECT_TRUE(recorder.isUnsaved());
+            EXPECT_EQ(recorder.openTrack(folder / "a.trk"), "");
+            EXPECT_FALSE(recorder.isUnsaved() || folder.has("now.trk"));
+        }
+        clock_.advanceMs(5000);
+        recorder.offer(at(40, 2), 3, 4, 5);
+        std::string both;
+        recorder.track()->WriteTrackText(both);
+        EXPECT_TRUE(both.starts_with(opened + std::string(kBreak))) << both;
+        EXPECT_TRUE(folder.read("now.trk").ends_with(lineAt(17) + ",40.000000,2.000000,3,4,5\r\n"));
+        recorder.endSession();
+    }
+    for (const auto& [name, second] : {std::pair{"last-now.trk", 17}, {"last-2-now.trk", 12}, {"last-3-now.trk", 7},
+             {"last-4-now.trk", 2}})
+        EXPECT_NE(folder.read(name).find(lineAt(second)), std::string::npos) << name;
+    // A run that records nothing pushes nothing out.
+    { TrackRecorder(clock_, folder / "now.trk").endSession(); }
+    EXPECT_NE(folder.read("last-now.trk").find(lineAt(17)), std::string::npos);
+}
+
+TEST_F(TrackTest, ALineOfTheJournalThatMakesNoSenseCostsThatLine) {
+    const TempFolder folder;
+    const std::string good = "20260101,000000,1.000000,2.000000,3,4,5\r\n";
+    const std::string later = "20260101,000010,1.500000,2.000000,3,4,5\r\n";
+    const std::string journal = good + "20260101,0000" + std::string(3, '\0') + "\r\n" + later;
+    folder.write("now.trk", journal);
+    TrackRecorder recorder(clock_, folder / "now.trk");
+    EXPECT_EQ(recorder.takeTrouble(), "Lines of the recorded track that could not be read: 1");
+    EXPECT_EQ(recorder.takeTrouble() + recorder.trouble(), "");
+    ASSERT_TRUE(recorder.track());
+    EXPECT_EQ(recorder.track()->read()->slots.size(), 2U);
+    EXPECT_TRUE(recorder.isUnsaved());
+    EXPECT_EQ(folder.read("now.trk"), good + later) << "or it would be told at every start";
+    EXPECT_EQ(folder.read("now.trk.bad"), journal);
 }
 
 TEST_F(TrackTest, AKilledRecorderFindsItsTrackAgain) {
