@@ -43,6 +43,7 @@ void DatabaseLoader::clear() {
 bool DatabaseLoader::load(std::span<const std::filesystem::path> folders,
                           const Progress& progress) {
     report_.restart();
+    const LoadReport::Gathering gathering(report_);
     report_.AppendLoadReport(std::string(text(kDatabaseTexts.loadStatus)) + "\r\n\r\n");
     clear();
     if (!openDatabases(filesIn(folders, "*.ng2"), progress) ||
@@ -102,15 +103,23 @@ bool DatabaseLoader::openDatabases(std::span<const std::filesystem::path> paths,
 bool DatabaseLoader::loadUserFiles(std::span<const std::filesystem::path> paths,
                                    bool fromSecondSource, const Progress& progress) {
     for (std::size_t i = 0; i < paths.size(); ++i) {
-        if (progress &&
-            !progress(formatText(kDatabaseTexts.loading, {paths[i].filename().string()}),
-                      static_cast<int>(i * 100 / paths.size())))
+        const std::string doing = formatText(kDatabaseTexts.loading, {paths[i].filename().string()});
+        bool goesOn = true;
+        const auto tell = [&](double share) {
+            const double done = (static_cast<double>(i) + share) / static_cast<double>(paths.size());
+            goesOn = !progress || progress(doing, static_cast<int>(done * 100));
+            return goesOn;
+        };
+        if (!tell(0))
             return false;
         UserDatabaseReader reader(report_, [&](std::unique_ptr<DatabaseRecord> record) {
             AddUserRecord(std::move(record), fromSecondSource);
         });
+        reader.onProgress(tell);
         if (const std::string error = reader.LoadFile(paths[i]); !error.empty())
             reportFailure(paths[i], error);
+        if (!goesOn)
+            return false;
     }
     return true;
 }

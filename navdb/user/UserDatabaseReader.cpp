@@ -12,6 +12,7 @@ namespace korvel {
 namespace {
 
 constexpr std::size_t kReadBlock = 1024;
+constexpr std::uint64_t kTellEvery = 64 * kReadBlock;
 constexpr std::size_t kLongestLine = 65536;  // what is longer is cut: no record has such a line
 
 }  // namespace
@@ -26,17 +27,21 @@ std::string UserDatabaseReader::LoadFile(const std::filesystem::path& path, File
     fileName_ = std::make_shared<const std::string>(path.filename().string());
     report_.AppendLoadReport(formatText(kDatabaseTexts.loading, {path.string()}) + "\r\n");
     if (file->size() > 0) {
-        readLines(*file);
+        if (!readLines(*file))
+            return {};
         report_.AppendLoadReport("  " + std::string(text(kDatabaseTexts.done)) + "\r\n\r\n");
     }
     return {};
 }
 
-void UserDatabaseReader::readLines(const RandomAccessFile& file) {
+bool UserDatabaseReader::readLines(const RandomAccessFile& file) {
     const std::uint64_t size = file.size();
     std::array<std::uint8_t, kReadBlock> block{};
     std::string line;
     for (std::uint64_t at = 0; at < size;) {
+        const double share = static_cast<double>(at) / static_cast<double>(size);
+        if (at % kTellEvery == 0 && progress_ && !progress_(share))
+            return false;
         const std::size_t count = file.readAt(at, block);
         if (count == 0) {
             logLine(text(kDatabaseTexts.fileReadError), Severity::Error);
@@ -56,6 +61,7 @@ void UserDatabaseReader::readLines(const RandomAccessFile& file) {
     takeLine(line);
     if (airportIsOpen_ || navaidIsOpen_)
         logLine(text(kDatabaseTexts.fileEndedInRecord), Severity::Error);
+    return true;
 }
 
 void UserDatabaseReader::takeLine(std::string_view line) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "navdb/LoadReport.h"
 #include "navdb/user/UserRecordBuilder.h"
@@ -23,6 +24,12 @@ class UserDatabaseReader {
     /// The report must outlive the reader.
     UserDatabaseReader(LoadReport& report, RecordSink sink);
 
+    /// Told from time to time how much of the file has been read, from 0 to 1; false breaks the
+    /// reading off.
+    void onProgress(std::function<bool(double share)> progress) {
+        progress_ = std::move(progress);
+    }
+
     /// Empty, or "File open error." and then nothing was reported. One reader reads one file.
     [[nodiscard]] std::string LoadFile(const std::filesystem::path& path,
                                        FileSystem& disk = systemFileSystem());
@@ -31,7 +38,7 @@ class UserDatabaseReader {
     [[nodiscard]] std::string ParseLine(std::string_view line);
 
  private:
-    void readLines(const RandomAccessFile& file);
+    bool readLines(const RandomAccessFile& file);
     void takeLine(std::string_view line);
     void logLine(std::string_view message, Severity severity);
     [[nodiscard]] std::string takeField(std::string_view line);
@@ -42,6 +49,7 @@ class UserDatabaseReader {
 
     LoadReport& report_;
     RecordSink sink_;
+    std::function<bool(double share)> progress_;
     std::shared_ptr<const std::string> fileName_;
     int lineNumber_ = 1;
     bool airportIsOpen_ = false;

@@ -108,6 +108,28 @@ TEST_F(DatabaseLoaderTest, LoadsUserFilesWithoutADatabaseAndStartsAnew) {
     EXPECT_EQ(database_.Find("XYZ"), nullptr);
 }
 
+TEST_F(DatabaseLoaderTest, ALongUserFileTellsHowFarItIsAndCanBeBrokenOff) {
+    std::string lines;
+    for (int i = 0; i < 100'000; ++i) lines += "bad\r\n";
+    folder_.write("a.UDB.TXT", lines);
+    folder_.write("b.UDB.TXT", airport("XYZ"));
+    std::vector<int> told;
+    EXPECT_TRUE(loader_.load(folder_.path(), [&](std::string_view, int percent) {
+        told.push_back(percent);
+        return true;
+    }));
+    EXPECT_GE(told.size(), 5U);
+    EXPECT_TRUE(std::ranges::is_sorted(told));
+    const std::string report = report_.text();
+    EXPECT_NE(report.find("  Line 100000: ERROR '=' not found\r\n"), std::string::npos);
+    EXPECT_EQ(report, *readWholeFile(report_.path()));
+    EXPECT_NE(database_.Find("XYZ"), nullptr);
+    int asked = 0;
+    EXPECT_FALSE(loader_.load(folder_.path(), [&](std::string_view, int) { return ++asked < 4; }));
+    EXPECT_EQ(asked, 4) << "within the first file";
+    EXPECT_EQ(database_.Find("XYZ"), nullptr);
+}
+
 TEST_F(DatabaseLoaderTest, ReportLinesOfSeveralThreadsDoNotInterleave) {
     std::string line(300, 'x');
     line += "\r\n";
