@@ -6,6 +6,7 @@
 #include "base/Utf8.h"
 #include "config/Text.h"
 #include "config/texts/FlightTexts.h"
+#include "geo/Geodesy.h"
 #include "nav/plan/RouteEntry.h"
 #include "navdb/records/RecordKey.h"
 #include "platform/FileIo.h"
@@ -37,11 +38,10 @@ std::string nameForFile(const PlanWaypoint& entry) {
 
 }  // namespace
 
-ActivePlan::ActivePlan(NavDatabase& database, const UserRecordStore& userRecords,
-                       std::function<void(bool edited)> onChange)
+ActivePlan::ActivePlan(NavDatabase& database, const UserRecordStore& userRecords, Flying flying)
     : database_(database),
       files_(database, fixes_, &userRecords, plan_),
-      onChange_(std::move(onChange)) {}
+      flying_(std::move(flying)) {}
 
 std::vector<PlanWaypoint> ActivePlan::entries() const {
     const auto plan = plan_.lock();
@@ -58,57 +58,67 @@ void ActivePlan::setPresent(std::optional<GeoPoint> present) {
     files_.setPresent(present);
 }
 
-void ActivePlan::noteChange(bool changed) {
+void ActivePlan::noteChange() {
     // Nothing is left to save of a plan without waypoints.
-    changed_ = changed && hasPlan();
+    changed_ = hasPlan() && (file_.path.empty() || files_.SavePlan() != file_.text);
     ++revision_;
     keepUnsaved();
 }
 
-void ActivePlan::comeIntoForce(bool changed) {
-    noteChange(changed);
-    onChange_(false);
+void ActivePlan::comeIntoForce() {
+    noteChange();
+    flying_.onChange(false);
 }
 
 std::string ActivePlan::proposedFileName() const {
-    if (!file_.empty())
-        return file_.filename().string();
-    const PlanEntries plan = entries();
+    if (!file_.path.empty())
+        return file_.path.filename().string();
+    const auto plan = entries();
     if (plan.empty())
         return {};
-    std::string name = nameForFile(plan.front()) + '-' + nameForFile(plan.back());
+    const std::string name = nameForFile(plan.front()) + '-' + nameForFile(plan.back());
     return (name.size() > 1 ? name : std::string(kNamelessPlan)) + ".fp";
 }
 
-/// A failure to write is forgotten, the next change tries again: the flight goes on.
+/// What cannot be written is tried again with the next change: the flight goes on.
 void ActivePlan::keepUnsaved() {
     if (!changed_)
         return forgetUnsaved();
-    if (!unsaved_.empty())
-        unsavedIsOurs_ = files_.savePlanAs(unsaved_).empty() || unsavedIsOurs_;
+    if (unsaved_.empty())
+        return;
+    const bool kept = files_.savePlanAs(unsaved_).empty();
+    unsavedIsOurs_ = kept || unsavedIsOurs_;
+    const std::string name = unsaved_.filename().string();
+    trouble_.note(kept ? std::string() : formatText(kFlightTexts.fileNotWritten, {name}));
 }
 
 void ActivePlan::forgetUnsaved() {
+    trouble_.note({});
     if (std::exchange(unsavedIsOurs_, false))
         systemFileSystem().remove(unsaved_);
 }
 
-std::optional<std::string> ActivePlan::recover() {
+std::optional<std::string> ActivePlan::recover(const std::filesystem::path& path, bool wanted) {
     const auto bytes = unsaved_.empty() ? std::nullopt : readWholeFile(unsaved_);
     if (!bytes)
         return std::nullopt;
-    std::string error = files_.LoadPlanText(*bytes);
-    unsavedIsOurs_ = error.empty();
-    comeIntoForce(error.empty());
-    return error;
+    std::string error = wanted ? files_.LoadPlanText(*bytes) : std::string();
+    if (wanted && error.empty()) {
+        unsavedIsOurs_ = true;
+        file_ = {.path = path, .text = readWholeFile(path).value_or("")};
+        comeIntoForce();
+    } else if (!systemFileSystem().rename(
+                   unsaved_, unsaved_.parent_path() / ("last-" + unsaved_.filename().string()))) {
+        unsaved_.clear();  // nothing is written over it
+    }
+    return wanted ? std::optional(std::move(error)) : std::nullopt;
 }
 
 std::string ActivePlan::enterRoute(std::string_view line) {
     RouteResult result = RouteEntry(database_, fixes_, present_).EnterRoute(line, true);
     if (result.error.empty()) {
         const bool edited = beginsAlike(result.entries);
-        history_.remember(entries());
-        putInForce(std::move(result.entries), edited);
+        makeChange([&] { putInForce(std::move(result.entries), edited); });
     }
     return result.error;
 }
@@ -135,28 +145,76 @@ void ActivePlan::putInForce(PlanEntries entries, bool edited) {
         goesOn = edited && plan->has_value() && next.goOnFrom(**plan);
         *plan = std::move(next);
     }
-    noteChange(true);
+    noteChange();
     if (!goesOn)
-        onChange_(edited);
+        flying_.onChange(edited);
 }
 
 void ActivePlan::replace(PlanEntries entries) {
-    history_.remember(this->entries());
-    putInForce(std::move(entries), true);
+    makeChange([&] { putInForce(std::move(entries), true); });
 }
 
-bool ActivePlan::undo() {
-    auto former = history_.undo(entries());
-    if (former)
-        putInForce(std::move(*former), true);
-    return former.has_value();
+// Back and forth
+
+PlanStep ActivePlan::step() const {
+    PlanStep now{.flown = flying_.flown(), .file = file_, .aircraft = present_};
+    now.plan = *plan_.lock();
+    return now;
 }
 
-bool ActivePlan::redo() {
-    auto later = history_.redo(entries());
-    if (later)
-        putInForce(std::move(*later), true);
-    return later.has_value();
+template <class Change>
+void ActivePlan::makeChange(Change change) {
+    PlanStep before = step();
+    change();
+    before.endedDirect = before.flown.direct && !flying_.flown().direct;
+    if (before.file->path == file_.path)
+        before.file.reset();
+    history_.remember(std::move(before));
+}
+
+bool ActivePlan::undo() { return putBack(history_.undo(step())); }
+
+bool ActivePlan::redo() { return putBack(history_.redo(step())); }
+
+/// Whether the flight has left what was flown before the change behind.
+bool ActivePlan::hasGoneOn(const PlanStep& step) {
+    constexpr double kStillThereNm = 5;  // without a plan nothing tells but the way
+    const auto plan = plan_.lock();
+    if (plan->has_value())
+        return (*plan)->reachedCount() > 0;
+    return step.aircraft && present_ && DistanceNm(*step.aircraft, *present_) > kStillThereNm;
+}
+
+bool ActivePlan::putBack(std::optional<PlanStep> step) {
+    if (!step)
+        return false;
+    const bool asItWas = !hasGoneOn(*step);
+    bool goesOn = asItWas;
+    {
+        const auto plan = plan_.lock();
+        if (!asItWas && step->plan) {
+            FlightPlan next(step->plan->entries());
+            goesOn = plan->has_value() && next.goOnFrom(**plan);
+            step->plan = std::move(next);
+        }
+        *plan = step->plan;
+    }
+    if (step->file)
+        file_ = *step->file;
+    noteChange();
+    if (asItWas && flyAgain(*step))
+        return true;
+    if (!goesOn)
+        flying_.onChange(true);
+    return true;
+}
+
+/// Not over a direct-to of the pilot's, and not the one that he has cleared.
+bool ActivePlan::flyAgain(const PlanStep& step) {
+    if (flying_.flown().direct || (step.flown.direct && !step.endedDirect))
+        return false;
+    flying_.flyAgain(step.flown);
+    return true;
 }
 
 template <class Change>
@@ -169,18 +227,19 @@ bool ActivePlan::changePlan(Change change) {
 }
 
 bool ActivePlan::reverse() {
-    const PlanEntries before = entries();
-    if (!changePlan([](FlightPlan& plan) { plan.reverse(); }))
+    if (!hasPlan())
         return false;
-    history_.remember(before);
-    comeIntoForce(true);
+    makeChange([this] {
+        changePlan([](FlightPlan& plan) { plan.reverse(); });
+        comeIntoForce();
+    });
     return true;
 }
 
 bool ActivePlan::activate() {
     if (!changePlan([](FlightPlan& plan) { plan.activate(); }))
         return false;
-    comeIntoForce(changed_);
+    comeIntoForce();
     return true;
 }
 
@@ -192,40 +251,39 @@ void ActivePlan::flyTo(std::size_t index) {
             plan.moveToEntry(index);
     });
     if (moved)
-        comeIntoForce(changed_);
+        comeIntoForce();
 }
 
 void ActivePlan::clear() {
-    if (const PlanEntries before = entries(); !before.empty())
-        history_.remember(before);
-    plan_.lock()->reset();
-    file_.clear();
-    comeIntoForce(false);
+    if (!hasPlan())
+        return;
+    makeChange([this] {
+        file_ = {};
+        putInForce({}, true);
+    });
 }
 
 std::string ActivePlan::open(const std::filesystem::path& path) {
+    if (isNoFile(path))
+        return std::string(text(kFlightTexts.noFile));
     const auto bytes = readWholeFile(path);
     if (!bytes)
         return std::string(text(kFlightTexts.fileOpenError));
-    PlanEntries before = entries();
     std::string error = files_.OpenPlanFile(path, *bytes);
-    if (error.empty())
-        history_.clear();
-    else if (!before.empty())
-        history_.remember(std::move(before));
-    file_ = files_.openedFile();
+    if (!error.empty())
+        return error;
+    history_.clear();
     // What a list was converted into may be in no file.
-    comeIntoForce(error.empty() && file_.empty());
-    return error;
+    file_ = {.path = files_.openedFile(), .text = files_.SavePlan()};
+    comeIntoForce();
+    return {};
 }
 
 std::string ActivePlan::saveAs(const std::filesystem::path& path) {
     std::string error = files_.savePlanAs(path);
     if (error.empty()) {
-        file_ = path;
-        changed_ = false;
-        ++revision_;
-        keepUnsaved();
+        file_ = {.path = path, .text = files_.SavePlan()};
+        noteChange();
     }
     return error;
 }

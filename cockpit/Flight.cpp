@@ -30,11 +30,15 @@ Flight::Flight(const Foundations& foundations)
     : clock_(foundations.clock),
       database_(foundations.database),
       plan_(foundations.database, foundations.userRecords,
-            [this](bool edited) {
-                // An edited plan leaves a course that does not belong to it alone.
-                if (!edited || !navigation_.directLeg())
-                    navigation_.planChanged();
-            }),
+            {.onChange =
+                 [this](bool edited) {
+                     // An edited plan leaves a course that does not belong to it alone.
+                     if (!edited || !navigation_.directLeg())
+                         navigation_.planChanged();
+                 },
+             .flown = [this] { return navigation_.flown(); },
+             .flyAgain =
+                 [this](const ActiveNavigation::Flown& flown) { navigation_.flyAgain(flown); }}),
       track_(clock_, inFolder(foundations.folder, kTrackJournalName)),
       log_(clock_, inFolder(foundations.folder, kFlightLogName), [this] { return placeHere(); }),
       navigation_({.clock = clock_,
@@ -46,14 +50,26 @@ Flight::Flight(const Foundations& foundations)
                    .log = log_}),
       approach_(foundations.database) {}
 
-Flight::~Flight() {
+Flight::~Flight() { endSession(); }
+
+void Flight::endSession() {
     log_.close();
     track_.endSession();
 }
 
 std::string Flight::takeTrouble() {
     std::string trouble = track_.takeTrouble();
-    return trouble.empty() ? log_.takeTrouble() : trouble;
+    if (trouble.empty())
+        trouble = log_.takeTrouble();
+    return trouble.empty() ? plan_.takeTrouble() : trouble;
+}
+
+std::vector<std::string> Flight::troubles() const {
+    std::vector<std::string> found;
+    for (const std::string* trouble : {&track_.trouble(), &log_.trouble(), &plan_.trouble()})
+        if (!trouble->empty())
+            found.push_back(*trouble);
+    return found;
 }
 
 std::string Flight::placeHere() const {

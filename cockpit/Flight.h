@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "cockpit/ActiveApproach.h"
 #include "cockpit/ActivePlan.h"
@@ -42,8 +43,13 @@ class Flight {
     explicit Flight(const Foundations& foundations);
     Flight(const Flight&) = delete;
     Flight& operator=(const Flight&) = delete;
-    /// Completes the flight log and sets the track's journal aside.
+    /// As endSession().
     ~Flight();
+
+    /// Completes the flight log and sets the track's journal aside, for the orderly end of the
+    /// program. What then cannot be written is told by takeTrouble(). Calling it again does no
+    /// harm.
+    void endSession();
 
     ActivePlan& plan() { return plan_; }
     const ActivePlan& plan() const { return plan_; }
@@ -53,8 +59,11 @@ class Flight {
     const ActiveNavigation& navigation() const { return navigation_; }
     TrackRecorder& track() { return track_; }
     const TrackRecorder& track() const { return track_; }
-    /// Why track or log are not kept, told once for as long as it lasts; empty for nothing to tell.
+    /// Why plan, track or log are not kept, told once for as long as it lasts; empty for nothing to
+    /// tell.
     [[nodiscard]] std::string takeTrouble();
+    /// Each of them for as long as it lasts.
+    [[nodiscard]] std::vector<std::string> troubles() const;
     ActiveApproach& approach() { return approach_; }
     const ActiveApproach& approach() const { return approach_; }
     AlarmBoard& alarms() { return alarms_.board(); }

@@ -234,6 +234,13 @@ void ActiveNavigation::ClearNavigation() {
     clearPath(*state);
 }
 
+void ActiveNavigation::flyAgain(const Flown& flown) {
+    direct_ = flown.direct;
+    directRecord_ = flown.record;
+    *state_.lock() = flown.state;
+    updateValues();
+}
+
 void ActiveNavigation::planChanged() { ClearNavigation(); }
 
 std::string ActiveNavigation::DirectTo(std::string_view identifier, std::string_view obsText,

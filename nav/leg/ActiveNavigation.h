@@ -47,6 +47,13 @@ class ActiveNavigation {
         FlightLog::Options log{};
     };
 
+    /// What is flown, to be gone back to.
+    struct Flown {
+        NavigationState state;
+        bool direct = false;                           ///< as directLeg()
+        std::shared_ptr<const DatabaseRecord> record;  ///< as directRecord()
+    };
+
     explicit ActiveNavigation(const Parts& parts) : parts_(parts) {}
 
     /// In force from the next call on.
@@ -75,6 +82,9 @@ class ActiveNavigation {
     /// Flies to a point so as to arrive on a course (0 to 360). Empty, or why not.
     std::string GoToWithCourse(GeoPoint point, double courseMag, std::string_view name);
     void ClearNavigation();
+    [[nodiscard]] Flown flown() const { return {state(), direct_, directRecord_}; }
+    /// Goes back to it, from where the aircraft is now.
+    void flyAgain(const Flown& flown);
 
     [[nodiscard]] NavigationState state() const { return *state_.lock(); }
     [[nodiscard]] bool directLeg() const { return direct_; }

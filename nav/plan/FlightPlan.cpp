@@ -42,6 +42,7 @@ void FlightPlan::searchSoon() {
     choicesUntilSearch_ = 1;
     current_.reset();
     currentKey_.clear();
+    reachedCount_ = 0;
 }
 
 void FlightPlan::reverse() {
@@ -141,6 +142,7 @@ std::optional<std::size_t> FlightPlan::visit(const Motion& motion, bool searchin
         if (isReached(i, seen, motion)) {
             std::for_each_n(progress_.begin(), i + 1,
                             [](Progress& before) { before.state = State::Passed; });
+            reachedCount_ += searching ? 0 : 1;
             continue;
         }
         if (!searching)

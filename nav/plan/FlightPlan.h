@@ -48,6 +48,9 @@ class FlightPlan {
     [[nodiscard]] const std::string& currentKey() const { return currentKey_; }
     [[nodiscard]] std::optional<std::size_t> currentIndex() const { return current_; }
 
+    /// How many waypoints were reached since the plan is what it is.
+    [[nodiscard]] int reachedCount() const { return reachedCount_; }
+
     /// The opposite way, altitudes staying with their places.
     void reverse();
     /// Goes on with what `former`, of which this is an edited copy, is flying to, or with what
@@ -103,6 +106,7 @@ class FlightPlan {
     int choicesUntilSearch_ = 1;      ///< 0: no search is due
     std::optional<std::size_t> current_;
     std::string currentKey_;
+    int reachedCount_ = 0;
 };
 
 /// The active plan with its lock; empty when there is none.

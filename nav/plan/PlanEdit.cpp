@@ -107,34 +107,4 @@ PlanEditResult withAltitude(const PlanEntries& entries, std::size_t row, std::in
     return edited;
 }
 
-void PlanHistory::remember(PlanEntries before) {
-    undone_.push_back(std::move(before));
-    if (undone_.size() > kMostSteps)
-        undone_.pop_front();
-    redone_.clear();
-}
-
-std::optional<PlanEntries> PlanHistory::undo(PlanEntries present) {
-    if (undone_.empty())
-        return std::nullopt;
-    redone_.push_back(std::move(present));
-    PlanEntries entries = std::move(undone_.back());
-    undone_.pop_back();
-    return entries;
-}
-
-std::optional<PlanEntries> PlanHistory::redo(PlanEntries present) {
-    if (redone_.empty())
-        return std::nullopt;
-    undone_.push_back(std::move(present));
-    PlanEntries entries = std::move(redone_.back());
-    redone_.pop_back();
-    return entries;
-}
-
-void PlanHistory::clear() {
-    undone_.clear();
-    redone_.clear();
-}
-
 }  // namespace korvel

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -49,25 +48,5 @@ PlanEntries withRowMoved(PlanEntries entries, std::size_t row, bool up);
 
 /// `altitudeFt` kNoAltitudeFt for none.
 PlanEditResult withAltitude(const PlanEntries& entries, std::size_t row, std::int32_t altitudeFt);
-
-/// The entries before and after the last changes, to go back and forth between.
-class PlanHistory {
- public:
-    static constexpr std::size_t kMostSteps = 50;
-
-    /// Before a change. What had been undone cannot be redone any more.
-    void remember(PlanEntries before);
-    [[nodiscard]] bool canUndo() const { return !undone_.empty(); }
-    [[nodiscard]] bool canRedo() const { return !redone_.empty(); }
-    /// The entries to put in force in place of `present`; nothing when there is no step.
-    std::optional<PlanEntries> undo(PlanEntries present);
-    std::optional<PlanEntries> redo(PlanEntries present);
-    /// Another plan was opened.
-    void clear();
-
- private:
-    std::deque<PlanEntries> undone_;  ///< the last step last
-    std::vector<PlanEntries> redone_;
-};
 
 }  // namespace korvel

@@ -99,7 +99,6 @@ std::string PlanFiles::resolveLine(std::string_view line, PlaceLookup& lookup,
 }
 
 std::string PlanFiles::LoadPlanText(std::string_view text) {
-    *plan_.lock() = FlightPlan();
     PlaceLookup lookup(database_, fixes_, present_);
     std::vector<PlanWaypoint> entries;
     while (!text.empty()) {
@@ -110,10 +109,8 @@ std::string PlanFiles::LoadPlanText(std::string_view text) {
         if (content.empty() || content.starts_with(';'))
             continue;
         std::string error = resolveLine(content, lookup, entries.emplace_back());
-        if (!error.empty()) {
-            plan_.lock()->reset();
+        if (!error.empty())
             return error;
-        }
     }
     *plan_.lock() = FlightPlan(std::move(entries));
     return {};

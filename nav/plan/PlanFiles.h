@@ -37,13 +37,13 @@ class PlanFiles {
     [[nodiscard]] std::string savePlanAs(const std::filesystem::path& path) const;
 
     /// Loads a ".fp" file or converts and loads a ".TXT" file (see WaypointList.h). The result is
-    /// the message for the pilot; when it is not empty there may be no active plan any more.
+    /// the message for the pilot; when it is not empty the active plan is what it was.
     [[nodiscard]] std::string OpenPlanFile(const std::filesystem::path& path,
                                            std::string_view bytes);
     /// The ".fp" file that holds what was opened last; empty when that failed, or when a converted
     /// list could not be written.
     [[nodiscard]] const std::filesystem::path& openedFile() const { return openedFile_; }
-    /// Replaces the active plan. On failure, which the message tells, there is none.
+    /// Replaces the active plan; not on a failure, which the message tells.
     [[nodiscard]] std::string LoadPlanText(std::string_view text);
 
  private:

@@ -75,21 +75,6 @@ TEST_F(PlanEditTest, TheLineOfAPlanEntersItAgain) {
     EXPECT_EQ(typedIdents(" kbfi f.lone@4.5 @v1 @V.A v A.B.C"), " KBFI f.LONE@4.5 @V1 @v.A V a.B.C");
 }
 
-TEST_F(PlanEditTest, HistoryIsBounded) {
-    PlanHistory history;
-    EXPECT_FALSE(history.undo({}));
-    for (std::size_t i = 0; i <= PlanHistory::kMostSteps; ++i) history.remember(PlanEntries(i));
-    EXPECT_EQ(history.undo(PlanEntries(99))->size(), PlanHistory::kMostSteps);
-    EXPECT_EQ(history.redo(PlanEntries(PlanHistory::kMostSteps))->size(), 99U);
-    EXPECT_FALSE(history.canRedo());
-    history.undo({});
-    history.remember({});
-    EXPECT_FALSE(history.canRedo());
-    std::size_t steps = 0;
-    while (history.undo({})) ++steps;
-    EXPECT_EQ(steps, PlanHistory::kMostSteps);
-}
-
 TEST_F(PlanEditTest, TypedLineIsChecked) {
     using Kind = CheckedWord::Kind;
     const auto kinds = [this](std::string_view line) {

@@ -36,7 +36,7 @@ TEST_F(PlanFilesTest, ReadsAndWritesEntries) {
         {"KAA@x", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."},
         {"KAA@99999", "Invalid altitude. Format is feet in hundreds (e.g. 1.2 = 120 ft)."}};
     for (const auto& [text, saved] : kCases) EXPECT_EQ(reload(text), saved) << text;
-    EXPECT_FALSE(plan_.lock()->has_value()) << "a plan that failed leaves none";
+    EXPECT_EQ(files_.SavePlan(), "f.NEW 5.000000 6.000000\r\n") << "what fails changes nothing";
     EXPECT_EQ(reload("KAA@0.29"), "KAA@0.3\r\n");
     const PlanWaypoint& entry = (*plan_.lock())->entries().front();
     EXPECT_EQ(entry.altitudeFt, 28);
