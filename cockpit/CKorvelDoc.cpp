@@ -45,6 +45,7 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
       monitor_({gpsPort_, *this, input_, foundations.profile, foundations.clock}),
       charts_(foundations.clock, foundations.folder),
       flight_({foundations.clock, charts_.database(), charts_.userRecords(), foundations.folder}),
+      memory_(profile_, flight_, charts_.database()),
       userFixes_(profile_, charts_, flight_.plan()),
       portFromScan_(foundations.profile.getInt(kOptionsSection, kPortScanned, 0) != 0) {
     const auto traceBytes = [this](std::string_view bytes, std::string_view tag) {
@@ -97,6 +98,8 @@ void CKorvelDoc::tick() {
     CockpitData data = collectData();
     attitude_.update(data, flight_.tickMs());
     show(std::move(data));
+    memory_.keep();
+    profile_.keepSaved(clock_.tickMs());
 }
 
 void CKorvelDoc::refresh() {
@@ -121,6 +124,18 @@ std::string CKorvelDoc::takeTrouble() {
     if (trouble.empty())
         trouble = flight_.takeTrouble();
     return trouble.empty() ? modulePort_.takeTrouble() : trouble;
+}
+
+std::vector<std::string> CKorvelDoc::troubles() const {
+    std::vector<std::string> found = flight_.troubles();
+    if (!profile_.trouble().empty())
+        found.insert(found.begin(), profile_.trouble());
+    return found;
+}
+
+void CKorvelDoc::endSession() {
+    flight_.endSession();
+    profile_.save();
 }
 
 void CKorvelDoc::applySettings(const Settings& changed) {

@@ -15,6 +15,7 @@
 #include "cockpit/CockpitData.h"
 #include "cockpit/DerivedAttitude.h"
 #include "cockpit/Flight.h"
+#include "cockpit/FlightMemory.h"
 #include "cockpit/NearAirportList.h"
 #include "cockpit/UserFixes.h"
 #include "config/ProfileFile.h"
@@ -92,6 +93,14 @@ class CKorvelDoc final : private SentenceListener {
     /// What could not be saved or recorded, for the pilot, one message a call and each told once
     /// for as long as it lasts; empty for nothing to tell.
     [[nodiscard]] std::string takeTrouble();
+    /// All of that for as long as it lasts.
+    [[nodiscard]] std::vector<std::string> troubles() const;
+    /// The orderly end of the program: everything that is to be kept is saved, as far as it can be,
+    /// and takeTrouble() tells what could not be. Calling it again does no harm.
+    void endSession();
+
+    /// What a program that was killed goes on with.
+    FlightMemory& memory() { return memory_; }
 
     /// Grows whenever something in cockpitData() has changed.
     std::uint64_t revision() const { return revision_; }
@@ -105,8 +114,8 @@ class CKorvelDoc final : private SentenceListener {
     std::string portLabel() const { return monitor_.sourceLabel(); }
 
     const Settings& settings() const { return settings_; }
-    /// Puts changed settings in force and into the profile, which reaches its file at exit. A port
-    /// among them counts as chosen by the pilot from now on.
+    /// Puts changed settings in force and into the profile, which reaches its file within 2 s of
+    /// ticks. A port among them counts as chosen by the pilot from now on.
     void applySettings(const Settings& changed);
 
     const ReceiverChoice& receiverChoice() const { return receiver_; }
@@ -153,6 +162,7 @@ class CKorvelDoc final : private SentenceListener {
     ConnectionMonitor monitor_;
     Charts charts_;
     Flight flight_;
+    FlightMemory memory_;
     NearAirportList nearAirports_;
     UserFixes userFixes_;
 

@@ -109,11 +109,32 @@ void addDatabases(std::string& words, const CKorvelDoc& document,
     }
 }
 
+/// What is lost with the end of the program, first of all.
+void addTroubles(std::string& words, const CKorvelDoc& document) {
+    const std::vector<std::string> troubles = document.troubles();
+    if (troubles.empty())
+        return;
+    addLine(words, text(kConnectedTexts.connectedUnsaved));
+    for (const std::string& trouble : troubles)
+        addLine(words, trouble);
+    addLine(words, "");
+}
+
+/// Nobody reads more on a screen, and a report of a million lines takes long to lay out.
+std::string beginningOf(const std::string& report) {
+    constexpr std::size_t kMostBytes = 200000;
+    if (report.size() <= kMostBytes)
+        return report;
+    return report.substr(0, report.rfind('\n', kMostBytes) + 1) +
+           std::string(text(kConnectedTexts.loadReportCut));
+}
+
 }  // namespace
 
 std::string connectedText(const CKorvelDoc& document,
                           std::span<const std::filesystem::path> folders) {
     std::string words;
+    addTroubles(words, document);
     addLine(words, text(kConnectedTexts.connectedReceiver));
     addReceiver(words, document);
     addLine(words, "");
@@ -136,7 +157,7 @@ std::string loadReportText(const CKorvelDoc& document,
     addDatabases(words, document, folders);
     addLine(words, "");
     addLine(words, text(kConnectedTexts.loadReportLines));
-    return words + charts.report().text();
+    return words + beginningOf(charts.report().text());
 }
 
 }  // namespace korvel

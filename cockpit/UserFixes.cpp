@@ -47,9 +47,14 @@ UserFixes::UserFixes(ProfileFile& profile, Charts& charts, const ActivePlan& pla
     putInForce();
 }
 
+/// What stands there may be anything.
+std::size_t UserFixes::storedCount() const {
+    return static_cast<std::size_t>(
+        std::clamp(profile_.getInt(kOptionsSection, kCountKey, 0), 0, kMostFixes));
+}
+
 void UserFixes::load() {
-    const int count = std::clamp(profile_.getInt(kOptionsSection, kCountKey, 0), 0, kMostFixes);
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+    for (std::size_t i = 0; i < storedCount(); ++i) {
         const std::string entry = profile_.getString(kOptionsSection, entryKey(i), "");
         const std::size_t space = std::min(entry.find(' '), entry.size());
         UserFix fix{entry.substr(0, space), parsePositionText(entry.substr(space))};
@@ -59,9 +64,7 @@ void UserFixes::load() {
 }
 
 void UserFixes::save() {
-    const auto stored =
-        static_cast<std::size_t>(std::max(0, profile_.getInt(kOptionsSection, kCountKey, 0)));
-    for (std::size_t i = 0; i < std::max(stored, fixes_.size()); ++i) {
+    for (std::size_t i = 0; i < std::max(storedCount(), fixes_.size()); ++i) {
         const std::string entry =
             i < fixes_.size() ? fixes_[i].name + ' ' + positionText(fixes_[i].position) : "";
         profile_.setString(kOptionsSection, entryKey(i), entry, true);

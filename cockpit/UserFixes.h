@@ -43,6 +43,7 @@ class UserFixes {
 
  private:
     [[nodiscard]] std::string refusal(std::string_view name) const;
+    [[nodiscard]] std::size_t storedCount() const;
     void load();
     void save();
     void putInForce();
