@@ -45,6 +45,8 @@ std::string MapCamera::zoom(int steps, bool autoZoom) {
         if (std::string told = steps > 0 ? viewport_.zoomIn(autoZoom) : viewport_.zoomOut(autoZoom);
             !told.empty())
             message = std::move(told);
+    // What the pilot has chosen for the page is the range to remember.
+    viewport_.chooseRange(viewport_.currentRangeNm());
     return message;
 }
 
@@ -80,12 +82,9 @@ std::string MapCamera::pan(Point from, Point to, bool automatic) {
 void MapCamera::backToAircraft() {
     panned_.reset();
     held_ = false;
-    viewport_.returnToConfigured();
 }
 
-bool MapCamera::isAway() const {
-    return !showsMap() || panned_ || viewport_.currentRangeNm() != viewport_.configuredRangeNm();
-}
+bool MapCamera::isAway() const { return !showsMap() || panned_; }
 
 bool MapCamera::zoomByItself(const CockpitData& data) {
     if (!showsMap())

@@ -54,9 +54,9 @@ class MapCamera {
     void lookAt(GeoPoint place) { panned_ = place; }
     /// The map follows the aircraft again, at the range that it has.
     void follow() { panned_.reset(); }
-    /// The map follows the aircraft again, at the configured range, and what is automatic may act.
+    /// The same for good: the view is held no longer.
     void backToAircraft();
-    /// Whether backToAircraft() would change what is seen.
+    /// Whether something else than the aircraft is looked at.
     bool isAway() const;
 
     /// Automatic zoom and view rest until the pilot zooms, drags the map, lets go or goes back to

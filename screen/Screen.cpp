@@ -172,10 +172,14 @@ void Screen::pan(Point from, Point to) {
 }
 
 void Screen::backToAircraft() {
-    if (!camera_.showsMap())
-        choosePage(PageId::Map);
     camera_.backToAircraft();
     changed();
+}
+
+void Screen::showAircraft() {
+    if (!camera_.showsMap())
+        choosePage(PageId::Map);
+    backToAircraft();
 }
 
 void Screen::lookAt(GeoPoint place) {

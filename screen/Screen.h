@@ -77,8 +77,10 @@ class Screen {
     bool setRange(int rangeNm);
     /// Moves the map by hand; nothing on pages without a map.
     void pan(Point from, Point to);
-    /// Ends panning and goes back to the configured range; from other pages it goes to the map.
+    /// The map follows the aircraft again, on the same page and at the same range.
     void backToAircraft();
+    /// The same; from other pages it goes to the map.
+    void showAircraft();
     /// Moves the map there, on a page that shows one.
     void lookAt(GeoPoint place);
     /// Shows the next set of navaids on the map, and says which.

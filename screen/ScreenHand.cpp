@@ -49,7 +49,7 @@ void ScreenHand::run(TouchCommand command) {
         case TouchCommand::Page:
             return screen_.goToNextPage();
         case TouchCommand::Aircraft:
-            return screen_.backToAircraft();
+            return screen_.showAircraft();
         case TouchCommand::ZoomIn:
             return screen_.zoom(1);
         case TouchCommand::ZoomOut:
