@@ -21,9 +21,9 @@ struct PlanFile {
 struct PlanStep {
     std::optional<FlightPlan> plan{};  ///< nothing where there was none
     ActiveNavigation::Flown flown{};
-    bool endedDirect = false;           ///< the change ended a direct-to, which is in `flown`
-    std::optional<PlanFile> file{};     ///< only where the change gave it up
-    std::optional<GeoPoint> aircraft{}; ///< where it was
+    bool endedDirect = false;            ///< the change ended a direct-to, which is in `flown`
+    std::optional<PlanFile> file{};      ///< only where the change gave it up
+    std::optional<GeoPoint> aircraft{};  ///< where it was
 };
 
 /// What was before and after the last changes of the plan, to go back and forth between.

@@ -37,8 +37,8 @@ void RecentFiles::remove(const std::filesystem::path& file) {
 
 void RecentFiles::store() {
     for (std::size_t i = 0; i < kMost; ++i) {
-        profile_.setString(kSection, nameOf(i), i < files_.size() ? escaped(files_[i].string()) : "",
-                           true);
+        profile_.setString(kSection, nameOf(i),
+                           i < files_.size() ? escaped(files_[i].string()) : "", true);
     }
 }
 

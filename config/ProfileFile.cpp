@@ -148,7 +148,7 @@ void ProfileFile::enter(std::string key, std::string value) {
 }
 
 bool ProfileFile::save() {
-    if (access_ == Access::Look)
+    if (access_ == Access::Look)  // its owner saves
         return true;
     bool saved = registry_.lasts();
     if (path_.empty())
@@ -164,13 +164,12 @@ bool ProfileFile::save() {
 void ProfileFile::keepSaved(std::int64_t nowMs) {
     constexpr std::int64_t kGatherMs = 500;  // one save for what is set together
     constexpr std::int64_t kRetryMs = 10000;
-    if (!isUnsaved_) {
+    if (!isUnsaved_)
         saveAt_.reset();
-    } else if (!saveAt_) {
+    else if (!saveAt_)
         saveAt_ = nowMs + kGatherMs;
-    } else if (nowMs >= *saveAt_) {
+    else if (nowMs >= *saveAt_)
         saveAt_ = save() ? std::nullopt : std::optional(nowMs + kRetryMs);
-    }
 }
 
 /// Replacing the file would get around its own write protection, so that is asked first.

@@ -103,10 +103,12 @@ bool DatabaseLoader::openDatabases(std::span<const std::filesystem::path> paths,
 bool DatabaseLoader::loadUserFiles(std::span<const std::filesystem::path> paths,
                                    bool fromSecondSource, const Progress& progress) {
     for (std::size_t i = 0; i < paths.size(); ++i) {
-        const std::string doing = formatText(kDatabaseTexts.loading, {paths[i].filename().string()});
+        const std::string doing =
+            formatText(kDatabaseTexts.loading, {paths[i].filename().string()});
         bool goesOn = true;
         const auto tell = [&](double share) {
-            const double done = (static_cast<double>(i) + share) / static_cast<double>(paths.size());
+            const double done =
+                (static_cast<double>(i) + share) / static_cast<double>(paths.size());
             goesOn = !progress || progress(doing, static_cast<int>(done * 100));
             return goesOn;
         };

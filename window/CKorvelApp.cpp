@@ -1,7 +1,10 @@
 #include "window/CKorvelApp.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
+#include <string_view>
+#include <vector>
 
 #include <QApplication>
 #include <QGuiApplication>
@@ -28,8 +31,10 @@ constexpr std::string_view kUsualFont = "Arial Narrow";
 constexpr std::string_view kUnsavedPlan = "unsaved-plan.fp";
 constexpr int kLookForTheEndMs = 500;
 
-std::filesystem::path profileFolder(const CommandLine& line) {
-    return line.profileFolder.empty() ? programFolder() : std::filesystem::path(line.profileFolder);
+/// A file name that was relative to a folder; empty stays empty.
+void makeAbsolute(std::string& file, const std::filesystem::path& folder) {
+    if (!file.empty())
+        file = (folder / file).string();
 }
 
 template <class Items, class Name>
@@ -42,16 +47,22 @@ std::string listOf(const Items& items, Name name) {
 
 }  // namespace
 
-CKorvelApp::CKorvelApp(const CommandLine& line)
+std::filesystem::path CKorvelApp::profileFolder(const CommandLine& line) {
+    return line.profileFolder.empty() ? programFolder() : std::filesystem::path(line.profileFolder);
+}
+
+CKorvelApp::CKorvelApp(const CommandLine& line, OneWindow& window)
     : line_(line),
+      window_(window),
       registry_(openRegistryProfile()),
-      profile_(profileFolder(line), *registry_),
+      profile_(profileFolder(line), *registry_, "korvel.ini", systemFileSystem(),
+               window.isOurs() ? ProfileFile::Access::Own : ProfileFile::Access::Look),
       fonts_(QString::fromStdString(profile_.getString(kOptionsSection, kFontKey, kUsualFont))),
       labels_(fonts_),
       dataFiles_({documentsFolder(), programFolder(), executableFolder() / "data"}),
       scheme_(profile_, dataFiles_),
       document_({profile_, clock_, systemSerialDeviceOpener(profileFolder(line) / "ports"),
-                 profileFolder(line), pluginFolder()}),
+                 window.isOurs() ? profileFolder(line) : std::filesystem::path(), pluginFolder()}),
       frame_({document_, profile_, scheme_, dataFiles_, labels_}) {}
 
 std::string CKorvelApp::start() {
@@ -60,11 +71,18 @@ std::string CKorvelApp::start() {
 }
 
 std::string CKorvelApp::startWindow() {
+    if (window_.isOurs())
+        for (const auto& folder : {profileFolder(line_), documentsFolder()})
+            clearTemporaries(folder);
     frame_.showWhereItWas();
+    frame_.keepState();
+    listenForOtherStarts();
     if (std::string error = startReplayAndView(); !error.empty())
         return error;
     if (const auto& copy = profile_.damagedCopy(); !copy.empty())
         frame_.screen().say(formatText(kFileTexts.profileDamaged, {copy.filename().string()}));
+    if (!window_.isOurs())
+        frame_.screen().say(std::string(text(kFileTexts.otherWindow)));
     frame_.loadDatabases([this] { openWhatIsAsked(); });
     // Half a second is long for a pilot who waits for the map.
     frame_.screen().tick();
@@ -75,13 +93,44 @@ std::string CKorvelApp::startWindow() {
 void CKorvelApp::openWhatIsAsked() {
     const bool asked =
         line_.simulate || line_.demo || !line_.replayFile.empty() || !line_.planFile.empty();
+    const bool ours = window_.isOurs();
     const bool recovered =
-        frame_.recoverPlan(profileFolder(line_) / kUnsavedPlan, line_.planFile.empty());
+        frame_.resume(ours ? profileFolder(line_) / kUnsavedPlan : std::filesystem::path(),
+                      ours && line_.planFile.empty());
     if (!line_.planFile.empty())
         frame_.openFileOrTell(line_.planFile);
     startSimulator();
     if (!asked && !recovered)
         frame_.welcome();
+}
+
+void CKorvelApp::listenForOtherStarts() {
+    if (window_.isOurs())
+        window_.listen([this](const OneWindow::Start& start) { return startAgain(start); });
+}
+
+/// Does in this window what another start of the program was asked for, and brings it to the front.
+std::string CKorvelApp::startAgain(const OneWindow::Start& start) {
+    const std::vector<std::string_view> arguments(start.arguments.begin(), start.arguments.end());
+    CommandLine asked;
+    if (std::string error = parseCommandLine(arguments, asked); !error.empty())
+        return error;
+    makeAbsolute(asked.planFile, start.folder);
+    makeAbsolute(asked.replayFile, start.folder);
+    asked.profileFolder = line_.profileFolder;
+    // What this start was asked for itself may still be waiting for the databases.
+    const bool waits = document_.charts().loading().has_value();
+    if (waits && asked.planFile.empty())
+        asked.planFile = line_.planFile;
+    asked.simulate = asked.simulate || (waits && line_.simulate);
+    line_ = asked;
+    frame_.comeToFront();
+    if (std::string error = startReplayAndView(); !error.empty() || waits)
+        return error;
+    if (!line_.planFile.empty())
+        frame_.openFileOrTell(line_.planFile);
+    startSimulator();
+    return {};
 }
 
 std::string CKorvelApp::startPicture() {
@@ -194,6 +243,9 @@ void CKorvelApp::listenForTheEnd() {
 std::string CKorvelApp::run() {
     listenForTheEnd();
     QApplication::exec();
+    document_.endSession();
+    if (const auto troubles = document_.troubles(); runError_.empty() && !troubles.empty())
+        runError_ = troubles.front();
     return runError_;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,6 +16,7 @@
 #include "window/CommandLine.h"
 #include "window/DisplayFonts.h"
 #include "window/LabelCache.h"
+#include "window/OneWindow.h"
 
 namespace korvel {
 
@@ -22,7 +24,11 @@ namespace korvel {
 /// reverse order. Lives inside a running QApplication.
 class CKorvelApp {
  public:
-    explicit CKorvelApp(const CommandLine& line);
+    /// Where the program keeps its files.
+    static std::filesystem::path profileFolder(const CommandLine& line);
+
+    /// `window` must outlive it.
+    CKorvelApp(const CommandLine& line, OneWindow& window);
 
     /// Does what the command line asks for and shows the window. Returns an error text of one
     /// line, empty on success.
@@ -38,11 +44,14 @@ class CKorvelApp {
     std::string startReplay();
     std::string applyView();
     void openWhatIsAsked();
+    void listenForOtherStarts();
+    std::string startAgain(const OneWindow::Start& start);
     void startSimulator();
     void takeSnapshot();
     void listenForTheEnd();
 
     CommandLine line_;
+    OneWindow& window_;
     EndRequest endRequest_;
     SystemClock clock_;
     std::unique_ptr<RegistryProfile> registry_;

@@ -1,6 +1,7 @@
 #include "window/CMainFrame.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -15,7 +16,9 @@
 #include "cockpit/CKorvelDoc.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/FileTexts.h"
+#include "config/texts/FlightTexts.h"
 #include "window/AppIcon.h"
+#include "window/QtPath.h"
 #include "window/QtText.h"
 #include "window/SchemePalette.h"
 #include "window/WindowPlacement.h"
@@ -34,7 +37,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
     : parts_(parts),
       view_(parts.document, parts.profile, parts.scheme, parts.labels),
       file_(*this),
-      navigate_(*this, [this](const auto& next) { file_.withPlanSafe(next); }),
+      navigate_(*this, [this] { file_.removePlan(); }),
       places_(*this, parts.labels, parts.scheme),
       databases_(*this),
       options_(*this),
@@ -54,7 +57,11 @@ CMainFrame::CMainFrame(const FrameParts& parts)
 }
 
 void CMainFrame::listenToScreen() {
-    screen().onLive = [this](bool live) { screenKeeper_.keep(live && isVisible()); };
+    screen().onLive = [this](bool live) {
+        screenKeeper_.keep(live && isVisible());
+        if (keepsState_)
+            storeState();
+    };
     screen().onBarShown = [this](bool shown) { menuBar()->setVisible(shown); };
     ScreenHand& hand = view_.hand();
     hand.onTouch = [this](TouchCommand command) { runTouch(command); };
@@ -151,17 +158,23 @@ void CMainFrame::chooseField(std::size_t field) {
 
 std::string CMainFrame::openFile(const std::filesystem::path& path) { return file_.load(path); }
 
-bool CMainFrame::recoverPlan(const std::filesystem::path& unsaved, bool wanted) {
-    ActivePlan& plan = parts_.document.flight().plan();
-    plan.keepUnsavedIn(unsaved);
-    const auto error = wanted ? plan.recover() : std::nullopt;
-    if (!error)
-        return false;
-    if (error->empty())
-        screen().say(std::string(text(kFileTexts.planRecovered)));
-    else
-        showError(*error);
-    return true;
+bool CMainFrame::resume(const std::filesystem::path& unsaved, bool wanted) {
+    const FlightMemory::Resumed resumed = document().memory().begin(unsaved, wanted);
+    std::string news;
+    const ActivePlan& plan = document().flight().plan();
+    if (resumed.unsaved)
+        news = text(kFileTexts.planRecovered);
+    else if (resumed.plan)
+        news = formatText(kFileTexts.planReopened, {plan.file().filename().string()});
+    if (resumed.direct) {
+        const std::string name = document().flight().navigation().state().activeName;
+        news += (news.empty() ? "" : "\n") + formatText(kFlightTexts.directTo, {name});
+    }
+    if (!news.empty())
+        screen().say(news);
+    if (!resumed.error.empty())
+        showError(resumed.error);
+    return !news.empty() || !resumed.error.empty();
 }
 
 void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
@@ -171,7 +184,7 @@ void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void CMainFrame::dropEvent(QDropEvent* event) {
-    file_.openFile(event->mimeData()->urls().front().toLocalFile().toStdU16String());
+    file_.openFile(toPath(event->mimeData()->urls().front().toLocalFile()));
 }
 
 void CMainFrame::showError(const std::string& message) {
@@ -233,7 +246,32 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
         });
     }
     storeState();
+    document().memory().forget();
+    if (!isAllSaved()) {
+        document().memory().goOn();
+        mayClose_ = false;
+        return event->ignore();
+    }
     QMainWindow::closeEvent(event);
+}
+
+/// Saves what is to be kept. False for the first time that something cannot be, which the pilot is
+/// told: it would be lost.
+bool CMainFrame::isAllSaved() {
+    document().endSession();
+    std::string lost;
+    for (const std::string& trouble : document().troubles())
+        lost += trouble + '\n';
+    if (lost.empty() || std::exchange(toldUnsaved_, true))
+        return true;
+    showError(lost + std::string(text(kFileTexts.closeUnsaved)));
+    return false;
+}
+
+void CMainFrame::comeToFront() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
 }
 
 }  // namespace korvel

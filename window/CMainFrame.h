@@ -45,14 +45,15 @@ class CMainFrame final : public QMainWindow, private CommandHost {
 
     CKorvelView& view() override { return view_; }
     Screen& screen() override { return view_.screen(); }
-    /// Opens a plan or a track; the message for the pilot, empty on success.
+    /// Opens a plan or a track at once; the message for the pilot, empty on success.
     [[nodiscard]] std::string openFile(const std::filesystem::path& path);
     /// The same for a plan or a track; a failure is shown.
     void openFileOrTell(const std::filesystem::path& path) { file_.openFile(path); }
 
-    /// Brings back the plan that the program had no time to ask about when it ended, and keeps
-    /// those to come in this file. True when there was one.
-    bool recoverPlan(const std::filesystem::path& unsaved, bool wanted);
+    /// Goes on with the flight of a program that was killed, when that is `wanted`, and remembers
+    /// this one from now on; plans that no file holds are kept in `unsaved`. True when there was
+    /// something to tell the pilot.
+    bool resume(const std::filesystem::path& unsaved, bool wanted);
 
     /// Starts the simulator where the plan or the settings say.
     void simulate() { options_.simulate(true); }
@@ -68,6 +69,10 @@ class CMainFrame final : public QMainWindow, private CommandHost {
 
     /// Keeps the window's place, page and range in the profile, as a close does.
     void storeState();
+    /// The same at every tick from now on: a program may be killed.
+    void keepState() { keepsState_ = true; }
+    /// Before other windows, and not as an icon.
+    void comeToFront();
 
     /// Takes another scheme into use, menus included, for this run.
     void showScheme(const std::string& name) { schemes_.show(name); }
@@ -95,6 +100,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     void useScheme();
     void runTouch(TouchCommand command);
     void chooseField(std::size_t field);
+    bool isAllSaved();
 
     FrameParts parts_;
     CKorvelView view_;
@@ -107,7 +113,9 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     SchemeCommands schemes_;
     HelpCommands help_;
     ScreenKeeper screenKeeper_;
-    bool mayClose_ = false;  // the plan is safe
+    bool mayClose_ = false;     // the plan is safe
+    bool toldUnsaved_ = false;  // what cannot be saved at the end
+    bool keepsState_ = false;
     std::unique_ptr<Sheet> sheet_;
 };
 

@@ -14,6 +14,7 @@
 #include "window/CKorvelApp.h"
 #include "window/CommandLine.h"
 #include "window/Language.h"
+#include "window/OneWindow.h"
 #include "window/TouchStyle.h"
 
 namespace {
@@ -79,7 +80,12 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(KORVEL_VERSION));
     QApplication::setStyle(std::make_unique<korvel::TouchStyle>().release());
     korvel::chooseLanguage(line.language);
-    korvel::CKorvelApp program(line);
+    korvel::OneWindow window(korvel::CKorvelApp::profileFolder(line));
+    // A picture is taken beside whatever window there is.
+    if (line.snapshotFile.empty())
+        if (const auto answer = window.handOver(arguments))
+            return answer->empty() ? 0 : complain(*answer);
+    korvel::CKorvelApp program(line, window);
     if (const std::string error = program.start(); !error.empty())
         return complain(error);
     const std::string error = program.run();

@@ -28,7 +28,7 @@ struct FileTexts {
     Text planReopened{62208, "%s is open again"};  ///< %s: file
     Text otherWindow{62209, "Another window uses these settings: nothing is kept of this one"};
     Text closeUnsaved{62210, "Close again to end all the same."};
-    Text settingsNotSaved{61986, "Settings not saved: %s cannot be written"};       ///< %s: file
+    Text settingsNotSaved{61986, "Settings not saved: %s cannot be written"};  ///< %s: file
 };
 
 inline constexpr FileTexts kFileTexts{};

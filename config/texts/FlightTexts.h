@@ -37,8 +37,8 @@ struct FlightTexts {
     Text noFile{62200, "This is a folder or a device, not a file."};
     Text trackRunsBack{
         62201, "Invalid format! The time in line %d is before the track's first."};  ///< %d: number
-    Text trackLinesLost{
-        62202, "Lines of the recorded track that could not be read: %d"};  ///< %d: number
+    Text trackLinesLost{62202,
+                        "Lines of the recorded track that could not be read: %d"};  ///< %d: number
 };
 
 inline constexpr FlightTexts kFlightTexts{};

@@ -141,9 +141,9 @@ TrackLines parseTrackText(std::string_view text, BadLines badLines, const TrackP
         if (!ended && line.find('\n') == std::string_view::npos)
             break;
         if (badLines == BadLines::Refuse)
-            return {.error = parsed ? formatText(kFlightTexts.trackRunsBack,
-                                                 {static_cast<int>(number)})
-                                    : std::string(korvel::text(kFlightTexts.invalidFormat))};
+            return {.error =
+                        parsed ? formatText(kFlightTexts.trackRunsBack, {static_cast<int>(number)})
+                               : std::string(korvel::text(kFlightTexts.invalidFormat))};
         ++lines.leftOut;
     }
     return lines;

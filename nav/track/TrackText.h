@@ -31,11 +31,11 @@ struct TrackPoint {
 
 /// What a text holds.
 struct TrackLines {
-    std::string error{};        ///< the message for the pilot, and then nothing else counts
-    std::int64_t baseS = 0;     ///< base time, as localSeconds()
+    std::string error{};     ///< the message for the pilot, and then nothing else counts
+    std::int64_t baseS = 0;  ///< base time, as localSeconds()
     /// In the order of recording; an empty slot is a break between two stretches.
     std::vector<std::optional<TrackPoint>> slots{};
-    std::size_t leftOut = 0;    ///< malformed lines
+    std::size_t leftOut = 0;  ///< malformed lines
 };
 
 enum class BadLines {

@@ -26,9 +26,7 @@ class UserDatabaseReader {
 
     /// Told from time to time how much of the file has been read, from 0 to 1; false breaks the
     /// reading off.
-    void onProgress(std::function<bool(double share)> progress) {
-        progress_ = std::move(progress);
-    }
+    void onProgress(std::function<bool(double share)> progress) { progress_ = std::move(progress); }
 
     /// Empty, or "File open error." and then nothing was reported. One reader reads one file.
     [[nodiscard]] std::string LoadFile(const std::filesystem::path& path,

@@ -13,7 +13,8 @@ struct FolderLock::File {
 
 FolderLock::FolderLock(const std::filesystem::path& folder) : file_(std::make_unique<File>()) {
     const std::filesystem::path name = folder / "korvel.lock";
-    file_->fd = FileDescriptor(::open(name.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666));
+    file_->fd =
+        FileDescriptor(::open(name.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666));
     if (!file_->fd)
         return;
     if (::flock(file_->fd.get(), LOCK_EX | LOCK_NB) == 0)

@@ -1,7 +1,8 @@
 // What the pilot has planned and flies is not thrown away: not by a file that is none, not by a change that is taken
 // back, not by a kill.
-#include <gtest/gtest.h>
 #include <sys/stat.h>
+
+#include <gtest/gtest.h>
 
 #include "TempFolder.h"
 #include "cockpit/FlightFixture.h"
@@ -40,9 +41,7 @@ class PlanSafetyTest : public testing::Test {
         ASSERT_EQ(flown(), "f.XC");
     }
     /// What is flown to and, behind it, whether directly.
-    std::string flown() const {
-        return navigation_.state().activeKey + (navigation_.directLeg() ? " direct" : "");
-    }
+    std::string flown() const { return navigation_.state().activeKey + (navigation_.directLeg() ? " direct" : ""); }
     std::string keys() const {
         std::string list;
         for (const PlanWaypoint& entry : plan_.entries()) list += entry.record->key.substr(2);

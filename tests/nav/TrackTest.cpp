@@ -115,8 +115,8 @@ TEST_F(TrackTest, WhatWasRecordedIsKeptWhateverIsShownInItsPlace) {
         EXPECT_TRUE(folder.read("now.trk").ends_with(lineAt(17) + ",40.000000,2.000000,3,4,5\r\n"));
         recorder.endSession();
     }
-    for (const auto& [name, second] : {std::pair{"last-now.trk", 17}, {"last-2-now.trk", 12}, {"last-3-now.trk", 7},
-             {"last-4-now.trk", 2}})
+    for (const auto& [name, second] :
+        {std::pair{"last-now.trk", 17}, {"last-2-now.trk", 12}, {"last-3-now.trk", 7}, {"last-4-now.trk", 2}})
         EXPECT_NE(folder.read(name).find(lineAt(second)), std::string::npos) << name;
     // A run that records nothing pushes nothing out.
     { TrackRecorder(clock_, folder / "now.trk").endSession(); }

@@ -1,8 +1,8 @@
 #include <chrono>
 #include <fstream>
+#include <sys/stat.h>
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "TempFolder.h"
 #include "platform/FaultyFiles.h"

@@ -19,6 +19,8 @@
 
 #include "TempFolder.h"
 #include "cockpit/CKorvelDoc.h"
+#include "cockpit/ConnectedText.h"
+#include "cockpit/RecentFiles.h"
 #include "config/DataFileSearch.h"
 #include "navdb/records/AirportRecord.h"
 #include "paint/ColorScheme.h"
@@ -212,6 +214,68 @@ TEST_F(FrameTest, ATrackIsOpenedLikeAPlan) {
     EXPECT_EQ(frame_->openFile(folder_.write("a.trk", "20260501,100000,52.38,9.69,95,270,2500\r\n")), "");
     EXPECT_EQ(document_->flight().track().track()->read()->slots.size(), 1U);
     EXPECT_EQ(frame_->openFile(folder_.write("b.trk", "")), "There are no track points in it.");
+}
+
+TEST_F(FrameTest, ARecordedTrackIsAskedForOnceTheOtherOneIsRead) {
+    TrackRecorder& recorder = document_->flight().track();
+    recorder.offer({0.8, 0.2}, 1, 2, 3);
+    const auto recorded = recorder.track();
+    const auto boxes = [this] {
+        QApplication::processEvents();
+        return std::ranges::count_if(frame_->findChildren<QMessageBox*>(), &QWidget::isVisible);
+    };
+    frame_->openFileOrTell(folder_.write("bad.trk", "x\r\n"));
+    ASSERT_TRUE(eventually([&] { return boxes() == 1; }));
+    clickIn<QMessageBox>("OK");
+    EXPECT_EQ(recorder.track(), recorded);
+    const auto file = folder_.write("a\xFF.trk", "20260101,000000,1,2,3,4,5\r\n20260101,000005,1,2,3,4,5\r\n");
+    frame_->openFileOrTell(file);
+    ASSERT_TRUE(eventually([&] { return boxes() == 1; }));
+    clickIn<QMessageBox>("Cancel");
+    EXPECT_EQ(recorder.track(), recorded);
+    frame_->openFileOrTell(file);
+    ASSERT_TRUE(eventually([&] { return boxes() == 1; }));
+    clickIn<QMessageBox>("Discard");
+    ASSERT_NE(recorder.track(), recorded);
+    EXPECT_EQ(recorder.track()->read()->slots.size(), 2U);
+    EXPECT_EQ(RecentFiles(profile_).files().front(), file) << "whatever its name";
+}
+
+TEST_F(FrameTest, ADirectToIsClearedAndThePlanGoesOnUntilItIsRemoved) {
+    ASSERT_EQ(frame_->openFile(folder_.write("trip.fp", "f.AAA 47.5 10.0\r\nf.BBB 47.6 10.5\r\n")), "");
+    flyTo("4730.0,N,01000.0,E");
+    Flight& flight = document_->flight();
+    const auto active = [&] { return flight.navigation().state().activeKey; };
+    ASSERT_EQ(active(), "f.BBB");
+    press(QKeySequence(Qt::CTRL | Qt::Key_D));
+    EXPECT_EQ(active(), "f.BBB") << "there is no direct-to to end";
+    flight.navigation().GoToWithCourse({0.8, 0.2}, 90, "X");
+    press(QKeySequence(Qt::CTRL | Qt::Key_D));
+    EXPECT_FALSE(flight.navigation().directLeg());
+    EXPECT_EQ(active(), "f.BBB");
+    for (const QKeySequence& remove :
+        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D), QKeySequence(Qt::CTRL | Qt::Key_N)}) {
+        press(remove);
+        EXPECT_FALSE(flight.plan().hasPlan()) << "without a question";
+        EXPECT_EQ(active(), "");
+        press(QKeySequence(Qt::CTRL | Qt::Key_Z));
+        EXPECT_EQ(active(), "f.BBB");
+        EXPECT_EQ(flight.plan().file(), folder_ / "trip.fp");
+    }
+}
+
+TEST_F(FrameTest, WhatCannotBeSavedIsToldBeforeTheEnd) {
+    std::filesystem::remove(profile_.path());
+    std::filesystem::create_directory(profile_.path());
+    frame_->close();
+    EXPECT_TRUE(frame_->isVisible());
+    const auto boxes = frame_->findChildren<QMessageBox*>();
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(boxes.front()->text().startsWith("Settings not saved: korvel.ini cannot be written\n"));
+    EXPECT_TRUE(connectedText(*document_, {}).starts_with("NOT SAVED\nSettings not saved: korvel.ini"));
+    boxes.front()->accept();
+    frame_->close();
+    EXPECT_FALSE(frame_->isVisible());
 }
 
 TEST_F(FrameTest, WithoutADatabaseTheReportSaysHowToBuildOne) {

@@ -15,6 +15,7 @@
 #include "config/ProfileFile.h"
 #include "platform/FileIo.h"
 #include "platform/RegistryProfile.h"
+#include "receiver/FakePorts.h"
 #include "receiver/GpsFixture.h"
 
 namespace korvel { namespace {
@@ -58,6 +59,13 @@ class ProgramTest : public testing::Test {
         EXPECT_EQ(outcome.exitCode, 0);
         EXPECT_EQ(outcome.errors, "");
         return QImage(path("picture.png"));
+    }
+
+    /// What the profile's file holds.
+    std::string kept(const char* key) const {
+        const auto entries = parseProfile(folder_.read("profile/korvel.ini"));
+        const auto entry = entries.find(key);
+        return entry == entries.end() ? "" : entry->second;
     }
 
     QString path(const char* name) const { return QString::fromStdString((folder_.path() / name).string()); }
@@ -109,6 +117,37 @@ TEST_F(ProgramTest, AReplayReachesTheMapAndLeavesTheSettingsAlone) {
     const auto registry = openRegistryProfile();
     ProfileFile profile(folder_.path() / "profile", *registry);
     EXPECT_EQ(profile.getString(kOptionsSection, "Port", "?"), "");
+}
+
+TEST_F(ProgramTest, ASecondStartReachesTheFirstWindowWhichRemembersThroughAKill) {
+    folder_.write("trip.fp", "f.AAA 47.5 10.0\r\nf.BBB 47.6 10.5\r\n");
+    const std::string plan = (folder_ / "trip.fp").string();
+    for (const bool again : {false, true}) {
+        QProcess window;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        window.setProcessEnvironment(environment);
+        window.start(QStringLiteral(KORVEL_PROGRAM), {QStringLiteral("--profile-folder"), path("profile")});
+        ASSERT_TRUE(eventually([&] { return !kept("Options:WindowWidth").empty(); }));
+        ASSERT_EQ(kept("Options.OpenPlan"), again ? plan : "");
+        QProcess second;
+        second.setProcessEnvironment(environment);
+        second.setWorkingDirectory(path(""));
+        const auto startSecond = [&](const QStringList& arguments) {
+            second.start(QStringLiteral(KORVEL_PROGRAM),
+                QStringList{QStringLiteral("--profile-folder"), path("profile")} + arguments);
+            EXPECT_TRUE(second.waitForFinished(30000));
+            return second.exitCode();
+        };
+        EXPECT_EQ(startSecond({QStringLiteral("--scheme"), QStringLiteral("Purple")}), 1);
+        EXPECT_TRUE(second.readAllStandardError().startsWith("korvel: --scheme: choose from"));
+        EXPECT_EQ(startSecond({QStringLiteral("trip.fp")}), 0);
+        EXPECT_TRUE(eventually([&] { return kept("Options.OpenPlan") == plan; }));
+        EXPECT_EQ(window.state(), QProcess::Running);
+        window.kill();
+        ASSERT_TRUE(window.waitForFinished(30000));
+        EXPECT_EQ(kept("Options.OpenPlan"), plan);
+    }
 }
 
 TEST_F(ProgramTest, AtNightNothingIsWhiteAtAnyScale) {

@@ -46,7 +46,12 @@ void DatabaseCommands::addToHelp(QMenu& menu) {
 void DatabaseCommands::load(std::function<void(bool changed)> whenDone) {
     Charts& charts = host_.document().charts();
     changed_ = false;
-    whenDone_ = std::move(whenDone);
+    // What waits for a loading that is broken off here waits on.
+    whenDone_ = [before = std::move(whenDone_), next = std::move(whenDone)](bool changed) {
+        if (before)
+            before(changed);
+        next(changed);
+    };
     host_.document().onOtherDatabases = [this] {
         changed_ = true;
         host_.screen().databasesChanged();

@@ -15,16 +15,13 @@
 #include "config/texts/MessageTexts.h"
 #include "platform/Folders.h"
 #include "screen/Screen.h"
+#include "window/QtPath.h"
 #include "window/QtText.h"
 
 namespace korvel {
 namespace {
 
-std::filesystem::path toPath(const QString& name) { return {name.toStdU16String()}; }
-
-QString toQString(const std::filesystem::path& path) {
-    return QString::fromStdU16String(path.u16string());
-}
+constexpr int kFollowMs = 50;
 
 /// As it stands where the system cannot tell what it is relative to.
 std::filesystem::path absolutePath(const std::filesystem::path& path) {
@@ -34,12 +31,15 @@ std::filesystem::path absolutePath(const std::filesystem::path& path) {
 }
 
 bool isTrack(const std::filesystem::path& path) {
-    return toQString(path).endsWith(QLatin1String(".trk"), Qt::CaseInsensitive);
+    return shownPath(path).endsWith(QLatin1String(".trk"), Qt::CaseInsensitive);
 }
 
 }  // namespace
 
-FileCommands::FileCommands(CommandHost& host) : host_(host), recent_(host.profile()) {}
+FileCommands::FileCommands(CommandHost& host) : host_(host), recent_(host.profile()) {
+    QObject::connect(
+        &timer_, &QTimer::timeout, &timer_, [this] { followTrack(); });
+}
 
 Flight& FileCommands::flight() { return host_.document().flight(); }
 
@@ -48,10 +48,10 @@ void FileCommands::addTo(QMenu& menu) {
     const auto hasPlan = [this] { return flight().plan().hasPlan(); };
     host_.addCommand(
         menu, kCommandTexts.commandNewPlan, {QKeySequence(Qt::CTRL | Qt::Key_N)},
-        [this] { withPlanSafe([this] { newPlan(); }); });
+        [this] { removePlan(); });
     host_.addCommand(menu, kCommandTexts.commandOpenPlan, {QKeySequence(Qt::CTRL | Qt::Key_O)},
                      [this] { choosePlan(); });
-    recentMenu_ = menu.addMenu(korvel::toQString(kCommandTexts.menuRecent));
+    recentMenu_ = menu.addMenu(toQString(kCommandTexts.menuRecent));
     QObject::connect(
         recentMenu_, &QMenu::aboutToShow, recentMenu_, [this] { showRecent(); });
     greyUnless(menu,
@@ -68,21 +68,22 @@ void FileCommands::addTo(QMenu& menu) {
     host_.addCommand(
         menu, kCommandTexts.commandOpenTrack, {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O)},
         [this] { chooseTrack(); });
-    greyUnless(menu,
-               host_.addCommand(menu, kCommandTexts.commandSaveTrack,
-                                {QKeySequence(Qt::CTRL | Qt::Key_T)}, [this] { saveTrackAs(); }),
-               [this] { return flight().track().track() != nullptr; });
+    greyUnless(
+        menu,
+        host_.addCommand(menu, kCommandTexts.commandSaveTrack, {QKeySequence(Qt::CTRL | Qt::Key_T)},
+                         [this, nothing] { saveTrackAs(nothing); }),
+        [this] { return flight().track().track() != nullptr; });
     menu.addSeparator();
 }
 
 void FileCommands::showRecent() {
     recentMenu_->clear();
     for (const auto& file : recent_.files()) {
-        QAction* action = recentMenu_->addAction(toQString(file));
+        QAction* action = recentMenu_->addAction(shownPath(file));
         QObject::connect(action, &QAction::triggered, action, [this, file] { openFile(file); });
     }
     if (recent_.files().empty())
-        recentMenu_->addAction(korvel::toQString(kCommandTexts.noRecentFiles))->setEnabled(false);
+        recentMenu_->addAction(toQString(kCommandTexts.noRecentFiles))->setEnabled(false);
 }
 
 /// The message alone does not tell which file it is about.
@@ -92,7 +93,7 @@ void FileCommands::showFileError(const std::filesystem::path& path, const std::s
 
 // Plans
 
-void FileCommands::newPlan() {
+void FileCommands::removePlan() {
     const bool had = flight().plan().hasPlan();
     flight().plan().clear();
     host_.screen().say(std::string(text(had ? kFileTexts.planClosed : kMessageTexts.planMissing)));
@@ -108,18 +109,18 @@ void FileCommands::openFile(const std::filesystem::path& path) {
     if (isTrack(path))
         return openTrack(path);
     withPlanSafe([this, path] {
-        if (const std::string error = openPlan(path); !error.empty())
+        if (const std::string error = load(path); !error.empty())
             return showFileError(path, error);
         host_.screen().say(formatText(kFileTexts.planOpened, {path.filename().string()}));
     });
 }
 
 std::string FileCommands::load(const std::filesystem::path& path) {
-    return isTrack(path) ? loadTrack(path) : openPlan(path);
+    return noteOpened(path, isTrack(path) ? loadTrack(path) : flight().plan().open(path));
 }
 
-std::string FileCommands::openPlan(const std::filesystem::path& path) {
-    std::string error = flight().plan().open(path);
+/// A file that could be opened is a recent one, another one is no longer.
+std::string FileCommands::noteOpened(const std::filesystem::path& path, std::string error) {
     if (error.empty())
         recent_.add(absolutePath(path));
     else
@@ -155,14 +156,20 @@ void FileCommands::savePlanAs(const std::function<void()>& next) {
 void FileCommands::withPlanSafe(const std::function<void()>& next) {
     if (!flight().plan().changed())
         return next();
-    auto* box = new QMessageBox(QMessageBox::Question, korvel::toQString(kCommandTexts.programName),
-                                korvel::toQString(kFileTexts.askSavePlan),
-                                QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
-                                &host_.window());
+    ask(
+        kFileTexts.askSavePlan, [this](const auto& done) { savePlan(done); }, next);
+}
+
+/// Whether something is to be saved before `next` is done.
+void FileCommands::ask(Text question, const std::function<void(const std::function<void()>&)>& save,
+                       const std::function<void()>& next) {
+    auto* box = new QMessageBox(
+        QMessageBox::Question, toQString(kCommandTexts.programName), toQString(question),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &host_.window());
     box->setAttribute(Qt::WA_DeleteOnClose);
-    QObject::connect(box, &QMessageBox::finished, box, [this, next](int answer) {
+    QObject::connect(box, &QMessageBox::finished, box, [save, next](int answer) {
         if (answer == QMessageBox::Save)
-            savePlan(next);
+            save(next);
         else if (answer == QMessageBox::Discard)
             next();
     });
@@ -177,30 +184,66 @@ void FileCommands::chooseTrack() {
         [this](const std::filesystem::path& path) { openTrack(path); });
 }
 
+/// A track without a point would be taken for one that cannot be seen.
+TrackLines FileCommands::checked(TrackLines lines) {
+    if (lines.error.empty() && lines.slots.empty())
+        lines.error = text(kFileTexts.trackEmpty);
+    return lines;
+}
+
 std::string FileCommands::loadTrack(const std::filesystem::path& path) {
-    TrackRecorder& recorder = flight().track();
-    std::string error = recorder.openTrack(path);
-    if (error.empty() && recorder.track()->read()->slots.empty())
-        error = text(kFileTexts.trackEmpty);
-    return error;
+    TrackLines lines = checked(readTrackFile(path));
+    return lines.error.empty() ? flight().track().show(std::move(lines)) : lines.error;
 }
 
 void FileCommands::openTrack(const std::filesystem::path& path) {
-    if (const std::string error = loadTrack(path); !error.empty())
-        return showFileError(path, error);
+    opening_ = std::make_unique<TrackOpening>(path);
+    progress_ = std::make_unique<LoadProgress>(host_.view(), [this] { opening_->breakOff(); });
+    timer_.start(kFollowMs);
+}
+
+/// Whether the file has been read; what is in force stays until then.
+void FileCommands::followTrack() {
+    const std::string name = opening_->path().filename().string();
+    if (!opening_->isFinished())
+        return progress_->show(formatText(kFileTexts.openingFile, {name}), opening_->percent());
+    timer_.stop();
+    progress_.reset();
+    const std::unique_ptr<TrackOpening> finished = std::move(opening_);
+    const auto lines = std::make_shared<TrackLines>(checked(finished->take()));
+    if (lines->error == kTrackBrokenOff)
+        return;
+    if (const std::string error = noteOpened(finished->path(), lines->error); !error.empty())
+        return showFileError(finished->path(), error);
+    withTrackSafe([this, path = finished->path(), lines] { showTrack(path, std::move(*lines)); });
+}
+
+void FileCommands::showTrack(const std::filesystem::path& path, TrackLines lines) {
+    if (const std::string error = flight().track().show(std::move(lines)); !error.empty())
+        return host_.showError(error);
     host_.screen().say(formatText(kFileTexts.trackOpened, {path.filename().string()}));
 }
 
-void FileCommands::saveTrackAs() {
+/// Does `next` at once, or when the pilot has saved what was recorded or wants it no more.
+void FileCommands::withTrackSafe(const std::function<void()>& next) {
+    if (!flight().track().isUnsaved())
+        return next();
+    ask(
+        kFileTexts.askSaveTrack, [this](const auto& done) { saveTrackAs(done); }, next);
+}
+
+void FileCommands::saveTrackAs(const std::function<void()>& next) {
     if (!flight().track().track())
         return host_.showError(std::string(text(kFlightTexts.noTrackToSave)));
     const QString name =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-HHmm'.trk'"));
     choose({kFileTexts.saveTrackTitle, kFileTexts.trackFilter, QStringLiteral("trk"), name},
-           [this](const std::filesystem::path& path) {
+           [this, next](const std::filesystem::path& path) {
                if (const std::string error = flight().track().saveTrack(path); !error.empty())
                    return host_.showError(error);
+               recent_.add(absolutePath(path));
                host_.screen().say(formatText(kFileTexts.planSaved, {path.filename().string()}));
+               next();
            });
 }
 
@@ -208,15 +251,15 @@ void FileCommands::saveTrackAs() {
 QString FileCommands::startFolder(const FileQuestion& question) {
     const std::filesystem::path& plan = flight().plan().file();
     if (question.title == kFileTexts.savePlanTitle && !plan.empty())
-        return toQString(absolutePath(plan).parent_path());
+        return shownPath(absolutePath(plan).parent_path());
     const std::filesystem::path documents = documentsFolder();
-    return documents.empty() ? QDir::homePath() : toQString(documents);
+    return documents.empty() ? QDir::homePath() : shownPath(documents);
 }
 
 void FileCommands::choose(const FileQuestion& question,
                           const std::function<void(const std::filesystem::path&)>& chosen) {
-    auto* dialog = new QFileDialog(&host_.window(), korvel::toQString(question.title),
-                                   startFolder(question), korvel::toQString(question.filter));
+    auto* dialog = new QFileDialog(&host_.window(), toQString(question.title),
+                                   startFolder(question), toQString(question.filter));
     const bool saves = !question.suffix.isEmpty();
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);

@@ -2,13 +2,17 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include <QFileDialog>
 #include <QMenu>
+#include <QTimer>
 
 #include "cockpit/RecentFiles.h"
+#include "cockpit/TrackOpening.h"
 #include "window/commands/CommandHost.h"
+#include "window/sheets/LoadProgress.h"
 
 namespace korvel {
 
@@ -24,8 +28,8 @@ class FileCommands {
     /// Fills the list of recent files; call when the menu is about to show.
     void showRecent();
 
-    /// Opens a plan or a track by its name, as a drop or the command line does. A plan that would
-    /// be lost is asked for first.
+    /// Opens a plan or a track by its name, as a drop or the command line does. A plan or a
+    /// recorded track that would be lost is asked for first.
     void openFile(const std::filesystem::path& path);
     /// Opens it at once, whatever is lost; the message for the pilot, empty on success.
     [[nodiscard]] std::string load(const std::filesystem::path& path);
@@ -33,18 +37,25 @@ class FileCommands {
     /// Does `next` at once, or when the pilot has saved a changed plan or given it up.
     void withPlanSafe(const std::function<void()>& next);
     void choosePlan();
+    /// Without a question: it can be taken back.
+    void removePlan();
 
  private:
     void showFileError(const std::filesystem::path& path, const std::string& error);
-    std::string openPlan(const std::filesystem::path& path);
     std::string loadTrack(const std::filesystem::path& path);
-    void newPlan();
+    std::string noteOpened(const std::filesystem::path& path, std::string error);
     void savePlan(const std::function<void()>& next);
     void savePlanAs(const std::function<void()>& next);
     void savePlanTo(const std::filesystem::path& path, const std::function<void()>& next);
     void chooseTrack();
-    void saveTrackAs();
+    void saveTrackAs(const std::function<void()>& next);
     void openTrack(const std::filesystem::path& path);
+    void followTrack();
+    static TrackLines checked(TrackLines lines);
+    void withTrackSafe(const std::function<void()>& next);
+    void ask(Text question, const std::function<void(const std::function<void()>&)>& save,
+             const std::function<void()>& next);
+    void showTrack(const std::filesystem::path& path, TrackLines lines);
     struct FileQuestion {
         Text title;
         Text filter;
@@ -61,6 +72,9 @@ class FileCommands {
     CommandHost& host_;
     RecentFiles recent_;
     QMenu* recentMenu_ = nullptr;  ///< its parent menu's
+    QTimer timer_;
+    std::unique_ptr<TrackOpening> opening_;
+    std::unique_ptr<LoadProgress> progress_;  ///< of it
 };
 
 }  // namespace korvel

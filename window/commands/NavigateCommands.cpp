@@ -38,8 +38,7 @@ void NavigateCommands::addTo(QMenu& menu) {
     host_.addCommand(
         menu, kCommandTexts.commandApproach, {Qt::Key_A}, [this] { approach(); });
     host_.addCommand(menu, kCommandTexts.commandClearNavigation,
-                     {QKeySequence(Qt::CTRL | Qt::Key_D)},
-                     [this] { whenPlanIsSafe_([this] { clearNavigation(); }); });
+                     {QKeySequence(Qt::CTRL | Qt::Key_D)}, [this] { clearNavigation(); });
     menu.addSeparator();
     addPlanCommands(menu);
     menu.addSeparator();
@@ -66,8 +65,13 @@ void NavigateCommands::addTo(QMenu& menu) {
 void NavigateCommands::addPlanCommands(QMenu& menu) {
     host_.addCommand(
         menu, kCommandTexts.commandShowPlan, {Qt::Key_F}, [this] { showPlan(); });
-    host_.addCommand(menu, kCommandTexts.commandRoute, {QKeySequence(Qt::SHIFT | Qt::Key_F)},
-                     [this] { editRoute(); });
+    host_.addCommand(
+        menu, kCommandTexts.commandRoute, {QKeySequence(Qt::SHIFT | Qt::Key_F)},
+        [this] { editRoute(); });
+    greyUnless(menu,
+               host_.addCommand(menu, kCommandTexts.commandRemovePlan,
+                                {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D)}, removePlan_),
+               [this] { return flight().plan().hasPlan(); });
     constexpr std::array kChanges{
         PlanChange{kCommandTexts.commandActivate, Qt::Key_A, &ActivePlan::activate,
                    &ActivePlan::hasPlan, kMessageTexts.planActivated, kMessageTexts.planMissing},
@@ -127,10 +131,16 @@ void NavigateCommands::openPlanRow(std::size_t row) {
     host_.openSheet(std::move(sheet));
 }
 
+/// Ends a direct-to; the plan goes on at once.
 void NavigateCommands::clearNavigation() {
-    flight().navigation().ClearNavigation();
-    flight().plan().clear();
-    host_.screen().say(std::string(text(kMessageTexts.navigationCleared)));
+    ActiveNavigation& navigation = flight().navigation();
+    const bool planned = flight().plan().hasPlan();
+    if (planned && !navigation.directLeg())
+        return host_.screen().say(std::string(text(kMessageTexts.noDirect)));
+    navigation.ClearNavigation();
+    navigation.UpdateActiveLeg();
+    host_.screen().say(
+        std::string(text(planned ? kMessageTexts.directEnded : kMessageTexts.navigationCleared)));
 }
 
 void NavigateCommands::suspend(bool on) {

@@ -18,12 +18,9 @@ class Flight;
 /// The menu Navigate: direct-to, the plan and what is done to it, the track.
 class NavigateCommands {
  public:
-    /// Goes on at once, or when the pilot has saved or given up what is not saved of the plan.
-    using PlanGuard = std::function<void(const std::function<void()>& next)>;
-
-    /// The host must outlive this.
-    NavigateCommands(CommandHost& host, PlanGuard whenPlanIsSafe)
-        : host_(host), whenPlanIsSafe_(std::move(whenPlanIsSafe)) {}
+    /// The host must outlive this. `removePlan` is a command of another menu.
+    NavigateCommands(CommandHost& host, std::function<void()> removePlan)
+        : host_(host), removePlan_(std::move(removePlan)) {}
 
     void addTo(QMenu& menu);
 
@@ -46,7 +43,7 @@ class NavigateCommands {
     Flight& flight();
 
     CommandHost& host_;
-    PlanGuard whenPlanIsSafe_;
+    std::function<void()> removePlan_;
     QPointer<QAction> tracking_;
     QPointer<QAction> suspended_;
 };
