@@ -21,7 +21,7 @@ struct NearAirport {
     std::string surface;    ///< of the longest runway
     std::string runway;     ///< its ends, "09/27"
     std::string frequency;  ///< the one to call first, "TWR 118.100"; empty for none
-    bool expired = false;   ///< from a database that is out of date
+    bool expired = false;   ///< from a database whose date has passed
 
     friend bool operator==(const NearAirport&, const NearAirport&) = default;
 };

@@ -102,7 +102,7 @@ void findNearAirports(const NavDatabase& database, GeoPoint position, const Vari
         near.position = place.position;
         near.distanceNm = distanceNm;
         near.bearingMagDeg = variation.TrueToMagnetic(TrueCourseDeg(position, place.position));
-        near.expired = place.expired;
+        near.expired = place.pastDate;
         takeRecord(*airport, near);
         airports.push_back(std::move(near));
     }

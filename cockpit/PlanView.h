@@ -20,6 +20,7 @@ struct PlanRow {
     std::string ident;  ///< what the map writes beside it
     std::string name;
     GeoPoint position;
+    bool expired = false;  ///< from a database whose date has passed
     std::optional<std::int32_t> altitudeFt;
     std::optional<double> courseMagDeg;
     std::optional<double> legNm;

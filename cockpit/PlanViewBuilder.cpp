@@ -18,6 +18,7 @@ PlanView makePlanView(const FlightPlan& plan, const NavDatabase& database) {
         row.ident = entry.record->ident.view();
         row.name = entry.record->GetName();
         row.position = entry.position();
+        row.expired = entry.record->pastDate;
         if (entry.altitudeFt != kNoAltitudeFt)
             row.altitudeFt = entry.altitudeFt;
         if (!view.rows.empty()) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "compiler/AirwayChains.h"
 #include "geo/Geodesy.h"
 #include "geo/Variation.h"
+#include "navdb/search/NameWords.h"
 
 namespace korvel {
 
@@ -91,6 +93,7 @@ class Compilation {
         for (const SourceFix& fix : data_.fixes)
             addFix(fix);
         addAirways();
+        addNames();
         addIndexes();
         header.southernDeg = southernDeg_;
         header.northernDeg = northernDeg_;
@@ -208,6 +211,50 @@ class Compilation {
         log_.took("airway pieces", airways_.count());
     }
 
+    void addNames() {
+        addWordsInOrder();
+        for (const SourceAirport& airport : data_.airports) {
+            addName(airport, kAirportKind, airport.name, {});
+            for (const std::string& town : airport.towns)
+                addName(airport, kAirportKind, town, town);
+        }
+        for (const SourceNavaid& navaid : data_.navaids) {
+            const bool isNdb = placeType(navaid.kind) >= PlaceType::Ndb;
+            addName(navaid, isNdb ? kNdbKind : kVorKind, navaid.name, {});
+        }
+    }
+
+    /// Searched like identifiers.
+    void addWordsInOrder() {
+        std::vector<std::string> words;
+        const auto add = [&words](std::string_view name) {
+            std::ranges::move(nameWords(name), std::back_inserter(words));
+        };
+        for (const SourceAirport& airport : data_.airports) {
+            add(airport.name);
+            std::ranges::for_each(airport.towns, add);
+        }
+        for (const SourceNavaid& navaid : data_.navaids)
+            add(navaid.name);
+        std::ranges::sort(words);
+        for (const std::string& word : words)
+            writer_.addText(word);
+    }
+
+    template <class SourcePlace>
+    void addName(const SourcePlace& place, KindMask kind, std::string_view name,
+                 std::string_view town) {
+        for (const std::string& word : nameWords(name)) {
+            names_.begin(word, place.position.lat, place.position.lon);
+            names_.text(writer_.addText(word));
+            names_.degrees(place.position.lat);
+            names_.degrees(place.position.lon);
+            names_.text(writer_.addText(place.ident));
+            names_.integer(static_cast<std::int32_t>(kind));
+            names_.text(writer_.addText(town));
+        }
+    }
+
     void addPlaces(std::string_view table, const NavdbRows& rows, std::string_view byIdent,
                    std::string_view byPlace) {
         const auto number = writer_.addTable(table, rows.fields());
@@ -228,6 +275,7 @@ class Compilation {
         addSorted("Runway", runways_, "RwyKey");
         addSorted("Rwy2", otherRunways_, "Rw2Key");
         addSorted("Comm", comms_, "ComKey");
+        addSorted("_NAM", names_, "NamKey");
 
         NavdbRows cells{kCellFields};
         const auto land = airports_.cellStarts();
@@ -254,6 +302,7 @@ class Compilation {
     NavdbRows runways_{kRunwayEndFields};
     NavdbRows otherRunways_{kRunwayEndFields};
     NavdbRows comms_{kCommFields};
+    NavdbRows names_{kNameFields};
     bool anyPlace_ = false;
     double southernDeg_ = 0.0;
     double northernDeg_ = 0.0;

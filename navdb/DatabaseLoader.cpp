@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "base/Ascii.h"
 #include "config/texts/DatabaseTexts.h"
 #include "navdb/user/UserDatabaseReader.h"
 #include "platform/Folders.h"
@@ -26,6 +27,25 @@ std::vector<std::filesystem::path> filesIn(std::span<const std::filesystem::path
     return paths;
 }
 
+std::vector<std::vector<std::filesystem::path>> databasesIn(
+    std::span<const std::filesystem::path> folders) {
+    std::vector<std::vector<std::filesystem::path>> databases;
+    const auto name = [](const std::filesystem::path& path) {
+        return inCapitals(path.filename().string());
+    };
+    for (const auto& path : filesIn(folders, "*.ng2")) {
+        const auto same = std::ranges::find_if(databases, [&](const auto& paths) {
+            return name(paths.front()) == name(path) &&
+                   paths.back().parent_path() != path.parent_path();
+        });
+        if (same == databases.end())
+            databases.push_back({path});
+        else
+            same->push_back(path);
+    }
+    return databases;
+}
+
 }  // namespace
 
 DatabaseLoader::DatabaseLoader(NavDatabase& database, LoadReport& report)
@@ -46,13 +66,14 @@ bool DatabaseLoader::load(std::span<const std::filesystem::path> folders,
     const LoadReport::Gathering gathering(report_);
     report_.AppendLoadReport(std::string(text(kDatabaseTexts.loadStatus)) + "\r\n\r\n");
     clear();
-    if (!openDatabases(filesIn(folders, "*.ng2"), progress) ||
+    if (!openDatabases(databasesIn(folders), progress) ||
         !loadUserFiles(filesIn(folders, "*.UDB.TXT"), false, progress) ||
         !loadUserFiles(filesIn(folders, "*.NDB.TXT"), true, progress)) {
         clear();
         report_.AppendLoadReport(std::string(text(kDatabaseTexts.aborting)) + "\r\n");
         return false;
     }
+    openTowns(filesIn(folders, "*.twn"));
     MergeWithDatabase();
     addMarkedFixes();
     return true;
@@ -81,23 +102,41 @@ void DatabaseLoader::addMarkedFixes() {
     database_.setUserRecords(&records_);
 }
 
-bool DatabaseLoader::openDatabases(std::span<const std::filesystem::path> paths,
-                                   const Progress& progress) {
-    for (const auto& path : paths) {
-        const std::string name = path.filename().string();
-        const std::string text = formatText(kDatabaseTexts.loading, {name});
-        bool goesOn = true;
-        const std::string error = database_.openFile(path, [&](int percent) {
-            goesOn = !progress || progress(text, percent);
-            return goesOn;
-        });
-        if (!goesOn)
-            return false;
-        if (!error.empty())
-            reportFailure(path, error);
-        openedFiles_.push_back({.name = name, .error = error});
+bool DatabaseLoader::openDatabases(std::span<const SameName> databases, const Progress& progress) {
+    for (const SameName& paths : databases) {
+        for (const auto& path : paths) {
+            if (!openDatabase(path, progress))
+                return false;
+            if (openedFiles_.back().error.empty())
+                break;
+        }
     }
     return true;
+}
+
+bool DatabaseLoader::openDatabase(const std::filesystem::path& path, const Progress& progress) {
+    const std::string name = path.filename().string();
+    const std::string text = formatText(kDatabaseTexts.loading, {name});
+    bool goesOn = true;
+    const std::string error = database_.openFile(path, [&](int percent) {
+        goesOn = !progress || progress(text, percent);
+        return goesOn;
+    });
+    if (!goesOn)
+        return false;
+    if (!error.empty())
+        reportFailure(path, error);
+    openedFiles_.push_back({.name = name, .error = error});
+    return true;
+}
+
+void DatabaseLoader::openTowns(std::span<const std::filesystem::path> paths) {
+    for (const auto& path : paths) {
+        const std::string error = database_.openTowns(path);
+        if (error.empty())
+            return;
+        reportFailure(path, error);
+    }
 }
 
 bool DatabaseLoader::loadUserFiles(std::span<const std::filesystem::path> paths,

@@ -15,6 +15,9 @@
 
 namespace korvel {
 
+/// The database that the program brings with it.
+inline constexpr std::string_view kBundledDatabaseName = "world.ng2";
+
 /// Gathers the places: opens the database files of a folder, reads the user's files and settles who
 /// wins where both name the same place. A user airport replaces the database's; a user navaid or
 /// fix gives way to it. Owns the user's records for the whole run.
@@ -37,6 +40,8 @@ class DatabaseLoader {
 
     /// Starts the report anew and replaces all that was loaded before: ".ng2" files, then
     /// "*.UDB.TXT", then "*.NDB.TXT", each folder by folder and in ascending order of their names.
+    /// A ".ng2" file replaces those of its name, in capitals or not, in later folders: one of them
+    /// stands in only when it cannot be opened. Towns come from the first "*.twn" that can be.
     /// Empty paths and folders that are not there hold nothing. False when it was broken off, and
     /// then nothing is loaded.
     bool load(std::span<const std::filesystem::path> folders, const Progress& progress = {});
@@ -63,8 +68,13 @@ class DatabaseLoader {
     [[nodiscard]] const std::vector<OpenedFile>& openedFiles() const { return openedFiles_; }
 
  private:
+    /// Files of one name, in the order of the folders in which they lie.
+    using SameName = std::vector<std::filesystem::path>;
+
     void clear();
-    bool openDatabases(std::span<const std::filesystem::path> paths, const Progress& progress);
+    bool openDatabases(std::span<const SameName> databases, const Progress& progress);
+    bool openDatabase(const std::filesystem::path& path, const Progress& progress);
+    void openTowns(std::span<const std::filesystem::path> paths);
     bool loadUserFiles(std::span<const std::filesystem::path> paths, bool fromSecondSource,
                        const Progress& progress);
     void reportFailure(const std::filesystem::path& path, std::string_view message);

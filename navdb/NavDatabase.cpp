@@ -9,7 +9,11 @@
 #include "geo/Geodesy.h"
 #include "geo/MagneticModel.h"
 #include "navdb/file/DatabaseFile.h"
+#include "navdb/file/DatabaseTables.h"
 #include "navdb/records/AirportDetails.h"
+#include "navdb/search/Editions.h"
+#include "navdb/search/NameSearch.h"
+#include "navdb/search/NameWords.h"
 #include "navdb/search/PlaceRows.h"
 #include "navdb/search/PlaceSearch.h"
 #include "navdb/search/PrefixSearch.h"
@@ -22,6 +26,14 @@ using RecordPtr = std::unique_ptr<DatabaseRecord>;
 
 constexpr double kFartherThanAnything = 2147483647.0;
 constexpr double kNavaidPreferenceNm = 25.0;
+constexpr std::size_t kMostNamesLookedThrough = 400;
+constexpr double kNamesLookedThroughNm = 150;
+constexpr std::size_t kMostTowns = 6;
+constexpr std::size_t kMostAroundTown = 200;
+constexpr std::size_t kMostOfTown = 3;
+constexpr double kNmPerDegree = 60;
+constexpr double kTownNm = 10;
+constexpr double kCityNm = 25;
 
 double distanceTo(GeoPoint from, GeoPoint to) {
     return GreatCircleDistance(from.lat, from.lon, to.lat, to.lon);
@@ -89,8 +101,17 @@ std::string NavDatabase::openFile(const std::filesystem::path& path,
     return message;
 }
 
+std::string NavDatabase::openTowns(const std::filesystem::path& path) {
+    auto file = std::make_unique<DatabaseFile>();
+    std::string message = file->Open(path, clock_);
+    if (message.empty())
+        towns_ = std::move(file);
+    return message;
+}
+
 void NavDatabase::clear() {
     files_.clear();
+    towns_.reset();
     exclusions_.clear();
     excludedPlaces_.clear();
     userRecords_ = nullptr;
@@ -100,6 +121,7 @@ void NavDatabase::clear() {
 
 void NavDatabase::takeFilesFrom(NavDatabase& other) {
     files_ = std::exchange(other.files_, {});
+    towns_ = std::exchange(other.towns_, {});
     exclusions_ = std::exchange(other.exclusions_, {});
     excludedPlaces_ = std::exchange(other.excludedPlaces_, {});
     lastFound_.reset();
@@ -127,6 +149,8 @@ void NavDatabase::exclude(const RowMatch& row) {
     }
 }
 
+PlaceSources NavDatabase::sources() const { return {files_, excludedPlaces_, userRecords_}; }
+
 bool NavDatabase::isExcluded(const RowMatch& row) const {
     return std::binary_search(exclusions_.begin(), exclusions_.end(), row);
 }
@@ -138,14 +162,26 @@ void NavDatabase::searchFile(int file, std::string_view ident, Search& search) c
     if (order == nullptr || index->table->name != packName(search.table))
         return;
     const PlaceFields fields(*index->table);
-    const auto rows = source.rows();
-    std::uint32_t row = rows->firstNotBelow(*index, *order, ident);
-    while (!search.isDone() && rows->equals(*index, row, *order, ident)) {
-        const RowMatch match{.file = file, .row = index->rowPosition(row++)};
-        if (!isExcluded(match) && rows->load(*index->table, match.row) &&
-            search.wants(kindOfRow(*rows, fields)) && search.improves(positionOfRow(*rows, fields)))
-            search.row = match;
-    }
+    const bool mayBeOutdone = korvel::mayBeOutdone(files_, file);
+    std::vector<Place> waiting;  // to be looked for in other files, too, when no lock is held
+    const auto lookAtRows = [&] {
+        const auto rows = source.rows();
+        std::uint32_t row = rows->firstNotBelow(*index, *order, ident);
+        while (!search.isDone() && rows->equals(*index, row, *order, ident)) {
+            const RowMatch match{.file = file, .row = index->rowPosition(row++)};
+            if (isExcluded(match) || !rows->load(*index->table, match.row) ||
+                !search.wants(kindOfRow(*rows, fields)))
+                continue;
+            if (mayBeOutdone)
+                waiting.push_back(buildPlace(*rows, fields, source, match));
+            else if (search.improves(positionOfRow(*rows, fields)))
+                search.row = match;
+        }
+    };
+    lookAtRows();
+    for (const Place& place : waiting)
+        if (!isOutdone(sources(), place) && search.improves(place.position))
+            search.row = place.match;
 }
 
 void NavDatabase::searchUserRecords(std::string_view ident, Search& search) const {
@@ -258,23 +294,28 @@ void NavDatabase::loadDetails(AirportRecord& airport) const {
 }
 
 void NavDatabase::GetAirwayRoutes(std::string_view name, std::vector<std::string>& routes) const {
-    routes.clear();
-    FieldMap fields;
-    for (const auto& file : files_) {
-        const IndexEntry* const index = file->index("Airway");
+    std::vector<AirwayPiece> pieces;
+    for (std::size_t number = 0; number < files_.size(); ++number) {
+        const DatabaseFile& file = *files_[number];
+        const IndexEntry* const index = file.index("Airway");
         const FieldEntry* const order = index != nullptr ? orderingField(*index) : nullptr;
-        if (file->isExpired() || order == nullptr)
+        if (file.isExpired() || order == nullptr)
             continue;
-        const auto rows = file->rows();
+        const auto rows = file.rows();
         std::uint32_t row = rows->firstNotBelow(*index, *order, name);
         for (; rows->equals(*index, row, *order, name) && rows->load(*index, row); ++row)
-            rows->text(index->table->field(packName("ROUTE")), routes.emplace_back());
+            rows->text(index->table->field(packName("ROUTE")),
+                       pieces.emplace_back(AirwayPiece{.file = number}).route);
     }
+    dropOutdone(files_, pieces);
+    routes.clear();
+    for (AirwayPiece& piece : pieces)
+        routes.push_back(std::move(piece.route));
 }
 
 void NavDatabase::placesIn(const GeoBox& box, KindMask kinds, std::size_t limit,
                            std::vector<Place>& places, const PlaceFilter& accept) const {
-    findPlacesIn({files_, excludedPlaces_, userRecords_}, box, kinds, limit, accept, places);
+    findPlacesIn(sources(), box, kinds, limit, accept, places);
 }
 
 void NavDatabase::userPlacesIn(const GeoBox& box, KindMask kinds,
@@ -285,13 +326,92 @@ void NavDatabase::userPlacesIn(const GeoBox& box, KindMask kinds,
 
 std::vector<NearPlace> NavDatabase::nearest(GeoPoint position, KindMask kinds, std::size_t count,
                                             double withinNm) const {
-    return findNearest({files_, excludedPlaces_, userRecords_}, position, kinds, count, withinNm);
+    return findNearest(sources(), position, kinds, count, withinNm);
 }
 
 bool NavDatabase::placesBeginning(std::string_view beginning, KindMask kinds, std::size_t rowLimit,
                                   std::vector<Place>& places) const {
-    return findPlacesBeginning({files_, excludedPlaces_, userRecords_}, beginning, kinds, rowLimit,
-                               places);
+    return findPlacesBeginning(sources(), beginning, kinds, rowLimit, places);
+}
+
+void NavDatabase::placesNamed(std::string_view ident, KindMask kinds, std::size_t rowLimit,
+                              std::vector<Place>& places) const {
+    findPlacesNamed(sources(), ident, kinds, rowLimit, places);
+}
+
+std::vector<NamedPlace> NavDatabase::placesByName(std::string_view text, KindMask kinds,
+                                                  std::optional<GeoPoint> near,
+                                                  std::size_t limit) const {
+    const std::vector<std::string> words = nameWords(text);
+    if (words.empty())
+        return {};
+    std::vector<NamedPlace> places = findPlacesByName(sources(), words, kinds, near, limit);
+    if (near)
+        addUnindexedNames(words, kinds, *near, places);
+    if ((kinds & kAirportKind) != 0)
+        addByTowns(words, near, places);
+    std::ranges::stable_sort(places, {}, &NamedPlace::distanceNm);
+    places.resize(std::min(places.size(), limit));
+    return places;
+}
+
+void NavDatabase::addUnindexedNames(std::span<const std::string> words, KindMask kinds,
+                                    GeoPoint near, std::vector<NamedPlace>& places) const {
+    const auto lacksNames = [](const auto& file) { return file->index("NamKey") == nullptr; };
+    if (std::ranges::none_of(files_, lacksNames))
+        return;
+    for (const NearPlace& around :
+         nearest(near, kinds & ~kFixKind, kMostNamesLookedThrough, kNamesLookedThroughNm)) {
+        const int file = around.place.match.file;
+        if (file == RecordOrigin::kNoFile || !lacksNames(files_[static_cast<std::size_t>(file)]))
+            continue;
+        const auto record = recordAt(around.place.match);
+        if (record && hasWords(record->GetName(), words))
+            places.push_back({.place = around.place, .town = {}, .distanceNm = around.distanceNm});
+    }
+}
+
+std::vector<NearPlace> NavDatabase::airportsOf(const Town& town) const {
+    constexpr unsigned kNotForAll = kAirportHeliport | kAirportPrivate | kAirportSeaplaneBase;
+    const double reachNm = town.isCity ? kCityNm : kTownNm;
+    const double lat = town.position.lat * kRadToDeg;
+    const double lon = town.position.lon * kRadToDeg;
+    const double high = reachNm / kNmPerDegree;
+    const double wide = high / std::max(std::cos(town.position.lat), 0.1);
+    std::vector<Place> around;
+    placesIn({.south = lat - high, .west = lon - wide, .north = lat + high, .east = lon + wide},
+             kAirportKind, kMostAroundTown, around,
+             [](const Place& place) { return (place.flags & kNotForAll) == 0; });
+    std::vector<NearPlace> airports;
+    for (const Place& place : around)
+        airports.push_back(
+            {.place = place, .distanceNm = DistanceNm(town.position, place.position)});
+    // Those with a tower and a hard runway first: whoever looks by a town means its airport.
+    std::ranges::stable_sort(airports, {}, [](const NearPlace& near) {
+        constexpr unsigned kLarge = kAirportTower | kAirportHardSurface;
+        return std::pair((near.place.flags & kLarge) != kLarge, near.distanceNm);
+    });
+    airports.resize(std::min(airports.size(), kMostOfTown));
+    return airports;
+}
+
+void NavDatabase::addByTowns(std::span<const std::string> words, std::optional<GeoPoint> near,
+                             std::vector<NamedPlace>& places) const {
+    if (!towns_)
+        return;
+    for (const Town& town : findTowns(*towns_, words, near, kMostTowns)) {
+        for (const NearPlace& airport : airportsOf(town)) {
+            const Place& place = airport.place;
+            const bool isThere = std::ranges::any_of(places, [&place](const NamedPlace& each) {
+                return each.place.kind == place.kind && each.place.ident == place.ident &&
+                       SamePoint(each.place.position, place.position);
+            });
+            if (!isThere)
+                places.push_back({.place = place,
+                                  .town = town.name,
+                                  .distanceNm = near ? DistanceNm(*near, place.position) : 0.0});
+        }
+    }
 }
 
 RecordPtr NavDatabase::recordOf(const Place& place) const {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,10 +20,14 @@ namespace korvel {
 class DatabaseFile;
 class UserRecordStore;
 struct ExcludedPlace;
+struct NamedPlace;
+struct Town;
+struct PlaceSources;
 
 /// All places that the navigator knows: the rows of the open database files and, behind them as
-/// if they were one more file, the user's own records. Holds no places in memory; every call reads
-/// what it needs from the files. User-interface thread only.
+/// if they were one more file, the user's own records. A place that several files hold is found
+/// once, in the file of the latest cycle. Holds no places in memory; every call reads what it needs
+/// from the files. User-interface thread only.
 class NavDatabase {
  public:
     /// The clock decides which files are out of date; it must outlive the database.
@@ -36,6 +41,9 @@ class NavDatabase {
     /// breaks the opening off.
     [[nodiscard]] std::string openFile(const std::filesystem::path& path,
                                        const std::function<bool(int)>& progress = {});
+    /// Opens the file of the towns that places are found by; in the place of the one before. As
+    /// openFile() does.
+    [[nodiscard]] std::string openTowns(const std::filesystem::path& path);
     /// Closes all files, forgets the exclusions and the user records.
     void clear();
     /// Closes all files and takes over the other database's with its exclusions; the user records
@@ -76,7 +84,7 @@ class NavDatabase {
     void loadDetails(AirportRecord& airport) const;
 
     /// Replaces `routes` by the texts of the airway's pieces, in file order; files that are out of
-    /// date give none.
+    /// date give none, and pieces that a file of a later cycle describes anew are left out.
     void GetAirwayRoutes(std::string_view name, std::vector<std::string>& routes) const;
 
     /// Replaces `places` by the places of these kinds in the box, at most `limit` of them. What
@@ -97,6 +105,18 @@ class NavDatabase {
     bool placesBeginning(std::string_view beginning, KindMask kinds, std::size_t rowLimit,
                          std::vector<Place>& places) const;
 
+    /// Replaces `places` by those of `kinds` with just this identifier, at most `rowLimit` of each
+    /// kind and file.
+    void placesNamed(std::string_view ident, KindMask kinds, std::size_t rowLimit,
+                     std::vector<Place>& places) const;
+
+    /// The first `limit` places of `kinds` in whose names, or those of the towns around them, words
+    /// begin with those of the text; the nearest first. Names in a file without an index of them
+    /// are looked through near `near` only.
+    [[nodiscard]] std::vector<NamedPlace> placesByName(std::string_view text, KindMask kinds,
+                                                       std::optional<GeoPoint> near,
+                                                       std::size_t limit) const;
+
     /// The full record of a place; null when its file can no longer be read. Not for places that
     /// were found before other files were taken over.
     [[nodiscard]] std::unique_ptr<DatabaseRecord> recordOf(const Place& place) const;
@@ -108,17 +128,25 @@ class NavDatabase {
  private:
     struct Search;
 
+    [[nodiscard]] PlaceSources sources() const;
     [[nodiscard]] bool isExcluded(const RowMatch& row) const;
     void searchFile(int file, std::string_view ident, Search& search) const;
     void searchUserRecords(std::string_view ident, Search& search) const;
     [[nodiscard]] std::unique_ptr<DatabaseRecord> recordAt(const RowMatch& match) const;
     void noteMatch(const DatabaseRecord* record);
+    /// The few airports of a town that a traveller would look for.
+    [[nodiscard]] std::vector<NearPlace> airportsOf(const Town& town) const;
+    void addByTowns(std::span<const std::string> words, std::optional<GeoPoint> near,
+                    std::vector<NamedPlace>& places) const;
+    void addUnindexedNames(std::span<const std::string> words, KindMask kinds, GeoPoint near,
+                           std::vector<NamedPlace>& places) const;
     std::unique_ptr<DatabaseRecord> findAirport(std::string_view ident,
                                                 std::optional<GeoPoint> near);
     std::unique_ptr<DatabaseRecord> findBare(std::string_view ident, std::optional<GeoPoint> near);
 
     const Clock& clock_;
     std::vector<std::unique_ptr<DatabaseFile>> files_;
+    std::unique_ptr<DatabaseFile> towns_;        ///< null for none
     std::vector<RowMatch> exclusions_;           ///< ascending
     std::vector<ExcludedPlace> excludedPlaces_;  ///< the same, by latitude
     const UserRecordStore* userRecords_ = nullptr;

@@ -219,11 +219,29 @@ class FlightPlanPainter {
         const double room = namesEnd_ - namesBegin() - textPx_ * 0.4;
         const std::string shown = fitting(row.ident, ident.font, room);
         canvas_.text({namesBegin(), y}, shown, ident);
+        double begin = canvas_.textMeasure().measure(shown, ident.font).width + textPx_ * 0.6;
+        if (row.expired)
+            begin += expiredMark({namesBegin() + begin, y}, room - begin);
         if (row.name == row.ident || shown != row.ident)
             return;
-        const double begin = canvas_.textMeasure().measure(shown, ident.font).width + textPx_ * 0.6;
         const TextStyle name = style(0.85, blended(ink, background_, 0.25), AlignX::Left, false);
         canvas_.text({namesBegin() + begin, y}, fitting(row.name, name.font, room - begin), name);
+    }
+
+    /// A word in a frame, so that it does not hang on the colour; smaller where there is little
+    /// room. The result is what it takes up.
+    [[nodiscard]] double expiredMark(const Point& at, double room) const {
+        const ColorValue color = colors_[ColorKey::MapObstacleDanger];
+        TextStyle words = style(0.7, color, AlignX::Left);
+        const std::string_view word = text(kStatusTexts.expired);
+        const double padding = textPx_ * 0.2;
+        const double wanted = canvas_.textMeasure().measure(word, words.font).width + 2 * padding;
+        words.font.height *= std::clamp(room / wanted, 0.5, 1.0);
+        const double width = canvas_.textMeasure().measure(word, words.font).width + 2 * padding;
+        const double height = 1.3 * words.font.height;
+        canvas_.rect({at.x, at.y - height / 2, width, height}, std::nullopt, Pen{color, 2});
+        canvas_.text({at.x + padding, at.y}, word, words);
+        return width + textPx_ * 0.5;
     }
 
     void scrollBar() {

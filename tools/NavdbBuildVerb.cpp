@@ -8,6 +8,8 @@
 
 #include "compiler/NavdbBuild.h"
 #include "compiler/sources/AiracCycle.h"
+#include "navdb/DatabaseLoader.h"
+#include "platform/Folders.h"
 #include "tools/Arguments.h"
 #include "tools/ProgressBar.h"
 
@@ -41,6 +43,14 @@ std::optional<int> expiryFrom(const std::string& text) {
     return ymd;
 }
 
+/// Where the pilot's own database goes that is used in the place of the bundled one.
+std::filesystem::path ownDatabase() {
+    const std::filesystem::path folder = documentsFolder();
+    if (folder.empty())
+        usageError("there is no documents folder: name the database to write with -o");
+    return folder / kBundledDatabaseName;
+}
+
 }  // namespace
 
 NavdbBuildVerb::NavdbBuildVerb(CLI::App& verb)
@@ -54,7 +64,9 @@ NavdbBuildVerb::NavdbBuildVerb(CLI::App& verb)
     command_->add_option("--fix", fix_, "X-Plane's fix.dat or earth_fix.dat");
     command_->add_option("--awy", awy_, "X-Plane's awy.dat or earth_awy.dat");
     command_->add_option("--dir", folder_, "Folder of OurAirports' CSV files");
-    command_->add_option("-o", output_, "The database to write")->required();
+    command_->add_option("-o", output_,
+                         "The database to write; without it the one in the documents folder that "
+                         "replaces the bundled one");
     command_->add_option("--region", region_, "ICAO region letter, K for the United States");
     command_->add_option("--expiry", expiry_, "Expiry date, YYYYMMDD");
 }
@@ -74,7 +86,7 @@ int NavdbBuildVerb::run(const Invocation& call) const {
     options.fix = fix_;
     options.awy = awy_;
     options.folder = folder_;
-    options.output = output_;
+    options.output = output_.empty() ? ownDatabase() : std::filesystem::path(output_);
     options.region = regionFrom(region_);
     options.expiryYmd = expiryFrom(expiry_);
 
@@ -86,10 +98,12 @@ int NavdbBuildVerb::run(const Invocation& call) const {
     const std::string refused = buildNavdb(
         options, log, [&bar](double share, std::string_view what) { bar.show(share, what); });
     bar.clear();
-    const Json document = {{"taken", countsOf(log.takenCounts())},
+    const Json document = {{"output", options.output.string()},
+                           {"taken", countsOf(log.takenCounts())},
                            {"leftOut", countsOf(log.leftOutCounts())},
                            {"malformed", countsOf(log.malformedCounts())}};
-    return refused.empty() ? call.done(document, log.summary()) : call.fail(refused, document);
+    return refused.empty() ? call.done(document, log.summary() + options.output.string() + '\n')
+                           : call.fail(refused, document);
 }
 
 }  // namespace korvel

@@ -98,7 +98,7 @@ std::string recordLine(const DatabaseRecord& record) {
             formatFixed(record.position.lon * kRadToDeg, kCoordinateDecimals);
     if (const std::string info = record.GetInfoText(); !info.empty())
         line += "  " + info;
-    return record.expired ? line + "  (out of date)" : line;
+    return record.pastDate ? line + "  (out of date)" : line;
 }
 
 std::string recordDetails(const DatabaseRecord& record) {

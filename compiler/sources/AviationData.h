@@ -43,6 +43,7 @@ struct SourceAirport {
     std::string ident;
     std::string name;
     std::string info;
+    std::vector<std::string> towns;  ///< by which it is looked for, besides its name
     AirportKind kind = AirportKind::Land;
     bool isPrivate = false;
     bool hasBeacon = false;

@@ -164,6 +164,8 @@ void OurAirportsImport::takeAirport(CsvTable& row) {
     const std::string town = toAsciiText(row["municipality"]);
     if (!town.empty() && name.find(town) == std::string::npos)
         airport.info.append(airport.info.empty() ? "" : ", ").append(town);
+    if (!town.empty())
+        airport.towns.push_back(town);
     airport.name = name;
     airports_.emplace(row["ident"], data_.airports.size());
     data_.airports.push_back(std::move(airport));

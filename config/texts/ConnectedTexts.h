@@ -21,11 +21,11 @@ struct ConnectedTexts {
     Text noDatabaseHelp{
         61832,
         "No database was found: the map works without places. To build one from open data, run\n"
-        "  korvelctl navdb build --from ourairports --dir FOLDER -o world.ng2\n"
+        "  korvelctl navdb build --from ourairports --dir FOLDER\n"
         "or, from X-Plane's files,\n"
         "  korvelctl navdb build --from xplane --apt apt.dat --nav nav.dat --fix fix.dat "
-        "--awy awy.dat -o world.ng2\n"
-        "and put it into one of the folders below."};
+        "--awy awy.dat\n"
+        "It goes into your documents folder: then load the databases again (F5)."};
     Text oldDatabaseHelp{
         61833,
         "The charts are out of date: fly by current ones. The database that comes with the program "

@@ -283,7 +283,7 @@ std::string labelOf(const MapPlace& place, int rangeNm) {
     std::string text(place.place.ident.view());
     if (rangeNm <= kFrequenciesToNm && place.details && !place.details->frequency.empty())
         text += ' ' + place.details->frequency;
-    return place.place.expired ? '(' + text + ')' : text;
+    return place.place.pastDate ? '(' + text + ')' : text;
 }
 
 }  // namespace korvel

@@ -100,6 +100,7 @@ std::string DatabaseFile::Open(const std::filesystem::path& path, const Clock& c
         return std::string(message);
     }
     expired_ = isOutOfDate(header_.expiry, regionLetter(), clock);
+    pastDate_ = korvel::isPastDate(header_.expiry, clock);
     fileName_ = std::make_shared<const std::string>(path.filename().string());
     *rows_.lock() = RowReader(path, header_.stringArea, disk);
     if (progress)
@@ -162,12 +163,14 @@ bool DatabaseFile::readAreaGrid(const RandomAccessFile& file) {
     return true;
 }
 
-/// Months and days out of range run on into the next ones.
 bool isOutOfDate(std::uint32_t expiry, char region, const Clock& clock) {
+    return (expiry == 0 || region == kRegionThatExpires) && isPastDate(expiry, clock);
+}
+
+/// Months and days out of range run on into the next ones.
+bool isPastDate(std::uint32_t expiry, const Clock& clock) {
     if (expiry == 0)
         return true;
-    if (region != kRegionThatExpires)
-        return false;
     const auto part = [expiry](std::uint32_t divisor, std::uint32_t range) {
         return static_cast<int>(expiry / divisor % range);
     };

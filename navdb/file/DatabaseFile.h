@@ -54,6 +54,8 @@ class DatabaseFile {
     /// Whether the data were out of date when the file was opened: without an expiry date they
     /// are, with one only those of region 'K' ever are.
     [[nodiscard]] bool isExpired() const { return expired_; }
+    /// Whether their date had passed by then, or they have none, in any region.
+    [[nodiscard]] bool isPastDate() const { return pastDate_; }
     [[nodiscard]] std::uint64_t size() const { return size_; }
     /// Shared with the records that come from here.
     [[nodiscard]] const std::shared_ptr<const std::string>& fileName() const { return fileName_; }
@@ -82,6 +84,7 @@ class DatabaseFile {
     DatabaseHeader header_;
     std::uint64_t size_ = 0;
     bool expired_ = true;
+    bool pastDate_ = true;
     std::shared_ptr<const std::string> fileName_;
     DatabaseDirectory directory_;
     int firstCell_ = 0;
@@ -92,5 +95,7 @@ class DatabaseFile {
 /// Whether data with this expiry date (YYYYMMDD or 0) and region letter are out of date: a day
 /// of 24 hours after local midnight at the start of that date, also where clocks change on it.
 bool isOutOfDate(std::uint32_t expiry, char region, const Clock& clock);
+/// The same for data of a region whose date counts.
+bool isPastDate(std::uint32_t expiry, const Clock& clock);
 
 }  // namespace korvel

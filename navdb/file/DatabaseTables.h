@@ -21,6 +21,8 @@ namespace korvel {
 //   Rwy2     the same of _AP2                     Rw2Key
 //   Comm     frequencies of both                  ComKey
 //   _CELL    where each cell's run begins         CellRun
+//   _NAM     words of names                       NamKey
+//   _TWN     words of the names of towns          TwnKey, alone in a file of its own
 //
 // Identifier indexes order rows by the text of field ID, byte by byte. The sub-tables' indexes
 // order rows by the text of ARPT_ID, which is unique among a file's airports; an airport's rows
@@ -32,6 +34,12 @@ namespace korvel {
 // its fields, named like the location indexes, hold the number (from 0) of the first row of that
 // cell or a later one. The area grid runs from cell 0 to 359; its word c is the file offset of row
 // c of CellRun, and the word behind the last cell leads to a row that holds the row counts.
+//
+// NamKey orders by ID, too, which is a word of the name of an airport or navaid, or of the town
+// that its source names, in capitals (NameWords.h says what a word is). PLACE is the identifier
+// that it leads to, KIND its kind, LAT and LON where it is, and TOWN the town's name, empty where
+// the word is the place's own. Files without this index cannot be searched by names. TwnKey orders
+// by ID, a word of the town's NAME; SIZE is 1 for a city.
 //
 // Airways: ROUTE lists fix identifiers in airway order, separated by spaces, at most 1023 bytes. A
 // longer piece is cut into several rows, each of which begins with the fix that ended the one
@@ -97,6 +105,20 @@ inline constexpr std::array kCellFields{
     FieldLayout{"A2NKey"},
     FieldLayout{"NvNKey"},
     FieldLayout{"WpNKey"},
+};
+
+inline constexpr std::array kNameFields{
+    FieldLayout{"ID", FieldType::Text},      FieldLayout{"LAT", FieldType::Degrees},
+    FieldLayout{"LON", FieldType::Degrees},  FieldLayout{"PLACE", FieldType::Text},
+    FieldLayout{"KIND", FieldType::Integer}, FieldLayout{"TOWN", FieldType::Text},
+};
+
+inline constexpr std::array kTownFields{
+    FieldLayout{"ID", FieldType::Text},
+    FieldLayout{"LAT", FieldType::Degrees},
+    FieldLayout{"LON", FieldType::Degrees},
+    FieldLayout{"NAME", FieldType::Text},
+    FieldLayout{"SIZE"},
 };
 
 /// Stands for "unknown" where a field says so.

@@ -82,6 +82,12 @@ void RowReader::text(const FieldEntry* field, std::string& text) {
     }
 }
 
+void RowReader::textOf(std::int32_t word, std::string& text) {
+    text.clear();
+    if (ready())
+        readText(static_cast<std::uint32_t>(word), text);
+}
+
 void RowReader::fill(const FieldEntry& field, std::span<const std::uint8_t> bytes,
                      FieldValue& value) {
     switch (field.type) {
@@ -195,7 +201,8 @@ bool RowReader::equals(const IndexEntry& index, std::uint32_t row, const FieldEn
 
 const FieldEntry* orderingField(const IndexEntry& index) {
     static constexpr std::array kById{packName("AptKey"), packName("Ap2Key"), packName("NavKey"),
-                                      packName("WptKey"), packName("Airway")};
+                                      packName("WptKey"), packName("Airway"), packName("NamKey"),
+                                      packName("TwnKey")};
     static constexpr std::array kByAirport{packName("RwyKey"), packName("Rw2Key"),
                                            packName("ComKey")};
     if (std::find(kById.begin(), kById.end(), index.name) != kById.end())

@@ -40,6 +40,8 @@ class RowReader {
     [[nodiscard]] std::optional<double> number(const FieldEntry* field) const;
     /// Of a text field, a marked text or, up to its first 0, a byte block; else empty.
     void text(const FieldEntry* field, std::string& text);
+    /// Of a text field whose word was read before, from a row that need not be current.
+    void textOf(std::int32_t word, std::string& text);
     /// Every field by name; values that `fields` already holds are reused.
     void decode(FieldMap& fields);
     /// Looks for one field by the widths that the directory declares for texts, 4 bytes for all

@@ -64,6 +64,9 @@ class DatabaseRecord {
     std::string key;       ///< RecordKey
     GeoPoint position;     ///< radians
     bool expired = false;  ///< the data of its file are out of date
+    /// The date of its file has passed, whatever the region's rule makes of that. The pilot is told
+    /// of it wherever the place is shown.
+    bool pastDate = false;
     Ident ident;
     RecordOrigin origin;
 

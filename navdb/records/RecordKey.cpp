@@ -33,6 +33,13 @@ bool hasKindPrefix(std::string_view key) {
            std::string_view("avnf").find(key[0]) != std::string_view::npos;
 }
 
+KindMask kindsOfKey(std::string_view key) {
+    for (const KindMask kind : {kVorKind, kNdbKind, kFixKind, kAirportKind})
+        if (hasKindPrefix(key) && key.front() == kindLetter(kind))
+            return kind;
+    return kAllKinds;
+}
+
 std::string_view identOfKey(std::string_view key) {
     return hasKindPrefix(key) ? key.substr(2) : key;
 }

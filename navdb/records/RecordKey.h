@@ -27,6 +27,9 @@ std::string makeRecordKey(KindMask kind, std::string_view ident);
 /// Whether the text begins with "a.", "v.", "n." or "f."; without that it is a bare identifier.
 bool hasKindPrefix(std::string_view key);
 
+/// The kind of a key that begins with its letter; kAllKinds of a bare identifier.
+KindMask kindsOfKey(std::string_view key);
+
 /// What stands behind the prefix, or the whole text when there is none.
 std::string_view identOfKey(std::string_view key);
 

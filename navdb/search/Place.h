@@ -12,7 +12,7 @@ struct Place {
     GeoPoint position;
     KindMask kind = 0;        ///< kVorKind, kNdbKind, kFixKind or kAirportKind
     std::uint32_t flags = 0;  ///< AirportFlag of an airport, Usage of a navaid or fix
-    bool expired = false;
+    bool pastDate = false;    ///< as in DatabaseRecord
     Ident ident{};
     RowMatch match;  ///< file is RecordOrigin::kNoFile for user records
 };

@@ -110,6 +110,7 @@ std::unique_ptr<DatabaseRecord> buildRecord(RowReader& row, const TableEntry& ta
         record->key = makeRecordKey(record->GetKind(), record->ident.view());
         record->position = positionOfRow(row, fields);
         record->expired = file.isExpired();
+        record->pastDate = file.isPastDate();
         record->origin = {.match = match, .fileName = file.fileName()};
     }
     return record;
@@ -119,7 +120,7 @@ Place buildUnnamedPlace(const RowReader& row, const PlaceFields& fields, const D
                         const RowMatch& match) {
     Place place{.position = positionOfRow(row, fields),
                 .kind = kindOfRow(row, fields),
-                .expired = file.isExpired(),
+                .pastDate = file.isPastDate(),
                 .match = match};
     place.flags = place.kind == kAirportKind
                       ? static_cast<std::uint32_t>(row.word(fields.flags).value_or(0))

@@ -14,6 +14,7 @@
 #include "navdb/records/AirportRecord.h"
 #include "navdb/records/FixRecord.h"
 #include "navdb/records/NavaidRecord.h"
+#include "navdb/search/Editions.h"
 #include "navdb/search/PlaceRows.h"
 
 namespace korvel {
@@ -162,6 +163,8 @@ class IndexSearch {
           fileNumber_(fileNumber),
           name_(name),
           kinds_(kinds),
+          mayBeOutdone_(mayBeOutdone(sources.files, fileNumber)),
+          mustWait_(mayBeOutdone_ || search.filter()),
           search_(search) {}
 
     /// False when the search is over.
@@ -174,7 +177,7 @@ class IndexSearch {
         for (const int cell : cells) {
             if (search_.wantsCell(cell)) {
                 visitCell(*index, cell, **rows, fields);
-                takeFiltered(*index, rows, fields);
+                takeWaiting(*index, rows, fields);
             }
             if (!goOn_)
                 return false;
@@ -184,6 +187,12 @@ class IndexSearch {
 
  private:
     using Rows = Guarded<RowReader>::Handle<RowReader>;
+
+    /// A place that is asked about before it is taken.
+    struct Waiting {
+        Place place;
+        std::optional<std::int32_t> identWord;
+    };
 
     void visitCell(LocationIndex& index, int cell, RowReader& rows, const PlaceFields& fields) {
         const Band band = search_.band();
@@ -195,41 +204,65 @@ class IndexSearch {
                 return true;
             Place place = buildUnnamedPlace(
                 rows, fields, file_, {.file = fileNumber_, .row = index.index().rowPosition(row)});
-            if (search_.filter())
-                toFilter_.push_back(place);
-            else
-                take(place, rows, fields);
+            if (mustWait_) {
+                waiting_.push_back({.place = place, .identWord = rows.word(fields.ident)});
+            } else {
+                readIdent(rows, fields, place);
+                take(place);
+            }
             return goOn_;
         });
     }
 
-    /// The caller's filter runs while the file's lock is let go: it may use the database itself.
-    void takeFiltered(const LocationIndex& index, std::optional<Rows>& rows,
-                      const PlaceFields& fields) {
-        if (toFilter_.empty())
+    /// The caller's filter and other files are asked while this file's lock is let go: the filter
+    /// may use the database itself.
+    void takeWaiting(const LocationIndex& index, std::optional<Rows>& rows,
+                     const PlaceFields& fields) {
+        if (waiting_.empty())
             return;
-        rows.reset();
-        std::erase_if(toFilter_, std::not_fn(search_.filter()));
-        rows.emplace(file_.rows());
-        for (Place& place : toFilter_)
-            if (goOn_ && (*rows)->load(*index.index().table, place.match.row))
-                take(place, **rows, fields);
-        toFilter_.clear();
+        if (search_.filter()) {
+            rows.reset();
+            std::erase_if(waiting_,
+                          [this](const Waiting& each) { return !search_.filter()(each.place); });
+            rows.emplace(file_.rows());
+        }
+        for (Waiting& each : waiting_)
+            readIdentOf(each, *index.index().table, **rows, fields);
+        if (mayBeOutdone_) {
+            rows.reset();
+            std::erase_if(waiting_,
+                          [this](const Waiting& each) { return isOutdone(sources_, each.place); });
+            rows.emplace(file_.rows());
+        }
+        for (const Waiting& each : waiting_)
+            if (goOn_ && search_.wants(each.place.position))
+                take(each.place);
+        waiting_.clear();
     }
 
-    /// The current row's place.
-    void take(Place& place, RowReader& rows, const PlaceFields& fields) {
-        readIdent(rows, fields, place);
-        goOn_ = isExcluded(sources_, place) || search_.take(place);
+    /// Without reading the row again where that can be helped.
+    void readIdentOf(Waiting& each, const TableEntry& table, RowReader& rows,
+                     const PlaceFields& fields) {
+        if (each.identWord) {
+            rows.textOf(*each.identWord, text_);
+            each.place.ident.assign(text_);
+        } else if (rows.load(table, each.place.match.row)) {
+            readIdent(rows, fields, each.place);
+        }
     }
+
+    void take(const Place& place) { goOn_ = isExcluded(sources_, place) || search_.take(place); }
 
     const PlaceSources& sources_;
     const DatabaseFile& file_;
     int fileNumber_;
     std::string_view name_;
     KindMask kinds_;
+    bool mayBeOutdone_;
+    bool mustWait_;  ///< the places, until something is asked about them
     Search& search_;
-    std::vector<Place> toFilter_;  ///< of the present cell
+    std::vector<Waiting> waiting_;  ///< of the present cell
+    std::string text_;
     bool goOn_ = true;
 };
 
@@ -320,7 +353,7 @@ Place placeOfUser(const DatabaseRecord& record) {
     return {.position = record.position,
             .kind = record.GetKind(),
             .flags = flagsOf(record),
-            .expired = record.expired,
+            .pastDate = record.pastDate,
             .ident = record.ident,
             .match = record.origin.match};
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "navdb/file/DatabaseFile.h"
@@ -10,6 +12,16 @@
 #include "navdb/user/UserRecordStore.h"
 
 namespace korvel {
+
+struct IdentifierIndexName {
+    std::string_view name;
+    KindMask kinds = 0;  ///< of the places in it
+};
+inline constexpr std::array<IdentifierIndexName, 4> kIdentifierIndexes{
+    {{"AptKey", kAirportKind},
+     {"Ap2Key", kAirportKind},
+     {"NavKey", kVorKind | kNdbKind},
+     {"WptKey", kFixKind}}};
 
 /// A place that is never to be returned. Its row stands in several indexes at different offsets,
 /// so it is known by what it says.

@@ -14,4 +14,9 @@ namespace korvel {
 bool findPlacesBeginning(const PlaceSources& sources, std::string_view beginning, KindMask kinds,
                          std::size_t rowLimit, std::vector<Place>& places);
 
+/// Replaces `places` by those of `kinds` with just this identifier, at most `rowLimit` of each
+/// index. Quicker than the above where there are few.
+void findPlacesNamed(const PlaceSources& sources, std::string_view ident, KindMask kinds,
+                     std::size_t rowLimit, std::vector<Place>& places);
+
 }  // namespace korvel

@@ -69,10 +69,11 @@ void UserDatabaseReader::takeLine(std::string_view line) {
         logLine(message, Severity::Error);
 }
 
-void UserDatabaseReader::logLine(std::string_view message, Severity severity) {
+void UserDatabaseReader::logLine(std::string_view message, Severity severity, int line) {
     const Text& pattern =
         severity == Severity::Error ? kDatabaseTexts.lineError : kDatabaseTexts.lineWarning;
-    report_.AppendLoadReport("  " + formatText(pattern, {lineNumber_, message}) + "\r\n");
+    report_.AppendLoadReport("  " + formatText(pattern, {line != 0 ? line : lineNumber_, message}) +
+                             "\r\n");
 }
 
 std::string UserDatabaseReader::ParseLine(std::string_view line) {
@@ -103,7 +104,8 @@ std::string UserDatabaseReader::takeField(std::string_view line) {
     if (equals == 0)
         return std::string(text(kDatabaseTexts.noKey));
     if (const auto value = line.substr(equals + 1); !value.empty())
-        pending_.insert_or_assign(std::string(line.substr(0, equals)), value);
+        pending_.insert_or_assign(std::string(line.substr(0, equals)),
+                                  UserField{.value = std::string(value), .line = lineNumber_});
     return {};
 }
 

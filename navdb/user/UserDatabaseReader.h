@@ -38,7 +38,8 @@ class UserDatabaseReader {
  private:
     bool readLines(const RandomAccessFile& file);
     void takeLine(std::string_view line);
-    void logLine(std::string_view message, Severity severity);
+    /// `line` 0 is the one that is being read.
+    void logLine(std::string_view message, Severity severity, int line = 0);
     [[nodiscard]] std::string takeField(std::string_view line);
     void finishOpenRecord();
     void endAirport();

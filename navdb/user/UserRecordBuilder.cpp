@@ -42,10 +42,10 @@ class FieldReader {
     /// Empty when there is no such field.
     [[nodiscard]] std::string_view text(std::string_view key) const {
         const auto found = fields_.find(key);
-        return found == fields_.end() ? std::string_view{} : std::string_view(found->second);
+        return found == fields_.end() ? std::string_view{} : std::string_view(found->second.value);
     }
-    void error(std::string_view message) const { log_(message, Severity::Error); }
-    void warning(std::string_view message) const { log_(message, Severity::Warning); }
+    void error(std::string_view message) const { log_(message, Severity::Error, 0); }
+    void warning(std::string_view message) const { log_(message, Severity::Warning, 0); }
 
     /// False, after an error, when the record lacks the field.
     [[nodiscard]] bool require(std::string_view key) const {
@@ -61,7 +61,7 @@ class FieldReader {
         std::string_view value = text(key);
         const auto number = scanInt(value);
         if (!number && has(key))
-            log_(message, severity);
+            log_(message, severity, 0);
         return number;
     }
     [[nodiscard]] std::optional<int> notNegative(std::string_view key,
@@ -107,7 +107,9 @@ class FieldReader {
         const auto degrees = parseUserCoordinate(text(key));
         if (degrees && std::abs(*degrees) <= highest)
             return degrees;
-        warning(formatText(kDatabaseTexts.invalidCoordinate, {key, text(key)}));
+        const auto found = fields_.find(key);
+        log_(formatText(kDatabaseTexts.invalidCoordinate, {key, text(key)}), Severity::Warning,
+             found != fields_.end() ? found->second.line : 0);
         return std::nullopt;
     }
 

@@ -11,13 +11,20 @@
 
 namespace korvel {
 
-/// The key=value lines of one record of a user database; values are never empty.
-using UserFields = std::map<std::string, std::string, std::less<>>;
+/// A value, which is never empty, and where it stands.
+struct UserField {
+    std::string value;
+    int line = 0;  ///< from 1
+};
+
+/// The key=value lines of one record of a user database.
+using UserFields = std::map<std::string, UserField, std::less<>>;
 
 enum class Severity { Error, Warning };
 
-/// Gets the messages about the record that is being built.
-using MessageSink = std::function<void(std::string_view message, Severity severity)>;
+/// Gets the messages about the record that is being built; `line` is that of the field in question,
+/// 0 for a message about the record as a whole.
+using MessageSink = std::function<void(std::string_view message, Severity severity, int line)>;
 
 // Both return null after an error that drops the record.
 std::unique_ptr<DatabaseRecord> buildUserAirport(const UserFields& fields, const MessageSink& log);

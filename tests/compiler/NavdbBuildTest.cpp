@@ -6,10 +6,13 @@
 
 #include "TempFolder.h"
 #include "compiler/NavdbBuild.h"
+#include "compiler/TownsCompiler.h"
 #include "geo/Geodesy.h"
 #include "navdb/NavDatabase.h"
 #include "navdb/file/DatabaseFile.h"
+#include "navdb/file/DatabaseVerify.h"
 #include "navdb/records/NavaidRecord.h"
+#include "navdb/search/NameSearch.h"
 #include "platform/FileIo.h"
 #include "platform/VirtualClock.h"
 
@@ -87,9 +90,9 @@ TEST_F(NavdbBuild, CompilesOurAirportsTables) {
     options_.source = NavdbSource::OurAirports;
     options_.folder = folder_.path();
     put("airports.csv",
-        "ident,type,name,latitude_deg,longitude_deg,elevation_ft\n"
-        "EDDL,large_airport,Düsseldorf Airport International,51.2895,6.7668,147\n"
-        "XH,heliport,Pad,10,10,\n");
+        "ident,type,name,latitude_deg,longitude_deg,elevation_ft,municipality\n"
+        "EDDL,large_airport,Düsseldorf Airport International,51.2895,6.7668,147,Düsseldorf\n"
+        "XH,heliport,Pad,10,10,,Ötztal\n");
     put("runways.csv",
         "airport_ident,length_ft,width_ft,surface,le_ident,he_ident,le_heading_degT\n"
         "EDDL,9843,0,CON,05R,23L,53\nXH,50,50,,H1,,90\n");
@@ -120,6 +123,15 @@ TEST_F(NavdbBuild, CompilesOurAirportsTables) {
     ASSERT_EQ(pad.runways.size(), 1U);
     EXPECT_EQ(pad.runways[0].ends.size(), 1U);
     EXPECT_FALSE(pad.runways[0].ends[0].magHeadingDeg);
+    EXPECT_EQ(pad.info, "Otztal");
+    const auto named = database.placesByName("dussel", kAllKinds, std::nullopt, 9);
+    ASSERT_EQ(named.size(), 2U) << "its name comes before its town's";
+    EXPECT_EQ(named[0].town + named[1].town, "");
+    const auto byTown = database.placesByName("OTZ", kAllKinds, std::nullopt, 9);
+    ASSERT_EQ(byTown.size(), 1U);
+    EXPECT_EQ(byTown[0].town, "Otztal");
+    EXPECT_EQ(database.recordOf(byTown[0].place)->key, "a.XH");
+    EXPECT_EQ(verifyDatabase(options_.output, clock_), "");
 }
 
 /// The bundled database, compiled once from the data that the project carries.
@@ -181,6 +193,29 @@ TEST_F(World, KnowsSeattlesAirport) {
     ASSERT_EQ(frequencies.size(), expected.size());
     for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_NEAR(frequencies[i], expected[i], 1e-6);
     EXPECT_EQ(database_.Find("a.SSS"), nullptr) << "not Singapore's WSSS";
+}
+
+TEST_F(World, IsSearchedByNamesAndTowns) {
+    const TempFolder folder;
+    const fs::path towns = folder / "world.twn";
+    ImportLog log;
+    ASSERT_EQ(buildTowns(fs::path(KORVEL_WORLD_DATA) / "places.dat.gz", towns, log), "");
+    EXPECT_GT(log.taken("towns"), 60000U);
+    EXPECT_EQ(log.malformedLines(), 0U);
+    const auto found = [this](std::string_view typed, std::optional<GeoPoint> near, std::size_t limit) {
+        std::string places;
+        for (const NamedPlace& each : database_.placesByName(typed, kAllKinds, near, limit))
+            places += std::string(each.place.ident.view()) + (each.town.empty() ? " " : "(" + each.town + ") ");
+        return places;
+    };
+    const GeoPoint seattle = at(47.5, -122.3);
+    EXPECT_NE(found("portl", seattle, 12).find("KPDX "), std::string::npos);
+    EXPECT_EQ(found("seatt taco", seattle, 9), "KSEA ");
+    EXPECT_EQ(found("copenh", at(54, 10), 9), "EKRK ");
+    ASSERT_EQ(database_.openTowns(towns), "");
+    EXPECT_NE(found("portl", seattle, 12).find("KPDX "), std::string::npos);
+    EXPECT_NE(found("copenh", at(54, 10), 9).find("EKCH(Copenhagen)"), std::string::npos) << "its own name is Kastrup";
+    EXPECT_NE(found("munich", std::nullopt, 9).find("EDDM(Munich)"), std::string::npos);
 }
 
 TEST_F(World, KnowsNavaidsFixesAndAirways) {

@@ -88,7 +88,7 @@ TEST(PlaceLayer, NamesKeepApartAndRunwaysCarryTheirNumbers) {
     auto details = std::make_shared<PlaceDetails>();
     details->runways = {{.ends = {map.ground({150, 100}), map.ground({250, 100})}, .ids = {"09", "27"}}};
     map.add("FIELD", {200, 100}, 9000).details = details;
-    map.add("STRIP", {600, 100}, 800).place.expired = true;
+    map.add("STRIP", {600, 100}, 800).place.pastDate = true;
     for (int i = 0; i < 30; ++i) map.add(numbered("N", 100 + i), {596.0 + i, 104.0 - i}, 700 - i);  // too many
     map.paint();
     ASSERT_NE(map.canvas.findText("(STRIP)"), nullptr) << "out of date";

@@ -332,6 +332,8 @@ TEST(DataCurrencyTest, EndsADayAfterTheMidnightOfTheExpiryInRegionKOnly) {
         {0xFFFFFFFF, 'K', midnight, false}};
     for (const auto& [expiry, region, now, isExpired] : cases)
         EXPECT_EQ(isOutOfDate(expiry, region, VirtualClock(now)), isExpired) << expiry << region;
+    EXPECT_TRUE(isPastDate(20070315, VirtualClock(midnight))) << "in any region";
+    EXPECT_FALSE(isPastDate(20070315, VirtualClock(lastSecond)));
 }
 
 TEST(DataCurrencyTest, CountsADayOf24HoursWhereTheClocksChange) {

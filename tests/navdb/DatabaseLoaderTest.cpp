@@ -97,6 +97,37 @@ TEST_F(DatabaseLoaderTest, MergesAndReports) {
     EXPECT_EQ(database_.nearest({.lat = 10 * kDegToRad, .lon = 10 * kDegToRad}, kAirportKind, 9, 99).size(), 2U);
 }
 
+TEST_F(DatabaseLoaderTest, ADatabaseReplacesThoseOfItsNameInLaterFolders) {
+    const std::vector<std::filesystem::path> folders{folder_ / "own", folder_ / "bundled"};
+    for (const auto& folder : folders) std::filesystem::create_directory(folder);
+    const auto write = [&](std::size_t folder, std::string_view name, std::string_view fix) {
+        TestDatabase content;
+        content.addFix(fix, 1, 1);
+        content.write(folders.at(folder), name);
+    };
+    write(0, "World.NG2", "OWN");
+    write(1, "world.ng2", "BUNDLED");
+    write(1, "more.ng2", "MORE");
+    const auto opened = [this] {
+        std::string names;
+        for (const auto& file : loader_.openedFiles()) names += file.name + (file.error.empty() ? " " : "! ");
+        return names;
+    };
+    EXPECT_TRUE(loader_.load(folders));
+    EXPECT_EQ(opened(), "World.NG2 more.ng2 ");
+    EXPECT_NE(database_.Find("OWN"), nullptr);
+    EXPECT_EQ(database_.Find("BUNDLED"), nullptr);
+    EXPECT_NE(database_.Find("MORE"), nullptr);
+    folder_.write("own/World.NG2", "torn");
+    EXPECT_TRUE(loader_.load(folders));
+    EXPECT_EQ(opened(), "World.NG2! world.ng2 more.ng2 ");
+    EXPECT_NE(database_.Find("BUNDLED"), nullptr) << "an old chart is better than none";
+    write(0, "extra.ng2", "EXTRA");
+    write(0, "world.ng2", "SAME FOLDER");
+    EXPECT_TRUE(loader_.load(folders));
+    EXPECT_EQ(opened(), "World.NG2! world.ng2 extra.ng2 world.ng2 more.ng2 ");
+}
+
 TEST_F(DatabaseLoaderTest, LoadsUserFilesWithoutADatabaseAndStartsAnew) {
     folder_.write("my.UDB.TXT", airport("KXYZ") + airport("XYZ"));
     const std::string first = load();

@@ -5,7 +5,9 @@
 #include "navdb/NavDatabase.h"
 #include "navdb/TestDatabase.h"
 #include "navdb/file/DatabaseFile.h"
+#include "navdb/records/AirportRecord.h"
 #include "navdb/records/NavaidRecord.h"
+#include "navdb/search/NameSearch.h"
 #include "navdb/user/UserRecordStore.h"
 #include "platform/VirtualClock.h"
 
@@ -220,6 +222,95 @@ TEST_F(NavDatabaseTest, ListsAirwayPiecesOfCurrentFilesInOrder) {
     undated.addFix("NEWER", 0, 0);
     open(undated);
     EXPECT_TRUE(database_.Find("f.NEWER")->expired);
+}
+
+TEST_F(NavDatabaseTest, ShowsAPlaceOfTwoFilesOnceAsTheLaterHasIt) {
+    TestDatabase older;
+    older.expiry = 20230101;
+    older.region = 'w';
+    older.addNavaid("ABC", 10, 10, 0x20, 110.0);
+    older.addAirport("EDDX", 10, 20, "older");
+    older.addFix("MOVED", 30, 30);
+    older.addFix("GONE", 40, 40);
+    TestDatabase added;
+    added.expiry = 20250101;
+    added.region = 'w';
+    added.addNavaid("ABC", 10 + 0.9 * kNm, 10, 0x20, 112.0);
+    added.addAirport("EDDX", 10, 20, "later");
+    added.addFix("MOVED", 30 + 1.1 * kNm, 30);
+    for (const bool laterFirst : {false, true}) {
+        database_.clear();
+        open(laterFirst ? added : older);
+        open(laterFirst ? older : added);
+        const std::string laterFile = laterFirst ? " 0" : " 1";
+        const std::string olderFile = laterFirst ? " 1" : " 0";
+        EXPECT_EQ(find("v.ABC"), "v.ABC" + laterFile);
+        EXPECT_EQ(find("ABC", at(10, 10)), "v.ABC" + laterFile) << "though the older one is nearer";
+        EXPECT_EQ(database_.Find("EDDX")->GetName(), "later");
+        EXPECT_FALSE(database_.Find("EDDX")->pastDate);
+        EXPECT_EQ(find("GONE"), "f.GONE" + olderFile) << "what one file alone holds is added";
+        EXPECT_TRUE(database_.Find("GONE")->pastDate);
+        EXPECT_FALSE(database_.Find("GONE")->expired) << "its region's data go on being used";
+        EXPECT_EQ(find("MOVED", at(29, 30)), "f.MOVED" + olderFile) << "more than a mile away";
+        std::vector<Place> places;
+        EXPECT_TRUE(database_.placesBeginning("", kAllKinds, 99, places));
+        EXPECT_EQ(places.size(), 5U);
+        database_.placesNamed("ABC", kAllKinds, 99, places);
+        EXPECT_EQ(places.size(), 1U);
+        EXPECT_EQ(database_.nearest(at(10, 10), kAllKinds, 9, 99).size(), 1U);
+        // A row that the user's own replaces hides nothing.
+        ASSERT_NE(database_.FindInIndex("EDDX", "AptKey", "_APT", std::nullopt, 0), nullptr);
+        database_.exclude(*database_.lastMatch());
+        ASSERT_NE(database_.FindInIndex("EDDX", "AptKey", "_APT", std::nullopt, 0), nullptr);
+        EXPECT_EQ(database_.lastMatch()->file, laterFirst ? 1 : 0);
+    }
+}
+
+TEST_F(NavDatabaseTest, AnAirwayIsTheLaterFilesUnlessItRunsElsewhere) {
+    TestDatabase older;
+    older.expiry = 20230101;
+    older.region = 'w';
+    for (const std::string_view route : {"A B C", "C X", "FAR AWAY"}) older.addAirway("V1", route);
+    TestDatabase later;
+    later.expiry = 20250101;
+    later.region = 'w';
+    later.addAirway("V1", "A\nNEW C");
+    TestDatabase same = later;
+    same.addAirway("V1", "NEW C D");
+    open(older);
+    open(later);
+    open(same);
+    std::vector<std::string> routes;
+    database_.GetAirwayRoutes("V1", routes);
+    EXPECT_EQ(routes, (std::vector<std::string>{"C X", "FAR AWAY", "A\nNEW C", "NEW C D"}));
+}
+
+TEST_F(NavDatabaseTest, FindsPlacesByWordsOfTheirNames) {
+    TestDatabase content;
+    content.addAirport("KPDX", 45.6, -122.6, "Portland Intl");
+    content.addAirport("KPWM", 43.6, -70.3, "Portland Jetport");
+    content.addAirport("OTHER", 45.7, -122.6, "Sportland");
+    open(content);
+    UserRecordStore own;
+    auto strip = std::make_unique<AirportRecord>();
+    strip->key = "a.OWN";
+    strip->ident.assign("OWN");
+    strip->position = at(44, -122.6);
+    strip->SetName("Bob's PORTLAND-strip");
+    own.add(std::move(strip));
+    database_.setUserRecords(&own);
+    const auto found = [this](std::string_view typed, std::optional<GeoPoint> near) {
+        std::string idents;
+        for (const NamedPlace& each : database_.placesByName(typed, kAllKinds, near, 9))
+            idents += std::string(each.place.ident.view()) + ' ';
+        return idents;
+    };
+    // A file without an index of names: what is near.
+    EXPECT_EQ(found("portl", at(45.6, -122)), "KPDX OWN ");
+    EXPECT_EQ(found("portland i", at(45.6, -122)), "KPDX OWN ") << "words of one letter do not count";
+    EXPECT_EQ(found("INTL port", at(45.6, -122)), "KPDX ");
+    EXPECT_EQ(found("po", at(45.6, -122)), "");
+    EXPECT_EQ(found("portl", std::nullopt), "OWN ");
 }
 
 }}  // namespace korvel

@@ -132,6 +132,19 @@ TEST_F(PlaceSearchTest, AgreesWithLookingAtEveryPlaceWithAndWithoutAnAreaGrid) {
     }
 }
 
+TEST_F(PlaceSearchTest, FindsWhatTwoFilesHoldOnce) {
+    TestDatabase older = content_;
+    older.expiry = 20090101;
+    older.region = 'w';
+    open();
+    ASSERT_EQ(database_.openFile(older.write(folder_.path(), "older.ng2")), "");
+    checkAll();
+    std::vector<Place> places;
+    database_.placesIn({-90, -180, 90, 180}, kAllKinds, 100000, places);
+    EXPECT_TRUE(
+        std::ranges::all_of(places, [](const Place& place) { return place.match.file <= 0 && !place.pastDate; }));
+}
+
 TEST_F(PlaceSearchTest, DoesNotBelieveAGridThatTheRowsContradict) {
     const auto truth = content_.bytes();
     auto bytes = truth;

@@ -134,13 +134,13 @@ TEST_F(UserDatabaseReaderTest, ReportsWhatIsWrongWithItsLine) {
             warning(11, "Invalid MAG-VAR.") + warning(11, "Invalid ELEV.") + error(11, "Invalid RWY.LEN.") +
                 error(11, "Invalid RWY.WIDTH.") + warning(11, "Invalid PATTERN field."),
             1},
-        {vor + "POSN.LAT=47,5\nFREQ=110\nNAVAID_END\n", warning(10, "Invalid POSN.LAT: 47,5"), 0},
-        {vor + "POSN.LON=475.5\nFREQ=110\nNAVAID_END\n", warning(10, "Invalid POSN.LON: 475.5"), 0},
+        {vor + "POSN.LAT=47,5\nFREQ=110\nNAVAID_END\n", warning(8, "Invalid POSN.LAT: 47,5"), 0},
+        {vor + "POSN.LON=475.5\nFREQ=110\nNAVAID_END\n", warning(8, "Invalid POSN.LON: 475.5"), 0},
         {"NAVAID_BEGIN\nID=A\nNAME=B\nTYPE=FIX\nPOSN.LAT=abc\nPOSN.LON=47:30:15\nNAVAID_END\n",
-            warning(7, "Invalid POSN.LAT: abc") + warning(7, "Invalid POSN.LON: 47:30:15"), 0},
-        {airport + "POSN.LAT=90.1\nELEV=x\nARPT_END\n", warning(8, "Invalid POSN.LAT: 90.1"), 0},
+            warning(5, "Invalid POSN.LAT: abc") + warning(6, "Invalid POSN.LON: 47:30:15"), 0},
+        {airport + "POSN.LAT=90.1\nELEV=x\nARPT_END\n", warning(6, "Invalid POSN.LAT: 90.1"), 0},
         {airport + "ELEV=100001\nRWY1.LEN=1\nRWY1.LO.ELEV=-2001\nRWY1.LO.POSN.LAT=1\nRWY1.LO.POSN.LON=181\nARPT_END\n",
-            warning(11, "Invalid ELEV.") + warning(11, "Invalid RWY1.LO.POSN.LON: 181") + warning(11, "Invalid ELEV."),
+            warning(11, "Invalid ELEV.") + warning(10, "Invalid RWY1.LO.POSN.LON: 181") + warning(11, "Invalid ELEV."),
             1}};
     for (const auto& [text, logged, records] : cases) {
         EXPECT_EQ(read(text), logged) << text;

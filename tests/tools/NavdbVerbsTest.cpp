@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -85,6 +86,25 @@ TEST_F(NavdbVerbs, SearchTheDataFolder) {
     EXPECT_TRUE(loaded["report"].get<std::string>().ends_with(
         "Airport KSEA in .NG2 file replaced w/ entry in .UDB.TXT file.\r\n"
         "Nav f.FOO not used. Already exists in a .NG2 file.\r\n"));
+}
+
+/// What is built without a name goes where it replaces the bundled database.
+TEST_F(NavdbVerbs, BuildsIntoTheDocumentsFolder) {
+    const char* const home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe)
+    const std::string before = home != nullptr ? home : "";
+    const std::string fix = folder_.write("fix.dat", "I\n600 Version\n 47.7 8.2 06TRA\n99\n").string();
+    const std::vector<std::string> build{"navdb", "build", "--from", "xplane", "--fix", fix, "--json"};
+    ::setenv("HOME", folder_.path().c_str(), 1);             // NOLINT(concurrency-mt-unsafe)
+    ::setenv("XDG_CONFIG_HOME", folder_.path().c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
+    EXPECT_EQ(runTool(build).status, 2) << "no documents folder";
+    std::filesystem::create_directory(folder_ / "Documents");
+    const ToolResult built = runTool(build);
+    ::setenv("HOME", before.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
+    ::unsetenv("XDG_CONFIG_HOME");        // NOLINT(concurrency-mt-unsafe)
+    EXPECT_EQ(built.status, 0) << built.errors;
+    const std::filesystem::path output = folder_ / "Documents/world.ng2";
+    EXPECT_EQ(Json::parse(built.output)["output"], output.string());
+    EXPECT_EQ(runTool({"navdb", "verify", output.string()}).status, 0);
 }
 
 }}  // namespace korvel
