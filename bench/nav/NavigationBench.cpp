@@ -67,7 +67,10 @@ BENCHMARK(enterRoute)->Unit(benchmark::kMillisecond);
 
 /// The bundled database of the world.
 struct BundledWorld {
-    BundledWorld() : error(database.openFile(KORVEL_WORLD_DATABASE)) {}
+    BundledWorld() : error(database.openFile(KORVEL_WORLD_DATABASE)) {
+        error += database.openTowns(
+            std::filesystem::path(KORVEL_WORLD_DATABASE).replace_extension("twn"));
+    }
     VirtualClock clock;
     NavDatabase database{clock};
     GeneratedFixes fixes;
@@ -103,6 +106,8 @@ void completeWord(benchmark::State& state, const char* typed) {
 BENCHMARK_CAPTURE(completeWord, one letter, "S")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(completeWord, two letters, "SE")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(completeWord, four letters, "KSEA")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(completeWord, a name, "PORTL")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(completeWord, a word of many names, "SAN")->Unit(benchmark::kMillisecond);
 
 /// A tick with a plan of 100 entries and a track of 100,000 points.
 void navUpdate(benchmark::State& state) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -28,26 +29,21 @@ struct Candidate {
 };
 using Candidates = std::vector<Candidate>;
 
-KindMask kindsOf(std::string_view key) {
-    for (const KindMask kind : {kVorKind, kNdbKind, kFixKind, kAirportKind})
-        if (hasKindPrefix(key) && key.front() == kindLetter(kind))
-            return kind;
-    return kAllKinds;
-}
-
 Candidates namesakes(std::string_view key, const NavDatabase& database) {
     std::vector<Place> places;
-    const std::string_view ident = identOfKey(key);
-    database.placesBeginning(ident, kindsOf(key), kMostNamesakes, places);
-    Candidates found;
-    Candidates airports;  // airways lead over them only where there is nothing else
-    for (const Place& place : places) {
-        if (place.ident.view() == ident && IsValid(place.position)) {
-            auto& list = (place.kind & kAirportBit) != 0 ? airports : found;
-            list.push_back({.position = place.position, .place = place});
+    const KindMask kinds = kindsOfKey(key);
+    // Airways lead over airports only where there is nothing else.
+    for (const KindMask group : {kinds & ~kAirportKind, kinds & kAirportKind}) {
+        if (places.empty() && group != 0) {
+            database.placesNamed(identOfKey(key), group, kMostNamesakes, places);
+            std::erase_if(places, [](const Place& place) { return !IsValid(place.position); });
         }
     }
-    return found.empty() ? airports : found;
+    Candidates found;
+    found.reserve(places.size());
+    for (const Place& place : places)
+        found.push_back({.position = place.position, .place = place});
+    return found;
 }
 
 /// Finds the shortest way to each candidate; `before` are those of the identifier before it.
@@ -64,32 +60,69 @@ void reach(Candidates& candidates, const Candidates& before) {
     }
 }
 
+/// The places that the identifiers of a piece may mean, looked up when they are asked for.
+class Steps {
+ public:
+    Steps(std::span<const std::string> piece, std::span<const Record> known,
+          const NavDatabase& database, const GeneratedFixes& fixes)
+        : piece_(piece), known_(known), database_(database), fixes_(fixes), steps_(piece.size()) {}
+
+    Candidates& at(std::size_t i) {
+        if (!steps_[i]) {
+            const Record record = known_[i] ? known_[i] : fixes_.find(piece_[i]);
+            steps_[i] = record ? Candidates{{.position = record->position, .record = record}}
+                               : namesakes(piece_[i], database_);
+        }
+        return *steps_[i];
+    }
+
+    /// The nearest step from there on, backwards or forwards, where there is nothing to choose:
+    /// what lies beyond it changes no choice on this side. The end of the piece if there is none.
+    std::size_t anchorBefore(std::size_t i) {
+        while (i > 0 && at(i).size() != 1)
+            --i;
+        return i;
+    }
+    std::size_t anchorBehind(std::size_t i) {
+        while (i + 1 < piece_.size() && at(i).size() != 1)
+            ++i;
+        return i;
+    }
+
+ private:
+    std::span<const std::string> piece_;
+    std::span<const Record> known_;
+    const NavDatabase& database_;
+    const GeneratedFixes& fixes_;
+    std::vector<std::optional<Candidates>> steps_;
+};
+
 }  // namespace
 
 std::vector<Record> placesAlong(std::span<const std::string> piece, std::span<const Record> known,
-                                const NavDatabase& database, const GeneratedFixes& fixes) {
-    std::vector<std::pair<std::size_t, Candidates>> steps;  // of those that are to be found
-    for (std::size_t i = 0; i < piece.size(); ++i) {
-        const Record record = known[i] ? known[i] : fixes.find(piece[i]);
-        Candidates candidates = record
-                                    ? Candidates{{.position = record->position, .record = record}}
-                                    : namesakes(piece[i], database);
-        if (candidates.empty())
-            continue;
-        if (!steps.empty())
-            reach(candidates, steps.back().second);
-        steps.emplace_back(i, std::move(candidates));
-    }
+                                PieceRange wanted, const NavDatabase& database,
+                                const GeneratedFixes& fixes) {
     std::vector<Record> records(piece.size());
-    if (steps.empty())
+    Steps steps(piece, known, database, fixes);
+    const std::size_t last = steps.anchorBehind(wanted.last);
+    std::vector<std::size_t> way;  // the steps that lead over a place
+    for (std::size_t i = steps.anchorBefore(wanted.first); i <= last; ++i) {
+        if (steps.at(i).empty())
+            continue;
+        if (!way.empty())
+            reach(steps.at(i), steps.at(way.back()));
+        way.push_back(i);
+    }
+    if (way.empty())
         return records;
-    auto chosen = std::ranges::min_element(steps.back().second, {}, &Candidate::wayNm) -
-                  steps.back().second.begin();
-    for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
-        const Candidate& candidate = step->second[static_cast<std::size_t>(chosen)];
-        records[step->first] =
-            candidate.record ? candidate.record : database.recordOf(candidate.place);
-        chosen = static_cast<std::ptrdiff_t>(candidate.before);
+    const Candidates& ends = steps.at(way.back());
+    auto chosen = static_cast<std::size_t>(std::ranges::min_element(ends, {}, &Candidate::wayNm) -
+                                           ends.begin());
+    for (auto i = way.rbegin(); i != way.rend(); ++i) {
+        const Candidate& candidate = steps.at(*i)[chosen];
+        if (*i >= wanted.first && *i <= wanted.last)
+            records[*i] = candidate.record ? candidate.record : database.recordOf(candidate.place);
+        chosen = candidate.before;
     }
     return records;
 }

@@ -2,6 +2,7 @@
 
 #include "nav/plan/GeneratedFixes.h"
 #include "navdb/NavDatabase.h"
+#include "navdb/records/RecordKey.h"
 
 namespace korvel {
 
@@ -15,6 +16,12 @@ std::shared_ptr<const DatabaseRecord> PlaceLookup::peekDatabase(std::string_view
     const DatabaseRecord* const found = database_->Find(key, near_);
     // A place without a position cannot be flown to.
     return found != nullptr && IsValid(found->position) ? found->Clone() : nullptr;
+}
+
+std::shared_ptr<const DatabaseRecord> PlaceLookup::peekPrefixed(std::string_view ident) const {
+    if (icaoPrefix_.empty() || hasKindPrefix(ident))
+        return nullptr;
+    return peekDatabase(makeRecordKey(kAirportKind, icaoPrefix_ + std::string(ident)));
 }
 
 std::shared_ptr<const DatabaseRecord> PlaceLookup::next(std::string_view key) {

@@ -2,7 +2,9 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <utility>
 
 #include "geo/GeoPoint.h"
 #include "navdb/records/DatabaseRecord.h"
@@ -28,6 +30,12 @@ class PlaceLookup {
     /// The same without the generated fixes.
     [[nodiscard]] std::shared_ptr<const DatabaseRecord> peekDatabase(std::string_view key) const;
 
+    /// From now on an identifier that nobody has may lack these letters in front, if there is an
+    /// airport with them: what pilots of one country leave out.
+    void setIcaoPrefix(std::string prefix) { icaoPrefix_ = std::move(prefix); }
+    /// That airport; null when there is none, for a key with its kind, and without a prefix.
+    [[nodiscard]] std::shared_ptr<const DatabaseRecord> peekPrefixed(std::string_view ident) const;
+
     void moveTo(GeoPoint position) { near_ = position; }
     [[nodiscard]] const NavDatabase& database() const { return *database_; }
 
@@ -35,6 +43,7 @@ class PlaceLookup {
     NavDatabase* database_;
     const GeneratedFixes* fixes_;
     std::optional<GeoPoint> near_;
+    std::string icaoPrefix_;
 };
 
 }  // namespace korvel

@@ -8,6 +8,7 @@
 #include "base/Ascii.h"
 #include "geo/Geodesy.h"
 #include "navdb/NavDatabase.h"
+#include "navdb/search/NameSearch.h"
 
 namespace korvel {
 namespace {
@@ -18,20 +19,15 @@ constexpr std::size_t kMostAround = 2000;
 
 struct Candidate {
     Place place{};
+    std::string town{};
     double distanceNm = std::numeric_limits<double>::infinity();
-    bool isExact = false;
+    bool isExact = false;    ///< spelled just so
+    bool isCertain = false;  ///< and near enough to be meant
 
     [[nodiscard]] auto rank() const {
-        return std::tuple(!isExact, distanceNm, place.ident.view(), place.kind);
+        return std::tuple(!isCertain, distanceNm, place.ident.view(), place.kind);
     }
 };
-
-KindMask kindsOfLetter(char letter) {
-    for (const KindMask kind : {kVorKind, kNdbKind, kFixKind, kAirportKind})
-        if (kindLetter(kind) == letter)
-            return kind;
-    return kAllKinds;
-}
 
 void addAround(const NavDatabase& database, std::string_view beginning, GeoPoint near,
                KindMask kinds, std::vector<Place>& places) {
@@ -40,9 +36,53 @@ void addAround(const NavDatabase& database, std::string_view beginning, GeoPoint
             places.push_back(around.place);
 }
 
+Candidate candidateFor(const Place& place, std::string town, std::string_view typed,
+                       std::optional<GeoPoint> near) {
+    Candidate candidate{.place = place, .town = std::move(town)};
+    candidate.isExact = place.ident.view() == typed;
+    if (near)
+        candidate.distanceNm = DistanceNm(*near, place.position);
+    candidate.isCertain = candidate.isExact && (!near || candidate.distanceNm <= kSurelyMeantNm);
+    return candidate;
+}
+
+std::vector<Candidate> findCandidates(const NavDatabase& database, std::string_view typed,
+                                      KindMask kinds, std::optional<GeoPoint> near,
+                                      std::size_t limit) {
+    std::vector<Place> places;
+    if (!database.placesBeginning(typed, kinds, kMostRows, places) && near)
+        addAround(database, typed, *near, kinds, places);
+    std::vector<Candidate> candidates;
+    candidates.reserve(places.size());
+    for (const Place& place : places)
+        candidates.push_back(candidateFor(place, {}, typed, near));
+    for (NamedPlace& found : database.placesByName(typed, kinds, near, limit))
+        candidates.push_back(candidateFor(found.place, std::move(found.town), typed, near));
+    std::ranges::stable_sort(candidates, {}, &Candidate::rank);
+    return candidates;
+}
+
 bool isSamePlace(const Candidate& a, const Candidate& b) {
-    return a.place.kind == b.place.kind && a.place.ident.view() == b.place.ident.view() &&
+    return a.place.kind == b.place.kind && a.place.ident == b.place.ident &&
            SamePoint(a.place.position, b.place.position);
+}
+
+/// What was found by its identifier and by its name, too, or as a row of two indexes, stays once.
+/// The candidates are in the order of their ranks.
+void dropRepeats(std::vector<Candidate>& candidates) {
+    candidates.erase(std::unique(candidates.begin(), candidates.end(), isSamePlace),
+                     candidates.end());
+}
+
+/// The nearest that is spelled just so stays even where many others are nearer.
+void keepFirst(std::vector<Candidate>& candidates, std::size_t limit) {
+    if (candidates.size() <= limit || limit == 0)
+        return candidates.resize(std::min(candidates.size(), limit));
+    const auto exact = std::ranges::find(candidates, true, &Candidate::isExact);
+    if (exact - candidates.begin() >= static_cast<std::ptrdiff_t>(limit) &&
+        exact != candidates.end())
+        candidates[limit - 1] = std::move(*exact);
+    candidates.resize(limit);
 }
 
 }  // namespace
@@ -52,36 +92,37 @@ std::vector<PlaceMatch> placeMatches(const NavDatabase& database, std::string_vi
     const std::string beginning = inCapitals(identOfKey(typed));
     if (beginning.empty())
         return {};
-    const KindMask kinds = hasKindPrefix(typed) ? kindsOfLetter(typed.front()) : kAllKinds;
-    std::vector<Place> places;
-    if (!database.placesBeginning(beginning, kinds, kMostRows, places) && near)
-        addAround(database, beginning, *near, kinds, places);
-    std::vector<Candidate> candidates;
-    for (const Place& place : places) {
-        Candidate candidate{.isExact = place.ident.view() == beginning};
-        if (near)
-            candidate.distanceNm = DistanceNm(*near, place.position);
-        candidate.place = place;
-        candidates.push_back(candidate);
-    }
-    std::ranges::sort(candidates, {}, &Candidate::rank);
-    candidates.erase(std::unique(candidates.begin(), candidates.end(), isSamePlace),
-                     candidates.end());
-    candidates.resize(std::min(candidates.size(), limit));
+    const KindMask kinds = kindsOfKey(typed);
+    std::vector<Candidate> candidates = findCandidates(database, beginning, kinds, near, limit);
+    dropRepeats(candidates);
+    keepFirst(candidates, limit);
     std::vector<PlaceMatch> matches;
     for (const Candidate& candidate : candidates) {
         if (const auto record = database.recordOf(candidate.place)) {
-            matches.push_back(
-                {.key = record->key,
-                 .ident = std::string(record->ident.view()),
-                 .name = std::string(record->GetName()),
-                 .kind = candidate.place.kind,
-                 .position = record->position,
-                 .distanceNm = near ? std::optional(candidate.distanceNm) : std::nullopt,
-                 .expired = record->expired});
+            PlaceMatch match = matchOf(*record, near);
+            match.town = candidate.town;
+            match.isExact = candidate.isExact;
+            matches.push_back(std::move(match));
         }
     }
     return matches;
+}
+
+const PlaceMatch* meantPlace(std::span<const PlaceMatch> matches) {
+    const auto exact = std::ranges::find(matches, true, &PlaceMatch::isExact);
+    return exact != matches.end() ? &*exact : nullptr;
+}
+
+PlaceMatch matchOf(const DatabaseRecord& record, std::optional<GeoPoint> near) {
+    return {.key = record.key,
+            .ident = std::string(record.ident.view()),
+            .name = std::string(record.GetName()),
+            .town = {},
+            .kind = record.GetKind(),
+            .position = record.position,
+            .distanceNm = near ? std::optional(DistanceNm(*near, record.position)) : std::nullopt,
+            .expired = record.pastDate,
+            .isExact = false};
 }
 
 std::vector<PlaceMatch> withPrefixed(std::vector<PlaceMatch> matches,

@@ -34,12 +34,12 @@ std::string lineFrom(const PlanWaypoint* before, std::string_view words) {
 
 PlanEditResult insertWords(const PlanEntries& entries, std::size_t row, std::string_view words,
                            NavDatabase& database, GeneratedFixes& fixes,
-                           std::optional<GeoPoint> present) {
+                           std::optional<GeoPoint> present, const std::string& icaoPrefix) {
     row = std::min(row, entries.size());
     const PlanWaypoint* const before = row > 0 ? &entries[row - 1] : nullptr;
     const PlanWaypoint* const behind = row < entries.size() ? &entries[row] : nullptr;
     const PlanWaypoint* const near = before != nullptr ? before : behind;
-    RouteEntry route(database, fixes, near != nullptr ? near->position() : present);
+    RouteEntry route(database, fixes, near != nullptr ? near->position() : present, icaoPrefix);
     RouteResult result = route.EnterRoute(lineFrom(before, words), true);
     if (!result.error.empty())
         return {.error = std::move(result.error), .entries = entries, .row = row};

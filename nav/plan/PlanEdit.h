@@ -28,10 +28,11 @@ struct PlanEditResult {
 
 /// Puts what the pilot typed before the entry `row` (the count of entries: behind the last). The
 /// words are looked up near the entry before them, else near the one behind, else near `present`.
-/// An airway may come first: it is then flown from the entry before it.
+/// An airway may come first: it is then flown from the entry before it. `icaoPrefix` as in
+/// RouteEntry.
 PlanEditResult insertWords(const PlanEntries& entries, std::size_t row, std::string_view words,
                            NavDatabase& database, GeneratedFixes& fixes,
-                           std::optional<GeoPoint> present);
+                           std::optional<GeoPoint> present, const std::string& icaoPrefix = {});
 
 /// The same with a place that is known already, under its key.
 PlanEntries withRecord(PlanEntries entries, std::size_t row,

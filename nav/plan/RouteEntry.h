@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "geo/GeoPoint.h"
@@ -22,15 +24,23 @@ struct RouteResult {
     std::string error;
     /// The plan; on an error one element, whose `text` is the word that could not be resolved.
     std::vector<PlanWaypoint> entries;
+    /// On an error, which word of the line that is, from 0; of an airway that leads into another it
+    /// is the airway.
+    std::size_t errorWord = 0;
 };
 
 /// Turns a line of identifiers into the entries of a plan. User-interface thread only.
 class RouteEntry {
  public:
     /// `present` is where the aircraft is, if that is known: the first word is looked up near it,
-    /// every other one near the place before it.
-    RouteEntry(NavDatabase& database, GeneratedFixes& fixes, std::optional<GeoPoint> present)
-        : database_(database), fixes_(fixes), present_(present) {}
+    /// every other one near the place before it. A word that is nothing else is taken for an
+    /// airport without the letters of `icaoPrefix` in front.
+    RouteEntry(NavDatabase& database, GeneratedFixes& fixes, std::optional<GeoPoint> present,
+               std::string icaoPrefix = {})
+        : database_(database),
+          fixes_(fixes),
+          present_(present),
+          icaoPrefix_(std::move(icaoPrefix)) {}
 
     /// Without airways every word must be a place.
     RouteResult EnterRoute(std::string_view text, bool withAirways);
@@ -43,6 +53,7 @@ class RouteEntry {
     NavDatabase& database_;
     GeneratedFixes& fixes_;
     std::optional<GeoPoint> present_;
+    std::string icaoPrefix_;
 };
 
 }  // namespace korvel

@@ -70,9 +70,10 @@ RouteResult RouteExpansion::run() {
     return std::move(result_);
 }
 
-void RouteExpansion::keep(std::string message, std::string_view word) {
+void RouteExpansion::keep(std::string message, std::string_view word, std::size_t number) {
     if (failure_.error.empty()) {
         failure_.error = std::move(message);
+        failure_.errorWord = number;
         failure_.entries.assign(1, {});
         failure_.entries.front().text = word;
     }
@@ -80,7 +81,7 @@ void RouteExpansion::keep(std::string message, std::string_view word) {
 
 RouteExpansion::Step RouteExpansion::fail(std::string message) {
     failure_ = {};
-    keep(std::move(message), words_[current_]);
+    keep(std::move(message), words_[current_], current_);
     return Step::Failed;
 }
 
@@ -91,17 +92,25 @@ RouteExpansion::Step RouteExpansion::takeWord() {
         return takeAirway(word.ident);
     if (word.unreadable)
         return fail(std::string(text(kFlightTexts.invalidAltitude)));
-    const bool isCertain = record != nullptr;
-    if (!isCertain)
+    PlanWaypoint entry{.text = words_[current_],
+                       .key = std::string(word.ident),
+                       .altitudeFt = word.altitudeFt,
+                       .record = {}};
+    entryIsCertain_ = record != nullptr;
+    if (!record)
         record = lookup_.peek(word.ident);
+    if (!record && !airways_.contains(word.ident)) {
+        record = lookup_.peekPrefixed(word.ident);
+        if (record) {
+            entry.key = record->key;
+            entry.text = record->key + altitudeSuffix(word.altitudeFt);
+        }
+    }
     if (!record)
         return takeAirway(word.ident);
-    entryIsCertain_ = isCertain;
     lookup_.moveTo(record->position);
-    result_.entries.push_back({.text = words_[current_],
-                               .key = std::string(word.ident),
-                               .altitudeFt = word.altitudeFt,
-                               .record = std::move(record)});
+    entry.record = std::move(record);
+    result_.entries.push_back(std::move(entry));
     return Step::Next;
 }
 
@@ -144,19 +153,19 @@ bool RouteExpansion::lookAround(Airway& airway) {
 RouteExpansion::Step RouteExpansion::takeSegment(const Airway& airway, const Segment& segment) {
     const auto entry = indexOf(segment, airway.entry);
     if (!entry) {
-        keep(missingFix(airway.entry, airway.name), words_[current_]);
+        keep(missingFix(airway.entry, airway.name), words_[current_], current_);
         return Step::NotHere;
     }
     const auto exit = indexOf(segment, airway.exit);
     if (!exit && airway.nextAirway == nullptr) {
-        keep(missingFix(airway.exit, airway.name), words_[current_]);
+        keep(missingFix(airway.exit, airway.name), words_[current_], current_);
         return Step::NotHere;
     }
     const Records places = placesOf(airway, segment, *entry, exit);
     if (!exit) {
         if (join(airway, segment, places, *entry))
             return Step::Done;
-        keep(missingFix(airway.exit, airway.name), words_[current_]);
+        keep(missingFix(airway.exit, airway.name), words_[current_], current_);
         return Step::NotHere;
     }
     const Stretch stretch{.segment = segment, .places = places, .from = *entry, .to = *exit};
@@ -176,7 +185,10 @@ RouteExpansion::Records RouteExpansion::placesOf(const Airway& airway, Segment s
     takeKind(segment[entry], airway.entryKey);
     if (exit)
         takeKind(segment[*exit], airway.exitKey);
-    return placesAlong(segment, known, lookup_.database(), fixes_);
+    const PieceRange wanted =
+        exit ? PieceRange{.first = std::min(entry, *exit), .last = std::max(entry, *exit)}
+             : PieceRange{.first = 0, .last = segment.size() - 1};
+    return placesAlong(segment, known, wanted, lookup_.database(), fixes_);
 }
 
 std::optional<std::string> RouteExpansion::fly(const Stretch& stretch,
@@ -210,8 +222,11 @@ bool RouteExpansion::joinAtCrossing(const Airway& airway, const Segment& segment
                                     const Records& places, std::size_t entry) {
     const std::vector<GeoPoint> own = positions(places);
     for (const Segment& other : airway.nextAirway->second) {
+        if (other.empty())
+            continue;
         const Records otherPlaces =
-            placesAlong(other, Records(other.size()), lookup_.database(), fixes_);
+            placesAlong(other, Records(other.size()), {.first = 0, .last = other.size() - 1},
+                        lookup_.database(), fixes_);
         const AirwayCrossing crossing = FindAirwayCrossing(own, positions(otherPlaces));
         if (!IsValid(crossing.position))
             continue;
@@ -234,7 +249,7 @@ bool RouteExpansion::continueAt(const Airway& airway, const Stretch& stretch,
         return false;
     std::vector<PlanWaypoint> entries = result_.entries;
     if (const auto missing = fly(stretch, entries)) {
-        keep(missingFix(*missing, airway.name), words_[current_]);
+        keep(missingFix(*missing, airway.name), words_[current_], current_);
         return false;
     }
     PlaceLookup lookup = lookup_;
@@ -244,7 +259,8 @@ bool RouteExpansion::continueAt(const Airway& airway, const Stretch& stretch,
                  words_.end());
     RouteResult rest = RouteExpansion(lookup, fixes_, words, airways_, triesLeft_, junction).run();
     if (!rest.error.empty()) {
-        keep(std::move(rest.error), rest.entries.front().text);
+        // Of the rest's words the first one is the junction, which stands in no line.
+        keep(std::move(rest.error), rest.entries.front().text, current_ + rest.errorWord);
         return false;
     }
     entries.insert(entries.end(), std::make_move_iterator(rest.entries.begin()),

@@ -91,7 +91,7 @@ class RouteExpansion {
     bool continueAt(const Airway& airway, const Stretch& stretch, const std::string& name,
                     const Junction& junction);
 
-    /// The places of the segment that the airway is entered and left at; `exit` may be none.
+    /// The places of the segment from the entry to the exit; without an exit all of them.
     [[nodiscard]] Records placesOf(const Airway& airway, Segment segment, std::size_t entry,
                                    std::optional<std::size_t> exit) const;
     /// Appends the fixes strictly between the ends in the order of travel; the last element of the
@@ -100,7 +100,7 @@ class RouteExpansion {
     std::optional<std::string> fly(const Stretch& stretch, std::vector<PlanWaypoint>& list) const;
 
     Step fail(std::string message);
-    void keep(std::string message, std::string_view word);
+    void keep(std::string message, std::string_view word, std::size_t number);
 
     PlaceLookup lookup_;
     GeneratedFixes& fixes_;

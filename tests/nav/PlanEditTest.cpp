@@ -7,6 +7,7 @@
 #include "nav/plan/RouteCheck.h"
 #include "nav/plan/RouteEntry.h"
 #include "nav/plan/RouteWords.h"
+#include "nav/plan/TypedRoutes.h"
 #include "navdb/TestDatabase.h"
 
 namespace korvel { namespace {
@@ -78,7 +79,7 @@ TEST_F(PlanEditTest, TheLineOfAPlanEntersItAgain) {
 TEST_F(PlanEditTest, TypedLineIsChecked) {
     using Kind = CheckedWord::Kind;
     const auto kinds = [this](std::string_view line) {
-        const RouteCheck check = checkRoute(line, database_, fixes_, degrees(0, 0));
+        const RouteCheck check = checkRoute(line, database_, fixes_, {degrees(0, 0)});
         std::string found;
         for (const CheckedWord& word : check.words) {
             found += "PAUB"[static_cast<std::size_t>(word.kind)];
@@ -90,10 +91,12 @@ TEST_F(PlanEditTest, TypedLineIsChecked) {
     EXPECT_EQ(kinds("A1 V1 D1@55 LONE"), "PAPP");
     EXPECT_EQ(kinds("A1 V1"), "PA! refused");
     EXPECT_EQ(kinds("LONE V1 D1"), "PA!P refused");
+    EXPECT_EQ(kinds("A1 V1 D1 LONE V1 D1"), "PAPPA!P refused") << "the word that is wrong, not its namesake";
+    EXPECT_EQ(kinds("A1 A1 GONE GONE"), "PPU!U! refused");
     EXPECT_EQ(kinds("V1 D1 GO"), "U!PU! refused");
     EXPECT_EQ(kinds("A1@ B1@x"), "B!B! refused");
     EXPECT_EQ(kinds(""), "");
-    const RouteCheck check = checkRoute("A1 V1 D1", database_, fixes_, degrees(0, 0));
+    const RouteCheck check = checkRoute("A1 V1 D1", database_, fixes_, {degrees(0, 0)});
     EXPECT_EQ(check.count, 4U);
     EXPECT_NEAR(check.totalNm, 180, 0.01);
 }
@@ -105,7 +108,7 @@ TEST_F(PlanEditTest, LongLegsAndSharpTurnsAreHinted) {
     place("f.N", 58.2, 10);   // 492 NM
     place("f.W5", 50.05, 5);
     const auto hints = [this](std::string_view line) {
-        const RouteCheck check = checkRoute(line, database_, fixes_, degrees(50, 5));
+        const RouteCheck check = checkRoute(line, database_, fixes_, {degrees(50, 5)});
         EXPECT_EQ(check.error, "");
         return check.hints;
     };
@@ -125,12 +128,24 @@ TEST_F(PlanEditTest, WordsAreCompleted) {
     };
     place("f.B", 60, 60);
     place("v.BX", 0, 1.1);
-    EXPECT_EQ(keys("b", degrees(0, 0), 9), "f.B f.B1 v.BX f.B1 ");
-    EXPECT_EQ(keys("b", degrees(0, 0), 2), "f.B f.B1 ");
+    EXPECT_EQ(keys("b", degrees(0, 0), 9), "f.B1 v.BX f.B f.B1 ");
+    EXPECT_EQ(keys("b", degrees(0, 0), 2), "f.B1 f.B ");
     EXPECT_EQ(keys("v.b", degrees(0, 0), 9), "v.BX ");
     EXPECT_EQ(keys("B1", std::nullopt, 9), "f.B1 f.B1 ");
     EXPECT_EQ(keys("", std::nullopt, 9), "");
     EXPECT_EQ(keys("ZZ", std::nullopt, 9), "");
+    // Spelled just so, and near enough to be meant.
+    place("v.B", 8, 0);
+    EXPECT_EQ(keys("b", degrees(0, 0), 3), "v.B f.B1 v.BX ");
+    EXPECT_EQ(keys("b", degrees(0, 0), 9), "v.B f.B1 v.BX f.B f.B1 ") << "only those within 500 NM go first";
+    const auto certain = placeMatches(database_, "b", degrees(0, 0), 9);
+    EXPECT_EQ(meantPlace(certain)->key, "v.B");
+    EXPECT_EQ(meantPlace(placeMatches(database_, "bx", degrees(0, 100), 9))->distanceNm > kSurelyMeantNm, true);
+    EXPECT_EQ(meantPlace(placeMatches(database_, "lo", degrees(0, 0), 9)), nullptr);
+    // Names count from three letters on.
+    EXPECT_EQ(keys("nam", degrees(10, 9.9), 1), "f.LONE ");
+    EXPECT_EQ(keys("lone", degrees(10, 9), 9), "f.LONE ") << "found twice, shown once";
+    EXPECT_EQ(keys("na", degrees(10, 9), 9), "");
     const auto first = placeMatches(database_, "lo", degrees(10, 9), 1);
     ASSERT_EQ(first.size(), 1U);
     EXPECT_EQ(first[0].name, "LONE name");
@@ -143,6 +158,52 @@ TEST_F(PlanEditTest, WordsAreCompleted) {
     EXPECT_EQ(both[0].key + both[1].key, "v.SEAa.KSEA");
     EXPECT_EQ(withPrefixed(both, both), both);
     EXPECT_NEAR(first[0].distanceNm.value_or(0), 59.1, 0.1);
+}
+
+TEST_F(PlanEditTest, AFirstWordOfManyPlacesIsAskedAbout) {
+    place("v.C1", 0, 2.001);
+    place("a.C1", -40, -60);
+    const auto places = [this](std::string_view line, std::optional<GeoPoint> present) {
+        std::string found;
+        for (const PlaceMatch& each : firstPlaces(line, database_, present)) found += each.key + ' ';
+        return found;
+    };
+    EXPECT_EQ(places("B1 A1", std::nullopt), "f.B1 f.B1 ");
+    EXPECT_NEAR(firstPlaces("B1 A1", database_, std::nullopt).front().distanceNm.value_or(0), 60, 0.1);
+    EXPECT_NEAR(firstPlaces("B1@20 V1 LONE", database_, std::nullopt).front().position.lon * kRadToDeg, 1, 1e-6);
+    EXPECT_EQ(places("B1 A1", degrees(0, 0)), "") << "one is near";
+    EXPECT_EQ(places("B1 A1", degrees(-60, 0)), "f.B1 f.B1 ");
+    EXPECT_EQ(places("C1", std::nullopt), "f.C1 a.C1 ") << "two at one place are one";
+    EXPECT_EQ(places("a.C1", std::nullopt), "");
+    EXPECT_EQ(places("A1 B1", std::nullopt), "");
+    EXPECT_EQ(places("", std::nullopt), "");
+}
+
+TEST_F(PlanEditTest, APrefixStandsInWhereAWordIsNothingElse) {
+    place("a.KS50", 0, 4);
+    place("a.KB1", 0, 5);
+    place("a.KV1", 0, 6);
+    const auto enter = [this](std::string_view line) {
+        const RouteResult result = RouteEntry(database_, fixes_, degrees(0, 0), "K").EnterRoute(line, true);
+        return result.error + textsOf(result.entries);
+    };
+    EXPECT_EQ(enter("A1 V1 C1 S50@20 B1"), "A1 B1 C1 a.KS50@20 B1");
+    EXPECT_EQ(enter("A1 f.S50"), "f.S50 navaid/airway not found or data expired!f.S50");
+    EXPECT_EQ(enter("A1 @S50 B1"), "S50 navaid/airway not found or data expired!@S50");
+    EXPECT_EQ(checkRoute("A1 V1 C1 S50", database_, fixes_, {degrees(0, 0), "K"}).words.back().message, "");
+    EXPECT_EQ(textsOf(insertWords(route("A1"), 1, "S50", database_, fixes_, std::nullopt, "K").entries), "A1 a.KS50");
+    EXPECT_EQ(checkRoute("A1 S50", database_, fixes_, {degrees(0, 0)}).errorWord, 1U);
+}
+
+TEST_F(PlanEditTest, AnEnteredLineComesBackWithItsEntries) {
+    TypedRoutes typed;
+    typed.remember("A1 V1 D1", route("A1 V1 D1"));
+    typed.remember("A1 V1 C1 D1", route("A1 V1 D1"));
+    typed.remember("LONE", route("LONE"));
+    EXPECT_EQ(typed.lineOf(route("A1 B1 C1 D1")), "A1 V1 C1 D1");
+    EXPECT_EQ(typed.lineOf(route("A1 B1@20 C1 D1")), "");
+    EXPECT_EQ(typed.lineOf(route("A1 B1 C1")), "");
+    EXPECT_EQ(typed.lineOf({}), "");
 }
 
 }}  // namespace korvel

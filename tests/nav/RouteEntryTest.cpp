@@ -1,9 +1,11 @@
 #include <algorithm>
 #include <cmath>
+#include <random>
 
 #include "TempFolder.h"
 #include "nav/PlacesFixture.h"
 #include "nav/plan/AirwayCrossing.h"
+#include "nav/plan/AirwayPlaces.h"
 #include "nav/plan/RouteEntry.h"
 #include "navdb/TestDatabase.h"
 
@@ -92,6 +94,13 @@ TEST_F(RouteEntryTest, ExpandsAirwaysInBothDirections) {
     EXPECT_EQ(expand("A@x B"), invalid + "A@x");
     EXPECT_EQ(expand("A@20x"), invalid + "A@20x");
     EXPECT_EQ(expand("A @V1 D@"), invalid + "@V1");
+    // which of the line's words it is, also behind airways that meet
+    const auto errorWord = [this](std::string_view route) {
+        return RouteEntry(database_, fixes_, std::nullopt).ExpandRoute(SplitWords(route), airways_).errorWord;
+    };
+    EXPECT_EQ(errorWord("A B GONE"), 2U);
+    EXPECT_EQ(errorWord("P V3 @V1 E GONE"), 4U);
+    EXPECT_EQ(errorWord("P V3 @V1 NOWHERE"), 2U);
     EXPECT_NEAR(fixes_.find("f.F-1")->position.lon, 2.5 * kDegToRad, 1e-9);
     EXPECT_EQ(fixes_.find("f.F-2"), nullptr);
 }
@@ -126,6 +135,32 @@ TEST_F(RouteEntryTest, NamesakesOfAnAirwaysPlacesAreNotMeant) {
         const bool found = std::ranges::any_of(
             result.entries, [key = expected](const PlanWaypoint& place) { return place.record->key == key; });
         EXPECT_TRUE(found) << route;
+    }
+}
+
+/// Looking only as far as it can matter finds the same as looking at the whole piece.
+TEST_F(RouteEntryTest, AStretchOfAnAirwayLeadsOverThePlacesOfTheWhole) {
+    std::mt19937 random(7);
+    const auto upTo = [&random](unsigned most) { return std::uniform_int_distribution<unsigned>(0, most)(random); };
+    std::vector<std::string> piece;
+    for (int i = 0; i < 12; ++i) {
+        piece.push_back(numbered("W", i));
+        for (const std::string_view kind : {"v.", "f.", "a."})
+            if (upTo(2) > 0) place(std::string(kind) + piece.back(), upTo(20), upTo(20) + 0.1 * i);
+    }
+    const std::vector<std::shared_ptr<const DatabaseRecord>> unknown(piece.size());
+    const auto along = [&](std::size_t first, std::size_t last) {
+        return placesAlong(piece, unknown, {.first = first, .last = last}, database_, fixes_);
+    };
+    const auto whole = along(0, piece.size() - 1);
+    for (std::size_t first = 0; first < piece.size(); ++first) {
+        for (std::size_t last = first; last < piece.size(); ++last) {
+            const auto stretch = along(first, last);
+            for (std::size_t i = 0; i < piece.size(); ++i) {
+                const std::string expected = i >= first && i <= last && whole[i] ? whole[i]->key : "";
+                EXPECT_EQ(stretch[i] ? stretch[i]->key : "", expected) << first << ' ' << last << ' ' << i;
+            }
+        }
     }
 }
 
