@@ -114,9 +114,17 @@ std::optional<std::string> ActivePlan::recover(const std::filesystem::path& path
     return wanted ? std::optional(std::move(error)) : std::nullopt;
 }
 
-std::string ActivePlan::enterRoute(std::string_view line) {
-    RouteResult result = RouteEntry(database_, fixes_, present_).EnterRoute(line, true);
+std::string ActivePlan::routeLine() const {
+    const PlanEntries plan = entries();
+    std::string typed = typed_.lineOf(plan);
+    return typed.empty() ? korvel::routeLine(plan, database_, present_) : typed;
+}
+
+std::string ActivePlan::enterRoute(std::string_view line, std::optional<GeoPoint> start) {
+    RouteEntry entry(database_, fixes_, start ? start : present_, icaoPrefix_);
+    RouteResult result = entry.EnterRoute(line, true);
     if (result.error.empty()) {
+        typed_.remember(std::string(line), result.entries);
         const bool edited = beginsAlike(result.entries);
         makeChange([&] { putInForce(std::move(result.entries), edited); });
     }

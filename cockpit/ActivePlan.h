@@ -14,6 +14,7 @@
 #include "nav/plan/GeneratedFixes.h"
 #include "nav/plan/PlanEdit.h"
 #include "nav/plan/PlanFiles.h"
+#include "nav/plan/TypedRoutes.h"
 
 namespace korvel {
 
@@ -47,9 +48,18 @@ class ActivePlan {
     /// Where the aircraft is: identifiers that repeat are looked up near it.
     void setPresent(std::optional<GeoPoint> present);
 
+    /// Stands before the identifiers of airports that a line may leave it out of; empty for
+    /// nothing.
+    void setIcaoPrefix(const std::string& prefix) { icaoPrefix_ = prefix; }
+    [[nodiscard]] const std::string& icaoPrefix() const { return icaoPrefix_; }
+
     /// Replaces the plan by a line of identifiers and airways. A line that only goes on otherwise
-    /// behind what is flown to counts as edited.
-    [[nodiscard]] std::string enterRoute(std::string_view line);
+    /// behind what is flown to counts as edited. `start` is where its first word is looked for;
+    /// where the aircraft is if it is not given.
+    [[nodiscard]] std::string enterRoute(std::string_view line,
+                                         std::optional<GeoPoint> start = std::nullopt);
+    /// The line that the plan was entered by, airways included; else one that would give it.
+    [[nodiscard]] std::string routeLine() const;
     /// Puts edited entries in force; none of them is no plan. What is flown to stays so if it can.
     void replace(std::vector<PlanWaypoint> entries);
     /// False without a plan.
@@ -123,7 +133,9 @@ class ActivePlan {
     PlanFiles files_;
     Flying flying_;
     std::optional<GeoPoint> present_;
+    std::string icaoPrefix_;
     PlanHistory history_;
+    TypedRoutes typed_;
     PlanFile file_;
     bool changed_ = false;
     std::filesystem::path unsaved_;  // empty: nothing is kept

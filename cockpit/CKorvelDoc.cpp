@@ -47,6 +47,7 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
       flight_({foundations.clock, charts_.database(), charts_.userRecords(), foundations.folder}),
       memory_(profile_, flight_, charts_.database()),
       userFixes_(profile_, charts_, flight_.plan()),
+      knownPlaces_(profile_),
       portFromScan_(foundations.profile.getInt(kOptionsSection, kPortScanned, 0) != 0) {
     const auto traceBytes = [this](std::string_view bytes, std::string_view tag) {
         input_.store().traceBytes(bytes, tag);

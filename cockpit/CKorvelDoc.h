@@ -16,6 +16,7 @@
 #include "cockpit/DerivedAttitude.h"
 #include "cockpit/Flight.h"
 #include "cockpit/FlightMemory.h"
+#include "cockpit/KnownPlaces.h"
 #include "cockpit/NearAirportList.h"
 #include "cockpit/UserFixes.h"
 #include "config/ProfileFile.h"
@@ -86,6 +87,13 @@ class CKorvelDoc final : private SentenceListener {
 
     /// The points that the pilot has marked.
     UserFixes& userFixes() { return userFixes_; }
+
+    /// The places that the pilot looks for.
+    KnownPlaces& knownPlaces() { return knownPlaces_; }
+    /// What to offer before a letter is typed, as seen from `near`.
+    [[nodiscard]] std::vector<KnownPlace> offeredPlaces(std::optional<GeoPoint> near) {
+        return knownPlaces_.offered(charts_.database(), flight_.plan().entries(), near);
+    }
 
     /// What the pages show, as of the last tick.
     const CockpitData& cockpitData() const { return data_; }
@@ -165,6 +173,7 @@ class CKorvelDoc final : private SentenceListener {
     FlightMemory memory_;
     NearAirportList nearAirports_;
     UserFixes userFixes_;
+    KnownPlaces knownPlaces_;
 
     std::string status_;  // of the connection, empty while there is a fix
     bool portFromScan_;   // the port in the settings was found by an earlier run's scan

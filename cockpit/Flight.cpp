@@ -110,6 +110,7 @@ void Flight::lookAround(const ActiveNavigation::Aircraft& received) {
 }
 
 void Flight::prepare(const Settings& settings, const Variation& variation) {
+    plan_.setIcaoPrefix(settings.icaoPrefix);
     navigation_.setOptions({.variation = variation,
                             .tracking = settings.tracking,
                             .log = FlightLog::Options::from(settings)});

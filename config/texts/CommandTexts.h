@@ -32,6 +32,7 @@ struct CommandTexts {
     Text noRecentFiles{61537, "No recent files"};
     Text menuNavigate{61548, "&Navigate"};
     Text commandDirectTo{61549, "&Direct-To..."};
+    Text commandCourse{62514, "Course to a &Point..."};
     Text commandNearest{61550, "Nea&rest Airports"};
     Text commandClearNavigation{61551, "&Clear Navigation"};
     Text commandRecordTrack{61552, "Record &Track"};

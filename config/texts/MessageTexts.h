@@ -38,6 +38,7 @@ struct MessageTexts {
     Text noAlarm{61936, "No alarm to acknowledge"};
     Text approachBegun{61950, "Approach to runway %s at %s"};  ///< %s: runway, %s: airport
     Text approachEnded{61951, "Approach ended"};
+    Text courseTo{62515, "Course %s to %s"};          ///< %s: course, %s: point
     Text addedToPlan{61983, "%s added to the plan"};  ///< %s: waypoint
 };
 

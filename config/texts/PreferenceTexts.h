@@ -61,6 +61,7 @@ struct PreferenceTexts {
     Text prefBaudGyro{61770, "Its speed (baud)"};
     Text prefTracking{61771, "Record the track"};
     Text prefLogEnable{61772, "Enable Flight-Logs (Actv Spd)"};
+    Text logRecorded{62516, "Flight time will be recorded to<BR><B>korvel-log.txt</B> file."};
     Text prefLogStart{61773, "A flight starts at (kts, −1: approach speed)"};
     Text prefLogEnd{61774, "A flight ends below (kts, −1: half of it)"};
     Text unitFeet{61775, "feet"};

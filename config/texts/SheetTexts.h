@@ -33,12 +33,29 @@ struct SheetTexts {
     Text kindVor{61566, "VOR"};
     Text kindNdb{61567, "NDB"};
     Text kindFix{61568, "fix"};
-    Text identifierHint{61569, "Identifier"};
+    Text searchHint{62501, "Identifier, name or town"};
+    Text farPlace{62502,
+                  "%s is %s, %s away: once more if it is meant"};  ///< %s: ident, name, how far
+    Text placeRecent{62503, "recent"};
+    Text placeFavourite{62504, "favourite"};
+    Text placeInPlan{62505, "in the plan"};
+    Text favouriteAdd{62506, "Favourite"};
+    Text favouriteRemove{62507, "No favourite"};
     Text directToTitle{61570, "Direct-To"};
     Text courseHint{61571, "Course, 0 to 360 magnetic; empty for straight on"};
     Text altitudeHint{61572, "Altitude in hundreds of feet; empty for none"};
     Text routeTitle{61573, "Route"};
-    Text routeHint{61574, "KBFI V23 KPDX@45"};
+    Text routeHint{61574, "KBFI SEA V23 BTG KPDX@45"};
+    Text routeHelp{62508,
+                   "Enter the identifiers in the flight-plan separated by SPACE key.\n"
+                   "You can include Victor/Jetway identifiers.\n"
+                   "If airport has same identifier as nav-aid, prefix icao-code for airport."};
+    Text firstWordUnclear{
+        62509, "%s is the name of %d places: choose where to start"};  ///< %s: word, %d: number
+    Text planStays{62510, "The plan in force stays as it is."};
+    Text courseTitle{62511, "Course to a Point"};
+    Text courseWanted{62512, "Course to arrive on, 0 to 360 magnetic"};
+    Text pointHint{62513, "Identifier, name, or position (47.45 -122.31)"};
     Text routeSummary{61575, "%d waypoints, %d %s"};  ///< %d: entries, %d: length, %s: unit
     Text planRowTitle{61576, "Waypoint"};
     Text insertHint{61577, "Waypoints or an airway to fly before it"};

@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMouseEvent>
@@ -22,6 +23,7 @@
 #include "cockpit/ConnectedText.h"
 #include "cockpit/RecentFiles.h"
 #include "config/DataFileSearch.h"
+#include "geo/Geodesy.h"
 #include "navdb/records/AirportRecord.h"
 #include "paint/ColorScheme.h"
 #include "platform/FileIo.h"
@@ -95,6 +97,45 @@ class FrameTest : public testing::Test {
             screen().tick();
             return document_->cockpitData().position.has_value();
         }));
+    }
+
+    /// Places of the pilot's own, each "KEY LAT LON NAME".
+    void know(std::initializer_list<std::string_view> places) {
+        std::string file;
+        for (const std::string_view place : places) {
+            std::istringstream words{std::string(place)};
+            std::string key, lat, lon, name;
+            words >> key >> lat >> lon >> name;
+            const bool isAirport = key.starts_with("a.");
+            file += (isAirport ? "ARPT_BEGIN\n" : "NAVAID_BEGIN\nFREQ=110\nTYPE=") +
+                    std::string(isAirport               ? ""
+                                : key.starts_with("v.") ? "VOR\n"
+                                                        : "FIX\n") +
+                    "ID=" + key.substr(2) + "\nNAME=" + name + "\nPOSN.LAT=" + lat + "\nPOSN.LON=" + lon +
+                    (isAirport ? "\nARPT_END\n" : "\nNAVAID_END\n");
+        }
+        folder_.write("my.UDB.TXT", file);
+        document_->loadDatabases(std::array{folder_.path()});
+    }
+    /// The sheet that a key opens.
+    QDialog& sheetOf(const QKeySequence& key) {
+        press(key);
+        const auto dialogs = frame_->findChildren<QDialog*>();
+        return **std::ranges::find_if(dialogs, &QWidget::isVisible);
+    }
+    static std::string lineIn(QDialog& sheet) { return sheet.findChild<QLineEdit*>()->text().toStdString(); }
+    static std::string listIn(QDialog& sheet) {
+        std::string rows;
+        const auto* const list = sheet.findChild<QListWidget*>();
+        for (int row = 0; row < list->count(); ++row) {
+            const QStringList words = list->item(row)->text().split(' ', Qt::SkipEmptyParts);
+            rows += (words.front() + '/' + words.back() + ' ').toStdString();
+        }
+        return rows;
+    }
+    static bool says(QDialog& sheet, const QString& words) {
+        const auto labels = sheet.findChildren<QLabel*>();
+        return std::ranges::any_of(labels, [&](QLabel* label) { return label->text().contains(words); });
     }
 
     TempFolder folder_;
@@ -325,12 +366,99 @@ TEST_F(FrameTest, WhatIsRefusedIsSaidWhereItWasTyped) {
     EXPECT_TRUE(document_->flight().plan().entries().empty());
 }
 
+TEST_F(FrameTest, AFarNamesakeIsAskedAboutBeforeItIsFlownTo) {
+    know({"a.KSEA 47.45 -122.3 SEATTLE", "v.KSE 43 144 KUSHIRO", "v.SEA 47.44 -122.31 SEATTLE"});
+    flyTo("4727.0,N,12224.0,W");
+    QDialog& sheet = sheetOf(Qt::Key_D);
+    EXPECT_EQ(listIn(sheet), "");
+    QTest::keyClicks(sheet.focusWidget(), "kse");
+    EXPECT_EQ(listIn(sheet), "KSEA/nm KSE/nm ") << "the nearest first";
+    EXPECT_EQ(sheet.findChild<QListWidget*>()->currentRow(), -1);
+    sheet.accept();
+    EXPECT_TRUE(sheet.isVisible());
+    EXPECT_TRUE(says(sheet, "KSE is KUSHIRO, ")) << "asks first";
+    EXPECT_FALSE(document_->flight().navigation().directLeg());
+    sheet.accept();
+    EXPECT_FALSE(sheet.isVisible());
+    EXPECT_EQ(document_->flight().navigation().state().activeKey, "v.KSE");
+
+    QDialog& near = sheetOf(Qt::Key_D);
+    EXPECT_EQ(listIn(near), "KSE/recent ");
+    QTest::keyClicks(near.focusWidget(), "SEA");
+    EXPECT_EQ(near.findChild<QListWidget*>()->currentRow(), 0) << "spelled just so, and near";
+    near.accept();
+    EXPECT_EQ(document_->flight().navigation().state().activeKey, "v.SEA");
+    QDialog& byName = sheetOf(Qt::Key_D);
+    QTest::keyClicks(byName.focusWidget(), "seatt");
+    EXPECT_EQ(listIn(byName), "SEA/nm KSEA/nm ");
+    byName.reject();
+    closeAndReopen();
+    know({"a.KSEA 47.45 -122.3 SEATTLE", "v.KSE 43 144 KUSHIRO"});
+    document_->knownPlaces().setFavourite(*document_->charts().database().Find("a.KSEA"), true);
+    ASSERT_EQ(document_->flight().plan().enterRoute("KSEA KSE"), "");
+    EXPECT_EQ(listIn(sheetOf(Qt::CTRL | Qt::Key_F)), "KSE/recent KSEA/favourite ") << "kept, each place once";
+}
+
+TEST_F(FrameTest, TheRouteLineStaysAsTypedAndMarksTheWrongWord) {
+    know({"f.AAA 47 10 A", "f.BBB 47 11 B"});
+    ActivePlan& plan = document_->flight().plan();
+    QDialog& sheet = sheetOf(Qt::SHIFT | Qt::Key_F);
+    EXPECT_TRUE(says(sheet, "separated by SPACE key.")) << "how a route is written";
+    QTest::keyClicks(sheet.focusWidget(), "aaa  f.bbb@20");
+    sheet.accept();
+    ASSERT_EQ(plan.entries().size(), 2U);
+    QDialog& again = sheetOf(Qt::SHIFT | Qt::Key_F);
+    EXPECT_EQ(lineIn(again), "AAA  f.BBB@20 ");
+    auto* const line = again.findChild<QLineEdit*>();
+    EXPECT_FALSE(line->hasSelectedText()) << "a letter would wipe it out";
+    QTest::keyClicks(line, "GONE AAA");
+    again.accept();
+    EXPECT_EQ(line->selectedText(), "GONE");
+    EXPECT_TRUE(says(again, "The plan in force stays as it is."));
+    EXPECT_EQ(plan.entries().size(), 2U);
+    again.reject();
+    ASSERT_TRUE(plan.reverse());
+    ASSERT_TRUE(plan.undo());
+    EXPECT_EQ(plan.routeLine(), "AAA  f.BBB@20");
+}
+
+TEST_F(FrameTest, AFirstWordOfSeveralPlacesIsAskedAbout) {
+    know({"v.OLM -1 -80 ECUADOR", "f.OLM 47 -123 OLYMPIA", "a.KPDX 45.6 -122.6 PORTLAND"});
+    QDialog& sheet = sheetOf(Qt::SHIFT | Qt::Key_F);
+    QTest::keyClicks(sheet.focusWidget(), "OLM KPDX");
+    EXPECT_TRUE(says(sheet, "OLM is the name of 2 places"));
+    sheet.accept();
+    EXPECT_TRUE(sheet.isVisible());
+    EXPECT_FALSE(document_->flight().plan().hasPlan());
+    auto* const list = sheet.findChild<QListWidget*>();
+    ASSERT_EQ(list->count(), 2);
+    list->setCurrentRow(0);
+    sheet.accept();
+    EXPECT_FALSE(sheet.isVisible());
+    EXPECT_EQ(document_->flight().plan().entries().at(0).record->key, "f.OLM") << "the nearer to where it goes";
+}
+
+TEST_F(FrameTest, APointIsFlownToOnACourse) {
+    know({"a.KSEA 47.45 -122.3 SEATTLE"});
+    for (const char* typed : {"47.45 -122.3", "ksea"}) {
+        QDialog& sheet = sheetOf(Qt::SHIFT | Qt::Key_D);
+        QTest::keyClicks(sheet.focusWidget(), typed);
+        sheet.accept();
+        EXPECT_TRUE(says(sheet, "Invalid OBS!")) << typed;
+        QTest::keyClicks(sheet.focusWidget(), "090");
+        sheet.accept();
+        EXPECT_FALSE(sheet.isVisible());
+        EXPECT_NEAR(document_->flight().navigation().state().activeWaypoint.lat * kRadToDeg, 47.45, 1e-6);
+        document_->flight().navigation().ClearNavigation();
+    }
+}
+
 TEST_F(FrameTest, AnAirportsSheetSaysWhatItsRecordHas) {
     auto airport = std::make_shared<AirportRecord>();
     airport->key = "a.EDXX";
     airport->ident.assign("EDXX");
     airport->SetName("Old Field");
-    airport->expired = true;
+    airport->pastDate = true;
     airport->elevationFt = 1487;
     airport->magVariationDeg = -3;
     airport->comms = {{"TWR", 118.1}};

@@ -8,6 +8,7 @@
 #include "screen/Screen.h"
 #include "window/QtText.h"
 #include "window/sheets/ApproachSheet.h"
+#include "window/sheets/CourseSheet.h"
 #include "window/sheets/DirectToSheet.h"
 #include "window/sheets/PlanRowSheet.h"
 #include "window/sheets/RouteSheet.h"
@@ -32,6 +33,9 @@ Flight& NavigateCommands::flight() { return host_.document().flight(); }
 void NavigateCommands::addTo(QMenu& menu) {
     host_.addCommand(
         menu, kCommandTexts.commandDirectTo, {Qt::Key_D}, [this] { directTo(); });
+    host_.addCommand(
+        menu, kCommandTexts.commandCourse, {QKeySequence(Qt::SHIFT | Qt::Key_D)},
+        [this] { courseToPoint(); });
     host_.addCommand(
         menu, kCommandTexts.commandNearest, {Qt::Key_R},
         [this] { host_.screen().showPage(PageId::NearestAirport); });
@@ -106,6 +110,12 @@ void NavigateCommands::updateChecks() {
 
 void NavigateCommands::directTo(const PlaceChoice& place) {
     auto sheet = std::make_unique<DirectToSheet>(&host_.window(), host_.document(), place);
+    sheet->onDone = [this](const std::string& message) { host_.screen().say(message); };
+    host_.openSheet(std::move(sheet));
+}
+
+void NavigateCommands::courseToPoint() {
+    auto sheet = std::make_unique<CourseSheet>(&host_.window(), host_.document());
     sheet->onDone = [this](const std::string& message) { host_.screen().say(message); };
     host_.openSheet(std::move(sheet));
 }

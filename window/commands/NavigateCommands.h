@@ -25,6 +25,8 @@ class NavigateCommands {
     void addTo(QMenu& menu);
 
     void directTo(const PlaceChoice& place = {});
+    /// Flies to a point so as to arrive on a course.
+    void courseToPoint();
     /// Chooses a runway to approach, of the destination or near by.
     void approach();
     void approach(std::vector<LandingRunway> runways);

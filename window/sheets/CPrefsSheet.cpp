@@ -21,6 +21,12 @@ constexpr std::array kMapPages = {PrefsPage::Map, PrefsPage::MapLayers};
 constexpr std::array kPagesPage = {PrefsPage::Pages};
 constexpr int kRowSpacing = 4;
 
+void addHelp(QFormLayout& form, Text words) {
+    auto* help = new QLabel(toQString(words));  // the form's widget takes it
+    help->setWordWrap(true);
+    form.addRow(help);
+}
+
 }  // namespace
 
 CPrefsSheet::CPrefsSheet(QWidget* parent, CKorvelDoc& document)
@@ -47,14 +53,13 @@ std::unique_ptr<QWidget> CPrefsSheet::makePage(PrefsPage page, const Settings& s
     auto* form = new QFormLayout(rows.get());
     form->setVerticalSpacing(kRowSpacing);
     form->setRowWrapPolicy(QFormLayout::WrapLongRows);
-    if (page == PrefsPage::Pages) {
-        auto* help = new QLabel(toQString(kPreferenceTexts.pagesHelp), rows.get());
-        help->setWordWrap(true);
-        form->addRow(help);
-    }
+    if (page == PrefsPage::Pages)
+        addHelp(*form, kPreferenceTexts.pagesHelp);
     for (const PrefRow& row : prefRows())
         if (row.page == page)
             addEditor(*rows, row, row.valueIn(settings));
+    if (page == PrefsPage::Log)
+        addHelp(*form, kPreferenceTexts.logRecorded);
     auto scroll = std::make_unique<QScrollArea>();
     scroll->setWidgetResizable(true);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -15,8 +15,7 @@ DirectToSheet::DirectToSheet(QWidget* parent, CKorvelDoc& document, const PlaceC
     : Sheet(parent, toQString(kSheetTexts.directToTitle),
             QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
-      place_(document.charts().database(), document.cockpitData().position,
-             document.settings().icaoPrefix, document.cockpitData().distanceUnit) {
+      place_(document, document.cockpitData().position) {
     buttons().button(QDialogButtonBox::Ok)->setText(toQString(kSheetTexts.directToTitle));
     course_.setPlaceholderText(toQString(kSheetTexts.courseHint));
     altitude_.setPlaceholderText(toQString(kSheetTexts.altitudeHint));
@@ -41,6 +40,8 @@ void DirectToSheet::accept() {
     const auto altitudeFt = typedAltitude(altitude_.text().toStdString());
     if (!altitudeFt)
         return refuse(std::string(text(kFlightTexts.invalidAltitude)));
+    if (const std::string question = place_.question(); !question.empty())
+        return refuse(question);
     ActiveNavigation& navigation = document_.flight().navigation();
     const std::uint64_t before = navigation.announcement().number;
     const PlaceChoice place = place_.choice();
@@ -48,6 +49,8 @@ void DirectToSheet::accept() {
         place.identifier, course_.text().trimmed().toStdString(), *altitudeFt, place.where);
     if (navigation.announcement().number == before)
         return refuse(said);
+    if (const auto& record = navigation.directRecord())
+        document_.knownPlaces().note(*record);
     QDialog::accept();
     if (onDone)
         onDone(said);

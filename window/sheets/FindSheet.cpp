@@ -13,8 +13,7 @@ FindSheet::FindSheet(QWidget* parent, CKorvelDoc& document, std::optional<GeoPoi
     : Sheet(parent, toQString(kSheetTexts.findTitle),
             QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document),
-      place_(document.charts().database(), near, document.settings().icaoPrefix,
-             document.cockpitData().distanceUnit) {
+      place_(document, near) {
     buttons().button(QDialogButtonBox::Ok)->setText(toQString(kSheetTexts.findButton));
     addTallRow(place_);
     addNote(message_);
@@ -25,12 +24,15 @@ FindSheet::FindSheet(QWidget* parent, CKorvelDoc& document, std::optional<GeoPoi
 }
 
 void FindSheet::accept() {
+    if (const std::string question = place_.question(); !question.empty())
+        return message_.setText(toQString(question));
     const PlaceChoice choice = place_.choice();
     const DatabaseRecord* found =
         document_.charts().database().Find(choice.identifier, choice.where);
     if (found == nullptr)
         return message_.setText(toQString(kFlightTexts.notFound));
     auto record = found->Clone();
+    document_.knownPlaces().note(*record);
     QDialog::accept();
     if (onFound)
         onFound(std::move(record));

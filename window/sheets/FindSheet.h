@@ -14,7 +14,7 @@ namespace korvel {
 
 class CKorvelDoc;
 
-/// Finds a place by its identifier, with a receiver or without.
+/// Finds a place by its identifier, its name or its town, with a receiver or without.
 class FindSheet final : public Sheet {
  public:
     /// The nearest to `near` come first; the document outlives the sheet.

@@ -2,14 +2,14 @@
 
 #include <QKeyEvent>
 
+#include "cockpit/CKorvelDoc.h"
+#include "config/Text.h"
 #include "config/texts/SheetTexts.h"
-#include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
-#include "geo/Units.h"
 #include "nav/plan/RouteWords.h"
 #include "navdb/records/RecordKey.h"
 #include "window/QtText.h"
-#include "window/sheets/KindWord.h"
+#include "window/sheets/PlaceLine.h"
 #include "window/sheets/Sheet.h"
 
 namespace korvel {
@@ -17,33 +17,29 @@ namespace {
 
 constexpr std::size_t kMostMatches = 12;
 
-QString lineOf(const PlaceMatch& match, DistanceUnit unit) {
-    QString line =
-        QStringLiteral("%1   %2").arg(QString::fromStdString(match.ident), kindWord(match.kind));
-    if (match.name != match.ident && !match.name.empty())
-        line += QStringLiteral("   ") + QString::fromStdString(match.name);
-    if (match.distanceNm) {
-        UnitLabels labels;
-        const double distance = ConvertDistance(*match.distanceNm, unit, &labels);
-        line += QStringLiteral("   %1 %2")
-                    .arg(QString::number(distance, 'f', distance < 100 ? 1 : 0),
-                         toQString(labels.distance));
+bool isFar(const PlaceMatch& match) { return match.distanceNm.value_or(0) > kSurelyMeantNm; }
+
+Text wordFor(KnownPlace::Reason reason) {
+    switch (reason) {
+        case KnownPlace::Reason::Favourite:
+            return kSheetTexts.placeFavourite;
+        case KnownPlace::Reason::InPlan:
+            return kSheetTexts.placeInPlan;
+        case KnownPlace::Reason::Recent:
+            break;
     }
-    if (match.expired)
-        line += QStringLiteral("   ") + toQString(kStatusTexts.expired);
-    return line;
+    return kSheetTexts.placeRecent;
 }
 
 }  // namespace
 
-PlaceSearchBox::PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoint> near,
-                               std::string prefix, DistanceUnit unit)
-    : database_(database), near_(near), prefix_(std::move(prefix)), unit_(unit) {
+PlaceSearchBox::PlaceSearchBox(CKorvelDoc& document, std::optional<GeoPoint> near)
+    : document_(document), near_(near) {
     column_.setContentsMargins(0, 0, 0, 0);
     column_.addWidget(&edit_);
     column_.addWidget(&list_);
     edit_.setMinimumHeight(Sheet::kRowPixels);
-    edit_.setPlaceholderText(toQString(kSheetTexts.identifierHint));
+    edit_.setPlaceholderText(toQString(kSheetTexts.searchHint));
     list_.setMinimumHeight(Sheet::kRowPixels);
     list_.setFocusPolicy(Qt::NoFocus);
     edit_.installEventFilter(this);
@@ -66,23 +62,54 @@ PlaceSearchBox::PlaceSearchBox(const NavDatabase& database, std::optional<GeoPoi
         if (onChosen)
             onChosen();
     });
+    showKnown();
+}
+
+void PlaceSearchBox::addRow(const PlaceMatch& match, const QString& why) {
+    QString line = placeLine(match, document_.cockpitData().distanceUnit);
+    if (!why.isEmpty())
+        line += QStringLiteral("   ") + why;
+    auto* item = new QListWidgetItem(line, &list_);  // the list owns it
+    item->setSizeHint({0, Sheet::kRowPixels});
+}
+
+/// Nothing of it is chosen: Enter alone must not fly anywhere.
+void PlaceSearchBox::showKnown() {
+    list_.clear();
+    matches_.clear();
+    for (KnownPlace& known : document_.offeredPlaces(near_)) {
+        addRow(known.match, toQString(wordFor(known.reason)));
+        matches_.push_back(std::move(known.match));
+    }
 }
 
 void PlaceSearchBox::showMatches() {
     const std::string typed = typedIdents(edit_.text().trimmed().toStdString());
-    matches_ = typed.empty() ? std::vector<PlaceMatch>()
-                             : placeMatches(database_, typed, near_, kMostMatches);
-    if (!typed.empty() && !prefix_.empty())
-        matches_ = withPrefixed(std::move(matches_), placeMatches(database_, "a." + prefix_ + typed,
-                                                                  near_, kMostMatches));
+    if (typed.empty())
+        return showKnown();
+    const NavDatabase& database = document_.charts().database();
+    const std::string& prefix = document_.settings().icaoPrefix;
+    matches_ = placeMatches(database, typed, near_, kMostMatches);
+    if (!prefix.empty())
+        matches_ = withPrefixed(std::move(matches_),
+                                placeMatches(database, "a." + prefix + typed, near_, kMostMatches));
     list_.clear();
-    for (const PlaceMatch& match : matches_) {
-        auto* item = new QListWidgetItem(lineOf(match, unit_), &list_);  // the list owns it
-        item->setSizeHint({0, Sheet::kRowPixels});
-    }
-    // Only what is spelled just so is chosen: a beginning is not a place yet.
-    if (!matches_.empty() && (matches_.front().ident == typed || matches_.front().key == typed))
+    for (const PlaceMatch& match : matches_)
+        addRow(match, {});
+    // Only what is spelled just so and near is chosen: a beginning is not a place yet.
+    if (!matches_.empty() && matches_.front().isExact && !isFar(matches_.front()))
         list_.setCurrentRow(0);
+}
+
+std::string PlaceSearchBox::question() {
+    const PlaceMatch* const meant = meantPlace(matches_);
+    if (list_.currentRow() >= 0 || given_ || meant == nullptr || !isFar(*meant))
+        return {};
+    given_ = PlaceChoice{.identifier = meant->key, .where = meant->position};
+    return formatText(
+        kSheetTexts.farPlace,
+        {std::string_view(meant->ident), std::string_view(meant->name),
+         std::string_view(distanceText(*meant->distanceNm, document_.cockpitData().distanceUnit))});
 }
 
 PlaceChoice PlaceSearchBox::choice() const {
@@ -95,11 +122,15 @@ PlaceChoice PlaceSearchBox::choice() const {
     return {.identifier = typedIdents(edit_.text().trimmed().toStdString()), .where = near_};
 }
 
+void PlaceSearchBox::setHint(Text hint) { edit_.setPlaceholderText(toQString(hint)); }
+
 void PlaceSearchBox::setChoice(const PlaceChoice& choice) {
     if (choice.identifier.empty())
         return;
     edit_.setText(toQString(identOfKey(choice.identifier)));
     edit_.selectAll();
+    list_.clear();
+    matches_.clear();
     given_ = choice;
 }
 

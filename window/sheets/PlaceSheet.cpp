@@ -22,12 +22,18 @@ std::string positionText(const CockpitData& data, GeoPoint place) {
            courseText(TrueCourseDeg(*data.position, place), data.variationDeg) + '\n';
 }
 
+/// What a press of the button does.
+Text favouriteText(CKorvelDoc& document, const DatabaseRecord& record) {
+    return document.knownPlaces().isFavourite(record) ? kSheetTexts.favouriteRemove
+                                                      : kSheetTexts.favouriteAdd;
+}
+
 }  // namespace
 
 std::string placeText(const CKorvelDoc& document, const DatabaseRecord& record) {
     const CockpitData& data = document.cockpitData();
     std::string lines = std::string(record.ident.view()) + "   " + std::string(record.GetName());
-    if (record.expired)
+    if (record.pastDate)
         lines += "   " + std::string(text(kStatusTexts.expired));
     lines += '\n';
     if (const std::string info = record.GetInfoText(); !info.empty())
@@ -65,6 +71,11 @@ PlaceSheet::PlaceSheet(QWidget* parent, CKorvelDoc& document,
         QDialog::accept();
         if (onAdded)
             onAdded(std::string(record->ident.view()));
+    });
+    addButton(favourite_, favouriteText(document, *record), [this, &document, record] {
+        KnownPlaces& known = document.knownPlaces();
+        known.setFavourite(*record, !known.isFavourite(*record));
+        favourite_.setText(toQString(favouriteText(document, *record)));
     });
     addButton(show_, kSheetTexts.showOnMap, [this, record] {
         QDialog::accept();

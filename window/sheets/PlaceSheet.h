@@ -43,6 +43,7 @@ class PlaceSheet : public Sheet {
     QHBoxLayout* content_;  // the scrolled page's
     QPushButton direct_;
     QPushButton add_;
+    QPushButton favourite_;
     QPushButton show_;
 };
 

@@ -95,7 +95,8 @@ void PlanRowSheet::insertBefore() {
     ActivePlan& plan = document_.flight().plan();
     PlanEditResult result =
         insertWords(plan.entries(), row_, typedIdents(words_.text().toStdString()),
-                    document_.charts().database(), plan.fixes(), document_.cockpitData().position);
+                    document_.charts().database(), plan.fixes(), document_.cockpitData().position,
+                    plan.icaoPrefix());
     if (!result.error.empty())
         return message_.setText(toQString(result.error));
     plan.replace(std::move(result.entries));

@@ -1,6 +1,9 @@
 #include "window/sheets/RouteSheet.h"
 
-#include <QPushButton>
+#include <utility>
+
+#include <QRegularExpression>
+#include <QSignalBlocker>
 
 #include "cockpit/CKorvelDoc.h"
 #include "config/Text.h"
@@ -10,6 +13,7 @@
 #include "nav/plan/RouteCheck.h"
 #include "nav/plan/RouteWords.h"
 #include "window/QtText.h"
+#include "window/sheets/PlaceLine.h"
 
 namespace korvel {
 namespace {
@@ -19,7 +23,8 @@ QString marked(const CheckedWord& word) {
     const QString name = QString::fromStdString(word.word).toHtmlEscaped();
     switch (word.kind) {
         case CheckedWord::Kind::Place:
-            return QStringLiteral("%1&nbsp;\u2713").arg(name);
+            return word.message.empty() ? QStringLiteral("%1&nbsp;\u2713").arg(name)
+                                        : QStringLiteral("<b>%1&nbsp;\u2717</b>").arg(name);
         case CheckedWord::Kind::Airway:
             return word.message.empty() ? QStringLiteral("<i>%1</i>&nbsp;\u2713").arg(name)
                                         : QStringLiteral("<b>%1&nbsp;\u2717</b>").arg(name);
@@ -28,43 +33,112 @@ QString marked(const CheckedWord& word) {
     }
 }
 
+/// Where a word of the line begins, and how long it is.
+std::pair<qsizetype, qsizetype> wordAt(const QString& line, std::size_t number) {
+    static const QRegularExpression kWord(QStringLiteral("\\S+"));
+    auto words = kWord.globalMatch(line);
+    for (std::size_t i = 0; words.hasNext(); ++i)
+        if (const auto word = words.next(); i == number)
+            return {word.capturedStart(), word.capturedLength()};
+    return {line.size(), 0};
+}
+
 }  // namespace
 
 RouteSheet::RouteSheet(QWidget* parent, CKorvelDoc& document)
     : Sheet(parent, toQString(kSheetTexts.routeTitle),
             QDialogButtonBox::Ok | QDialogButtonBox::Cancel),
       document_(document) {
+    help_.setText(toQString(kSheetTexts.routeHelp));
+    help_.setWordWrap(true);
+    help_.setTextFormat(Qt::PlainText);
     line_.setPlaceholderText(toQString(kSheetTexts.routeHint));
+    starts_.setFocusPolicy(Qt::ClickFocus);
     words_.setWordWrap(true);
     words_.setTextFormat(Qt::RichText);
-    words_.setMinimumHeight(3 * kRowPixels);
+    words_.setMinimumHeight(2 * kRowPixels);
     words_.setAlignment(Qt::AlignTop);
-    for (QWidget* row : std::initializer_list<QWidget*>{&line_, &words_})
-        addRow(*row);
+    addNote(help_);
+    addRow(line_);
+    addTallRow(starts_);
+    addRow(words_);
     addNote(message_);
     setPreferredWidth(14 * kRowPixels);
-    connect(&line_, &QLineEdit::textEdited, this, [this] { check(); });
-    line_.setText(
-        toQString(routeLine(document.flight().plan().entries(), document.charts().database(),
-                            document.cockpitData().position)));
-    line_.selectAll();
+    connect(
+        &line_, &QLineEdit::textEdited, this,
+        [this] {
+            offerStarts();
+            check();
+        });
+    connect(&starts_, &QListWidget::currentRowChanged, this, [this] { check(); });
+    const std::string line = document.flight().plan().routeLine();
+    // Ready to go on typing: behind a space, with nothing selected that a key would wipe out.
+    line_.setText(toQString(line.empty() || line.ends_with(' ') ? line : line + ' '));
     line_.setFocus();
+    line_.setCursorPosition(static_cast<int>(line_.text().size()));
+    offerStarts();
     check();
 }
 
-void RouteSheet::check() {
-    const CockpitData& shown = document_.cockpitData();
-    const RouteCheck route =
-        checkRoute(typedIdents(line_.text().toStdString()), document_.charts().database(),
-                   document_.flight().plan().fixes(), shown.position, shown.distanceUnit);
+std::string RouteSheet::typed() const { return typedIdents(line_.text().toStdString()); }
+
+std::optional<GeoPoint> RouteSheet::start() const {
+    const int row = starts_.currentRow();
+    return row >= 0 ? std::optional(startPlaces_.at(static_cast<std::size_t>(row)).position)
+                    : knownStart();
+}
+
+std::optional<GeoPoint> RouteSheet::knownStart() const {
+    const std::vector<PlanWaypoint> plan = document_.flight().plan().entries();
+    const std::vector<std::string> words = SplitWords(typed());
+    if (!plan.empty() && !words.empty() &&
+        identOfKey(RouteWord::parse(words.front()).ident) == plan.front().record->ident.view())
+        return plan.front().position();
+    return document_.cockpitData().position;
+}
+
+bool RouteSheet::mustChoose() const { return !startPlaces_.empty() && starts_.currentRow() < 0; }
+
+void RouteSheet::offerStarts() {
+    std::vector<PlaceMatch> places =
+        firstPlaces(typed(), document_.charts().database(), knownStart());
+    if (places == startPlaces_)
+        return starts_.setVisible(!places.empty());
+    const QSignalBlocker blocker(starts_);
+    starts_.clear();
+    startPlaces_ = std::move(places);
+    for (const PlaceMatch& place : startPlaces_) {
+        // The list owns it.
+        auto* item =
+            new QListWidgetItem(placeLine(place, document_.cockpitData().distanceUnit), &starts_);
+        item->setSizeHint({0, kRowPixels});
+    }
+    starts_.setCurrentRow(-1);
+    starts_.setVisible(!startPlaces_.empty());
+}
+
+RouteCheck RouteSheet::checked() const {
+    return checkRoute(typed(), document_.charts().database(), document_.flight().plan().fixes(),
+                      {.present = start(), .icaoPrefix = document_.settings().icaoPrefix},
+                      document_.cockpitData().distanceUnit);
+}
+
+void RouteSheet::check() { say(checked()); }
+
+void RouteSheet::say(const RouteCheck& route) {
     QStringList words;
     for (const CheckedWord& word : route.words)
         words.append(marked(word));
     words_.setText(words.join(QStringLiteral(" &nbsp; ")));
+    if (mustChoose())
+        return message_.setText(toQString(
+            formatText(kSheetTexts.firstWordUnclear, {std::string_view(startPlaces_.front().ident),
+                                                      static_cast<int>(startPlaces_.size())})));
     if (route.words.empty() || !route.error.empty())
         return message_.setText(toQString(route.error));
     UnitLabels labels;
-    const int total = RoundToInt(ConvertDistance(route.totalNm, shown.distanceUnit, &labels));
+    const int total =
+        RoundToInt(ConvertDistance(route.totalNm, document_.cockpitData().distanceUnit, &labels));
     std::string said = formatText(kSheetTexts.routeSummary,
                                   {static_cast<int>(route.count), total, labels.distance});
     for (const std::string& hint : route.hints)
@@ -72,13 +146,28 @@ void RouteSheet::check() {
     message_.setText(toQString(said));
 }
 
+/// The wrong word is selected: typing replaces it.
+void RouteSheet::refuse(const RouteCheck& route) {
+    std::string said = route.error;
+    if (document_.flight().plan().hasPlan())
+        said.append("\n").append(text(kSheetTexts.planStays));
+    message_.setText(toQString(said));
+    line_.setFocus();
+    const auto [begin, length] = wordAt(line_.text(), route.errorWord);
+    line_.setSelection(static_cast<int>(begin), static_cast<int>(length));
+}
+
 void RouteSheet::accept() {
-    const std::string error =
-        document_.flight().plan().enterRoute(typedIdents(line_.text().toStdString()));
+    if (mustChoose()) {
+        check();
+        return starts_.setFocus();
+    }
+    const std::string error = document_.flight().plan().enterRoute(typed(), start());
     if (error.empty())
         return QDialog::accept();
-    message_.setText(toQString(error));
-    line_.setFocus();
+    RouteCheck route = checked();
+    route.error = error;
+    refuse(route);
 }
 
 }  // namespace korvel
