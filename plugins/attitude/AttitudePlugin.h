@@ -6,7 +6,7 @@
 #ifndef KORVEL_ATTITUDE_PLUGIN_H
 #define KORVEL_ATTITUDE_PLUGIN_H
 
-#include <stdint.h>
+#include <stdint.h>  // NOLINT(modernize-deprecated-headers): C
 
 #ifdef _WIN32
 #define KORVEL_PLUGIN_EXPORT __declspec(dllexport)
