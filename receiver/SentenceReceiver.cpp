@@ -15,8 +15,6 @@ constexpr std::string_view kInView = "$GPGSV";
 constexpr std::array<std::string_view, 5> kUsedSentences = {"$GPRMC", "$GPGGA", "$GPVTG", kInView,
                                                             "$GPGSA"};
 
-std::string_view withoutCr(std::string_view text) { return text.substr(0, text.find('\r')); }
-
 std::string_view idOf(std::string_view line) { return line.substr(0, line.find(',')); }
 
 /// The sentence's place in the table; nothing for one that the program does not use.
@@ -31,7 +29,7 @@ std::optional<std::string_view> usedSentence(std::string_view id) {
 
 std::optional<std::string_view> attitudeSentence(std::string_view text) {
     const std::string_view line = withoutCr(text);
-    return idOf(line) == "$RPY" && areAllowed(line) ? std::optional(line) : std::nullopt;
+    return idOf(line) == "$RPY" && hasSentenceCharacters(line) ? std::optional(line) : std::nullopt;
 }
 
 void SentenceReceiver::onSentence(std::string_view text, std::int64_t arrivedMs) {
