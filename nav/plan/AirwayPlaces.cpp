@@ -118,6 +118,7 @@ std::vector<Record> placesAlong(std::span<const std::string> piece, std::span<co
     const Candidates& ends = steps.at(way.back());
     auto chosen = static_cast<std::size_t>(std::ranges::min_element(ends, {}, &Candidate::wayNm) -
                                            ends.begin());
+    // NOLINTNEXTLINE(modernize-loop-convert): not every compiler can turn a view around
     for (auto i = way.rbegin(); i != way.rend(); ++i) {
         const Candidate& candidate = steps.at(*i)[chosen];
         if (*i >= wanted.first && *i <= wanted.last)

@@ -126,7 +126,7 @@ std::string trackLine(std::int64_t baseS, const std::optional<TrackPoint>& slot)
 TrackLines parseTrackText(std::string_view text, BadLines badLines, const TrackProgress& progress) {
     TrackLines lines;
     bool hasBase = false;
-    const double size = static_cast<double>(text.size());
+    const auto size = static_cast<double>(text.size());
     for (std::size_t number = 1; !text.empty(); ++number) {
         if (progress && number % kLinesAtATime == 0 &&
             !progress(1 - static_cast<double>(text.size()) / size))

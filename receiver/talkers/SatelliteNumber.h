@@ -20,6 +20,7 @@ struct SatelliteNumber {
     SatelliteSystem system = SatelliteSystem::Gps;
     int number = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): not in what is written here
     friend constexpr auto operator<=>(const SatelliteNumber&, const SatelliteNumber&) = default;
 };
 

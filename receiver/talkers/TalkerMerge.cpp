@@ -102,7 +102,7 @@ void appendNumber(std::string& line, int value, int digits) {
         return;
     if (value < 0)
         line += '-';
-    std::uint32_t rest = static_cast<std::uint32_t>(std::abs(value));
+    auto rest = static_cast<std::uint32_t>(std::abs(value));
     std::array<char, kTen> reversed{};
     int count = 0;
     for (; rest != 0 || count < digits; rest /= kTen)
