@@ -89,7 +89,7 @@ void CKorvelDoc::tick() {
     status_ = monitor_.connectionStatus(true);
     const Aircraft aircraft = received();
     flight_.lookAround(aircraft);
-    flight_.prepare(settings_, input_.variation());
+    flight_.prepare(settings_, input_.variation(), altimeterOffsetFt_.value_or(0));
     if (beforeNavigation)
         beforeNavigation();
     flight_.tick(settings_, input_.variation(), aircraft);
@@ -161,6 +161,21 @@ void CKorvelDoc::chooseReceiver(const ReceiverChoice& choice) {
     input_.understandAllTalkers(choice.allTalkers);
 }
 
+void CKorvelDoc::setAltimeterOffsetFt(std::optional<std::int32_t> feet) {
+    if (feet == altimeterOffsetFt_)
+        return;
+    altimeterOffsetFt_ = feet;
+    input_.setAltitudeOffsetFt(feet.value_or(kNoAltitudeOffset));
+    flight_.altitudeShifted();
+}
+
+std::optional<std::int32_t> CKorvelDoc::receiverAltitudeFt() {
+    if (input_.isSupplanted())
+        return input_.altitudeFt();
+    const bool isGood = input_.isAltitudeGood() && isAltitude(input_.altitudeFt());
+    return isGood ? std::optional(input_.altitudeFt()) : std::nullopt;
+}
+
 void CKorvelDoc::useSource(std::unique_ptr<SentenceSource> source) {
     monitor_.useSource(source.get());
     source_ = std::move(source);
@@ -200,7 +215,7 @@ Aircraft CKorvelDoc::received() {
     // Neither the value for no angle nor what no angle can be.
     if (isFresh(fix.trackTickMs, now) && fix.trackMag >= 0 && fix.trackMag <= kFullCircleDeg)
         aircraft.trackMag = fix.trackMag;
-    if (isFresh(fix.altitudeTickMs, now) && isAltitude(input_.altitudeFt()))
+    if (receiverAltitudeFt())
         aircraft.altitudeFt = input_.correctedAltitudeFt();
     return aircraft;
 }
@@ -225,7 +240,8 @@ void CKorvelDoc::collectFix(CockpitData& data) {
     constexpr std::int64_t kMsPerSecond = 1000;
     const GpsFix fix = input_.store().copy();
     data.fixQuality = fix.fixQuality;
-    data.fix3D = fix.fix3D != 0;
+    data.fix3D = fix.fixQuality != 0 && input_.is3D();
+    data.altimeterOffsetFt = altimeterOffsetFt_;
     data.satsInUse = fix.satsInUse;
     if (input_.understandsAllTalkers()) {
         data.satellites = satellitesOf(input_.sky());

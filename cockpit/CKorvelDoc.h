@@ -121,6 +121,9 @@ class CKorvelDoc final : private SentenceListener {
     /// the name of another source.
     std::string portLabel() const { return monitor_.sourceLabel(); }
 
+    /// Who speaks in place of GP and is not understood: "GN"; empty for nobody.
+    std::string otherTalker() const { return input_.otherTalker(); }
+
     const Settings& settings() const { return settings_; }
     /// Puts changed settings in force and into the profile, which reaches its file within 2 s of
     /// ticks. A port among them counts as chosen by the pilot from now on.
@@ -129,6 +132,13 @@ class CKorvelDoc final : private SentenceListener {
     const ReceiverChoice& receiverChoice() const { return receiver_; }
     /// Puts it in force and into the profile.
     void chooseReceiver(const ReceiverChoice& choice);
+
+    /// What the altimeter reads more than the receiver; nothing when the pilot has told nothing.
+    /// It is forgotten with the program: another day has another pressure.
+    std::optional<std::int32_t> altimeterOffsetFt() const { return altimeterOffsetFt_; }
+    void setAltimeterOffsetFt(std::optional<std::int32_t> feet);
+    /// Uncorrected, of what supplies the position; nothing when it is not good.
+    std::optional<std::int32_t> receiverAltitudeFt();
 
     /// Listens to this source instead of a port, whatever the settings say, until the pilot chooses
     /// another port.
@@ -175,6 +185,7 @@ class CKorvelDoc final : private SentenceListener {
     UserFixes userFixes_;
     KnownPlaces knownPlaces_;
 
+    std::optional<std::int32_t> altimeterOffsetFt_;
     std::string status_;  // of the connection, empty while there is a fix
     bool portFromScan_;   // the port in the settings was found by an earlier run's scan
     std::optional<GeoPoint> lastPosition_;

@@ -36,8 +36,9 @@ struct CockpitData {
     std::optional<double> trackMagDeg;   ///< 0 to 360, magnetic
     std::optional<double> trackTrueDeg;  ///< 0 to 360, true
     std::optional<int> altitudeFt;
-    std::optional<int> verticalSpeedFpm;  ///< from the altitudes of the last seconds; up positive
-    std::optional<double> variationDeg;   ///< where the aircraft is, east positive
+    std::optional<int> altimeterOffsetFt;  ///< in altitudeFt; absent when none is set
+    std::optional<int> verticalSpeedFpm;   ///< from the altitudes of the last seconds; up positive
+    std::optional<double> variationDeg;    ///< where the aircraft is, east positive
 
     // What DerivedAttitude makes of the motion over the ground.
     std::optional<double> turnRateDegPerSec;  ///< to the right positive
@@ -95,7 +96,7 @@ struct CockpitData {
     std::string databaseNotice;
 
     int fixQuality = 0;
-    bool fix3D = false;
+    bool fix3D = false;  ///< as far as is known; else the altitude is absent
     int satsInUse = 0;
     /// Satellites in view, by system and number.
     std::vector<Satellite> satellites;

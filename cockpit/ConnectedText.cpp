@@ -59,7 +59,10 @@ void addReceiver(std::string& words, const CKorvelDoc& document) {
     else if (document.searchesPort())
         addLine(words, text(kConnectedTexts.connectedPortSearched));
     addLine(words, label.empty() ? state : label + ": " + state);
-    addLine(words, adviceOn(state));
+    const std::string talker = document.otherTalker();
+    const bool isTalker =
+        state == formatText(kReceiverTexts.talksOther, {std::string_view(talker)});
+    addLine(words, isTalker ? text(kConnectedTexts.adviceTalker) : adviceOn(state));
 }
 
 std::string attitudeModule(const CKorvelDoc& document) {

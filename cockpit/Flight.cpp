@@ -109,9 +109,11 @@ void Flight::lookAround(const ActiveNavigation::Aircraft& received) {
     plan_.setPresent(known(navigation_.present().position));
 }
 
-void Flight::prepare(const Settings& settings, const Variation& variation) {
+void Flight::prepare(const Settings& settings, const Variation& variation,
+                     std::int32_t altitudeOffsetFt) {
     plan_.setIcaoPrefix(settings.icaoPrefix);
     navigation_.setOptions({.variation = variation,
+                            .altitudeOffsetFt = altitudeOffsetFt,
                             .tracking = settings.tracking,
                             .log = FlightLog::Options::from(settings)});
 }

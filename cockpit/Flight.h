@@ -87,10 +87,16 @@ class Flight {
     /// are fresh and belong to a fix.
     void lookAround(const ActiveNavigation::Aircraft& received);
     /// What commands and the tick go by from here on; its second step.
-    void prepare(const Settings& settings, const Variation& variation);
+    void prepare(const Settings& settings, const Variation& variation,
+                 std::int32_t altitudeOffsetFt = 0);
     /// The half-second tick, behind lookAround() and prepare().
     void tick(const Settings& settings, const Variation& variation,
               const ActiveNavigation::Aircraft& received);
+    /// Altitudes are corrected otherwise from now on: that is no climb.
+    void altitudeShifted() {
+        verticalSpeed_ = {};
+        navigation_.restartPath();
+    }
     /// Brings the shown plan up to date: after each tick and each command.
     void refresh() { shownPlan_.update(plan_, database_); }
 

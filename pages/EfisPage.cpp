@@ -201,7 +201,8 @@ class EfisPainter {
         paintEfisTape(canvas_, tape, text(kInstrumentTexts.noAltitude), textPx_, colors_);
         caption({tape.area.x, tape.area.y, tape.area.width + layout_.verticalSpeed.width,
                  tape.area.height},
-                std::string(text(kInstrumentTexts.altitude)) + (metric ? " m" : " ft"));
+                std::string(text(kInstrumentTexts.altitude)) + (metric ? " m" : " ft") +
+                    (data_.altimeterOffsetFt ? "*" : ""));
     }
 
     // A bar from the middle; full scale is 2000 feet per minute. The number stands below.

@@ -20,6 +20,7 @@ constexpr int kPositionDecimals = 2;  // of a minute: 19 m
 constexpr double kSlowestKt = 5;
 constexpr int kSecondsPerHour = 3600;
 constexpr int kSecondsPerDay = 24 * kSecondsPerHour;
+constexpr char kCorrected = '*';  // behind the unit: by what the altimeter read
 constexpr double kMetresPerSecondPerFpm = kMetresPerFoot / 60;
 
 NavFieldText absent() { return {std::string(kNoValue), "", ""}; }
@@ -101,7 +102,12 @@ NavFieldText timeToGo(const CockpitData& data) {
     return durationIn(secondsFor(data, data.distanceNm));
 }
 
-NavFieldText altitude(const CockpitData& data) { return altitudeIn(data, data.altitudeFt); }
+NavFieldText altitude(const CockpitData& data) {
+    NavFieldText text = altitudeIn(data, data.altitudeFt);
+    if (data.altitudeFt && data.altimeterOffsetFt)
+        text.unit += kCorrected;
+    return text;
+}
 
 NavFieldText verticalSpeed(const CockpitData& data) {
     if (!data.verticalSpeedFpm)

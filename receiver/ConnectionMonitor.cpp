@@ -84,6 +84,9 @@ std::string ConnectionMonitor::statusAt(std::uint32_t flags) {
     }
     if ((flags & SentenceFlag::kChecksumCorrect) == 0)
         return waitingFor(text(kReceiverTexts.waitingForNmea));
+    const std::string talker = parts_.input.otherTalker();
+    if (!talker.empty() && !isReceiver(flags))
+        return waitingFor(formatText(kReceiverTexts.talksOther, {std::string_view(talker)}));
     if ((flags & SentenceFlag::kRmcOrVtg) == 0)
         return waitingFor(text(kReceiverTexts.waitingForCourse));
     if ((flags & SentenceFlag::kGga) == 0)

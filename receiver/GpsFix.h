@@ -49,6 +49,7 @@ struct GpsFix {
     std::int64_t groundSpeedTickMs = kNeverStored;
     std::int64_t trackTickMs = kNeverStored;
     std::int64_t altitudeTickMs = kNeverStored;
+    std::int64_t fixKindTickMs = kNeverStored;  ///< of fix3D
 };
 
 }  // namespace korvel

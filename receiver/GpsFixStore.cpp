@@ -19,6 +19,7 @@ void GpsFixStore::reset() {
     shared->fixQuality = 0;
     shared->sentenceFlags = 0;
     shared->satellites = {};
+    shared->otherTalker.clear();
     own_.satsInUse = 0;
     own_.rmcPositionValid = 0;
 }

@@ -26,11 +26,15 @@ class GpsFixStore {
         std::int32_t fixQuality = 0;
         /// Arrival of the last line with a correct checksum, used or not; reset() leaves it.
         std::int64_t correctMs = kNeverStored;
+        /// "GN", when that is who sends what is understood of GP alone; empty for nobody.
+        std::string otherTalker;
         SatelliteWords satellites{};
         std::vector<std::string> trace;
     };
 
     Guarded<Shared>& shared() { return shared_; }
+    /// See Shared.
+    std::string otherTalker() const { return shared_.lock()->otherTalker; }
 
     /// The satellites of all systems, under a lock of their own; written by the port's thread while
     /// all talkers are understood.
@@ -44,8 +48,8 @@ class GpsFixStore {
     GpsFix copy() const;
 
     /// What a silent or reopened receiver leaves: quality, satellites and flags at 0, the sky
-    /// empty, the position open to GGA again. Position, speed, track, altitude and variation stand
-    /// as they were. Main thread.
+    /// empty, no other talker heard, the position open to GGA again. Position, speed, track,
+    /// altitude and variation stand as they were. Main thread.
     void reset();
 
     void setTracing(bool on) { tracing_ = on; }

@@ -33,6 +33,24 @@ bool GpsInput::hasFix(bool need3D) {
            (!need3D || (fix.fix3D == 1 && fix.satsInUse >= kFewestSatellites));
 }
 
+bool GpsInput::is3D() const {
+    constexpr int kFewest = 4;
+    const GpsFix& fix = store_.own();
+    if (isFresh(fix.fixKindTickMs))
+        return fix.fix3D == 1;
+    // None is what a receiver says that does not count them.
+    return fix.satsInUse >= kFewest || fix.satsInUse <= 0;
+}
+
+bool GpsInput::isAltitudeGood() {
+    return hasFix(false) && is3D() && isFresh(store_.own().altitudeTickMs);
+}
+
+bool GpsInput::isFresh(std::int64_t storedMs) const {
+    constexpr std::int64_t kFreshMs = 5000;
+    return storedMs != kNeverStored && clock_.tickMs() - storedMs < kFreshMs;
+}
+
 SatelliteWords GpsInput::satellitesForDisplay() {
     const auto shared = store_.shared().lock();
     if (!satellitesAskedMs_) {

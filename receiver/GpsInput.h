@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -53,9 +54,18 @@ class GpsInput {
     /// Whether it does so now: then the receiver does not count.
     bool isSupplanted() const { return otherSource_ != nullptr && otherSource_->isActive(); }
 
+    /// See GpsFixStore::Shared.
+    std::string otherTalker() const { return store_.otherTalker(); }
+
     /// Whether the position can be flown by: also true while something else supplies it. `need3D`
     /// asks for three satellites and a fix in height as well.
     bool hasFix(bool need3D);
+
+    /// Whether the fix holds in height as far as the receiver lets on: by its last GSA or, from one
+    /// that sends none, by its satellites. Of a fix in two dimensions the altitude is a guess.
+    bool is3D() const;
+    /// Whether the receiver's altitude is fresh, belongs to a fix and holds.
+    bool isAltitudeGood();
 
     /// The satellites in view; asking makes the receiver's satellite sentences wanted, and the
     /// first question after a pause empties the table.
@@ -77,6 +87,8 @@ class GpsInput {
     double magneticToTrue(double magneticDeg) const;
 
  private:
+    bool isFresh(std::int64_t storedMs) const;
+
     const Clock& clock_;
     const PositionSource* otherSource_ = nullptr;
     GpsFixStore store_;

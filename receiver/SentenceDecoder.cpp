@@ -148,6 +148,7 @@ void SentenceDecoder::decodeGsv(Fields fields) {
 
 void SentenceDecoder::decodeGsa(Fields fields) {
     store_.own().fix3D = fields[2] == "3" ? 1 : 0;
+    store_.own().fixKindTickMs = arrivedMs_;
     for (std::size_t i = 0; i < used_.size(); ++i)
         used_.at(i) = ParseInt(fields[3 + i]);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <string>
 
 #include "base/Ascii.h"
 #include "base/TextNumbers.h"
@@ -11,6 +12,7 @@
 namespace korvel {
 namespace {
 
+constexpr std::size_t kTalkerLength = 2;  // behind the dollar
 constexpr std::string_view kInView = "$GPGSV";
 constexpr std::array<std::string_view, 5> kUsedSentences = {"$GPRMC", "$GPGGA", "$GPVTG", kInView,
                                                             "$GPGSA"};
@@ -23,6 +25,12 @@ std::optional<std::string_view> usedSentence(std::string_view id) {
         std::find_if(kUsedSentences.begin(), kUsedSentences.end(),
                      [id](std::string_view used) { return equalsIgnoringCase(used, id); });
     return found == kUsedSentences.end() ? std::nullopt : std::optional(*found);
+}
+
+/// Whether it would be used if it were GP's. What begins with P is a maker's own.
+bool isOfAnotherTalker(std::string_view id) {
+    return id.size() > kTalkerLength && id[1] != 'P' &&
+           usedSentence(std::string("$GP").append(id.substr(1 + kTalkerLength)));
 }
 
 }  // namespace
@@ -50,14 +58,16 @@ void SentenceReceiver::onSentence(std::string_view text, std::int64_t arrivedMs)
     }
     if (!checksumCorrect(line))
         return;
+    const std::string_view id = idOf(line);
     {
         const auto shared = store_.shared().lock();
         shared->sentenceFlags |= SentenceFlag::kChecksumCorrect;
         shared->correctMs = arrivedMs;
     }
-    const std::string_view id = idOf(line);
     const std::optional<std::string_view> kind = usedSentence(id);
     if (!kind) {
+        if (isOfAnotherTalker(id))
+            store_.shared().lock()->otherTalker = id.substr(1, kTalkerLength);
         store_.trace(line, " not used");
         return;
     }

@@ -22,6 +22,7 @@
 #include "window/QtText.h"
 #include "window/SchemePalette.h"
 #include "window/WindowPlacement.h"
+#include "window/sheets/AltimeterSheet.h"
 #include "window/sheets/FieldSheet.h"
 
 namespace korvel {
@@ -151,6 +152,9 @@ void CMainFrame::chooseField(std::size_t field) {
     auto sheet =
         std::make_unique<FieldSheet>(this, screen().field(field), parts_.document.cockpitData());
     sheet->onChosen = [this, field](NavFieldId chosen) { screen().setField(field, chosen); };
+    sheet->onAltimeter = [this] {
+        openSheet(std::make_unique<AltimeterSheet>(this, parts_.document));
+    };
     openSheet(std::move(sheet));
 }
 

@@ -19,6 +19,7 @@ struct CommandTexts {
     Text commandNight{61510, "&Day or Night Colours"};
     Text menuSchemes{61511, "&Colour Scheme"};
     Text commandPort{61512, "&GPS Port..."};
+    Text commandAltimeter{62135, "A&ltimeter..."};
     Text menuHelp{61513, "&Help"};
     Text commandHelp{61514, "&Getting Started"};
     Text commandAbout{61515, "&About Korvel Pro"};

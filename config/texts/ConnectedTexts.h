@@ -54,6 +54,9 @@ struct ConnectedTexts {
         61845, "Something is heard, but not NMEA 0183: check the speed and the receiver's output"};
     Text adviceSentences{
         61846, "The receiver must send RMC or VTG, and GGA: switch them on in its settings"};
+    Text adviceTalker{62136,
+                      "It must send RMC or VTG, and GGA, as GP, or all satellite systems must be "
+                      "heard (Options, GPS Port)"};
     Text adviceSky{61847, "The receiver is heard but has no position: does it see the sky?"};
     Text connectedExpired{61920, "expired %s"};  ///< %s: date
 };

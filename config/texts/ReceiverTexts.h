@@ -15,6 +15,7 @@ struct ReceiverTexts {
     Text waitingForNmea{62105, "Waiting for NMEA Data"};
     Text waitingForCourse{62106, "Waiting for NMEA gprmc or gpvtg"};
     Text waitingForAltitude{62107, "Waiting for NMEA gpgga"};
+    Text talksOther{62137, "this receiver talks %s"};  ///< %s: GN
     Text locatingSatellites{62108, "Locating Satellites"};
     Text portOpenFailed{62109, "Port Open Failed=%d"};  ///< %d: the system's number of the error
     Text badSetting{62110, "Bad setting!"};

@@ -100,6 +100,19 @@ struct SheetTexts {
     Text findTitle{61826, "Find a Place"};
     Text findButton{61827, "Find"};
     Text loadReportTitle{61830, "Load Report"};
+    Text altimeterTitle{62126, "Altimeter"};
+    Text altimeterReads{62127, "The altimeter reads (%s)"};           ///< %s: unit
+    Text altimeterReceiver{62128, "The receiver says %s %s"};         ///< %s: altitude, %s: unit
+    Text altimeterOffset{62129, "Altitudes are corrected by %s %s"};  ///< %s: feet, %s: unit
+    Text altimeterNoAltitude{
+        62130, "The receiver gives no altitude: that takes a fix in three dimensions"};
+    Text altimeterRemove{62131, "No Correction"};
+    Text altimeterTooFar{
+        62132, "More than %d ft from what the receiver says: is the altimeter set right?"};
+    Text altimeterHint{62133,
+                       "An asterisk marks corrected altitudes. The correction ends with the "
+                       "program: tomorrow's pressure is another."};
+    Text fieldAltimeter{62134, "&Altimeter..."};
     Text approachTitle{61946, "Approach"};
     Text approachTitleAt{61947, "Approach at %s"};  ///< %s: airport
     Text approachNoRunway{

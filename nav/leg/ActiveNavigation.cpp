@@ -74,13 +74,18 @@ bool isOnEarth(GeoPoint point) {
 
 void ActiveNavigation::lookAround(const Aircraft& received) {
     present_ = simulated() ? parts_.simulator.aircraft() : received;
+    if (simulated() && present_.altitudeFt)
+        *present_.altitudeFt += options_.altitudeOffsetFt;
 }
 
 void ActiveNavigation::NavUpdate(const Aircraft& received) {
     Simulator& simulator = parts_.simulator;
-    if (simulated() != std::exchange(wasSimulated_, simulated()))
+    if (simulated() != std::exchange(wasSimulated_, simulated())) {
         parts_.track.breakHere();
+        lastAltitudeFt_ = 0;
+    }
     lookAround(received);
+    takeUpPath();
     if (!suspended_)
         UpdateActiveLeg();
     const std::int64_t now = parts_.clock.tickMs();
@@ -124,11 +129,12 @@ void ActiveNavigation::recordTrack(std::int64_t nowMs) {
     if (!IsValid(present_.position))
         return;
     lastPositionMs_ = nowMs;
+    lastAltitudeFt_ = present_.altitudeFt.value_or(lastAltitudeFt_);
     if (!wanted)
         return;
     const double trackMag = present_.trackMag == kNoAngle ? 0.0 : present_.trackMag;
     parts_.track.offer(present_.position, RoundToInt(present_.groundSpeedKt.value_or(0.0)),
-                       RoundToInt(trackMag), present_.altitudeFt.value_or(0));
+                       RoundToInt(trackMag), lastAltitudeFt_);
 }
 
 bool ActiveNavigation::planTakesOver() {
@@ -187,6 +193,18 @@ void ActiveNavigation::flyTo(const Choice& choice) {
     state->desiredTrack = TrueCourseDeg(state->legStart, state->activeWaypoint);
     if (isNew || state->pathAltFt != formerPathFt)
         announce(*state);
+}
+
+void ActiveNavigation::takeUpPath() {
+    if (!pathRestarts_ || !present_.altitudeFt)
+        return;
+    pathRestarts_ = false;
+    const auto state = state_.lock();
+    if (state->pathTargetAltFt != kNoAltitudeFt)
+        beginPath(*state, present_.altitudeFt,
+                  {.altitudeFt = state->pathTargetAltFt,
+                   .point = state->pathEnd,
+                   .distanceNm = state->pathDistanceNm});
 }
 
 std::int32_t ActiveNavigation::altitudeAt(const NavigationState& state, GeoPoint waypoint) const {

@@ -42,6 +42,7 @@ class ActiveNavigation {
 
     struct Options {
         Variation variation{};
+        std::int32_t altitudeOffsetFt = 0;  ///< of the altimeter, for what the simulator flies
         bool tracking = false;
         bool recordingAllowed = true;
         FlightLog::Options log{};
@@ -85,6 +86,9 @@ class ActiveNavigation {
     [[nodiscard]] Flown flown() const { return {state(), direct_, directRecord_}; }
     /// Goes back to it, from where the aircraft is now.
     void flyAgain(const Flown& flown);
+    /// Altitudes are corrected otherwise from now on: the descent path begins anew with the next
+    /// one.
+    void restartPath() { pathRestarts_ = true; }
 
     [[nodiscard]] NavigationState state() const { return *state_.lock(); }
     [[nodiscard]] bool directLeg() const { return direct_; }
@@ -109,6 +113,7 @@ class ActiveNavigation {
     bool planTakesOver();
     std::optional<Choice> choose();
     void flyTo(const Choice& choice);
+    void takeUpPath();
     void updatePath(NavigationState& state, const Choice& choice) const;
     [[nodiscard]] std::int32_t altitudeAt(const NavigationState& state, GeoPoint waypoint) const;
     void updateValues();
@@ -120,6 +125,8 @@ class ActiveNavigation {
     bool suspended_ = false;
     bool direct_ = false;
     bool wasSimulated_ = false;
+    bool pathRestarts_ = false;
+    std::int32_t lastAltitudeFt_ = 0;  ///< the track has no sign for an altitude that is unknown
     Aircraft present_;
     std::int64_t lastPositionMs_ = 0;  ///< tick at which the track last had a position
     std::shared_ptr<const DatabaseRecord> directRecord_;  ///< null for a point without a record

@@ -130,6 +130,74 @@ TEST_F(CKorvelDocTest, OnlyAPositionWithAFixOnThisEarthIsLive) {
     }
 }
 
+TEST_F(CKorvelDocTest, InTwoDimensionsTheAltitudeIsNotShown) {
+    const auto gsa = [](const char* kind) { return "GPGSA,A," + std::string(kind) + ",1,2,3,4,,,,,,,,,1,1,1"; };
+    const auto counted = [](const char* satellites) {
+        return "GPGGA,1," + std::string(kHere) + ",1," + satellites + ",1.2,100.0,M,,,,";
+    };
+    const std::tuple<const char*, std::vector<std::string>, bool> cases[] = {
+        {"three dimensions", {counted("04"), gsa("3")}, true},
+        {"two", {counted("07"), gsa("2")}, false},
+        {"no kind told, four satellites", {counted("04")}, true},
+        {"no kind told, three satellites", {counted("03")}, false},
+        {"nothing told at all", {counted("")}, true},
+    };
+    for (const auto& [what, said, good] : cases) {
+        SCOPED_TRACE(what);
+        start("COM3:,4800,N,8,1");
+        say({rmc(kHere)});
+        say(said);
+        EXPECT_TRUE(data().position);
+        EXPECT_EQ(data().altitudeFt.has_value(), good);
+        EXPECT_EQ(data().fix3D, good);
+        EXPECT_EQ(doc_->receiverAltitudeFt().has_value(), good);
+        doc_.reset();
+    }
+    start("COM3:,4800,N,8,1");
+    say({rmc(kHere), gsa("2"), counted("07")});
+    EXPECT_FALSE(data().altitudeFt);
+    for (int second = 0; second < 5; ++second) {
+        clock_.advanceMs(1000);
+        say({rmc(kHere), counted("07")});
+    }
+    EXPECT_TRUE(data().altitudeFt) << "a kind that was told so long ago says nothing";
+}
+
+TEST_F(CKorvelDocTest, AltitudesFollowTheAltimeter) {
+    start("COM3:,4800,N,8,1");
+    folder_.write("x.UDB.TXT", "NAVAID_BEGIN\nID=XA\nNAME=N\nTYPE=FIX\nPOSN.LAT=47.8\nPOSN.LON=10.25\nNAVAID_END\n");
+    doc_->loadDatabases(std::vector{folder_.path()});
+    const auto fly = [&](int seconds) {
+        for (; seconds > 0; --seconds) {
+            clock_.advanceMs(1000);
+            say({rmc(kHere), "GPGGA,1," + std::string(kHere) + ",1,05,1.2,1000.0,M,,,,"});
+        }
+    };
+    fly(1);
+    doc_->flight().navigation().DirectTo("XA", "", 300);
+    fly(5);
+    EXPECT_EQ(data().altitudeFt, 3280);
+    EXPECT_EQ(data().verticalSpeedFpm, 0);
+    const double before = doc_->flight().navigation().state().pathAngle;
+    doc_->setAltimeterOffsetFt(500);
+    for (int second = 0; second < 8; ++second) {
+        fly(1);
+        EXPECT_EQ(data().altitudeFt, 3780);
+        EXPECT_EQ(data().verticalSpeedFpm.value_or(0), 0) << "nobody has climbed";
+    }
+    EXPECT_EQ(doc_->receiverAltitudeFt(), 3280);
+    const double after = doc_->flight().navigation().state().pathAngle;
+    EXPECT_NEAR(after / before, (3780.0 - 300) / (3280 - 300), 0.001) << "from the altitude that is read";
+    doc_->flight().startSimulator({.position = *data().position, .altitudeFt = 2000});
+    doc_->tick();
+    EXPECT_EQ(data().altitudeFt, 2500) << "the simulator's altimeter reads the same";
+    doc_->flight().stopSimulator();
+    doc_->setAltimeterOffsetFt({});
+    fly(1);
+    EXPECT_EQ(data().altitudeFt, 3280);
+    EXPECT_FALSE(data().altimeterOffsetFt);
+}
+
 TEST_F(CKorvelDocTest, NumbersThatAreNoneAreNotShown) {
     start("COM3:,4800,N,8,1");
     say({"GPRMC,1,A,4730.0,N,01015.0,E,inf,nan,211200,,", "GPGGA,1,,,,,1,04,1.2,-inf,M,,,,"});
@@ -371,6 +439,8 @@ TEST_F(CKorvelDocTest, TellsWhatToDoAboutEachStateOfTheReceiver) {
     says("COM2 9600: Invalid Port\nThis computer has no such port");
     doc_->tick();
     says("COM3 9600: No Gps Rcvr Activity\nThe port is open and silent");
+    say({"PGRMC,1,2", "GNGGA,1,,,,,0,00,,,M,,,,"});
+    says("COM3 9600: this receiver talks GN\nIt must send RMC or VTG, and GGA, as GP");
     say({rmc(kHere)});
     says("COM3 9600: Waiting for NMEA gpgga\nThe receiver must send");
     say({gga(kHere, 0)});

@@ -11,6 +11,14 @@
 
 namespace korvel { namespace {
 
+TEST(NavField, ACorrectedAltitudeSaysSo) {
+    CockpitData data;
+    data.altimeterOffsetFt = -120;
+    EXPECT_EQ(navField(NavFieldId::Altitude).format(data).value, "---");
+    data.altitudeFt = 5500;
+    EXPECT_EQ(navField(NavFieldId::Altitude).format(data).unit, "ft*");
+}
+
 TEST(NavField, FieldsShowTheirValuesOrDashes) {
     const struct {
         std::string_view name;

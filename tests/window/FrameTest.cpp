@@ -348,6 +348,7 @@ TEST_F(FrameTest, WhatIsRefusedIsSaidWhereItWasTyped) {
         QString said;
     };
     const std::array cases = {Case{Qt::Key_D, "Not found!"}, Case{Qt::CTRL | Qt::Key_F, "Not found!"},
+        Case{Qt::SHIFT | Qt::Key_A, "The receiver gives no altitude: that takes a fix in three dimensions"},
         Case{Qt::SHIFT | Qt::Key_F, "XXXXX navaid/airway not found or data expired!"}};
     for (const Case& refused : cases) {
         press(refused.key);

@@ -4,6 +4,7 @@
 #include "config/texts/CommandTexts.h"
 #include "config/texts/MessageTexts.h"
 #include "screen/Screen.h"
+#include "window/sheets/AltimeterSheet.h"
 #include "window/sheets/CGPSDialog.h"
 #include "window/sheets/CPrefsSheet.h"
 #include "window/sheets/SimulatorSheet.h"
@@ -32,8 +33,9 @@ void OptionCommands::addTo(QMenu& menu) {
     addSheet<CViewPagesDialog>(menu, kCommandTexts.commandViewPages,
                                {QKeySequence(Qt::SHIFT | Qt::Key_N)});
     menu.addSeparator();
-    host_.addCommand(
-        menu, kCommandTexts.commandPort, {Qt::Key_G}, [this] { choosePort(); });
+    host_.addCommand(menu, kCommandTexts.commandPort, {Qt::Key_G}, [this] { choosePort(); });
+    addSheet<AltimeterSheet>(menu, kCommandTexts.commandAltimeter,
+                             {QKeySequence(Qt::SHIFT | Qt::Key_A)});
     const auto updateChecks = [this] {
         simulating_->setChecked(host_.document().flight().simulator().running());
     };

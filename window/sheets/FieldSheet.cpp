@@ -26,6 +26,16 @@ FieldSheet::FieldSheet(QWidget* parent, NavFieldId current, const CockpitData& s
             list_.setCurrentItem(item);
     }
     addTallRow(list_);
+    altimeter_.setText(toQString(kSheetTexts.fieldAltimeter));
+    altimeter_.setAutoDefault(false);
+    connect(&altimeter_, &QPushButton::clicked, this, [this] {
+        if (onAltimeter)
+            onAltimeter();
+    });
+    if (current == NavFieldId::Altitude)
+        addRow(altimeter_);
+    else
+        altimeter_.hide();
     connect(&list_, &QListWidget::itemClicked, this, [this] { accept(); });
     setPreferredWidth(10 * kRowPixels);
     list_.setFocus();

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include <QListWidget>
+#include <QPushButton>
 
 #include "pages/NavField.h"
 #include "window/sheets/Sheet.h"
@@ -19,9 +20,12 @@ class FieldSheet final : public Sheet {
 
     /// Called with the choice before the sheet closes.
     std::function<void(NavFieldId)> onChosen;
+    /// Of the altitude's field: the pilot wants to set the altimeter.
+    std::function<void()> onAltimeter;
 
  private:
     QListWidget list_;
+    QPushButton altimeter_;
 };
 
 }  // namespace korvel
