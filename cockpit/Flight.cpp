@@ -129,6 +129,10 @@ void Flight::tick(const Settings& settings, const Variation& variation,
     }
 }
 
+void Flight::refresh() {
+    shownPlan_.update(plan_, database_, IsValid(navigation_.present().position));
+}
+
 void Flight::step(const Settings& settings, const Variation& variation,
                   const ActiveNavigation::Aircraft& received) {
     navigation_.NavUpdate(received);

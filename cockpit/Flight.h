@@ -98,7 +98,7 @@ class Flight {
         navigation_.restartPath();
     }
     /// Brings the shown plan up to date: after each tick and each command.
-    void refresh() { shownPlan_.update(plan_, database_); }
+    void refresh();
 
  private:
     void step(const Settings& settings, const Variation& variation,

@@ -6,9 +6,11 @@
 namespace korvel {
 
 PlanPart planPart(const PlanView& plan, std::size_t row) {
-    if (!plan.active || row > *plan.active)
-        return PlanPart::Ahead;
-    return row == *plan.active ? PlanPart::Active : PlanPart::Passed;
+    if (row == plan.active)
+        return PlanPart::Active;
+    if (plan.rows[row].flown)
+        return PlanPart::Passed;
+    return plan.active && row < *plan.active ? PlanPart::Skipped : PlanPart::Ahead;
 }
 
 std::optional<std::size_t> flownRow(const CockpitData& data) {

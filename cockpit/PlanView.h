@@ -24,6 +24,7 @@ struct PlanRow {
     std::optional<std::int32_t> altitudeFt;
     std::optional<double> courseMagDeg;
     std::optional<double> legNm;
+    bool flown = false;  ///< the aircraft has come to it
 
     friend bool operator==(const PlanRow&, const PlanRow&) = default;
 };
@@ -31,7 +32,8 @@ struct PlanRow {
 /// The active plan, copied out of its lock when it changed.
 struct PlanView {
     std::vector<PlanRow> rows;
-    std::optional<std::size_t> active;  ///< flown to at present; none before the first choice
+    /// Flown to at present; none before the first choice and while the position is not known.
+    std::optional<std::size_t> active;
     double totalNm = 0.0;
     std::string fileName;  ///< bare; empty for a plan that was never saved
     bool changed = false;  ///< there is something to save
@@ -39,8 +41,13 @@ struct PlanView {
     friend bool operator==(const PlanView&, const PlanView&) = default;
 };
 
-/// A row of the plan as seen from the aircraft.
-enum class PlanPart : std::uint8_t { Passed, Active, Ahead };
+/// A row of the plan as seen from the aircraft. What lies before the active one was either flown
+/// to or left out.
+enum class PlanPart : std::uint8_t { Passed, Skipped, Active, Ahead };
+
+inline bool isBehind(PlanPart part) {
+    return part == PlanPart::Passed || part == PlanPart::Skipped;
+}
 
 PlanPart planPart(const PlanView& plan, std::size_t row);
 

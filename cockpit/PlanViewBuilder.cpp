@@ -11,6 +11,7 @@ namespace korvel {
 PlanView makePlanView(const FlightPlan& plan, const NavDatabase& database) {
     PlanView view;
     view.rows.reserve(plan.entries().size());
+    const std::vector<bool> flown = plan.flown();
     for (const PlanWaypoint& entry : plan.entries()) {
         PlanRow row;
         row.text = entry.text;
@@ -27,9 +28,9 @@ PlanView makePlanView(const FlightPlan& plan, const NavDatabase& database) {
             row.courseMagDeg = variation.TrueToMagnetic(TrueCourseDeg(from, row.position));
             row.legNm = DistanceNm(from, row.position);
         }
+        row.flown = flown[view.rows.size()];
         view.rows.push_back(std::move(row));
     }
-    view.active = plan.currentIndex();
     view.totalNm = plan.totalNm();
     return view;
 }

@@ -7,17 +7,20 @@
 
 namespace korvel {
 
-void ShownPlan::update(ActivePlan& plan, const NavDatabase& database) {
+void ShownPlan::update(ActivePlan& plan, const NavDatabase& database, bool positionKnown) {
     const auto held = plan.plan().lock();
     if (!held->has_value()) {
         view_.reset();
         return;
     }
-    const Source source{.revision = plan.revision(), .active = (*held)->currentIndex()};
+    Source source{.revision = plan.revision(),
+                  .active = positionKnown ? (*held)->currentIndex() : std::nullopt,
+                  .flown = (*held)->flown()};
     if (view_ && source == source_)
         return;
-    source_ = source;
+    source_ = std::move(source);
     PlanView view = makePlanView(**held, database);
+    view.active = source_.active;
     view.fileName = plan.file().filename().string();
     view.changed = plan.changed();
     view_ = std::make_shared<const PlanView>(std::move(view));

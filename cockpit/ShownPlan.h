@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "cockpit/PlanView.h"
 
@@ -15,8 +16,9 @@ class NavDatabase;
 /// only.
 class ShownPlan {
  public:
-    /// After each tick and each command.
-    void update(ActivePlan& plan, const NavDatabase& database);
+    /// After each tick and each command. Where it is not known where the aircraft is nothing is
+    /// flown to.
+    void update(ActivePlan& plan, const NavDatabase& database, bool positionKnown);
 
     /// Null without a plan.
     [[nodiscard]] const std::shared_ptr<const PlanView>& view() const { return view_; }
@@ -26,6 +28,7 @@ class ShownPlan {
     struct Source {
         std::uint64_t revision = 0;
         std::optional<std::size_t> active{};
+        std::vector<bool> flown{};
 
         friend bool operator==(const Source&, const Source&) = default;
     };

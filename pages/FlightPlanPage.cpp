@@ -182,7 +182,7 @@ class FlightPlanPainter {
         const PlanPart part = planPart(*data_.plan, index);
         const Rect area = rows_.row(index, first_);
         const bool isActive = part == PlanPart::Active;
-        const ColorValue ink = part == PlanPart::Passed ? blended(ink_, background_, kFaded) : ink_;
+        const ColorValue ink = isBehind(part) ? blended(ink_, background_, kFaded) : ink_;
         if (isActive)
             canvas_.rect(area, Brush{blended(activeColor(), background_, 0.82)}, std::nullopt);
         canvas_.line({area.x, area.bottom()}, {area.right(), area.bottom()}, {line_, 1});
@@ -199,7 +199,7 @@ class FlightPlanPainter {
 
     [[nodiscard]] ColorValue activeColor() const { return colors_[ColorKey::MapFlightPlanActive]; }
 
-    /// An arrowhead for what is flown to, a tick for what was passed.
+    /// An arrowhead for what is flown to, a tick for what was flown to before.
     void mark(Point at, PlanPart part) {
         const double r = textPx_ * 0.5;
         if (part == PlanPart::Active)

@@ -102,8 +102,8 @@ std::vector<PlanLine> tracePlan(const CockpitData& data, const MapProjection& pr
         const GeoPoint from = data.plan->rows[i - 1].position;
         if (i == flown && isFlownFrom(data, from))
             continue;
-        const bool isPassed = planPart(*data.plan, i) == PlanPart::Passed;
-        tracer.trace(isPassed ? PlanLineKind::Passed : PlanLineKind::Ahead, from,
+        const bool behind = isBehind(planPart(*data.plan, i));
+        tracer.trace(behind ? PlanLineKind::Passed : PlanLineKind::Ahead, from,
                      data.plan->rows[i].position);
     }
     if (const auto leg = activeLine(data)) {

@@ -45,6 +45,8 @@ std::vector<PlanMark> marksOf(const CockpitData& data, const MapProjection& proj
         PlanPart part = planPart(*data.plan, i);
         if (part == PlanPart::Active && flown != i)
             part = PlanPart::Ahead;
+        if (isBehind(part))
+            part = PlanPart::Passed;  // flown or left out: neither counts on the map any more
         marks.push_back(markAt(projection.project(row.position), part,
                                labelText(row.ident, row.altitudeFt, data.altUnit)));
     }

@@ -85,11 +85,19 @@ std::optional<std::size_t> FlightPlan::find(std::string_view recordKey, std::siz
     return nearest;
 }
 
-bool FlightPlan::hasPassed(std::string_view recordKey) const {
+FlightPlan::Progress FlightPlan::progressOf(std::string_view recordKey) const {
     for (std::size_t i = 0; i < entries_.size(); ++i)
         if (progress_[i].state == State::Passed && entries_[i].record->key == recordKey)
-            return true;
-    return false;
+            return progress_[i];
+    return {.state = State::Skipped};
+}
+
+std::vector<bool> FlightPlan::flown() const {
+    std::vector<bool> flown;
+    flown.reserve(progress_.size());
+    for (const Progress& progress : progress_)
+        flown.push_back(progress.flown);
+    return flown;
 }
 
 bool FlightPlan::goOnFrom(const FlightPlan& former) {
@@ -102,10 +110,8 @@ bool FlightPlan::goOnFrom(const FlightPlan& former) {
     // What the pilot puts before it is to be flown first.
     while (*next > 0 && !former.contains(entries_[*next - 1].record->key))
         --*next;
-    for (std::size_t i = 0; i < *next; ++i) {
-        const bool passed = former.hasPassed(entries_[i].record->key);
-        progress_[i].state = passed ? State::Passed : State::Skipped;
-    }
+    for (std::size_t i = 0; i < *next; ++i)
+        progress_[i] = former.progressOf(entries_[i].record->key);
     moveToEntry(*next);
     return true;
 }
@@ -143,6 +149,7 @@ std::optional<std::size_t> FlightPlan::visit(const Motion& motion, bool searchin
             std::for_each_n(progress_.begin(), i + 1,
                             [](Progress& before) { before.state = State::Passed; });
             reachedCount_ += searching ? 0 : 1;
+            progress.flown = true;
             continue;
         }
         if (!searching)

@@ -47,6 +47,9 @@ class FlightPlan {
     /// RecordKey of the waypoint that the last choice, or moveTo(), made the active one.
     [[nodiscard]] const std::string& currentKey() const { return currentKey_; }
     [[nodiscard]] std::optional<std::size_t> currentIndex() const { return current_; }
+    /// Which entries the aircraft has come to, one bit an entry: what lies before the active one
+    /// may have been left out.
+    [[nodiscard]] std::vector<bool> flown() const;
 
     /// How many waypoints were reached since the plan is what it is.
     [[nodiscard]] int reachedCount() const { return reachedCount_; }
@@ -80,6 +83,7 @@ class FlightPlan {
     struct Progress {
         State state = State::Undecided;
         std::int32_t score = 0;
+        bool flown = false;  ///< reached itself, while Passed may only lie before what was reached
     };
 
     struct Sight {
@@ -91,7 +95,8 @@ class FlightPlan {
     /// The entry of that key that lies nearest to `index`, counted in entries.
     [[nodiscard]] std::optional<std::size_t> find(std::string_view recordKey,
                                                   std::size_t index) const;
-    [[nodiscard]] bool hasPassed(std::string_view recordKey) const;
+    /// Of an entry with this key; the first one's that was passed, if any.
+    [[nodiscard]] Progress progressOf(std::string_view recordKey) const;
     [[nodiscard]] Sight sight(std::size_t index, const Motion& motion) const;
     [[nodiscard]] bool isReached(std::size_t index, const Sight& sight, const Motion& motion) const;
     /// Examines the entries in order; nothing when none of them is to be flown to.

@@ -15,8 +15,11 @@ GeoPoint at(double lat, double lon) { return {lat * kDegToRad, lon * kDegToRad};
 class FlightTest : public testing::Test {
  protected:
     FlightTest() {
-        folder_.write(
-            "x.UDB.TXT", "ARPT_BEGIN\nID=XFLD\nNAME=Field\nPOSN.LAT=47.5\nPOSN.LON=10\nELEV=1000\nARPT_END\n");
+        folder_.write("x.UDB.TXT",
+            "ARPT_BEGIN\nID=XFLD\nNAME=Field\nPOSN.LAT=47.5\nPOSN.LON=10\nELEV=1000\nARPT_END\n"
+            "NAVAID_BEGIN\nID=XA\nNAME=XA\nTYPE=VOR\nPOSN.LAT=47.1\nPOSN.LON=10\nFREQ=112.0\nNAVAID_END\n"
+            "NAVAID_BEGIN\nID=XB\nNAME=XB\nTYPE=VOR\nPOSN.LAT=47.4\nPOSN.LON=10\nFREQ=113.0\nNAVAID_END\n"
+            "NAVAID_BEGIN\nID=XC\nNAME=XC\nTYPE=VOR\nPOSN.LAT=48.0\nPOSN.LON=10\nFREQ=114.0\nNAVAID_END\n");
         program_.charts.load(std::vector{folder_.path()});
     }
     CockpitData tick(const ActiveNavigation::Aircraft& aircraft = {}, std::int64_t ms = Flight::kTickMs) {
@@ -118,6 +121,26 @@ TEST_F(FlightTest, ThePagesSeeThePlanAsItIsNow) {
     EXPECT_EQ(saved->fileName, "a.fp");
     flight_.plan().clear();
     EXPECT_FALSE(tick({.position = at(47.2, 10)}).plan);
+}
+
+TEST_F(FlightTest, OnlyWhatWasFlownToIsTickedAndNothingIsActiveWithoutAPosition) {
+    const auto parts = [](const CockpitData& data) {
+        std::string letters;
+        for (std::size_t i = 0; i < data.plan->rows.size(); ++i)
+            letters += "PSA."[static_cast<int>(planPart(*data.plan, i))];
+        return letters;
+    };
+    ASSERT_EQ(flight_.plan().enterRoute("XA XB XFLD XC"), "");
+    EXPECT_EQ(parts(tick()), "....");
+    EXPECT_EQ(flight_.navigation().DirectTo("XB", ""), "No gps signal!");
+    EXPECT_EQ(parts(tick()), "....") << "chosen for later, but nothing is flown to";
+    EXPECT_EQ(parts(tick({.position = at(47.2, 10), .trackMag = 0})), "SA..") << "XA was never flown to";
+    EXPECT_EQ(parts(tick({.position = at(47.395, 10), .trackMag = 0})), "SPA.");
+    EXPECT_EQ(parts(tick()), ".P..");
+    flight_.plan().flyTo(3);
+    EXPECT_EQ(parts(tick({.position = at(47.4, 10), .trackMag = 0})), "SPSA") << "XFLD was left out";
+    ASSERT_EQ(flight_.plan().enterRoute("XA XB XFLD XC XA"), "");
+    EXPECT_EQ(parts(tick({.position = at(47.4, 10), .trackMag = 0})), "SPSA.") << "an edit forgets nothing";
 }
 
 TEST_F(FlightTest, NearAirportsAreLookedUpWhileSomebodyLooks) {
