@@ -137,6 +137,14 @@ void ActiveNavigation::recordTrack(std::int64_t nowMs) {
                        RoundToInt(trackMag), lastAltitudeFt_);
 }
 
+/// The simulated aircraft goes where it is headed, also before its first step has shown a track: a
+/// plan that searches in that tick must not take what lies behind.
+double ActiveNavigation::trackMag() const {
+    const Simulator& simulator = parts_.simulator;
+    const bool isHeaded = simulated() && simulator.headingMag() != Simulator::kNoHeading;
+    return present_.trackMag == kNoAngle && isHeaded ? simulator.headingMag() : present_.trackMag;
+}
+
 bool ActiveNavigation::planTakesOver() {
     {
         const auto state = state_.lock();
@@ -154,9 +162,8 @@ std::optional<ActiveNavigation::Choice> ActiveNavigation::choose() {
     const auto plan = parts_.plan.lock();
     if (!plan->has_value())
         return std::nullopt;
-    const auto leg = (*plan)->ChooseActiveLeg({.position = present_.position,
-                                               .trackMag = present_.trackMag,
-                                               .variation = options_.variation});
+    const auto leg = (*plan)->ChooseActiveLeg(
+        {.position = present_.position, .trackMag = trackMag(), .variation = options_.variation});
     if (!leg)
         return std::nullopt;
     return Choice{.record = leg->waypoint->record,

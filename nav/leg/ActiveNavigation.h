@@ -110,6 +110,7 @@ class ActiveNavigation {
         std::optional<FlightPlan::AltitudeConstraint> constraint;
     };
 
+    [[nodiscard]] double trackMag() const;
     bool planTakesOver();
     std::optional<Choice> choose();
     void flyTo(const Choice& choice);

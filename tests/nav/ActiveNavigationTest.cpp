@@ -70,6 +70,15 @@ TEST_F(ActiveNavigationTest, WithoutAPositionNothingIsKnown) {
         std::tuple(1000.0, 30001.0, 30001.0, 1000.0));
 }
 
+TEST_F(ActiveNavigationTest, TheSimulatedAircraftTurnsToWhatLiesAheadFromItsFirstTick) {
+    for (const auto& [heading, chosen] : {std::pair{90, "f.C"}, {270, "f.A"}, {Simulator::kNoHeading, "f.A"}}) {
+        simulator_.start(degrees(0, 0.7), heading, 100, 3000, clock_.tickMs());
+        fly("A B C");
+        navigation_.NavUpdate({});
+        EXPECT_EQ(navigation_.state().activeKey, chosen) << heading;
+    }
+}
+
 TEST_F(ActiveNavigationTest, CrossTrackAgreesWithVectors) {
     std::mt19937 random(7);
     std::uniform_real_distribution<double> unit(-1.0, 1.0);

@@ -145,10 +145,7 @@ TEST_F(ScreenTest, AlarmsAreTappedAwayWhereTheyStand) {
 TEST_F(ScreenTest, AnApproachIsToldAndItsBoxTapped) {
     ASSERT_EQ(document_.flight().plan().enterRoute("XSO XFLD"), "");
     fly(47, 10, 90);
-    EXPECT_EQ(screen_.message(), "Next: XSO South");
-    document_.flight().plan().flyTo(1);
-    ticks(1);
-    EXPECT_EQ(screen_.message(), "Next: XFLD Field");
+    EXPECT_EQ(screen_.message(), "Next: XFLD Field") << "XSO lies behind";
     for (int tick = 0; tick < 30 && !screen_.data().approach; ++tick) ticks(1);
     EXPECT_EQ(screen_.message(), "Approach to runway 36 at XFLD");
     screen_.showPage(PageId::Hsi);
