@@ -26,15 +26,22 @@ void AlarmWatch::update(const Settings& settings, const ActiveNavigation& naviga
                         const ActiveApproach& approach, const DatabaseRecord* destination,
                         std::int64_t nowMs) {
     const ActiveNavigation::Aircraft& present = navigation.present();
-    situation_ = {.crossTrackNm = known(navigation.state().crossTrackNm, kNoDistanceNm),
-                  .groundSpeedKt = present.groundSpeedKt,
+    situation_ = {.groundSpeedKt = present.groundSpeedKt,
                   .altitudeFt = present.altitudeFt,
                   .gearWarning = settings.gearWarning,
                   .approachSpeedKt = settings.approachSpeedKt};
+    const NavigationState state = navigation.state();
+    if (intercept_.update(state, situation_.fullScaleNm))
+        situation_.crossTrackNm = known(state.crossTrackNm, kNoDistanceNm);
     if (destination != nullptr)
         situation_.destination = describe(*destination, present.position);
     approach.describe(situation_, present.position);
     board_.update(nowMs);
+}
+
+void AlarmWatch::forget() {
+    intercept_.forget();
+    board_.forget();
 }
 
 }  // namespace korvel

@@ -4,6 +4,7 @@
 
 #include "nav/alarms/AlarmBoard.h"
 #include "nav/alarms/FlightAlarms.h"
+#include "nav/alarms/LegIntercept.h"
 
 namespace korvel {
 
@@ -19,7 +20,6 @@ class AlarmWatch {
     AlarmWatch() { addFlightAlarms(board_, situation_); }
     AlarmWatch(const AlarmWatch&) = delete;
     AlarmWatch& operator=(const AlarmWatch&) = delete;
-    ~AlarmWatch() = default;
 
     /// Other sources of alarms may join.
     AlarmBoard& board() { return board_; }
@@ -30,9 +30,12 @@ class AlarmWatch {
     void update(const Settings& settings, const ActiveNavigation& navigation,
                 const ActiveApproach& approach, const DatabaseRecord* destination,
                 std::int64_t nowMs);
+    /// The aircraft is another one, or elsewhere.
+    void forget();
 
  private:
     FlightSituation situation_;
+    LegIntercept intercept_;
     AlarmBoard board_;  // judges by the situation
 };
 

@@ -10,6 +10,7 @@
 #include "cockpit/PlanView.h"
 #include "geo/GeoPoint.h"
 #include "geo/Units.h"
+#include "nav/alarms/AlarmBoard.h"
 #include "nav/approach/LandingRunway.h"
 #include "nav/track/Track.h"
 #include "platform/Clock.h"
@@ -78,8 +79,8 @@ struct CockpitData {
     std::size_t trackSlots = 0;
     /// Nearest first; null until they are wanted or when there is no position.
     std::shared_ptr<const std::vector<NearAirport>> nearAirports;
-    /// What needs the pilot's attention, most urgent first; shown until acknowledged.
-    std::vector<std::string> alarms;
+    /// What needs the pilot's attention, most urgent first.
+    std::vector<ShownAlarm> alarms;
 
     bool simulated = false;  ///< the position comes from the simulator
     /// Connection status for the pilot, lines separated by "\n"; empty while the receiver has a

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "pages/ToneLook.h"
 #include "paint/Clip.h"
 #include "paint/MapColorCache.h"
 #include "paint/TypeSizes.h"
@@ -19,6 +20,8 @@ constexpr double kCornerHeight = 4;
 constexpr double kFingerPixels = 6;
 
 double triangleSize(const Font& font) { return std::round(font.height * 0.95); }
+
+bool hasTriangle(const ShownAlarm& alarm) { return alarm.urgency != AlarmUrgency::Notice; }
 
 /// One below the other.
 void stack(std::vector<Rect>& areas, double top, double gap) {
@@ -48,20 +51,49 @@ double fillRows(std::vector<Rect>& areas, double width, double gap) {
     return top;
 }
 
+void paintTriangle(Canvas& canvas, Point leftMiddle, double size, const ToneLook& look) {
+    const auto [left, middle] = leftMiddle;
+    const std::array triangle{Point{left + size / 2, middle - size * 0.45},
+                              Point{left + size, middle + size * 0.4},
+                              Point{left, middle + size * 0.4}};
+    canvas.polygon(triangle, Brush{look.frame}, std::nullopt);
+    canvas.text({left + size / 2, middle + size * 0.1}, "!",
+                {.font = {.height = std::round(size * 0.6), .weight = FontWeight::Bold},
+                 .color = look.ground,
+                 .alignX = AlignX::Center,
+                 .alignY = AlignY::Middle});
+}
+
+void paintAlarm(Canvas& canvas, const Rect& area, const ShownAlarm& alarm, const Font& font,
+                const MapColorCache& colors) {
+    const ToneLook look = toneLook(alarm.urgency, colors);
+    canvas.rect(area, Brush{look.frame}, std::nullopt);
+    canvas.rect(grown(area, -kFrame), Brush{look.ground}, std::nullopt);
+    const double middle = area.center().y;
+    double left = area.x + font.height * 0.5;
+    if (hasTriangle(alarm)) {
+        paintTriangle(canvas, {left, middle}, triangleSize(font), look);
+        left += triangleSize(font) + font.height * 0.5;
+    }
+    canvas.text({left, middle}, alarm.words,
+                {.font = font, .color = look.ink, .alignY = AlignY::Middle});
+}
+
 }  // namespace
 
-AlarmBoxes::AlarmBoxes(const TextMeasure& texts, const Rect& page,
-                       std::span<const std::string> alarms, double textPx, Place place)
+AlarmBoxes::AlarmBoxes(const TextMeasure& texts, const Rect& page, std::span<const ShownAlarm> all,
+                       double textPx, Place place)
     : font(alarmFont(textPx)) {
-    if (alarms.empty())
+    if (all.empty())
         return;
     const double margin = std::round(textPx * 0.55);
     const double height = std::round(font.height * 1.6);
-    const auto shown = alarms.first(std::min(alarms.size(), kMostAlarmBoxes));
-    words.assign(shown.begin(), shown.end());
-    for (const std::string& alarm : words) {
-        const double width = std::ceil(texts.measure(alarm, font).width) + triangleSize(font) +
-                             3 * font.height * 0.5;
+    const auto shown = all.first(std::min(all.size(), kMostAlarmBoxes));
+    alarms.assign(shown.begin(), shown.end());
+    for (const ShownAlarm& alarm : alarms) {
+        const double triangle = hasTriangle(alarm) ? triangleSize(font) + font.height * 0.5 : 0;
+        const double width =
+            std::ceil(texts.measure(alarm.words, font).width) + triangle + 2 * font.height * 0.5;
         areas.push_back({std::round((page.width - width) / 2), 0, width, height});
     }
     const double gap = std::round(margin / 2);
@@ -85,31 +117,11 @@ std::optional<std::size_t> AlarmBoxes::alarmAt(Point finger) const {
 }
 
 void paintAlarms(Canvas& canvas, const AlarmBoxes& boxes, const MapColorCache& colors) {
-    const ColorValue danger = colors[ColorKey::MapObstacleDanger];
-    const ColorValue ground = colors[ColorKey::MapBackground];
-    const Font& font = boxes.font;
     if (boxes.stripHeight > 0)
         canvas.rect({0, canvas.height() - boxes.stripHeight, canvas.width(), boxes.stripHeight},
-                    Brush{ground}, std::nullopt);
-    const double size = triangleSize(font);
-    for (std::size_t i = 0; i < boxes.areas.size(); ++i) {
-        const Rect& area = boxes.areas[i];
-        canvas.rect(area, Brush{danger}, std::nullopt);
-        canvas.rect(grown(area, -kFrame), Brush{ground}, std::nullopt);
-        const double middle = area.center().y;
-        const double left = area.x + font.height * 0.5;
-        const std::array triangle{Point{left + size / 2, middle - size * 0.45},
-                                  Point{left + size, middle + size * 0.4},
-                                  Point{left, middle + size * 0.4}};
-        canvas.polygon(triangle, Brush{danger}, std::nullopt);
-        canvas.text({left + size / 2, middle + size * 0.1}, "!",
-                    {.font = {.height = std::round(size * 0.6), .weight = FontWeight::Bold},
-                     .color = ground,
-                     .alignX = AlignX::Center,
-                     .alignY = AlignY::Middle});
-        canvas.text({left + size + font.height * 0.5, middle}, boxes.words[i],
-                    {.font = font, .color = danger, .alignY = AlignY::Middle});
-    }
+                    Brush{colors[ColorKey::MapBackground]}, std::nullopt);
+    for (std::size_t i = 0; i < boxes.areas.size(); ++i)
+        paintAlarm(canvas, boxes.areas[i], boxes.alarms[i], boxes.font, colors);
 }
 
 }  // namespace korvel

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <string>
 #include <vector>
 
+#include "cockpit/CockpitData.h"
 #include "paint/Canvas.h"
 
 namespace korvel {
@@ -26,20 +26,20 @@ struct AlarmBoxes {
     AlarmBoxes() = default;
     /// `page` is the page with the strip, of which the size counts, and `textPx` the type size of a
     /// map's labels on it.
-    AlarmBoxes(const TextMeasure& texts, const Rect& page, std::span<const std::string> alarms,
+    AlarmBoxes(const TextMeasure& texts, const Rect& page, std::span<const ShownAlarm> all,
                double textPx, Place place);
 
     /// Which alarm a finger at this point means.
     std::optional<std::size_t> alarmAt(Point finger) const;
 
     std::vector<Rect> areas;
-    std::vector<std::string> words;  ///< of each
+    std::vector<ShownAlarm> alarms;  ///< of each
     Font font;                       ///< of the words
     double stripHeight = 0;          ///< that the page leaves; 0 on a map and for no alarms
 };
 
-/// A thick frame, a warning triangle and the words in the colour of danger; under a strip of them
-/// the background.
+/// A thick frame, a triangle and the words, in the colours of the urgency; information has neither
+/// frame nor triangle. Under a strip of them lies the background.
 void paintAlarms(Canvas& canvas, const AlarmBoxes& boxes, const MapColorCache& colors);
 
 }  // namespace korvel

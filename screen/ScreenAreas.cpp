@@ -8,10 +8,10 @@
 namespace korvel {
 
 void ScreenAreas::layOut(const ScreenRequest& request, PageId page,
-                         std::span<const std::string> alarms, const TextMeasure& letters) {
+                         std::span<const ShownAlarm> alarms, const TextMeasure& letters) {
     layout_ = layOutScreen(request);
-    alarmWords_.assign(alarms.begin(), alarms.end());
-    alarms_ = {letters, layout_.page, alarmWords_,
+    allAlarms_.assign(alarms.begin(), alarms.end());
+    alarms_ = {letters, layout_.page, allAlarms_,
                mapTextPx(layout_.page.width, layout_.page.height), PagePainter::alarmPlace(page)};
     layout_.page.height -= alarms_.stripHeight;
 }
@@ -22,8 +22,8 @@ Rect ScreenAreas::pageWithAlarms() const {
     return whole;
 }
 
-bool ScreenAreas::areOf(std::span<const std::string> alarms) const {
-    return std::ranges::equal(alarmWords_, alarms);
+bool ScreenAreas::areOf(std::span<const ShownAlarm> alarms) const {
+    return std::ranges::equal(allAlarms_, alarms);
 }
 
 }  // namespace korvel

@@ -22,7 +22,7 @@ inline constexpr std::array kTouchBar = {
 class ScreenAreas {
  public:
     /// `letters` measures texts: the alarms' boxes follow their widths.
-    void layOut(const ScreenRequest& request, PageId page, std::span<const std::string> alarms,
+    void layOut(const ScreenRequest& request, PageId page, std::span<const ShownAlarm> alarms,
                 const TextMeasure& letters);
 
     /// The page is what the strip of alarms leaves of it.
@@ -35,12 +35,12 @@ class ScreenAreas {
     /// From the page's corner.
     const AlarmBoxes& alarms() const { return alarms_; }
     /// Whether the boxes are those of these alarms.
-    bool areOf(std::span<const std::string> alarms) const;
+    bool areOf(std::span<const ShownAlarm> alarms) const;
 
  private:
     ScreenLayout layout_;
     AlarmBoxes alarms_;
-    std::vector<std::string> alarmWords_;  // of all, shown or not
+    std::vector<ShownAlarm> allAlarms_;  // shown or not
 };
 
 }  // namespace korvel

@@ -21,16 +21,25 @@ void AlarmBoard::update(std::int64_t nowMs) {
         }
         watched.words = std::move(*words);
         watched.sinceMs = watched.sinceMs.value_or(nowMs);
-        watched.raised = watched.raised || nowMs - *watched.sinceMs >= watched.source.delayMs;
+        if (!watched.raisedMs && nowMs - *watched.sinceMs >= watched.source.delayMs)
+            watched.raisedMs = nowMs;
+        const std::int64_t lastsMs = watched.source.lastsMs;
+        if (lastsMs > 0 && watched.raisedMs && nowMs - *watched.raisedMs >= lastsMs)
+            watched.acknowledged = true;
     }
 }
 
-std::vector<std::string> AlarmBoard::shown() const {
-    std::vector<std::string> words;
+void AlarmBoard::forget() {
+    for (Watched& watched : watched_)
+        watched = Watched{.source = std::move(watched.source)};
+}
+
+std::vector<ShownAlarm> AlarmBoard::shown() const {
+    std::vector<ShownAlarm> alarms;
     for (const Watched& watched : watched_)
         if (watched.isShown())
-            words.push_back(watched.words);
-    return words;
+            alarms.push_back({watched.words, watched.source.urgency});
+    return alarms;
 }
 
 bool AlarmBoard::acknowledge(std::size_t place) {

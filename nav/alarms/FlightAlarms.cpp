@@ -17,6 +17,7 @@ struct Threshold {
 };
 
 constexpr std::int64_t kOffCourseDelayMs = 5000;
+constexpr std::int64_t kArrivingLastsMs = 10000;
 constexpr Threshold kOffCourseShare{1.0, 0.9};  // of full scale
 constexpr Threshold kArrivalNm{2.0, 2.5};
 constexpr Threshold kGearNm{3.0, 3.5};
@@ -66,6 +67,7 @@ void addFlightAlarms(AlarmBoard& board, const FlightSituation& situation) {
                        return wordsIf(isOffCourse(situation, holds), kFlightTexts.alarmOffCourse);
                    }});
     board.add({.urgency = AlarmUrgency::Notice,
+               .lastsMs = kArrivingLastsMs,
                .condition = [&situation](bool holds) -> std::optional<std::string> {
                    if (!arrives(situation, holds)) {
                        return std::nullopt;

@@ -18,8 +18,8 @@ struct FlightSituation {
         std::optional<std::int32_t> elevationFt{};
     };
 
-    std::optional<double> crossTrackNm{};
-    double fullScaleNm = 5;  ///< cross-track at the HSI's outermost mark
+    std::optional<double> crossTrackNm{};  ///< nothing before the course has been joined
+    double fullScaleNm = 5;                ///< cross-track at the HSI's outermost mark
     std::optional<Destination> destination{};
     std::optional<double> groundSpeedKt{};
     std::optional<std::int32_t> altitudeFt{};

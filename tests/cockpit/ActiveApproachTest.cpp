@@ -59,7 +59,7 @@ TEST_F(ActiveApproachTest, LinedUpWithTheDestinationTheRunwayTakesTheLegsPlace) 
     EXPECT_NEAR(*data.crossTrackNm, 0.41, 0.01) << "left";
     EXPECT_TRUE(data.alarms.empty());
     data = fly(47.4, 9.96, 0, 7);
-    EXPECT_EQ(data.alarms, std::vector<std::string>{"OFF COURSE"}) << "1.6 NM is off this scale";
+    EXPECT_EQ(data.alarms, std::vector<ShownAlarm>{{"OFF COURSE"}}) << "1.6 NM is off this scale";
     settings_.apprMode = false;
     EXPECT_FALSE(fly(47.4, 10, 0, 5).approach);
     settings_.apprMode = true;

@@ -90,12 +90,12 @@ TEST_F(FlightTest, TheTrackIsBackAtTheTimeOfDayAfterAFastSimulation) {
 }
 
 TEST_F(FlightTest, TheAlarmsKnowWhereTheFlightEndsAndHowHighThatIs) {
-    const std::tuple<bool, int, double, std::vector<std::string>> cases[] = {
-        {true, 1990, 47.54, {"CHECK GEAR"}},
+    const std::tuple<bool, int, double, std::vector<ShownAlarm>> cases[] = {
+        {true, 1990, 47.54, {{"CHECK GEAR", AlarmUrgency::Warning}}},
         {true, 2010, 47.54, {}},
         {false, 1990, 47.54, {}},
         {true, 1990, 47.56, {}},
-        {false, 3000, 47.53, {"Arriving at XFLD"}},
+        {false, 3000, 47.53, {{"Arriving at XFLD", AlarmUrgency::Notice}}},
     };
     for (const auto& [wanted, altitudeFt, lat, alarms] : cases) {
         settings_.gearWarning = wanted;
@@ -106,6 +106,19 @@ TEST_F(FlightTest, TheAlarmsKnowWhereTheFlightEndsAndHowHighThatIs) {
         flight_.plan().clear();
         tick({.position = at(48, 10)});
     }
+}
+
+TEST_F(FlightTest, OffCourseIsWhoHasJoinedTheCourseAndLeftIt) {
+    const auto alarmsAfterSixSeconds = [&](double lon) {
+        CockpitData data;
+        for (int i = 0; i < 12; ++i) data = tick({.position = at(47.2, lon)});
+        return data.alarms;
+    };
+    alarmsAfterSixSeconds(10.3);
+    EXPECT_EQ(flight_.navigation().DirectTo("XC", "360"), "Direct to XC");
+    EXPECT_EQ(alarmsAfterSixSeconds(10.3), std::vector<ShownAlarm>{}) << "12 NM beside it, on the way to it";
+    EXPECT_EQ(alarmsAfterSixSeconds(10.1), std::vector<ShownAlarm>{});
+    EXPECT_EQ(alarmsAfterSixSeconds(10.3), std::vector<ShownAlarm>{{"OFF COURSE"}});
 }
 
 TEST_F(FlightTest, ThePagesSeeThePlanAsItIsNow) {

@@ -143,7 +143,7 @@ TEST(AttitudePage, CrossesAStalePictureOut) {
 }
 
 TEST(AlarmBoxes, FillAStripBelowThePageRowByRow) {
-    const std::vector<std::string> alarms = {"CHECK GEAR", "OFF COURSE", "Arriving at KBFI"};
+    const std::vector<ShownAlarm> alarms = {{"CHECK GEAR"}, {"OFF COURSE"}, {"Arriving at KBFI"}};
     double before = 0;
     for (const int width : {1280, 480, 320}) {
         const RecordingCanvas canvas(width, 400);

@@ -60,7 +60,7 @@ ColorValue groundOf(const std::vector<Element>& elements, std::size_t text, Colo
 
 TEST(PagePainter, NothingIsBrighterThanItsTextAtNight) {
     CockpitData data = navigating();
-    data.alarms = {"CHECK GEAR"};
+    data.alarms = {{"CHECK GEAR"}, {"OFF COURSE"}, {"Arriving at KBFI", AlarmUrgency::Notice}};
     data.simulated = true;
     for (const CockpitData& each : {data, flying(), CockpitData{}})
         for (int page = 0; page < kPageCount; ++page) {
@@ -133,7 +133,7 @@ TEST(MapFurniture, NothingStandsOnAnythingElseOrOnTheAircraft) {
     crowded.databaseNotice = "CHARTS EXPIRED 2013-05-02";
     crowded.message = "Auto-zoom/view disabled for 30 secs.";
     CockpitData alarmed = flying();
-    alarmed.alarms = {"CHECK GEAR", "Arriving at WWWWWWWWWWW", "OFF COURSE", "one more"};
+    alarmed.alarms = {{"CHECK GEAR"}, {"Arriving at WWWWWWWWWWW"}, {"OFF COURSE"}, {"one more"}};
     alarmed.message = crowded.message;
     const std::pair<int, int> sizes[] = {{480, 570}, {640, 300}, {800, 370}, {1280, 660}, {2176, 1500}, {600, 900}};
     for (const auto& [width, height] : sizes)
