@@ -88,6 +88,7 @@ void CKorvelDoc::tick() {
     modulePort_.keepOpen(modulesOwnPort());
     status_ = monitor_.connectionStatus(true);
     const Aircraft aircraft = received();
+    flight_.setUtc(receivedUtc());
     flight_.lookAround(aircraft);
     flight_.prepare(settings_, input_.variation(), altimeterOffsetFt_.value_or(0));
     if (beforeNavigation)
@@ -220,15 +221,27 @@ Aircraft CKorvelDoc::received() {
     return aircraft;
 }
 
+/// Of what is told apart from receivers, the computer knows the time better than a log.
+std::optional<std::int64_t> CKorvelDoc::receivedUtc() const {
+    constexpr std::int64_t kMsPerSecond = 1000;
+    const std::int64_t now = clock_.tickMs();
+    const GpsFix& fix = input_.store().own();
+    if (sourceKind() != SourceKind::Receiver || !isFresh(fix.utcTickMs, now))
+        return std::nullopt;
+    return fix.utcSeconds + (now - fix.utcTickMs) / kMsPerSecond;
+}
+
 CockpitData CKorvelDoc::collectData() {
     CockpitData data;
     data.status = status_;
-    data.now = clock_.localNow();
+    data.source = sourceKind();
+    data.sourceEnded = source_ && source_->hasEnded();
+    data.now = flight_.timeOfDay().localNow();
     data.altUnit = settings_.altUnit;
     data.distanceUnit = distanceUnitOf(settings_.gsUnit);
     collectFix(data);
     constexpr std::int64_t kSecondsPerDay = 86400;
-    data.utcSecondOfDay = static_cast<int>(clock_.unixSeconds() % kSecondsPerDay);
+    data.utcSecondOfDay = static_cast<int>(flight_.timeOfDay().unixSeconds() % kSecondsPerDay);
     data.databaseNotice = charts_.notice();
     fillFlightData(data, flight_, input_.variation());
     if (data.position)

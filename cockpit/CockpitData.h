@@ -102,6 +102,7 @@ struct CockpitData {
     /// Satellites in view, by system and number.
     std::vector<Satellite> satellites;
 
+    // By the receiver's clock while it tells the time, else by the computer's.
     LocalTime now;
     std::optional<int> utcSecondOfDay;
     std::optional<int> flightTimeSec;                         ///< since the start of this flight

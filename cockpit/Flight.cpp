@@ -40,7 +40,8 @@ Flight::Flight(const Foundations& foundations)
              .flyAgain =
                  [this](const ActiveNavigation::Flown& flown) { navigation_.flyAgain(flown); }}),
       track_(clock_, inFolder(foundations.folder, kTrackJournalName)),
-      log_(clock_, inFolder(foundations.folder, kFlightLogName), [this] { return placeHere(); }),
+      log_(timeOfDay_, inFolder(foundations.folder, kFlightLogName),
+           [this] { return placeHere(); }),
       navigation_({.clock = clock_,
                    .database = foundations.database,
                    .fixes = plan_.fixes(),

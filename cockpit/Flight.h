@@ -10,6 +10,7 @@
 #include "cockpit/ActiveApproach.h"
 #include "cockpit/ActivePlan.h"
 #include "cockpit/AlarmWatch.h"
+#include "cockpit/CorrectedClock.h"
 #include "cockpit/ShiftedClock.h"
 #include "cockpit/ShownPlan.h"
 #include "cockpit/SimulatorStart.h"
@@ -73,6 +74,14 @@ class Flight {
     /// Whole seconds since this flight began; nothing on the ground.
     std::optional<int> flightTimeSec() const;
 
+    /// The time of day, which is the receiver's while setUtc() gives it.
+    const Clock& timeOfDay() const { return timeOfDay_; }
+    /// What time the receiver says it is, in seconds since 1970; nothing for the computer's.
+    void setUtc(std::optional<std::int64_t> unixSeconds) { timeOfDay_.setNow(unixSeconds); }
+
+    /// What the aircraft does comes from elsewhere from now on. Only what a `receiver` tells is a
+    /// flight to be logged; with another kind of source another flight begins.
+    void sourceChanged(bool receiver);
     void startSimulator(const SimulatorStart& start);
     void stopSimulator();
     Simulator& simulator() { return simulator_; }
@@ -109,6 +118,7 @@ class Flight {
     std::string placeHere() const;
 
     ShiftedClock clock_;
+    CorrectedClock timeOfDay_{clock_};
     NavDatabase& database_;
     ActivePlan plan_;
     ShownPlan shownPlan_;

@@ -30,10 +30,10 @@ constexpr double kBarPx = 6;
 enum class Column : std::uint8_t { Altitude, Track, Leg, Total, Time, Arrival };
 
 struct ColumnLook {
-    Column column{};
+    Column column;
     Text head;
-    double widthEm = 0;   ///< of the type size
-    bool always = false;  ///< also in a narrow window
+    double widthEm;  ///< of the type size
+    bool always;     ///< also in a narrow window
 };
 
 constexpr std::array kColumns{ColumnLook{Column::Altitude, kInstrumentTexts.altitude, 3.9, true},
@@ -41,7 +41,7 @@ constexpr std::array kColumns{ColumnLook{Column::Altitude, kInstrumentTexts.alti
                               ColumnLook{Column::Leg, kInstrumentTexts.distance, 4.0, true},
                               ColumnLook{Column::Total, kInstrumentTexts.total, 4.4, false},
                               ColumnLook{Column::Time, kInstrumentTexts.ete, 3.6, true},
-                              ColumnLook{Column::Arrival, kInstrumentTexts.eta, 3.7, true}};
+                              ColumnLook{Column::Arrival, kInstrumentTexts.eta, 4.2, true}};
 
 std::string milesText(const std::optional<double>& nm, DistanceUnit unit) {
     if (!nm)
@@ -159,6 +159,8 @@ class FlightPlanPainter {
             ConvertDistance(0, data_.distanceUnit, &labels);
             head.append(" ").append(labels.distance);
         }
+        if (look.column == Column::Arrival)
+            head.append(" ").append(text(kInstrumentTexts.localTime));
         return head;
     }
 
@@ -270,7 +272,8 @@ class FlightPlanPainter {
                 {formatText(kInstrumentTexts.distanceToGo,
                             {distanceText(*last.totalNm, data_.distanceUnit)}),
                  formatText(kInstrumentTexts.eteOf, {durationText(last.totalHours)}),
-                 formatText(kInstrumentTexts.etaOf, {arrivalText(last.totalHours, data_.now)})});
+                 formatText(kInstrumentTexts.etaOf, {arrivalText(last.totalHours, data_.now),
+                                                     text(kInstrumentTexts.localTime)})});
         const double left = textPx_ * 0.7;
         const double room = columns_.front().right - left;
         double taken = (static_cast<double>(words.size()) - 1) * textPx_;  // with the least gaps

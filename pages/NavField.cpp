@@ -142,7 +142,8 @@ NavFieldText eta(const CockpitData& data) {
     if (!seconds || *seconds >= kSecondsPerDay)
         return absent();
     const int now = data.now.hour * kSecondsPerHour + data.now.minute * 60 + data.now.second;
-    return clockTime(now + RoundToInt(*seconds));
+    return {clockTime(now + RoundToInt(*seconds)).value,
+            std::string(text(kInstrumentTexts.localTime)), ""};
 }
 
 NavFieldText waypoint(const CockpitData& data) {
@@ -202,7 +203,10 @@ NavFieldText position(const CockpitData& data) {
 }
 
 NavFieldText timeOfDay(const CockpitData& data) {
-    return clockTime(data.now.hour * kSecondsPerHour + data.now.minute * 60 + data.now.second);
+    NavFieldText time =
+        clockTime(data.now.hour * kSecondsPerHour + data.now.minute * 60 + data.now.second);
+    time.unit.append(" ").append(text(kInstrumentTexts.localTime));
+    return time;
 }
 
 NavFieldText utc(const CockpitData& data) {

@@ -38,6 +38,7 @@ struct GpsFix {
     double groundSpeedKt = 0;
     double trackMag = kNoAngle;  ///< over ground, magnetic, 0 to 360
     std::int32_t altitudeFt = 0;
+    std::int64_t utcSeconds = 0;  ///< of RMC, since 1970, when its day can be true
     std::int32_t satsInUse = 0;
     std::int32_t fixQuality = 0;  ///< of the last GGA; 0 is no fix
     std::int32_t fix3D = 0;       ///< 1 when the last GSA said so

@@ -9,6 +9,7 @@
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
 #include "receiver/PortSettings.h"
+#include "receiver/ReceiverTime.h"
 
 namespace korvel {
 namespace {
@@ -99,6 +100,7 @@ void SentenceDecoder::decodeRmc(Fields fields) {
         storeGroundSpeed(*knots);
     storeVariation(fields[10], fields[11]);
     storeTrack(fields[8]);
+    storeTime(fields[1], fields[9]);
 }
 
 void SentenceDecoder::decodeVtg(Fields fields) {
@@ -182,6 +184,13 @@ void SentenceDecoder::storeAltitude(std::string_view metres) {
     if (std::abs(feet) < kMostFeet && isAltitude(static_cast<int>(feet))) {
         store_.own().altitudeFt = static_cast<std::int32_t>(feet);
         store_.own().altitudeTickMs = arrivedMs_;
+    }
+}
+
+void SentenceDecoder::storeTime(std::string_view time, std::string_view date) {
+    if (const auto seconds = receiverUnixSeconds(time, date)) {
+        store_.own().utcSeconds = *seconds;
+        store_.own().utcTickMs = arrivedMs_;
     }
 }
 

@@ -64,6 +64,7 @@ class SentenceDecoder {
     void storeGroundSpeed(double knots);
     void storeTrack(std::string_view trueCourse);
     void storeAltitude(std::string_view metres);
+    void storeTime(std::string_view time, std::string_view date);
     void storeVariation(std::string_view degrees, std::string_view side);
     void storeQuality(std::string_view quality);
     std::uint32_t satelliteWord(Fields group) const;

@@ -36,7 +36,8 @@ struct InstrumentTexts {
     Text totalDistance{62033, "Total %s"};  ///< %s: distance
     Text distanceToGo{62034, "To go %s"};   ///< %s: distance
     Text eteOf{62035, "ETE %s"};            ///< %s: duration
-    Text etaOf{62036, "ETA %s"};            ///< %s: time of day
+    Text etaOf{62046, "ETA %s %s"};         ///< %s: time of day, %s: of which clock
+    Text localTime{62047, "LT"};            ///< beside a time of day: local time
     Text elevation{62037, "elev %s"};       ///< %s: height
     Text fromTo{62038, "%s to %s"};         ///< %s: place, %s: place
     Text backBearing{62039, "back %s"};     ///< %s: bearing

@@ -6,6 +6,7 @@
 #include "base/Calendar.h"
 #include "base/TextNumbers.h"
 #include "config/Settings.h"
+#include "platform/ZoneTime.h"
 
 namespace korvel {
 namespace {
@@ -114,7 +115,9 @@ void FlightLog::step(const Options& options, std::optional<double> groundSpeedKt
 void FlightLog::begin(bool offSeen) {
     const LocalTime now = clock_.localNow();
     const std::string off = offSeen ? timeText(now, false, ":") + ',' + place_() : ",";
-    flight_ = Flight{.head = dateText(now) + ',' + off, .startTickMs = clock_.tickMs()};
+    flight_ = Flight{.head = dateText(now) + ',' + off,
+                     .startTickMs = clock_.tickMs(),
+                     .startUnixSeconds = clock_.unixSeconds()};
     note();
 }
 
@@ -136,8 +139,10 @@ void FlightLog::follow(const Options& options, double groundSpeedKt) {
 void FlightLog::note() {
     const std::int64_t now = clock_.tickMs();
     flight_->notedMs = now;
-    flight_->line = flight_->head + ',' + timeText(clock_.localNow(), false, ":") + ',' + place_() +
-                    ',' + flightTimeText((now - flight_->startTickMs) / 1000) + "\r\n";
+    const std::int64_t seconds = (now - flight_->startTickMs) / 1000;
+    const LocalTime on = localTimeOf(clock_, flight_->startUnixSeconds + seconds);
+    flight_->line = flight_->head + ',' + timeText(on, false, ":") + ',' + place_() + ',' +
+                    flightTimeText(seconds) + "\r\n";
     noteTrouble_.note(journal_.append(flight_->line));
 }
 

@@ -20,8 +20,10 @@ std::string flightTimeText(std::int64_t seconds);
 
 /// Appends a line to a text file for every flight:
 ///   date,off time,off place,on time,on place,minutes,hours
-/// with local times "HH:MM". Off time and place are empty for a flight that was already under way
-/// when it was first seen. Places are what the owner's function names, mostly airports.
+/// with local times "HH:MM". The on time is the off time and as much later as the ticks say, so
+/// that a clock that is set in flight makes no flight longer. Off time and place are empty for a
+/// flight that was already under way when it was first seen. Places are what the owner's function
+/// names, mostly airports.
 ///
 /// A flight begins when the ground speed reaches the start speed and ends when it has stayed below
 /// the end speed for 10 s; then its end is the beginning of those 10 s. While the speed is not
@@ -73,6 +75,7 @@ class FlightLog {
     struct Flight {
         std::string head;  ///< date, off time and off place
         std::int64_t startTickMs = 0;
+        std::int64_t startUnixSeconds = 0;
         std::optional<std::int64_t> slowSinceMs{};
         std::int64_t notedMs = 0;
         std::string line{};  ///< complete, as if the flight had ended at the last note

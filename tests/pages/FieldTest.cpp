@@ -30,7 +30,7 @@ TEST(NavField, FieldsShowTheirValuesOrDashes) {
         {"BRG", {"091", "°M", ""}, {"091", "°M", ""}},
         {"DIST", {"34.3", "nm", ""}, {"63.4", "km", ""}},
         {"TTG", {"17:22", "min", ""}, {"17:22", "min", ""}},
-        {"ETA", {"14:22", "29", ""}, {"14:22", "29", ""}},
+        {"ETA", {"14:22", "LT", ""}, {"14:22", "LT", ""}},
         {"XTK", {"L1.3", "nm", ""}, {"L2.3", "km", ""}},
         {"DTK", {"089", "°M", ""}, {"089", "°M", ""}},
         {"OFF CRS", {"L2", "°", ""}, {"L2", "°", ""}},
@@ -46,7 +46,7 @@ TEST(NavField, FieldsShowTheirValuesOrDashes) {
         {"UTC", {"12:05", "07", ""}, {"12:05", "07", ""}},
         {"FLT TIME", {"1:02", "h", ""}, {"1:02", "h", ""}},
         {"SAT", {"8", "3D", ""}, {"8", "3D", ""}},
-        {"TIME", {"14:05", "07", ""}, {"14:05", "07", ""}},
+        {"TIME", {"14:05", "07 LT", ""}, {"14:05", "07 LT", ""}},
     };
     EXPECT_EQ(std::size(cases), navFields().size());
     const CockpitData nothing = lost(20);  // the last position must not show as a value
