@@ -178,6 +178,7 @@ std::optional<std::int32_t> CKorvelDoc::receiverAltitudeFt() {
 }
 
 void CKorvelDoc::useSource(std::unique_ptr<SentenceSource> source) {
+    const SourceKind former = sourceKind();
     monitor_.useSource(source.get());
     source_ = std::move(source);
 }

@@ -143,6 +143,10 @@ class CKorvelDoc final : private SentenceListener {
     /// Listens to this source instead of a port, whatever the settings say, until the pilot chooses
     /// another port.
     void useSource(std::unique_ptr<SentenceSource> source);
+    /// A receiver tells where the aircraft is: what takes its place hides it.
+    bool hasLiveFix() const;
+    /// The receiver has a fix and moves, and what is magnetic about it is the database's word.
+    bool lacksReceiverVariation() const;
 
     /// To be called at each tick while the satellites are looked at.
     void wantSatellites() { input_.satellitesForDisplay(); }
@@ -164,6 +168,8 @@ class CKorvelDoc final : private SentenceListener {
     std::optional<PortSettings> modulesOwnPort() const;
     /// What of the fix is fresh; nothing without one.
     Aircraft received();
+    SourceKind sourceKind() const { return source_ ? source_->kind() : SourceKind::Receiver; }
+    std::optional<std::int64_t> receivedUtc() const;
     CockpitData collectData();
     void show(CockpitData data);
     void collectFix(CockpitData& data);

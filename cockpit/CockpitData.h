@@ -15,6 +15,7 @@
 #include "nav/track/Track.h"
 #include "platform/Clock.h"
 #include "receiver/Satellite.h"
+#include "receiver/SentenceSource.h"
 
 namespace korvel {
 
@@ -83,6 +84,11 @@ struct CockpitData {
     std::vector<ShownAlarm> alarms;
 
     bool simulated = false;  ///< the position comes from the simulator
+    /// Whose lines are heard, or would be but for the simulator.
+    SourceKind source = SourceKind::Receiver;
+    bool sourceEnded = false;  ///< it has nothing more to bring
+    bool suspended = false;    ///< legs do not change by themselves
+    bool recording = false;    ///< the track is recorded as soon as there is a position
     /// Connection status for the pilot, lines separated by "\n"; empty while the receiver has a
     /// fix.
     std::string status;

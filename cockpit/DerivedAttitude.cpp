@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
@@ -59,13 +60,17 @@ std::optional<double> DerivedAttitude::turnRate() const {
     return (n * sumTA - sumT * sumA) / (n * sumTT - sumT * sumT);
 }
 
+void DerivedAttitude::forget() {
+    samples_.clear();
+    pitchDeg_.reset();
+}
+
 void DerivedAttitude::update(CockpitData& data, std::int64_t nowMs) {
+    if (std::exchange(simulated_, data.simulated) != data.simulated)
+        forget();
     const bool flying = data.groundSpeedKt && *data.groundSpeedKt >= kSlowestKt;
-    if (!flying || !data.trackMagDeg) {
-        samples_.clear();
-        pitchDeg_.reset();
-        return;
-    }
+    if (!flying || !data.trackMagDeg)
+        return forget();
     add(*data.trackMagDeg, nowMs);
     data.turnRateDegPerSec = turnRate();
     if (data.turnRateDegPerSec) {

@@ -20,6 +20,9 @@ class DerivedAttitude {
     static constexpr double kMostBankDeg = 60;
     static constexpr double kMostPitchDeg = 30;
 
+    /// Another aircraft flies on: what was seen until now is of no use.
+    void forget();
+
     /// Takes the track, speeds and time of one tick and fills in turn rate, bank and pitch, which
     /// stay absent until the track has been known for two seconds. `nowMs` never runs backwards.
     void update(CockpitData& data, std::int64_t nowMs);
@@ -33,6 +36,7 @@ class DerivedAttitude {
     void add(double trackDeg, std::int64_t nowMs);
     std::optional<double> turnRate() const;
 
+    bool simulated_ = false;      ///< what the samples are of
     std::deque<Sample> samples_;  ///< oldest first
     std::optional<double> pitchDeg_;
 };

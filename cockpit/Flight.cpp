@@ -86,15 +86,38 @@ std::optional<int> Flight::flightTimeSec() const {
     return seconds ? std::optional(static_cast<int>(*seconds)) : std::nullopt;
 }
 
-// Simulator
+// Sources
+
+/// What was made of where the aircraft was would mix with where it is now.
+void Flight::forgetDerived() {
+    verticalSpeed_.forget();
+    alarms_.forget();
+    track_.breakHere();
+}
+
+/// Another aircraft flies on: it is elsewhere, and it has come to no waypoint yet.
+void Flight::beginAnew() {
+    forgetDerived();
+    if (!plan_.activate())
+        navigation_.ClearNavigation();
+}
+
+void Flight::sourceChanged(bool receiver) {
+    if (std::exchange(fromReceiver_, receiver) != receiver)
+        beginAnew();
+    else
+        forgetDerived();
+}
 
 void Flight::startSimulator(const SimulatorStart& start) {
     simulator_.start(start.position, start.headingMag, start.speedKt, start.altitudeFt,
                      clock_.tickMs());
-    plan_.activate();
+    beginAnew();
 }
 
 void Flight::stopSimulator() {
+    if (simulator_.running())
+        beginAnew();
     simulator_.stop();
     timeFactor_ = 1;
     if (std::exchange(trackIsAhead_, false))
@@ -116,6 +139,7 @@ void Flight::prepare(const Settings& settings, const Variation& variation,
     navigation_.setOptions({.variation = variation,
                             .altitudeOffsetFt = altitudeOffsetFt,
                             .tracking = settings.tracking,
+                            .logging = fromReceiver_,
                             .log = FlightLog::Options::from(settings)});
 }
 

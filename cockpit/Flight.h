@@ -110,6 +110,8 @@ class Flight {
     void refresh();
 
  private:
+    void forgetDerived();
+    void beginAnew();
     void step(const Settings& settings, const Variation& variation,
               const ActiveNavigation::Aircraft& received);
     void goOnWithPlan();
@@ -127,6 +129,7 @@ class Flight {
     FlightLog log_;
     ActiveNavigation navigation_;
     VerticalSpeed verticalSpeed_;
+    bool fromReceiver_ = true;
     int timeFactor_ = 1;
     bool trackIsAhead_ = false;  // of the time of day, since the simulator flew faster
     ActiveApproach approach_;

@@ -22,8 +22,9 @@ class ReplaySource final : public SentenceSource {
  public:
     struct Options {
         std::string label{};  ///< what the pilot knows it by
-        double speed = 1;     ///< how many times faster than recorded, above 0
-        bool loop = false;    ///< begins again at its end; else the receiver then falls silent
+        SourceKind kind = SourceKind::Replay;
+        double speed = 1;   ///< how many times faster than recorded, above 0
+        bool loop = false;  ///< begins again at its end; else the receiver then falls silent
     };
 
     /// `clock`, which must outlive it, says when a line came; the pace is that of real time.
@@ -36,6 +37,8 @@ class ReplaySource final : public SentenceSource {
     void stop() override;
     bool isRunning() const override { return thread_.joinable(); }
     bool isReceiving() override { return activity_.isReceiving(clock_.tickMs()); }
+    SourceKind kind() const override { return options_.kind; }
+    bool hasEnded() const override { return isOver_; }
     std::string label() const override { return options_.label; }
     std::string stateText() const override;
 

@@ -19,6 +19,9 @@ class SentenceListener {
     virtual void onLine(std::string_view line, std::int64_t arrivedMs) = 0;
 };
 
+/// What stands behind a source: only a receiver tells where the aircraft is now.
+enum class SourceKind : std::uint8_t { Receiver, Demonstration, Replay };
+
 /// Where a receiver's lines come from: a serial port, a log that is played again, whatever else
 /// brings lines. Everything but the delivery of lines happens on its owner's thread.
 class SentenceSource {
@@ -39,6 +42,10 @@ class SentenceSource {
     [[nodiscard]] virtual bool hasFailed() const { return false; }
     /// Whether bytes arrive; see ActivityMeter.
     [[nodiscard]] virtual bool isReceiving() = 0;
+
+    [[nodiscard]] virtual SourceKind kind() const { return SourceKind::Receiver; }
+    /// It has brought all that it ever will.
+    [[nodiscard]] virtual bool hasEnded() const { return false; }
 
     /// What the pilot knows it by: "COM3 9600".
     [[nodiscard]] virtual std::string label() const = 0;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "config/texts/MessageTexts.h"
+#include "config/texts/ReceiverTexts.h"
 #include "map/layers/PlanMarks.h"
 #include "navdb/records/RecordKey.h"
 
@@ -31,6 +32,9 @@ std::optional<std::int32_t> altitudeAtWaypoint(const CockpitData& data) {
 std::string Announcements::tick(const CockpitData& data) {
     std::string next = waypoint(data);
     std::string landing = approach(data);
+    if (data.sourceEnded && !std::exchange(sourceEnded_, data.sourceEnded))
+        return std::string(text(kReceiverTexts.replayOver));
+    sourceEnded_ = data.sourceEnded;
     return landing.empty() ? next : landing;
 }
 

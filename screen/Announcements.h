@@ -7,7 +7,8 @@
 
 namespace korvel {
 
-/// Tells what is flown to next, and that an approach has begun or ended: once for each.
+/// Tells what is flown to next, that an approach has begun or ended, and that there is no more to
+/// replay: once for each.
 class Announcements {
  public:
     /// After each tick; the message for the pilot, empty for nothing new.
@@ -19,6 +20,7 @@ class Announcements {
 
     std::string waypoint_;                 // that was told last
     std::optional<LandingRunway> runway_;  // likewise
+    bool sourceEnded_ = false;
 };
 
 }  // namespace korvel

@@ -177,7 +177,10 @@ std::string CKorvelApp::startReplay() {
                                    : std::filesystem::path(line_.replayFile).filename().string();
     document_.useSource(std::make_unique<ReplaySource>(
         std::move(script),
-        ReplaySource::Options{.label = std::move(label), .speed = line_.speed, .loop = line_.demo},
+        ReplaySource::Options{.label = std::move(label),
+                              .kind = line_.demo ? SourceKind::Demonstration : SourceKind::Replay,
+                              .speed = line_.speed,
+                              .loop = line_.demo},
         clock_));
     return {};
 }

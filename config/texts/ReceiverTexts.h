@@ -21,7 +21,7 @@ struct ReceiverTexts {
     Text badSetting{62110, "Bad setting!"};
     Text unsupportedBaud{62111, "Unsupported baud"};
     Text nothingToReplay{62112, "Nothing to replay"};
-    Text replayOver{62113, "The replay is over"};
+    Text replayOver{62113, "Replay ended"};
     Text modulePortNotSet{62120, "The module's port is not set"};
     Text moduleTrouble{62121, "Attitude module, %s: %s"};  ///< %s: port and speed, %s: why
     Text noThread{62114, "The system has no thread to give"};

@@ -99,8 +99,8 @@ void ActiveNavigation::NavUpdate(const Aircraft& received) {
     simulator.steer(now, state_.lock()->bearingMag);
     lookAround(received);
     recordTrack(now);
-    // What the simulator flies is no flight time.
-    const bool real = !simulated() && IsValid(present_.position);
+    // What the simulator or a replay flies is no flight time.
+    const bool real = !simulated() && options_.logging && IsValid(present_.position);
     parts_.log.step(options_.log, real ? present_.groundSpeedKt : std::nullopt);
 }
 

@@ -44,6 +44,7 @@ class ActiveNavigation {
         Variation variation{};
         std::int32_t altitudeOffsetFt = 0;  ///< of the altimeter, for what the simulator flies
         bool tracking = false;
+        bool logging = true;  ///< it is a receiver that tells where the aircraft is
         bool recordingAllowed = true;
         FlightLog::Options log{};
     };

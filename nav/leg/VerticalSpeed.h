@@ -14,6 +14,9 @@ class VerticalSpeed {
     /// all that came before.
     void add(std::int64_t tickMs, std::optional<std::int32_t> altitudeFt);
 
+    /// The altitudes to come are another source's.
+    void forget() { samples_.clear(); }
+
     /// Feet per minute in steps of 10, up positive; nothing before 3 s of altitudes and
     /// beyond 100,000 ft/min.
     [[nodiscard]] std::optional<int> feetPerMinute() const;

@@ -388,9 +388,44 @@ TEST_F(CKorvelDocTest, OtherDatabasesComeIntoUseAtATickAndThePlanKeepsItsPlaces)
     EXPECT_EQ(data().activeKey, "a.XOLD");
 }
 
+TEST_F(CKorvelDocTest, TheTimeIsTheReceiversWhileItTellsIt) {
+    profile_.setString(kOptionsSection, "Port", "COM3:,4800,N,8,1");
+    doc_ = std::make_unique<CKorvelDoc>(CKorvelDoc::Foundations{profile_, clock_, ports_.opener(), folder_.path()});
+    doc_->setTracing(true);
+    const LocalTime computers = clock_.localNow();
+    say({"GPRMC,120000.50,A,4730.0,N,01015.0,E,100,89.68,010179,,", gga(kHere)});
+    EXPECT_EQ(data().now, (LocalTime{2079, 1, 1, 12, 0, 0}));
+    EXPECT_EQ(data().utcSecondOfDay, 12 * 3600);
+    tickAfter(4999);
+    EXPECT_EQ(data().now, (LocalTime{2079, 1, 1, 12, 0, 4}));
+    tickAfter(1);
+    EXPECT_EQ(data().now.year, computers.year) << "the receiver has fallen silent";
+    EXPECT_EQ(data().utcSecondOfDay, 5);
+    doc_.reset();
+    EXPECT_TRUE(folder_.read("korvel-log.txt").starts_with("20790101,,,12:00,")) << folder_.read("korvel-log.txt");
+}
+
+TEST_F(CKorvelDocTest, AReceiverWithoutVariationIsNoticedAndOnlyALiveOneHasAFixToHide) {
+    start("COM3:,4800,N,8,1");
+    EXPECT_FALSE(doc_->hasLiveFix() || doc_->lacksReceiverVariation());
+    say({"GPRMC,1,A,4730.0,N,01015.0,E,10.5,89.68,211200,4.2,E", gga(kHere)});
+    EXPECT_TRUE(doc_->hasLiveFix());
+    EXPECT_FALSE(doc_->lacksReceiverVariation());
+    say({rmc(kHere)});
+    EXPECT_TRUE(doc_->lacksReceiverVariation());
+    Settings settings = doc_->settings();
+    settings.ignoreMagVar = 1;
+    doc_->applySettings(settings);
+    EXPECT_FALSE(doc_->lacksReceiverVariation()) << "nobody asks for it";
+    doc_->flight().startSimulator({.position = {0.8, 0.2}});
+    doc_->tick();
+    EXPECT_FALSE(doc_->hasLiveFix()) << "the simulator hides it already";
+}
+
 TEST_F(CKorvelDocTest, AReplayFliesWithoutAPortUntilThePilotChoosesOne) {
-    start("");
-    const std::string log = sentence(rmc(kHere)) + "\n" + sentence(gga(kHere)) + "\n";
+    doc_ = std::make_unique<CKorvelDoc>(CKorvelDoc::Foundations{profile_, clock_, ports_.opener(), folder_.path()});
+    const std::string log =
+        sentence("GPRMC,1,A," + std::string(kHere) + ",100,89.68,010179,,") + "\n" + sentence(gga(kHere)) + "\n";
     doc_->useSource(
         std::make_unique<ReplaySource>(makeReplayScript(log), ReplaySource::Options{.label = "flight.log"}, clock_));
     ASSERT_TRUE(eventually([&] {
@@ -401,15 +436,25 @@ TEST_F(CKorvelDocTest, AReplayFliesWithoutAPortUntilThePilotChoosesOne) {
     EXPECT_EQ(data().status, "");
     EXPECT_EQ(doc_->portLabel(), "flight.log");
     EXPECT_FALSE(doc_->searchesPort());
+    EXPECT_EQ(data().source, SourceKind::Replay);
+    EXPECT_EQ(data().groundSpeedKt, 100);
+    EXPECT_EQ(data().flightTimeSec, std::nullopt) << "it is no flight";
+    EXPECT_LT(data().now.year, 2079) << "and its time is not now";
+    EXPECT_FALSE(doc_->hasLiveFix());
     tickAfter(5000);
     EXPECT_FALSE(data().position);
-    EXPECT_EQ(data().status, "flight.log\nThe replay is over");
+    EXPECT_TRUE(data().sourceEnded);
+    EXPECT_EQ(data().status, "flight.log\nReplay ended");
     EXPECT_TRUE(ports_.attempts().empty()) << "nothing is searched";
     Settings changed = doc_->settings();
     changed.port = "COM4:,9600,N,8,1";
     doc_->applySettings(changed);
     doc_->tick();
     EXPECT_EQ(data().status, "COM4 9600\nNo Gps Rcvr Activity");
+    EXPECT_EQ(data().source, SourceKind::Receiver);
+    EXPECT_FALSE(data().sourceEnded || data().lastPosition) << "the aircraft was never there";
+    doc_.reset();
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "korvel-log.txt"));
 }
 
 TEST_F(CKorvelDocTest, APortThatAScanFoundIsNoChoice) {

@@ -89,6 +89,28 @@ TEST_F(FlightTest, TheTrackIsBackAtTheTimeOfDayAfterAFastSimulation) {
         << lines;
 }
 
+TEST_F(FlightTest, WhatIsDerivedBeginsAnewWithAnotherSource) {
+    const auto climb = [&](int altitudeFt) {
+        std::vector<std::optional<int>> rates;
+        for (int i = 0; i < 8; ++i)
+            rates.push_back(tick({.position = at(48, 10), .altitudeFt = altitudeFt}).verticalSpeedFpm);
+        EXPECT_EQ(rates.front(), std::nullopt);
+        return rates.back();
+    };
+    ASSERT_EQ(flight_.plan().enterRoute("XA XB XFLD"), "");
+    EXPECT_EQ(climb(9000), 0);
+    flight_.startSimulator({.position = at(47.395, 10), .headingMag = 0, .speedKt = 100, .altitudeFt = 2000});
+    EXPECT_EQ(climb(9000), 0) << "never the step from one aircraft to the other";
+    EXPECT_TRUE(tick().plan->rows[1].flown);
+    EXPECT_EQ(flight_.navigation().DirectTo("XC", ""), "Direct to XC");
+    flight_.stopSimulator();
+    EXPECT_EQ(climb(9000), 0);
+    const CockpitData real = tick({.position = at(48, 10)});
+    EXPECT_FALSE(real.plan->rows[1].flown || real.directLeg) << "the aircraft itself never was there";
+    flight_.sourceChanged(true);
+    EXPECT_EQ(climb(100), 0);
+}
+
 TEST_F(FlightTest, TheAlarmsKnowWhereTheFlightEndsAndHowHighThatIs) {
     const std::tuple<bool, int, double, std::vector<ShownAlarm>> cases[] = {
         {true, 1990, 47.54, {{"CHECK GEAR", AlarmUrgency::Warning}}},

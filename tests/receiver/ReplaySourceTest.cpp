@@ -34,7 +34,7 @@ TEST_F(ReplaySourceTest, DeliversLinesLikeAPortAndThenFallsSilent) {
         ASSERT_EQ(source.start(*this), "");
         ASSERT_TRUE(eventually([&] { return !source.stateText().empty(); }));
         EXPECT_EQ(lines(), (Lines{"$A", "noise\xA0", "$B", "$C", "$D"})) << round;
-        EXPECT_EQ(source.stateText(), "The replay is over");
+        EXPECT_EQ(source.stateText(), "Replay ended");
         EXPECT_TRUE(source.isRunning());
         EXPECT_TRUE(source.isReceiving());
         source.stop();

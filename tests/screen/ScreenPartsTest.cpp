@@ -124,6 +124,20 @@ TEST(Announcements, AnApproachGoesOnWithoutAPosition) {
     EXPECT_EQ(announcements.tick(flying()), "");
 }
 
+TEST(Announcements, TheEndOfAReplayIsToldOnce) {
+    Announcements announcements;
+    CockpitData data = flying();
+    data.source = SourceKind::Replay;
+    EXPECT_EQ(announcements.tick(data), "");
+    data.sourceEnded = true;
+    EXPECT_EQ(announcements.tick(data), "Replay ended");
+    EXPECT_EQ(announcements.tick(data), "");
+    data.sourceEnded = false;
+    announcements.tick(data);
+    data.sourceEnded = true;
+    EXPECT_EQ(announcements.tick(data), "Replay ended") << "of another one";
+}
+
 CockpitData moving(double trackTrueDeg, double groundSpeedKt) {
     CockpitData data;
     data.position = GeoPoint{0.8, 0.1};
