@@ -181,6 +181,22 @@ void CKorvelDoc::useSource(std::unique_ptr<SentenceSource> source) {
     const SourceKind former = sourceKind();
     monitor_.useSource(source.get());
     source_ = std::move(source);
+    // What the former one said last is not the new one's word.
+    input_.queue().lock()->clear();
+    input_.store().reset();
+    attitude_.forget();
+    if (sourceKind() != former || sourceKind() != SourceKind::Receiver)
+        lastPosition_.reset();  // nobody was there
+    flight_.sourceChanged(sourceKind() == SourceKind::Receiver);
+}
+
+bool CKorvelDoc::hasLiveFix() const {
+    return sourceKind() == SourceKind::Receiver && !data_.simulated && data_.position;
+}
+
+bool CKorvelDoc::lacksReceiverVariation() const {
+    return hasLiveFix() && settings_.ignoreMagVar == 0 && data_.trackMagDeg &&
+           input_.store().own().magVariation == kNoAngle && data_.variationDeg;
 }
 
 void CKorvelDoc::onLine(std::string_view line, std::int64_t arrivedMs) {
@@ -255,6 +271,7 @@ void CKorvelDoc::collectFix(CockpitData& data) {
     const GpsFix fix = input_.store().copy();
     data.fixQuality = fix.fixQuality;
     data.fix3D = fix.fixQuality != 0 && input_.is3D();
+    data.fix2D = fix.fixQuality != 0 && !data.fix3D;
     data.altimeterOffsetFt = altimeterOffsetFt_;
     data.satsInUse = fix.satsInUse;
     if (input_.understandsAllTalkers()) {

@@ -103,7 +103,8 @@ struct CockpitData {
     std::string databaseNotice;
 
     int fixQuality = 0;
-    bool fix3D = false;  ///< as far as is known; else the altitude is absent
+    bool fix3D = false;  ///< as far as is known
+    bool fix2D = false;  ///< there is a fix, whose altitude is a guess and absent
     int satsInUse = 0;
     /// Satellites in view, by system and number.
     std::vector<Satellite> satellites;

@@ -45,6 +45,8 @@ void fillLeg(CockpitData& data, const ActiveNavigation& navigation, const Variat
 void fillFlightData(CockpitData& data, const Flight& flight, const Variation& variation) {
     if (flight.navigation().simulated())
         fillSimulated(data, flight.navigation().present(), variation);
+    data.suspended = flight.navigation().suspended();
+    data.recording = flight.navigation().records();
     data.flightTimeSec = flight.flightTimeSec();
     data.plan = flight.shownPlan();
     data.track = flight.track().track();

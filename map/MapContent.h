@@ -20,8 +20,9 @@ struct MapContent {
     const CockpitData& data;
     const MapColorCache& colors;
     MapView view;
-    bool turns = true;   ///< the aircraft points up; otherwise it points along its track
-    bool moved = false;  ///< the pilot looks elsewhere than at the aircraft
+    bool turns = true;       ///< the aircraft points up; otherwise it points along its track
+    bool moved = false;      ///< the pilot looks elsewhere than at the aircraft
+    bool trustMarks = true;  ///< stand on the map, because there is no status line above it
 
     const PlaceSet* places = nullptr;      ///< from the databases; null for none
     const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none

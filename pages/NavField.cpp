@@ -222,7 +222,7 @@ NavFieldText flightTime(const CockpitData& data) {
 NavFieldText satellites(const CockpitData& data) {
     if (!data.position)
         return absent();
-    return {formatInt(data.satsInUse), data.fix3D ? "3D" : "2D", ""};
+    return {formatInt(data.satsInUse), data.fix3D ? "3D" : data.fix2D ? "2D" : "", ""};
 }
 
 constexpr std::array kFields{

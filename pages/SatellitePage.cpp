@@ -258,7 +258,9 @@ std::string fixText(const CockpitData& data) {
         return std::string(text(kStatusTexts.simulator));
     std::string_view fix = text(kInstrumentTexts.noFix);
     if (data.fixQuality != 0)
-        fix = text(data.fix3D ? kInstrumentTexts.fix3D : kInstrumentTexts.fix2D);
+        fix = text(data.fix3D   ? kInstrumentTexts.fix3D
+                   : data.fix2D ? kInstrumentTexts.fix2D
+                                : kInstrumentTexts.fix);
     return data.satsInUse == 1
                ? formatText(kInstrumentTexts.fixWithOneSatellite, {fix})
                : formatText(kInstrumentTexts.fixWithSatellites, {fix, data.satsInUse});

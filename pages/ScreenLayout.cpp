@@ -29,6 +29,10 @@ FieldArrangement arrangementFor(const ScreenRequest& request) {
                                                  : FieldArrangement::OneRow;
 }
 
+double statusLineHeight(const ScreenRequest& request) {
+    return std::round(std::clamp(request.height * 0.046, 20.0, 40.0));
+}
+
 double rowHeight(const ScreenRequest& request) {
     return std::round(std::clamp(request.height * 0.13, 56.0, 92.0));
 }
@@ -67,6 +71,12 @@ ScreenLayout layOutScreen(const ScreenRequest& request) {
         const double height = touchBarHeight(request);
         layout.touchBar = {0, layout.page.height - height, layout.page.width, height};
         layout.buttons = gridCells(layout.touchBar, request.buttonCount, 1);
+        layout.page.height -= height;
+    }
+    if (request.statusLine) {
+        const double height = std::min(statusLineHeight(request), layout.page.height);
+        layout.status = {0, 0, layout.page.width, height};
+        layout.page.y += height;
         layout.page.height -= height;
     }
     if (request.fieldCount > 0)

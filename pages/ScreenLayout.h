@@ -21,14 +21,16 @@ struct ScreenRequest {
     double height = 0;  ///< device-independent pixels
     /// Device-independent pixels per millimetre of glass; 0 when the system does not tell.
     double pxPerMm = 0;
+    bool statusLine = false;
     std::size_t fieldCount = 0;   ///< 0 leaves out the field strip
     std::size_t buttonCount = 0;  ///< 0 leaves out the touch bar
 };
 
-/// Where everything stands in the window: the field strip, the page (map) and the touch bar. The
-/// same on every page, so that a hand finds the buttons without looking. Parts left out are empty
-/// rectangles and the page takes their room. All parts lie on whole pixels.
+/// Where everything stands in the window: the status line, the field strip, the page (map) and the
+/// touch bar. The same on every page, so that a hand finds the buttons without looking. Parts left
+/// out are empty rectangles and the page takes their room. All parts lie on whole pixels.
 struct ScreenLayout {
+    Rect status;  ///< along the upper edge
     Rect fields;
     FieldArrangement arrangement = FieldArrangement::OneRow;
     Rect page;

@@ -40,7 +40,7 @@ std::vector<Line> linesFor(const CockpitData& data) {
     }
     if (!data.message.empty()) {
         lines.push_back({"", false});
-        lines.push_back({data.message, false});
+        appendLines(data.message, false, lines);
     }
     if (!data.databaseNotice.empty()) {
         lines.push_back({"", false});

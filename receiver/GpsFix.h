@@ -50,6 +50,7 @@ struct GpsFix {
     std::int64_t groundSpeedTickMs = kNeverStored;
     std::int64_t trackTickMs = kNeverStored;
     std::int64_t altitudeTickMs = kNeverStored;
+    std::int64_t utcTickMs = kNeverStored;
     std::int64_t fixKindTickMs = kNeverStored;  ///< of fix3D
 };
 

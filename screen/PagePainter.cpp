@@ -9,6 +9,7 @@
 #include "pages/ApproachBox.h"
 #include "pages/EfisPage.h"
 #include "pages/HsiPage.h"
+#include "pages/MessageBox.h"
 #include "pages/SatellitePage.h"
 #include "pages/StatusScreen.h"
 #include "paint/MapColorCache.h"
@@ -33,42 +34,44 @@ bool PagePainter::showsApproach(PageId page, const CockpitData& data, bool looks
 }
 
 void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) const {
-    paintPage(canvas, page, scene);
+    const bool told = paintPage(canvas, page, scene);
+    if (!told && !scene.data.message.empty())
+        paintMessageBox(canvas, scene.data.message, colors_);
     if (showsApproach(page, scene.data, scene.lookAt.has_value()))
         paintApproachBox(canvas, approachBox(canvas.width(), canvas.height()), scene.data, colors_);
 }
 
-void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene) const {
+bool PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene) const {
     const CockpitData& data = scene.data;
     if (page == PageId::Satellite) {
         paintSatellitePage(canvas, data, colors_);
-        return;
+        return false;
     }
     if (page == PageId::Attitude) {
         paintAttitudePage(canvas, scene.attitude, colors_);
-        return;
+        return false;
     }
     if (page == PageId::FlightPlan) {
         paintFlightPlanPage(canvas, data, scene.plan, colors_);
-        return;
+        return false;
     }
     // Without an aircraft the map still shows what the pilot looks for.
     const auto center = mapCenter(data, isMap(page) ? scene.lookAt : std::nullopt);
     if (!center) {
         paintStatusScreen(canvas, data, colors_);
-        return;
+        return true;
     }
     if (page == PageId::NearestAirport) {
         paintNearestPage(canvas, data, scene.nearest, colors_);
-        return;
+        return false;
     }
     if (page == PageId::Hsi) {
         paintHsiPage(canvas, data, scene.viewport.aircraft(), colors_);
-        return;
+        return false;
     }
     if (page == PageId::Efis) {
         paintEfisPage(canvas, data, colors_);
-        return;
+        return false;
     }
     // Around the aircraft, so not while the pilot looks elsewhere.
     const bool withHsi = page == PageId::MapHsi && data.position && !scene.lookAt;
@@ -79,7 +82,7 @@ void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
     std::vector<Rect> corners;
     if (withHsi) {
         corners = lowerCorners(canvas.textMeasure(), canvas.area(), data,
-                               mapTextPx(canvas.width(), canvas.height()));
+                               mapTextPx(canvas.width(), canvas.height()), scene.trustMarks);
         const HsiOverMap place{scene.viewport.aircraft(), corners};
         const std::vector<Rect> labels =
             hsiLabelsOverMap(canvas.textMeasure(), canvas.area(), data, place);
@@ -93,6 +96,7 @@ void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
         .view = {scene.viewport, *center, turns(page) ? scene.upTrueDeg : 0, canvas.area()},
         .turns = turns(page),
         .moved = scene.lookAt.has_value(),
+        .trustMarks = scene.trustMarks,
         .measure = scene.measure,
         .overMap = overMap,
         .covered = covered,
@@ -100,6 +104,7 @@ void PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
     if (scene.feeds != nullptr)
         scene.feeds->addTo(map);
     paintMap(canvas, map);
+    return true;
 }
 
 }  // namespace korvel

@@ -33,6 +33,7 @@ struct PageScene {
     FlightPlanView plan{};                 ///< where the pilot is in the list of the plan
     AttitudeView attitude{};               ///< for the page "Attitude"
     std::span<const Rect> alarms{};        ///< that will lie over a map
+    bool trustMarks = true;                ///< the page bears them: there is no status line
 };
 
 /// Paints the display pages. To add one, write its painter and name it in PagePainter.cpp.
@@ -55,7 +56,8 @@ class PagePainter {
     static bool showsApproach(PageId page, const CockpitData& data, bool looksAround);
 
  private:
-    void paintPage(Canvas& canvas, PageId page, const PageScene& scene) const;
+    /// True where the passing message stands on what was painted.
+    bool paintPage(Canvas& canvas, PageId page, const PageScene& scene) const;
 
     const MapColorCache& colors_;
 };

@@ -10,8 +10,9 @@ class PassingMessage {
  public:
     static constexpr int kTicks = 10;  ///< of half a second
 
-    /// In place of the one before.
+    /// In place of the one before. Of lines that end with "\r\n" the "\n" is left.
     void say(std::string message) {
+        std::erase(message, '\r');
         text_ = std::move(message);
         ticks_ = kTicks;
     }

@@ -118,6 +118,7 @@ void Screen::resize(double width, double height, double pxPerMm) {
 
 void Screen::layOut() {
     ScreenRequest request = size_;
+    request.statusLine = true;
     request.fieldCount = fields_.fields().size();
     request.buttonCount = barShown_ ? kTouchBar.size() : 0;
     areas_.layOut(request, page_, data_.alarms, letters_);
@@ -350,7 +351,8 @@ PageScene Screen::scene(const CockpitData& data, const AttitudeView& attitude) c
             .nearest = lists_.nearest(),
             .plan = lists_.plan(),
             .attitude = attitude,
-            .alarms = areas_.alarms().areas};
+            .alarms = areas_.alarms().areas,
+            .trustMarks = false};
 }
 
 }  // namespace korvel

@@ -10,6 +10,8 @@
 #include <QWheelEvent>
 
 #include "cockpit/CKorvelDoc.h"
+#include "cockpit/Modes.h"
+#include "pages/StatusLine.h"
 #include "window/QtCanvas.h"
 
 namespace korvel {
@@ -112,6 +114,10 @@ void CKorvelView::paintEvent(QPaintEvent* /*event*/) {
     {
         QtCanvas canvas(painter, labels_, areas.pageWithAlarms());
         paintAlarms(canvas, areas.alarms(), colors_);
+    }
+    {
+        QtCanvas canvas(painter, labels_, areas.layout().status);
+        paintStatusLine(canvas, modesOf(shown), colors_);
     }
     {
         QtCanvas canvas(painter, labels_, areas.layout().fields);

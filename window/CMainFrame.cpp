@@ -212,6 +212,10 @@ void CMainFrame::openSheet(std::unique_ptr<Sheet> sheet) {
     if (sheet_)
         sheet_.release()->deleteLater();
     sheet_ = std::move(sheet);
+    sheet_->keepBelow([this] {
+        const Rect& status = screen().areas().layout().status;
+        return view_.mapTo(this, QPoint(0, qRound(status.bottom()))).y();
+    });
     connect(sheet_.get(), &QDialog::finished, this, [this] { screen().refresh(); });
     sheet_->open();
 }

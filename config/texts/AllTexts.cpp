@@ -10,6 +10,7 @@
 #include "config/texts/FlightTexts.h"
 #include "config/texts/InstrumentTexts.h"
 #include "config/texts/MessageTexts.h"
+#include "config/texts/ModeTexts.h"
 #include "config/texts/PreferenceTexts.h"
 #include "config/texts/ReceiverTexts.h"
 #include "config/texts/SheetTexts.h"
@@ -36,8 +37,8 @@ std::vector<Text> textsOf(const Groups&... groups) {
 
 std::vector<Text> allTexts() {
     return textsOf(kCommandTexts, kConnectedTexts, kDatabaseTexts, kFileTexts, kFlightTexts,
-                   kInstrumentTexts, kMessageTexts, kPreferenceTexts, kReceiverTexts, kSheetTexts,
-                   kStatusTexts);
+                   kInstrumentTexts, kMessageTexts, kModeTexts, kPreferenceTexts, kReceiverTexts,
+                   kSheetTexts, kStatusTexts);
 }
 
 }  // namespace korvel

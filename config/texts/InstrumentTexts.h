@@ -50,6 +50,7 @@ struct InstrumentTexts {
     Text noFix{62050, "No fix"};
     Text fix2D{62051, "2D fix"};
     Text fix3D{62052, "3D fix"};
+    Text fix{62055, "Fix"};                              ///< of dimensions that are not known
     Text fixWithOneSatellite{62053, "%s, 1 satellite"};  ///< %s: fix
     Text fixWithSatellites{62054, "%s, %d satellites"};  ///< %s: fix, %d: number
     Text satelliteUsed{62055, "in use"};

@@ -32,11 +32,13 @@ class BoxLayout {
         const double wide = width(text);
         return {{left, top, wide, height()}, std::move(text)};
     }
-    /// With its lower right corner there, in two lines where one is longer than `most`.
+    /// With its lower right corner there, in two lines where it has them or is longer than `most`.
     InfoBox endingAt(double right, double bottom, std::string text, double most) const {
         double wide = width(text);
         double high = height();
-        const std::size_t gap = wide > most ? middleSpace(text) : std::string::npos;
+        std::size_t gap = text.find('\n');
+        if (gap == std::string::npos && wide > most)
+            gap = middleSpace(text);
         if (gap != std::string::npos) {
             text[gap] = '\n';
             wide = std::max(width(text.substr(0, gap)), width(text.substr(gap + 1)));
@@ -80,13 +82,13 @@ ScaleBar layOutScale(const Rect& view, const MapProjection& projection, const Bo
 std::string firstLine(const std::string& lines) { return lines.substr(0, lines.find('\n')); }
 std::string lastLine(const std::string& lines) { return lines.substr(lines.rfind('\n') + 1); }
 
-std::vector<std::string> noteTexts(const CockpitData& data, bool moved) {
+std::vector<std::string> noteTexts(const CockpitData& data, const MapState& state) {
     std::vector<std::string> texts;
-    if (!data.databaseNotice.empty())
+    if (state.trustMarks && !data.databaseNotice.empty())
         texts.push_back(firstLine(data.databaseNotice));
-    if (moved)
+    if (state.moved)
         texts.emplace_back(text(kStatusTexts.lookingAround));
-    if (data.simulated)
+    if (state.trustMarks && data.simulated)
         texts.emplace_back(text(kStatusTexts.simulator));
     if (!data.status.empty())
         texts.push_back(lastLine(data.status));
@@ -96,11 +98,11 @@ std::vector<std::string> noteTexts(const CockpitData& data, bool moved) {
 }
 
 std::vector<InfoBox> layOutNotes(const Rect& view, const CockpitData& data, const BoxLayout& boxes,
-                                 bool moved) {
+                                 const MapState& state) {
     std::vector<InfoBox> notes;
     const double right = view.width - boxes.margin();
     double bottom = view.height - boxes.margin();
-    for (std::string& words : noteTexts(data, moved)) {
+    for (std::string& words : noteTexts(data, state)) {
         notes.push_back(
             boxes.endingAt(right, bottom, std::move(words), kNoteShareOfWidth * view.width));
         bottom = notes.back().area.y - std::round(boxes.margin() / 2);
@@ -127,12 +129,13 @@ InfoBox layOutAlarm(const Rect& view, const CockpitData& data, const BoxLayout& 
 // As low as it can be without standing on another box.
 InfoBox layOutMessage(const Rect& view, const std::string& message, const BoxLayout& boxes,
                       const std::vector<Rect>& others) {
-    const double left = std::round((view.width - boxes.width(message)) / 2);
-    InfoBox box = boxes.at(left, view.height - boxes.margin() - boxes.height(), message);
+    InfoBox box = boxes.endingAt(view.width, view.height - boxes.margin(), message,
+                                 view.width - 2 * boxes.margin());
+    box.area.x = std::round((view.width - box.area.width) / 2);
     const auto under = [&box](const Rect& other) { return overlap(other, box.area); };
     for (auto other = std::find_if(others.begin(), others.end(), under); other != others.end();
          other = std::find_if(others.begin(), others.end(), under))
-        box.area.y = other->y - std::round(boxes.margin() / 2) - boxes.height();
+        box.area.y = other->y - std::round(boxes.margin() / 2) - box.area.height;
     return box;
 }
 
@@ -160,7 +163,7 @@ MapFurniture layOutFurniture(const TextMeasure& texts, const Rect& view, const C
     const std::string range = distanceText(rangeNm, data.distanceUnit);
     result.range = boxes.at(view.width - margin - boxes.width(range), margin, range);
     result.scale = layOutScale(view, projection, boxes, data.distanceUnit);
-    result.notes = layOutNotes(view, data, boxes, state.moved);
+    result.notes = layOutNotes(view, data, boxes, state);
     result.alarms.assign(state.alarms.begin(), state.alarms.end());
     if (!data.message.empty())
         result.message = layOutMessage(view, data.message, boxes, result.areas());
@@ -170,12 +173,12 @@ MapFurniture layOutFurniture(const TextMeasure& texts, const Rect& view, const C
 }
 
 std::vector<Rect> lowerCorners(const TextMeasure& texts, const Rect& view, const CockpitData& data,
-                               double textPx) {
+                               double textPx, bool trustMarks) {
     const BoxLayout boxes(texts, infoFont(textPx));
     const double high = scaleHeight(boxes) + boxes.margin();
     const double wide = kScaleShareOfWidth * view.width + 3 * boxes.margin();
     std::vector<Rect> corners{{0, view.height - high, wide, high}};
-    for (const InfoBox& note : layOutNotes(view, data, boxes, false))
+    for (const InfoBox& note : layOutNotes(view, data, boxes, {.trustMarks = trustMarks}))
         corners.push_back(note.area);
     return corners;
 }

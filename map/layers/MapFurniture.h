@@ -16,7 +16,7 @@ namespace korvel {
 /// A short text on a small box of its own.
 struct InfoBox {
     Rect area;
-    std::string text;  ///< one line, or two in the notes
+    std::string text;  ///< one line, or two in notes and messages
 };
 
 /// A length on the map with its ticks and its text.
@@ -43,7 +43,8 @@ struct MapFurniture {
 
 /// What stands on the map beside its data.
 struct MapState {
-    bool moved = false;  ///< away from the aircraft
+    bool moved = false;      ///< away from the aircraft
+    bool trustMarks = true;  ///< what else would not be told: the simulator, old charts
     std::span<const Rect> alarms{};
 };
 
@@ -55,7 +56,7 @@ MapFurniture layOutFurniture(const TextMeasure& texts, const Rect& view, const C
 /// What the scale, at its longest, and the notes cover at the map's lower edge while the map is
 /// not moved: an instrument that lies over the map keeps off it.
 std::vector<Rect> lowerCorners(const TextMeasure& texts, const Rect& view, const CockpitData& data,
-                               double textPx);
+                               double textPx, bool trustMarks = true);
 
 /// The longest round number (1, 2 or 5 times a power of ten) of the unit that is not longer than
 /// `longestNm`, in nautical miles.

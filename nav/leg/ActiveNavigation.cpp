@@ -123,7 +123,7 @@ void ActiveNavigation::updateValues() {
 }
 
 void ActiveNavigation::recordTrack(std::int64_t nowMs) {
-    const bool wanted = options_.tracking && options_.recordingAllowed && !suspended_;
+    const bool wanted = records();
     if (!wanted || nowMs - lastPositionMs_ > kTrackPatienceMs)
         parts_.track.breakHere();
     if (!IsValid(present_.position))

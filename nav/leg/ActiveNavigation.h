@@ -63,6 +63,10 @@ class ActiveNavigation {
     /// While it is on, the leg stays as it is and no track is recorded.
     void setSuspended(bool on) { suspended_ = on; }
     [[nodiscard]] bool suspended() const { return suspended_; }
+    /// Whether the track is recorded while the position is known.
+    [[nodiscard]] bool records() const {
+        return options_.tracking && options_.recordingAllowed && !suspended_;
+    }
 
     /// Takes up where the aircraft is, so that commands before the tick know it.
     void lookAround(const Aircraft& received);

@@ -86,6 +86,11 @@ TEST(NavField, ValuesThatMeanNothingAreNotShown) {
     EXPECT_EQ(valueOf(NavFieldId::PlanDistance, data), "---") << "the plan is not flown";
     data.activeKey.clear();
     EXPECT_EQ(valueOf(NavFieldId::Waypoint, data), "AUGSBURG");
+    EXPECT_EQ(navField(NavFieldId::Satellites).format(data).unit, "3D");
+    data.fix3D = false;
+    EXPECT_EQ(navField(NavFieldId::Satellites).format(data).unit, "") << "the receiver says neither";
+    data.fix2D = true;
+    EXPECT_EQ(navField(NavFieldId::Satellites).format(data).unit, "2D");
 }
 
 TEST(NavField, TheChosenSetSurvivesAnyText) {

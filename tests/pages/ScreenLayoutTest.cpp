@@ -40,8 +40,12 @@ TEST(ScreenLayout, PartsFillTheWindowWithoutOverlap) {
         for (const double height : {240.0, 480.0, 801.0, 1600.0})
             for (const std::size_t fields : {0U, 5U})
                 for (const std::size_t buttons : {0U, 1U, 6U}) {
-                    const ScreenLayout layout = layOutScreen({width, height, 5, fields, buttons});
-                    EXPECT_EQ(area(layout.fields) + area(layout.page) + area(layout.touchBar), width * height);
+                    const bool status = buttons != 1;
+                    const ScreenLayout layout = layOutScreen({width, height, 5, status, fields, buttons});
+                    EXPECT_EQ(area(layout.status) + area(layout.fields) + area(layout.page) + area(layout.touchBar),
+                        width * height);
+                    EXPECT_EQ(layout.status.bottom(), status ? layout.status.height : 0);
+                    EXPECT_EQ(layout.fields.height > 0 ? layout.fields.y : layout.page.y, layout.status.bottom());
                     EXPECT_GE(area(layout.page), width * height * 0.4) << width << "x" << height;
                     double buttonArea = 0;
                     for (const Rect& button : layout.buttons) {

@@ -79,6 +79,14 @@ TEST(PagePainter, EveryPageShowsSomethingInFlight) {
         EXPECT_NE(PaintedPage(PageId{page}, flying()).canvas.texts(), "") << page;
 }
 
+TEST(PagePainter, WhatIsSaidStandsOnEveryPage) {
+    for (CockpitData data : {flying(), CockpitData{}, lost(20)}) {
+        data.message = "Two lines\nare said";
+        for (int page = 0; page < kPageCount; ++page)
+            EXPECT_TRUE(PaintedPage(PageId{page}, data).has("are said")) << page;
+    }
+}
+
 TEST(PagePainter, WithoutAnAircraftTheMapShowsWhatIsLookedFor) {
     const PaintedPage page(PageId::Map, {}, atDegrees(42.2, -88.2));
     EXPECT_TRUE(page.has("N42\u00b000'"));

@@ -50,6 +50,21 @@ TEST_F(ScreenTest, WhatCannotBeSavedIsSaidInPassing) {
     EXPECT_EQ(screen_.message(), "") << "told once";
 }
 
+TEST_F(ScreenTest, TheStatusLineStandsOnEveryPageAndNothingElseThere) {
+    document_.flight().startSimulator({.position = atDegrees(47, 10)});
+    ticks(1);
+    const Rect line = screen_.areas().layout().status;
+    EXPECT_EQ(line.width, 800);
+    EXPECT_GE(line.height, 20);
+    for (const PageId page : availablePages()) {
+        screen_.showPage(page);
+        EXPECT_EQ(screen_.areas().layout().status, line);
+        EXPECT_GE(screen_.areas().layout().fields.y, line.bottom());
+        EXPECT_GE(screen_.areas().page().y, line.bottom());
+        EXPECT_FALSE(screen_.scene(screen_.data(), {}).trustMarks) << "not twice";
+    }
+}
+
 TEST_F(ScreenTest, PanningEndsWithThePageAndWhenTheSimulatorStarts) {
     screen_.showPage(PageId::FlightPlan);
     EXPECT_EQ(screen_.placeToMark(), std::nullopt);

@@ -181,8 +181,9 @@ void Sheet::place() {
     const int wanted = std::max({preferredWidth_ * font().pixelSize() / kUsualLetters,
                                  sizeHint().width(), minimumSizeHint().width()});
     const int width = std::min(wanted, room.width());
-    setGeometry(
-        QRect(window.mapToGlobal(QPoint(room.width() - width, 0)), QSize(width, room.height())));
+    const int top = above_ ? above_() : 0;
+    setGeometry(QRect(window.mapToGlobal(QPoint(room.width() - width, top)),
+                      QSize(width, room.height() - top)));
 }
 
 }  // namespace korvel

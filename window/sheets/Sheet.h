@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -11,17 +14,21 @@
 
 namespace korvel {
 
-/// A dialog for a finger, as high as the window and at its right edge: a title with a way back, a
-/// column of large rows, the buttons at the foot. Enter accepts, Escape leaves. It is shown with
-/// open(), never run in a loop of its own, so that the map goes on. Where something can be typed a
-/// key pad can be had; it comes by itself when a finger taps a line, and once it was wanted also in
-/// the next sheet, until a real keyboard is used.
+/// A dialog for a finger, at the window's right edge and as high as what it leaves free above: a
+/// title with a way back, a column of large rows, the buttons at the foot. Enter accepts, Escape
+/// leaves. It is shown with open(), never run in a loop of its own, so that the map goes on. Where
+/// something can be typed a key pad can be had; it comes by itself when a finger taps a line, and
+/// once it was wanted also in the next sheet, until a real keyboard is used.
 class Sheet : public QDialog {
  public:
     /// Height of rows and buttons: 9 mm on a screen of 96 dots per inch, and a little more.
     static constexpr int kRowPixels = 40;
     /// Height of the letters, which are larger only in large windows.
     static constexpr int kUsualLetters = 15;
+
+    /// Keeps the sheet off the window's upper part, whose height, in the window's pixels, is asked
+    /// whenever the sheet is placed.
+    void keepBelow(std::function<int()> height) { above_ = std::move(height); }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -52,6 +59,7 @@ class Sheet : public QDialog {
     void showKeyPad(bool on);
     void place();
 
+    std::function<int()> above_;
     QVBoxLayout outer_;
     QWidget header_;
     QLabel title_;
