@@ -15,8 +15,8 @@ namespace {
 /// One value of the form and what it may be.
 struct Range {
     Text name;
-    int lowest = 0;
-    int highest = 0;
+    int lowest;
+    int highest;
 
     /// The number that the whole text is; nothing when it is none or out of range.
     std::optional<double> read(std::string_view text) const {

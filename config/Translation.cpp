@@ -121,7 +121,7 @@ void useTranslation(Translation translation) { translationInUse() = std::move(tr
 
 std::string_view wordsInUse(const Text& text) {
     const std::string* const words = translationInUse().find(text.number);
-    return words != nullptr ? std::string_view(*words) : text.english;
+    return words ? std::string_view(*words) : text.english;
 }
 
 }  // namespace korvel

@@ -21,9 +21,7 @@ class PositionSource {
  public:
     PositionSource() = default;
     PositionSource(const PositionSource&) = default;
-    PositionSource(PositionSource&&) = default;
     PositionSource& operator=(const PositionSource&) = default;
-    PositionSource& operator=(PositionSource&&) = default;
     virtual ~PositionSource() = default;
 
     /// Whether it does so now. Then what the receiver says does not count.

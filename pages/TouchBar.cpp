@@ -94,9 +94,9 @@ void zoomInIcon(IconPen& icon) {
 }
 
 struct Face {
-    TouchCommand command{};
+    TouchCommand command;
     Text word;
-    void (*icon)(IconPen& pen) = nullptr;
+    void (*icon)(IconPen& pen);
 };
 
 constexpr std::array kFaces{

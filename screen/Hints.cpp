@@ -13,7 +13,7 @@ constexpr std::string_view kHintsKey = "HintsShown";
 
 /// A bit of the setting each, from the lowest.
 constexpr std::array kHints = {kMessageTexts.hintFields, kMessageTexts.hintFullScreen,
-                               kMessageTexts.measureHint};
+                               kMessageTexts.measureHint, kMessageTexts.noReceiverVariation};
 
 }  // namespace
 

@@ -65,6 +65,8 @@ void Screen::tick() {
         onLive(data_.position && !data_.simulated);
     if (const std::string message = announcements_.tick(data_); !message.empty())
         say(message);
+    if (message().empty() && document_.lacksReceiverVariation())
+        hint(kMessageTexts.noReceiverVariation);
 }
 
 void Screen::refresh() {

@@ -23,6 +23,10 @@ struct MessageTexts {
     Text navaidsNotRotated{61619, "Rotating navaids is off in the preferences"};
     Text hintFields{61620, "Tap a field to change it"};
     Text hintFullScreen{61621, "Tap the map to hide the buttons, and again for them"};
+    Text noReceiverVariation{
+        62210,
+        "The gps receiver is not outputting magnetic-variance data. \r\nWill use data from the "
+        "database."};
     Text simulatorOn{61712, "Simulator on"};
     Text simulatorOff{61713, "Simulator off"};
     Text portHasFix{61813, "Fix, %d satellites in use"};

@@ -82,6 +82,10 @@ struct SheetTexts {
     Text simulatorTime{61709, "Time passes"};
     Text simulatorStart{61710, "Start"};
     Text simulatorStop{61711, "Stop"};
+    Text simulatorHidesFix{62211,
+                           "The receiver has a fix. While the simulator flies, its position is "
+                           "shown in place of the aircraft's."};
+    Text simulatorStartAnyway{62212, "Start all the same"};
     Text keysTitle{61797, "Keys"};
     Text portTalkers{62400, "Hear &all satellite systems, not GPS alone"};
     Text portTrace{61810, "NMEA &trace..."};

@@ -6,7 +6,7 @@
 #ifndef KORVEL_ATTITUDE_PLUGIN_H
 #define KORVEL_ATTITUDE_PLUGIN_H
 
-#include <stdint.h>  // NOLINT(modernize-deprecated-headers): C
+#include <stdint.h>
 
 #ifdef _WIN32
 #define KORVEL_PLUGIN_EXPORT __declspec(dllexport)

@@ -25,6 +25,7 @@
 #include "config/DataFileSearch.h"
 #include "geo/Geodesy.h"
 #include "navdb/records/AirportRecord.h"
+#include "navdb/records/FixRecord.h"
 #include "paint/ColorScheme.h"
 #include "platform/FileIo.h"
 #include "receiver/FakePorts.h"
@@ -335,7 +336,10 @@ TEST_F(FrameTest, AFingerCanTypeWhereThereIsNoKeyboard) {
     auto* const line = qobject_cast<QLineEdit*>(sheet->focusWidget());
     ASSERT_NE(line, nullptr);
     EXPECT_EQ(line->text(), "KS");
-    EXPECT_EQ(sheet->height(), frame_->height()) << "nothing of it is below the screen's edge";
+    EXPECT_EQ(sheet->geometry().bottom(), frame_->geometry().bottom()) << "nothing is below the screen's edge";
+    const Rect& status = screen().areas().layout().status;
+    EXPECT_GE(sheet->y(), view().mapToGlobal(QPoint(0, static_cast<int>(status.bottom()))).y())
+        << "what is marked shows";
     QTest::keyClick(line, Qt::Key_E);
     EXPECT_EQ(line->text(), "KSe");
     EXPECT_FALSE(sheet->findChild<KeyPad*>()->isVisible()) << "there is a keyboard after all";
@@ -452,6 +456,49 @@ TEST_F(FrameTest, APointIsFlownToOnACourse) {
         EXPECT_NEAR(document_->flight().navigation().state().activeWaypoint.lat * kRadToDeg, 47.45, 1e-6);
         document_->flight().navigation().ClearNavigation();
     }
+}
+
+TEST_F(FrameTest, TheSimulatorAsksBeforeItHidesAFix) {
+    const Simulator& simulator = document_->flight().simulator();
+    const QKeySequence simulate(Qt::SHIFT | Qt::Key_S);
+    press(simulate);
+    EXPECT_TRUE(simulator.running()) << "there is nothing to hide";
+    press(simulate);
+    EXPECT_FALSE(simulator.running());
+    flyTo("4730.0,N,01015.0,E");
+    press(simulate);
+    EXPECT_FALSE(simulator.running());
+    clickIn<QDialog>("Cancel");
+    EXPECT_FALSE(simulator.running());
+    press(simulate);
+    clickIn<QDialog>("Start");
+    EXPECT_TRUE(simulator.running());
+    press(simulate);
+    screen().tick();
+    press(Qt::Key_S);
+    clickIn<QDialog>("Start");
+    EXPECT_FALSE(simulator.running());
+    clickIn<QDialog>("Start all the same");
+    EXPECT_TRUE(simulator.running());
+}
+
+TEST_F(FrameTest, APlacesSheetFollowsTheAircraft) {
+    flyTo("4730.0,N,01015.0,E");
+    auto fix = std::make_shared<FixRecord>();
+    fix->ident.assign("XX");
+    fix->position = {47.6 * kDegToRad, 10.25 * kDegToRad};
+    PlaceSheet sheet(frame_.get(), *document_, fix, [&] { return placeText(*document_, *fix); });
+    const auto tells = [&](const char* words) {
+        return std::ranges::any_of(
+            sheet.findChildren<QLabel*>(), [&](QLabel* label) { return label->text().contains(words); });
+    };
+    EXPECT_TRUE(tells("6 nm   360"));
+    flyTo("4733.0,N,01015.0,E");
+    EXPECT_TRUE(eventually([&] {
+        screen().tick();
+        QApplication::processEvents();
+        return tells("3 nm   360");
+    }));
 }
 
 TEST_F(FrameTest, AnAirportsSheetSaysWhatItsRecordHas) {

@@ -3,10 +3,12 @@
 #include "cockpit/CKorvelDoc.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/MessageTexts.h"
+#include "config/texts/SheetTexts.h"
 #include "screen/Screen.h"
 #include "window/sheets/AltimeterSheet.h"
 #include "window/sheets/CGPSDialog.h"
 #include "window/sheets/CPrefsSheet.h"
+#include "window/sheets/QuestionSheet.h"
 #include "window/sheets/SimulatorSheet.h"
 #include "window/sheets/TraceSheet.h"
 
@@ -43,15 +45,27 @@ void OptionCommands::addTo(QMenu& menu) {
 }
 
 void OptionCommands::simulate(bool on) {
-    Flight& flight = host_.document().flight();
-    if (on)
-        flight.startSimulator(host_.document().simulatorStart());
-    else
-        flight.stopSimulator();
-    // The sheet starts and stops it, too, behind the back of the check.
-    simulating_->setChecked(on);
-    host_.screen().say(
-        std::string(text(on ? kMessageTexts.simulatorOn : kMessageTexts.simulatorOff)));
+    CKorvelDoc& document = host_.document();
+    if (on && document.hasLiveFix()) {
+        auto question = std::make_unique<QuestionSheet>(&host_.window(), kSheetTexts.simulatorTitle,
+                                                        kSheetTexts.simulatorHidesFix,
+                                                        kSheetTexts.simulatorStart);
+        question->onYes = [this] { startSimulator(); };
+        host_.openSheet(std::move(question));
+    } else if (on) {
+        startSimulator();
+    } else {
+        document.flight().stopSimulator();
+        host_.screen().say(std::string(text(kMessageTexts.simulatorOff)));
+    }
+    // The key has turned the check already, and the sheet starts and stops it behind its back.
+    simulating_->setChecked(document.flight().simulator().running());
+}
+
+void OptionCommands::startSimulator() {
+    host_.document().flight().startSimulator(host_.document().simulatorStart());
+    simulating_->setChecked(true);
+    host_.screen().say(std::string(text(kMessageTexts.simulatorOn)));
 }
 
 void OptionCommands::choosePort() {

@@ -16,7 +16,8 @@ class OptionCommands {
 
     void addTo(QMenu& menu);
 
-    /// Starts the simulator where and how it would be offered.
+    /// Starts the simulator where and how it would be offered, or stops it. While a receiver tells
+    /// where the aircraft is, the pilot is asked first.
     void simulate(bool on);
     void choosePort();
 
@@ -24,6 +25,8 @@ class OptionCommands {
     /// A command that opens a sheet on the document.
     template <class SheetType>
     void addSheet(QMenu& menu, Text name, const QList<QKeySequence>& keys);
+
+    void startSimulator();
 
     CommandHost& host_;
     QPointer<QAction> simulating_;

@@ -136,10 +136,10 @@ void PlaceCommands::open(std::unique_ptr<DatabaseRecord> record) {
 
 std::unique_ptr<PlaceSheet> PlaceCommands::sheetFor(std::shared_ptr<DatabaseRecord> record) {
     CKorvelDoc& document = host_.document();
-    if (record->GetKind() != kAirportKind) {
-        const std::string words = placeText(document, *record);
-        return std::make_unique<PlaceSheet>(&host_.window(), document, std::move(record), words);
-    }
+    if (record->GetKind() != kAirportKind)
+        return std::make_unique<PlaceSheet>(&host_.window(), document, record, [&document, record] {
+            return placeText(document, *record);
+        });
     const auto airport = std::static_pointer_cast<AirportRecord>(record);
     document.charts().database().loadDetails(*airport);
     auto sheet = std::make_unique<CAirportSheet>(&host_.window(), document,

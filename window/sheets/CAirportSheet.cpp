@@ -62,7 +62,8 @@ std::string airportText(const CKorvelDoc& document, const AirportRecord& airport
 
 CAirportSheet::CAirportSheet(QWidget* parent, CKorvelDoc& document, const Look& look,
                              const std::shared_ptr<const AirportRecord>& airport)
-    : PlaceSheet(parent, document, airport, airportText(document, *airport)) {
+    : PlaceSheet(parent, document, airport,
+                 [&document, airport] { return airportText(document, *airport); }) {
     // The layout takes the picture.
     content().addWidget(new RunwayPicture(look, airport), 0, Qt::AlignTop);
     setPreferredWidth(15 * kRowPixels);

@@ -1,5 +1,7 @@
 #include "window/sheets/PlaceSheet.h"
 
+#include <utility>
+
 #include <QLabel>
 
 #include "cockpit/CKorvelDoc.h"
@@ -12,6 +14,8 @@
 
 namespace korvel {
 namespace {
+
+constexpr int kStateMs = 500;
 
 /// Where it is, and where that is from the aircraft.
 std::string positionText(const CockpitData& data, GeoPoint place) {
@@ -44,16 +48,22 @@ std::string placeText(const CKorvelDoc& document, const DatabaseRecord& record) 
 }
 
 PlaceSheet::PlaceSheet(QWidget* parent, CKorvelDoc& document,
-                       const std::shared_ptr<const DatabaseRecord>& record,
-                       const std::string& words)
-    : Sheet(parent, toQString(record->ident.view()), QDialogButtonBox::Close) {
+                       const std::shared_ptr<const DatabaseRecord>& record, Words words)
+    : Sheet(parent, toQString(record->ident.view()), QDialogButtonBox::Close),
+      words_(std::move(words)) {
     auto* page = new QWidget;  // the scroll area takes it
     content_ = new QHBoxLayout(page);
-    auto* label = new QLabel(toQString(words));  // its layout's parent's
+    auto* label = new QLabel(toQString(words_()));  // its layout's parent's
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignTop);
     content_->addWidget(label, 1);
+    connect(&timer_, &QTimer::timeout, label, [this, label] {
+        // A label lays itself out anew with every text, also with the same one.
+        if (const QString now = toQString(words_()); now != label->text())
+            label->setText(now);
+    });
+    timer_.start(kStateMs);
     scroll_.setWidget(page);
     scroll_.setWidgetResizable(true);
     setPreferredWidth(13 * kRowPixels);

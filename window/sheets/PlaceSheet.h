@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QTimer>
 
 #include "config/Text.h"
 #include "navdb/records/DatabaseRecord.h"
@@ -24,9 +25,12 @@ std::string placeText(const CKorvelDoc& document, const DatabaseRecord& record);
 /// A place to read about, to fly to or to put behind the plan.
 class PlaceSheet : public Sheet {
  public:
-    /// The document outlives the sheet; `words` is what it says of the place.
+    /// What the sheet says of its place, asked again and again: the aircraft flies on.
+    using Words = std::function<std::string()>;
+
+    /// The document outlives the sheet, and what `words` refers to as well.
     PlaceSheet(QWidget* parent, CKorvelDoc& document,
-               const std::shared_ptr<const DatabaseRecord>& record, const std::string& words);
+               const std::shared_ptr<const DatabaseRecord>& record, Words words);
 
     std::function<void(const PlaceChoice& place)> onDirectTo;
     std::function<void(GeoPoint)> onShow;
@@ -39,8 +43,10 @@ class PlaceSheet : public Sheet {
     void addButton(QPushButton& button, Text text, const std::function<void()>& handler);
 
  private:
+    Words words_;
     QScrollArea scroll_;
     QHBoxLayout* content_;  // the scrolled page's
+    QTimer timer_;
     QPushButton direct_;
     QPushButton add_;
     QPushButton favourite_;

@@ -1,6 +1,7 @@
 #include "window/sheets/SimulatorSheet.h"
 
 #include <set>
+#include <utility>
 
 #include <QHBoxLayout>
 
@@ -130,6 +131,10 @@ void SimulatorSheet::start() {
     SimulatorStart start;
     if (!read(start))
         return;
+    if (document_.hasLiveFix() && !std::exchange(told_, true)) {
+        message_.setText(toQString(kSheetTexts.simulatorHidesFix));
+        return showState();
+    }
     const SimulatorForm form = entered();
     if (form.latitude != offered_.latitude || form.longitude != offered_.longitude) {
         Settings settings = document_.settings();
@@ -157,7 +162,10 @@ void SimulatorSheet::change() {
 
 void SimulatorSheet::showState() {
     const bool running = document_.flight().simulator().running();
-    startStop_.setText(toQString(running ? kSheetTexts.simulatorStop : kSheetTexts.simulatorStart));
+    const bool asks = told_ && document_.hasLiveFix();
+    startStop_.setText(toQString(running ? kSheetTexts.simulatorStop
+                                 : asks  ? kSheetTexts.simulatorStartAnyway
+                                         : kSheetTexts.simulatorStart));
     latitude_.setEnabled(!running);
     longitude_.setEnabled(!running);
     if (!running)

@@ -50,6 +50,7 @@ class SimulatorSheet final : public Sheet {
     QLabel message_;
     QPushButton startStop_;
     QTimer timer_;
+    bool told_ = false;  // that it takes the place of the receiver's fix
 };
 
 }  // namespace korvel
