@@ -6,6 +6,7 @@
 
 namespace korvel {
 
+int runBaseMap(Invocation& call);
 int runDraw(Invocation& call);
 int runFly(Invocation& call);
 int runGeo(Invocation& call);
@@ -20,6 +21,7 @@ int runTrack(Invocation& call);
 
 /// Every verb, in the order in which the help lists them.
 inline constexpr std::array kVerbs = {
+    Verb{"basemap", "What a base map holds, and where it has land", runBaseMap},
     Verb{"draw", "Pictures without a window", runDraw},
     Verb{"fly", "Run the navigator without a window", runFly},
     Verb{"geo", "Distances, courses and turns", runGeo},
