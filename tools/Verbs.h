@@ -6,6 +6,7 @@
 
 namespace korvel {
 
+int runAirspace(Invocation& call);
 int runBaseMap(Invocation& call);
 int runDraw(Invocation& call);
 int runFly(Invocation& call);
@@ -21,6 +22,7 @@ int runTrack(Invocation& call);
 
 /// Every verb, in the order in which the help lists them.
 inline constexpr std::array kVerbs = {
+    Verb{"airspace", "The airspaces of a file, and those above a point", runAirspace},
     Verb{"basemap", "What a base map holds, and where it has land", runBaseMap},
     Verb{"draw", "Pictures without a window", runDraw},
     Verb{"fly", "Run the navigator without a window", runFly},
