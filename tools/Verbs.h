@@ -18,6 +18,7 @@ int runPlan(Invocation& call);
 int runProfile(Invocation& call);
 int runRoute(Invocation& call);
 int runScheme(Invocation& call);
+int runTerrain(Invocation& call);
 int runTrack(Invocation& call);
 
 /// Every verb, in the order in which the help lists them.
@@ -34,6 +35,7 @@ inline constexpr std::array kVerbs = {
     Verb{"profile", "Read or change a settings file", runProfile},
     Verb{"route", "Turn a line of identifiers and airways into a plan", runRoute},
     Verb{"scheme", "The colours of a scheme", runScheme},
+    Verb{"terrain", "Heights of a point and along a way", runTerrain},
     Verb{"track", "Read a recorded track", runTrack},
 };
 

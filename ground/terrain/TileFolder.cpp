@@ -1,0 +1,70 @@
+#include "ground/terrain/TileFolder.h"
+
+#include <algorithm>
+#include <array>
+#include <system_error>
+
+#include "base/Ascii.h"
+#include "platform/FileIo.h"
+
+namespace korvel {
+namespace {
+
+/// More than the largest tile, packed or not.
+constexpr std::size_t kLargestFile = 64U << 20U;
+
+bool isTileName(std::string_view name) {
+    return std::ranges::any_of(
+        std::array{".hgt", ".hgt.zip", ".hgt.gz"},
+        [name](std::string_view ending) { return endsWithIgnoringCase(name, ending); });
+}
+
+}  // namespace
+
+TileFolder::TileFolder(std::span<const std::filesystem::path> folders, FileSystem& disk)
+    : disk_(disk) {
+    for (const std::filesystem::path& folder : folders) {
+        std::vector<std::filesystem::path> found;
+        std::error_code error;
+        for (std::filesystem::directory_iterator i(folder, error), end; !error && i != end;
+             i.increment(error))
+            found.push_back(i->path());
+        std::ranges::sort(found);
+        for (const std::filesystem::path& file : found) {
+            const std::string name = file.filename().string();
+            if (const auto corner = tileOfName(name); corner && isTileName(name))
+                files_.try_emplace(*corner, file);
+        }
+    }
+}
+
+std::optional<TileFolder::Height> TileFolder::heightAt(GeoPoint point) {
+    const auto found = files_.find(tileOf(point));
+    if (found == files_.end())
+        return std::nullopt;
+    const auto metres = tile(found->first, found->second)->heightM(point);
+    if (!metres)
+        return std::nullopt;
+    return Height{*metres, found->second.filename().string()};
+}
+
+const HgtTile* TileFolder::tile(TileCorner corner, const std::filesystem::path& file) {
+    const auto known = std::ranges::find(kept_, corner, &HgtTile::corner);
+    if (known != kept_.end()) {
+        kept_.splice(kept_.begin(), kept_, known);
+        return &kept_.front();
+    }
+    if (kept_.size() >= kKept)
+        kept_.pop_back();
+    HgtTile& tile = kept_.emplace_front();
+    const auto bytes = readWholeFile(file, kLargestFile, disk_);
+    const std::string error =
+        bytes ? tile.read(*bytes, corner) : std::string("The file cannot be read");
+    if (!error.empty()) {
+        tile.markEmpty(corner);
+        problems_.push_back(file.filename().string() + ": " + error);
+    }
+    return &tile;
+}
+
+}  // namespace korvel

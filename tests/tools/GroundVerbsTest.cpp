@@ -1,0 +1,50 @@
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "TempFolder.h"
+#include "ground/SmallMap.h"
+#include "tools/ToolRun.h"
+
+namespace korvel { namespace {
+
+using Json = nlohmann::ordered_json;
+
+TEST(Tool, TheGround) {
+    const TempFolder folder;
+    const std::string map = folder.write("small.map", smallMap());
+    const std::string air = folder.write("air.txt",
+        "AC D\nAN LOW\nAL GND\nAH 2000 MSL\nAF 118.1\nV X=45:00N 045:00E\nDC 10\nAC R\nAN HIGH\nAL FL 95\nAH UNL\nDC "
+        "5\nAC C\nAN BAD\nDC x\n");
+    folder.write("plan.txt", "FPL 0\n");
+    const auto json = [&](std::vector<std::string> words) {
+        words.insert(words.begin(), {"--data", folder.path().string()});
+        words.emplace_back("--json");
+        const ToolResult result = runTool(words);
+        EXPECT_EQ(result.status, 0) << result.errors;
+        return Json::parse(result.output);
+    };
+    const Json info = json({"basemap", "info", map});
+    EXPECT_EQ(info["made"], "2026-01-02");
+    EXPECT_EQ(info["levels"].size(), 2U);
+    EXPECT_EQ(info["levels"][1]["tiles"], 1);
+    EXPECT_TRUE(info["levels"][1]["metresPerPixelTo"].is_null());
+    EXPECT_EQ(json({"basemap", "at", "45", "45", "--level", "1"})["land"], true) << "the finest is the first";
+    EXPECT_EQ(json({"basemap", "at", "45", "45"})["land"], false);
+    const Json list = json({"airspace", "list", air});
+    ASSERT_EQ(list["airspaces"].size(), 2U);
+    EXPECT_EQ(list["airspaces"][0]["floor"], (Json{{"text", "GND"}, {"ft", 0}, {"reference", "AGL"}}));
+    EXPECT_EQ(list["airspaces"][1]["ceiling"], (Json{{"text", "UNL"}, {"ft", nullptr}, {"reference", "UNL"}}));
+    EXPECT_EQ(list["airspaces"][0]["frequency"], "118.1");
+    EXPECT_EQ(list["problems"][0]["line"], 15);
+    EXPECT_EQ(json({"airspace", "45", "45.05"})["inside"].size(), 2U);
+    EXPECT_EQ(json({"airspace", "45", "45.05", "5000"})["inside"].size(), 0U);
+    EXPECT_EQ(json({"airspace", "45", "45.05", "9500"})["inside"][0]["name"], "HIGH");
+    EXPECT_EQ(json({"terrain", "45", "45"}), (Json{{"heightFt", 0}, {"source", "sea"}}));
+    EXPECT_EQ(json({"terrain", "-75", "15"})["heightFt"], nullptr) << "land without a tile";
+    EXPECT_EQ(json({"terrain", "along", "45,45", "46,45", "--points", "3"})["points"].size(), 3U);
+    EXPECT_EQ(runTool({"basemap", "info", air}).errors, "air.txt is not a base map\n");
+    EXPECT_EQ(runTool({"basemap", "frob", "x"}).status, 2);
+    EXPECT_EQ(runTool({"airspace", "list", "none"}).status, 1);
+}
+
+}}  // namespace korvel
