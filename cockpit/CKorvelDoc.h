@@ -17,6 +17,7 @@
 #include "cockpit/Flight.h"
 #include "cockpit/FlightMemory.h"
 #include "cockpit/KnownPlaces.h"
+#include "cockpit/GroundData.h"
 #include "cockpit/NearAirportList.h"
 #include "cockpit/UserFixes.h"
 #include "config/ProfileFile.h"
@@ -84,6 +85,10 @@ class CKorvelDoc final : private SentenceListener {
     /// Called when other databases have come into use: rows found in the former ones mean nothing
     /// any more.
     std::function<void()> onOtherDatabases;
+
+    /// Land and water and what stands on it.
+    GroundData& ground() { return ground_; }
+    const GroundData& ground() const { return ground_; }
 
     /// The points that the pilot has marked.
     UserFixes& userFixes() { return userFixes_; }
@@ -185,6 +190,7 @@ class CKorvelDoc final : private SentenceListener {
     std::unique_ptr<SentenceSource> source_;  // in the ports' place; null for none
     ConnectionMonitor monitor_;
     Charts charts_;
+    GroundData ground_;
     Flight flight_;
     FlightMemory memory_;
     NearAirportList nearAirports_;

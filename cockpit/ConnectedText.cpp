@@ -91,6 +91,17 @@ std::string expiryText(std::uint32_t yyyymmdd, const LocalTime& now) {
                       {dashedDate(yyyymmdd)});
 }
 
+void addGround(std::string& words, const GroundData& ground) {
+    const BaseMapFile& map = ground.baseMap().file();
+    if (map.isOpen())
+        addLine(words, formatText(kConnectedTexts.connectedBaseMap,
+                                  {map.name(), std::string_view(dashedDate(map.made()))}));
+    else
+        addLine(words, text(kConnectedTexts.connectedNoBaseMap));
+    for (const std::string& problem : ground.problems())
+        addLine(words, "  " + problem);
+}
+
 void addDatabases(std::string& words, const CKorvelDoc& document,
                   std::span<const std::filesystem::path> folders) {
     const auto& files = document.charts().database().files();
@@ -100,6 +111,7 @@ void addDatabases(std::string& words, const CKorvelDoc& document,
     for (const auto& file : files)
         addLine(words, *file->fileName() + "   " +
                            expiryText(file->header().expiry, document.cockpitData().now));
+    addGround(words, document.ground());
     addLine(words, "");
     addLine(words, text(kConnectedTexts.connectedFolders));
     addLine(words, text(kConnectedTexts.connectedFoldersHelp));

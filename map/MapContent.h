@@ -7,6 +7,7 @@
 
 namespace korvel {
 
+class GroundPicture;
 class MapColorCache;
 class MeasureTool;
 class TrackLevels;
@@ -24,6 +25,7 @@ struct MapContent {
     bool moved = false;      ///< the pilot looks elsewhere than at the aircraft
     bool trustMarks = true;  ///< stand on the map, because there is no status line above it
 
+    GroundPicture* ground = nullptr;       ///< kept from frame to frame; null for none
     const PlaceSet* places = nullptr;      ///< from the databases; null for none
     const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
     const MeasureTool* measure = nullptr;  ///< the ruler; null for none

@@ -11,6 +11,7 @@
 #include "map/layers/CompassRoseLayer.h"
 #include "map/layers/FurnitureLayer.h"
 #include "map/layers/GridLayer.h"
+#include "map/layers/GroundLayer.h"
 #include "map/layers/MeasureLayer.h"
 #include "map/layers/PlaceLayer.h"
 #include "map/layers/PlanLayer.h"
@@ -66,6 +67,7 @@ constexpr MapLayer words(std::string_view name, Turn turn, int toRangeNm = kFart
 
 constexpr std::array kLayers{
     layer<BackgroundLayer>("background", Turn::Ground),
+    layer<GroundLayer>("ground", Turn::Ground),
     layer<GridLayer>("grid", Turn::Grid),
     layer<RangeRingLayer>("range rings", Turn::Rings),
     layer<CompassRoseLayer>("compass roses", Turn::Ground, kRosesToNm),

@@ -90,6 +90,16 @@ GeoPoint MapProjection::unproject(Point pixel) const {
     return {lat, wrapLongitude(center_.lon + northUp.x * radiansPerPixel / lonScale_)};
 }
 
+Point MapProjection::eastPerDegree() const {
+    const double pixels = kNmPerDegree * pixelsPerNm_ * lonScale_;
+    return {pixels * cosine_, pixels * sine_};
+}
+
+Point MapProjection::northPerDegree() const {
+    const double pixels = kNmPerDegree * pixelsPerNm_;
+    return {pixels * sine_, -pixels * cosine_};
+}
+
 void MapViewport::loadRange(ProfileFile& profile) {
     const int saved = profile.getInt(kOptionsSection, kRangeKey, kDefaultRangeNm);
     chooseRange(isStep(saved) ? saved : kDefaultRangeNm);

@@ -37,6 +37,11 @@ class MapProjection {
     /// The map's new centre after a drag by (dx, dy) is unproject(aircraft - (dx, dy)).
     GeoPoint unproject(Point pixel) const;
 
+    /// How far on the screen a degree of longitude leads east, and one of latitude north: the
+    /// projection is affine.
+    Point eastPerDegree() const;
+    Point northPerDegree() const;
+
     GeoPoint center() const { return center_; }
     Point aircraft() const { return aircraft_; }
     double pixelsPerNm() const { return pixelsPerNm_; }

@@ -58,6 +58,13 @@ TextExtent ScaledTextMeasure::measure(std::string_view text, const Font& font) c
     return {extent.width / scale_, extent.capHeight / scale_, extent.descent / scale_};
 }
 
+void AreaCanvas::bitmapTurned(const Bitmap& bitmap, const BitmapPlace& place) {
+    BitmapPlace own = place;
+    own.at = moved(place.at);
+    own.pixelRatio = place.pixelRatio / scale_;
+    whole_.bitmapTurned(bitmap, own);
+}
+
 void AreaCanvas::bitmap(Point topLeft, const Bitmap& bitmap) {
     whole_.bitmap(moved(topLeft), bitmap);
 }

@@ -52,6 +52,9 @@ class AreaCanvas final : public Canvas {
                 const std::optional<Pen>& outline) override;
     void text(Point anchor, std::string_view text, const TextStyle& style) override;
     void bitmap(Point topLeft, const Bitmap& bitmap) override;
+    void bitmapTurned(const Bitmap& bitmap, const BitmapPlace& place) override;
+    bool wantsShapes() const override { return whole_.wantsShapes(); }
+    double pixelRatio() const override { return whole_.pixelRatio() * scale_; }
 
  private:
     Point moved(Point point) const {

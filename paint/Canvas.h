@@ -71,6 +71,17 @@ struct Bitmap {
     int width = 0;
     int height = 0;
     std::span<const std::uint32_t> pixels;
+    bool opaque = false;  ///< every pixel is, which makes copying cheaper
+};
+
+/// How a bitmap lies on a canvas: its point `pivot`, in its own pixels, comes to the canvas point
+/// `at`, and around that it is turned by `turnDeg` to the right. Its pixels are as small as those
+/// of a device with so many of them in one of the canvas.
+struct BitmapPlace {
+    Point at;
+    Point pivot;
+    double turnDeg = 0;
+    double pixelRatio = 1;
 };
 
 class Canvas;
@@ -116,6 +127,12 @@ class Canvas {
     /// One line of UTF-8 text.
     virtual void text(Point anchor, std::string_view text, const TextStyle& style) = 0;
     virtual void bitmap(Point topLeft, const Bitmap& bitmap) = 0;
+    /// A bitmap moved and turned under what is drawn on it later.
+    virtual void bitmapTurned(const Bitmap& bitmap, const BitmapPlace& place) = 0;
+    /// The canvas keeps shapes: what could be drawn as a large bitmap is better drawn as polygons.
+    virtual bool wantsShapes() const { return false; }
+    /// Pixels of the device in one of the canvas: how fine a bitmap may be.
+    virtual double pixelRatio() const { return 1; }
     /// The stamp's picture; a canvas that keeps it puts it on whole pixels of the device.
     virtual void stamp(Point center, const Stamp& stamp) { stamp.draw(*this, center, stamp); }
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "paint/Shapes.h"
 #include "paint/TextBox.h"
 
 namespace korvel {
@@ -92,6 +93,11 @@ void RecordingCanvas::bitmap(Point topLeft, const Bitmap& bitmap) {
     add(Kind::Bitmap, std::array{topLeft}).area = {topLeft.x, topLeft.y,
                                                    static_cast<double>(bitmap.width),
                                                    static_cast<double>(bitmap.height)};
+}
+
+/// Its four corners.
+void RecordingCanvas::bitmapTurned(const Bitmap& bitmap, const BitmapPlace& place) {
+    add(Kind::Bitmap, cornersOf(bitmap, place));
 }
 
 }  // namespace korvel

@@ -52,6 +52,7 @@ class RecordingCanvas final : public Canvas {
                 const std::optional<Pen>& outline) override;
     void text(Point anchor, std::string_view text, const TextStyle& style) override;
     void bitmap(Point topLeft, const Bitmap& bitmap) override;
+    void bitmapTurned(const Bitmap& bitmap, const BitmapPlace& place) override;
 
  private:
     Element& add(Kind kind, std::span<const Point> points);

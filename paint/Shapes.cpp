@@ -44,4 +44,17 @@ std::vector<Point> runwayCorners(Point from, Point to, double width) {
             {to.x + x, to.y + y}};
 }
 
+std::array<Point, 4> cornersOf(const Bitmap& bitmap, const BitmapPlace& place) {
+    const double sine = std::sin(place.turnDeg * kDegToRad) / place.pixelRatio;
+    const double cosine = std::cos(place.turnDeg * kDegToRad) / place.pixelRatio;
+    const auto corner = [&](double right, double down) -> Point {
+        const double x = right - place.pivot.x;
+        const double y = down - place.pivot.y;
+        return {place.at.x + x * cosine - y * sine, place.at.y + y * cosine + x * sine};
+    };
+    const double width = bitmap.width;
+    const double height = bitmap.height;
+    return {corner(0, 0), corner(width, 0), corner(width, height), corner(0, height)};
+}
+
 }  // namespace korvel

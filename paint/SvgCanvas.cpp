@@ -203,4 +203,9 @@ void SvgCanvas::bitmap(Point topLeft, const Bitmap& bitmap) {
     }
 }
 
+void SvgCanvas::bitmapTurned(const Bitmap& bitmap, const BitmapPlace& place) {
+    if (place.turnDeg == 0 && place.pixelRatio == 1)
+        this->bitmap({place.at.x - place.pivot.x, place.at.y - place.pivot.y}, bitmap);
+}
+
 }  // namespace korvel

@@ -36,6 +36,9 @@ class SvgCanvas final : public Canvas {
     void text(Point anchor, std::string_view text, const TextStyle& style) override;
     /// Each run of equal pixels becomes a rectangle: right, but meant for small pictures only.
     void bitmap(Point topLeft, const Bitmap& bitmap) override;
+    /// Turned ones are left out: see wantsShapes().
+    void bitmapTurned(const Bitmap& bitmap, const BitmapPlace& place) override;
+    bool wantsShapes() const override { return true; }
 
  private:
     void number(std::string_view name, double value);

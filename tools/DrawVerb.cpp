@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "cockpit/GroundData.h"
 #include "cockpit/PlanViewBuilder.h"
 #include "config/Settings.h"
 #include "config/texts/StatusTexts.h"
@@ -118,7 +119,9 @@ int drawMap(const Invocation& call, const MapOptions& options) {
                        .colors = colors,
                        .view = {viewport, *data.position, upDeg, canvas.area()},
                        .turns = PagePainter::turns(page)};
-    MapFeeds feeds(loaded.database);
+    GroundData ground;
+    ground.open(call.dataFolders());
+    MapFeeds feeds(loaded.database, &ground.baseMap());
     do {
         feeds.update({content.view, data, Settings()});
     } while (!feeds.isComplete());

@@ -66,6 +66,7 @@ CKorvelApp::CKorvelApp(const CommandLine& line, OneWindow& window)
       frame_({document_, profile_, scheme_, dataFiles_, labels_}) {}
 
 std::string CKorvelApp::start() {
+    document_.ground().open(dataFolders());
     // A window on the screen may wait for its places, a picture may not.
     return line_.snapshotFile.empty() ? startWindow() : startPicture();
 }

@@ -53,6 +53,19 @@ bool isLarge(std::span<const Point> points) {
     return right->x - left->x > kLargestSmoothedFill || bottom->y - top->y > kLargestSmoothedFill;
 }
 
+/// The bitmap's own pixels; null when they are not as many as it says.
+QImage viewOf(const Bitmap& bitmap) {
+    if (bitmap.width <= 0 || bitmap.height <= 0)
+        return {};
+    const auto words =
+        static_cast<std::size_t>(bitmap.width) * static_cast<std::size_t>(bitmap.height);
+    if (bitmap.pixels.size() < words)
+        return {};
+    const auto bytes = std::as_bytes(bitmap.pixels);
+    return {reinterpret_cast<const uchar*>(bytes.data()), bitmap.width, bitmap.height,
+            bitmap.opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied};
+}
+
 }  // namespace
 
 QColor toQColor(ColorValue color) {
@@ -204,17 +217,32 @@ void QtCanvas::put(Point origin, const Label& picture) {
 void QtCanvas::stamp(Point center, const Stamp& stamp) { put(center, labels_.get(stamp, ratio_)); }
 
 void QtCanvas::bitmap(Point topLeft, const Bitmap& bitmap) {
-    if (bitmap.width <= 0 || bitmap.height <= 0)
+    if (const QImage image = viewOf(bitmap); !image.isNull())
+        painter_.drawImage(
+            QPointF(toDevicePixel(topLeft.x, area_.x), toDevicePixel(topLeft.y, area_.y)), image);
+}
+
+void QtCanvas::bitmapTurned(const Bitmap& bitmap, const BitmapPlace& place) {
+    const QImage image = viewOf(bitmap);
+    if (image.isNull() || !(place.pixelRatio > 0))
         return;
-    const auto words =
-        static_cast<std::size_t>(bitmap.width) * static_cast<std::size_t>(bitmap.height);
-    if (bitmap.pixels.size() < words)
-        return;
-    const auto bytes = std::as_bytes(bitmap.pixels);
-    const QImage view(reinterpret_cast<const uchar*>(bytes.data()), bitmap.width, bitmap.height,
-                      QImage::Format_ARGB32_Premultiplied);
-    painter_.drawImage(
-        QPointF(toDevicePixel(topLeft.x, area_.x), toDevicePixel(topLeft.y, area_.y)), view);
+    const double share = 1 / place.pixelRatio;
+    const bool upright = place.turnDeg == 0 && place.pixelRatio == ratio_;
+    painter_.save();
+    if (upright) {
+        // On whole pixels of the device it is copied as it is.
+        painter_.translate(toDevicePixel(place.at.x - place.pivot.x * share, area_.x),
+                           toDevicePixel(place.at.y - place.pivot.y * share, area_.y));
+        painter_.scale(share, share);
+    } else {
+        painter_.translate(place.at.x, place.at.y);
+        painter_.rotate(place.turnDeg);
+        painter_.scale(share, share);
+        painter_.translate(-place.pivot.x, -place.pivot.y);
+        painter_.setRenderHint(QPainter::SmoothPixmapTransform, true);
+    }
+    painter_.drawImage(QPointF(0, 0), image);
+    painter_.restore();
 }
 
 }  // namespace korvel

@@ -43,6 +43,8 @@ class QtCanvas final : public Canvas {
                 const std::optional<Pen>& outline) override;
     void text(Point anchor, std::string_view text, const TextStyle& style) override;
     void bitmap(Point topLeft, const Bitmap& bitmap) override;
+    void bitmapTurned(const Bitmap& bitmap, const BitmapPlace& place) override;
+    double pixelRatio() const override { return ratio_; }
     void stamp(Point center, const Stamp& stamp) override;
 
  private:

@@ -58,6 +58,8 @@ struct ConnectedTexts {
                       "It must send RMC or VTG, and GGA, as GP, or all satellite systems must be "
                       "heard (Options, GPS Port)"};
     Text adviceSky{61847, "The receiver is heard but has no position: does it see the sky?"};
+    Text connectedBaseMap{62410, "BASE MAP: %s, of %s"};  ///< %s: file name, date
+    Text connectedNoBaseMap{62411, "BASE MAP: none; the map works without land and water"};
     Text connectedExpired{61920, "expired %s"};  ///< %s: date
 };
 

@@ -24,7 +24,9 @@ struct SheetTexts {
     Text aboutWords{61517,
                     "Moving-map GPS navigator for pilots of light aircraft.\n\n"
                     "A backup only: never rely on it as the only means of navigation.\n\n"
-                    "Letters: B612, SIL Open Font License 1.1. Window: Qt, LGPL 3."};
+                    "Letters: B612, SIL Open Font License 1.1. Window: Qt, LGPL 3.\n"
+                    "Ground: GSHHG 2.3.7, P. Wessel and W. H. F. Smith, LGPL 3; GeoNames, CC BY "
+                    "4.0; ETOPO5, NOAA."};
     Text portTitle{61518, "GPS Port"};
     Text portSearch{61519, "&Search all ports for the receiver"};
     Text portChosen{61520, "&Use this port and speed:"};

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "map/feeds/GroundFeed.h"
 #include "map/feeds/PlaceFeed.h"
 #include "map/feeds/TrackFeed.h"
 #include "map/feeds/ViewFeed.h"
@@ -12,8 +13,9 @@ namespace korvel {
 /// the list of them.
 class MapFeeds {
  public:
-    /// The database must outlive this.
-    explicit MapFeeds(const NavDatabase& database) : places_(database) {}
+    /// Both must outlive this; null for no map of the ground.
+    explicit MapFeeds(const NavDatabase& database, BaseMap* ground = nullptr)
+        : ground_(ground), places_(database) {}
 
     /// Call before each frame; true when something has changed.
     bool update(const FeedRequest& request);
@@ -26,9 +28,10 @@ class MapFeeds {
     const PlaceSet& places() const { return places_.set(); }
 
  private:
+    GroundFeed ground_;
     PlaceFeed places_;
     TrackFeed track_;
-    std::array<ViewFeed*, 2> all_{&places_, &track_};
+    std::array<ViewFeed*, 3> all_{&ground_, &places_, &track_};
 };
 
 }  // namespace korvel

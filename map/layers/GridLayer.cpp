@@ -76,7 +76,8 @@ void GridLayer::paintWords(Canvas& canvas) const {
     const TextStyle look = style();
     for (const Label& label : labels_) {
         // The line stops on both sides of it.
-        canvas.rect(label.box, Brush{color(ColorKey::MapBackground)}, std::nullopt);
+        if (content().ground == nullptr)  // a box on land or water would be a hole in it
+            canvas.rect(label.box, Brush{color(ColorKey::MapBackground)}, std::nullopt);
         canvas.text(label.at, label.text, look);
     }
 }

@@ -87,7 +87,8 @@ void RangeRingLayer::paintWords(Canvas& canvas) const {
     TextStyle style = labelStyle(view().textPx);
     style.color = color(ColorKey::MapGrid);
     for (const Label& label : labels_) {
-        canvas.rect(label.box, Brush{color(ColorKey::MapBackground)}, std::nullopt);
+        if (content().ground == nullptr)  // a box on land or water would be a hole in it
+            canvas.rect(label.box, Brush{color(ColorKey::MapBackground)}, std::nullopt);
         canvas.text(label.at, label.text, style);
     }
 }

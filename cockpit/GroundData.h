@@ -1,0 +1,30 @@
+#pragma once
+
+#include <filesystem>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "ground/basemap/BaseMap.h"
+
+namespace korvel {
+
+/// What the document knows of the ground. Main thread only.
+class GroundData {
+ public:
+    /// Opens the base map of these folders: the first "*.map" that can be used, the earlier
+    /// folders' first. Takes a few milliseconds.
+    void open(std::vector<std::filesystem::path> folders);
+
+    /// The same object through every opening; not open when there is none.
+    BaseMap& baseMap() { return baseMap_; }
+    [[nodiscard]] const BaseMap& baseMap() const { return baseMap_; }
+    /// Files that could not be used, a message each.
+    [[nodiscard]] std::span<const std::string> problems() const { return problems_; }
+
+ private:
+    BaseMap baseMap_;
+    std::vector<std::string> problems_;
+};
+
+}  // namespace korvel

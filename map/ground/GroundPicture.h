@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "ground/basemap/BaseMap.h"
+#include "map/MapView.h"
+#include "paint/Canvas.h"
+#include "paint/MapColorCache.h"
+#include "paint/ground/Coverage.h"
+
+namespace korvel {
+
+class GroundGrid;
+
+/// The ground as one picture, a bit larger than the view and at the angle that the map had when it
+/// was made: while the aircraft flies and turns it is shifted and turned under everything else, and
+/// drawn anew when the view leaves it. All of that is exact, since the projection is affine, as
+/// long as range and the whole degree of the centre's latitude stay.
+class GroundPicture {
+ public:
+    /// The map must outlive the picture.
+    explicit GroundPicture(BaseMap& map) : map_(map) {}
+
+    /// The picture of this view; `pixelRatio` is that of the canvas. Draws it anew if needed.
+    void prepare(const MapView& view, const MapColorCache& colors, double pixelRatio);
+    /// What prepare() has made ready, and how it lies on the canvas.
+    [[nodiscard]] Bitmap bitmap() const { return {width_, height_, pixels_, true}; }
+    [[nodiscard]] BitmapPlace place(const MapView& view) const;
+
+    /// Drops the picture.
+    void forget() { key_.reset(); }
+    BaseMap& map() const { return map_; }
+    /// How often it was drawn.
+    [[nodiscard]] int drawn() const { return drawn_; }
+
+ private:
+    /// What a picture is good for.
+    struct Key {
+        double pixelsPerNm = 0;
+        int wholeLatDeg = 0;
+        double pixelRatio = 1;
+        std::vector<ColorValue> colors;
+
+        friend bool operator==(const Key&, const Key&) = default;
+    };
+
+    [[nodiscard]] bool covers(const MapView& view) const;
+    void draw(const MapView& view, const MapColorCache& colors);
+    void drawLines(const GroundGrid& grid, const MapColorCache& colors);
+    void hideBeyondTheWorld(const GroundGrid& grid, ColorValue background);
+
+    BaseMap& map_;
+    std::optional<Key> key_;
+    GeoPoint center_;   ///< the ground under pivot_
+    Point pivot_;       ///< pixels of the picture
+    int angleDeg_ = 0;  ///< of the map when it was drawn
+    int width_ = 0;     ///< pixels
+    int height_ = 0;
+    std::vector<std::uint32_t> pixels_;
+    std::unique_ptr<Coverage> coverage_;  ///< kept for its memory
+    int drawn_ = 0;
+};
+
+}  // namespace korvel

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+#include "paint/Color.h"
+#include "paint/ground/Coverage.h"
+
+namespace korvel {
+
+/// A pixel of a Bitmap in this colour, opaque.
+constexpr std::uint32_t toPixel(ColorValue color) {
+    return 0xFF000000U | RedOf(color) << 16U | GreenOf(color) << 8U | BlueOf(color);
+}
+
+/// Every mixture of water and land, with the thin line of the shore between them: where a pixel is
+/// partly land it is darker than either, or lighter on a dark map.
+class ShorePalette {
+ public:
+    ShorePalette(ColorValue land, ColorValue water);
+
+    /// Land, water and shore of a whole raster; `pixels` has its size.
+    void paint(const Coverage& land, std::span<std::uint32_t> pixels) const;
+    ColorValue shore() const { return shore_; }
+
+ private:
+    std::array<std::uint32_t, Coverage::kFull + 1> mixed_{};
+    ColorValue shore_;
+};
+
+/// Lays a colour over what is there, as much of it as the coverage says; `opacity` 0 to 1.
+void paintOver(const Coverage& coverage, ColorValue color, double opacity,
+               std::span<std::uint32_t> pixels);
+/// The other way: where the coverage has nothing the colour hides all.
+void paintAround(const Coverage& coverage, ColorValue color, std::span<std::uint32_t> pixels);
+
+}  // namespace korvel
