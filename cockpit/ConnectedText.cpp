@@ -98,6 +98,9 @@ void addGround(std::string& words, const GroundData& ground) {
                                   {map.name(), std::string_view(dashedDate(map.made()))}));
     else
         addLine(words, text(kConnectedTexts.connectedNoBaseMap));
+    for (const AirspaceSet::File& file : ground.airspaces().files())
+        addLine(words, formatText(kConnectedTexts.connectedAirspaces,
+                                  {file.name, static_cast<int>(file.airspaces)}));
     for (const std::string& problem : ground.problems())
         addLine(words, "  " + problem);
 }

@@ -8,6 +8,8 @@ namespace korvel {
 
 void GroundData::open(std::vector<std::filesystem::path> folders) {
     problems_.clear();
+    airspaces_.load(folders);
+    problems_.assign(airspaces_.problems().begin(), airspaces_.problems().end());
     for (const std::filesystem::path& path : DataFileSearch(std::move(folders)).find("*.map")) {
         std::string error = baseMap_.open(path);
         if (error.empty())

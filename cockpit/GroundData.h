@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "ground/airspace/AirspaceSet.h"
 #include "ground/basemap/BaseMap.h"
 
 namespace korvel {
@@ -12,18 +13,21 @@ namespace korvel {
 /// What the document knows of the ground. Main thread only.
 class GroundData {
  public:
-    /// Opens the base map of these folders: the first "*.map" that can be used, the earlier
-    /// folders' first. Takes a few milliseconds.
+    /// Opens the base map of these folders, the first "*.map" that can be used, the earlier
+    /// folders' first, and reads their files of airspaces: a few milliseconds, and some ten for
+    /// each thousand of them.
     void open(std::vector<std::filesystem::path> folders);
 
     /// The same object through every opening; not open when there is none.
     BaseMap& baseMap() { return baseMap_; }
     [[nodiscard]] const BaseMap& baseMap() const { return baseMap_; }
+    [[nodiscard]] const AirspaceSet& airspaces() const { return airspaces_; }
     /// Files that could not be used, a message each.
     [[nodiscard]] std::span<const std::string> problems() const { return problems_; }
 
  private:
     BaseMap baseMap_;
+    AirspaceSet airspaces_;
     std::vector<std::string> problems_;
 };
 

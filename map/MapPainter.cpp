@@ -7,6 +7,7 @@
 
 #include "cockpit/PlaceClass.h"
 #include "map/layers/AircraftLayer.h"
+#include "map/layers/AirspaceLayer.h"
 #include "map/layers/ApproachLayer.h"
 #include "map/layers/CompassRoseLayer.h"
 #include "map/layers/FurnitureLayer.h"
@@ -46,6 +47,7 @@ class InstrumentLayer final : public Layer {
     }
 };
 
+constexpr int kAirspaceWordsToNm = 65;
 constexpr int kNearest = kRangeStepsNm.front();
 constexpr int kFarthest = kRangeStepsNm.back();
 
@@ -79,6 +81,7 @@ constexpr std::array kLayers{
     layer<PlanLayer>("plan", Turn::Plan),
     words<RunwayLayer>("runway numbers", Turn::Ground, kRunwaysToNm),
     words<PlaceLayer>("names", Turn::Ground),
+    layer<AirspaceLayer>("airspace limits", Turn::Ground, kAirspaceWordsToNm),
     layer<ApproachLayer>("approach", Turn::Approach),
     layer<AircraftLayer>("aircraft", Turn::Fixed),
     layer<MeasureLayer>("ruler", Turn::Ruler),

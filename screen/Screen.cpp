@@ -24,7 +24,8 @@ Screen::Screen(CKorvelDoc& document, ProfileFile& profile, const TextMeasure& le
       profile_(profile),
       letters_(letters),
       page_(pageOfNumber(profile.getInt(kOptionsSection, kPageKey, static_cast<int>(PageId::Map)))),
-      feeds_(document.charts().database(), &document.ground().baseMap()),
+      feeds_(document.charts().database(), &document.ground().baseMap(),
+             &document.ground().airspaces()),
       fields_(profile),
       hints_(profile) {
     camera_.loadRange(profile);

@@ -1,11 +1,10 @@
-#include <algorithm>
-#include <iterator>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "base/TextNumbers.h"
 #include "geo/Geodesy.h"
+#include "ground/airspace/AirspaceSet.h"
 #include "ground/airspace/OpenAir.h"
 #include "platform/FileIo.h"
 #include "tools/Arguments.h"
@@ -79,33 +78,15 @@ int listFile(const Invocation& call, const std::string& path) {
     return call.done({{"error", ""}, {"airspaces", airspaces}, {"problems", problems}}, plain);
 }
 
-/// All of the data folder's files that are OpenAir, whatever they are called.
-std::vector<Airspace> airspacesOf(const Invocation& call) {
-    std::vector<Airspace> all;
-    for (const char* pattern : {"*.txt", "*.air", "*.openair"}) {
-        for (const auto& path : call.dataFiles().find(pattern)) {
-            const auto bytes = readWholeFile(path);
-            if (!bytes || !looksLikeOpenAir(*bytes))
-                continue;
-            OpenAirFile file = readOpenAir(*bytes);
-            std::ranges::move(file.airspaces, std::back_inserter(all));
-        }
-    }
-    return all;
-}
-
 int listAbove(const Invocation& call, GeoPoint point, std::optional<int> altitudeFt) {
-    std::vector<Airspace> found = airspacesOf(call);
-    std::erase_if(
-        found,
-        [&](const Airspace& airspace) {
-            return !airspace.contains(point) || (altitudeFt && !airspace.reaches(*altitudeFt, {}));
-        });
-    std::ranges::stable_sort(
-        found, {}, [](const Airspace& airspace) { return airspace.floorFt(std::nullopt); });
+    AirspaceSet airspaces;
+    airspaces.load(call.dataFolders());
     Json inside = Json::array();
     std::string plain;
-    for (const Airspace& airspace : found) {
+    for (const std::size_t i : airspaces.at(point)) {
+        const Airspace& airspace = airspaces.all()[i];
+        if (altitudeFt && !airspace.reaches(*altitudeFt, {}))
+            continue;
         inside.push_back(airspaceJson(airspace));
         plain += airspaceLine(airspace);
     }

@@ -60,7 +60,8 @@ struct ConnectedTexts {
     Text adviceSky{61847, "The receiver is heard but has no position: does it see the sky?"};
     Text connectedBaseMap{62410, "BASE MAP: %s, of %s"};  ///< %s: file name, date
     Text connectedNoBaseMap{62411, "BASE MAP: none; the map works without land and water"};
-    Text connectedExpired{61920, "expired %s"};  ///< %s: date
+    Text connectedAirspaces{62412, "AIRSPACES: %s, %d read"};  ///< %s: file name
+    Text connectedExpired{61920, "expired %s"};                ///< %s: date
 };
 
 inline constexpr ConnectedTexts kConnectedTexts{};

@@ -45,6 +45,20 @@ double wrappedDeg(double lon) { return PositiveMod(lon * kRadToDeg + 180, 360) -
 
 }  // namespace
 
+std::string limitWords(const AltitudeLimit& limit) {
+    if (!limit.ft)
+        return limit.reference == LimitReference::Unlimited ? "UNL"
+               : limit.text.empty()                         ? "?"
+                                                            : limit.text;
+    const int hundreds = RoundToInt(*limit.ft / 100.0);
+    const std::string number = std::to_string(hundreds);
+    if (limit.reference == LimitReference::FlightLevel)
+        return "FL" + number;
+    if (limit.reference == LimitReference::Agl)
+        return *limit.ft == 0 ? "GND" : number + " AGL";
+    return number;
+}
+
 std::size_t Airspace::points() const {
     std::size_t count = 0;
     for (const AirspaceRing& ring : rings)

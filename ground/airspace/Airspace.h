@@ -25,6 +25,10 @@ struct AltitudeLimit {
     LimitReference reference = LimitReference::Unknown;
 };
 
+/// A limit in the few letters that the map has room for: "45" (hundreds of feet above sea),
+/// "10 AGL", "GND", "FL95", "UNL"; the file's own words where it is not known.
+std::string limitWords(const AltitudeLimit& limit);
+
 /// Degrees; west is east of `east` where the box crosses the 180th meridian.
 struct AirspaceBox {
     double south = 0;

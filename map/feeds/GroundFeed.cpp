@@ -4,8 +4,11 @@
 
 namespace korvel {
 
-GroundFeed::GroundFeed(BaseMap* map)
-    : picture_(map != nullptr ? std::make_unique<GroundPicture>(*map) : nullptr) {}
+GroundFeed::GroundFeed(BaseMap* map, const AirspaceSet* airspaces)
+    : picture_(map != nullptr ? std::make_unique<GroundPicture>(*map) : nullptr) {
+    if (picture_)
+        picture_->showAirspaces(airspaces);
+}
 
 void GroundFeed::forget() {
     if (picture_)

@@ -11,8 +11,8 @@ class BaseMap;
 /// frame anywhere; so there is nothing to wait for.
 class GroundFeed final : public ViewFeed {
  public:
-    /// Null for none; the map must outlive this.
-    explicit GroundFeed(BaseMap* map);
+    /// Null for none; both must outlive this.
+    explicit GroundFeed(BaseMap* map, const AirspaceSet* airspaces = nullptr);
 
     bool update(const FeedRequest& /*request*/) override { return false; }
     bool isComplete() const override { return true; }

@@ -13,9 +13,10 @@ namespace korvel {
 /// the list of them.
 class MapFeeds {
  public:
-    /// Both must outlive this; null for no map of the ground.
-    explicit MapFeeds(const NavDatabase& database, BaseMap* ground = nullptr)
-        : ground_(ground), places_(database) {}
+    /// All must outlive this; null for no map of the ground, and for no airspaces on it.
+    explicit MapFeeds(const NavDatabase& database, BaseMap* ground = nullptr,
+                      const AirspaceSet* airspaces = nullptr)
+        : ground_(ground, airspaces), places_(database) {}
 
     /// Call before each frame; true when something has changed.
     bool update(const FeedRequest& request);

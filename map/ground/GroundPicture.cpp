@@ -6,6 +6,7 @@
 
 #include "geo/Geodesy.h"
 #include "geo/WholeDegreeTrig.h"
+#include "map/ground/AirspaceLines.h"
 #include "map/ground/GroundGrid.h"
 #include "map/ground/GroundTiles.h"
 #include "paint/ground/GroundColors.h"
@@ -16,6 +17,7 @@ namespace {
 // The room around the view: 10 degrees of turn, or a tenth of the view to pan.
 constexpr double kWider = 1.15;
 constexpr double kHigher = 1.3;
+constexpr double kAirspaceOpacity = 0.85;
 
 /// Up to how many metres a pixel lines of a kind are drawn, and how.
 struct LineLook {
@@ -59,9 +61,12 @@ void GroundPicture::prepare(const MapView& view, const MapColorCache& colors, do
     Key key{.pixelsPerNm = view.projection.pixelsPerNm(),
             .wholeLatDeg = RoundToInt(view.projection.center().lat * kRadToDeg),
             .pixelRatio = pixelRatio,
+            .airspaces = airspaces_ != nullptr ? airspaces_->revision() : 0,
             .colors = {}};
-    for (const ColorKey each : {ColorKey::GeoLand, ColorKey::GeoWater,
-                                ColorKey::GeoPoliticalBoundary, ColorKey::MapBackground})
+    for (const ColorKey each :
+         {ColorKey::GeoLand, ColorKey::GeoWater, ColorKey::GeoPoliticalBoundary,
+          ColorKey::MapBackground, ColorKey::MapClassB, ColorKey::MapClassC, ColorKey::MapClassD,
+          ColorKey::MapClassX, ColorKey::MapSua})
         key.colors.push_back(colors[each]);
     if (key_ == key && covers(view))
         return;
@@ -124,6 +129,7 @@ void GroundPicture::draw(const MapView& view, const MapColorCache& colors) {
                  });
     ShorePalette(colors[ColorKey::GeoLand], colors[ColorKey::GeoWater]).paint(*coverage_, pixels_);
     drawLines(grid, colors);
+    drawAirspaces(grid, view.rangeNm, colors);
     hideBeyondTheWorld(grid, colors[ColorKey::MapBackground]);
 }
 
@@ -144,6 +150,28 @@ void GroundPicture::drawLines(const GroundGrid& grid, const MapColorCache& color
                     coverage_->band(line[i - 1], line[i], look.width * key_->pixelRatio);
         });
         paintOver(*coverage_, colors[look.color], look.opacity, pixels_);
+    }
+}
+
+void GroundPicture::drawAirspaces(const GroundGrid& grid, int rangeNm,
+                                  const MapColorCache& colors) {
+    if (airspaces_ == nullptr || airspaces_->all().empty())
+        return;
+    const GroundGrid::Box box = grid.box(width_, height_);
+    // What restricts lies over what informs.
+    for (const ColorKey ink : {ColorKey::MapClassX, ColorKey::MapClassD, ColorKey::MapClassC,
+                               ColorKey::MapClassB, ColorKey::MapSua}) {
+        coverage_->clear();
+        forAirspaces(*airspaces_, grid, box, rangeNm,
+                     [&](const Airspace&, const AirspaceLook& look, std::span<const Point> line) {
+                         if (look.color != ink)
+                             return;
+                         for (std::size_t i = 1; i < line.size(); ++i)
+                             if (!isOutside(line[i - 1], line[i], *coverage_))
+                                 coverage_->band(line[i - 1], line[i],
+                                                 look.width * key_->pixelRatio);
+                     });
+        paintOver(*coverage_, colors[ink], kAirspaceOpacity, pixels_);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "ground/airspace/AirspaceSet.h"
 #include "ground/basemap/BaseMap.h"
 #include "map/MapView.h"
 #include "paint/Canvas.h"
@@ -32,6 +33,10 @@ class GroundPicture {
     [[nodiscard]] Bitmap bitmap() const { return {width_, height_, pixels_, true}; }
     [[nodiscard]] BitmapPlace place(const MapView& view) const;
 
+    /// Draws their outlines from now on; null for none. They must outlive the picture.
+    void showAirspaces(const AirspaceSet* airspaces) { airspaces_ = airspaces; }
+    const AirspaceSet* airspaces() const { return airspaces_; }
+
     /// Drops the picture.
     void forget() { key_.reset(); }
     BaseMap& map() const { return map_; }
@@ -44,6 +49,7 @@ class GroundPicture {
         double pixelsPerNm = 0;
         int wholeLatDeg = 0;
         double pixelRatio = 1;
+        std::uint64_t airspaces = 0;  ///< their revision
         std::vector<ColorValue> colors;
 
         friend bool operator==(const Key&, const Key&) = default;
@@ -52,9 +58,11 @@ class GroundPicture {
     [[nodiscard]] bool covers(const MapView& view) const;
     void draw(const MapView& view, const MapColorCache& colors);
     void drawLines(const GroundGrid& grid, const MapColorCache& colors);
+    void drawAirspaces(const GroundGrid& grid, int rangeNm, const MapColorCache& colors);
     void hideBeyondTheWorld(const GroundGrid& grid, ColorValue background);
 
     BaseMap& map_;
+    const AirspaceSet* airspaces_ = nullptr;
     std::optional<Key> key_;
     GeoPoint center_;   ///< the ground under pivot_
     Point pivot_;       ///< pixels of the picture

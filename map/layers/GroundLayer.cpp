@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "map/ground/AirspaceLines.h"
 #include "map/ground/GroundGrid.h"
 #include "map/ground/GroundPicture.h"
 #include "map/ground/GroundTiles.h"
@@ -76,6 +77,14 @@ void GroundLayer::paintShapes(Canvas& canvas) const {
     };
     lines(SheetKind::Rivers, ColorKey::GeoWater, 2);
     lines(SheetKind::Borders, ColorKey::GeoPoliticalBoundary, 2);
+    if (const AirspaceSet* const airspaces = content().ground->airspaces())
+        forAirspaces(*airspaces, grid, box, view().rangeNm,
+                     [&](const Airspace&, const AirspaceLook& look, std::span<const Point> line) {
+                         clipPolyline(line, area, [&](std::span<const Point> piece) {
+                             canvas.polyline(piece,
+                                             {.color = color(look.color), .width = look.width});
+                         });
+                     });
 }
 
 }  // namespace korvel

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "geo/Geodesy.h"
+#include "ground/airspace/AirspaceSet.h"
 #include "ground/airspace/OpenAir.h"
 #include "ground/airspace/OpenAirValues.h"
 #include "platform/FileIo.h"
@@ -153,6 +155,37 @@ TEST(OpenAir, LimitsErrToTheSafeSide) {
     EXPECT_TRUE(of("NOTAM", "NOTAM").reaches(0, {}));
     EXPECT_TRUE(of("FL 95", "UNL").reaches(60000, {}));
     EXPECT_FALSE(of("FL 95", "UNL").reaches(9000, {}));
+}
+
+TEST(OpenAir, FoldersOfAirspaces) {
+    const TempFolder folder;
+    folder.write(
+        "east.TXT", "AC P\nAN DATE LINE\nAL FL 100\nAH UNL\nDP 17S 179E\nDP 17S 179W\nDP 19S 179W\nDP 19S 179E\n");
+    folder.write("west.air", "AC D\nAN LOW\nAL GND\nAH 2000\nV X=18S 179:30W\nDC 20\nAC D\nAN BAD\nDC x\n");
+    folder.write("plan.txt", "FPL 0\n");
+    AirspaceSet set;
+    set.load(std::vector{folder / "none", folder.path()});
+    ASSERT_EQ(set.all().size(), 2U);
+    EXPECT_EQ(set.revision(), 1U);
+    ASSERT_EQ(set.files().size(), 2U);
+    EXPECT_EQ(set.files()[1].airspaces, 1U);
+    EXPECT_EQ(std::vector(set.problems().begin(), set.problems().end()),
+        std::vector<std::string>{"west.air line 9: Not a radius: x (BAD)"});
+    const auto names = [&set](const std::vector<std::size_t>& places) {
+        std::string all;
+        for (const std::size_t i : places) all += set.all()[i].name + ",";
+        return all;
+    };
+    EXPECT_EQ(names(set.at(at(-18, -179.5))), "LOW,DATE LINE,") << "lowest floor first";
+    EXPECT_EQ(names(set.at(at(-18, 179.5))), "DATE LINE,");
+    EXPECT_EQ(names(set.at(at(-18, 178.5))), "");
+    EXPECT_EQ(names(set.touching({-18, 179.5, -17, -179.9})), "DATE LINE,LOW,");
+    EXPECT_EQ(names(set.touching({-18, 170, -17, 178.9})), "");
+    EXPECT_EQ(names(set.touching({-90, -180, 90, 180})), "DATE LINE,LOW,");
+    EXPECT_EQ(limitWords(set.all()[0].floor) + limitWords(set.all()[0].ceiling) + limitWords(set.all()[1].floor) +
+                  limitWords(set.all()[1].ceiling) + limitWords(parseLimit("1000 AGL")) +
+                  limitWords(parseLimit("NOTAM")),
+        "FL100UNLGND2010 AGLNOTAM");
 }
 
 TEST(OpenAir, AnyBytesAndLineEnds) {

@@ -5,6 +5,7 @@
 #include "geo/Geodesy.h"
 #include "ground/MemoryFile.h"
 #include "ground/SmallMap.h"
+#include "ground/airspace/OpenAir.h"
 #include "map/DayMap.h"
 #include "map/feeds/MapFeeds.h"
 #include "map/ground/GroundPicture.h"
@@ -116,6 +117,27 @@ TEST_F(GroundOnTheMap, IsUnderAllElseAsAPictureOrAsShapes) {
     paintMap(svg, content);
     EXPECT_NE(svg.document().find("fill=\"#eee8aa\""), std::string::npos);
     EXPECT_LT(svg.document().size(), 100000U);
+    // Airspaces: their outlines lie in the picture, their words on the map.
+    AirspaceSet airspaces;
+    airspaces.assign(
+        readOpenAir("AC R\nAN NORTH\nAL GND\nAH FL 95\nDP 50:30N 89E\nDP 50:30N 91E\nDP 50:10N 91E\nDP 50:10N 89E\n"
+                    "AC E\nAN EVERYWHERE\nAL GND\nAH 2500\nDP 40N 80E\nDP 40N 95E\nDP 49:30N 90E\n")
+            .airspaces);
+    day_.viewport.chooseRange(65);
+    GroundFeed withAirspaces(&map_, &airspaces);
+    MapContent near = day_.content(data);
+    withAirspaces.addTo(near);
+    EXPECT_NE(day_.paint(near).findText("GND / FL95"), nullptr);
+    EXPECT_EQ(day_.paint(near).findText("GND / 25"), nullptr) << "class E only from 40 nm in";
+    near.ground->prepare(near.view, day_.colors, 1);
+    const Point edge = near.view.projection.project({50.5 * kDegToRad, 90.5 * kDegToRad});
+    const BitmapPlace place = near.ground->place(near.view);
+    const Bitmap bitmap = near.ground->bitmap();
+    const auto row = static_cast<std::size_t>(place.pivot.y + edge.y - place.at.y);
+    const auto column = static_cast<std::size_t>(place.pivot.x + edge.x - place.at.x);
+    const std::uint32_t ink = bitmap.pixels[row * static_cast<std::size_t>(bitmap.width) + column];
+    EXPECT_GT(ink >> 16U & 0xFFU, 150U);
+    EXPECT_LT(ink & 0xFFU, 120U) << "red";
     // Without a map there is the plain background.
     BaseMap none;
     GroundFeed empty(&none);
