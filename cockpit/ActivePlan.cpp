@@ -218,7 +218,7 @@ bool ActivePlan::putBack(std::optional<PlanStep> step) {
 }
 
 /// Not over a direct-to of the pilot's, and not the one that he has cleared.
-bool ActivePlan::flyAgain(const PlanStep& step) {
+bool ActivePlan::flyAgain(const PlanStep& step) const {
     if (flying_.flown().direct || (step.flown.direct && !step.endedDirect))
         return false;
     flying_.flyAgain(step.flown);

@@ -116,7 +116,7 @@ class ActivePlan {
     void makeChange(Change change);
     [[nodiscard]] PlanStep step() const;
     bool putBack(std::optional<PlanStep> step);
-    bool flyAgain(const PlanStep& step);
+    bool flyAgain(const PlanStep& step) const;
     [[nodiscard]] bool hasGoneOn(const PlanStep& step);
 
     /// As the plan in force, as far as that has been flown.

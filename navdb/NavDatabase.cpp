@@ -383,6 +383,7 @@ std::vector<NearPlace> NavDatabase::airportsOf(const Town& town) const {
              kAirportKind, kMostAroundTown, around,
              [](const Place& place) { return (place.flags & kNotForAll) == 0; });
     std::vector<NearPlace> airports;
+    airports.reserve(around.size());
     for (const Place& place : around)
         airports.push_back(
             {.place = place, .distanceNm = DistanceNm(town.position, place.position)});

@@ -19,6 +19,8 @@ class ModulePort : private SentenceListener {
     /// `clock` must outlive it. `onAttitude` is given "$RPY,..." on the port's thread.
     ModulePort(SerialDeviceOpener opener, const Clock& clock,
                std::function<void(std::string_view sentence)> onAttitude);
+    ModulePort(const ModulePort&) = delete;
+    ModulePort& operator=(const ModulePort&) = delete;
     ~ModulePort() override { port_.stop(); }
 
     /// Each tick: opens the port if it is not open, closes it when none or another one is wanted.
