@@ -31,6 +31,7 @@ constexpr double kNamesLookedThroughNm = 150;
 constexpr std::size_t kMostTowns = 6;
 constexpr std::size_t kMostAroundTown = 200;
 constexpr std::size_t kMostOfTown = 3;
+constexpr std::size_t kMostOfCity = 6;
 constexpr double kNmPerDegree = 60;
 constexpr double kTownNm = 10;
 constexpr double kCityNm = 25;
@@ -392,7 +393,7 @@ std::vector<NearPlace> NavDatabase::airportsOf(const Town& town) const {
         constexpr unsigned kLarge = kAirportTower | kAirportHardSurface;
         return std::pair((near.place.flags & kLarge) != kLarge, near.distanceNm);
     });
-    airports.resize(std::min(airports.size(), kMostOfTown));
+    airports.resize(std::min(airports.size(), town.isCity ? kMostOfCity : kMostOfTown));
     return airports;
 }
 

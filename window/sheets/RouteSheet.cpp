@@ -80,6 +80,13 @@ RouteSheet::RouteSheet(QWidget* parent, CKorvelDoc& document)
     check();
 }
 
+/// A dialog that comes up hands the focus over as if by the tab key, which selects the whole line.
+void RouteSheet::setVisible(bool visible) {
+    Sheet::setVisible(visible);
+    if (visible)
+        line_.setCursorPosition(static_cast<int>(line_.text().size()));
+}
+
 std::string RouteSheet::typed() const { return typedIdents(line_.text().toStdString()); }
 
 std::optional<GeoPoint> RouteSheet::start() const {

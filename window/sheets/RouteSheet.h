@@ -25,6 +25,8 @@ class RouteSheet final : public Sheet {
     /// The document outlives the sheet. The line shows the plan in force as it was entered.
     RouteSheet(QWidget* parent, CKorvelDoc& document);
 
+    void setVisible(bool visible) override;
+
  private:
     void accept() override;
     void check();
