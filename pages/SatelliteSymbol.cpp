@@ -52,6 +52,7 @@ void paintSatelliteSymbol(Canvas& canvas, std::optional<SatelliteSystem> system,
         return canvas.circle(center, radius, Brush{fill}, pen);
     const Look& look = lookOf(*system);
     std::vector<Point> corners;
+    corners.reserve(static_cast<std::size_t>(look.corners));
     for (int i = 0; i < look.corners; ++i)
         corners.push_back(
             polar(center, radius * look.size, look.firstDeg + i * kFullCircle / look.corners));

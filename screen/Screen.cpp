@@ -38,7 +38,7 @@ void Screen::storeState() {
     fields_.store();
 }
 
-void Screen::changed() {
+void Screen::changed() const {
     if (onChanged)
         onChanged();
 }

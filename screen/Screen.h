@@ -53,7 +53,7 @@ class Screen {
     /// Device-independent pixels, and how many are a millimetre of glass; 0 when that is not known.
     void resize(double width, double height, double pxPerMm);
     /// Has everything painted anew.
-    void changed();
+    void changed() const;
     /// Keeps page, range and fields in the profile.
     void storeState();
 
