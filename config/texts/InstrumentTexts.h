@@ -53,8 +53,8 @@ struct InstrumentTexts {
     Text fix{62055, "Fix"};                              ///< of dimensions that are not known
     Text fixWithOneSatellite{62053, "%s, 1 satellite"};  ///< %s: fix
     Text fixWithSatellites{62054, "%s, %d satellites"};  ///< %s: fix, %d: number
-    Text satelliteUsed{62055, "in use"};
-    Text satelliteNotUsed{62056, "not in use"};
+    Text satelliteUsed{62405, "in use"};
+    Text satelliteNotUsed{62406, "not in use"};
     Text touchPage{62060, "Page"};
     Text touchDirect{62061, "Direct"};
     Text touchNear{62062, "Near"};
