@@ -187,8 +187,11 @@ void ProfileFile::load(const std::filesystem::path& file) {
     if (!bytes)
         return;
     path_ = file;
-    entries_ = parseProfile(std::string_view(*bytes).substr(0, kLargestBytes));
-    if (bytes->size() > kLargestBytes || isDamaged(*bytes))
+    const bool isTooLarge = bytes->size() > kLargestBytes;
+    // Of one too large so little that with all settings it is not so again at the next start.
+    const std::size_t counts = isTooLarge ? kLargestBytes / 2 : bytes->size();
+    entries_ = parseProfile(std::string_view(*bytes).substr(0, counts));
+    if (isTooLarge || isDamaged(*bytes))
         setAside(file, *bytes);
 }
 

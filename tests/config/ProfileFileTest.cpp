@@ -165,6 +165,7 @@ TEST_F(ProfileFileTest, AFileTooLargeToBeOursIsSetAsideAndItsBeginningCounts) {
     EXPECT_EQ(profile.damagedCopy(), folder_ / "korvel.ini.damaged");
     EXPECT_TRUE(folder_.read("korvel.ini.damaged").ends_with("S:Last=1\r\n"));
     EXPECT_EQ(onDisk().at("S:First"), "1") << "at once: the old file is gone";
+    EXPECT_EQ(ProfileFile(folder_.path(), registry_).damagedCopy(), "") << "or what was set aside would be lost";
 }
 
 TEST_F(ProfileFileTest, WithoutAFileTheRegistryIsSavedTo) {
