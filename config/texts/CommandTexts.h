@@ -41,7 +41,7 @@ struct CommandTexts {
     Text commandShowPlan{61554, "&Flight Plan"};
     Text commandRoute{61555, "&Enter Route..."};
     Text commandActivate{61556, "&Activate Flight Plan"};
-    Text commandRemovePlan{62213, "Re&move Flight Plan"};
+    Text commandRemovePlan{62273, "Re&move Flight Plan"};
     Text commandReverse{61557, "Re&verse Flight Plan"};
     Text commandUndo{61558, "U&ndo Plan Change"};
     Text commandRedo{61559, "Red&o Plan Change"};

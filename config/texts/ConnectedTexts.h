@@ -31,8 +31,8 @@ struct ConnectedTexts {
         "The charts are out of date: fly by current ones. The database that comes with the program "
         "is old open data, for trying out."};
     Text loadReportLines{61834, "REPORT"};
-    Text connectedUnsaved{62203, "NOT SAVED"};
-    Text loadReportCut{62204, "... The rest stands in the file."};
+    Text connectedUnsaved{62263, "NOT SAVED"};
+    Text loadReportCut{62264, "... The rest stands in the file."};
     Text connectedAttitude{61838, "ATTITUDE"};
     Text connectedNoModule{61839, "No module is read: pitch and bank are derived from the flight"};
     Text connectedModule{61840,

@@ -23,11 +23,11 @@ struct FileTexts {
     Text trackOpened{61982, "Track %s is shown"};  ///< %s: file
     Text trackEmpty{61984, "There are no track points in it."};
     Text profileDamaged{61985, "The settings were damaged; a copy is kept in %s"};  ///< %s: file
-    Text askSaveTrack{62205, "The recorded track is in no file. Save it?"};
-    Text openingFile{62206, "Opening %s"};         ///< %s: file
-    Text planReopened{62208, "%s is open again"};  ///< %s: file
-    Text otherWindow{62209, "Another window uses these settings: nothing is kept of this one"};
-    Text closeUnsaved{62210, "Close again to end all the same."};
+    Text askSaveTrack{62265, "The recorded track is in no file. Save it?"};
+    Text openingFile{62266, "Opening %s"};         ///< %s: file
+    Text planReopened{62268, "%s is open again"};  ///< %s: file
+    Text otherWindow{62269, "Another window uses these settings: nothing is kept of this one"};
+    Text closeUnsaved{62270, "Close again to end all the same."};
     Text settingsNotSaved{61986, "Settings not saved: %s cannot be written"};  ///< %s: file
 };
 

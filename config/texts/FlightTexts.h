@@ -34,10 +34,10 @@ struct FlightTexts {
     Text pluginLacksFunctions{61910,
                               "%s does not draw attitudes: it lacks a function"};  ///< %s: file
     Text fileNotWritten{61987, "Not recorded: %s cannot be written"};              ///< %s: file
-    Text noFile{62200, "This is a folder or a device, not a file."};
+    Text noFile{62260, "This is a folder or a device, not a file."};
     Text trackRunsBack{
-        62201, "Invalid format! The time in line %d is before the track's first."};  ///< %d: number
-    Text trackLinesLost{62202,
+        62261, "Invalid format! The time in line %d is before the track's first."};  ///< %d: number
+    Text trackLinesLost{62262,
                         "Lines of the recorded track that could not be read: %d"};  ///< %d: number
 };
 

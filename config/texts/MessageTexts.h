@@ -37,8 +37,8 @@ struct MessageTexts {
     Text planActivated{61933, "Flight plan activated"};
     Text planMissing{61934, "There is no flight plan"};
     Text navigationCleared{61935, "Navigation cleared"};
-    Text directEnded{62211, "Direct-to ended, the flight plan goes on"};
-    Text noDirect{62212, "There is no direct-to; the flight plan goes on"};
+    Text directEnded{62271, "Direct-to ended, the flight plan goes on"};
+    Text noDirect{62272, "There is no direct-to; the flight plan goes on"};
     Text noAlarm{61936, "No alarm to acknowledge"};
     Text approachBegun{61950, "Approach to runway %s at %s"};  ///< %s: runway, %s: airport
     Text approachEnded{61951, "Approach ended"};
