@@ -99,7 +99,7 @@ TEST(SatellitePage, TellsTheSystemsApart) {
     for (const SatelliteSystem system : {Gps, Sbas, Glonass, Galileo, BeiDou, Qzss, NavIc})
         for (int number = 1; number <= 6; ++number)
             data.satellites.push_back({number, number > 1, 40, 50 * number, 10 * number, system});
-    const PaintedPage page(PageId::Satellite, data);
+    const Painted page(paintSatellitePage, data);
     for (const char* name : {"GPS", "SBAS", "GLONASS", "Galileo", "BeiDou", "QZSS", "NavIC", "in use", "not in use"})
         EXPECT_NE(page.canvas.findText(name), nullptr) << name;
     std::map<std::pair<std::size_t, ColorValue>, int> symbols;  // corners and colour of those in use
