@@ -60,6 +60,7 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
         [this](GeoPoint here) { return charts_.database().variationAt(here); });
     input_.decoder().ignoreReceiverVariation(settings_.ignoreMagVar != 0);
     monitor_.choosePort(portChoice());
+    listenToNetwork();
     data_ = collectData();
 }
 
@@ -147,6 +148,7 @@ void CKorvelDoc::applySettings(const Settings& changed) {
     if (otherPort) {
         portFromScan_ = false;
         profile_.setInt(kOptionsSection, kPortScanned, 0, true);
+        chooseReceiver({.allTalkers = receiver_.allTalkers});
         useSource(nullptr);
     }
     input_.decoder().ignoreReceiverVariation(settings_.ignoreMagVar != 0);
@@ -157,9 +159,34 @@ void CKorvelDoc::applySettings(const Settings& changed) {
 }
 
 void CKorvelDoc::chooseReceiver(const ReceiverChoice& choice) {
+    const bool otherSource = choice.source != receiver_.source;
     receiver_ = choice;
     storeReceiverChoice(profile_, choice);
     input_.understandAllTalkers(choice.allTalkers);
+    if (otherSource) {
+        useSource(nullptr);
+        listenToNetwork();
+    }
+}
+
+void CKorvelDoc::listenToNetwork() {
+    const auto address = SourceAddress::parse(receiver_.source);
+    if (!address)
+        return;
+    const bool isGdl90 = address->kind == SourceAddress::Kind::Gdl90;
+    useSource(std::make_unique<NetworkSource>(*address, clock_, isGdl90 ? &gdl90_ : nullptr));
+    input_.countsNoSatellites(isGdl90);
+}
+
+CKorvelDoc::Arrivals CKorvelDoc::arrivals() {
+    constexpr std::int64_t kMsPerSecond = 1000;
+    Arrivals arrivals{.bytes = source_ ? source_->bytesReceived() : gpsPort_.bytesReceived()};
+    const auto shared = input_.store().shared().lock();
+    arrivals.sentences = shared->correctSentences;
+    if (shared->correctMs != kNeverStored)
+        arrivals.sentenceAgeSec =
+            static_cast<int>((clock_.tickMs() - shared->correctMs) / kMsPerSecond);
+    return arrivals;
 }
 
 void CKorvelDoc::setAltimeterOffsetFt(std::optional<std::int32_t> feet) {
@@ -179,6 +206,7 @@ std::optional<std::int32_t> CKorvelDoc::receiverAltitudeFt() {
 
 void CKorvelDoc::useSource(std::unique_ptr<SentenceSource> source) {
     const SourceKind former = sourceKind();
+    input_.countsNoSatellites(false);
     monitor_.useSource(source.get());
     source_ = std::move(source);
     // What the former one said last is not the new one's word.

@@ -23,6 +23,7 @@
 #include "config/ProfileFile.h"
 #include "config/ReceiverChoice.h"
 #include "config/Settings.h"
+#include "geo/Geoid.h"
 #include "platform/Clock.h"
 #include "platform/SerialDevice.h"
 #include "receiver/ConnectionMonitor.h"
@@ -31,6 +32,7 @@
 #include "receiver/PortSettings.h"
 #include "receiver/SentenceSource.h"
 #include "receiver/SerialSource.h"
+#include "receiver/gdl90/Gdl90Receiver.h"
 
 namespace korvel {
 
@@ -135,8 +137,19 @@ class CKorvelDoc final : private SentenceListener {
     void applySettings(const Settings& changed);
 
     const ReceiverChoice& receiverChoice() const { return receiver_; }
-    /// Puts it in force and into the profile.
+    /// Puts it in force and into the profile. Another receiver in the network is listened to from
+    /// the next tick on, and without one the port is again.
     void chooseReceiver(const ReceiverChoice& choice);
+    /// For receivers that tell heights above the ellipsoid. Before the first tick.
+    void setGeoid(std::optional<Geoid> geoid) { gdl90_.setGeoid(std::move(geoid)); }
+
+    /// What has come from the receiver since it was first listened to.
+    struct Arrivals {
+        std::uint64_t bytes = 0;
+        std::uint64_t sentences = 0;          ///< with a correct checksum
+        std::optional<int> sentenceAgeSec{};  ///< of the newest
+    };
+    Arrivals arrivals();
 
     /// What the altimeter reads more than the receiver; nothing when the pilot has told nothing.
     /// It is forgotten with the program: another day has another pressure.
@@ -167,6 +180,7 @@ class CKorvelDoc final : private SentenceListener {
  private:
     void onLine(std::string_view line, std::int64_t arrivedMs) override;
 
+    void listenToNetwork();
     void forgetDatabases();
     PortChoice portChoice() const;
     /// The module's port, unless the receiver speaks through it or there is none.
@@ -185,6 +199,7 @@ class CKorvelDoc final : private SentenceListener {
     Settings settings_;
     AttitudeModule attitudeModule_;  // before the ports, whose threads call it
     GpsInput input_;
+    Gdl90Receiver gdl90_;    // before the source that it serves
     SerialSource gpsPort_;   // or the module's, while the receiver speaks through it
     ModulePort modulePort_;  // when it does not
     std::unique_ptr<SentenceSource> source_;  // in the ports' place; null for none

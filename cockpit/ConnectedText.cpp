@@ -24,12 +24,17 @@ struct Advice {
     Text state;
     Text advice;
 };
-constexpr std::array<Advice, 9> kAdvice = {{
+constexpr std::array<Advice, 14> kAdvice = {{
     {kReceiverTexts.invalidPort, kConnectedTexts.adviceNoPort},
     {kReceiverTexts.portOpen, kConnectedTexts.advicePortTaken},
     {kReceiverTexts.portMissing, kConnectedTexts.advicePortTaken},
     {kReceiverTexts.portUsed, kConnectedTexts.advicePortTaken},
     {kReceiverTexts.modulePortNotSet, kConnectedTexts.connectedModuleNoPort},
+    {kReceiverTexts.lookingUp, kConnectedTexts.adviceNetwork},
+    {kReceiverTexts.noSuchHost, kConnectedTexts.adviceNetwork},
+    {kReceiverTexts.connecting, kConnectedTexts.adviceNetwork},
+    {kReceiverTexts.noConnection, kConnectedTexts.adviceNetwork},
+    {kReceiverTexts.cannotListen, kConnectedTexts.adviceNetwork},
     {kReceiverTexts.noActivity, kConnectedTexts.adviceSilent},
     {kReceiverTexts.waitingForNmea, kConnectedTexts.adviceNoNmea},
     {kReceiverTexts.waitingForCourse, kConnectedTexts.adviceSentences},

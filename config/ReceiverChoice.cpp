@@ -6,6 +6,7 @@ namespace korvel {
 namespace {
 
 constexpr std::string_view kTalkers = "Talkers";
+constexpr std::string_view kSource = "GpsSource";
 
 bool hasServed(const ProfileFile& profile) { return profile.entries().contains("Options.Port"); }
 
@@ -13,11 +14,12 @@ bool hasServed(const ProfileFile& profile) { return profile.entries().contains("
 
 ReceiverChoice loadReceiverChoice(ProfileFile& profile) {
     const int talkers = profile.getInt(kOptionsSection, kTalkers, hasServed(profile) ? 0 : 1);
-    return {.allTalkers = talkers != 0};
+    return {.allTalkers = talkers != 0, .source = profile.getString(kOptionsSection, kSource, "")};
 }
 
 void storeReceiverChoice(ProfileFile& profile, const ReceiverChoice& choice) {
     profile.setInt(kOptionsSection, kTalkers, choice.allTalkers ? 1 : 0, true);
+    profile.setString(kOptionsSection, kSource, choice.source, true);
 }
 
 }  // namespace korvel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace korvel {
 
 class ProfileFile;
@@ -8,6 +10,8 @@ class ProfileFile;
 struct ReceiverChoice {
     /// Every satellite system's sentences are understood ("Talkers"), not those of GPS alone.
     bool allTalkers = false;
+    /// A receiver in the network ("GpsSource", see SourceAddress); empty for the serial port.
+    std::string source{};
 
     friend bool operator==(const ReceiverChoice&, const ReceiverChoice&) = default;
 };

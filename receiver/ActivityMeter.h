@@ -11,7 +11,12 @@ namespace korvel {
 /// the source's owner.
 class ActivityMeter {
  public:
-    void count(std::size_t bytes) { arrived_ += static_cast<std::int64_t>(bytes); }
+    void count(std::size_t bytes) {
+        arrived_ += static_cast<std::int64_t>(bytes);
+        total_ += bytes;
+    }
+    /// All that came, whatever was asked or cleared. Any thread.
+    std::uint64_t total() const { return total_; }
     /// Forgets the bytes that nobody has asked about yet.
     void clear() { arrived_ = 0; }
 
@@ -31,6 +36,7 @@ class ActivityMeter {
     static constexpr std::int64_t kActivityMs = 5000;
 
     std::atomic<std::int64_t> arrived_ = 0;  ///< since the last question that they answered
+    std::atomic<std::uint64_t> total_ = 0;
     std::optional<std::int64_t> activeMs_;
 };
 

@@ -28,6 +28,7 @@ class GpsFixStore {
         std::int64_t correctMs = kNeverStored;
         /// "GN", when that is who sends what is understood of GP alone; empty for nobody.
         std::string otherTalker;
+        std::uint64_t correctSentences = 0;  ///< all of them so far
         SatelliteWords satellites{};
         std::vector<std::string> trace;
     };

@@ -30,7 +30,8 @@ bool GpsInput::hasFix(bool need3D) {
     constexpr int kFewestSatellites = 3;
     const GpsFix fix = store_.copy();
     return fix.fixQuality != 0 &&
-           (!need3D || (fix.fix3D == 1 && fix.satsInUse >= kFewestSatellites));
+           (!need3D ||
+            (fix.fix3D == 1 && (countsNoSatellites_ || fix.satsInUse >= kFewestSatellites)));
 }
 
 bool GpsInput::is3D() const {

@@ -58,8 +58,10 @@ class GpsInput {
     std::string otherTalker() const { return store_.otherTalker(); }
 
     /// Whether the position can be flown by: also true while something else supplies it. `need3D`
-    /// asks for three satellites and a fix in height as well.
+    /// asks for a fix in height as well, and for three satellites where the receiver counts them.
     bool hasFix(bool need3D);
+    /// A receiver that does not tell how many satellites it uses; off at first.
+    void countsNoSatellites(bool on) { countsNoSatellites_ = on; }
 
     /// Whether the fix holds in height as far as the receiver lets on: by its last GSA or, from one
     /// that sends none, by its satellites. Of a fix in two dimensions the altitude is a guess.
@@ -98,6 +100,7 @@ class GpsInput {
     SentenceDecoder decoder_;
     std::atomic<bool> allTalkers_ = false;
     std::optional<std::int64_t> satellitesAskedMs_;  // empty while they are not wanted
+    bool countsNoSatellites_ = false;
     std::int32_t altitudeOffsetFt_ = kNoAltitudeOffset;
 };
 

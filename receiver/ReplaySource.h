@@ -39,6 +39,7 @@ class ReplaySource final : public SentenceSource {
     bool isReceiving() override { return activity_.isReceiving(clock_.tickMs()); }
     SourceKind kind() const override { return options_.kind; }
     bool hasEnded() const override { return isOver_; }
+    std::uint64_t bytesReceived() const override { return activity_.total(); }
     std::string label() const override { return options_.label; }
     std::string stateText() const override;
 

@@ -63,6 +63,7 @@ void SentenceReceiver::onSentence(std::string_view text, std::int64_t arrivedMs)
         const auto shared = store_.shared().lock();
         shared->sentenceFlags |= SentenceFlag::kChecksumCorrect;
         shared->correctMs = arrivedMs;
+        ++shared->correctSentences;
     }
     const std::optional<std::string_view> kind = usedSentence(id);
     if (!kind) {

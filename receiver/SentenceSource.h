@@ -46,6 +46,8 @@ class SentenceSource {
     [[nodiscard]] virtual SourceKind kind() const { return SourceKind::Receiver; }
     /// It has brought all that it ever will.
     [[nodiscard]] virtual bool hasEnded() const { return false; }
+    /// All bytes so far; 0 from a source that does not count them.
+    [[nodiscard]] virtual std::uint64_t bytesReceived() const { return 0; }
 
     /// What the pilot knows it by: "COM3 9600".
     [[nodiscard]] virtual std::string label() const = 0;

@@ -73,6 +73,9 @@ class SerialPort {
     /// Whether bytes arrive: more than 2 since the last call, or that much less than 5 s ago.
     bool isReceiving() { return activity_.isReceiving(clock_.tickMs()); }
 
+    /// All bytes since it was made.
+    std::uint64_t bytesReceived() const { return activity_.total(); }
+
     /// Detaches the listener, ends the thread and closes the port; also when it is closed already.
     /// Waits for the thread without limit, which is bounded all the same: the thread's transfers
     /// are aborted, so only a listener that does not return can hold it up.

@@ -30,6 +30,7 @@ class SerialSource final : public SentenceSource, private LineListener {
     /// Open, but without a byte for so long that its handle may lead nowhere any more, as some
     /// systems leave it when they slept.
     bool seemsStale();
+    std::uint64_t bytesReceived() const override { return port_.bytesReceived(); }
     std::string label() const override { return settings_.label(); }
 
     /// See SerialPort::write(). The owner's thread, or the source's within a delivery.

@@ -63,7 +63,11 @@ CKorvelApp::CKorvelApp(const CommandLine& line, OneWindow& window)
       scheme_(profile_, dataFiles_),
       document_({profile_, clock_, systemSerialDeviceOpener(profileFolder(line) / "ports"),
                  window.isOurs() ? profileFolder(line) : std::filesystem::path(), pluginFolder()}),
-      frame_({document_, profile_, scheme_, dataFiles_, labels_}) {}
+      frame_({document_, profile_, scheme_, dataFiles_, labels_}) {
+    for (const std::filesystem::path& file : dataFiles_.pathsOf(Geoid::kFileName))
+        if (const auto bytes = readWholeFile(file))
+            document_.setGeoid(Geoid::fromBytes(*bytes));
+}
 
 std::string CKorvelApp::start() {
     document_.ground().open(dataFolders());

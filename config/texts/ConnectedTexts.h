@@ -57,6 +57,7 @@ struct ConnectedTexts {
     Text adviceTalker{62136,
                       "It must send RMC or VTG, and GGA, as GP, or all satellite systems must be "
                       "heard (Options, GPS Port)"};
+    Text adviceNetwork{62425, "Is the device on, in the same network, and is the address right?"};
     Text adviceSky{61847, "The receiver is heard but has no position: does it see the sky?"};
     Text connectedBaseMap{62410, "BASE MAP: %s, of %s"};  ///< %s: file name, date
     Text connectedNoBaseMap{62411, "BASE MAP: none; the map works without land and water"};

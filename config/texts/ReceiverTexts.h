@@ -24,6 +24,11 @@ struct ReceiverTexts {
     Text replayOver{62113, "Replay ended"};
     Text modulePortNotSet{62120, "The module's port is not set"};
     Text moduleTrouble{62121, "Attitude module, %s: %s"};  ///< %s: port and speed, %s: why
+    Text lookingUp{62420, "Looking for the device's name"};
+    Text noSuchHost{62421, "Nothing bears this name in the network"};
+    Text connecting{62422, "Connecting"};
+    Text noConnection{62423, "No connection"};
+    Text cannotListen{62424, "This network port cannot be listened at"};
     Text noThread{62114, "The system has no thread to give"};
 };
 

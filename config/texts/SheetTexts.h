@@ -90,6 +90,10 @@ struct SheetTexts {
     Text simulatorStartAnyway{62212, "Start all the same"};
     Text keysTitle{61797, "Keys"};
     Text portTalkers{62400, "Hear &all satellite systems, not GPS alone"};
+    Text portNetwork{62401, "A receiver in the &network, such as a Wi-Fi device"};
+    Text portConnect{62402, "Co&nnect"};
+    Text portArrivals{62403, "%d bytes, %d sentences, the last one %d s ago"};
+    Text portNoSentence{62404, "%d bytes, no sentence"};
     Text portTrace{61810, "NMEA &trace..."};
     Text traceTitle{61811, "NMEA trace"};
     Text tracePause{61812, "Pause"};

@@ -12,6 +12,9 @@ TEST(CGPSDialog, GivesBackWhatItWasGivenUnlessThePilotChanges) {
         EXPECT_EQ(CGPSDialog(nullptr, settings, {}).settings(), "");
     for (const bool allTalkers : {true, false})
         EXPECT_EQ(CGPSDialog(nullptr, "", {.allTalkers = allTalkers}).receiver().allTalkers, allTalkers);
+    const CGPSDialog network(nullptr, "COM1:,4800,N,8,1", {.source = "udp://:10110"});
+    EXPECT_EQ(network.receiver().source, "udp://:10110");
+    EXPECT_EQ(network.settings(), "COM1:,4800,N,8,1") << "stays for when the network is left";
 }
 
 }}  // namespace korvel

@@ -1,5 +1,10 @@
 #include "window/commands/OptionCommands.h"
 
+#include <algorithm>
+#include <cstdint>
+
+#include <climits>
+
 #include "cockpit/CKorvelDoc.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/MessageTexts.h"
@@ -68,21 +73,42 @@ void OptionCommands::startSimulator() {
     host_.screen().say(std::string(text(kMessageTexts.simulatorOn)));
 }
 
+namespace {
+
+/// How far the connection has come, and what has arrived.
+std::string receiverStatus(CKorvelDoc& document) {
+    const CockpitData& data = document.cockpitData();
+    const std::string status =
+        data.status.empty() ? formatText(kMessageTexts.portHasFix, {data.satsInUse}) : data.status;
+    const CKorvelDoc::Arrivals arrivals = document.arrivals();
+    const auto bytes = static_cast<int>(std::min<std::uint64_t>(arrivals.bytes, INT_MAX));
+    const auto sentences = static_cast<int>(std::min<std::uint64_t>(arrivals.sentences, INT_MAX));
+    return status + "\n" +
+           (arrivals.sentenceAgeSec
+                ? formatText(kSheetTexts.portArrivals, {bytes, sentences, *arrivals.sentenceAgeSec})
+                : formatText(kSheetTexts.portNoSentence, {bytes}));
+}
+
+}  // namespace
+
 void OptionCommands::choosePort() {
     CKorvelDoc& document = host_.document();
     auto sheet = std::make_unique<CGPSDialog>(&host_.window(), document.settings().port,
                                               document.receiverChoice());
-    QObject::connect(sheet.get(), &QDialog::accepted, sheet.get(),
-                     [&document, chooser = sheet.get()] {
-                         Settings settings = document.settings();
-                         settings.port = chooser->settings();
-                         document.applySettings(settings);
-                         document.chooseReceiver(chooser->receiver());
-                     });
-    sheet->status = [&document] {
-        const CockpitData& data = document.cockpitData();
-        return data.status.empty() ? formatText(kMessageTexts.portHasFix, {data.satsInUse})
-                                   : data.status;
+    QObject::connect(
+        sheet.get(), &QDialog::accepted, sheet.get(),
+        [&document, chooser = sheet.get()] {
+            Settings settings = document.settings();
+            settings.port = chooser->settings();
+            document.applySettings(settings);
+            document.chooseReceiver(chooser->receiver());
+        });
+    QObject::connect(
+        sheet.get(), &QDialog::rejected, sheet.get(),
+        [&document, before = document.receiverChoice()] { document.chooseReceiver(before); });
+    sheet->status = [&document] { return receiverStatus(document); };
+    sheet->onConnect = [&document](const ReceiverChoice& choice) {
+        document.chooseReceiver(choice);
     };
     sheet->onTrace = [this] {
         host_.openSheet(std::make_unique<TraceSheet>(&host_.window(), host_.document()));

@@ -4,6 +4,7 @@
 
 #include "config/texts/SheetTexts.h"
 #include "receiver/PortSettings.h"
+#include "receiver/network/SourceAddress.h"
 #include "window/QtText.h"
 
 namespace korvel {
@@ -28,8 +29,9 @@ CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings, const Receive
         port_.addItem(QStringLiteral("COM%1").arg(number));
     for (const int baud : {1200, 2400, 4800, 9600, 14400, 19200, 38400, 57600, 115200})
         baud_.addItem(QString::number(baud), baud);
-    for (QWidget* row : std::initializer_list<QWidget*>{&search_, &fixed_, &port_, &baud_, &hint_,
-                                                        &talkers_, &status_, &trace_})
+    for (QWidget* row :
+         std::initializer_list<QWidget*>{&search_, &fixed_, &port_, &baud_, &hint_, &network_,
+                                         &source_, &connect_, &talkers_, &status_, &trace_})
         addRow(*row);
     setPreferredWidth(10 * kRowPixels);
     status_.setWordWrap(true);
@@ -47,20 +49,17 @@ CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings, const Receive
     });
     timer_.start(kStatusMs);
 
-    const auto enable = [this] {
-        port_.setEnabled(fixed_.isChecked());
-        baud_.setEnabled(fixed_.isChecked());
-        buttons()
-            .button(QDialogButtonBox::Ok)
-            ->setEnabled(search_.isChecked() || !port_.currentText().trimmed().isEmpty());
-    };
-    connect(&fixed_, &QRadioButton::toggled, this, enable);
-    connect(&port_, &QComboBox::editTextChanged, this, enable);
     fill(settings);
+    fillNetwork(receiver);
+    for (const QRadioButton* choice : {&search_, &fixed_, &network_})
+        connect(choice, &QRadioButton::toggled, this, [this] { enable(); });
+    for (const QComboBox* box : {&port_, &source_})
+        connect(box, &QComboBox::editTextChanged, this, [this] { enable(); });
     enable();
 }
 
 void CGPSDialog::fill(std::string_view settings) {
+    portBefore_ = settings;
     const PortSettings current = PortSettings::parse(settings).value_or(PortSettings{});
     // What names no port and speed is no choice.
     const bool isChosen = !current.name().empty() && current.baud() > 0;
@@ -74,7 +73,49 @@ void CGPSDialog::fill(std::string_view settings) {
     baud_.setCurrentIndex(baud_.findData(baud));
 }
 
+void CGPSDialog::fillNetwork(const ReceiverChoice& receiver) {
+    network_.setText(toQString(kSheetTexts.portNetwork));
+    source_.setEditable(true);
+    // The usual ports of the usual devices.
+    for (const char* example :
+         {"tcp://192.168.10.1:2000", "udp://:10110", "gpsd://localhost:2947", "gdl90://:4000"})
+        source_.addItem(QString::fromLatin1(example));
+    connect_.setText(toQString(kSheetTexts.portConnect));
+    connect_.setAutoDefault(false);
+    if (!receiver.source.empty()) {
+        source_.setCurrentText(QString::fromStdString(receiver.source));
+        network_.setChecked(true);
+    }
+    connect(&connect_, &QPushButton::clicked, this, [this] {
+        if (onConnect)
+            onConnect(this->receiver());
+    });
+}
+
+void CGPSDialog::enable() {
+    const bool isSource = SourceAddress::parse(source_.currentText().toStdString()).has_value();
+    port_.setEnabled(fixed_.isChecked());
+    baud_.setEnabled(fixed_.isChecked());
+    source_.setEnabled(network_.isChecked());
+    connect_.setEnabled(network_.isChecked() && isSource);
+    bool isWhole = true;
+    if (fixed_.isChecked())
+        isWhole = !port_.currentText().trimmed().isEmpty();
+    else if (network_.isChecked())
+        isWhole = isSource;
+    buttons().button(QDialogButtonBox::Ok)->setEnabled(isWhole);
+}
+
+ReceiverChoice CGPSDialog::receiver() const {
+    ReceiverChoice choice{.allTalkers = talkers_.isChecked()};
+    if (network_.isChecked())
+        choice.source = source_.currentText().trimmed().toStdString();
+    return choice;
+}
+
 std::string CGPSDialog::settings() const {
+    if (network_.isChecked())
+        return portBefore_;
     if (search_.isChecked())
         return {};
     return PortSettings::of(port_.currentText().trimmed().toStdString(),

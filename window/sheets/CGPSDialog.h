@@ -24,21 +24,29 @@ class CGPSDialog final : public Sheet {
 
     /// What the receiver does, asked for twice a second.
     std::function<std::string()> status;
+    /// Listens to the receiver that is chosen, before the choice is made for good.
+    std::function<void(const ReceiverChoice&)> onConnect;
     /// The pilot wants to see its sentences.
     std::function<void()> onTrace;
 
     /// The choice in the form of the "Port" setting.
     std::string settings() const;
-    ReceiverChoice receiver() const { return {.allTalkers = talkers_.isChecked()}; }
+    ReceiverChoice receiver() const;
 
  private:
     void fill(std::string_view settings);
+    void fillNetwork(const ReceiverChoice& receiver);
+    void enable();
 
     QRadioButton search_;
     QRadioButton fixed_;
     QComboBox port_;
     QComboBox baud_;
     QLabel hint_;
+    QRadioButton network_;
+    QComboBox source_;
+    QPushButton connect_;
+    std::string portBefore_;
     QCheckBox talkers_;
     QLabel status_;
     QPushButton trace_;

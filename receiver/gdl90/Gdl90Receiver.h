@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/Guarded.h"
+#include "geo/Geoid.h"
+#include "receiver/gdl90/Gdl90Frames.h"
+#include "receiver/gdl90/Gdl90Message.h"
+#include "receiver/network/NetworkSource.h"
+
+namespace korvel {
+
+/// Makes a receiver's sentences of GDL 90: each report on the own aircraft becomes RMC, GGA and
+/// GSA. The height is the geometric one, above mean sea level, never the pressure altitude; without
+/// it the fix is one in the plane. No number of satellites is made up.
+class Gdl90Receiver final : public SentenceMaker {
+ public:
+    /// An attitude and when it came.
+    struct Attitude {
+        Gdl90Attitude values;
+        std::int64_t arrivedMs = 0;
+    };
+
+    /// Without a table of the geoid heights above the ellipsoid are of no use. Before it runs.
+    void setGeoid(std::optional<Geoid> geoid) { geoid_ = std::move(geoid); }
+
+    void take(std::string_view bytes, std::int64_t arrivedMs, SentenceListener& listener) override;
+    /// One message of those that take() finds.
+    void takeMessage(const Gdl90Message& message, std::int64_t arrivedMs,
+                     SentenceListener& listener);
+
+    /// The newest; any thread.
+    std::optional<Attitude> attitude() const { return *attitude_.lock(); }
+
+ private:
+    void report(const Gdl90Target& own, std::int64_t arrivedMs, SentenceListener& listener);
+    std::optional<double> heightM(GeoPoint place) const;
+
+    Gdl90Frames frames_;
+    std::optional<Geoid> geoid_;
+    bool gpsValid_ = true;  // until a heartbeat says otherwise: some devices send none
+    bool heightIsMsl_ = false;
+    std::optional<int> heightFt_;
+    int reportsSinceHeight_ = 0;
+    Guarded<std::optional<Attitude>> attitude_;
+};
+
+}  // namespace korvel
