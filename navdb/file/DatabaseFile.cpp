@@ -78,6 +78,11 @@ std::string_view testSum(const RandomAccessFile& file, std::uint64_t size, std::
     return checksum.value() == expected ? std::string_view{} : text(kDatabaseTexts.corruptedFile);
 }
 
+/// Whether a date that has passed takes the data out of use; no date always does.
+bool dateCounts(std::uint32_t expiry, char region) {
+    return expiry == 0 || region == kRegionThatExpires;
+}
+
 /// Later opens find a full checksum of 0 and test the header only. A file that cannot be written
 /// is simply tested in full again.
 void markAsVerified(const std::filesystem::path& path, FileSystem& disk) {
@@ -99,8 +104,8 @@ std::string DatabaseFile::Open(const std::filesystem::path& path, const Clock& c
         gridWords_.clear();
         return std::string(message);
     }
-    expired_ = isOutOfDate(header_.expiry, regionLetter(), clock);
     pastDate_ = korvel::isPastDate(header_.expiry, clock);
+    expired_ = pastDate_ && dateCounts(header_.expiry, regionLetter());
     fileName_ = std::make_shared<const std::string>(path.filename().string());
     *rows_.lock() = RowReader(path, header_.stringArea, disk);
     if (progress)
@@ -164,7 +169,7 @@ bool DatabaseFile::readAreaGrid(const RandomAccessFile& file) {
 }
 
 bool isOutOfDate(std::uint32_t expiry, char region, const Clock& clock) {
-    return (expiry == 0 || region == kRegionThatExpires) && isPastDate(expiry, clock);
+    return dateCounts(expiry, region) && isPastDate(expiry, clock);
 }
 
 /// Months and days out of range run on into the next ones.
