@@ -492,12 +492,12 @@ TEST_F(FrameTest, APlacesSheetFollowsTheAircraft) {
         return std::ranges::any_of(
             sheet.findChildren<QLabel*>(), [&](QLabel* label) { return label->text().contains(words); });
     };
-    EXPECT_TRUE(tells("6 nm   360"));
+    EXPECT_TRUE(tells("\n6 nm   "));
     flyTo("4733.0,N,01015.0,E");
     EXPECT_TRUE(eventually([&] {
         screen().tick();
         QApplication::processEvents();
-        return tells("3 nm   360");
+        return tells("\n3 nm   ");
     }));
 }
 

@@ -107,7 +107,7 @@ TEST_F(ProgramTest, AReplayReachesTheMapAndLeavesTheSettingsAlone) {
     // The information boxes stand on the map only; their day colour is cyan.
     const auto cyanBelowTheFields = [](const QImage& image) {
         int count = 0;
-        for (int y = 160; y < 425; ++y)
+        for (int y = 190; y < 425; ++y)
             for (int x = 0; x < image.width(); ++x) count += image.pixelColor(x, y) == QColor(0, 255, 255) ? 1 : 0;
         return count;
     };

@@ -182,8 +182,12 @@ void Sheet::place() {
                                  sizeHint().width(), minimumSizeHint().width()});
     const int width = std::min(wanted, room.width());
     const int top = above_ ? above_() : 0;
-    setGeometry(QRect(window.mapToGlobal(QPoint(room.width() - width, top)),
-                      QSize(width, room.height() - top)));
+    const int height = room.height() - top;
+    // Where there is no room for all of it, as with the key pad, the title goes first.
+    header_.show();
+    header_.setVisible(outer_.totalMinimumSize().height() <= height);
+    outer_.activate();
+    setGeometry(QRect(window.mapToGlobal(QPoint(room.width() - width, top)), QSize(width, height)));
 }
 
 }  // namespace korvel
