@@ -244,12 +244,13 @@ TEST_F(FrameTest, APlanIsChangedByRowsTakenBackAndNotLost) {
     press(QKeySequence(Qt::CTRL | Qt::Key_Z));
     ASSERT_EQ(plan.entries().size(), 3U);
     EXPECT_EQ(plan.entries()[1].altitudeFt, 4500);
+    EXPECT_FALSE(plan.changed()) << "as the file has it";
+    press(QKeySequence(Qt::CTRL | Qt::Key_Y));
     frame_->close();
     EXPECT_TRUE(frame_->isVisible()) << "the plan has changed";
     clickIn<QMessageBox>("Save");
     EXPECT_FALSE(frame_->isVisible());
-    EXPECT_EQ(*readWholeFile(file),
-        "f.AAA 47.500000 10.000000\r\nf.BBB@45 47.600000 10.500000\r\nf.CCC 47.700000 11.000000\r\n");
+    EXPECT_EQ(*readWholeFile(file), "f.AAA 47.500000 10.000000\r\nf.CCC 47.700000 11.000000\r\n");
 }
 
 TEST_F(FrameTest, ATrackIsOpenedLikeAPlan) {
