@@ -126,6 +126,8 @@ TEST(SatellitePage, SaysWhyItIsEmpty) {
         std::string::npos);
     data.fixQuality = 1;
     data.satsInUse = 1;
+    EXPECT_EQ(fixText(data), "Fix, 1 satellite") << "nobody says of how many dimensions";
+    data.fix2D = true;
     EXPECT_EQ(fixText(data), "2D fix, 1 satellite");
 }
 

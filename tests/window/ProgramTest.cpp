@@ -128,6 +128,7 @@ TEST_F(ProgramTest, ASecondStartReachesTheFirstWindowWhichRemembersThroughAKill)
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         window.setProcessEnvironment(environment);
         window.start(QStringLiteral(KORVEL_PROGRAM), {QStringLiteral("--profile-folder"), path("profile")});
+        ASSERT_TRUE(window.waitForStarted(30000));
         ASSERT_TRUE(eventually([&] { return !kept("Options:WindowWidth").empty(); }));
         ASSERT_EQ(kept("Options.OpenPlan"), again ? plan : "");
         QProcess second;
