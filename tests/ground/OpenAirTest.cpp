@@ -179,7 +179,7 @@ TEST(OpenAir, FoldersOfAirspaces) {
     EXPECT_EQ(names(set.at(at(-18, -179.5))), "LOW,DATE LINE,") << "lowest floor first";
     EXPECT_EQ(names(set.at(at(-18, 179.5))), "DATE LINE,");
     EXPECT_EQ(names(set.at(at(-18, 178.5))), "");
-    EXPECT_EQ(names(set.touching({-18, 179.5, -17, -179.9})), "DATE LINE,LOW,");
+    EXPECT_EQ(names(set.touching({-18, 179.5, -17, -179.8})), "DATE LINE,LOW,");
     EXPECT_EQ(names(set.touching({-18, 170, -17, 178.9})), "");
     EXPECT_EQ(names(set.touching({-90, -180, 90, 180})), "DATE LINE,LOW,");
     EXPECT_EQ(limitWords(set.all()[0].floor) + limitWords(set.all()[0].ceiling) + limitWords(set.all()[1].floor) +
