@@ -64,7 +64,7 @@ PortScan PortScan::around(const PortSettings& lost) {
 void PortScan::beginWith(const PortSettings& entry) {
     const auto found = std::ranges::find(entries_, entry);
     if (found != entries_.end())
-        std::ranges::rotate(entries_, found);
+        std::rotate(entries_.begin(), found, entries_.end());
 }
 
 void PortScan::leaveOut(std::string_view name) {
