@@ -295,7 +295,9 @@ void NavDatabase::loadDetails(AirportRecord& airport) const {
 }
 
 void NavDatabase::GetAirwayRoutes(std::string_view name, std::vector<std::string>& routes) const {
-    std::vector<AirwayPiece> pieces;
+    routes.clear();
+    const bool hasSeveral = files_.size() > 1;
+    std::vector<std::size_t> filesOf;  // of the routes
     for (std::size_t number = 0; number < files_.size(); ++number) {
         const DatabaseFile& file = *files_[number];
         const IndexEntry* const index = file.index("Airway");
@@ -304,14 +306,14 @@ void NavDatabase::GetAirwayRoutes(std::string_view name, std::vector<std::string
             continue;
         const auto rows = file.rows();
         std::uint32_t row = rows->firstNotBelow(*index, *order, name);
-        for (; rows->equals(*index, row, *order, name) && rows->load(*index, row); ++row)
-            rows->text(index->table->field(packName("ROUTE")),
-                       pieces.emplace_back(AirwayPiece{.file = number}).route);
+        for (; rows->equals(*index, row, *order, name) && rows->load(*index, row); ++row) {
+            rows->text(index->table->field(packName("ROUTE")), routes.emplace_back());
+            if (hasSeveral)
+                filesOf.push_back(number);
+        }
     }
-    dropOutdone(files_, pieces);
-    routes.clear();
-    for (AirwayPiece& piece : pieces)
-        routes.push_back(std::move(piece.route));
+    if (hasSeveral)
+        dropOutdone(files_, filesOf, routes);
 }
 
 void NavDatabase::placesIn(const GeoBox& box, KindMask kinds, std::size_t limit,

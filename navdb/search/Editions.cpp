@@ -54,6 +54,12 @@ bool runAlike(std::string_view a, std::string_view b) {
     return common.size() > 1;
 }
 
+/// A piece of an airway, as one file describes it.
+struct AirwayPiece {
+    std::size_t file = 0;
+    std::string_view route{};  ///< identifiers between spaces or line breaks
+};
+
 bool outdoes(DatabaseFiles files, const AirwayPiece& a, const AirwayPiece& b) {
     if (a.file == b.file || !goesBefore(files, a.file, b.file))
         return false;
@@ -97,13 +103,17 @@ std::optional<RowMatch> rowOfSame(const PlaceSources& sources, std::size_t file,
     return std::nullopt;
 }
 
-void dropOutdone(DatabaseFiles files, std::vector<AirwayPiece>& pieces) {
-    std::vector<AirwayPiece> kept;
+void dropOutdone(DatabaseFiles files, std::span<const std::size_t> filesOf,
+                 std::vector<std::string>& routes) {
+    std::vector<AirwayPiece> pieces;
+    for (std::size_t i = 0; i < routes.size(); ++i)
+        pieces.push_back({.file = filesOf[i], .route = routes[i]});
+    std::vector<std::string> kept;
     for (const AirwayPiece& piece : pieces)
         if (std::ranges::none_of(
                 pieces, [&](const AirwayPiece& other) { return outdoes(files, other, piece); }))
-            kept.push_back(piece);
-    pieces = std::move(kept);
+            kept.emplace_back(piece.route);
+    routes = std::move(kept);
 }
 
 }  // namespace korvel

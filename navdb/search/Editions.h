@@ -35,14 +35,10 @@ using DatabaseFiles = std::span<const std::unique_ptr<DatabaseFile>>;
 [[nodiscard]] std::optional<RowMatch> rowOfSame(const PlaceSources& sources, std::size_t file,
                                                 const Place& place);
 
-/// A piece of an airway, as one file describes it.
-struct AirwayPiece {
-    std::size_t file = 0;
-    std::string route{};  ///< identifiers between spaces or line breaks
-};
-
 /// Leaves out the pieces of one airway that a file which goes before their own describes as well:
 /// by the same text or, when its data are later, by one that shares two identifiers with theirs.
-void dropOutdone(DatabaseFiles files, std::vector<AirwayPiece>& pieces);
+/// `filesOf` says for each piece which file it comes from.
+void dropOutdone(DatabaseFiles files, std::span<const std::size_t> filesOf,
+                 std::vector<std::string>& routes);
 
 }  // namespace korvel
