@@ -129,7 +129,7 @@ TEST_F(ProgramTest, ASecondStartReachesTheFirstWindowWhichRemembersThroughAKill)
         window.setProcessEnvironment(environment);
         window.start(QStringLiteral(KORVEL_PROGRAM), {QStringLiteral("--profile-folder"), path("profile")});
         ASSERT_TRUE(window.waitForStarted(30000));
-        ASSERT_TRUE(eventually([&] { return !kept("Options:WindowWidth").empty(); }));
+        ASSERT_TRUE(eventually([&] { return kept("Options:WindowWidth") > "0"; }));
         ASSERT_EQ(kept("Options.OpenPlan"), again ? plan : "");
         QProcess second;
         second.setProcessEnvironment(environment);
@@ -148,6 +148,9 @@ TEST_F(ProgramTest, ASecondStartReachesTheFirstWindowWhichRemembersThroughAKill)
         window.kill();
         ASSERT_TRUE(window.waitForFinished(30000));
         EXPECT_EQ(kept("Options.OpenPlan"), plan);
+        // The next one tells by it that it has started.
+        const auto registry = openRegistryProfile();
+        ProfileFile(folder_ / "profile", *registry).setInt(kOptionsSection, "WindowWidth", 0);
     }
 }
 
