@@ -256,10 +256,12 @@ class Reader {
 OpenAirFile readOpenAir(std::string_view bytes) { return Reader().read(bytes); }
 
 bool looksLikeOpenAir(std::string_view bytes) {
+    constexpr std::array<std::string_view, 4> kBehindAClass{"AN", "AL", "AH", "SP"};
     bool begun = false;
     for (std::size_t i = 0; i < kLinesLookedAt && !bytes.empty(); ++i) {
-        const std::string command = commandOf(takeLine(bytes)).first;
-        if (begun && (command == "AN" || command == "AL" || command == "AH" || command == "SP"))
+        const auto line = commandOf(takeLine(bytes));
+        const std::string_view command = line.first;
+        if (begun && std::ranges::find(kBehindAClass, command) != kBehindAClass.end())
             return true;
         begun = begun || command == "AC";
     }
