@@ -18,4 +18,10 @@ void GroundData::open(std::vector<std::filesystem::path> folders) {
     }
 }
 
+std::vector<std::string> GroundData::problems() const {
+    std::vector<std::string> all = problems_;
+    all.insert(all.end(), baseMap_.problems().begin(), baseMap_.problems().end());
+    return all;
+}
+
 }  // namespace korvel

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -22,8 +21,9 @@ class GroundData {
     BaseMap& baseMap() { return baseMap_; }
     [[nodiscard]] const BaseMap& baseMap() const { return baseMap_; }
     [[nodiscard]] const AirspaceSet& airspaces() const { return airspaces_; }
-    /// Files that could not be used, a message each.
-    [[nodiscard]] std::span<const std::string> problems() const { return problems_; }
+    /// Files that could not be used, and what the map in use was found to lack so far: a message
+    /// each.
+    [[nodiscard]] std::vector<std::string> problems() const;
 
  private:
     BaseMap baseMap_;

@@ -12,6 +12,7 @@
 #include "geo/GeoPoint.h"
 #include "geo/Geodesy.h"
 #include "receiver/Satellite.h"
+#include "receiver/SentenceText.h"
 
 namespace korvel {
 namespace {
@@ -76,15 +77,7 @@ struct Flight {
 };
 
 void append(std::string& log, std::string_view body) {
-    constexpr std::string_view kHex = "0123456789ABCDEF";
-    unsigned checksum = 0;
-    for (const char c : body)
-        checksum ^= static_cast<unsigned char>(c);
-    log += '$';
-    log += body;
-    log += '*';
-    log += kHex[checksum >> 4U];
-    log += kHex[checksum & 0xFU];
+    log += sentenceOf(body);
     log += "\r\n";
 }
 

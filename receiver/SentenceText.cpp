@@ -3,6 +3,16 @@
 #include "base/TextNumbers.h"
 
 namespace korvel {
+namespace {
+
+unsigned sumOf(std::string_view body) {
+    unsigned sum = 0;
+    for (const char c : body)
+        sum ^= static_cast<unsigned char>(c);
+    return sum;
+}
+
+}  // namespace
 
 /// Nearly every line passes, so each is looked at whole, in bytes and without a way out: such a
 /// loop the compiler turns into vectors.
@@ -21,11 +31,23 @@ ChecksumState checkSum(std::string_view line, unsigned char& sum) {
     const std::size_t asterisk = line.rfind('*');
     if (asterisk == std::string_view::npos || asterisk + kTail != line.size())
         return ChecksumState::Missing;
-    sum = 0;
-    for (const char c : line.substr(1, asterisk - 1))
-        sum ^= static_cast<unsigned char>(c);
+    sum = static_cast<unsigned char>(sumOf(line.substr(1, asterisk - 1)));
     std::string_view digits = line.substr(asterisk + 1);
     return scanHex(digits) == sum ? ChecksumState::Right : ChecksumState::Wrong;
+}
+
+void appendSum(std::string& line, unsigned sum) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    line += '*';
+    line += kDigits[sum >> 4U & 0xFU];
+    line += kDigits[sum & 0xFU];
+}
+
+std::string sentenceOf(std::string_view body) {
+    std::string line = "$";
+    line += body;
+    appendSum(line, sumOf(body));
+    return line;
 }
 
 }  // namespace korvel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace korvel {
@@ -20,5 +21,11 @@ enum class ChecksumState { Missing, Wrong, Right };
 /// `line` begins with "$" and has no CR. `sum` is what its characters come to, unless there is none
 /// to compare it with.
 ChecksumState checkSum(std::string_view line, unsigned char& sum);
+
+/// Puts an asterisk and the two digits of the sum (0 to 255) behind a sentence.
+void appendSum(std::string& line, unsigned sum);
+
+/// "GPRMC,..." as a sentence: "$GPRMC,...*hh", without a line end.
+std::string sentenceOf(std::string_view body);
 
 }  // namespace korvel

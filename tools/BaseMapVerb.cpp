@@ -92,7 +92,7 @@ int printLand(const Invocation& call, const std::vector<std::string>& words, int
     if (level < 0 || static_cast<std::size_t>(level) >= sheets.size())
         usageError("The map has no level " + formatInt(level));
     const bool land = map.isLand(sheets[static_cast<std::size_t>(level)], point);
-    if (const auto problems = map.takeProblems(); !problems.empty())
+    if (const auto problems = map.problems(); !problems.empty())
         return call.fail(problems.front());
     return call.done({{"land", land}}, land ? "land\n" : "water\n");
 }

@@ -10,6 +10,7 @@
 
 #include "platform/VirtualClock.h"
 #include "receiver/GpsInput.h"
+#include "receiver/SentenceText.h"
 
 namespace korvel {
 namespace {
@@ -35,11 +36,7 @@ void tick(GpsInput& input, std::int64_t nowMs) {
 /// The line with a correct checksum, without which hardly any made-up line reaches the decoder.
 std::string withChecksum(std::string_view line) {
     const std::string_view body = line.substr(0, std::min(line.rfind('*'), line.find('\r')));
-    unsigned sum = 0;
-    for (const char c : body.substr(std::min<std::size_t>(body.size(), 1)))
-        sum ^= static_cast<unsigned char>(c);
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    return std::string(body) + '*' + kDigits[sum >> 4U & 0xFU] + kDigits[sum & 0xFU];
+    return sentenceOf(body.substr(std::min<std::size_t>(body.size(), 1)));
 }
 
 void feed(GpsInput& input, VirtualClock& clock, std::string_view bytes, unsigned choice) {

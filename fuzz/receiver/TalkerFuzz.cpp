@@ -22,11 +22,7 @@ void require(bool holds) {
 /// Hardly any made-up line has one.
 std::string withChecksum(std::string_view line) {
     const std::string_view body = line.substr(0, std::min(line.rfind('*'), line.find('\r')));
-    unsigned sum = 0;
-    for (const char c : body.substr(std::min<std::size_t>(body.size(), 1)))
-        sum ^= static_cast<unsigned char>(c);
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    return std::string(body) + '*' + kDigits[sum >> 4U & 0xFU] + kDigits[sum & 0xFU];
+    return sentenceOf(body.substr(std::min<std::size_t>(body.size(), 1)));
 }
 
 void checkHandedOn(std::string_view line, std::string_view original) {

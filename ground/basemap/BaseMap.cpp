@@ -50,6 +50,7 @@ std::string BaseMap::open(std::unique_ptr<RandomAccessFile> file, const std::str
     used_.clear();
     known_.clear();
     cachedBytes_ = 0;
+    problems_.clear();
     return file_.open(std::move(file), name);
 }
 
@@ -83,12 +84,19 @@ std::shared_ptr<const Value> BaseMap::get(std::uint64_t key, BaseMapFile::Extent
         return std::static_pointer_cast<const Value>(found->second->value);
     }
     auto value = std::make_shared<Value>();
-    if (!(file_.read(extent, bytes_) && decode(*value)) && problems_.size() < kMostProblems) {
-        problems_.push_back(file_.name() + ": the tile at byte " + std::to_string(extent.at) +
-                            " is damaged and left out");
-    }
+    if (!(file_.read(extent, bytes_) && decode(*value)))
+        noteDamage(extent);
     keep({key, value, bytesOf(*value)});
     return value;
+}
+
+/// A tile may be read again when it has left the cache.
+void BaseMap::noteDamage(BaseMapFile::Extent extent) {
+    std::string problem = file_.name() + ": the tile at byte " + std::to_string(extent.at) +
+                          " is damaged and left out";
+    if (problems_.size() < kMostProblems &&
+        std::ranges::find(problems_, problem) == problems_.end())
+        problems_.push_back(std::move(problem));
 }
 
 void BaseMap::keep(Cached cached) {

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <list>
 #include <memory>
+#include <span>
 #include <string>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 #include "geo/GeoPoint.h"
@@ -41,8 +41,8 @@ class BaseMap {
     /// Whether there is land, in a sheet of land; a lake is none. False where the map is damaged.
     bool isLand(std::size_t sheet, GeoPoint point);
 
-    /// What was found damaged since the last call, a text each.
-    std::vector<std::string> takeProblems() { return std::exchange(problems_, {}); }
+    /// What was found damaged since the map was opened, a text each, each once.
+    [[nodiscard]] std::span<const std::string> problems() const { return problems_; }
     /// Memory taken by what was decoded.
     [[nodiscard]] std::size_t cachedBytes() const { return cachedBytes_; }
 
@@ -56,6 +56,7 @@ class BaseMap {
 
     template <class Value, class Decode>
     std::shared_ptr<const Value> get(std::uint64_t key, BaseMapFile::Extent extent, Decode decode);
+    void noteDamage(BaseMapFile::Extent extent);
     void keep(Cached cached);
 
     BaseMapFile file_;

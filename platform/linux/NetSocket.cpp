@@ -48,6 +48,13 @@ NetSocket::Wait waitFor(std::intptr_t native, short what, const Event& aborted,
     return ready == 0 ? NetSocket::Wait::TimedOut : NetSocket::Wait::Ready;
 }
 
+bool isDatagram(std::intptr_t native) {
+    int type = 0;
+    socklen_t size = sizeof type;
+    return ::getsockopt(descriptor(native), SOL_SOCKET, SO_TYPE, &type, &size) == 0 &&
+           type == SOCK_DGRAM;
+}
+
 bool wouldBlock(int number) { return number == EAGAIN || number == EWOULDBLOCK || number == EINTR; }
 
 }  // namespace
@@ -123,14 +130,11 @@ NetSocket::Wait NetSocket::waitWritable(Event& aborted, milliseconds limit) cons
 }
 
 NetSocket::Transfer NetSocket::receive(std::span<char> into) const {
-    int type = 0;
-    socklen_t size = sizeof type;
-    ::getsockopt(descriptor(native_), SOL_SOCKET, SO_TYPE, &type, &size);
     const ssize_t count = ::recv(descriptor(native_), into.data(), into.size(), 0);
     if (count > 0)
         return {.error = kNoError, .count = static_cast<std::size_t>(count)};
     // An empty datagram is nothing; a connection that brings nothing is closed.
-    const bool nothing = count < 0 ? wouldBlock(errno) : type == SOCK_DGRAM;
+    const bool nothing = count < 0 ? wouldBlock(errno) : isDatagram(native_);
     return {.error = nothing ? kNoError : kErrorDeviceFailure, .count = 0};
 }
 

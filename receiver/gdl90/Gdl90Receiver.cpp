@@ -5,25 +5,14 @@
 #include "base/Ascii.h"
 #include "base/TextNumbers.h"
 #include "geo/Geodesy.h"
+#include "geo/Units.h"
+#include "receiver/SentenceText.h"
 
 namespace korvel {
 namespace {
 
-constexpr double kMetresPerFoot = 0.3048;
 /// Both come once a second.
 constexpr int kReportsWithoutHeight = 5;
-
-std::string sentence(std::string_view body) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    unsigned sum = 0;
-    for (const char c : body)
-        sum ^= static_cast<unsigned char>(c);
-    std::string line = "$";
-    line.append(body).append(1, '*');
-    line += kDigits[sum >> 4U & 0xFU];
-    line += kDigits[sum & 0xFU];
-    return line;
-}
 
 /// "4807.038000,N", with so many digits of degrees.
 std::string coordinate(double radians, std::size_t degreeDigits, char positive, char negative) {
@@ -72,21 +61,21 @@ void Gdl90Receiver::report(const Gdl90Target& own, std::int64_t arrivedMs,
     if (++reportsSinceHeight_ > kReportsWithoutHeight)
         heightFt_.reset();
     if (!gpsValid_ || !own.position) {
-        listener.onLine(sentence("GPRMC,,V,,,,,,,,,"), arrivedMs);
-        listener.onLine(sentence("GPGGA,,,,,,0,,,,M,,M,,"), arrivedMs);
-        listener.onLine(sentence("GPGSA,A,1,,,,,,,,,,,,,,,"), arrivedMs);
+        listener.onLine(sentenceOf("GPRMC,,V,,,,,,,,,"), arrivedMs);
+        listener.onLine(sentenceOf("GPGGA,,,,,,0,,,,M,,M,,"), arrivedMs);
+        listener.onLine(sentenceOf("GPGSA,A,1,,,,,,,,,,,,,,,"), arrivedMs);
         return;
     }
     const std::string place = coordinate(own.position->lat, 2, 'N', 'S') + "," +
                               coordinate(own.position->lon, 3, 'E', 'W');
     const std::string speed = own.groundSpeedKt ? formatInt(*own.groundSpeedKt) : std::string();
     const std::string track = own.trackDeg ? formatFixed(*own.trackDeg, 2) : std::string();
-    listener.onLine(sentence("GPRMC,,A," + place + "," + speed + "," + track + ",,,"), arrivedMs);
+    listener.onLine(sentenceOf("GPRMC,,A," + place + "," + speed + "," + track + ",,,"), arrivedMs);
     constexpr int kDecimals = 4;
     const auto metres = heightM(*own.position);
     const std::string altitude = metres ? formatFixed(*metres, kDecimals) : std::string();
-    listener.onLine(sentence("GPGGA,," + place + ",1,,," + altitude + ",M,,M,,"), arrivedMs);
-    listener.onLine(sentence(metres ? "GPGSA,A,3,,,,,,,,,,,,,,," : "GPGSA,A,2,,,,,,,,,,,,,,,"),
+    listener.onLine(sentenceOf("GPGGA,," + place + ",1,,," + altitude + ",M,,M,,"), arrivedMs);
+    listener.onLine(sentenceOf(metres ? "GPGSA,A,3,,,,,,,,,,,,,,," : "GPGSA,A,2,,,,,,,,,,,,,,,"),
                     arrivedMs);
 }
 

@@ -78,17 +78,6 @@ std::optional<FixTime> timeOf(std::string_view field) {
     return value;
 }
 
-char hexDigit(unsigned value) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    return kDigits[value & 0xFU];
-}
-
-void appendSum(std::string& line, unsigned sum) {
-    line += '*';
-    line += hexDigit(sum >> 4U);
-    line += hexDigit(sum);
-}
-
 void appendField(std::string& line, std::string_view field) {
     line += ',';
     line += field;
