@@ -1,6 +1,8 @@
 #include "cockpit/Charts.h"
 
 #include <algorithm>
+#include <map>
+#include <string_view>
 #include <utility>
 
 #include "base/Calendar.h"
@@ -9,6 +11,43 @@
 #include "navdb/file/DatabaseFile.h"
 
 namespace korvel {
+
+namespace {
+
+using Files = std::vector<std::unique_ptr<DatabaseFile>>;
+
+/// The date that has passed, and where the files are not all of one age which are so old, the
+/// oldest first.
+std::string expiredParts(const Files& files, std::uint32_t today) {
+    std::multimap<std::uint32_t, std::string> expired;
+    bool unlike = false;
+    for (const auto& file : files) {
+        const std::uint32_t expiry = file->header().expiry;
+        unlike |= expiry != files.front()->header().expiry;
+        if (expiry < today)
+            expired.emplace(expiry, std::filesystem::path(*file->fileName()).stem().string());
+    }
+    std::string parts;
+    for (const auto& [expiry, name] : expired) {
+        parts.append(parts.empty() ? "" : ", ").append(dashedDate(expiry));
+        if (!unlike)
+            break;
+        parts.append(" ").append(name);
+    }
+    return parts;
+}
+
+std::string noticeOfAge(const Files& files, std::uint32_t today) {
+    const bool undated =
+        std::ranges::any_of(files, [](const auto& file) { return file->header().expiry == 0; });
+    if (undated)
+        return std::string(text(kStatusTexts.chartsUndated));
+    const std::string parts = expiredParts(files, today);
+    return parts.empty() ? parts
+                         : formatText(kStatusTexts.chartsExpired, {std::string_view(parts)});
+}
+
+}  // namespace
 Charts::Charts(const Clock& clock, const std::filesystem::path& folder)
     : clock_(clock),
       database_(clock),
@@ -59,14 +98,7 @@ void Charts::updateNotice() {
             notice_ = text(kStatusTexts.noDatabase);
         return;
     }
-    const std::uint32_t today = dateNumber(clock_.localNow());
-    std::uint32_t oldest = today;
-    for (const auto& file : files)
-        oldest = std::min(oldest, file->header().expiry);
-    if (oldest == 0)
-        notice_ = text(kStatusTexts.chartsUndated);
-    else if (oldest < today)
-        notice_ = formatText(kStatusTexts.chartsExpired, {std::string_view(dashedDate(oldest))});
+    notice_ = noticeOfAge(files, dateNumber(clock_.localNow()));
 }
 
 }  // namespace korvel

@@ -187,7 +187,27 @@ void consolidate(AviationData& data, ImportLog& log) {
                 std::erase_if(data.navaids, isDmeOnly));
     const VariationField field(data.navaids);
     for (SourceAirport& airport : data.airports)
-        airport.variation = field.at(airport.position);
+        if (!airport.variation)
+            airport.variation = field.at(airport.position);
+}
+
+void keepAirways(AviationData& past, AviationData& today, ImportLog& log) {
+    ByIdent fixes(past.fixes);
+    ByIdent navaids(today.navaids);
+    std::vector<SourceFix> added;
+    for (const AirwayPoint& point : past.airways.points()) {
+        const auto isThere = [&point](const auto& place) {
+            return samePlace(*point.position, place.position);
+        };
+        if (!point.position || fixes.find(point.ident, isThere) != nullptr ||
+            navaids.find(point.ident, isThere) != nullptr)
+            continue;
+        added.push_back({point.ident, point.region, *point.position, usageOf(point)});
+        log.took("fixes at stations that are no more, which lie on airways");
+    }
+    past.fixes.insert(past.fixes.end(), added.begin(), added.end());
+    past.airports.clear();
+    past.navaids.clear();
 }
 
 }  // namespace korvel

@@ -13,7 +13,11 @@ namespace korvel {
 /// - airway points find their navaid or fix; those that only the airways know, and stations left
 ///   out above, become fixes, because a route along the airway needs every one of its points;
 /// - fixes get their usage from the airways that they lie on;
-/// - airports get the variation of the nearest station.
+/// - airports whose source tells no variation get that of the nearest station.
 void consolidate(AviationData& data, ImportLog& log);
+
+/// Leaves of older data what `today` has not: fixes and airways. A point of an airway whose station
+/// is no more becomes a fix. Both have been consolidated.
+void keepAirways(AviationData& past, AviationData& today, ImportLog& log);
 
 }  // namespace korvel

@@ -109,35 +109,44 @@ std::vector<InputFile> ourAirportsFiles(const NavdbBuildOptions& options,
     return files;
 }
 
+void report(const BuildProgress& progress, double share, std::string_view what) {
+    if (progress)
+        progress(share, what);
+}
+
 }  // namespace
 
-std::string buildNavdb(const NavdbBuildOptions& options, ImportLog& log,
-                       const BuildProgress& progress) {
-    const auto report = [&](double share, std::string_view what) {
-        if (progress)
-            progress(share, what);
-    };
-    AviationData data;
+std::string readSources(const NavdbBuildOptions& options, AviationData& data, ImportLog& log,
+                        const BuildProgress& progress) {
     OurAirportsImport ourAirports(log, data);
     auto files = options.source == NavdbSource::Xplane ? xplaneFiles(options, data)
                                                        : ourAirportsFiles(options, ourAirports);
-    if (files.empty())
-        return "No input files given.";
-    if (auto refused = readAll(files, log, progress); !refused.empty())
-        return refused;
-    report(kReadingShare, "sorting");
-    consolidate(data, log);
-    report(0.85, "laying out");
+    return files.empty() ? "No input files given." : readAll(files, log, progress);
+}
+
+std::string writeDatabase(const AviationData& data, const NavdbBuildOptions& options,
+                          ImportLog& log, const BuildProgress& progress) {
+    report(progress, 0.85, "laying out");
     NavdbHeader header;
     header.region = options.region;
     header.expiryYmd = options.expiryYmd.value_or(data.cycle ? data.cycle->expiryYmd() : 0);
     header.dataCycleYycc = data.cycle ? data.cycle->yycc() : 0;
     const std::string bytes = compileNavdb(data, header, log);
-    report(0.95, "writing");
+    report(progress, 0.95, "writing");
     if (!writeFileAtomically(options.output, bytes))
         return std::string(kWriteError) + options.output.string();
-    report(1.0, "done");
+    report(progress, 1.0, "done");
     return {};
+}
+
+std::string buildNavdb(const NavdbBuildOptions& options, ImportLog& log,
+                       const BuildProgress& progress) {
+    AviationData data;
+    if (auto refused = readSources(options, data, log, progress); !refused.empty())
+        return refused;
+    report(progress, kReadingShare, "sorting");
+    consolidate(data, log);
+    return writeDatabase(data, options, log, progress);
 }
 
 }  // namespace korvel

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "compiler/sources/AviationData.h"
 #include "compiler/sources/ImportLog.h"
 
 namespace korvel {
@@ -23,21 +24,29 @@ inline constexpr char kWorldRegion = 'w';
 struct NavdbBuildOptions {
     NavdbSource source = NavdbSource::Xplane;
     /// X-Plane's files, plain or .gz; an empty path leaves that kind of place out.
-    std::filesystem::path apt;
-    std::filesystem::path nav;
-    std::filesystem::path fix;
-    std::filesystem::path awy;
+    std::filesystem::path apt{};
+    std::filesystem::path nav{};
+    std::filesystem::path fix{};
+    std::filesystem::path awy{};
     /// Folder of OurAirports' files, plain or .gz; airports.csv must be there, the others may.
-    std::filesystem::path folder;
-    std::filesystem::path output;
+    std::filesystem::path folder{};
+    std::filesystem::path output{};
     char region = kWorldRegion;
     /// YYYYMMDD; without one the expiry of the data cycle that the sources name, else none, and
     /// the database counts as out of date.
-    std::optional<int> expiryYmd;
+    std::optional<int> expiryYmd{};
 };
 
 /// Share of the work done, 0 to 1, and what is being done.
 using BuildProgress = std::function<void(double share, std::string_view what)>;
+
+/// Reads the files that the options name into `data`, as they are; empty, or why one is refused.
+[[nodiscard]] std::string readSources(const NavdbBuildOptions& options, AviationData& data,
+                                      ImportLog& log, const BuildProgress& progress = {});
+
+/// Lays out consolidated data and writes it to the options' output; empty, or why there is none.
+[[nodiscard]] std::string writeDatabase(const AviationData& data, const NavdbBuildOptions& options,
+                                        ImportLog& log, const BuildProgress& progress = {});
 
 /// Compiles a database. The result is empty, or why there is none; then an existing output file is
 /// untouched. `log` tells what was taken and left out.

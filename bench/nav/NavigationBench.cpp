@@ -68,6 +68,8 @@ BENCHMARK(enterRoute)->Unit(benchmark::kMillisecond);
 /// The bundled database of the world.
 struct BundledWorld {
     BundledWorld() : error(database.openFile(KORVEL_WORLD_DATABASE)) {
+        error += database.openFile(
+            std::filesystem::path(KORVEL_WORLD_DATABASE).replace_filename("airways.ng2"));
         error += database.openTowns(
             std::filesystem::path(KORVEL_WORLD_DATABASE).replace_extension("twn"));
     }

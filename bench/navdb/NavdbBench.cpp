@@ -25,7 +25,7 @@ constexpr std::string_view kWorld = KORVEL_WORLD_DATABASE;
 constexpr double kBusyLat = 40.6;
 constexpr double kBusyLon = -74.0;
 constexpr double kViewNm = 100.0;
-constexpr std::array<std::string_view, 4> kFewKeys{"a.KSEA", "v.SEA", "f.BIXIL", "a.LSZH"};
+constexpr std::array<std::string_view, 4> kFewKeys{"a.KSEA", "v.SEA", "v.OLM", "a.LSZH"};
 
 const SystemClock& systemClock() {
     static const SystemClock clock;
@@ -51,7 +51,7 @@ const std::vector<std::string>& scatteredKeys() {
         const auto rows = file.rows();
         std::string ident;
         for (std::uint32_t i = 0; i < 4096; ++i) {
-            const IndexEntry& index = *file.index(i % 2 == 0 ? "AptKey" : "WptKey");
+            const IndexEntry& index = *file.index(i % 2 == 0 ? "AptKey" : "NavKey");
             if (rows->load(index, i * 2654435761U % index.rowCount())) {
                 rows->text(orderingField(index), ident);
                 result.push_back(makeRecordKey(i % 2 == 0 ? kAirportKind : kFixKind, ident));

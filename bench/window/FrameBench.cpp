@@ -130,7 +130,10 @@ constexpr std::array kBusiest{Region{"New York", 40.7, -73.9}, Region{"Frankfurt
 const NavDatabase& world() {
     static const SystemClock clock;
     static NavDatabase database(clock);
-    static const std::string error = database.openFile(KORVEL_WORLD_DATABASE);
+    static const std::string error =
+        database.openFile(KORVEL_WORLD_DATABASE) +
+        database.openFile(
+            std::filesystem::path(KORVEL_WORLD_DATABASE).replace_filename("airways.ng2"));
     return database;
 }
 

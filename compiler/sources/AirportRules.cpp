@@ -56,6 +56,13 @@ int lengthBetweenFt(const GeoDegrees& a, const GeoDegrees& b) {
     return RoundToInt(DistanceNm(toGeoPoint(a), toGeoPoint(b)) * kFeetPerNm);
 }
 
+void noteDisplaced(SourceRunway& runway, std::size_t end, std::optional<int> feet) {
+    if (!feet)
+        return;
+    runway.info.append(runway.info.empty() ? "Displaced thr " : ", ");
+    runway.info.append(runway.ends.at(end).id + " " + std::to_string(*feet) + " ft");
+}
+
 std::string informationFor(std::string_view fullName) {
     constexpr std::size_t kShownNameLength = 20;
     return fullName.size() > kShownNameLength ? std::string(fullName) : std::string();

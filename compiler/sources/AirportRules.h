@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,6 +26,10 @@ void orderEnds(SourceRunway& runway);
 
 /// Length between the ends in whole feet.
 int lengthBetweenFt(const GeoDegrees& a, const GeoDegrees& b);
+
+/// Adds to the runway's information that the threshold of that end lies `feet` inside the pavement;
+/// nothing where there is no such figure. To be called for end 0 before end 1.
+void noteDisplaced(SourceRunway& runway, std::size_t end, std::optional<int> feet);
 
 /// The full name goes to the information text when the name field, of which 20 characters are
 /// shown, cannot hold it.

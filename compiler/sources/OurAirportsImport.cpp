@@ -6,12 +6,18 @@
 
 #include "base/Ascii.h"
 #include "base/AsciiText.h"
+#include "compiler/sources/AirportIdents.h"
 #include "compiler/sources/AirportRules.h"
 #include "geo/Geodesy.h"
+#include "geo/MagneticModel.h"
 
 namespace korvel {
 
 namespace {
+
+/// Half-way through the magnetic model's years, so that a database is the same whenever it is
+/// compiled; over most of the Earth the variation is then within half a degree in all of them.
+constexpr double kVariationYear = (kMagneticModelBegins + kMagneticModelEnds) / 2.0;
 
 std::optional<int> wholeFeet(std::string_view text) {
     const auto value = wholeDouble(text);
@@ -32,19 +38,6 @@ std::optional<GeoDegrees> position(std::string_view latText, std::string_view lo
 std::optional<int> positiveFeet(std::string_view text) {
     const auto feet = wholeFeet(text);
     return feet && *feet > 0 ? feet : std::nullopt;
-}
-
-/// The identifier by which pilots know the airport. The table's own one is invented ("US-0571")
-/// where no other was known; then the code that receivers use is better, and in North America the
-/// local one.
-std::string_view identOf(const CsvTable& row) {
-    const auto own = row["ident"];
-    if (own.find('-') == std::string_view::npos)
-        return own;
-    if (isIdentifier(row["gps_code"]))
-        return row["gps_code"];
-    const bool northAmerica = row["iso_country"] == "US" || row["iso_country"] == "CA";
-    return northAmerica && isIdentifier(row["local_code"]) ? row["local_code"] : own;
 }
 
 struct SurfaceWord {
@@ -132,10 +125,15 @@ std::string eachRow(CsvTable& table, std::span<const std::string_view> required,
 std::string OurAirportsImport::importAirports(CsvTable table) {
     constexpr std::array<std::string_view, 5> kColumns{"ident", "type", "name", "latitude_deg",
                                                        "longitude_deg"};
-    return eachRow(table, kColumns, [&] { takeAirport(table); });
+    AirportIdents idents;
+    auto refused = eachRow(table, kColumns, [&] { takeAirport(table, idents); });
+    idents.settle(data_.airports, log_);
+    for (SourceAirport& airport : data_.airports)
+        airport.isPrivate = isPrivateIdentifier(airport.ident, airport.position);
+    return refused;
 }
 
-void OurAirportsImport::takeAirport(CsvTable& row) {
+void OurAirportsImport::takeAirport(CsvTable& row, AirportIdents& idents) {
     const auto type = row["type"];
     const std::string name = toAsciiText(row["name"]);
     if (type == "closed" || saysClosed(name)) {
@@ -147,19 +145,18 @@ void OurAirportsImport::takeAirport(CsvTable& row) {
         return;
     }
     const auto where = position(row["latitude_deg"], row["longitude_deg"]);
-    const auto ident = identOf(row);
-    if (!where || !isIdentifier(ident)) {
+    if (!where || !isIdentifier(row["ident"])) {
         row.malformed("airport without position or usable identifier");
         return;
     }
     SourceAirport airport;
-    airport.ident = ident;
     airport.kind = type == "heliport"        ? AirportKind::Heliport
                    : type == "seaplane_base" ? AirportKind::Seaplane
                                              : AirportKind::Land;
     airport.position = *where;
+    // The tables give none, and many of their stations have kept that of the day they were aligned.
+    airport.variation = modelVariationDeg(toGeoPoint(*where), kVariationYear);
     airport.elevationFt = wholeFeet(row["elevation_ft"]);
-    airport.isPrivate = isPrivateIdentifier(ident, *where);
     airport.info = informationFor(name);
     const std::string town = toAsciiText(row["municipality"]);
     if (!town.empty() && name.find(town) == std::string::npos)
@@ -168,6 +165,7 @@ void OurAirportsImport::takeAirport(CsvTable& row) {
         airport.towns.push_back(town);
     airport.name = name;
     airports_.emplace(row["ident"], data_.airports.size());
+    idents.add(row);
     data_.airports.push_back(std::move(airport));
 }
 
@@ -209,6 +207,8 @@ void OurAirportsImport::takeRunway(CsvTable& row) {
         runway.lengthFt = lengthBetweenFt(*low.position, *high.position);
     runway.lighted = row["lighted"] == "1";
     setSurface(row["surface"], runway);
+    noteDisplaced(runway, 0, positiveFeet(row["le_displaced_threshold_ft"]));
+    noteDisplaced(runway, 1, positiveFeet(row["he_displaced_threshold_ft"]));
     orderEnds(runway);
     airport->runways.push_back(std::move(runway));
 }

@@ -12,6 +12,8 @@
 
 namespace korvel {
 
+class AirportIdents;
+
 /// The four tables of the OurAirports project. Airports go first: runways and frequencies are
 /// attached to them by identifier. Each reads one freshly opened file, header included; a
 /// malformed row is reported and skipped. The results are empty, or why the file is refused.
@@ -25,7 +27,7 @@ class OurAirportsImport {
     [[nodiscard]] std::string importNavaids(CsvTable table);
 
  private:
-    void takeAirport(CsvTable& row);
+    void takeAirport(CsvTable& row, AirportIdents& idents);
     void takeRunway(CsvTable& row);
     void takeFrequency(CsvTable& row);
     void takeNavaid(CsvTable& row);

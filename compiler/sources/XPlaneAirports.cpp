@@ -223,11 +223,8 @@ class AirportImport {
             if (!takeEnd(fields, column, runway.ends.at(end)))
                 return;
             const double displaced = wholeDouble(fields[column + 3]).value_or(0.0);
-            if (displaced >= 1.0) {
-                runway.info += runway.info.empty() ? "Displaced thr " : ", ";
-                runway.info +=
-                    runway.ends.at(end).id + " " + std::to_string(metresToFeet(displaced)) + " ft";
-            }
+            if (displaced >= 1.0)
+                noteDisplaced(runway, end, metresToFeet(displaced));
         }
         addRunway(std::move(runway));
     }

@@ -26,7 +26,7 @@ struct StatusTexts {
     Text lookingAround{61522, "Map moved"};
     Text noDatabase{61523, "NO CHARTS: see Help, Load Report"};
     Text chartsUndated{61524, "CHARTS WITHOUT A DATE"};
-    Text chartsExpired{61525, "CHARTS EXPIRED %s"};  ///< %s: date
+    Text chartsExpired{61525, "CHARTS EXPIRED %s"};  ///< %s: date, or dates and files
     Text measureButton{61603, "Measure"};
     Text rightPattern{61820, "right pattern %s"};  ///< %s: runway end
     Text noAttitudePlugin{

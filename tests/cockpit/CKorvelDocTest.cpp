@@ -484,7 +484,9 @@ TEST_F(CKorvelDocTest, TellsWhatToDoAboutEachStateOfTheReceiver) {
     says("COM2 9600: Invalid Port\nThis computer has no such port");
     doc_->tick();
     says("COM3 9600: No Gps Rcvr Activity\nThe port is open and silent");
-    say({"PGRMC,1,2", "GNGGA,1,,,,,0,00,,,M,,,,"});
+    say({"PGRMC,1,2"});
+    EXPECT_EQ(connectedText(*doc_, {}).find("talks PG"), std::string::npos) << "a maker's own sentence";
+    say({"GNGGA,1,,,,,0,00,,,M,,,,"});
     says("COM3 9600: this receiver talks GN\nIt must send RMC or VTG, and GGA, as GP");
     say({rmc(kHere)});
     says("COM3 9600: Waiting for NMEA gpgga\nThe receiver must send");

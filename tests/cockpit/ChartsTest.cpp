@@ -117,10 +117,11 @@ TEST_F(ChartsTest, WhatIsBrokenOffLeavesTheOldSet) {
 TEST_F(ChartsTest, TellsTheAgeOfTheOldestFile) {
     EXPECT_EQ(charts_.notice(), "NO CHARTS: see Help, Load Report");
     const std::tuple<std::uint32_t, std::uint32_t, const char*> cases[] = {
-        {20130502, 20991231, "CHARTS EXPIRED 2013-05-02"},
-        {20991231, 20130502, "CHARTS EXPIRED 2013-05-02"},
+        {20130502, 20130502, "CHARTS EXPIRED 2013-05-02"},
+        {20130502, 20991231, "CHARTS EXPIRED 2013-05-02 a"},
+        {20140102, 20130502, "CHARTS EXPIRED 2013-05-02 b, 2014-01-02 a"},
         {20260615, 20260616, ""},
-        {20991231, 20260614, "CHARTS EXPIRED 2026-06-14"},
+        {20991231, 20260614, "CHARTS EXPIRED 2026-06-14 b"},
         {20130502, 0, "CHARTS WITHOUT A DATE"},
     };
     for (const auto& [first, second, notice] : cases) {

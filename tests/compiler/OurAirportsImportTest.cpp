@@ -72,6 +72,7 @@ TEST_F(OurAirports, AttachesRunwaysAndFrequenciesToTheirAirports) {
     const auto& main = dus.runways[0];
     EXPECT_EQ(std::tuple(main.ends[0].id, main.ends[0].elevationFt, main.surface, main.hard, main.lighted),
         std::tuple("05R", 118, "CONC", true, true));
+    EXPECT_EQ(main.info, "Displaced thr 05R 984 ft");
     EXPECT_EQ(dus.runways[1].surface, "GRVL");
     EXPECT_FALSE(dus.runways[1].hard || dus.runways[1].ends[0].position);
     ASSERT_EQ(dus.comms.size(), 2U);
@@ -87,6 +88,23 @@ TEST_F(OurAirports, AttachesRunwaysAndFrequenciesToTheirAirports) {
     for (const auto& [what, count] : {std::pair{"closed airports", 1U}, {"closed runways", 1U}, {"balloon ports", 1U},
              {"helipads of airports with runways", 1U}, {"runways and frequencies of airports left out", 2U}})
         EXPECT_EQ(in_.log.omitted(what), count) << what;
+}
+
+TEST_F(OurAirports, NamesAirportsByTheirBestCodeThatIsFree) {
+    const std::string text =
+        "id,ident,type,name,latitude_deg,longitude_deg,icao_code,gps_code,local_code\n"
+        "1,HKTW,small_airport,Lodge,1,35,,HKTW,\n"  // an ICAO code of another one: the next row's
+        "2,KE-0001,small_airport,Turkwel,2,35,HKTW,,\n"
+        "3,XX-1,small_airport,Local,3,35,,,LF2433\n"  // its country's own
+        "4,YY-2,small_airport,None,4,35,,,\n"         // as it stands
+        "5,AB1,small_airport,First,5,35,,,\n"
+        "6,ZZ-3,heliport,Late,6,35,,AB1,\n"  // taken by its owner: as it stands
+        "7,ZZ-3,heliport,Twice,7,35,,,\n";   // nothing left
+    ASSERT_EQ(import_.importAirports(table("airports.csv", text)), "");
+    std::string idents;
+    for (const auto& airport : in_.data.airports) idents += airport.ident + ' ';
+    EXPECT_EQ(idents, "OA1 HKTW LF2433 YY-2 AB1 OA6 ZZ-3 ");
+    EXPECT_EQ(in_.log.taken("airports under the table's number"), 2U);
 }
 
 TEST_F(OurAirports, ReadsNavaidsWithTheirUsage) {

@@ -203,6 +203,7 @@ TEST_F(NavDatabaseTest, ListsAirwayPiecesOfCurrentFilesInOrder) {
     first.addAirway("V23", "OAK SAC");
     TestDatabase expired = first;
     expired.expiry = 20231231;
+    expired.addAirway("V23", "OUT OFDAT");
     TestDatabase last;
     last.expiry = 20200101;
     last.region = 'E';
