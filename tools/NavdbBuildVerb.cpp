@@ -8,6 +8,7 @@
 
 #include "compiler/NavdbBuild.h"
 #include "compiler/sources/AiracCycle.h"
+#include "compiler/sources/XPlaneFolder.h"
 #include "navdb/DatabaseLoader.h"
 #include "platform/Folders.h"
 #include "tools/Arguments.h"
@@ -63,7 +64,7 @@ NavdbBuildVerb::NavdbBuildVerb(CLI::App& verb)
     command_->add_option("--nav", nav_, "X-Plane's nav.dat or earth_nav.dat");
     command_->add_option("--fix", fix_, "X-Plane's fix.dat or earth_fix.dat");
     command_->add_option("--awy", awy_, "X-Plane's awy.dat or earth_awy.dat");
-    command_->add_option("--dir", folder_, "Folder of OurAirports' CSV files");
+    command_->add_option("--dir", folder_, "Folder of OurAirports' CSV files, or X-Plane's own");
     command_->add_option("-o", output_,
                          "The database to write; without it the one in the documents folder that "
                          "replaces the bundled one");
@@ -77,14 +78,19 @@ int NavdbBuildVerb::run(const Invocation& call) const {
     options.source = csv ? NavdbSource::OurAirports : NavdbSource::Xplane;
     if (csv && folder_.empty())
         usageError("--from ourairports needs --dir");
-    if (!csv && apt_.empty() && nav_.empty() && fix_.empty() && awy_.empty())
-        usageError("--from xplane needs one of --apt, --nav, --fix and --awy");
-    if (csv ? !(apt_ + nav_ + fix_ + awy_).empty() : !folder_.empty())
+    const bool namesFiles = !(apt_ + nav_ + fix_ + awy_).empty();
+    if (!csv && !namesFiles && folder_.empty())
+        usageError("--from xplane needs --dir or one of --apt, --nav, --fix and --awy");
+    if (csv && namesFiles)
         usageError("--dir goes with ourairports, the other files with xplane");
-    options.apt = apt_;
-    options.nav = nav_;
-    options.fix = fix_;
-    options.awy = awy_;
+    const XPlaneFiles inFolder = csv || folder_.empty() ? XPlaneFiles{} : findXPlaneFiles(folder_);
+    const auto chosen = [](const std::string& named, const std::filesystem::path& found) {
+        return named.empty() ? found : std::filesystem::path(named);
+    };
+    options.apt = chosen(apt_, inFolder.apt);
+    options.nav = chosen(nav_, inFolder.nav);
+    options.fix = chosen(fix_, inFolder.fix);
+    options.awy = chosen(awy_, inFolder.awy);
     options.folder = folder_;
     options.output = output_.empty() ? ownDatabase() : std::filesystem::path(output_);
     options.region = regionFrom(region_);

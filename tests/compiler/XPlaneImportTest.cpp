@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "compiler/ImportHarness.h"
+#include "compiler/sources/XPlaneFolder.h"
 
 namespace korvel { namespace {
 
@@ -220,6 +222,29 @@ TEST(XPlaneAirways, ReadsBothColumnLayouts) {
     EXPECT_EQ(now.data.airways.points()[2].type, AirwayPointType::Ndb);
     EXPECT_EQ(now.data.airways.airways().find("L602")->second.size(), 2U);
     EXPECT_EQ(now.data.cycle->yycc(), 1802);
+}
+
+TEST(XPlaneFolder, PrefersThePilotsOwnData) {
+    const TempFolder folder;
+    const auto found = [&] {
+        const XPlaneFiles files = findXPlaneFiles(folder.path());
+        std::string names;
+        for (const auto& path : {files.apt, files.nav, files.fix, files.awy})
+            names += path.empty() ? "- " : path.lexically_relative(folder.path()).generic_string() + ' ';
+        return names;
+    };
+    EXPECT_EQ(found(), "- - - - ");
+    folder.write("nav.dat.gz", "");
+    folder.write("apt.dat", "");
+    EXPECT_EQ(found(), "apt.dat nav.dat.gz - - ");
+    folder.write("Resources/default data/earth_nav.dat", "");
+    folder.write("Resources/default data/earth_awy.dat", "");
+    folder.write("Custom Data/earth_awy.dat", "");
+    folder.write("Global Scenery/Global Airports/Earth nav data/apt.dat", "");
+    std::filesystem::create_directory(folder / "earth_fix.dat");
+    EXPECT_EQ(found(),
+        "Global Scenery/Global Airports/Earth nav data/apt.dat Resources/default data/earth_nav.dat - "
+        "Custom Data/earth_awy.dat ");
 }
 
 }}  // namespace korvel
