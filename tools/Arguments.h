@@ -10,6 +10,9 @@
 
 namespace korvel {
 
+/// No two places on Earth are farther apart: whoever asks within this asks for all.
+inline constexpr double kHalfwayRoundNm = 10800.0;
+
 // Values on the command line. All of a text must be the value; what is not is wrong usage and
 // thrown as such. The user's locale does not matter.
 

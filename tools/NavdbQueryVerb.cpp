@@ -17,8 +17,6 @@
 namespace korvel {
 namespace {
 
-constexpr double kHalfwayRoundNm = 10800.0;
-
 Json tablesJson(const DatabaseDirectory& directory) {
     Json tables = Json::array();
     for (const auto& table : directory.tables()) {

@@ -15,6 +15,7 @@ int runGeo(Invocation& call);
 int runLoad(Invocation& call);
 int runNavdb(Invocation& call);
 int runNmea(Invocation& call);
+int runObstacles(Invocation& call);
 int runPlan(Invocation& call);
 int runProfile(Invocation& call);
 int runReceive(Invocation& call);
@@ -34,6 +35,7 @@ inline constexpr std::array kVerbs = {
     Verb{"load", "Load and merge a data folder", runLoad},
     Verb{"navdb", "Build, check and search database files", runNavdb},
     Verb{"nmea", "Decode a receiver's log", runNmea},
+    Verb{"obstacles", "The obstacles near a point", runObstacles},
     Verb{"plan", "Read a flight plan", runPlan},
     Verb{"profile", "Read or change a settings file", runProfile},
     Verb{"receive", "Listen to a receiver in the network", runReceive},

@@ -10,52 +10,25 @@ namespace korvel {
 CsvTable::CsvTable(std::string name, std::unique_ptr<ByteSource> source, ImportContext& context)
     : name_(std::move(name)), lines_(std::move(source)), context_(context) {}
 
-/// Appends the line's fields to the row, or its beginning to the field whose quotes are open.
-void CsvTable::splitLine(std::string_view line, bool& inQuotes) {
-    const auto open = [this] {
-        if (++fields_ > row_.size())
-            row_.emplace_back();
-        row_[fields_ - 1].clear();
-    };
-    if (!inQuotes)
-        open();
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        const char c = line[i];
-        if (c == '"') {
-            const bool doubled = inQuotes && i + 1 < line.size() && line[i + 1] == '"';
-            if (doubled)
-                row_[fields_ - 1] += line[++i];
-            else
-                inQuotes = !inQuotes;
-        } else if (c == ',' && !inQuotes) {
-            open();
-        } else {
-            row_[fields_ - 1] += c;
-        }
-    }
-}
-
 /// One record, which spans several lines when a quoted field does.
 bool CsvTable::readRow() {
     std::string_view line;
-    bool inQuotes = false;
-    fields_ = 0;
-    do {
+    row_.close();
+    bool goesOn = true;
+    while (goesOn) {
         if (!lines_.next(line))
             return false;
-        if (inQuotes)
-            row_[fields_ - 1] += ' ';
-        splitLine(line, inQuotes);
-    } while (inQuotes && row_[fields_ - 1].size() < LineReader::kLongestLine);
+        goesOn = row_.take(line) && row_.back().size() < LineReader::kLongestLine;
+    }
     return true;
 }
 
 std::string CsvTable::readHeader(std::span<const std::string_view> required) {
     if (!readRow())
         return lines_.failed() ? failure() : name_ + ": the file is empty";
-    row_.resize(fields_);
-    columns_ = std::move(row_);
-    row_.clear();
+    columns_.clear();
+    for (std::size_t i = 0; i < row_.size(); ++i)
+        columns_.emplace_back(row_[i]);
     for (const auto column : required)
         if (std::find(columns_.begin(), columns_.end(), column) == columns_.end())
             return name_ + ": column " + std::string(column) + " is missing";
@@ -70,9 +43,9 @@ bool CsvTable::next() {
         // Some of the headers end with a comma, their rows do not.
         const std::size_t expected =
             columns_.back().empty() ? columns_.size() - 1 : columns_.size();
-        if (fields_ >= expected)
+        if (row_.size() >= expected)
             return true;
-        if (fields_ > 1 || !row_[0].empty())
+        if (row_.size() > 1 || !row_[0].empty())
             malformed("fewer fields than columns");
     }
     return false;
@@ -81,7 +54,7 @@ bool CsvTable::next() {
 std::string_view CsvTable::operator[](std::string_view column) const {
     const auto found = std::find(columns_.begin(), columns_.end(), column);
     const auto index = static_cast<std::size_t>(found - columns_.begin());
-    return index < fields_ ? trimmed(row_[index]) : std::string_view{};
+    return trimmed(row_[index]);
 }
 
 void CsvTable::malformed(std::string_view reason) {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/CsvFields.h"
 #include "compiler/sources/XPlaneFile.h"
 
 namespace korvel {
@@ -33,14 +34,12 @@ class CsvTable {
 
  private:
     bool readRow();
-    void splitLine(std::string_view line, bool& inQuotes);
 
     std::string name_;
     LineReader lines_;
     ImportContext& context_;
     std::vector<std::string> columns_;
-    std::vector<std::string> row_;
-    std::size_t fields_ = 0;
+    CsvFields row_;
 };
 
 }  // namespace korvel

@@ -4,11 +4,10 @@
 #include <array>
 #include <cmath>
 #include <iterator>
-#include <system_error>
 #include <utility>
 
-#include "base/Ascii.h"
 #include "geo/Geodesy.h"
+#include "ground/DataFiles.h"
 #include "ground/airspace/OpenAir.h"
 #include "platform/FileIo.h"
 
@@ -18,21 +17,6 @@ namespace {
 constexpr std::array<std::string_view, 3> kEndings{".txt", ".air", ".openair"};
 /// Larger files are something else.
 constexpr std::size_t kLargestFile = 32U << 20U;
-
-std::vector<std::filesystem::path> candidates(const std::filesystem::path& folder) {
-    std::vector<std::filesystem::path> found;
-    std::error_code error;
-    for (std::filesystem::directory_iterator i(folder, error), end; !error && i != end;
-         i.increment(error)) {
-        const std::string name = i->path().filename().string();
-        if (std::ranges::any_of(kEndings, [&name](std::string_view ending) {
-                return endsWithIgnoringCase(name, ending);
-            }))
-            found.push_back(i->path());
-    }
-    std::ranges::sort(found);
-    return found;
-}
 
 double widthOf(const AirspaceBox& box) {
     return box.east - box.west + (box.east < box.west ? 360 : 0);
@@ -52,19 +36,17 @@ void AirspaceSet::load(std::span<const std::filesystem::path> folders, FileSyste
     std::vector<Airspace> airspaces;
     files_.clear();
     problems_.clear();
-    for (const std::filesystem::path& folder : folders) {
-        for (const std::filesystem::path& path : candidates(folder)) {
-            const auto bytes = readWholeFile(path, kLargestFile, disk);
-            if (!bytes || !looksLikeOpenAir(*bytes))
-                continue;
-            OpenAirFile file = readOpenAir(*bytes);
-            const std::string name = path.filename().string();
-            files_.push_back({name, file.airspaces.size()});
-            for (const OpenAirProblem& problem : file.problems)
-                problems_.push_back(name + " line " + std::to_string(problem.line) + ": " +
-                                    problem.text);
-            std::ranges::move(file.airspaces, std::back_inserter(airspaces));
-        }
+    for (const std::filesystem::path& path : dataFiles(folders, kEndings)) {
+        const auto bytes = readWholeFile(path, kLargestFile, disk);
+        if (!bytes || !looksLikeOpenAir(*bytes))
+            continue;
+        OpenAirFile file = readOpenAir(*bytes);
+        const std::string name = path.filename().string();
+        files_.push_back({name, file.airspaces.size()});
+        for (const OpenAirProblem& problem : file.problems)
+            problems_.push_back(name + " line " + std::to_string(problem.line) + ": " +
+                                problem.text);
+        std::ranges::move(file.airspaces, std::back_inserter(airspaces));
     }
     assign(std::move(airspaces));
 }

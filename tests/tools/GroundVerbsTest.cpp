@@ -42,6 +42,13 @@ TEST(Tool, TheGround) {
     EXPECT_EQ(json({"terrain", "45", "45"}), (Json{{"heightFt", 0}, {"source", "sea"}}));
     EXPECT_EQ(json({"terrain", "-75", "15"})["heightFt"], nullptr) << "land without a tile";
     EXPECT_EQ(json({"terrain", "along", "45,45", "46,45", "--points", "3"})["points"].size(), 3U);
+    folder.write("masts.csv", "name,lat,lon,agl,amsl\nMast,45,45.1,120,1500\nPole,45,45.01,40,\n");
+    const Json near = json({"obstacles", "near", "45", "45"})["obstacles"];
+    ASSERT_EQ(near.size(), 2U);
+    EXPECT_EQ(near[0]["elevationFt"], Json());
+    EXPECT_EQ(near[1], (Json{{"lat", near[1]["lat"]}, {"lon", near[1]["lon"]}, {"heightAglFt", 120},
+                           {"elevationFt", 1380}, {"topFt", 1500}, {"name", "Mast"}, {"source", "masts.csv"}}));
+    EXPECT_EQ(json({"obstacles", "near", "45", "45", "--within", "2"})["obstacles"].size(), 1U);
     EXPECT_EQ(runTool({"basemap", "info", air}).errors, "air.txt is not a base map\n");
     EXPECT_EQ(runTool({"basemap", "frob", "x"}).status, 2);
     EXPECT_EQ(runTool({"airspace", "list", "none"}).status, 1);
