@@ -55,7 +55,7 @@ inline constexpr int kSparseFromNm = 40;
 /// there is nothing else around: a strip on an island.
 inline constexpr int kNamedOnlyFromNm = 250;
 
-/// The layers of places by their bits in the setting "MapMask2"; a layer's labels have their bit
+/// The map's layers by their bits in the setting "MapMask2"; a layer's labels have their bit
 /// sixteen places higher.
 enum class PlaceLayerBit : unsigned {
     Airports = 1,
@@ -65,6 +65,15 @@ enum class PlaceLayerBit : unsigned {
     Ndbs = 5,
     Fixes = 6,
     VisualPoints = 7,
+    Airspaces = 8,
+    BaseMap = 9,  ///< land, water and lines; its labels are the towns
+    Terrain = 10,
+    // Off by default, so that they hide when they are set.
+    HideRivers = 11,
+    HideBorders = 12,
+    HideTowns = 13,
+    HideRelief = 14,
+    HideObstacles = 15,
 };
 
 /// What of the navaids and fixes the map shows, as the setting "RotateMask" counts it.

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <span>
+#include <vector>
 
 #include "map/MapView.h"
 
@@ -11,6 +12,7 @@ class GroundPicture;
 class MapColorCache;
 class MeasureTool;
 class TrackLevels;
+struct Town;
 struct CockpitData;
 struct PlaceSet;
 
@@ -25,10 +27,11 @@ struct MapContent {
     bool moved = false;      ///< the pilot looks elsewhere than at the aircraft
     bool trustMarks = true;  ///< stand on the map, because there is no status line above it
 
-    GroundPicture* ground = nullptr;       ///< kept from frame to frame; null for none
-    const PlaceSet* places = nullptr;      ///< from the databases; null for none
-    const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
-    const MeasureTool* measure = nullptr;  ///< the ruler; null for none
+    GroundPicture* ground = nullptr;           ///< kept from frame to frame; null for none
+    const std::vector<Town>* towns = nullptr;  ///< around the view, the weightiest first; or null
+    const PlaceSet* places = nullptr;          ///< from the databases; null for none
+    const TrackLevels* track = nullptr;        ///< of CockpitData::track; null for none
+    const MeasureTool* measure = nullptr;      ///< the ruler; null for none
 
     /// Paints the instrument that lies over the map and under its boxes; empty for none.
     std::function<void()> overMap{};

@@ -10,6 +10,14 @@ GroundFeed::GroundFeed(BaseMap* map, const AirspaceSet* airspaces)
         picture_->showAirspaces(airspaces);
 }
 
+bool GroundFeed::update(const FeedRequest& request) {
+    const GroundParts parts = GroundParts::from(request.settings);
+    if (!picture_ || picture_->parts() == parts)
+        return false;
+    picture_->showParts(parts);
+    return true;
+}
+
 void GroundFeed::forget() {
     if (picture_)
         picture_->forget();

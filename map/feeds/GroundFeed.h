@@ -14,7 +14,7 @@ class GroundFeed final : public ViewFeed {
     /// Null for none; both must outlive this.
     explicit GroundFeed(BaseMap* map, const AirspaceSet* airspaces = nullptr);
 
-    bool update(const FeedRequest& /*request*/) override { return false; }
+    bool update(const FeedRequest& request) override;
     bool isComplete() const override { return true; }
     void forget() override;
     void addTo(MapContent& content) const override;

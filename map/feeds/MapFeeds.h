@@ -4,6 +4,7 @@
 
 #include "map/feeds/GroundFeed.h"
 #include "map/feeds/PlaceFeed.h"
+#include "map/feeds/TownFeed.h"
 #include "map/feeds/TrackFeed.h"
 #include "map/feeds/ViewFeed.h"
 
@@ -16,7 +17,7 @@ class MapFeeds {
     /// All must outlive this; null for no map of the ground, and for no airspaces on it.
     explicit MapFeeds(const NavDatabase& database, BaseMap* ground = nullptr,
                       const AirspaceSet* airspaces = nullptr)
-        : ground_(ground, airspaces), places_(database) {}
+        : ground_(ground, airspaces), towns_(ground), places_(database) {}
 
     /// Call before each frame; true when something has changed.
     bool update(const FeedRequest& request);
@@ -30,9 +31,10 @@ class MapFeeds {
 
  private:
     GroundFeed ground_;
+    TownFeed towns_;
     PlaceFeed places_;
     TrackFeed track_;
-    std::array<ViewFeed*, 3> all_{&ground_, &places_, &track_};
+    std::array<ViewFeed*, 4> all_{&ground_, &towns_, &places_, &track_};
 };
 
 }  // namespace korvel

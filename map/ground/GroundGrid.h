@@ -24,6 +24,17 @@ class GroundGrid {
                 origin_.y + east * east_.y + north * north_.y};
     }
 
+    /// The inverse: x the longitude, y the latitude in degrees, counted on where the raster goes on
+    /// beyond the world. The grid is flat.
+    [[nodiscard]] Point degreesAt(Point pixel) const {
+        const Point off{pixel.x - origin_.x, pixel.y - origin_.y};
+        // The two directions stand upright on each other.
+        return {lonDeg_ + (off.x * east_.x + off.y * east_.y) / eastSquare_,
+                latDeg_ + (off.x * north_.x + off.y * north_.y) / northSquare_};
+    }
+    /// A step of one pixel towards the ground's north-west.
+    [[nodiscard]] Point northWest() const;
+
     /// Degrees; east may lie beyond 180 and west below -180.
     struct Box {
         double south = 0;
@@ -44,6 +55,8 @@ class GroundGrid {
     Point origin_;
     Point east_;
     Point north_;
+    double eastSquare_;
+    double northSquare_;
     bool flat_;
 };
 

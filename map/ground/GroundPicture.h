@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -10,13 +9,12 @@
 #include "ground/airspace/AirspaceSet.h"
 #include "ground/basemap/BaseMap.h"
 #include "map/MapView.h"
+#include "map/ground/GroundParts.h"
+#include "map/ground/GroundRaster.h"
 #include "paint/Canvas.h"
 #include "paint/MapColorCache.h"
-#include "paint/ground/Coverage.h"
 
 namespace korvel {
-
-class GroundGrid;
 
 /// The ground as one picture, a bit larger than the view and at the angle that the map had when it
 /// was made: while the aircraft flies and turns it is shifted and turned under everything else, and
@@ -25,17 +23,21 @@ class GroundGrid;
 class GroundPicture {
  public:
     /// The map must outlive the picture.
-    explicit GroundPicture(BaseMap& map) : map_(map) {}
+    explicit GroundPicture(BaseMap& map) : map_(map), raster_(map) {}
 
     /// The picture of this view; `pixelRatio` is that of the canvas. Draws it anew if needed.
     void prepare(const MapView& view, const MapColorCache& colors, double pixelRatio);
     /// What prepare() has made ready, and how it lies on the canvas.
-    [[nodiscard]] Bitmap bitmap() const { return {width_, height_, pixels_, true}; }
+    [[nodiscard]] Bitmap bitmap() const { return raster_.bitmap(); }
     [[nodiscard]] BitmapPlace place(const MapView& view) const;
 
     /// Draws their outlines from now on; null for none. They must outlive the picture.
     void showAirspaces(const AirspaceSet* airspaces) { airspaces_ = airspaces; }
     const AirspaceSet* airspaces() const { return airspaces_; }
+
+    /// Draws these parts alone from now on.
+    void showParts(const GroundParts& parts) { parts_ = parts; }
+    [[nodiscard]] const GroundParts& parts() const { return parts_; }
 
     /// Drops the picture.
     void forget() { key_.reset(); }
@@ -49,6 +51,7 @@ class GroundPicture {
         double pixelsPerNm = 0;
         int wholeLatDeg = 0;
         double pixelRatio = 1;
+        GroundParts parts;
         std::uint64_t airspaces = 0;  ///< their revision
         std::vector<ColorValue> colors;
 
@@ -57,20 +60,15 @@ class GroundPicture {
 
     [[nodiscard]] bool covers(const MapView& view) const;
     void draw(const MapView& view, const MapColorCache& colors);
-    void drawLines(const GroundGrid& grid, const MapColorCache& colors);
-    void drawAirspaces(const GroundGrid& grid, int rangeNm, const MapColorCache& colors);
-    void hideBeyondTheWorld(const GroundGrid& grid, ColorValue background);
 
     BaseMap& map_;
     const AirspaceSet* airspaces_ = nullptr;
+    GroundParts parts_;
     std::optional<Key> key_;
     GeoPoint center_;   ///< the ground under pivot_
     Point pivot_;       ///< pixels of the picture
     int angleDeg_ = 0;  ///< of the map when it was drawn
-    int width_ = 0;     ///< pixels
-    int height_ = 0;
-    std::vector<std::uint32_t> pixels_;
-    std::unique_ptr<Coverage> coverage_;  ///< kept for its memory
+    GroundRaster raster_;
     int drawn_ = 0;
 };
 

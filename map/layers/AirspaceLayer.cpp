@@ -51,7 +51,8 @@ TextStyle AirspaceLayer::style(ColorValue ink) const {
 }
 
 void AirspaceLayer::layOut(const TextMeasure& texts, LabelRoom& room) {
-    if (content().ground == nullptr || content().ground->airspaces() == nullptr)
+    if (content().ground == nullptr || content().ground->airspaces() == nullptr ||
+        !content().ground->parts().airspaceWords)
         return;
     const GroundGrid grid(view().projection, {0, 0}, 1);
     if (!grid.isFlat())

@@ -50,18 +50,21 @@ void GroundLayer::paintShapes(Canvas& canvas) const {
     if (!grid.isFlat())
         return;
     BaseMap& map = content().ground->map();
+    const GroundParts& parts = content().ground->parts();
     const Rect area = grown(view().area, kBeyondView);
     const GroundGrid::Box box = grid.box(view().area.right(), view().area.bottom());
     std::vector<std::pair<double, std::vector<Point>>> rings;
-    forLandRings(
-        map, grid, box, grid.metresPerPixel(),
-        [&](std::span<const Point> ring, int) {
-            if (std::vector<Point> inside = clipPolygon(ring, area); inside.size() >= 3)
-                rings.emplace_back(signedArea(ring), std::move(inside));
-        });
+    if (parts.land)
+        forLandRings(
+            map, grid, box, grid.metresPerPixel(),
+            [&](std::span<const Point> ring, int) {
+                if (std::vector<Point> inside = clipPolygon(ring, area); inside.size() >= 3)
+                    rings.emplace_back(signedArea(ring), std::move(inside));
+            });
     std::ranges::stable_sort(
         rings, [](const auto& a, const auto& b) { return std::abs(a.first) > std::abs(b.first); });
-    canvas.rect(view().area, Brush{color(ColorKey::GeoWater)}, std::nullopt);
+    if (parts.land)
+        canvas.rect(view().area, Brush{color(ColorKey::GeoWater)}, std::nullopt);
     for (const auto& [size, ring] : rings) {
         const ColorValue fill = color(size > 0 ? ColorKey::GeoLand : ColorKey::GeoWater);
         canvas.polygon(ring, Brush{fill}, Pen{.color = fill, .width = kSeamWidth});
@@ -75,9 +78,12 @@ void GroundLayer::paintShapes(Canvas& canvas) const {
                          });
                  });
     };
-    lines(SheetKind::Rivers, ColorKey::GeoWater, 2);
-    lines(SheetKind::Borders, ColorKey::GeoPoliticalBoundary, 2);
-    if (const AirspaceSet* const airspaces = content().ground->airspaces())
+    if (parts.rivers)
+        lines(SheetKind::Rivers, ColorKey::GeoWater, 2);
+    if (parts.borders)
+        lines(SheetKind::Borders, ColorKey::GeoPoliticalBoundary, 2);
+    if (const AirspaceSet* const airspaces = content().ground->airspaces();
+        airspaces != nullptr && parts.airspaces)
         forAirspaces(*airspaces, grid, box, view().rangeNm,
                      [&](const Airspace&, const AirspaceLook& look, std::span<const Point> line) {
                          clipPolyline(line, area, [&](std::span<const Point> piece) {

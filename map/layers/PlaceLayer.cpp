@@ -7,8 +7,11 @@
 namespace korvel {
 
 void PlaceLayer::layOut(const TextMeasure& texts, LabelRoom& room) {
+    const auto layTowns = [&] { towns_ = layOutTowns(content(), texts, room); };
     if (content().places != nullptr)
-        layout_ = layOutPlaces(content(), texts, room);
+        layout_ = layOutPlaces(content(), texts, room, layTowns);
+    else
+        layTowns();
 }
 
 void PlaceLayer::paint(Canvas& canvas) const {
@@ -21,6 +24,7 @@ void PlaceLayer::paint(Canvas& canvas) const {
 }
 
 void PlaceLayer::paintWords(Canvas& canvas) const {
+    paintTowns(canvas, content(), towns_);
     for (const PlaceLabel& name : layout_.names)
         canvas.text(name.anchor, name.text, name.style);
 }

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <vector>
+
 #include "map/layers/Layer.h"
 #include "map/layers/PlaceLayout.h"
+#include "map/layers/TownLayout.h"
 
 namespace korvel {
 
-/// The symbols of airports, navaids and fixes, and their names.
+/// The symbols of airports, navaids, fixes and towns, and their names.
 class PlaceLayer final : public Layer {
  public:
     using Layer::Layer;
@@ -16,6 +19,7 @@ class PlaceLayer final : public Layer {
 
  private:
     PlaceLayout layout_;
+    std::vector<TownMark> towns_;
 };
 
 }  // namespace korvel

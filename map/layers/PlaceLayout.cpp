@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "geo/Geodesy.h"
 #include "geo/WholeDegreeTrig.h"
@@ -63,21 +64,36 @@ class LayoutBuilder {
           aircraft_(aircraftArea(content.aircraft(), view_.textPx)),
           taken_(view_.area) {}
 
-    PlaceLayout build() {
+    PlaceLayout build(const std::function<void()>& beforeNavaids) {
+        beforeNavaids_ = &beforeNavaids;
         for (const MapPlace& place : content_.places->places) {
             if (layout_.marks.size() == kMostMarks)
                 break;
-            if (isShown(place.place, place.placeClass, view_.rangeNm, options_))
-                add(place);
+            if (!isShown(place.place, place.placeClass, view_.rangeNm, options_))
+                continue;
+            if (sparse_)
+                letOthersIn(place.placeClass);
+            add(place);
         }
         // Close by all symbols stand; the names find their room among them.
-        if (!sparse_)
-            for (const PlaceMark& mark : layout_.marks)
+        if (!sparse_) {
+            for (const PlaceMark& mark : layout_.marks) {
+                letOthersIn(mark.place->placeClass);
                 label(mark);
+            }
+        }
+        letOthersIn(std::nullopt);
         return std::move(layout_);
     }
 
  private:
+    /// Before the first navaid or fix, or at the end of all.
+    void letOthersIn(std::optional<PlaceClass> next) {
+        const bool first = next && (isAirport(*next) || *next == PlaceClass::UserFix);
+        if (!first && beforeNavaids_ != nullptr)
+            (*std::exchange(beforeNavaids_, nullptr))();
+    }
+
     void add(const MapPlace& place) {
         const PlaceMark mark = markOf(place);
         if (!overlap(mark.area, view_.area))
@@ -226,14 +242,16 @@ class LayoutBuilder {
     LabelRoom& room_;
     bool sparse_;
     Rect aircraft_;
-    LabelSpace taken_;  ///< by places and their names alone
+    const std::function<void()>* beforeNavaids_ = nullptr;  ///< until it is called
+    LabelSpace taken_;                                      ///< by places and their names alone
     PlaceLayout layout_;
 };
 
 }  // namespace
 
-PlaceLayout layOutPlaces(const MapContent& content, const TextMeasure& texts, LabelRoom& room) {
-    return LayoutBuilder(content, texts, room).build();
+PlaceLayout layOutPlaces(const MapContent& content, const TextMeasure& texts, LabelRoom& room,
+                         const std::function<void()>& beforeNavaids) {
+    return LayoutBuilder(content, texts, room).build(beforeNavaids);
 }
 
 std::optional<int> directionOf(const MapPlace& airport) {

@@ -2,6 +2,7 @@
 
 // Which places are drawn in one frame, where their symbols and names stand, as numbers.
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,8 +38,10 @@ struct PlaceLayout {
 };
 
 /// Takes the room of symbols and names. Less important places give way: far out the whole place,
-/// close by its name only. The content has places.
-PlaceLayout layOutPlaces(const MapContent& content, const TextMeasure& texts, LabelRoom& room);
+/// close by its name only. The content has places. `beforeNavaids` is called once, when all that is
+/// more important than any navaid or fix has its room, for what comes in between.
+PlaceLayout layOutPlaces(const MapContent& content, const TextMeasure& texts, LabelRoom& room,
+                         const std::function<void()>& beforeNavaids);
 
 /// How far the stroke along an airport's longest runway reaches out of its circle.
 inline constexpr double kRunwayStrokeShare = 1.7;

@@ -6,6 +6,7 @@
 
 #include "paint/Color.h"
 #include "paint/ground/Coverage.h"
+#include "paint/ground/HeightShading.h"
 
 namespace korvel {
 
@@ -13,6 +14,9 @@ namespace korvel {
 constexpr std::uint32_t toPixel(ColorValue color) {
     return 0xFF000000U | RedOf(color) << 16U | GreenOf(color) << 8U | BlueOf(color);
 }
+
+/// On a dark map lines are lighter than what they lie on.
+bool isDarkLand(ColorValue land);
 
 /// Every mixture of water and land, with the thin line of the shore between them: where a pixel is
 /// partly land it is darker than either, or lighter on a dark map.
@@ -22,10 +26,15 @@ class ShorePalette {
 
     /// Land, water and shore of a whole raster; `pixels` has its size.
     void paint(const Coverage& land, std::span<std::uint32_t> pixels) const;
+    /// The same with land in a colour for each of the heights, which is blended from one to the
+    /// next.
+    void paint(const Coverage& land, const HeightGrid& heights,
+               std::span<const std::uint32_t> colors, std::span<std::uint32_t> pixels) const;
     ColorValue shore() const { return shore_; }
 
  private:
     std::array<std::uint32_t, Coverage::kFull + 1> mixed_{};
+    std::array<std::uint8_t, Coverage::kFull + 1> line_{};  ///< of the shore's, in 256ths
     ColorValue shore_;
 };
 
