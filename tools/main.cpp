@@ -48,6 +48,7 @@ int run(int argc, const char* const* argv) {
         "korvelctl");
     std::string dataFolder;
     app.allow_windows_style_options(false);
+    app.set_version_flag("--version", "korvelctl " KORVEL_VERSION);
     app.prefix_command();  // what follows the verb is the verb's own
     app.add_option("--data", dataFolder, "Folder of the databases and colour schemes")
         ->check(CLI::ExistingDirectory);

@@ -57,6 +57,9 @@ bool isFolder(const fs::path& path) {
     return fs::is_directory(path, error);
 }
 
+/// A package's folder stays as it was installed, also where a superuser could write into it.
+bool belongsToPackage(const fs::path& folder) { return folder.string().starts_with("/usr/"); }
+
 }  // namespace
 
 fs::path executableFolder() {
@@ -68,7 +71,8 @@ fs::path executableFolder() {
 fs::path programFolder() {
     fs::path own = executableFolder();
     const auto base = configurationBase();
-    if (::access(own.c_str(), W_OK | X_OK) == 0 || !base)
+    const bool isOwn = !belongsToPackage(own) && ::access(own.c_str(), W_OK | X_OK) == 0;
+    if (isOwn || !base)
         return own;
     fs::path folder = *base / kProgramName;
     std::error_code error;
