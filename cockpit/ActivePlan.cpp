@@ -10,6 +10,7 @@
 #include "nav/plan/RouteEntry.h"
 #include "navdb/records/RecordKey.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -72,7 +73,7 @@ void ActivePlan::comeIntoForce() {
 
 std::string ActivePlan::proposedFileName() const {
     if (!file_.path.empty())
-        return file_.path.filename().string();
+        return textOf(file_.path.filename());
     const auto plan = entries();
     if (plan.empty())
         return {};
@@ -88,7 +89,7 @@ void ActivePlan::keepUnsaved() {
         return;
     const bool kept = files_.savePlanAs(unsaved_).empty();
     unsavedIsOurs_ = kept || unsavedIsOurs_;
-    const std::string name = unsaved_.filename().string();
+    const std::string name = textOf(unsaved_.filename());
     trouble_.note(kept ? std::string() : formatText(kFlightTexts.fileNotWritten, {name}));
 }
 
@@ -108,7 +109,8 @@ std::optional<std::string> ActivePlan::recover(const std::filesystem::path& path
         file_ = {.path = path, .text = readWholeFile(path).value_or("")};
         comeIntoForce();
     } else if (!systemFileSystem().rename(
-                   unsaved_, unsaved_.parent_path() / ("last-" + unsaved_.filename().string()))) {
+                   unsaved_,
+                   unsaved_.parent_path() / pathOf("last-" + textOf(unsaved_.filename())))) {
         unsaved_.clear();  // nothing is written over it
     }
     return wanted ? std::optional(std::move(error)) : std::nullopt;

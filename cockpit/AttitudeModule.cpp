@@ -5,6 +5,7 @@
 #include "config/Text.h"
 #include "config/texts/FlightTexts.h"
 #include "platform/Folders.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 
@@ -26,7 +27,7 @@ std::string AttitudeModule::load(const std::filesystem::path& path) {
         return {};
     draw_ = nullptr;
     return formatText(kFlightTexts.pluginLacksFunctions,
-                      {std::string_view(path.filename().string())});
+                      {std::string_view(textOf(path.filename()))});
 }
 
 void AttitudeModule::setListening(bool on) {

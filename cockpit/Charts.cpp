@@ -9,6 +9,7 @@
 #include "config/Text.h"
 #include "config/texts/StatusTexts.h"
 #include "navdb/file/DatabaseFile.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 
@@ -25,7 +26,7 @@ std::string expiredParts(const Files& files, std::uint32_t today) {
         const std::uint32_t expiry = file->header().expiry;
         unlike |= expiry != files.front()->header().expiry;
         if (expiry < today)
-            expired.emplace(expiry, std::filesystem::path(*file->fileName()).stem().string());
+            expired.emplace(expiry, textOf(pathOf(*file->fileName()).stem()));
     }
     std::string parts;
     for (const auto& [expiry, name] : expired) {

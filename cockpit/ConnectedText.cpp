@@ -12,6 +12,7 @@
 #include "config/texts/ConnectedTexts.h"
 #include "config/texts/ReceiverTexts.h"
 #include "navdb/file/DatabaseFile.h"
+#include "platform/PathText.h"
 #include "receiver/PortSettings.h"
 
 namespace korvel {
@@ -125,10 +126,10 @@ void addDatabases(std::string& words, const CKorvelDoc& document,
     addLine(words, text(kConnectedTexts.connectedFoldersHelp));
     for (const std::filesystem::path& folder : folders)
         if (!folder.empty())
-            addLine(words, "  " + folder.string());
+            addLine(words, "  " + textOf(folder));
     if (const auto& report = document.charts().report().path(); !report.empty()) {
         addLine(words, text(kConnectedTexts.connectedReport));
-        addLine(words, "  " + report.string());
+        addLine(words, "  " + textOf(report));
     }
 }
 

@@ -11,6 +11,7 @@
 #include "config/EscapedText.h"
 #include "config/ProfileFile.h"
 #include "navdb/NavDatabase.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -93,7 +94,8 @@ std::filesystem::path absolutePath(const std::filesystem::path& path) {
 
 FlightMemory::Resumed FlightMemory::begin(const std::filesystem::path& unsaved, bool wanted) {
     Resumed resumed;
-    const std::filesystem::path file = unescaped(profile_.getString(kOptionsSection, kPlanKey, ""));
+    const std::filesystem::path file =
+        pathOf(unescaped(profile_.getString(kOptionsSection, kPlanKey, "")));
     const std::string direct = profile_.getString(kOptionsSection, kDirectKey, "");
     ActivePlan& plan = flight_.plan();
     plan.keepUnsavedIn(unsaved);
@@ -112,7 +114,7 @@ void FlightMemory::resumePlan(Resumed& resumed, const std::filesystem::path& fil
     const std::string error = flight_.plan().open(file);
     resumed.plan = error.empty();
     if (!resumed.plan)
-        resumed.error = file.filename().string() + ":\n" + error;
+        resumed.error = textOf(file.filename()) + ":\n" + error;
 }
 
 bool FlightMemory::resumeDirect(std::string_view text) {
@@ -149,7 +151,7 @@ void FlightMemory::keep() {
     const std::filesystem::path& file = flight_.plan().file();
     if (file != keptFile_) {
         keptFile_ = file;
-        const std::string path = file.empty() ? std::string() : absolutePath(file).string();
+        const std::string path = file.empty() ? std::string() : textOf(absolutePath(file));
         profile_.setString(kOptionsSection, kPlanKey, escaped(path), true);
     } else if (file.empty()) {
         profile_.setString(kOptionsSection, kPlanKey, "", true);

@@ -4,6 +4,7 @@
 
 #include "config/EscapedText.h"
 #include "config/ProfileFile.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -18,7 +19,7 @@ RecentFiles::RecentFiles(ProfileFile& profile) : profile_(profile) {
     for (std::size_t i = 0; i < kMost; ++i) {
         const std::string file = unescaped(profile_.getString(kSection, nameOf(i), ""));
         if (!file.empty())
-            files_.emplace_back(file);
+            files_.push_back(pathOf(file));
     }
 }
 
@@ -37,8 +38,8 @@ void RecentFiles::remove(const std::filesystem::path& file) {
 
 void RecentFiles::store() {
     for (std::size_t i = 0; i < kMost; ++i) {
-        profile_.setString(kSection, nameOf(i),
-                           i < files_.size() ? escaped(files_[i].string()) : "", true);
+        profile_.setString(kSection, nameOf(i), i < files_.size() ? escaped(textOf(files_[i])) : "",
+                           true);
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include "cockpit/ActivePlan.h"
 #include "cockpit/PlanViewBuilder.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 
@@ -21,7 +22,7 @@ void ShownPlan::update(ActivePlan& plan, const NavDatabase& database, bool posit
     source_ = std::move(source);
     PlanView view = makePlanView(**held, database);
     view.active = source_.active;
-    view.fileName = plan.file().filename().string();
+    view.fileName = textOf(plan.file().filename());
     view.changed = plan.changed();
     view_ = std::make_shared<const PlanView>(std::move(view));
 }

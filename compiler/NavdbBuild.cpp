@@ -11,6 +11,7 @@
 #include "compiler/sources/OurAirportsImport.h"
 #include "compiler/sources/XPlaneImport.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 
@@ -40,10 +41,10 @@ std::string readAll(std::vector<InputFile>& files, ImportLog& log, const BuildPr
     }
     std::uintmax_t done = 0;
     for (const InputFile& file : files) {
-        const std::string name = file.path.filename().string();
+        const std::string name = textOf(file.path.filename());
         auto source = openTextFile(file.path);
         if (!source)
-            return std::string(kOpenError) + file.path.string();
+            return std::string(kOpenError) + textOf(file.path);
         ImportContext context{log, {}};
         if (progress)
             context.progress = [&](double share) {
@@ -91,9 +92,11 @@ std::vector<InputFile> ourAirportsFiles(const NavdbBuildOptions& options,
     using Import = std::string (OurAirportsImport::*)(CsvTable);
     std::vector<InputFile> files;
     const auto add = [&](const std::string& name, bool needed, Import table) {
-        std::filesystem::path path = options.folder / name;
-        if (!isThere(path) && isThere(path.string() + ".gz"))
-            path += ".gz";
+        std::filesystem::path path = options.folder / pathOf(name);
+        std::filesystem::path packed = path;
+        packed += ".gz";
+        if (!isThere(path) && isThere(packed))
+            path = std::move(packed);
         if (!needed && !isThere(path))
             return;
         files.push_back(
@@ -134,7 +137,7 @@ std::string writeDatabase(const AviationData& data, const NavdbBuildOptions& opt
     const std::string bytes = compileNavdb(data, header, log);
     report(progress, 0.95, "writing");
     if (!writeFileAtomically(options.output, bytes))
-        return std::string(kWriteError) + options.output.string();
+        return std::string(kWriteError) + textOf(options.output);
     report(progress, 1.0, "done");
     return {};
 }

@@ -8,6 +8,7 @@
 #include "compiler/sources/TownsImport.h"
 #include "navdb/search/NameWords.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -43,16 +44,15 @@ std::string buildTowns(const std::filesystem::path& input, const std::filesystem
                        ImportLog& log) {
     auto source = openTextFile(input);
     if (!source)
-        return "File Open Error: " + input.string();
+        return "File Open Error: " + textOf(input);
     ImportContext context{log, {}};
     std::vector<SourceTown> towns;
-    if (auto refused = importTowns(input.filename().string(), std::move(source), context, towns);
+    if (auto refused = importTowns(textOf(input.filename()), std::move(source), context, towns);
         !refused.empty())
         return refused;
     log.took("towns", towns.size());
-    return writeFileAtomically(output, compileTowns(towns))
-               ? std::string()
-               : "File Write Error: " + output.string();
+    return writeFileAtomically(output, compileTowns(towns)) ? std::string()
+                                                            : "File Write Error: " + textOf(output);
 }
 
 }  // namespace korvel

@@ -6,11 +6,12 @@
 
 #include "base/Ascii.h"
 #include "platform/Folders.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
 
-std::string nameOf(const std::filesystem::path& file) { return file.filename().string(); }
+std::string nameOf(const std::filesystem::path& file) { return textOf(file.filename()); }
 
 }  // namespace
 

@@ -11,6 +11,7 @@
 #include "config/TextBytes.h"
 #include "config/texts/FileTexts.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -99,7 +100,7 @@ std::string formatProfile(const ProfileEntries& entries) {
 ProfileFile::ProfileFile(const std::filesystem::path& folder, RegistryProfile& registry,
                          std::string_view fileName, FileSystem& disk, Access access)
     : registry_(registry), disk_(disk), access_(access) {
-    load(folder / fileName);
+    load(folder / pathOf(fileName));
 }
 
 ProfileFile::~ProfileFile() { save(); }
@@ -179,7 +180,7 @@ bool ProfileFile::isProtected() const {
 }
 
 void ProfileFile::load(const std::filesystem::path& file) {
-    fileName_ = file.filename().string();
+    fileName_ = textOf(file.filename());
     std::error_code unknown;
     if (access_ == Access::Own && !std::filesystem::exists(file, unknown))
         disk_.openForAppending(file).reset();

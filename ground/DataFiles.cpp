@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/Ascii.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 
@@ -16,7 +17,7 @@ std::vector<std::filesystem::path> dataFiles(std::span<const std::filesystem::pa
         std::error_code error;
         for (std::filesystem::directory_iterator i(folder, error), end; !error && i != end;
              i.increment(error)) {
-            const std::string name = i->path().filename().string();
+            const std::string name = textOf(i->path().filename());
             if (std::ranges::any_of(endings, [&name](std::string_view ending) {
                     return endsWithIgnoringCase(name, ending);
                 }))

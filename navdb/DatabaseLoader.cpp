@@ -8,6 +8,7 @@
 #include "config/texts/DatabaseTexts.h"
 #include "navdb/user/UserDatabaseReader.h"
 #include "platform/Folders.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -31,7 +32,7 @@ std::vector<std::vector<std::filesystem::path>> databasesIn(
     std::span<const std::filesystem::path> folders) {
     std::vector<std::vector<std::filesystem::path>> databases;
     const auto name = [](const std::filesystem::path& path) {
-        return inCapitals(path.filename().string());
+        return inCapitals(textOf(path.filename()));
     };
     for (const auto& path : filesIn(folders, "*.ng2")) {
         const auto same = std::ranges::find_if(databases, [&](const auto& paths) {
@@ -115,7 +116,7 @@ bool DatabaseLoader::openDatabases(std::span<const SameName> databases, const Pr
 }
 
 bool DatabaseLoader::openDatabase(const std::filesystem::path& path, const Progress& progress) {
-    const std::string name = path.filename().string();
+    const std::string name = textOf(path.filename());
     const std::string text = formatText(kDatabaseTexts.loading, {name});
     bool goesOn = true;
     const std::string error = database_.openFile(path, [&](int percent) {
@@ -142,8 +143,7 @@ void DatabaseLoader::openTowns(std::span<const std::filesystem::path> paths) {
 bool DatabaseLoader::loadUserFiles(std::span<const std::filesystem::path> paths,
                                    bool fromSecondSource, const Progress& progress) {
     for (std::size_t i = 0; i < paths.size(); ++i) {
-        const std::string doing =
-            formatText(kDatabaseTexts.loading, {paths[i].filename().string()});
+        const std::string doing = formatText(kDatabaseTexts.loading, {textOf(paths[i].filename())});
         bool goesOn = true;
         const auto tell = [&](double share) {
             const double done =
@@ -166,7 +166,7 @@ bool DatabaseLoader::loadUserFiles(std::span<const std::filesystem::path> paths,
 }
 
 void DatabaseLoader::reportFailure(const std::filesystem::path& path, std::string_view message) {
-    report_.AppendLoadReport(formatText(kDatabaseTexts.loading, {path.string()}) + "\r\n  " +
+    report_.AppendLoadReport(formatText(kDatabaseTexts.loading, {textOf(path)}) + "\r\n  " +
                              std::string(message) + "\r\n\r\n");
 }
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/Ascii.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -48,7 +49,7 @@ std::vector<std::filesystem::path> findFiles(const std::filesystem::path& folder
     std::error_code error;
     std::filesystem::directory_iterator entry(folder, error);
     while (!error && entry != std::filesystem::directory_iterator()) {
-        std::string name = entry->path().filename().string();
+        std::string name = textOf(entry->path().filename());
         std::error_code unreadable;
         if (matches(name, pattern) && entry->is_regular_file(unreadable))
             found.emplace_back(std::move(name), entry->path());

@@ -7,6 +7,7 @@
 #include "paint/Color.h"
 #include "paint/MapColorCache.h"
 #include "platform/Folders.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -22,7 +23,7 @@ std::uint32_t pixelOf(ColorValue color) {
 AttitudeView AttitudePicture::draw(AttitudeModule& module, int width, int height,
                                    const MapColorCache& colors, std::int64_t nowMs) {
     if (!module.isLoaded() || width <= 0 || height <= 0) {
-        const std::string folder = pluginFolder().string();
+        const std::string folder = textOf(pluginFolder());
         notice_ = module.error().empty()
                       ? formatText(kStatusTexts.noAttitudePlugin, {std::string_view(folder)})
                       : module.error();

@@ -7,6 +7,7 @@
 #include "ground/airspace/AirspaceSet.h"
 #include "ground/airspace/OpenAir.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 #include "tools/Arguments.h"
 #include "tools/Invocation.h"
 #include "tools/Verbs.h"
@@ -58,7 +59,7 @@ std::string airspaceLine(const Airspace& airspace) {
 }
 
 int listFile(const Invocation& call, const std::string& path) {
-    const auto bytes = readWholeFile(path);
+    const auto bytes = readWholeFile(pathOf(path));
     if (!bytes)
         return call.fail("File Open Error: " + path);
     const OpenAirFile file = readOpenAir(*bytes);

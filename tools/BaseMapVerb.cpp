@@ -4,6 +4,7 @@
 
 #include "base/TextNumbers.h"
 #include "ground/basemap/BaseMap.h"
+#include "platform/PathText.h"
 #include "tools/Arguments.h"
 #include "tools/Invocation.h"
 #include "tools/Verbs.h"
@@ -59,7 +60,7 @@ std::string infoText(const Json& document) {
 
 int printInfo(const Invocation& call, const std::string& path) {
     BaseMapFile file;
-    if (const std::string error = file.open(path); !error.empty())
+    if (const std::string error = file.open(pathOf(path)); !error.empty())
         return call.fail(error);
     Json levels = Json::array();
     Json rivers = Json::array();

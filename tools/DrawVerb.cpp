@@ -16,6 +16,7 @@
 #include "paint/MapColorCache.h"
 #include "paint/SvgCanvas.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 #include "screen/PagePainter.h"
 #include "tools/Arguments.h"
 #include "tools/Invocation.h"
@@ -152,7 +153,7 @@ std::pair<int, int> PictureOptions::pixels() const {
 }
 
 int PictureOptions::write(const Invocation& call, const SvgCanvas& canvas) const {
-    if (!writeFileAtomically(output, canvas.document()))
+    if (!writeFileAtomically(pathOf(output), canvas.document()))
         return call.fail("The file cannot be written: " + output);
     return call.done({{"file", output}}, "");
 }

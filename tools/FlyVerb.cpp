@@ -13,6 +13,7 @@
 #include "cockpit/CKorvelDoc.h"
 #include "config/ReceiverChoice.h"
 #include "geo/Geodesy.h"
+#include "platform/PathText.h"
 #include "platform/VirtualClock.h"
 #include "tools/Arguments.h"
 #include "tools/FeedDevice.h"
@@ -154,8 +155,9 @@ class FlownRun {
     std::string prepare() {
         if (!options_.nmea.empty()) {
             std::error_code unknown;
-            log_.open(options_.nmea, std::ios::binary);
-            if (!log_ || std::filesystem::is_directory(options_.nmea, unknown))
+            const std::filesystem::path log = pathOf(options_.nmea);
+            log_.open(log, std::ios::binary);
+            if (!log_ || std::filesystem::is_directory(log, unknown))
                 return "File Open Error: " + options_.nmea;
         }
         Flight& flight = document_->flight();
@@ -171,7 +173,7 @@ class FlownRun {
             flight.simulator().steerAtOnce();
         flight.simulator().setSteering(options_.steer != "off");
         if (!options_.plan.empty())
-            return flight.plan().open(options_.plan);
+            return flight.plan().open(pathOf(options_.plan));
         return options_.route.empty() ? std::string() : flight.plan().enterRoute(options_.route);
     }
 
@@ -192,8 +194,9 @@ class FlownRun {
                 return refusal_;
             clock_.advanceMs(Flight::kTickMs);
         }
-        return options_.trackOut.empty() ? std::string()
-                                         : document_->flight().track().saveTrack(options_.trackOut);
+        return options_.trackOut.empty()
+                   ? std::string()
+                   : document_->flight().track().saveTrack(pathOf(options_.trackOut));
     }
 
  private:

@@ -7,6 +7,7 @@
 
 #include "geo/Geodesy.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 #include "receiver/gdl90/Gdl90Receiver.h"
 #include "tools/Invocation.h"
 #include "tools/NmeaDecoding.h"
@@ -144,7 +145,7 @@ int runGdl90(Invocation& call) {
     call.options().add_option("file", file, "Raw frames, as they came")->required();
     call.options().add_flag("--fix", fix, "What the navigator makes of it, as nmea prints it");
     call.parse();
-    const auto bytes = readWholeFile(file);
+    const auto bytes = readWholeFile(pathOf(file));
     if (!bytes)
         return call.fail("File Open Error: " + file);
     return fix ? printFix(call, *bytes) : printMessages(call, *bytes);

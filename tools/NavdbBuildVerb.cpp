@@ -11,6 +11,7 @@
 #include "compiler/sources/XPlaneFolder.h"
 #include "navdb/DatabaseLoader.h"
 #include "platform/Folders.h"
+#include "platform/PathText.h"
 #include "tools/Arguments.h"
 #include "tools/ProgressBar.h"
 
@@ -83,16 +84,17 @@ int NavdbBuildVerb::run(const Invocation& call) const {
         usageError("--from xplane needs --dir or one of --apt, --nav, --fix and --awy");
     if (csv && namesFiles)
         usageError("--dir goes with ourairports, the other files with xplane");
-    const XPlaneFiles inFolder = csv || folder_.empty() ? XPlaneFiles{} : findXPlaneFiles(folder_);
+    const XPlaneFiles inFolder =
+        csv || folder_.empty() ? XPlaneFiles{} : findXPlaneFiles(pathOf(folder_));
     const auto chosen = [](const std::string& named, const std::filesystem::path& found) {
-        return named.empty() ? found : std::filesystem::path(named);
+        return named.empty() ? found : pathOf(named);
     };
     options.apt = chosen(apt_, inFolder.apt);
     options.nav = chosen(nav_, inFolder.nav);
     options.fix = chosen(fix_, inFolder.fix);
     options.awy = chosen(awy_, inFolder.awy);
-    options.folder = folder_;
-    options.output = output_.empty() ? ownDatabase() : std::filesystem::path(output_);
+    options.folder = pathOf(folder_);
+    options.output = output_.empty() ? ownDatabase() : pathOf(output_);
     options.region = regionFrom(region_);
     options.expiryYmd = expiryFrom(expiry_);
 
@@ -104,11 +106,11 @@ int NavdbBuildVerb::run(const Invocation& call) const {
     const std::string refused = buildNavdb(
         options, log, [&bar](double share, std::string_view what) { bar.show(share, what); });
     bar.clear();
-    const Json document = {{"output", options.output.string()},
+    const Json document = {{"output", textOf(options.output)},
                            {"taken", countsOf(log.takenCounts())},
                            {"leftOut", countsOf(log.leftOutCounts())},
                            {"malformed", countsOf(log.malformedCounts())}};
-    return refused.empty() ? call.done(document, log.summary() + options.output.string() + '\n')
+    return refused.empty() ? call.done(document, log.summary() + textOf(options.output) + '\n')
                            : call.fail(refused, document);
 }
 

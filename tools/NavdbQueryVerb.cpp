@@ -10,6 +10,7 @@
 #include "navdb/file/DatabaseFile.h"
 #include "navdb/file/DatabaseVerify.h"
 #include "navdb/records/AirportRecord.h"
+#include "platform/PathText.h"
 #include "tools/Arguments.h"
 #include "tools/LoadedDatabase.h"
 #include "tools/RecordJson.h"
@@ -137,7 +138,7 @@ int NavdbQueryVerb::run(const Invocation& call) const {
 
 int NavdbQueryVerb::info(const Invocation& call) const {
     DatabaseFile file;
-    if (const auto error = file.Open(file_, call.clock()); !error.empty())
+    if (const auto error = file.Open(pathOf(file_), call.clock()); !error.empty())
         return call.fail(error);
     const DatabaseHeader& header = file.header();
     const std::string region = file.regionLetter() == 0 ? "" : std::string(1, file.regionLetter());
@@ -161,13 +162,13 @@ int NavdbQueryVerb::info(const Invocation& call) const {
 }
 
 int NavdbQueryVerb::verify(const Invocation& call) const {
-    const std::string error = verifyDatabase(file_, call.clock());
+    const std::string error = verifyDatabase(pathOf(file_), call.clock());
     return error.empty() ? call.done({{"error", ""}}, "All is well\n") : call.fail(error);
 }
 
 int NavdbQueryVerb::rows(const Invocation& call) const {
     DatabaseFile file;
-    if (const auto error = file.Open(file_, call.clock()); !error.empty())
+    if (const auto error = file.Open(pathOf(file_), call.clock()); !error.empty())
         return call.fail(error);
     const IndexEntry* const index = file.index(index_);
     if (index == nullptr)

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "geo/GeoPoint.h"
+#include "platform/PathText.h"
 #include "tools/Arguments.h"
 #include "tools/Invocation.h"
 #include "tools/NmeaDecoding.h"
@@ -103,10 +104,11 @@ int runNmea(Invocation& call) {
     if (options.file == "-")
         return decodeLog(call, options, std::cin, 0);
     std::error_code unknown;
-    std::ifstream log(options.file, std::ios::binary);
-    if (!log || std::filesystem::is_directory(options.file, unknown))
+    const std::filesystem::path file = pathOf(options.file);
+    std::ifstream log(file, std::ios::binary);
+    if (!log || std::filesystem::is_directory(file, unknown))
         return call.fail("File Open Error: " + options.file);
-    const std::uintmax_t size = std::filesystem::file_size(options.file, unknown);
+    const std::uintmax_t size = std::filesystem::file_size(file, unknown);
     return decodeLog(call, options, log, unknown ? 0 : size);
 }
 

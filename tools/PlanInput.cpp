@@ -8,19 +8,21 @@
 #include "nav/plan/PlanHints.h"
 #include "nav/track/Track.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 #include "tools/RecordJson.h"
 
 namespace korvel {
 
 PlanInput::PlanInput(LoadedDatabase& loaded, const std::string& file)
     : files(loaded.database, fixes, &loaded.loader.userRecords(), plan) {
-    const auto bytes = readWholeFile(file);
-    error = bytes ? files.OpenPlanFile(file, *bytes)
+    const std::filesystem::path path = pathOf(file);
+    const auto bytes = readWholeFile(path);
+    error = bytes ? files.OpenPlanFile(path, *bytes)
                   : std::string(text(kFlightTexts.fileOpenError)) + ": " + file;
 }
 
 std::string readTrackFile(const std::string& file, Track& track) {
-    const auto bytes = readWholeFile(file);
+    const auto bytes = readWholeFile(pathOf(file));
     if (!bytes)
         return std::string(text(kFlightTexts.fileOpenError)) + ": " + file;
     return track.ReadTrackText(*bytes) ? std::string()

@@ -1,6 +1,7 @@
 #include <string>
 
 #include "base/TextNumbers.h"
+#include "platform/PathText.h"
 #include "tools/Invocation.h"
 #include "tools/LoadedDatabase.h"
 #include "tools/PlanInput.h"
@@ -39,7 +40,7 @@ int runPlan(Invocation& call) {
         plain += formatFixed((*plan)->totalNm(), kMileDecimals) + " nm\n";
     }
     if (!output.empty()) {
-        if (const std::string error = input.files.savePlanAs(output); !error.empty())
+        if (const std::string error = input.files.savePlanAs(pathOf(output)); !error.empty())
             return call.fail(error + ": " + output, document);
     }
     return call.done(document, plain);

@@ -13,6 +13,7 @@
 #include "config/ProfileFile.h"
 #include "config/Settings.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 #include "platform/RegistryProfile.h"
 #include "tools/Arguments.h"
 #include "tools/Invocation.h"
@@ -34,7 +35,7 @@ struct Action {
 };
 
 std::string errorFor(std::string_view message, const fs::path& file) {
-    return std::string(message) + ": " + file.string();
+    return std::string(message) + ": " + textOf(file);
 }
 
 int saved(const Invocation& call, ProfileFile& profile, const Json& value) {
@@ -113,7 +114,7 @@ int runProfile(Invocation& call) {
     call.options().add_option("words", words, "SECTION NAME DEFAULT, or SECTION NAME VALUE");
     call.parse();
     if (name.empty())
-        return listEntries(call, file);
+        return listEntries(call, pathOf(file));
 
     const auto* action = std::ranges::find(kActions, name, &Action::name);
     if (action == kActions.end())
@@ -124,9 +125,9 @@ int runProfile(Invocation& call) {
     }
     if (name.ends_with("-int"))
         toInt(words[2]);  // complain before a missing file is created
-    const fs::path path(file);
+    const fs::path path = pathOf(file);
     const std::unique_ptr<RegistryProfile> registry = openRegistryProfile();
-    ProfileFile profile(path.parent_path(), *registry, path.filename().string());
+    ProfileFile profile(path.parent_path(), *registry, textOf(path.filename()));
     if (profile.path().empty())
         return call.fail(errorFor(kOpenError, path));
     return action->run(call, profile, words);

@@ -8,6 +8,7 @@
 #include "config/texts/FlightTexts.h"
 #include "nav/track/Track.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 #include "platform/SystemClock.h"
 #include "tools/Invocation.h"
 #include "tools/PlanInput.h"
@@ -88,7 +89,8 @@ int runTrack(Invocation& call) {
             document["base"] = isoText(recording->baseS);
     }
     std::string lines;
-    if (!output.empty() && !(track.WriteTrackText(lines) && writeFileAtomically(output, lines)))
+    if (!output.empty() &&
+        !(track.WriteTrackText(lines) && writeFileAtomically(pathOf(output), lines)))
         return call.fail(std::string(text(kFlightTexts.fileOpenError)) + ": " + output, document);
     return call.done(document, plain);
 }

@@ -5,10 +5,15 @@
 #include <iostream>
 #include <optional>
 #include <string>
+#include <system_error>
+#include <utility>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 
+#include "platform/PathText.h"
+#include "platform/ProgramArguments.h"
+#include "platform/Terminal.h"
 #include "tools/Invocation.h"
 #include "tools/Verbs.h"
 
@@ -42,7 +47,14 @@ int runVerb(const Verb& verb, std::vector<std::string> arguments,
     }
 }
 
-int run(int argc, const char* const* argv) {
+/// Like the option parser's own, which does not know every name on every system.
+std::string complaintAboutFolder(const std::string& name) {
+    std::error_code error;
+    return std::filesystem::is_directory(pathOf(name), error) ? std::string()
+                                                              : "Directory does not exist: " + name;
+}
+
+int run(std::vector<std::string> arguments) {
     CLI::App app(
         "Korvel Pro without its window: checks files, decodes logs, plans and flies routes.",
         "korvelctl");
@@ -51,10 +63,13 @@ int run(int argc, const char* const* argv) {
     app.set_version_flag("--version", "korvelctl " KORVEL_VERSION);
     app.prefix_command();  // what follows the verb is the verb's own
     app.add_option("--data", dataFolder, "Folder of the databases and colour schemes")
-        ->check(CLI::ExistingDirectory);
+        ->check(complaintAboutFolder, "DIR");
     app.footer(verbList());
     try {
-        app.parse(argc, argv);
+        std::reverse(arguments.begin() + 1,
+                     arguments.end());  // the parser wants the last one first
+        arguments.erase(arguments.begin());
+        app.parse(std::move(arguments));
         std::vector<std::string> rest = app.remaining();
         if (rest.empty())
             throw CLI::RequiredError("A verb");
@@ -62,9 +77,8 @@ int run(int argc, const char* const* argv) {
         if (verb == kVerbs.end())
             throw CLI::ExtrasError(std::vector<std::string>{rest.front()});
         rest.erase(rest.begin());
-        return runVerb(
-            *verb, std::move(rest),
-            dataFolder.empty() ? std::nullopt : std::optional<std::filesystem::path>(dataFolder));
+        return runVerb(*verb, std::move(rest),
+                       dataFolder.empty() ? std::nullopt : std::optional(pathOf(dataFolder)));
     } catch (const CLI::Error& error) {
         return usage(app, error);
     }
@@ -75,7 +89,8 @@ int run(int argc, const char* const* argv) {
 
 int main(int argc, char** argv) {
     try {
-        const int status = korvel::run(argc, argv);
+        korvel::writePlainUtf8();
+        const int status = korvel::run(korvel::programArguments(argc, argv));
         if (std::cout.flush())
             return status;
         std::cerr << "The output cannot be written\n";

@@ -17,6 +17,7 @@
 #include "config/texts/StatusTexts.h"
 #include "platform/FileIo.h"
 #include "platform/Folders.h"
+#include "platform/PathText.h"
 #include "platform/SerialDevice.h"
 #include "receiver/DemoFlight.h"
 #include "receiver/ReplayScript.h"
@@ -34,7 +35,7 @@ constexpr int kLookForTheEndMs = 500;
 /// A file name that was relative to a folder; empty stays empty.
 void makeAbsolute(std::string& file, const std::filesystem::path& folder) {
     if (!file.empty())
-        file = (folder / file).string();
+        file = textOf(folder / pathOf(file));
 }
 
 template <class Items, class Name>
@@ -48,7 +49,7 @@ std::string listOf(const Items& items, Name name) {
 }  // namespace
 
 std::filesystem::path CKorvelApp::profileFolder(const CommandLine& line) {
-    return line.profileFolder.empty() ? programFolder() : std::filesystem::path(line.profileFolder);
+    return line.profileFolder.empty() ? programFolder() : pathOf(line.profileFolder);
 }
 
 CKorvelApp::CKorvelApp(const CommandLine& line, OneWindow& window)
@@ -85,7 +86,7 @@ std::string CKorvelApp::startWindow() {
     if (std::string error = startReplayAndView(); !error.empty())
         return error;
     if (const auto& copy = profile_.damagedCopy(); !copy.empty())
-        frame_.screen().say(formatText(kFileTexts.profileDamaged, {copy.filename().string()}));
+        frame_.screen().say(formatText(kFileTexts.profileDamaged, {textOf(copy.filename())}));
     if (!window_.isOurs())
         frame_.screen().say(std::string(text(kFileTexts.otherWindow)));
     frame_.loadDatabases([this] { openWhatIsAsked(); });
@@ -103,7 +104,7 @@ void CKorvelApp::openWhatIsAsked() {
         frame_.resume(ours ? profileFolder(line_) / kUnsavedPlan : std::filesystem::path(),
                       ours && line_.planFile.empty());
     if (!line_.planFile.empty())
-        frame_.openFileOrTell(line_.planFile);
+        frame_.openFileOrTell(pathOf(line_.planFile));
     startSimulator();
     if (!asked && !recovered)
         frame_.welcome();
@@ -133,7 +134,7 @@ std::string CKorvelApp::startAgain(const OneWindow::Start& start) {
     if (std::string error = startReplayAndView(); !error.empty() || waits)
         return error;
     if (!line_.planFile.empty())
-        frame_.openFileOrTell(line_.planFile);
+        frame_.openFileOrTell(pathOf(line_.planFile));
     startSimulator();
     return {};
 }
@@ -172,14 +173,14 @@ std::string CKorvelApp::startReplayAndView() {
 std::string CKorvelApp::startReplay() {
     if (!line_.demo && line_.replayFile.empty())
         return {};
-    const auto log = line_.demo ? makeDemoFlightLog() : readWholeFile(line_.replayFile);
+    const auto log = line_.demo ? makeDemoFlightLog() : readWholeFile(pathOf(line_.replayFile));
     if (!log)
         return line_.replayFile + ": cannot be read";
     auto script = makeReplayScript(*log);
     if (script.empty())
         return line_.replayFile + ": holds no sentences of a receiver";
     std::string label = line_.demo ? std::string(text(kStatusTexts.demonstration))
-                                   : std::filesystem::path(line_.replayFile).filename().string();
+                                   : textOf(pathOf(line_.replayFile).filename());
     document_.useSource(std::make_unique<ReplaySource>(
         std::move(script),
         ReplaySource::Options{.label = std::move(label),

@@ -17,6 +17,7 @@
 #include "config/texts/CommandTexts.h"
 #include "config/texts/FileTexts.h"
 #include "config/texts/FlightTexts.h"
+#include "platform/PathText.h"
 #include "window/AppIcon.h"
 #include "window/QtPath.h"
 #include "window/QtText.h"
@@ -169,7 +170,7 @@ bool CMainFrame::resume(const std::filesystem::path& unsaved, bool wanted) {
     if (resumed.unsaved)
         news = text(kFileTexts.planRecovered);
     else if (resumed.plan)
-        news = formatText(kFileTexts.planReopened, {plan.file().filename().string()});
+        news = formatText(kFileTexts.planReopened, {textOf(plan.file().filename())});
     if (resumed.direct) {
         const std::string name = document().flight().navigation().state().activeName;
         news += (news.empty() ? "" : "\n") + formatText(kFlightTexts.directTo, {name});

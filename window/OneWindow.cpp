@@ -9,6 +9,8 @@
 #include <QLocalSocket>
 #include <QThread>
 
+#include "platform/PathText.h"
+
 namespace korvel {
 namespace {
 
@@ -18,7 +20,7 @@ constexpr int kAnswerMs = 5000;
 constexpr int kPauseMs = 50;
 
 QByteArray bytesOf(const std::filesystem::path& path) {
-    return QByteArray::fromStdString(path.string());
+    return QByteArray::fromStdString(textOf(path));
 }
 
 /// The same for every way to name the folder, and different for every folder.
@@ -96,7 +98,7 @@ void OneWindow::answer(QLocalSocket& caller) {
     stream >> arguments >> folder;
     if (!stream.commitTransaction())
         return;
-    Start start{.arguments = {}, .folder = folder.toStdString()};
+    Start start{.arguments = {}, .folder = pathOf(folder.toStdString())};
     for (const QByteArray& argument : arguments)
         start.arguments.push_back(argument.toStdString());
     stream << QByteArray::fromStdString(onStart_(start));

@@ -11,6 +11,8 @@
 
 #include "config/Text.h"
 #include "config/texts/CommandTexts.h"
+#include "platform/PathText.h"
+#include "platform/ProgramArguments.h"
 #include "window/CKorvelApp.h"
 #include "window/CommandLine.h"
 #include "window/Language.h"
@@ -50,7 +52,8 @@ void dropToolkitChatter(QtMsgType type, const QMessageLogContext& /*context*/,
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::vector<std::string_view> arguments(argv + 1, argv + argc);
+    const std::vector<std::string> words = korvel::programArguments(argc, argv);
+    const std::vector<std::string_view> arguments(words.begin() + 1, words.end());
     korvel::CommandLine line;
     if (const std::string error = korvel::parseCommandLine(arguments, line); !error.empty())
         return complain(error);
@@ -64,7 +67,7 @@ int main(int argc, char** argv) {
         return 0;
     }
     qInstallMessageHandler(dropToolkitChatter);
-    if (!line.profileFolder.empty() && !isFolder(line.profileFolder))
+    if (!line.profileFolder.empty() && !isFolder(korvel::pathOf(line.profileFolder)))
         return complain(line.profileFolder + ": is no folder and cannot be made one");
     if (lacksDisplay()) {
         if (line.snapshotFile.empty())

@@ -6,6 +6,8 @@
 #include <utility>
 #include <zlib.h>
 
+#include "platform/FileNumber.h"
+
 namespace korvel {
 
 namespace {
@@ -73,10 +75,11 @@ std::unique_ptr<ByteSource> openTextFile(const std::filesystem::path& path) {
     const auto size = std::filesystem::file_size(path, error);
     if (error)
         return nullptr;
-    gzFile file = gzopen(path.string().c_str(), "rb");
-    if (file == nullptr)
+    const int number = openFileNumber(path);
+    if (number < 0)
         return nullptr;
-    return std::make_unique<FileSource>(file, size);
+    gzFile file = gzdopen(number, "rb");
+    return file != nullptr ? std::make_unique<FileSource>(file, size) : nullptr;
 }
 
 std::unique_ptr<ByteSource> openText(std::string_view text) {

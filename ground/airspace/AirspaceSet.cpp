@@ -10,6 +10,7 @@
 #include "ground/DataFiles.h"
 #include "ground/airspace/OpenAir.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -41,7 +42,7 @@ void AirspaceSet::load(std::span<const std::filesystem::path> folders, FileSyste
         if (!bytes || !looksLikeOpenAir(*bytes))
             continue;
         OpenAirFile file = readOpenAir(*bytes);
-        const std::string name = path.filename().string();
+        const std::string name = textOf(path.filename());
         files_.push_back({name, file.airspaces.size()});
         for (const OpenAirProblem& problem : file.problems)
             problems_.push_back(name + " line " + std::to_string(problem.line) + ": " +

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "geo/Geodesy.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -43,7 +44,7 @@ bool isInside(const MapTile& tile, double x, double y) {
 }  // namespace
 
 std::string BaseMap::open(const std::filesystem::path& path, FileSystem& disk) {
-    return open(disk.openRandomAccess(path), path.filename().string());
+    return open(disk.openRandomAccess(path), textOf(path.filename()));
 }
 
 std::string BaseMap::open(std::unique_ptr<RandomAccessFile> file, const std::string& name) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <zlib.h>
 
+#include "platform/PathText.h"
+
 namespace korvel {
 namespace {
 
@@ -33,7 +35,7 @@ bool isSheet(const MapSheet& sheet) {
 }  // namespace
 
 std::string BaseMapFile::open(const std::filesystem::path& path, FileSystem& disk) {
-    return open(disk.openRandomAccess(path), path.filename().string());
+    return open(disk.openRandomAccess(path), textOf(path.filename()));
 }
 
 std::string BaseMapFile::open(std::unique_ptr<RandomAccessFile> file, const std::string& name) {

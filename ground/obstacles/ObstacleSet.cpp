@@ -8,6 +8,7 @@
 #include "ground/DataFiles.h"
 #include "ground/obstacles/ObstacleFile.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -38,7 +39,7 @@ void ObstacleSet::load(std::span<const std::filesystem::path> folders, FileSyste
         if (!bytes || !looksLikeObstacles(*bytes))
             continue;
         ObstacleFile file = readObstacles(*bytes);
-        const std::string name = path.filename().string();
+        const std::string name = textOf(path.filename());
         files_.push_back({name, file.obstacles.size()});
         for (const ObstacleProblem& problem : file.problems)
             problems_.push_back(name + " line " + std::to_string(problem.line) + ": " +

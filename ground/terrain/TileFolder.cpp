@@ -6,6 +6,7 @@
 
 #include "base/Ascii.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -31,7 +32,7 @@ TileFolder::TileFolder(std::span<const std::filesystem::path> folders, FileSyste
             found.push_back(i->path());
         std::ranges::sort(found);
         for (const std::filesystem::path& file : found) {
-            const std::string name = file.filename().string();
+            const std::string name = textOf(file.filename());
             if (const auto corner = tileOfName(name); corner && isTileName(name))
                 files_.try_emplace(*corner, file);
         }
@@ -45,7 +46,7 @@ std::optional<TileFolder::Height> TileFolder::heightAt(GeoPoint point) {
     const auto metres = tile(found->first, found->second)->heightM(point);
     if (!metres)
         return std::nullopt;
-    return Height{*metres, found->second.filename().string()};
+    return Height{*metres, textOf(found->second.filename())};
 }
 
 const HgtTile* TileFolder::tile(TileCorner corner, const std::filesystem::path& file) {
@@ -62,7 +63,7 @@ const HgtTile* TileFolder::tile(TileCorner corner, const std::filesystem::path& 
         bytes ? tile.read(*bytes, corner) : std::string("The file cannot be read");
     if (!error.empty()) {
         tile.markEmpty(corner);
-        problems_.push_back(file.filename().string() + ": " + error);
+        problems_.push_back(textOf(file.filename()) + ": " + error);
     }
     return &tile;
 }

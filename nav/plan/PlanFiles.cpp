@@ -14,6 +14,7 @@
 #include "navdb/records/FixRecord.h"
 #include "navdb/user/UserRecordStore.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 bool PlanFiles::isOwnPlace(std::string_view key) const {
@@ -47,7 +48,7 @@ std::string PlanFiles::savePlanAs(const std::filesystem::path& path) const {
 
 std::string PlanFiles::OpenPlanFile(const std::filesystem::path& path, std::string_view bytes) {
     openedFile_.clear();
-    const std::string name = path.string();
+    const std::string name = textOf(path);
     if (endsWithIgnoringCase(name, ".FP"))
         return openText(bytes, path);
     if (!endsWithIgnoringCase(name, ".TXT"))

@@ -6,6 +6,7 @@
 #include "config/Text.h"
 #include "config/texts/FlightTexts.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -29,7 +30,7 @@ std::optional<std::string> LineJournal::completeLines() const {
 }
 
 std::string LineJournal::trouble() const {
-    return formatText(kFlightTexts.fileNotWritten, {path_.filename().string()});
+    return formatText(kFlightTexts.fileNotWritten, {textOf(path_.filename())});
 }
 
 std::string LineJournal::append(std::string_view lines) {

@@ -5,6 +5,7 @@
 #include "config/Text.h"
 #include "config/texts/FlightTexts.h"
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -98,7 +99,7 @@ std::string TrackRecorder::openTrack(const std::filesystem::path& path) {
 
 std::string TrackRecorder::show(TrackLines lines) {
     if (!setAside())
-        return formatText(kFlightTexts.fileNotWritten, {lastName(1).filename().string()});
+        return formatText(kFlightTexts.fileNotWritten, {textOf(lastName(1).filename())});
     auto opened = std::make_shared<Track>(clock_);
     opened->take(std::move(lines));
     opened->setPendingBreak();
@@ -110,7 +111,7 @@ std::string TrackRecorder::show(TrackLines lines) {
 std::filesystem::path TrackRecorder::lastName(int age) const {
     const auto& path = journal_.path();
     const std::string number = age == 1 ? "" : std::to_string(age) + '-';
-    return path.parent_path() / ("last-" + number + path.filename().string());
+    return path.parent_path() / pathOf("last-" + number + textOf(path.filename()));
 }
 
 /// False when the journal is still in its place; then nothing of it or of an older one is lost.

@@ -9,6 +9,7 @@
 #include "config/texts/DatabaseTexts.h"
 #include "navdb/file/DatabaseChecksum.h"
 #include "navdb/file/LittleEndian.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -106,7 +107,7 @@ std::string DatabaseFile::Open(const std::filesystem::path& path, const Clock& c
     }
     pastDate_ = korvel::isPastDate(header_.expiry, clock);
     expired_ = pastDate_ && dateCounts(header_.expiry, regionLetter());
-    fileName_ = std::make_shared<const std::string>(path.filename().string());
+    fileName_ = std::make_shared<const std::string>(textOf(path.filename()));
     *rows_.lock() = RowReader(path, header_.stringArea, disk);
     if (progress)
         progress(kAllDone);

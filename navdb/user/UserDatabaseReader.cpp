@@ -7,6 +7,7 @@
 
 #include "base/Ascii.h"
 #include "config/texts/DatabaseTexts.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 namespace {
@@ -24,8 +25,8 @@ std::string UserDatabaseReader::LoadFile(const std::filesystem::path& path, File
     const auto file = disk.openRandomAccess(path);
     if (!file)
         return std::string(text(kDatabaseTexts.userFileOpenError));
-    fileName_ = std::make_shared<const std::string>(path.filename().string());
-    report_.AppendLoadReport(formatText(kDatabaseTexts.loading, {path.string()}) + "\r\n");
+    fileName_ = std::make_shared<const std::string>(textOf(path.filename()));
+    report_.AppendLoadReport(formatText(kDatabaseTexts.loading, {textOf(path)}) + "\r\n");
     if (file->size() > 0) {
         if (!readLines(*file))
             return {};

@@ -6,4 +6,6 @@ namespace korvel {
 
 bool errorOutputIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 
+void writePlainUtf8() {}  // as it is
+
 }  // namespace korvel

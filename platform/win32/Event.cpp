@@ -20,7 +20,7 @@ HANDLE handleOf(std::intptr_t native) {
 
 Event::Event(Reset reset) : reset_(reset) {
     const HANDLE made =
-        CreateEventA(nullptr, reset == Reset::Manual ? TRUE : FALSE, FALSE, nullptr);
+        CreateEventW(nullptr, reset == Reset::Manual ? TRUE : FALSE, FALSE, nullptr);
     native_ = made != nullptr ? reinterpret_cast<std::intptr_t>(made) : kNone;
 }
 

@@ -6,6 +6,7 @@
 
 #include "platform/TemporaryName.h"
 #include "platform/win32/Handle.h"
+#include "platform/win32/LongPath.h"
 
 namespace korvel {
 namespace {
@@ -18,7 +19,7 @@ constexpr std::size_t kMaxPiece = std::size_t{1} << 24U;
 DWORD pieceOf(std::size_t size) { return static_cast<DWORD>(std::min(size, kMaxPiece)); }
 
 Handle open(const fs::path& file, DWORD access, DWORD sharing, DWORD whichOnes) {
-    return Handle(CreateFileW(file.c_str(), access, sharing, nullptr, whichOnes,
+    return Handle(CreateFileW(longPath(file).c_str(), access, sharing, nullptr, whichOnes,
                               FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
@@ -166,12 +167,13 @@ class WindowsFileSystem final : public FileSystem {
     }
 
     bool rename(const fs::path& from, const fs::path& to) override {
-        return MoveFileExW(from.c_str(), to.c_str(),
+        return MoveFileExW(longPath(from).c_str(), longPath(to).c_str(),
                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
     }
 
     bool remove(const fs::path& path) override {
-        return DeleteFileW(path.c_str()) != FALSE || GetLastError() == ERROR_FILE_NOT_FOUND;
+        return DeleteFileW(longPath(path).c_str()) != FALSE ||
+               GetLastError() == ERROR_FILE_NOT_FOUND;
     }
 
     void syncFolder(const fs::path& /*folder*/) override {}  // renaming has written it through

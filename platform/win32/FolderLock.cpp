@@ -1,6 +1,7 @@
 #include "platform/FolderLock.h"
 
 #include "platform/win32/Handle.h"
+#include "platform/win32/LongPath.h"
 
 namespace korvel {
 
@@ -11,8 +12,8 @@ struct FolderLock::File {
 /// Whoever has the file open shares it with nobody.
 FolderLock::FolderLock(const std::filesystem::path& folder) : file_(std::make_unique<File>()) {
     const std::filesystem::path name = folder / "korvel.lock";
-    file_->handle = Handle(CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
-                                       OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    file_->handle = Handle(CreateFileW(longPath(name).c_str(), GENERIC_READ | GENERIC_WRITE, 0,
+                                       nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (file_->handle)
         holder_ = Holder::Us;
     else if (GetLastError() == ERROR_SHARING_VIOLATION)

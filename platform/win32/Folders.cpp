@@ -1,10 +1,13 @@
 #include "platform/Folders.h"
 
-#include <array>
-#include <shlobj.h>
+#include <memory>
 #include <string>
 #include <system_error>
+// The system's header before those that stand on it.
+// clang-format off
 #include <windows.h>
+#include <shlobj.h>
+// clang-format on
 
 #include "platform/win32/Handle.h"
 
@@ -16,10 +19,12 @@ namespace fs = std::filesystem;
 constexpr const wchar_t* kProgramName = L"Korvel Pro";
 constexpr std::size_t kLongestPath = 32768;
 
-fs::path specialFolder(int id) {
-    std::array<wchar_t, MAX_PATH> path{};
-    const bool known = SHGetSpecialFolderPathW(nullptr, path.data(), id, FALSE) != FALSE;
-    return known ? fs::path(path.data()) : fs::path();
+/// Empty when there is none.
+fs::path knownFolder(const KNOWNFOLDERID& id) {
+    wchar_t* path = nullptr;
+    const bool known = SHGetKnownFolderPath(id, KF_FLAG_DEFAULT, nullptr, &path) == S_OK;
+    const std::unique_ptr<wchar_t, decltype(&CoTaskMemFree)> owner(path, &CoTaskMemFree);
+    return known ? fs::path(path) : fs::path();
 }
 
 /// Only making a file tells: the access lists say little under user account control.
@@ -41,7 +46,7 @@ fs::path executableFolder() {
 
 fs::path programFolder() {
     fs::path own = executableFolder();
-    const fs::path base = specialFolder(CSIDL_APPDATA);
+    const fs::path base = knownFolder(FOLDERID_RoamingAppData);
     if (base.empty() || canBeWritten(own))
         return own;
     fs::path folder = base / kProgramName;
@@ -50,6 +55,6 @@ fs::path programFolder() {
     return folder;
 }
 
-fs::path documentsFolder() { return specialFolder(CSIDL_PERSONAL); }
+fs::path documentsFolder() { return knownFolder(FOLDERID_Documents); }
 
 }  // namespace korvel

@@ -1,12 +1,15 @@
 #include "platform/NetSocket.h"
 
-#include <cstring>
-#include <memory>
-#include <mstcpip.h>
+// The socket's header before the system's, which would bring an older one.
+// clang-format off
 #include <winsock2.h>
 #include <ws2tcpip.h>
-
-#include "platform/win32/Handle.h"
+#include <mstcpip.h>
+// clang-format on
+#include <array>
+#include <cstddef>
+#include <cstring>
+#include <memory>
 
 namespace korvel {
 namespace {

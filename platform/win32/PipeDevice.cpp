@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/ReadTimer.h"
+#include "platform/win32/WideText.h"
 
 namespace korvel {
 namespace {
@@ -102,7 +103,7 @@ class PipeDevice final : public SerialDevice {
 }  // namespace
 
 PipeTransfer readPipe(HANDLE pipe, std::span<char> into, DWORD waitMs, Event* stop) {
-    const Handle done(CreateEventA(nullptr, TRUE, FALSE, nullptr));
+    const Handle done(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     if (!done)
         return {.error = GetLastError()};
     OVERLAPPED transfer{};
@@ -113,7 +114,7 @@ PipeTransfer readPipe(HANDLE pipe, std::span<char> into, DWORD waitMs, Event* st
 }
 
 PipeTransfer writePipe(HANDLE pipe, std::string_view bytes, DWORD waitMs, Event* stop) {
-    const Handle done(CreateEventA(nullptr, TRUE, FALSE, nullptr));
+    const Handle done(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     if (!done)
         return {.error = GetLastError()};
     OVERLAPPED transfer{};
@@ -124,8 +125,8 @@ PipeTransfer writePipe(HANDLE pipe, std::string_view bytes, DWORD waitMs, Event*
 }
 
 std::unique_ptr<SerialDevice> openPipeDevice(const std::string& path, SystemError& error) {
-    Handle pipe(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                            FILE_FLAG_OVERLAPPED, nullptr));
+    Handle pipe(CreateFileW(wideText(path).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                            OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr));
     if (!pipe) {
         error = GetLastError() == ERROR_PIPE_BUSY ? kErrorAccessDenied : GetLastError();
         return nullptr;

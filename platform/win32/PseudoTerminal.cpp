@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/win32/PipeDevice.h"
+#include "platform/win32/WideText.h"
 
 namespace korvel {
 namespace {
@@ -65,7 +66,7 @@ class WindowsPseudoTerminal final : public PseudoTerminal {
     bool waitForPort(steady_clock::time_point deadline) {
         if (!pipe_)
             return false;
-        const Handle done(CreateEventA(nullptr, TRUE, FALSE, nullptr));
+        const Handle done(CreateEventW(nullptr, TRUE, FALSE, nullptr));
         OVERLAPPED connection{};
         connection.hEvent = done.get();
         if (ConnectNamedPipe(pipe_.get(), &connection) != FALSE)
@@ -97,8 +98,9 @@ std::unique_ptr<PseudoTerminal> PseudoTerminal::create() {
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
         const std::string name = R"(pipe\kpt)" + std::to_string(next++ % 100000);
         const std::string path = R"(\\.\)" + name;
-        Handle pipe(CreateNamedPipeA(
-            path.c_str(), PIPE_ACCESS_DUPLEX | FILE_FLAG_OVERLAPPED | FILE_FLAG_FIRST_PIPE_INSTANCE,
+        Handle pipe(CreateNamedPipeW(
+            wideText(path).c_str(),
+            PIPE_ACCESS_DUPLEX | FILE_FLAG_OVERLAPPED | FILE_FLAG_FIRST_PIPE_INSTANCE,
             PIPE_TYPE_BYTE | PIPE_READMODE_BYTE | PIPE_WAIT, 1, kPipeBuffer, kPipeBuffer, 0,
             nullptr));
         if (pipe)

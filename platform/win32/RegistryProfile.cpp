@@ -1,32 +1,32 @@
 #include "platform/RegistryProfile.h"
 
-#include <cstring>
-#include <optional>
 #include <windows.h>
+
+#include "platform/win32/WideText.h"
 
 namespace korvel {
 namespace {
 
-constexpr std::string_view kProgramKey = R"(Software\Tarnwick\Korvel Pro\)";
+constexpr std::wstring_view kProgramKey = LR"(Software\Tarnwick\Korvel Pro\)";
 
 /// One key per section under the current user; integers are REG_DWORD, texts REG_SZ.
 class WindowsRegistryProfile final : public RegistryProfile {
  public:
     int getInt(std::string_view section, std::string_view name, int fallback) override {
-        const auto bytes = read(section, name, RRF_RT_REG_DWORD);
-        int value = fallback;
-        if (bytes && bytes->size() == sizeof value)
-            std::memcpy(&value, bytes->data(), sizeof value);
-        return value;
+        int value = 0;
+        DWORD size = sizeof value;
+        return read(section, name, RRF_RT_REG_DWORD, &value, size) ? value : fallback;
     }
 
     std::string getString(std::string_view section, std::string_view name,
                           std::string_view fallback) override {
-        auto bytes = read(section, name, RRF_RT_REG_SZ);
-        if (!bytes)
+        DWORD size = 0;
+        if (!read(section, name, RRF_RT_REG_SZ, nullptr, size))
             return std::string(fallback);
-        bytes->resize(std::strlen(bytes->c_str()));  // the value's own zero
-        return *bytes;
+        std::wstring text(size / sizeof(wchar_t), L'\0');
+        if (!read(section, name, RRF_RT_REG_SZ, text.data(), size))
+            return std::string(fallback);
+        return narrowText(text.c_str());  // up to the value's own zero
     }
 
     void setInt(std::string_view section, std::string_view name, int value) override {
@@ -35,37 +35,28 @@ class WindowsRegistryProfile final : public RegistryProfile {
 
     void setString(std::string_view section, std::string_view name,
                    std::string_view value) override {
-        const std::string text(value);
-        write(section, name, REG_SZ, text.c_str(), text.size() + 1);
+        const std::wstring text = wideText(value);
+        write(section, name, REG_SZ, text.c_str(), (text.size() + 1) * sizeof(wchar_t));
     }
 
     bool lasts() const override { return true; }
 
  private:
-    static std::string keyOf(std::string_view section) {
-        return std::string(kProgramKey) + std::string(section);
+    static std::wstring keyOf(std::string_view section) {
+        return std::wstring(kProgramKey) + wideText(section);
     }
 
-    static std::optional<std::string> read(std::string_view section, std::string_view name,
-                                           DWORD type) {
-        const std::string key = keyOf(section);
-        const std::string value(name);
-        DWORD size = 0;
-        if (RegGetValueA(HKEY_CURRENT_USER, key.c_str(), value.c_str(), type, nullptr, nullptr,
-                         &size) != ERROR_SUCCESS)
-            return std::nullopt;
-        std::string bytes(size, '\0');
-        if (RegGetValueA(HKEY_CURRENT_USER, key.c_str(), value.c_str(), type, nullptr, bytes.data(),
-                         &size) != ERROR_SUCCESS)
-            return std::nullopt;
-        bytes.resize(size);
-        return bytes;
+    /// `size` is the room that there is at `into`, and then how much the value takes.
+    static bool read(std::string_view section, std::string_view name, DWORD type, void* into,
+                     DWORD& size) {
+        return RegGetValueW(HKEY_CURRENT_USER, keyOf(section).c_str(), wideText(name).c_str(), type,
+                            nullptr, into, &size) == ERROR_SUCCESS;
     }
 
     /// A value that cannot be stored is lost, as the interface says nothing of failure.
     static void write(std::string_view section, std::string_view name, DWORD type,
                       const void* bytes, std::size_t size) {
-        RegSetKeyValueA(HKEY_CURRENT_USER, keyOf(section).c_str(), std::string(name).c_str(), type,
+        RegSetKeyValueW(HKEY_CURRENT_USER, keyOf(section).c_str(), wideText(name).c_str(), type,
                         bytes, static_cast<DWORD>(size));
     }
 };

@@ -7,6 +7,7 @@
 
 #include "platform/win32/Handle.h"
 #include "platform/win32/PipeDevice.h"
+#include "platform/win32/WideText.h"
 
 namespace korvel {
 namespace {
@@ -38,6 +39,7 @@ class WindowsSerialDevice final : public SerialDevice {
 
  private:
     static SystemError resultOf(BOOL done) { return done == FALSE ? GetLastError() : kNoError; }
+    bool isThere() const;
 
     Handle port_;
     std::atomic<bool> aborted_ = false;
@@ -105,13 +107,40 @@ SystemError WindowsSerialDevice::setTimeouts(const SerialTimeouts& timeouts) {
     return resultOf(SetCommTimeouts(port_.get(), &system));
 }
 
+/// How an adapter that was pulled out answers depends on its driver.
+SystemError transferError(SystemError error) {
+    switch (error) {
+        case ERROR_ACCESS_DENIED:
+        case ERROR_INVALID_HANDLE:
+        case ERROR_NOT_READY:
+        case ERROR_BAD_COMMAND:
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_BROKEN_PIPE:
+        case ERROR_IO_DEVICE:
+        case ERROR_DEVICE_NOT_CONNECTED:
+        case ERROR_DEVICE_REMOVED:
+            return kErrorDeviceFailure;
+        default:
+            return error;
+    }
+}
+
+/// Some drivers let reads from what is gone run into their timeout, as if it had just been silent.
+bool WindowsSerialDevice::isThere() const {
+    DWORD errors = 0;
+    COMSTAT status{};
+    return ClearCommError(port_.get(), &errors, &status) != FALSE;
+}
+
 SerialDevice::Transfer WindowsSerialDevice::read(std::span<char> into) {
     if (aborted_)
         return {.error = kErrorOperationAborted, .count = 0};
     DWORD count = 0;
     const SystemError error = resultOf(
         ReadFile(port_.get(), into.data(), static_cast<DWORD>(into.size()), &count, nullptr));
-    return {.error = error, .count = count};
+    if (error == kNoError && count == 0 && !isThere())
+        return {.error = kErrorDeviceFailure, .count = 0};
+    return {.error = transferError(error), .count = count};
 }
 
 SerialDevice::Transfer WindowsSerialDevice::write(std::string_view bytes) {
@@ -120,14 +149,14 @@ SerialDevice::Transfer WindowsSerialDevice::write(std::string_view bytes) {
     DWORD count = 0;
     const SystemError error = resultOf(
         WriteFile(port_.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr));
-    return {.error = error, .count = count};
+    return {.error = transferError(error), .count = count};
 }
 
 std::unique_ptr<SerialDevice> openPort(const std::string& path, SystemError& error) {
     if (path.starts_with(kPipePrefix))
         return openPipeDevice(path, error);
-    Handle port(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                            0, nullptr));
+    Handle port(CreateFileW(wideText(path).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                            OPEN_EXISTING, 0, nullptr));
     if (!port) {
         error = GetLastError();
         return nullptr;

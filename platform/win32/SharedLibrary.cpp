@@ -11,7 +11,7 @@ SharedLibrary::~SharedLibrary() { unload(); }
 
 std::string SharedLibrary::load(const std::filesystem::path& path) {
     unload();
-    handle_ = LoadLibraryA(path.string().c_str());
+    handle_ = LoadLibraryW(path.c_str());
     return handle_ != nullptr ? std::string()
                               : std::system_category().message(static_cast<int>(GetLastError()));
 }

@@ -14,6 +14,7 @@
 #include "config/texts/FlightTexts.h"
 #include "config/texts/MessageTexts.h"
 #include "platform/Folders.h"
+#include "platform/PathText.h"
 #include "screen/Screen.h"
 #include "window/QtPath.h"
 #include "window/QtText.h"
@@ -88,7 +89,7 @@ void FileCommands::showRecent() {
 
 /// The message alone does not tell which file it is about.
 void FileCommands::showFileError(const std::filesystem::path& path, const std::string& error) {
-    host_.showError(path.filename().string() + ":\n" + error);
+    host_.showError(textOf(path.filename()) + ":\n" + error);
 }
 
 // Plans
@@ -111,7 +112,7 @@ void FileCommands::openFile(const std::filesystem::path& path) {
     withPlanSafe([this, path] {
         if (const std::string error = load(path); !error.empty())
             return showFileError(path, error);
-        host_.screen().say(formatText(kFileTexts.planOpened, {path.filename().string()}));
+        host_.screen().say(formatText(kFileTexts.planOpened, {textOf(path.filename())}));
     });
 }
 
@@ -140,7 +141,7 @@ void FileCommands::savePlanTo(const std::filesystem::path& path,
     if (const std::string error = flight().plan().saveAs(path); !error.empty())
         return host_.showError(error);
     recent_.add(absolutePath(path));
-    host_.screen().say(formatText(kFileTexts.planSaved, {path.filename().string()}));
+    host_.screen().say(formatText(kFileTexts.planSaved, {textOf(path.filename())}));
     next();
 }
 
@@ -204,7 +205,7 @@ void FileCommands::openTrack(const std::filesystem::path& path) {
 
 /// Whether the file has been read; what is in force stays until then.
 void FileCommands::followTrack() {
-    const std::string name = opening_->path().filename().string();
+    const std::string name = textOf(opening_->path().filename());
     if (!opening_->isFinished())
         return progress_->show(formatText(kFileTexts.openingFile, {name}), opening_->percent());
     timer_.stop();
@@ -221,7 +222,7 @@ void FileCommands::followTrack() {
 void FileCommands::showTrack(const std::filesystem::path& path, TrackLines lines) {
     if (const std::string error = flight().track().show(std::move(lines)); !error.empty())
         return host_.showError(error);
-    host_.screen().say(formatText(kFileTexts.trackOpened, {path.filename().string()}));
+    host_.screen().say(formatText(kFileTexts.trackOpened, {textOf(path.filename())}));
 }
 
 /// Does `next` at once, or when the pilot has saved what was recorded or wants it no more.
@@ -242,7 +243,7 @@ void FileCommands::saveTrackAs(const std::function<void()>& next) {
                if (const std::string error = flight().track().saveTrack(path); !error.empty())
                    return host_.showError(error);
                recent_.add(absolutePath(path));
-               host_.screen().say(formatText(kFileTexts.planSaved, {path.filename().string()}));
+               host_.screen().say(formatText(kFileTexts.planSaved, {textOf(path.filename())}));
                next();
            });
 }
