@@ -1,13 +1,13 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
+#include <random>
 #include <string>
 #include <string_view>
 
 #include "platform/FileIo.h"
+#include "platform/PathText.h"
 
 namespace korvel {
 
@@ -15,9 +15,9 @@ namespace korvel {
 class TempFolder {
  public:
     TempFolder() {
-        std::string name = std::filesystem::temp_directory_path() / "korvel-test-XXXXXX";
-        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for the test: " + name);
-        path_ = name;
+        std::random_device number;
+        do path_ = std::filesystem::temp_directory_path() / ("korvel-test-" + std::to_string(number()));
+        while (!std::filesystem::create_directory(path_));
     }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
@@ -27,13 +27,13 @@ class TempFolder {
     }
 
     const std::filesystem::path& path() const { return path_; }
-    std::filesystem::path operator/(std::string_view name) const { return path_ / name; }
-    std::string read(std::string_view name) const { return readWholeFile(path_ / name).value_or("(no file)"); }
-    bool has(std::string_view name) const { return std::filesystem::exists(path_ / name); }
+    std::filesystem::path operator/(std::string_view name) const { return path_ / pathOf(name); }
+    std::string read(std::string_view name) const { return readWholeFile(*this / name).value_or("(no file)"); }
+    bool has(std::string_view name) const { return std::filesystem::exists(*this / name); }
 
     /// Writes a file of the folder, and the folders on the way to it.
     std::filesystem::path write(std::string_view name, std::string_view bytes) const {
-        const std::filesystem::path file = path_ / name;
+        std::filesystem::path file = *this / name;
         std::filesystem::create_directories(file.parent_path());
         std::ofstream(file, std::ios::binary) << bytes;
         return file;

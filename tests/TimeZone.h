@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstdlib>
-#include <ctime>
 #include <string>
+
+#include "system/Environment.h"
 
 namespace korvel {
 
@@ -11,21 +12,22 @@ class TimeZone {
  public:
     explicit TimeZone(const char* zone) {
         if (const char* const former = std::getenv("TZ")) former_ = former;
-        setenv("TZ", zone, 1);
-        tzset();
+        setVariable("TZ", zone);
+        isInForce_ = rereadTimeZone();
     }
     TimeZone(const TimeZone&) = delete;
     TimeZone& operator=(const TimeZone&) = delete;
     ~TimeZone() {
-        if (former_.empty())
-            unsetenv("TZ");
-        else
-            setenv("TZ", former_.c_str(), 1);
-        tzset();
+        setVariable("TZ", former_.empty() ? nullptr : former_.c_str());
+        rereadTimeZone();
     }
+
+    /// False where the zone is the whole system's, which a test has to leave alone.
+    bool isInForce() const { return isInForce_; }
 
  private:
     std::string former_;
+    bool isInForce_ = false;
 };
 
 }  // namespace korvel

@@ -52,6 +52,7 @@ TEST(Modes, TheChartsMarkIsCutWhereItMustBe) {
 
 TEST(CorrectedClock, TellsTheTrueTimeInTheComputersZone) {
     const TimeZone zone("CET-1CEST,M3.5.0,M10.5.0/3");
+    if (!zone.isInForce()) GTEST_SKIP() << "the zone is the whole system's";
     const SystemClock system;
     // A computer that came up without a battery, in winter, while it is summer.
     const VirtualClock wrong({.year = 2000, .month = 1, .day = 1, .hour = 1}, system);

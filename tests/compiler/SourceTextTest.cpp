@@ -49,8 +49,8 @@ TEST(LineReader, KeepsLinesWholeAcrossBlocksPlainAndCompressed) {
     EXPECT_EQ(linesOf(openText(text)), lines);
 
     const TempFolder folder;
-    const std::string path = folder / "lines.gz";
-    gzFile file = gzopen(path.c_str(), "wb");
+    const std::filesystem::path path = folder / "lines.gz";
+    gzFile file = gzopen(textOf(path).c_str(), "wb");
     gzwrite(file, text.data(), static_cast<unsigned>(text.size()));
     gzclose(file);
     EXPECT_EQ(linesOf(openTextFile(path)), lines);

@@ -349,7 +349,8 @@ TEST(DataCurrencyTest, CountsADayOf24HoursWhereTheClocksChange) {
         {"UTC0", 20260308, {2026, 3, 8, 23, 59, 59}, {2026, 3, 9, 0, 0, 0}}};
     const SystemClock zone;
     for (const auto& c : cases) {
-        const TimeZone inForce(c.zone);
+        const TimeZone zoneOfCase(c.zone);
+        if (!zoneOfCase.isInForce()) GTEST_SKIP() << "the zone is the whole system's";
         EXPECT_FALSE(isOutOfDate(c.expiry, 'K', VirtualClock(c.lastGood, zone))) << c.zone << c.expiry;
         EXPECT_TRUE(isOutOfDate(c.expiry, 'K', VirtualClock(c.firstExpired, zone))) << c.zone << c.expiry;
     }

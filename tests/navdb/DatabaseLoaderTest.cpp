@@ -32,7 +32,7 @@ class DatabaseLoaderTest : public ::testing::Test {
             return true;
         });
         std::string text = report_.text();
-        const std::string folder = folder_.path().string() + "/";
+        const std::string folder = (folder_.path() / "").string();
         for (auto at = text.find(folder); at != std::string::npos; at = text.find(folder))
             text.erase(at, folder.size());
         return text;

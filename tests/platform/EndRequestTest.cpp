@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/DescriptorLimit.h"
 #include "platform/EndRequest.h"
+#include "system/DescriptorLimit.h"
 
 namespace korvel { namespace {
 

@@ -2,17 +2,18 @@
 #include <csignal>
 #include <fcntl.h>
 #include <sys/ioctl.h>
+#include <sys/resource.h>
 #include <termios.h>
 
 #include <gtest/gtest.h>
 
 #include "TempFolder.h"
-#include "platform/DescriptorLimit.h"
 #include "platform/Event.h"
 #include "platform/FileSystem.h"
 #include "platform/PseudoTerminal.h"
 #include "platform/SerialDevice.h"
 #include "platform/linux/FileDescriptor.h"
+#include "system/DescriptorLimit.h"
 
 namespace korvel { namespace {
 

@@ -7,6 +7,7 @@
 #include "TempFolder.h"
 #include "platform/PseudoTerminal.h"
 #include "platform/SerialDevice.h"
+#include "system/SpecialFiles.h"
 
 namespace korvel { namespace {
 
@@ -74,7 +75,7 @@ TEST_F(SerialDeviceTest, OthersAreKeptOutAndAColonIsPartOfAName) {
     device_.reset();
     const TempFolder ports;
     const std::string name = far_->deviceName();
-    std::filesystem::create_symlink(name.substr(0, name.find(':')), ports.path() / "com4");
+    if (!makeLink(name.substr(0, name.find(':')), ports / "com4")) GTEST_SKIP() << "no links to name ports by";
     const auto opener = systemSerialDeviceOpener(ports.path());
     EXPECT_NE(opener(R"(\\.\COM4:)", error_), nullptr);
     EXPECT_NE(opener(R"(\\.\COM4)", error_), nullptr);

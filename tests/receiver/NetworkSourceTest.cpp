@@ -1,11 +1,7 @@
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <gtest/gtest.h>
 
 #include "PortFixtures.h"
+#include "Sockets.h"
 #include "platform/SystemClock.h"
 #include "receiver/network/NetworkSource.h"
 
@@ -48,39 +44,43 @@ struct Heard final : SentenceListener {
 /// The far end on this machine's own network.
 class Peer {
  public:
-    explicit Peer(int type) : fd_(::socket(AF_INET, type | SOCK_CLOEXEC, 0)) {
-        sockaddr_in at = local(0);
-        ::bind(fd_, reinterpret_cast<const sockaddr*>(&at), sizeof at);
-        if (type == SOCK_STREAM) ::listen(fd_, 4);
+    explicit Peer(int type) {
+        startSockets();
+        own_ = ::socket(AF_INET, type, 0);
+        const sockaddr_in at = local(0);
+        ::bind(own_, reinterpret_cast<const sockaddr*>(&at), sizeof at);
+        if (type == SOCK_STREAM) ::listen(own_, 4);
     }
     Peer(const Peer&) = delete;
     Peer& operator=(const Peer&) = delete;
     ~Peer() {
         hangUp();
-        ::close(fd_);
+        closeSocket(own_);
     }
     std::uint16_t port() const {
         sockaddr_in at{};
         socklen_t size = sizeof at;
-        ::getsockname(fd_, reinterpret_cast<sockaddr*>(&at), &size);
+        ::getsockname(own_, reinterpret_cast<sockaddr*>(&at), &size);
         return ntohs(at.sin_port);
     }
-    void accept() { connection_ = ::accept(fd_, nullptr, nullptr); }
+    void accept() { connection_ = ::accept(own_, nullptr, nullptr); }
     void say(std::string_view bytes) const {
-        EXPECT_EQ(::send(connection_, bytes.data(), bytes.size(), MSG_NOSIGNAL), ssize_t(bytes.size()));
+        EXPECT_EQ(::send(connection_, bytes.data(), SocketCount(bytes.size()), kNoPipeSignal),
+            static_cast<std::ptrdiff_t>(bytes.size()));
     }
     std::string hear() const {
         char bytes[256];
-        const ssize_t count = ::recv(connection_, bytes, sizeof bytes, 0);
-        return {bytes, bytes + std::max<ssize_t>(count, 0)};
+        const auto count = ::recv(connection_, bytes, sizeof bytes, 0);
+        return {bytes, bytes + std::max<std::ptrdiff_t>(count, 0)};
     }
     void hangUp() {
-        if (connection_ >= 0) ::close(connection_);
-        connection_ = -1;
+        if (connection_ != kNoSocket) closeSocket(connection_);
+        connection_ = kNoSocket;
     }
     void sendTo(std::uint16_t port, std::string_view datagram) const {
         const sockaddr_in to = local(port);
-        ::sendto(fd_, datagram.data(), datagram.size(), 0, reinterpret_cast<const sockaddr*>(&to), sizeof to);
+        ::sendto(
+            own_, datagram.data(), SocketCount(datagram.size()), 0, reinterpret_cast<const sockaddr*>(&to), sizeof to);
     }
 
  private:
@@ -91,8 +91,8 @@ class Peer {
         at.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         return at;
     }
-    int fd_;
-    int connection_ = -1;
+    SocketNumber own_ = kNoSocket;
+    SocketNumber connection_ = kNoSocket;
 };
 
 template <class Condition>

@@ -93,7 +93,7 @@ TEST(Tool, Geodesy) {
 
 TEST(Tool, ProfileKeepsWhatItReadsAndSets) {
     const TempFolder folder;
-    const std::string file = folder.path() / "k.ini";
+    const std::string file = textOf(folder / "Größe λ \xF0\x9F\x9B\xA9.ini");  // whatever the name
     const auto json = [&file](Words words) {
         words.insert(words.begin(), {"profile", file, "--json"});
         const ToolResult result = runTool(words);

@@ -100,11 +100,11 @@ TEST(NmeaVerb, UnderstandsAllTalkersWhenTold) {
 
 TEST(NmeaVerb, OptionsReachTheDecoder) {
     const TempFolder folder;
-    const std::string file = folder.path() / "log";
-    std::ofstream(file) << sentence("GPRMC,1,A,4000.0,N,10000.0,W,9,10,211200,3.0,E") << "\r\n"
-                        << "ASTRAL\r\n# a note\n"
-                        << sentence("GPGLL,1") << "\n"
-                        << sentence("GPGGA,1,4000.0,N,10000.0,W,1,04,1,10,M,,,,");  // no line end
+    const std::string file = (folder / "log").string();
+    std::ofstream(file, std::ios::binary) << sentence("GPRMC,1,A,4000.0,N,10000.0,W,9,10,211200,3.0,E") << "\r\n"
+                                          << "ASTRAL\r\n# a note\n"
+                                          << sentence("GPGLL,1") << "\n"
+                                          << sentence("GPGGA,1,4000.0,N,10000.0,W,1,04,1,10,M,,,,");  // no line end
     const auto fix = [&](const Words& words) { return decoded(file, words).at(0); };
     EXPECT_EQ(fix({})["trackMag"], 7.0);
     EXPECT_EQ(fix({"--ignore-magvar"})["trackMag"], 10.0);

@@ -1,15 +1,10 @@
 #pragma once
 
-#include <cstdio>
-#include <filesystem>
 #include <string>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
 
-#include <gtest/gtest.h>
-
-#include "platform/FileIo.h"
+#include "TempFolder.h"
+#include "system/ChildProgram.h"
 
 namespace korvel {
 
@@ -21,24 +16,9 @@ struct ToolResult {
 
 /// Runs korvelctl with these arguments, each handed over as it is, and nothing to read.
 inline ToolResult runTool(const std::vector<std::string>& arguments) {
-    const std::filesystem::path errors = testing::TempDir() + "korvelctl-errors-" + std::to_string(getpid());
-    std::string command = KORVELCTL;
-    for (const std::string& argument : arguments) {
-        command += " '";
-        for (const char c : argument) command += c == '\'' ? std::string("'\\''") : std::string(1, c);
-        command += "'";
-    }
-    command += " < /dev/null 2> '" + errors.string() + "'";
-    ToolResult result;
-    FILE* pipe = popen(command.c_str(), "r");  // NOLINT(cert-env33-c): our own program
-    if (pipe == nullptr) return result;
-    char buffer[4096];
-    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, pipe)) result.output.append(buffer, count);
-    const int ended = pclose(pipe);
-    result.status = WIFEXITED(ended) ? WEXITSTATUS(ended) : -1;
-    result.errors = readWholeFile(errors).value_or("");
-    std::filesystem::remove(errors);
-    return result;
+    const TempFolder folder;
+    const int status = runProgram(pathOf(KORVELCTL), arguments, folder / "output", folder / "errors");
+    return {status, folder.read("output"), folder.read("errors")};
 }
 
 }  // namespace korvel
