@@ -24,7 +24,7 @@ endif()
 
 # A fused multiply-add would round differently from machine to machine; results
 # must be the same wherever the program runs.
-add_compile_options(-ffp-contract=off)
+add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-ffp-contract=off>)
 
 if(KORVEL_SANITIZE)
   # What the sanitizers add to the code misleads GCC's flow warnings (array bounds, overflows); the
