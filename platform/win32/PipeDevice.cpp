@@ -12,6 +12,8 @@ namespace {
 
 using std::chrono::steady_clock;
 
+constexpr std::size_t kPiece = 1024;
+
 /// Waits for an overlapped transfer that was `begun`, and cancels it when it may not go on.
 PipeTransfer finish(HANDLE pipe, OVERLAPPED& transfer, bool begun, DWORD waitMs, Event* stop) {
     PipeTransfer result;
@@ -69,6 +71,8 @@ class PipeDevice final : public SerialDevice {
     }
 
     Transfer read(std::span<char> into) override {
+        if (aborted_.isSet())
+            return {.error = kErrorOperationAborted, .count = 0};
         ReadTimer timer(timeouts_, into.size(), steady_clock::now());
         std::size_t count = 0;
         PipeTransfer last;
@@ -83,11 +87,19 @@ class PipeDevice final : public SerialDevice {
     }
 
     Transfer write(std::string_view bytes) override {
+        if (aborted_.isSet())
+            return {.error = kErrorOperationAborted, .count = 0};
         const auto limit = static_cast<DWORD>(timeouts_.writeMultiplierMs * bytes.size() +
                                               timeouts_.writeConstantMs);
-        const PipeTransfer sent =
-            writePipe(pipe_.get(), bytes, limit == 0 ? INFINITE : limit, &aborted_);
-        return {.error = deviceError(sent.error), .count = sent.count};
+        // In pieces, since of one that is cut short nothing is told to have gone through.
+        std::size_t count = 0;
+        PipeTransfer last;
+        while (count < bytes.size() && last.error == ERROR_SUCCESS) {
+            last = writePipe(pipe_.get(), bytes.substr(count, kPiece),
+                             limit == 0 ? INFINITE : limit, &aborted_);
+            count += last.count;
+        }
+        return {.error = deviceError(last.error), .count = count};
     }
 
     void clearError() override {}

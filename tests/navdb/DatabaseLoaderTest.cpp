@@ -122,6 +122,7 @@ TEST_F(DatabaseLoaderTest, ADatabaseReplacesThoseOfItsNameInLaterFolders) {
     EXPECT_TRUE(loader_.load(folders));
     EXPECT_EQ(opened(), "World.NG2! world.ng2 more.ng2 ");
     EXPECT_NE(database_.Find("BUNDLED"), nullptr) << "an old chart is better than none";
+    if (folder_.has("own/WORLD.NG2")) return;  // letters of either case name the same file here
     write(0, "extra.ng2", "EXTRA");
     write(0, "world.ng2", "SAME FOLDER");
     EXPECT_TRUE(loader_.load(folders));

@@ -144,12 +144,12 @@ TEST(FileIo, ReplacingKeepsLinkAndPermissions) {
 TEST(Folders, FindsFilesByPatternInByteOrder) {
     const TempFolder folder;
     for (const char* name :
-        {"b.UDB.TXT", "a.udb.txt", "B.UDB.TXT", "\xc3\xa4.udb.txt", "UDB.TXT", "a.udb.txt.bak", ".udb.txt"})
+        {"b.UDB.TXT", "a.udb.txt", "C.UDB.TXT", "\xc3\xa4.udb.txt", "UDB.TXT", "a.udb.txt.bak", ".udb.txt"})
         folder.write(name, name);
     fs::create_directory(folder.path() / "folder.udb.txt");
     using Names = std::vector<std::string>;
     EXPECT_EQ(namesOf(findFiles(folder.path(), "*.UDB.TXT")),
-        (Names{".udb.txt", "B.UDB.TXT", "a.udb.txt", "b.UDB.TXT", "\xc3\xa4.udb.txt"}));
+        (Names{".udb.txt", "C.UDB.TXT", "a.udb.txt", "b.UDB.TXT", "\xc3\xa4.udb.txt"}));
     EXPECT_EQ(namesOf(findFiles(folder.path(), "*db*.b*k")), Names{"a.udb.txt.bak"});
     EXPECT_EQ(namesOf(findFiles(folder.path(), "udb.txt")), Names{"UDB.TXT"});
     EXPECT_EQ(findFiles(folder.path(), "*").size(), 7U);
