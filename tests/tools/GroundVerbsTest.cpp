@@ -12,9 +12,12 @@ using Json = nlohmann::ordered_json;
 TEST(Tool, TheGround) {
     const TempFolder folder;
     const std::string map = folder.write("small.map", smallMap()).string();
-    const std::string air = folder.write("air.txt",
-        "AC D\nAN LOW\nAL GND\nAH 2000 MSL\nAF 118.1\nV X=45:00N 045:00E\nDC 10\nAC R\nAN HIGH\nAL FL 95\nAH UNL\nDC "
-        "5\nAC C\nAN BAD\nDC x\n");
+    const std::string air = folder
+                                .write("air.txt",
+                                    "AC D\nAN LOW\nAL GND\nAH 2000 MSL\nAF 118.1\nV X=45:00N 045:00E\nDC 10\nAC R\nAN "
+                                    "HIGH\nAL FL 95\nAH UNL\nDC "
+                                    "5\nAC C\nAN BAD\nDC x\n")
+                                .string();
     folder.write("plan.txt", "FPL 0\n");
     const auto json = [&](std::vector<std::string> words) {
         words.insert(words.begin(), {"--data", folder.path().string()});
