@@ -13,6 +13,16 @@ packages_build="g++ cmake ninja-build zlib1g-dev libcli11-dev nlohmann-json3-dev
 packages_test="$packages_build libgtest-dev libbenchmark-dev qt6-positioning-dev libsqlite3-dev locales"
 packages_fuzz="g++ cmake ninja-build zlib1g-dev clang libclang-rt-14-dev"
 packages_lint="clang-format clang-tidy"
+packages_windows="cmake ninja-build g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev libz-mingw-w64-dev googletest
+    libcli11-dev nlohmann-json3-dev wine wine64 python3"
+
+# have PACKAGE...: whether all of them are installed.
+have() {
+    local package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || return
+    done
+}
 
 # need PACKAGE...: installs what is missing, as root or through sudo.
 need() {
@@ -20,8 +30,7 @@ need() {
     command -v dpkg-query >/dev/null ||
         fail "this is not a Debian system; install the counterparts of: $*"
     for package in "$@"; do
-        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' ||
-            missing+=("$package")
+        have "$package" || missing+=("$package")
     done
     [ ${#missing[@]} -eq 0 ] && return
     if [ "$(id -u)" -ne 0 ]; then
