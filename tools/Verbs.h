@@ -23,6 +23,7 @@ int runRoute(Invocation& call);
 int runScheme(Invocation& call);
 int runTerrain(Invocation& call);
 int runTrack(Invocation& call);
+int runWaypoints(Invocation& call);
 
 /// Every verb, in the order in which the help lists them.
 inline constexpr std::array kVerbs = {
@@ -36,13 +37,14 @@ inline constexpr std::array kVerbs = {
     Verb{"navdb", "Build, check and search database files", runNavdb},
     Verb{"nmea", "Decode a receiver's log", runNmea},
     Verb{"obstacles", "The obstacles near a point", runObstacles},
-    Verb{"plan", "Read a flight plan", runPlan},
+    Verb{"plan", "Read a flight plan, from and for other programs, too", runPlan},
     Verb{"profile", "Read or change a settings file", runProfile},
     Verb{"receive", "Listen to a receiver in the network", runReceive},
     Verb{"route", "Turn a line of identifiers and airways into a plan", runRoute},
     Verb{"scheme", "The colours of a scheme", runScheme},
     Verb{"terrain", "Heights of a point and along a way", runTerrain},
-    Verb{"track", "Read a recorded track", runTrack},
+    Verb{"track", "Read a recorded track, from and for other programs, too", runTrack},
+    Verb{"waypoints", "Make a user database of another program's waypoints", runWaypoints},
 };
 
 }  // namespace korvel

@@ -6,6 +6,7 @@
 #include "config/texts/CommandTexts.h"
 #include "config/texts/ConnectedTexts.h"
 #include "config/texts/DatabaseTexts.h"
+#include "config/texts/ExchangeTexts.h"
 #include "config/texts/FileTexts.h"
 #include "config/texts/FlightTexts.h"
 #include "config/texts/InstrumentTexts.h"
@@ -36,9 +37,9 @@ std::vector<Text> textsOf(const Groups&... groups) {
 }  // namespace
 
 std::vector<Text> allTexts() {
-    return textsOf(kCommandTexts, kConnectedTexts, kDatabaseTexts, kFileTexts, kFlightTexts,
-                   kInstrumentTexts, kMessageTexts, kModeTexts, kPreferenceTexts, kReceiverTexts,
-                   kSheetTexts, kStatusTexts);
+    return textsOf(kCommandTexts, kConnectedTexts, kDatabaseTexts, kExchangeTexts, kFileTexts,
+                   kFlightTexts, kInstrumentTexts, kMessageTexts, kModeTexts, kPreferenceTexts,
+                   kReceiverTexts, kSheetTexts, kStatusTexts);
 }
 
 }  // namespace korvel

@@ -71,10 +71,12 @@ std::vector<ObstacleSet::Near> ObstacleSet::near(GeoPoint point, double nm) cons
     for (int row = rowOf(latDeg - reachDeg); row <= rowOf(latDeg + reachDeg); ++row)
         for (int i = 0; i < columns; ++i) {
             const int cell = row * kColumns + (first + i) % kColumns;
-            for (const Entry& entry : std::ranges::equal_range(entries_, cell, {}, &Entry::cell)) {
-                const double distance = DistanceNm(point, entry.obstacle.position);
+            // clang 14 cannot read the library's subrange, so no equal_range.
+            auto entry = std::ranges::lower_bound(entries_, cell, {}, &Entry::cell);
+            for (; entry != entries_.end() && entry->cell == cell; ++entry) {
+                const double distance = DistanceNm(point, entry->obstacle.position);
                 if (distance <= nm)
-                    found.push_back({&entry.obstacle, files_[entry.file].name, distance});
+                    found.push_back({&entry->obstacle, files_[entry->file].name, distance});
             }
         }
     std::ranges::stable_sort(found, {}, &Near::distanceNm);

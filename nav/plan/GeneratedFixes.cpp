@@ -11,7 +11,8 @@ GeneratedFixes::Fix GeneratedFixes::find(std::string_view key) const {
 }
 
 GeneratedFixes::Fix GeneratedFixes::FindOrCreateFix(GeoPoint position,
-                                                    std::optional<std::string_view> name) {
+                                                    std::optional<std::string_view> name,
+                                                    std::string_view shown) {
     for (const auto& [key, fix] : fixes_)
         if (SamePoint(fix->position, position))
             return fix;
@@ -21,7 +22,7 @@ GeneratedFixes::Fix GeneratedFixes::FindOrCreateFix(GeoPoint position,
     const auto fix = std::make_shared<FixRecord>();
     fix->key = makeRecordKey(kFixKind, ident);
     fix->ident.assign(ident);
-    fix->SetName(ident);
+    fix->SetName(shown.empty() ? std::string_view(ident) : shown);
     fix->position = position;
     fixes_[fix->key] = fix;
     return fix;

@@ -18,8 +18,10 @@ class GeneratedFixes {
 
     /// The fix at this position (SamePoint) whatever its name, else a new one: "f.NAME", or
     /// without a name "f.F-1", "f.F-2" and so on. A name that stands elsewhere moves here; plans
-    /// that hold its old record keep that.
-    Fix FindOrCreateFix(GeoPoint position, std::optional<std::string_view> name = std::nullopt);
+    /// that hold its old record keep that. `shown` is what the pilot reads of a new one, the name
+    /// if it is empty.
+    Fix FindOrCreateFix(GeoPoint position, std::optional<std::string_view> name = std::nullopt,
+                        std::string_view shown = {});
 
     /// By key; null when there is none.
     [[nodiscard]] Fix find(std::string_view key) const;
