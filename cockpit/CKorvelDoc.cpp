@@ -8,6 +8,7 @@
 #include "config/Text.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
+#include "geo/OnEarth.h"
 #include "geo/Units.h"
 
 namespace korvel {
@@ -18,11 +19,6 @@ constexpr std::int64_t kFreshMs = 5000;
 
 /// Set beside "Port" when it was found by scanning, not chosen by the pilot.
 constexpr std::string_view kPortScanned = "PortScanned";
-
-/// Receivers send anything, also a latitude of 99 degrees.
-bool isOnEarth(GeoPoint point) {
-    return IsValid(point) && std::abs(point.lat) <= kPi / 2 && std::abs(point.lon) <= kPi;
-}
 
 bool isFresh(std::int64_t storedMs, std::int64_t nowMs) {
     return storedMs != kNeverStored && nowMs - storedMs < kFreshMs;
@@ -254,7 +250,7 @@ Aircraft CKorvelDoc::received() {
         return aircraft;
     const std::int64_t now = clock_.tickMs();
     const GpsFix& fix = input_.store().own();
-    if (isFresh(fix.positionTickMs, now) && isOnEarth(fix.position))
+    if (isFresh(fix.positionTickMs, now) && IsOnEarth(fix.position))
         aircraft.position = fix.position;
     if (isFresh(fix.groundSpeedTickMs, now) && std::isfinite(fix.groundSpeedKt))
         aircraft.groundSpeedKt = fix.groundSpeedKt;

@@ -89,7 +89,7 @@ constexpr std::array kActions = {
 
 /// Lists what the file holds and leaves it untouched.
 int listEntries(const Invocation& call, const fs::path& file) {
-    const std::optional<std::string> bytes = readWholeFile(pathOf(file));
+    const std::optional<std::string> bytes = readWholeFile(file);
     if (!bytes)
         return call.fail(errorFor(kOpenError, file));
     Json entries = Json::object();

@@ -7,9 +7,9 @@
 
 #include "base/Ascii.h"
 #include "base/Calendar.h"
+#include "base/TextLines.h"
 #include "config/Text.h"
 #include "config/texts/ExchangeTexts.h"
-#include "exchange/TextLines.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
 

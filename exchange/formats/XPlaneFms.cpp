@@ -5,10 +5,10 @@
 
 #include "base/Ascii.h"
 #include "base/Calendar.h"
+#include "base/TextLines.h"
 #include "base/TextNumbers.h"
 #include "config/Text.h"
 #include "config/texts/ExchangeTexts.h"
-#include "exchange/TextLines.h"
 #include "exchange/XmlText.h"
 #include "nav/plan/RouteWords.h"
 

@@ -9,6 +9,7 @@
 
 #include "base/Ascii.h"
 #include "base/CsvFields.h"
+#include "base/TextLines.h"
 #include "base/TextNumbers.h"
 #include "geo/Geodesy.h"
 
@@ -148,30 +149,6 @@ class Columns {
     std::size_t lat_, lon_, type_, city_, agl_, amsl_, lighting_, verified_;
 };
 
-/// Lines without their ends and a byte-order mark.
-class Lines {
- public:
-    explicit Lines(std::string_view bytes) : rest_(bytes) {
-        constexpr std::string_view kMark = "\xEF\xBB\xBF";
-        if (rest_.starts_with(kMark))
-            rest_.remove_prefix(kMark.size());
-    }
-    bool next(std::string_view& line) {
-        if (rest_.empty())
-            return false;
-        const std::size_t end = std::min(rest_.find('\n'), rest_.size());
-        line = trimmedRight(rest_.substr(0, end), "\r");
-        rest_.remove_prefix(std::min(end + 1, rest_.size()));
-        ++number_;
-        return true;
-    }
-    [[nodiscard]] std::size_t number() const { return number_; }
-
- private:
-    std::string_view rest_;
-    std::size_t number_ = 0;
-};
-
 bool isFixed(std::string_view bytes) {
     return bytes.substr(0, kHeaderBytes).find(kFixedHeader) != std::string_view::npos;
 }
@@ -181,13 +158,13 @@ void tell(ObstacleFile& file, std::size_t line, std::string problem) {
         file.problems.push_back({line, std::move(problem)});
 }
 
-void readFixed(Lines lines, ObstacleFile& file) {
+void readFixed(TextLines lines, ObstacleFile& file) {
     for (std::string_view line; lines.next(line);)
         if (isFixedRow(line))
             tell(file, lines.number(), take(fixedRow(line), file.obstacles));
 }
 
-void readTable(Lines lines, ObstacleFile& file) {
+void readTable(TextLines lines, ObstacleFile& file) {
     std::string_view line;
     CsvFields fields;
     if (!lines.next(line))
@@ -209,7 +186,7 @@ void readTable(Lines lines, ObstacleFile& file) {
 bool looksLikeObstacles(std::string_view bytes) {
     if (isFixed(bytes))
         return true;
-    Lines lines(bytes.substr(0, kHeaderBytes));
+    TextLines lines(bytes.substr(0, kHeaderBytes));
     std::string_view header;
     CsvFields fields;
     if (!lines.next(header))
@@ -221,9 +198,9 @@ bool looksLikeObstacles(std::string_view bytes) {
 ObstacleFile readObstacles(std::string_view bytes) {
     ObstacleFile file;
     if (isFixed(bytes))
-        readFixed(Lines(bytes), file);
+        readFixed(TextLines(bytes), file);
     else
-        readTable(Lines(bytes), file);
+        readTable(TextLines(bytes), file);
     return file;
 }
 

@@ -8,6 +8,7 @@
 #include "config/texts/FlightTexts.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
+#include "geo/OnEarth.h"
 #include "geo/Units.h"
 #include "nav/plan/GeneratedFixes.h"
 #include "nav/plan/PlaceLookup.h"
@@ -64,10 +65,6 @@ GeoPoint beyond(GeoPoint point, double courseTrueDeg) {
     PointAtRadialDistance(point.lat, point.lon, kCourseLegRad, courseTrueDeg * kDegToRad, start.lat,
                           start.lon);
     return start;
-}
-
-bool isOnEarth(GeoPoint point) {
-    return IsValid(point) && std::abs(point.lat) <= kPi / 2 && std::abs(point.lon) <= kPi;
 }
 
 }  // namespace
@@ -317,7 +314,7 @@ std::string ActiveNavigation::DirectTo(std::string_view identifier, std::string_
 
 std::string ActiveNavigation::GoToWithCourse(GeoPoint point, double courseMag,
                                              std::string_view name) {
-    if (!isOnEarth(point))
+    if (!IsOnEarth(point))
         return std::string(text(kFlightTexts.notFound));
     if (!(courseMag >= 0.0 && courseMag <= 360.0))
         return std::string(text(kFlightTexts.invalidObs));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 namespace korvel {
@@ -21,11 +22,15 @@ class TextLines {
         rest_.remove_prefix(std::min(end + 1, rest_.size()));
         while (line.ends_with('\r'))
             line.remove_suffix(1);
+        ++number_;
         return true;
     }
+    /// Of the line that came last; the first is 1.
+    [[nodiscard]] std::size_t number() const { return number_; }
 
  private:
     std::string_view rest_;
+    std::size_t number_ = 0;
 };
 
 }  // namespace korvel
