@@ -18,6 +18,9 @@ namespace {
 constexpr std::size_t kAirportsAsked = 10;
 constexpr double kAirportsWithinNm = 30;
 
+/// Farther from the plan's end, who asks for an approach wants to land before it.
+constexpr double kPlanEndNm = 50;
+
 /// An airport of the same key that is farther away is another one.
 constexpr double kSameFieldNm = 3;
 
@@ -75,8 +78,13 @@ std::vector<LandingRunway> ActiveApproach::nearestRunways(GeoPoint position) con
     return {};
 }
 
-std::vector<LandingRunway> ActiveApproach::offered(GeoPoint position) const {
-    std::vector<LandingRunway> all = runways_.empty() ? nearestRunways(position) : runways_;
+std::vector<LandingRunway> ActiveApproach::offered(GeoPoint position,
+                                                   const DatabaseRecord* planEnd) const {
+    std::vector<LandingRunway> all = runways_;
+    if (all.empty() && planEnd != nullptr && DistanceNm(position, planEnd->position) < kPlanEndNm)
+        all = runwaysOf(*planEnd);
+    if (all.empty())
+        all = nearestRunways(position);
     const auto turning = [&](const LandingRunway& runway) {
         const double bearing = TrueCourseDeg(position, runway.threshold);
         return std::abs(std::remainder(bearing - runway.courseTrueDeg, 360));

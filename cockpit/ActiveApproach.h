@@ -31,10 +31,12 @@ class ActiveApproach {
               const ActiveNavigation::Aircraft& aircraft,
               const std::shared_ptr<const DatabaseRecord>& destination, std::int64_t nowMs);
 
-    /// The runways that the pilot may want: the destination's, else those of the nearest airport
+    /// The runways that the pilot may want: the destination's, also while others are flown to
+    /// before it (`planEnd`; null for none) if it is not far, else those of the nearest airport
     /// that has any. The one to be reached with the least turning comes first. Empty when there is
     /// none near.
-    [[nodiscard]] std::vector<LandingRunway> offered(GeoPoint position) const;
+    [[nodiscard]] std::vector<LandingRunway> offered(GeoPoint position,
+                                                     const DatabaseRecord* planEnd) const;
 
     /// To be called when other databases have come into use: they may know other runways.
     void forget() { destinationKey_.clear(); }

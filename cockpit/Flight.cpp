@@ -200,6 +200,12 @@ std::shared_ptr<const DatabaseRecord> Flight::destination() {
     return (*plan)->currentIndex() == entries.size() - 1 ? entries.back().record : nullptr;
 }
 
+std::vector<LandingRunway> Flight::offeredApproaches(GeoPoint position) {
+    const auto plan = plan_.plan().lock();
+    return approach_.offered(position,
+                             plan->has_value() ? (*plan)->entries().back().record.get() : nullptr);
+}
+
 void Flight::watch(const Settings& settings, const Variation& variation) {
     const ActiveNavigation::Aircraft& present = navigation_.present();
     if (!IsValid(present.position))

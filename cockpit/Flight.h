@@ -67,6 +67,8 @@ class Flight {
     [[nodiscard]] std::vector<std::string> troubles() const;
     ActiveApproach& approach() { return approach_; }
     const ActiveApproach& approach() const { return approach_; }
+    /// The runways that the pilot may want to approach from there: see ActiveApproach::offered().
+    [[nodiscard]] std::vector<LandingRunway> offeredApproaches(GeoPoint position);
     AlarmBoard& alarms() { return alarms_.board(); }
     const AlarmBoard& alarms() const { return alarms_.board(); }
     /// Of the last seconds, up positive; nothing while it is unknown.

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string_view>
 
+#include "base/Ascii.h"
 #include "base/TextNumbers.h"
 #include "cockpit/PlaceClass.h"
 #include "cockpit/PlaceDetails.h"
@@ -52,14 +53,32 @@ std::vector<NearPlace> wantedNear(const NavDatabase& database, GeoPoint position
     }
 }
 
+/// A service as the sources write it, and in short.
+struct Service {
+    std::string_view word;
+    std::string_view label;
+};
+
+/// In words such as "Seattle Tower" as well as in "TWR/AFIS".
+bool names(const CommFreqRecord& comm, std::string_view word) {
+    const std::string type = inCapitals(comm.type);
+    for (auto at = type.find(word); at != std::string::npos; at = type.find(word, at + 1))
+        if (at == 0 || type[at - 1] < 'A' || type[at - 1] > 'Z')
+            return true;
+    return false;
+}
+
 /// Whom to call first: the tower, where there is none the common frequency, last of all approach.
 std::string firstFrequency(const AirportRecord& airport) {
-    static constexpr std::array<std::string_view, 10> kOrder{"TWR", "TOWER", "CTAF", "AFIS", "INFO",
-                                                             "RDO", "RADIO", "UNIC", "MULT", "APP"};
-    for (const std::string_view type : kOrder)
+    static constexpr std::array kOrder{Service{"TWR", "TWR"},       Service{"TOWER", "TWR"},
+                                       Service{"CTAF", "CTAF"},     Service{"AFIS", "AFIS"},
+                                       Service{"INFO", "INFO"},     Service{"RDO", "RDO"},
+                                       Service{"RADIO", "RDO"},     Service{"UNIC", "UNICOM"},
+                                       Service{"MULT", "MULTICOM"}, Service{"APP", "APP"}};
+    for (const Service& service : kOrder)
         for (const CommFreqRecord& comm : airport.comms)
-            if (comm.type.starts_with(type) && comm.freqMhz > 0)
-                return comm.type.substr(0, comm.type.find('/')) + ' ' +
+            if (comm.freqMhz > 0 && names(comm, service.word))
+                return std::string(service.label) + ' ' +
                        formatFixed(comm.freqMhz, kFrequencyDecimals);
     return {};
 }

@@ -23,7 +23,8 @@ std::vector<std::string_view> linesOf(std::string_view words) {
 
 }  // namespace
 
-void paintMessageBox(Canvas& canvas, std::string_view words, const MapColorCache& colors) {
+void paintMessageBox(Canvas& canvas, std::string_view words, const MapColorCache& colors,
+                     double bandHeight) {
     const std::vector<std::string_view> lines = linesOf(words);
     Font font = infoFont(mapTextPx(canvas.width(), canvas.height()));
     const auto widest = [&] {
@@ -38,10 +39,12 @@ void paintMessageBox(Canvas& canvas, std::string_view words, const MapColorCache
     const double step = lineHeight(font);
     const double width = std::ceil(widest()) + 2 * margin;
     const double height = boxHeight(font) + step * static_cast<double>(lines.size() - 1);
-    const Rect box{std::round((canvas.width() - width) / 2), canvas.height() - margin - height,
-                   width, height};
+    const double bandTop = canvas.height() - std::max(bandHeight, height);
+    const Rect box = bandHeight > 0 ? Rect{0, bandTop, canvas.width(), canvas.height() - bandTop}
+                                    : Rect{std::round((canvas.width() - width) / 2),
+                                           canvas.height() - margin - height, width, height};
     canvas.rect(box, Brush{colors[ColorKey::MapInfoBackground]}, std::nullopt);
-    double y = box.y + boxHeight(font) / 2;
+    double y = box.center().y - step * static_cast<double>(lines.size() - 1) / 2;
     for (const std::string_view line : lines) {
         canvas.text({box.center().x, y}, line,
                     {.font = font,

@@ -17,6 +17,23 @@
 
 namespace korvel {
 
+namespace {
+
+/// How much of a table's lower edge a message takes: whole rows.
+double messageBand(const Canvas& canvas, PageId page, const PageScene& scene) {
+    const CockpitData& data = scene.data;
+    if (page == PageId::FlightPlan && data.plan)
+        return FlightPlanRows(canvas.width(), canvas.height(), 0).totals().height;
+    if (page == PageId::NearestAirport && data.nearAirports && !data.nearAirports->empty())
+        return canvas.height() - layOutNearestPage(canvas.width(), canvas.height(),
+                                                   data.nearAirports->size(), scene.nearest)
+                                     .rows.back()
+                                     .y;
+    return 0;
+}
+
+}  // namespace
+
 bool PagePainter::turns(PageId page) { return page != PageId::NorthUp; }
 
 bool PagePainter::isMap(PageId page) {
@@ -36,7 +53,7 @@ bool PagePainter::showsApproach(PageId page, const CockpitData& data, bool looks
 void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) const {
     const bool told = paintPage(canvas, page, scene);
     if (!told && !scene.data.message.empty())
-        paintMessageBox(canvas, scene.data.message, colors_);
+        paintMessageBox(canvas, scene.data.message, colors_, messageBand(canvas, page, scene));
     if (showsApproach(page, scene.data, scene.lookAt.has_value()))
         paintApproachBox(canvas, approachBox(canvas.width(), canvas.height()), scene.data, colors_);
 }

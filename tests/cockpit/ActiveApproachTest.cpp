@@ -75,7 +75,7 @@ TEST_F(ActiveApproachTest, LinedUpWithTheDestinationTheRunwayTakesTheLegsPlace) 
 TEST_F(ActiveApproachTest, OnlyADestinationIsApproachedByItselfAnyAirportWhenChosen) {
     ASSERT_EQ(flight_.plan().enterRoute("XSO XFLD XNO"), "");
     EXPECT_FALSE(fly(47.4, 10, 0, 5).approach) << "the plan leads on";
-    const std::vector<LandingRunway> offered = flight_.approach().offered({47.6 * kDegToRad, 10 * kDegToRad});
+    const std::vector<LandingRunway> offered = flight_.offeredApproaches({47.6 * kDegToRad, 10 * kDegToRad});
     ASSERT_EQ(offered.size(), 2U);
     EXPECT_EQ(offered.front().id, "18") << "straight in";
     flight_.approach().mode().choose(offered.front());
@@ -87,6 +87,22 @@ TEST_F(ActiveApproachTest, OnlyADestinationIsApproachedByItselfAnyAirportWhenCho
     flight_.approach().mode().leave();
     flight_.navigation().DirectTo("XFLD", "");
     EXPECT_TRUE(fly(47.4, 10, 0, 5).approach);
+}
+
+TEST_F(ActiveApproachTest, ThePlansEndIsOfferedBeforeANearerField) {
+    folder_.write("y.UDB.TXT",
+        "ARPT_BEGIN\nID=XTOO\nNAME=Too\nPOSN.LAT=46.7\nPOSN.LON=10\nRWY1.LEN=3000\nRWY1.LO.ID=09\nRWY1.LO.POSN.LAT=46."
+        "7\n"
+        "RWY1.LO.POSN.LON=10\nRWY1.HI.ID=27\nRWY1.HI.POSN.LAT=46.7\nRWY1.HI.POSN.LON=10.02\nARPT_END\n");
+    program_.charts.load(std::vector{folder_.path()});
+    ASSERT_EQ(flight_.plan().enterRoute("XTOO XSO XFLD"), "");
+    fly(46.7, 10, 180, 1);
+    const auto fieldOffered = [&](double lat) {
+        const auto offered = flight_.offeredApproaches({lat * kDegToRad, 10 * kDegToRad});
+        return offered.empty() ? "" : offered.front().airportKey;
+    };
+    EXPECT_EQ(fieldOffered(46.8), "a.XFLD") << "43 NM ahead";
+    EXPECT_EQ(fieldOffered(46.65), "a.XTOO") << "52 NM from it";
 }
 
 TEST_F(ActiveApproachTest, ACourseToAWaypointOfThePlanEndsThereWhenThePlanShallGoOn) {

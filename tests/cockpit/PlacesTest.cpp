@@ -94,7 +94,8 @@ TEST(NearAirports, CarryWhatThePilotAsksFor) {
     file.addRunwayEnd("EDAA", 2, "25", 4100);
     file.addComm("EDAA", "ATIS", 127.35);
     file.addComm("EDAA", "CTAF/UNICOM", 122.8);
-    file.addComm("EDAA", "TWR", 118.1);
+    file.addComm("EDAA", "UNTOWERED", 118.9);
+    file.addComm("EDAA", "Aaheim Tower (18/36)", 118.1);
     file.addAirport("EDBB", 51, 8);
     const TempFolder folder;
     const VirtualClock clock;

@@ -87,6 +87,23 @@ TEST(PagePainter, WhatIsSaidStandsOnEveryPage) {
     }
 }
 
+TEST(PagePainter, WhatIsSaidCutsNoFigureOfATableInTwo) {
+    CockpitData data = navigating();
+    data.message = "Next: XFLD";
+    for (const PageId id : {PageId::FlightPlan, PageId::NearestAirport}) {
+        const PaintedPage page(id, data);
+        const auto& elements = page.canvas.elements();
+        const auto said = std::ranges::find(elements, data.message, &Element::text);
+        ASSERT_NE(said, elements.end());
+        const Rect band = std::prev(said)->area;
+        for (auto each = elements.begin(); each != said; ++each)
+            EXPECT_FALSE(each->kind == Kind::Text && overlap(each->area, band) &&
+                         (each->area.y < band.y || each->area.right() > band.right()))
+                << each->text;
+        EXPECT_EQ(band.width, page.canvas.width());
+    }
+}
+
 TEST(PagePainter, WithoutAnAircraftTheMapShowsWhatIsLookedFor) {
     const PaintedPage page(PageId::Map, {}, atDegrees(42.2, -88.2));
     EXPECT_TRUE(page.has("N42\u00b000'"));

@@ -123,7 +123,7 @@ void NavigateCommands::courseToPoint() {
 void NavigateCommands::approach() {
     const auto& position = host_.document().cockpitData().position;
     const bool wanted = host_.document().settings().apprMode && position;
-    approach(wanted ? flight().approach().offered(*position) : std::vector<LandingRunway>());
+    approach(wanted ? flight().offeredApproaches(*position) : std::vector<LandingRunway>());
 }
 
 void NavigateCommands::approach(std::vector<LandingRunway> runways) {
