@@ -18,7 +18,10 @@ std::optional<std::size_t> flownRow(const CockpitData& data) {
         *data.plan->active >= data.plan->rows.size())
         return std::nullopt;
     const PlanRow& row = data.plan->rows[*data.plan->active];
-    return SamePoint(row.position, *data.activeWaypoint) ? data.plan->active : std::nullopt;
+    // The figures of a runway are those of its airport at best, never of a waypoint before it.
+    const bool isElsewhere = data.approach && data.approach->runway.airportKey != row.key;
+    return !isElsewhere && SamePoint(row.position, *data.activeWaypoint) ? data.plan->active
+                                                                         : std::nullopt;
 }
 
 }  // namespace korvel

@@ -27,6 +27,11 @@ TEST(FlightPlanPage, Figures) {
     data.groundSpeedKt.reset();
     EXPECT_EQ(planFigures(data)[3], (PlanFigures{358, 30, 42, {}, {}}));
     // Flown to something else: the plan's own distances.
+    for (const auto& [airport, legNm] : {std::pair{"", 12.0}, {"a.EDMA", 30.0}}) {
+        data.approach.emplace().runway.airportKey = airport;
+        EXPECT_EQ(planFigures(data)[2].legNm, legNm) << "a runway of the waypoint, and of another";
+    }
+    data.approach.reset();
     data.activeWaypoint = atDegrees(0, 0);
     EXPECT_EQ(planFigures(data)[2].legNm, 30);
 
