@@ -17,4 +17,23 @@ TEST(CGPSDialog, GivesBackWhatItWasGivenUnlessThePilotChanges) {
     EXPECT_EQ(network.settings(), "COM1:,4800,N,8,1") << "stays for when the network is left";
 }
 
+TEST(CGPSDialog, ScrollsInASmallWindowInPlaceOfSqueezingItsRows) {
+    QWidget window;
+    window.resize(640, 400);
+    window.show();
+    CGPSDialog sheet(&window, "COM1:,4800,N,8,1", {});
+    sheet.keepBelow([] { return 56; });
+    sheet.status = [] { return std::string("COM4 9600\nInvalid Port\n0 bytes, no sentence"); };
+    sheet.show();
+    EXPECT_EQ(sheet.height(), 344);
+    int rows = 0;
+    for (const QWidget* row : sheet.findChildren<QWidget*>()) {
+        if (row->isVisible() && (row->inherits("QLabel") || row->inherits("QAbstractButton"))) {
+            EXPECT_GE(row->height(), row->minimumSizeHint().height()) << row->metaObject()->className();
+            ++rows;
+        }
+    }
+    EXPECT_GE(rows, 9) << "with the title";
+}
+
 }}  // namespace korvel

@@ -29,12 +29,16 @@ CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings, const Receive
         port_.addItem(QStringLiteral("COM%1").arg(number));
     for (const int baud : {1200, 2400, 4800, 9600, 14400, 19200, 38400, 57600, 115200})
         baud_.addItem(QString::number(baud), baud);
-    for (QWidget* row :
-         std::initializer_list<QWidget*>{&search_, &fixed_, &port_, &baud_, &hint_, &network_,
-                                         &source_, &connect_, &talkers_, &status_, &trace_})
-        addRow(*row);
+    addRow(search_);
+    addRow(fixed_);
+    addRow({&port_, &baud_});
+    addRow(hint_);
+    addRow(network_);
+    addRow({&source_, &connect_});
+    addRow(talkers_);
+    addNote(status_);
+    addRow(trace_);
     setPreferredWidth(10 * kRowPixels);
-    status_.setWordWrap(true);
     trace_.setText(toQString(kSheetTexts.portTrace));
     trace_.setAutoDefault(false);
     connect(
@@ -76,6 +80,7 @@ void CGPSDialog::fill(std::string_view settings) {
 void CGPSDialog::fillNetwork(const ReceiverChoice& receiver) {
     network_.setText(toQString(kSheetTexts.portNetwork));
     source_.setEditable(true);
+    source_.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     // The usual ports of the usual devices.
     for (const char* example :
          {"tcp://192.168.10.1:2000", "udp://:10110", "gpsd://localhost:2947", "gdl90://:4000"})

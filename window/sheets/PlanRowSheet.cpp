@@ -1,9 +1,5 @@
 #include "window/sheets/PlanRowSheet.h"
 
-#include <memory>
-
-#include <QHBoxLayout>
-
 #include "cockpit/CKorvelDoc.h"
 #include "config/Text.h"
 #include "config/texts/FlightTexts.h"
@@ -13,19 +9,6 @@
 #include "window/QtText.h"
 
 namespace korvel {
-namespace {
-
-/// Adds a row of widgets side by side, which stay the caller's.
-void addSideBySide(QVBoxLayout& column, std::initializer_list<QWidget*> widgets) {
-    auto layout = std::make_unique<QHBoxLayout>();
-    for (QWidget* widget : widgets) {
-        widget->setMinimumHeight(Sheet::kRowPixels);
-        layout->addWidget(widget);
-    }
-    column.addLayout(layout.release());
-}
-
-}  // namespace
 
 PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t row)
     : Sheet(parent, toQString(kSheetTexts.planRowTitle), QDialogButtonBox::Close),
@@ -62,10 +45,10 @@ PlanRowSheet::PlanRowSheet(QWidget* parent, CKorvelDoc& document, std::size_t ro
     addButton(
         setAltitude_, kSheetTexts.setAltitude, [this] { setAltitude(); });
     addButton(insert_, kSheetTexts.insertWords, [this] { insertBefore(); });
-    addSideBySide(column(), {&fly_, &direct_});
-    addSideBySide(column(), {&up_, &down_, &remove_});
-    addSideBySide(column(), {&altitude_, &setAltitude_});
-    addSideBySide(column(), {&words_, &insert_});
+    addRow({&fly_, &direct_});
+    addRow({&up_, &down_, &remove_});
+    addRow({&altitude_, &setAltitude_});
+    addRow({&words_, &insert_});
     addNote(message_);
     connect(
         &altitude_, &QLineEdit::returnPressed, this, [this] { setAltitude(); });

@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QScroller>
 
 #include "config/texts/SheetTexts.h"
@@ -20,6 +21,7 @@ namespace {
 
 constexpr int kMargin = 10;
 constexpr int kSpacing = 6;
+constexpr int kLeastTallRow = 2 * Sheet::kRowPixels;
 /// The application's note that the pilot types with the key pad.
 constexpr const char* kKeyPadWanted = "keyPadWanted";
 
@@ -40,7 +42,12 @@ Sheet::Sheet(QWidget* parent, const QString& title, QDialogButtonBox::StandardBu
     column_.setContentsMargins(kMargin, kMargin, kMargin, kSpacing);
     column_.setSpacing(kSpacing);
     addHeader(title);
-    outer_.addWidget(&body_, 1);
+    scroll_.setWidgetResizable(true);
+    scroll_.setFrameShape(QFrame::NoFrame);
+    scroll_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll_.setFocusPolicy(Qt::NoFocus);
+    scroll_.setWidget(&body_);
+    outer_.addWidget(&scroll_, 1);
     addFoot();
     connect(this, &QWidget::windowTitleChanged, &title_, &QLabel::setText);
     connect(&buttons_, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -101,7 +108,21 @@ void Sheet::addNote(QLabel& note) {
     column_.addWidget(&note);
 }
 
-void Sheet::addTallRow(QWidget& row) { column_.addWidget(&row, 1); }
+void Sheet::addRow(std::initializer_list<QWidget*> sideBySide) {
+    auto row = std::make_unique<QHBoxLayout>();
+    for (QWidget* widget : sideBySide) {
+        widget->setMinimumHeight(std::max(kRowPixels, widget->minimumHeight()));
+        row->addWidget(widget);
+    }
+    column_.addLayout(row.release());
+}
+
+void Sheet::addTallRow(QWidget& row) {
+    // What it would like to have makes no sheet scroll that has room for a few of its lines.
+    row.setSizePolicy(row.sizePolicy().horizontalPolicy(), QSizePolicy::Ignored);
+    row.setMinimumHeight(std::max(kLeastTallRow, row.minimumHeight()));
+    column_.addWidget(&row, 1);
+}
 
 void Sheet::showEvent(QShowEvent* event) {
     // The rows stay together at the top unless one of them takes the height.
@@ -126,7 +147,7 @@ void Sheet::keyPressEvent(QKeyEvent* event) {
 }
 
 void Sheet::letFingersScroll() {
-    for (auto* area : body_.findChildren<QAbstractScrollArea*>())
+    for (auto* area : findChildren<QAbstractScrollArea*>())
         QScroller::grabGesture(area->viewport(), QScroller::TouchGesture);
     for (auto* list : body_.findChildren<QAbstractItemView*>())
         list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -178,14 +199,16 @@ void Sheet::place() {
         return;
     const QWidget& window = *parentWidget()->window();
     const QSize room = window.size();
-    const int wanted = std::max({preferredWidth_ * font().pixelSize() / kUsualLetters,
-                                 sizeHint().width(), minimumSizeHint().width()});
+    const int wanted =
+        std::max({preferredWidth_ * font().pixelSize() / kUsualLetters, sizeHint().width(),
+                  minimumSizeHint().width(),
+                  body_.sizeHint().width() + scroll_.verticalScrollBar()->sizeHint().width()});
     const int width = std::min(wanted, room.width());
     const int top = above_ ? above_() : 0;
     const int height = room.height() - top;
-    // Where there is no room for all of it, as with the key pad, the title goes first.
+    // Where there is no room for a few rows, as with the key pad, the title goes first.
     header_.show();
-    header_.setVisible(outer_.totalMinimumSize().height() <= height);
+    header_.setVisible(outer_.totalMinimumSize().height() + kLeastTallRow <= height);
     outer_.activate();
     setGeometry(QRect(window.mapToGlobal(QPoint(room.width() - width, top)), QSize(width, height)));
 }

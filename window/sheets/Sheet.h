@@ -1,11 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <utility>
 
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QScrollArea>
 #include <QString>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -15,10 +17,11 @@
 namespace korvel {
 
 /// A dialog for a finger, at the window's right edge and as high as what it leaves free above: a
-/// title with a way back, a column of large rows, the buttons at the foot. Enter accepts, Escape
-/// leaves. It is shown with open(), never run in a loop of its own, so that the map goes on. Where
-/// something can be typed a key pad can be had; it comes by itself when a finger taps a line, and
-/// once it was wanted also in the next sheet, until a real keyboard is used.
+/// title with a way back, a column of large rows, which scrolls where it is too high, the buttons
+/// at the foot. Enter accepts, Escape leaves. It is shown with open(), never run in a loop of its
+/// own, so that the map goes on. Where something can be typed a key pad can be had; it comes by
+/// itself when a finger taps a line, and once it was wanted also in the next sheet, until a real
+/// keyboard is used.
 class Sheet : public QDialog {
  public:
     /// Height of rows and buttons: 9 mm on a screen of 96 dots per inch, and a little more.
@@ -37,6 +40,8 @@ class Sheet : public QDialog {
 
     /// Adds a row and makes it high enough to touch. The widget stays the caller's.
     void addRow(QWidget& row);
+    /// The same for several side by side.
+    void addRow(std::initializer_list<QWidget*> sideBySide);
     /// Adds a row that takes what height there is, such as a list. The widget stays the caller's.
     void addTallRow(QWidget& row);
     /// Adds what is said about the rows above; it takes no room while it is empty. The label
@@ -64,6 +69,7 @@ class Sheet : public QDialog {
     QWidget header_;
     QLabel title_;
     QToolButton back_;
+    QScrollArea scroll_;  // of the body, which is gone before it
     QWidget body_;
     QVBoxLayout column_;
     KeyPad keyPad_;
