@@ -20,6 +20,7 @@ class AlarmWatch {
     AlarmWatch() { addFlightAlarms(board_, situation_); }
     AlarmWatch(const AlarmWatch&) = delete;
     AlarmWatch& operator=(const AlarmWatch&) = delete;
+    ~AlarmWatch() = default;
 
     /// Other sources of alarms may join.
     AlarmBoard& board() { return board_; }

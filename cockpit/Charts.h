@@ -23,6 +23,7 @@ class Charts {
     Charts(const Clock& clock, const std::filesystem::path& folder);
     Charts(const Charts&) = delete;
     Charts& operator=(const Charts&) = delete;
+    ~Charts() = default;
 
     /// The same object through every load. Places found in it are rows of the set in use and mean
     /// nothing behind the next swap; records and keys stay good.

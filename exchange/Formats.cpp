@@ -38,7 +38,7 @@ constexpr std::array kFormats{
     Format{"igc", "", isIgc, nullptr, readIgc}};
 
 const Format* formatOf(const Source& source) {
-    const auto found = std::ranges::find_if(kFormats, [&source](const Format& format) {
+    const auto* const found = std::ranges::find_if(kFormats, [&source](const Format& format) {
         return format.isThis != nullptr ? format.isThis(source)
                                         : !format.root.empty() && format.root == source.rootName();
     });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -28,8 +29,8 @@ struct ForeignContent {
 /// By the file's beginning; none of them for this program's own files.
 ForeignContent foreignContent(std::string bytes);
 
-inline constexpr std::string_view kPlanExports[] = {"gpx", "fpl", "kml", "fms"};
-inline constexpr std::string_view kTrackExports[] = {"gpx", "kml", "igc"};
+inline constexpr std::array<std::string_view, 4> kPlanExports{"gpx", "fpl", "kml", "fms"};
+inline constexpr std::array<std::string_view, 3> kTrackExports{"gpx", "kml", "igc"};
 
 /// The plan in one of kPlanExports; nothing for another name.
 std::optional<std::string> planAs(std::string_view format, std::string_view name,

@@ -19,9 +19,6 @@ struct Aircraft {
 /// User-interface thread only.
 class PositionSource {
  public:
-    PositionSource() = default;
-    PositionSource(const PositionSource&) = default;
-    PositionSource& operator=(const PositionSource&) = default;
     virtual ~PositionSource() = default;
 
     /// Whether it does so now. Then what the receiver says does not count.

@@ -24,7 +24,7 @@ class VariationField {
 
  private:
     struct Station {
-        std::array<double, 3> direction;  ///< unit vector from the earth's centre
+        std::array<double, 3> direction{};  ///< unit vector from the earth's centre
         double variation = 0.0;
     };
     std::vector<Station> stations_;

@@ -63,7 +63,7 @@ ForeignTrack readGpxTrack(const Source& source) {
             track.error = text(kExchangeTexts.tooManyPoints);
         if (!track.error.empty())
             return;
-        track.points.push_back(ForeignTrackPoint{
+        track.points.emplace_back(ForeignTrackPoint{
             .position = *position,
             .unixS = utcOf(childText(trkpt, "time")),
             .altitudeFt = wholeNumber(childText(trkpt, "ele")).value_or(0.0) * kFeetPerMetre,

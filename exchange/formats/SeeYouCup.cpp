@@ -1,5 +1,7 @@
 #include "exchange/formats/SeeYouCup.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <string>
@@ -108,10 +110,9 @@ void takeWaypoint(const std::vector<std::string>& fields, CupFile& file) {
 }
 
 bool isOption(std::string_view line) {
-    for (const std::string_view word : {"Options", "ObsZone=", "STARTS=", "Point="})
-        if (startsWithIgnoringCase(line, word))
-            return true;
-    return false;
+    constexpr std::array<std::string_view, 4> kWords{"Options", "ObsZone=", "STARTS=", "Point="};
+    return std::ranges::any_of(
+        kWords, [line](std::string_view word) { return startsWithIgnoringCase(line, word); });
 }
 
 CupFile readCup(const Source& source) {

@@ -127,7 +127,7 @@ ForeignPlan readSkyDemon(const Source& source) {
             point.name = point.ident = name->second;
         route.points.push_back(std::move(point));
     };
-    if (primary)
+    if (!primary.empty())
         add(attributeText(primary, "Start"));
     eachChild(primary, "RhumbLineRoute",
               [&add](pugi::xml_node leg) { add(attributeText(leg, "To")); });

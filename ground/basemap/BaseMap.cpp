@@ -18,7 +18,7 @@ constexpr unsigned kKindShift = 32;
 constexpr std::size_t kMostProblems = 100;
 
 std::size_t bytesOf(const MapTile& tile) { return tile.bytes(); }
-std::size_t bytesOf(const ReliefTile& tile) { return sizeof(tile); }
+std::size_t bytesOf(const ReliefTile& tile) { return tile.size() * sizeof(tile[0]); }
 std::size_t bytesOf(const std::vector<Town>& towns) {
     return sizeof(towns) + towns.capacity() * sizeof(Town);
 }

@@ -109,7 +109,7 @@ bool BaseMapFile::isIndex(std::uint32_t at, int entries) const {
     const auto words = static_cast<std::size_t>(entries) + 1;
     if (at < kMapHeaderSize || at > head_.size() || words > (head_.size() - at) / 4)
         return false;
-    std::uint32_t last = static_cast<std::uint32_t>(head_.size());
+    auto last = static_cast<std::uint32_t>(head_.size());
     for (std::size_t i = 0; i < words; ++i) {
         const std::uint32_t entry = word(at + 4 * i);
         const std::uint32_t offset = entry & kBinOffsetMask;

@@ -16,6 +16,7 @@ struct TileCorner {
     int south = 0;  ///< -90 to 89
     int west = 0;   ///< -180 to 179
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the checker means the comparison's own zero
     friend auto operator<=>(const TileCorner&, const TileCorner&) = default;
 };
 

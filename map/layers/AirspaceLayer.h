@@ -23,7 +23,7 @@ class AirspaceLayer final : public Layer {
         ColorValue color;
     };
 
-    TextStyle style(ColorValue color) const;
+    TextStyle style(ColorValue ink) const;
 
     std::vector<Label> labels_;
 };

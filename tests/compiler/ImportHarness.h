@@ -18,6 +18,7 @@ struct Imported {
     Imported() = default;
     Imported(const Imported&) = delete;
     Imported& operator=(const Imported&) = delete;
+    ~Imported() = default;
 
     using Importer = std::string (*)(XPlaneFile&, ImportContext&, AviationData&);
     void xplane(Importer importer, std::string_view text) {

@@ -45,7 +45,7 @@ class PlanExchange : public PlacesFixture {
 };
 
 std::string gpx(std::string_view points) {
-    return "<?xml version=\"1.0\"?><g:gpx xmlns:g=\"http://www.topografix.com/GPX/1/1\"><g:rte><g:name>R</g:name>" +
+    return R"(<?xml version="1.0"?><g:gpx xmlns:g="http://www.topografix.com/GPX/1/1"><g:rte><g:name>R</g:name>)" +
            std::string(points) + "</g:rte></g:gpx>";
 }
 std::string rtept(std::string_view lat, std::string_view lon, std::string_view name) {
@@ -182,7 +182,7 @@ TEST_F(PlanExchange, WhatIsNoPlanIsSaidSo) {
         {"<gpx><rte>", "The file is torn: it does not end as it should."},
         {"<gpx/>", "The file has no route."},
         {"AXXX\r\nHFDTE160701\r\nB1602405407121N00249342WA0028000421\r\n", "The file has no route."},
-        {"<!DOCTYPE g [<!ENTITY a \"x\"><!ENTITY b \"&a;&a;\">]><gpx><rte><rtept lat=\"&b;\" lon=\"1\"/></rte></gpx>",
+        {R"(<!DOCTYPE g [<!ENTITY a "x"><!ENTITY b "&a;&a;">]><gpx><rte><rtept lat="&b;" lon="1"/></rte></gpx>)",
             "A position in the file is no latitude and longitude."},
         {std::string(kLargestForeignFile + 1, '<'), "The file is too large."},
     };

@@ -89,9 +89,9 @@ TEST(TrackExchange, ReadsWhatOthersWrite) {
          "</trkseg></trk></gpx>",
             "20260822,081112,1.000000,2.000000,19,90,328\r\n00000000,000000,0.0,0.0,0,0,0\r\n20260822,081130,3.000000,"
             "4.000000,0,0,0\r\n"},
-        {"<gpx><trk><trkseg><trkpt lat=\"1\" lon=\"200\"/></trkseg></trk></gpx>",
+        {R"(<gpx><trk><trkseg><trkpt lat="1" lon="200"/></trkseg></trk></gpx>)",
             "A position in the file is no latitude and longitude."},
-        {"<gpx><wpt lat=\"1\" lon=\"2\"/></gpx>", "The file has no track."},
+        {R"(<gpx><wpt lat="1" lon="2"/></gpx>)", "The file has no track."},
         {"AXXX\r\r\nHFDTEDATE:311226,"
          "01\r\r\nB2359505407121N00249342WA0028000421020509950\r\r\nB0000055407121S00249342EA0010000000\r\r\n",
             "20261231,235950,54.118683,-2.822367,0,0,1381\r\n20270101,000005,-54.118683,2.822367,0,0,328\r\n"},

@@ -48,7 +48,7 @@ class Peer {
         startSockets();
         own_ = ::socket(AF_INET, type, 0);
         const sockaddr_in at = local(0);
-        ::bind(own_, reinterpret_cast<const sockaddr*>(&at), sizeof at);
+        EXPECT_EQ(::bind(own_, reinterpret_cast<const sockaddr*>(&at), sizeof at), 0);
         if (type == SOCK_STREAM) ::listen(own_, 4);
     }
     Peer(const Peer&) = delete;
@@ -165,7 +165,7 @@ TEST(NetworkSource, AsksGpsdForSentences) {
     peer.accept();
     peer.say("{\"class\":\"VERSION\"}\r\n");
     EXPECT_EQ(peer.hear(), "?WATCH={\"enable\":true,\"nmea\":true};\r\n");
-    peer.say("{\"class\":\"" + std::string(3000, 'x') + "\"}\r\n$GPRMC\r\n");
+    peer.say(R"({"class":")" + std::string(3000, 'x') + "\"}\r\n$GPRMC\r\n");
     EXPECT_TRUE(heard.lines.waitUntil([](const auto& lines) { return !lines.empty() && lines.back() == "$GPRMC"; }));
 }
 
