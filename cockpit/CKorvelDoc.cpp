@@ -16,6 +16,8 @@ namespace {
 
 /// A value that was stored longer ago than this is not shown any more.
 constexpr std::int64_t kFreshMs = 5000;
+/// An aircraft rolls by tens of degrees in a second.
+constexpr std::int64_t kAttitudeFreshMs = 1000;
 
 /// Set beside "Port" when it was found by scanning, not chosen by the pilot.
 constexpr std::string_view kPortScanned = "PortScanned";
@@ -56,6 +58,8 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
         [this](GeoPoint here) { return charts_.database().variationAt(here); });
     input_.decoder().ignoreReceiverVariation(settings_.ignoreMagVar != 0);
     monitor_.choosePort(portChoice());
+    trafficChoice_ = loadTrafficChoice(profile_);
+    traffic_.addTo(flight_.alarms());
     listenToNetwork();
     data_ = collectData();
 }
@@ -90,12 +94,14 @@ void CKorvelDoc::tick() {
     flight_.prepare(settings_, input_.variation(), altimeterOffsetFt_.value_or(0));
     if (beforeNavigation)
         beforeNavigation();
+    watchTraffic();
     flight_.tick(settings_, input_.variation(), aircraft);
     nearAirports_.update(charts_.database(), flight_.navigation().present().position, settings_,
                          input_.variation());
     flight_.refresh();
     CockpitData data = collectData();
     attitude_.update(data, flight_.tickMs());
+    takeMeasuredAttitude(data);
     show(std::move(data));
     memory_.keep();
     profile_.keepSaved(clock_.tickMs());
@@ -108,7 +114,38 @@ void CKorvelDoc::refresh() {
     data.turnRateDegPerSec = data_.turnRateDegPerSec;
     data.bankDeg = data_.bankDeg;
     data.pitchDeg = data_.pitchDeg;
+    data.attitudeMeasured = data_.attitudeMeasured;
     show(std::move(data));
+}
+
+void CKorvelDoc::watchTraffic() {
+    std::optional<MovingAircraft> own;
+    if (const Aircraft& present = flight_.navigation().present(); IsValid(present.position)) {
+        own = MovingAircraft{.position = present.position, .groundSpeedKt = present.groundSpeedKt};
+        if (present.trackMag != kNoAngle)
+            own->trackTrueDeg = input_.magneticToTrue(present.trackMag);
+    }
+    // The traffic around the receiver is not that around a simulated aircraft.
+    const bool isTold = hearsGdl90_ && !input_.isSupplanted();
+    const std::optional<TrafficTable> heard =
+        isTold ? std::optional(gdl90_.traffic()) : std::nullopt;
+    traffic_.update(heard ? &*heard : nullptr, own, settings_.altUnit, clock_.tickMs());
+}
+
+void CKorvelDoc::takeMeasuredAttitude(CockpitData& data) const {
+    const auto attitude = gdl90_.attitude();
+    if (!hearsGdl90_ || data.simulated || !attitude || !attitude->values.rollDeg ||
+        !attitude->values.pitchDeg || clock_.tickMs() - attitude->arrivedMs >= kAttitudeFreshMs)
+        return;
+    data.bankDeg = attitude->values.rollDeg;
+    data.pitchDeg = attitude->values.pitchDeg;
+    data.attitudeMeasured = true;
+}
+
+void CKorvelDoc::chooseTraffic(const TrafficChoice& choice) {
+    trafficChoice_ = choice;
+    storeTrafficChoice(profile_, choice);
+    refresh();
 }
 
 void CKorvelDoc::show(CockpitData data) {
@@ -172,6 +209,7 @@ void CKorvelDoc::listenToNetwork() {
     const bool isGdl90 = address->kind == SourceAddress::Kind::Gdl90;
     useSource(std::make_unique<NetworkSource>(*address, clock_, isGdl90 ? &gdl90_ : nullptr));
     input_.countsNoSatellites(isGdl90);
+    hearsGdl90_ = isGdl90;
 }
 
 CKorvelDoc::Arrivals CKorvelDoc::arrivals() {
@@ -203,7 +241,9 @@ std::optional<std::int32_t> CKorvelDoc::receiverAltitudeFt() {
 void CKorvelDoc::useSource(std::unique_ptr<SentenceSource> source) {
     const SourceKind former = sourceKind();
     input_.countsNoSatellites(false);
+    hearsGdl90_ = false;
     monitor_.useSource(source.get());
+    gdl90_.forget();
     source_ = std::move(source);
     // What the former one said last is not the new one's word.
     input_.queue().lock()->clear();
@@ -287,6 +327,7 @@ CockpitData CKorvelDoc::collectData() {
     fillFlightData(data, flight_, input_.variation());
     if (data.position)
         data.nearAirports = nearAirports_.shown();
+    data.traffic = traffic_.shown(trafficChoice_);
     return data;
 }
 

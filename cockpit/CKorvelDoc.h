@@ -19,6 +19,7 @@
 #include "cockpit/GroundData.h"
 #include "cockpit/KnownPlaces.h"
 #include "cockpit/NearAirportList.h"
+#include "cockpit/TrafficWatch.h"
 #include "cockpit/UserFixes.h"
 #include "config/ProfileFile.h"
 #include "config/ReceiverChoice.h"
@@ -171,6 +172,10 @@ class CKorvelDoc final : private SentenceListener {
     /// The same for the nearest airports.
     void wantNearAirports() { nearAirports_.want(); }
 
+    const TrafficChoice& trafficChoice() const { return trafficChoice_; }
+    /// Puts it in force and into the profile.
+    void chooseTraffic(const TrafficChoice& choice);
+
     AttitudeModule& attitudeModule() { return attitudeModule_; }
     const ModulePort& modulePort() const { return modulePort_; }
 
@@ -182,6 +187,9 @@ class CKorvelDoc final : private SentenceListener {
 
     void listenToNetwork();
     void forgetDatabases();
+    void watchTraffic();
+    /// In place of what is derived, while the receiver tells it.
+    void takeMeasuredAttitude(CockpitData& data) const;
     PortChoice portChoice() const;
     /// The module's port, unless the receiver speaks through it or there is none.
     std::optional<PortSettings> modulesOwnPort() const;
@@ -199,7 +207,10 @@ class CKorvelDoc final : private SentenceListener {
     Settings settings_;
     AttitudeModule attitudeModule_;  // before the ports, whose threads call it
     GpsInput input_;
-    Gdl90Receiver gdl90_;    // before the source that it serves
+    Gdl90Receiver gdl90_;  // before the source that it serves
+    bool hearsGdl90_ = false;
+    TrafficChoice trafficChoice_;
+    TrafficWatch traffic_;   // before the flight, whose alarms ask it
     SerialSource gpsPort_;   // or the module's, while the receiver speaks through it
     ModulePort modulePort_;  // when it does not
     std::unique_ptr<SentenceSource> source_;  // in the ports' place; null for none

@@ -8,6 +8,7 @@
 
 #include "cockpit/NearAirport.h"
 #include "cockpit/PlanView.h"
+#include "cockpit/TrafficView.h"
 #include "geo/GeoPoint.h"
 #include "geo/Units.h"
 #include "nav/alarms/AlarmBoard.h"
@@ -46,6 +47,7 @@ struct CockpitData {
     std::optional<double> turnRateDegPerSec;  ///< to the right positive
     std::optional<double> bankDeg;            ///< to the right positive
     std::optional<double> pitchDeg;           ///< of the flight path, up positive
+    bool attitudeMeasured = false;            ///< bank and pitch are the receiver's own instead
 
     // The leg that is flown. All of it is absent while there is no waypoint or no position.
     std::string activeKey;   ///< RecordKey; empty for none or for a point without a record
@@ -80,6 +82,8 @@ struct CockpitData {
     std::size_t trackSlots = 0;
     /// Nearest first; null until they are wanted or when there is no position.
     std::shared_ptr<const std::vector<NearAirport>> nearAirports;
+    /// Other aircraft; null for none.
+    std::shared_ptr<const TrafficList> traffic;
     /// What needs the pilot's attention, most urgent first.
     std::vector<ShownAlarm> alarms;
 

@@ -19,6 +19,7 @@
 #include "map/layers/RangeRingLayer.h"
 #include "map/layers/RunwayLayer.h"
 #include "map/layers/TrackLayer.h"
+#include "map/layers/TrafficLayer.h"
 
 namespace korvel {
 namespace {
@@ -83,6 +84,7 @@ constexpr std::array kLayers{
     words<PlaceLayer>("names", Turn::Ground),
     layer<AirspaceLayer>("airspace limits", Turn::Ground, kAirspaceWordsToNm),
     layer<ApproachLayer>("approach", Turn::Approach),
+    layer<TrafficLayer>("traffic", Turn::Approach),
     layer<AircraftLayer>("aircraft", Turn::Fixed),
     layer<MeasureLayer>("ruler", Turn::Ruler),
     layer<InstrumentLayer>("instrument", Turn::Fixed),

@@ -11,6 +11,7 @@
 #include "config/Text.h"
 #include "config/texts/InstrumentTexts.h"
 #include "config/texts/StatusTexts.h"
+#include "config/texts/TrafficTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
@@ -262,10 +263,11 @@ class EfisPainter {
                         Pen{colors_[ColorKey::MapBackground], 1, PenStyle::Solid});
     }
 
-    // Nobody may take this for gyros.
+    // Nobody may take what is derived for gyros.
     void origin() {
         const TextStyle words = style(1.1, colors_[ColorKey::MapInfoText]);
-        const std::string_view source = text(kInstrumentTexts.gpsDerived);
+        const std::string_view source = text(data_.attitudeMeasured ? kTrafficTexts.measuredAttitude
+                                                                    : kInstrumentTexts.gpsDerived);
         const double width =
             std::ceil(canvas_.textMeasure().measure(source, words.font).width + textPx_);
         const Rect box{layout_.attitude.x, 0, width, std::round(1.7 * textPx_)};

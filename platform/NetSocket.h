@@ -62,6 +62,8 @@ class NetSocket {
     /// Takes datagrams sent to this address, broadcast ones among them, beside other programs that
     /// do. None when it cannot.
     static NetSocket bindUdp(const NetAddress& at);
+    /// Sends datagrams there, to a whole network too. None when it cannot.
+    static NetSocket connectUdp(const NetAddress& to);
 
     /// Until it can be read, or written.
     Wait waitReadable(Event& aborted, std::chrono::milliseconds limit) const;

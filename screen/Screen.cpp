@@ -5,9 +5,11 @@
 #include "cockpit/CKorvelDoc.h"
 #include "cockpit/PlaceClass.h"
 #include "cockpit/PrefsTable.h"
+#include "cockpit/TrafficWatch.h"
 #include "config/ProfileFile.h"
 #include "config/texts/MessageTexts.h"
 #include "map/PlaceHit.h"
+#include "map/layers/TrafficLayer.h"
 #include "pages/FieldStrip.h"
 #include "screen/PageCycle.h"
 #include "screen/RulerEnd.h"
@@ -219,6 +221,16 @@ std::vector<MapPlace> Screen::placesAt(Point at) const {
                               kFingerPixels))
             found.push_back(*place);
     return found;
+}
+
+bool Screen::tellTraffic(Point at) {
+    const auto projection = camera_.projection();
+    if (!projection || !data_.traffic)
+        return false;
+    const TrafficView* traffic = trafficAt(*data_.traffic, *projection, at, kFingerPixels);
+    if (traffic != nullptr)
+        say(trafficText(*traffic, data_.position, data_.altUnit));
+    return traffic != nullptr;
 }
 
 void Screen::databasesChanged() {

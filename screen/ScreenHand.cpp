@@ -177,6 +177,8 @@ bool ScreenHand::tapRow(Point at) {
 }
 
 bool ScreenHand::tapMap(Point at) {
+    if (screen_.tellTraffic(at))
+        return true;
     const std::vector<MapPlace> found = screen_.placesAt(at);
     if (!found.empty() && onPlaces)
         onPlaces(found);

@@ -1,14 +1,20 @@
+#include <chrono>
 #include <filesystem>
 #include <iostream>
 #include <optional>
 #include <string>
+#include <thread>
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 #include "geo/Geodesy.h"
 #include "platform/FileIo.h"
 #include "platform/PathText.h"
 #include "receiver/gdl90/Gdl90Receiver.h"
+#include "tools/Arguments.h"
+#include "tools/DatagramSender.h"
+#include "tools/Gdl90Simulation.h"
 #include "tools/Invocation.h"
 #include "tools/NmeaDecoding.h"
 #include "tools/Verbs.h"
@@ -19,14 +25,6 @@ namespace {
 template <class Value>
 Json knownOrNull(const std::optional<Value>& value) {
     return value ? Json(*value) : Json();
-}
-
-std::string addressText(std::uint32_t address) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::string text;
-    for (int shift = 20; shift >= 0; shift -= 4)
-        text += kDigits[address >> static_cast<unsigned>(shift) & 0xFU];
-    return text;
 }
 
 Json jsonOf(const Gdl90Heartbeat& m) {
@@ -137,14 +135,68 @@ int printFix(const Invocation& call, std::string_view bytes) {
     return call.done(decoding.json(), decoding.plain());
 }
 
+/// At the pace at which the heartbeats came, one a second.
+int sendFile(const Invocation& call, std::string_view bytes, DatagramSender& to) {
+    Gdl90Frames frames;
+    bool isFirst = true;
+    frames.take(bytes, [&](Gdl90Bytes frame) {
+        constexpr std::uint8_t kHeartbeat = 0;
+        if (frame[0] == kHeartbeat && !std::exchange(isFirst, false))
+            std::this_thread::sleep_for(std::chrono::seconds(1));
+        to.send(gdl90Frame(frame));
+    });
+    return call.done({{"sent", to.sent()}}, std::to_string(to.sent()) + " datagrams\n");
+}
+
+int sendSimulation(const Invocation& call, GeoPoint start, int seconds, DatagramSender& to) {
+    const Gdl90Simulation simulation(start);
+    for (int second = 0; second < seconds; ++second) {
+        if (second > 0)
+            std::this_thread::sleep_for(std::chrono::seconds(1));
+        for (const std::string& frame : simulation.second(second))
+            to.send(frame);
+    }
+    return call.done({{"sent", to.sent()}}, std::to_string(to.sent()) + " datagrams\n");
+}
+
+/// What is to be sent: a file's frames, or aircraft around "LAT,LON".
+int sendGdl90(const Invocation& call, const std::string& what, const std::string& to,
+              bool simulated, int seconds) {
+    DatagramSender sender(to);
+    if (!sender.error().empty())
+        usageError(sender.error());
+    if (simulated)
+        return sendSimulation(call, toPosition(what), seconds, sender);
+    const auto bytes = readWholeFile(pathOf(what));
+    return bytes ? sendFile(call, *bytes, sender) : call.fail("File Open Error: " + what);
+}
+
 }  // namespace
 
 int runGdl90(Invocation& call) {
     std::string file;
+    std::string to;
     bool fix = false;
-    call.options().add_option("file", file, "Raw frames, as they came")->required();
+    bool played = false;
+    bool simulated = false;
+    int seconds = 300;
+    call.options()
+        .add_option("file", file, "Raw frames, as they came; with --simulate LAT,LON")
+        ->required();
+    call.options().add_option("to", to, "With --play and --simulate: udp://HOST:PORT");
     call.options().add_flag("--fix", fix, "What the navigator makes of it, as nmea prints it");
+    auto* play = call.options().add_flag("--play", played,
+                                         "Send the file's frames, one second "
+                                         "of them a second");
+    call.options()
+        .add_flag("--simulate", simulated, "Send a flight from LAT,LON north among others")
+        ->excludes(play);
+    call.options()
+        .add_option("--seconds", seconds, "How long to simulate")
+        ->check(CLI::Range(1, 86400));
     call.parse();
+    if (played || simulated)
+        return sendGdl90(call, file, to, simulated, seconds);
     const auto bytes = readWholeFile(pathOf(file));
     if (!bytes)
         return call.fail("File Open Error: " + file);

@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kMileDecimals = 1;
 
-struct Options {
+struct PlanOptions {
     std::vector<std::string> words;
     std::string output;
     std::string exported;
@@ -58,7 +58,7 @@ std::string fileError(std::string_view error, const std::string& file) {
     return std::string(error) + ": " + file;
 }
 
-int importForeign(const Invocation& call, const Options& options) {
+int importForeign(const Invocation& call, const PlanOptions& options) {
     const std::string& file = options.words[1];
     LoadedDatabase loaded(call);
     auto bytes = readWholeFile(pathOf(file));
@@ -113,7 +113,7 @@ std::string readAnyPlan(LoadedDatabase& loaded, const std::string& file, Generat
     return own.error;
 }
 
-int exportForeign(const Invocation& call, const Options& options) {
+int exportForeign(const Invocation& call, const PlanOptions& options) {
     const std::string& file = options.words[1];
     if (options.exported.empty())
         usageError("plan export needs -o");
@@ -136,7 +136,7 @@ int exportForeign(const Invocation& call, const Options& options) {
 }  // namespace
 
 int runPlan(Invocation& call) {
-    Options options;
+    PlanOptions options;
     call.options()
         .add_option("file", options.words,
                     R"(A ".fp" plan or a ".TXT" waypoint list; or import FILE, export FILE)")

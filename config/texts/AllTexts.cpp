@@ -16,6 +16,7 @@
 #include "config/texts/ReceiverTexts.h"
 #include "config/texts/SheetTexts.h"
 #include "config/texts/StatusTexts.h"
+#include "config/texts/TrafficTexts.h"
 
 namespace korvel {
 namespace {
@@ -39,7 +40,7 @@ std::vector<Text> textsOf(const Groups&... groups) {
 std::vector<Text> allTexts() {
     return textsOf(kCommandTexts, kConnectedTexts, kDatabaseTexts, kExchangeTexts, kFileTexts,
                    kFlightTexts, kInstrumentTexts, kMessageTexts, kModeTexts, kPreferenceTexts,
-                   kReceiverTexts, kSheetTexts, kStatusTexts);
+                   kReceiverTexts, kSheetTexts, kStatusTexts, kTrafficTexts);
 }
 
 }  // namespace korvel

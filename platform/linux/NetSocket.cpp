@@ -121,6 +121,16 @@ NetSocket NetSocket::bindUdp(const NetAddress& at) {
     return bound ? std::move(made) : NetSocket();
 }
 
+NetSocket NetSocket::connectUdp(const NetAddress& to) {
+    NetSocket made(openSocket(to, SOCK_DGRAM));
+    if (!made)
+        return {};
+    const int fd = descriptor(made.native_);
+    switchOn(fd, SOL_SOCKET, SO_BROADCAST);
+    const bool leads = ::connect(fd, socketAddress(to), static_cast<socklen_t>(to.size)) == 0;
+    return leads ? std::move(made) : NetSocket();
+}
+
 NetSocket::Wait NetSocket::waitReadable(Event& aborted, milliseconds limit) const {
     return waitFor(native_, POLLIN, aborted, limit);
 }

@@ -135,6 +135,16 @@ NetSocket NetSocket::bindUdp(const NetAddress& at) {
     return bound ? std::move(made) : NetSocket();
 }
 
+NetSocket NetSocket::connectUdp(const NetAddress& to) {
+    NetSocket made(openSocket(to, SOCK_DGRAM));
+    if (!made)
+        return {};
+    switchOn(socketOf(made.native_), SO_BROADCAST);
+    const bool leads =
+        ::connect(socketOf(made.native_), socketAddress(to), static_cast<int>(to.size)) == 0;
+    return leads ? std::move(made) : NetSocket();
+}
+
 NetSocket::Wait NetSocket::waitReadable(Event& aborted, milliseconds limit) const {
     return waitFor(native_, FD_READ, aborted, limit);
 }

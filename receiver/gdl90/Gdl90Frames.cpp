@@ -79,4 +79,20 @@ void Gdl90Frames::finish() {
     inside_ = false;
 }
 
+std::string gdl90Frame(Gdl90Bytes message) {
+    constexpr unsigned kByte = 0xFF;
+    const unsigned sum = Gdl90Frames::checkSum(message);
+    std::vector<std::uint8_t> clear(message.begin(), message.end());
+    clear.push_back(static_cast<std::uint8_t>(sum & kByte));
+    clear.push_back(static_cast<std::uint8_t>(sum >> 8U));
+    std::string frame(1, static_cast<char>(kFlag));
+    for (const std::uint8_t byte : clear) {
+        const bool escaped = byte == kFlag || byte == kEscape;
+        if (escaped)
+            frame += static_cast<char>(kEscape);
+        frame += static_cast<char>(escaped ? byte ^ kEscapeBit : byte);
+    }
+    return frame + static_cast<char>(kFlag);
+}
+
 }  // namespace korvel

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -40,5 +41,8 @@ class Gdl90Frames {
     bool broken_ = false;  // too long
     std::int64_t badFrames_ = 0;
 };
+
+/// The message as it is sent: with its sum, escapes and a 0x7E at both ends.
+std::string gdl90Frame(Gdl90Bytes message);
 
 }  // namespace korvel

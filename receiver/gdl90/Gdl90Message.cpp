@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <string_view>
 
 #include "geo/Geodesy.h"
 
@@ -137,6 +138,14 @@ std::optional<Gdl90Message> attitude(Gdl90Bytes m) {
 }
 
 }  // namespace
+
+std::string addressText(std::uint32_t address) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string text;
+    for (int shift = 20; shift >= 0; shift -= 4)
+        text += kDigits[address >> static_cast<unsigned>(shift) & 0xFU];
+    return text;
+}
 
 std::optional<Gdl90Message> decodeGdl90(Gdl90Bytes message) {
     struct Kind {

@@ -25,20 +25,20 @@ struct Gdl90Target {
     int alert = 0;
     int addressType = 0;
     std::uint32_t address = 0;  ///< 24 bits
-    std::optional<GeoPoint> position;
-    std::optional<int> pressureAltitudeFt;  ///< above the standard pressure, never a GPS altitude
+    std::optional<GeoPoint> position{};
+    std::optional<int> pressureAltitudeFt{};  ///< above the standard pressure, never a GPS altitude
     bool airborne = false;
     bool extrapolated = false;
     // At most one of the three.
-    std::optional<double> trackDeg;
-    std::optional<double> headingMagneticDeg;
-    std::optional<double> headingTrueDeg;
-    std::optional<int> groundSpeedKt;
-    std::optional<int> verticalSpeedFpm;
+    std::optional<double> trackDeg{};
+    std::optional<double> headingMagneticDeg{};
+    std::optional<double> headingTrueDeg{};
+    std::optional<int> groundSpeedKt{};
+    std::optional<int> verticalSpeedFpm{};
     int nic = 0;
     int nacp = 0;
     int emitterCategory = 0;
-    std::string callSign;  ///< without what it is padded with
+    std::string callSign{};  ///< without what it is padded with
     int emergency = 0;
 };
 
@@ -71,6 +71,9 @@ struct Gdl90Other {
 
 using Gdl90Message = std::variant<Gdl90Heartbeat, Gdl90Target, Gdl90GeometricAltitude,
                                   Gdl90DeviceId, Gdl90Attitude, Gdl90Other>;
+
+/// Six hexadecimal digits.
+std::string addressText(std::uint32_t address);
 
 /// Nothing for a message that is too short for its number or says what cannot be. Longer ones are
 /// read as far as they are known.

@@ -51,9 +51,16 @@ void Gdl90Receiver::takeMessage(const Gdl90Message& message, std::int64_t arrive
         heightIsMsl_ = device->geometricAltitudeIsMsl;
     } else if (const auto* attitude = std::get_if<Gdl90Attitude>(&message)) {
         *attitude_.lock() = Attitude{*attitude, arrivedMs};
-    } else if (const auto* target = std::get_if<Gdl90Target>(&message); target && target->isOwn) {
-        report(*target, arrivedMs, listener);
+    } else if (const auto* target = std::get_if<Gdl90Target>(&message)) {
+        traffic_.lock()->take(*target, arrivedMs);
+        if (target->isOwn)
+            report(*target, arrivedMs, listener);
     }
+}
+
+void Gdl90Receiver::forget() {
+    attitude_.lock()->reset();
+    *traffic_.lock() = {};
 }
 
 void Gdl90Receiver::report(const Gdl90Target& own, std::int64_t arrivedMs,

@@ -9,6 +9,7 @@
 #include "geo/Geoid.h"
 #include "receiver/gdl90/Gdl90Frames.h"
 #include "receiver/gdl90/Gdl90Message.h"
+#include "receiver/gdl90/TrafficTable.h"
 #include "receiver/network/NetworkSource.h"
 
 namespace korvel {
@@ -34,6 +35,10 @@ class Gdl90Receiver final : public SentenceMaker {
 
     /// The newest; any thread.
     std::optional<Attitude> attitude() const { return *attitude_.lock(); }
+    /// All aircraft that it tells of; any thread.
+    TrafficTable traffic() const { return *traffic_.lock(); }
+    /// Another receiver is listened to: what was seen is of no use. Any thread.
+    void forget();
 
  private:
     void report(const Gdl90Target& own, std::int64_t arrivedMs, SentenceListener& listener);
@@ -46,6 +51,7 @@ class Gdl90Receiver final : public SentenceMaker {
     std::optional<int> heightFt_;
     int reportsSinceHeight_ = 0;
     Guarded<std::optional<Attitude>> attitude_;
+    Guarded<TrafficTable> traffic_;
 };
 
 }  // namespace korvel

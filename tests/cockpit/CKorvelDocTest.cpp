@@ -8,10 +8,12 @@
 #include "cockpit/ConnectedText.h"
 #include "geo/Geodesy.h"
 #include "platform/FileIo.h"
+#include "platform/NetSocket.h"
 #include "platform/RegistryProfile.h"
 #include "receiver/FakePorts.h"
 #include "receiver/GpsFixture.h"
 #include "receiver/ReplaySource.h"
+#include "receiver/gdl90/Gdl90Frames.h"
 
 namespace korvel { namespace {
 
@@ -494,6 +496,40 @@ TEST_F(CKorvelDocTest, TellsWhatToDoAboutEachStateOfTheReceiver) {
     says("COM3 9600: Locating Satellites\nThe receiver is heard but has no position");
     say({rmc(kHere), gga(kHere)});
     says("COM3 9600: A fix, 4 satellites in use\n\nATTITUDE\nNo module");
+}
+
+TEST_F(CKorvelDocTest, ATrafficReceiverTellsAttitudeAndOtherAircraft) {
+    // One that nobody has, and nobody has at once.
+    const std::uint16_t port = NetSocket::bindUdp(lookUpAddresses("127.0.0.1", 0, true).at(0)).localPort();
+    start("");
+    doc_->chooseReceiver({.source = "gdl90://127.0.0.1:" + std::to_string(port)});
+    const NetSocket sender = NetSocket::connectUdp(lookUpAddresses("127.0.0.1", port, true).at(0));
+    const auto hears = [&](const std::vector<std::uint8_t>& message, const std::function<bool()>& seen) {
+        return eventually([&] {
+            sender.send(gdl90Frame(message));
+            doc_->tick();
+            return seen();
+        });
+    };
+    std::vector<std::uint8_t> report(28, 0);
+    report[0] = 10, report[4] = 1, report[5] = 0x22, report[11] = 0x0A, report[12] = 0x09, report[13] = 0x99;
+    EXPECT_TRUE(hears(report, [&] { return data().position.has_value(); }));
+    report[0] = 20, report[4] = 2, report[19] = 'X';
+    EXPECT_TRUE(hears(report, [&] { return data().traffic != nullptr; }));
+    EXPECT_EQ(data().traffic->at(0).name, "X");
+    EXPECT_TRUE(
+        hears({0x65, 1, 0, 100, 0, 55, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}, [&] { return data().attitudeMeasured; }));
+    EXPECT_NEAR(*data().bankDeg, 10, 1e-9);
+    EXPECT_NEAR(*data().pitchDeg, 5.5, 1e-9);
+    tickAfter(1000);
+    EXPECT_FALSE(data().attitudeMeasured) << "too old for an attitude";
+    doc_->chooseTraffic({.shown = false});
+    EXPECT_EQ(data().traffic, nullptr);
+    EXPECT_EQ(profile_.getInt(kOptionsSection, "Traffic", 1), 0);
+    doc_->chooseTraffic({});
+    doc_->chooseReceiver({});
+    doc_->tick();
+    EXPECT_EQ(data().traffic, nullptr) << "what another receiver told";
 }
 
 }}  // namespace korvel

@@ -11,19 +11,7 @@ namespace korvel { namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// A message as it is sent, with flags, sum and escapes.
-std::string framed(const Bytes& message) {
-    Bytes clear = message;
-    const unsigned sum = Gdl90Frames::checkSum(message);
-    for (const unsigned part : {sum & 0xFFU, sum >> 8U}) clear.push_back(static_cast<std::uint8_t>(part));
-    std::string out = "\x7E";
-    for (const std::uint8_t byte : clear) {
-        const bool escaped = byte == 0x7E || byte == 0x7D;
-        if (escaped) out += '\x7D';
-        out += static_cast<char>(escaped ? byte ^ 0x20 : byte);
-    }
-    return out + "\x7E";
-}
+std::string framed(const Bytes& message) { return gdl90Frame(message); }
 
 struct Cut {
     std::vector<Bytes> messages;

@@ -47,6 +47,17 @@ TEST(Gdl90Verb, MakesAFix) {
     EXPECT_NEAR(fix["altitudeFt"].get<int>(), 8130 + 54, 6);
 }
 
+TEST(Gdl90Verb, SendsAFlightAmongOthers) {
+    for (const char* place : {"tcp://127.0.0.1:4000", "udp://:4000", "x"})
+        EXPECT_EQ(runTool({"gdl90", "--simulate", "47,8", place}).status, 2) << place;
+    // Nobody has to listen; what is sent is read in a room's own test.
+    const ToolResult result =
+        runTool({"gdl90", "--simulate", "47,8", "udp://127.0.0.1:40124", "--seconds", "1", "--json"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_GE(Json::parse(result.output)["sent"].get<int>(), 1);
+    EXPECT_EQ(runTool({"gdl90", "--play", std::string(kCapture) + "x", "udp://127.0.0.1:40124"}).status, 1);
+}
+
 TEST(ReceiveVerb, KnowsASourceFromOtherTexts) {
     for (const char* text : {"COM1:,9600,N,8,1", "tcp://host", "http://host:80", ""})
         EXPECT_EQ(runTool({"receive", text}).status, 2) << text;

@@ -9,6 +9,7 @@
 #include "config/texts/CommandTexts.h"
 #include "config/texts/MessageTexts.h"
 #include "config/texts/SheetTexts.h"
+#include "config/texts/TrafficTexts.h"
 #include "screen/Screen.h"
 #include "window/sheets/AltimeterSheet.h"
 #include "window/sheets/CGPSDialog.h"
@@ -16,6 +17,7 @@
 #include "window/sheets/QuestionSheet.h"
 #include "window/sheets/SimulatorSheet.h"
 #include "window/sheets/TraceSheet.h"
+#include "window/sheets/TrafficSheet.h"
 
 namespace korvel {
 
@@ -43,6 +45,7 @@ void OptionCommands::addTo(QMenu& menu) {
     host_.addCommand(menu, kCommandTexts.commandPort, {Qt::Key_G}, [this] { choosePort(); });
     addSheet<AltimeterSheet>(menu, kCommandTexts.commandAltimeter,
                              {QKeySequence(Qt::SHIFT | Qt::Key_A)});
+    addSheet<TrafficSheet>(menu, kTrafficTexts.command, {QKeySequence(Qt::SHIFT | Qt::Key_T)});
     const auto updateChecks = [this] {
         simulating_->setChecked(host_.document().flight().simulator().running());
     };
