@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "cockpit/FlightData.h"
+#include "cockpit/SentinelValues.h"
 #include "config/Text.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
@@ -43,6 +44,7 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
       monitor_({gpsPort_, *this, input_, foundations.profile, foundations.clock}),
       charts_(foundations.clock, foundations.folder),
       flight_({foundations.clock, charts_.database(), charts_.userRecords(), foundations.folder}),
+      terrainWatch_(ground_.terrain(), charts_.database(), flight_.alarms()),
       memory_(profile_, flight_, charts_.database()),
       userFixes_(profile_, charts_, flight_.plan()),
       knownPlaces_(profile_),
@@ -82,7 +84,23 @@ void CKorvelDoc::forgetDatabases() {
         onOtherDatabases();
 }
 
+void CKorvelDoc::watchTerrain() {
+    const Aircraft& present = flight_.navigation().present();
+    TerrainWatch::Situation now{
+        .position = known(present.position),
+        .trackTrueDeg = known(input_.variation().MagneticToTrue(present.trackMag), kNoAngle),
+        .groundSpeedKt = present.groundSpeedKt,
+        .verticalSpeedFpm = flight_.verticalSpeedFpm(),
+        .turnRateDegPerSec = data_.turnRateDegPerSec};
+    if (present.altitudeFt)
+        now.altitudeFt = *present.altitudeFt - altimeterOffsetFt_.value_or(0);
+    const auto destination = flight_.destination();
+    now.destination = destination.get();
+    terrainWatch_.update(now);
+}
+
 void CKorvelDoc::tick() {
+    ground_.takeLoaded();
     if (charts_.takeLoaded())
         forgetDatabases();
     monitor_.gpsTick();
@@ -95,6 +113,7 @@ void CKorvelDoc::tick() {
     if (beforeNavigation)
         beforeNavigation();
     watchTraffic();
+    watchTerrain();
     flight_.tick(settings_, input_.variation(), aircraft);
     nearAirports_.update(charts_.database(), flight_.navigation().present().position, settings_,
                          input_.variation());

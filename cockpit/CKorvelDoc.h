@@ -19,6 +19,7 @@
 #include "cockpit/GroundData.h"
 #include "cockpit/KnownPlaces.h"
 #include "cockpit/NearAirportList.h"
+#include "cockpit/TerrainWatch.h"
 #include "cockpit/TrafficWatch.h"
 #include "cockpit/UserFixes.h"
 #include "config/ProfileFile.h"
@@ -198,6 +199,7 @@ class CKorvelDoc final : private SentenceListener {
     SourceKind sourceKind() const { return source_ ? source_->kind() : SourceKind::Receiver; }
     std::optional<std::int64_t> receivedUtc() const;
     CockpitData collectData();
+    void watchTerrain();
     void show(CockpitData data);
     void collectFix(CockpitData& data);
 
@@ -218,6 +220,7 @@ class CKorvelDoc final : private SentenceListener {
     Charts charts_;
     GroundData ground_;
     Flight flight_;
+    TerrainWatch terrainWatch_;
     FlightMemory memory_;
     NearAirportList nearAirports_;
     UserFixes userFixes_;

@@ -186,8 +186,6 @@ void Flight::goOnWithPlan() {
         navigation_.ClearNavigation();
 }
 
-/// Where the flight ends, once it is what is flown to: the plan's last waypoint, or the airport of
-/// a direct leg. Null for none.
 std::shared_ptr<const DatabaseRecord> Flight::destination() {
     if (navigation_.directLeg()) {
         const auto& record = navigation_.directRecord();

@@ -71,6 +71,9 @@ class Flight {
     [[nodiscard]] std::vector<LandingRunway> offeredApproaches(GeoPoint position);
     AlarmBoard& alarms() { return alarms_.board(); }
     const AlarmBoard& alarms() const { return alarms_.board(); }
+    /// Where the flight ends, once it is what is flown to: the plan's last waypoint, or the airport
+    /// of a direct leg. Null for none.
+    std::shared_ptr<const DatabaseRecord> destination();
     /// Of the last seconds, up positive; nothing while it is unknown.
     std::optional<int> verticalSpeedFpm() const { return verticalSpeed_.feetPerMinute(); }
     /// Whole seconds since this flight began; nothing on the ground.
@@ -118,7 +121,6 @@ class Flight {
               const ActiveNavigation::Aircraft& received);
     void goOnWithPlan();
     void watch(const Settings& settings, const Variation& variation);
-    std::shared_ptr<const DatabaseRecord> destination();
     std::string placeHere() const;
 
     ShiftedClock clock_;

@@ -1,34 +1,69 @@
 #pragma once
 
+#include <atomic>
 #include <filesystem>
+#include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "ground/airspace/AirspaceSet.h"
 #include "ground/basemap/BaseMap.h"
+#include "ground/terrain/TerrainStore.h"
 
 namespace korvel {
+
+/// Where the map takes the ground from; null for none. All must outlive who uses them.
+struct GroundSources {
+    BaseMap* map = nullptr;
+    const AirspaceSet* airspaces = nullptr;
+    TerrainStore* terrain = nullptr;
+};
 
 /// What the document knows of the ground. Main thread only.
 class GroundData {
  public:
+    GroundData() = default;
+    GroundData(const GroundData&) = delete;
+    GroundData& operator=(const GroundData&) = delete;
+    /// Waits for what is being read.
+    ~GroundData();
+
     /// Opens the base map of these folders, the first "*.map" that can be used, the earlier
-    /// folders' first, and reads their files of airspaces: a few milliseconds, and some ten for
-    /// each thousand of them.
+    /// folders' first: a few milliseconds. Their files of airspaces are read on a thread, some ten
+    /// milliseconds for each thousand of them, and come into use with takeLoaded(); those before
+    /// stay until then. Their tiles of heights are read as they are wanted.
+    void startOpening(std::vector<std::filesystem::path> folders);
+    /// The same, and returns when the airspaces are there.
     void open(std::vector<std::filesystem::path> folders);
+    /// Once per tick: brings what has been read into use.
+    void takeLoaded();
 
     /// The same object through every opening; not open when there is none.
     BaseMap& baseMap() { return baseMap_; }
     [[nodiscard]] const BaseMap& baseMap() const { return baseMap_; }
     [[nodiscard]] const AirspaceSet& airspaces() const { return airspaces_; }
+    TerrainStore& terrain() { return terrain_; }
+    [[nodiscard]] const TerrainStore& terrain() const { return terrain_; }
+    GroundSources sources() { return {&baseMap_, &airspaces_, &terrain_}; }
     /// Files that could not be used, and what the map in use was found to lack so far: a message
     /// each.
     [[nodiscard]] std::vector<std::string> problems() const;
 
  private:
+    struct Reading {
+        AirspaceSet airspaces;
+        std::atomic<bool> finished{false};
+        std::thread thread;
+    };
+
+    void finishReading();
+
     BaseMap baseMap_;
     AirspaceSet airspaces_;
-    std::vector<std::string> problems_;
+    TerrainStore terrain_;
+    std::unique_ptr<Reading> reading_;  ///< null while nothing is read
+    std::vector<std::string> mapProblems_;
 };
 
 }  // namespace korvel

@@ -15,6 +15,7 @@ class TrackLevels;
 struct Town;
 struct CockpitData;
 struct PlaceSet;
+struct Text;
 
 /// What one frame of the map is drawn from: all that a layer may look at. Whoever draws the map
 /// fills it in, the feeds theirs; everything outlives the frame, and nothing changes while it is
@@ -27,6 +28,8 @@ struct MapContent {
     bool moved = false;      ///< the pilot looks elsewhere than at the aircraft
     bool trustMarks = true;  ///< stand on the map, because there is no status line above it
 
+    /// What the pilot must know of the heights in colours; null for nothing.
+    const Text* terrainNote = nullptr;
     GroundPicture* ground = nullptr;           ///< kept from frame to frame; null for none
     const std::vector<Town>* towns = nullptr;  ///< around the view, the weightiest first; or null
     const PlaceSet* places = nullptr;          ///< from the databases; null for none

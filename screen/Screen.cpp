@@ -26,8 +26,7 @@ Screen::Screen(CKorvelDoc& document, ProfileFile& profile, const TextMeasure& le
       profile_(profile),
       letters_(letters),
       page_(pageOfNumber(profile.getInt(kOptionsSection, kPageKey, static_cast<int>(PageId::Map)))),
-      feeds_(document.charts().database(), &document.ground().baseMap(),
-             &document.ground().airspaces()),
+      feeds_(document.charts().database(), document.ground().sources()),
       fields_(profile),
       hints_(profile) {
     camera_.loadRange(profile);
@@ -53,7 +52,7 @@ void Screen::tick() {
     if (page_ == PageId::NearestAirport || fields_.contains(NavFieldId::NearestAirport))
         document_.wantNearAirports();
     document_.tick();
-    if (message_.tick())
+    if (message_.tick() || (camera_.showsMap() && feeds_.hasNews()))
         changed();
     if (const std::string message = camera_.tick(); !message.empty())
         say(message);

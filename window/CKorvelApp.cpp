@@ -71,8 +71,11 @@ CKorvelApp::CKorvelApp(const CommandLine& line, OneWindow& window)
 }
 
 std::string CKorvelApp::start() {
-    document_.ground().open(dataFolders());
     // A window on the screen may wait for its places, a picture may not.
+    if (line_.snapshotFile.empty())
+        document_.ground().startOpening(dataFolders());
+    else
+        document_.ground().open(dataFolders());
     return line_.snapshotFile.empty() ? startWindow() : startPicture();
 }
 

@@ -31,6 +31,8 @@ struct FlightTexts {
     Text alarmGear{61900, "CHECK GEAR"};
     Text alarmOffCourse{61901, "OFF COURSE"};
     Text alarmArriving{61902, "Arriving at %s"};  ///< %s: waypoint
+    Text alarmTerrain{66103, "TERRAIN (GPS altitude)"};
+    Text alarmTerrainAhead{66104, "TERRAIN AHEAD (GPS altitude)"};
     Text pluginLacksFunctions{61910,
                               "%s does not draw attitudes: it lacks a function"};  ///< %s: file
     Text fileNotWritten{61987, "Not recorded: %s cannot be written"};              ///< %s: file

@@ -33,6 +33,9 @@ struct StatusTexts {
         61911,
         "No attitude module\nThe library of a module goes into the folder\n%s\nThe page EFIS shows "
         "what the receiver lets on of the attitude."};  ///< %s: folder
+    Text terrainMissing{66100, "TERRAIN DATA MISSING"};
+    Text terrainNoAltitude{66101, "NO ALTITUDE: TERRAIN NOT COLOURED"};
+    Text terrainNearOnly{66102, "Terrain colours from 100 NM in"};
     Text approachShort{61940, "APPR"};
     Text glideHigh{61941, "HIGH"};
     Text glideLow{61942, "LOW"};

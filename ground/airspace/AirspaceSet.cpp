@@ -60,6 +60,12 @@ void AirspaceSet::assign(std::vector<Airspace> airspaces) {
     ++revision_;
 }
 
+void AirspaceSet::takeOver(AirspaceSet&& loaded) {
+    const std::uint64_t next = revision_ + 1;
+    *this = std::move(loaded);
+    revision_ = next;
+}
+
 std::vector<std::size_t> AirspaceSet::touching(const AirspaceBox& box) const {
     std::vector<std::size_t> found;
     for (std::size_t i = 0; i < boxes_.size(); ++i)

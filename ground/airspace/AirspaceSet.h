@@ -22,6 +22,9 @@ class AirspaceSet {
     /// The same of airspaces that were read already.
     void assign(std::vector<Airspace> airspaces);
 
+    /// Takes the place of what was there with what another one has loaded.
+    void takeOver(AirspaceSet&& loaded);
+
     [[nodiscard]] std::span<const Airspace> all() const { return airspaces_; }
     /// Places in all() of those whose boxes touch this one, in their order.
     [[nodiscard]] std::vector<std::size_t> touching(const AirspaceBox& box) const;

@@ -43,13 +43,13 @@ std::optional<TileFolder::Height> TileFolder::heightAt(GeoPoint point) {
     const auto found = files_.find(tileOf(point));
     if (found == files_.end())
         return std::nullopt;
-    const auto metres = tile(found->first, found->second)->heightM(point);
+    const auto metres = tile(found->first)->heightM(point);
     if (!metres)
         return std::nullopt;
     return Height{*metres, textOf(found->second.filename())};
 }
 
-const HgtTile* TileFolder::tile(TileCorner corner, const std::filesystem::path& file) {
+const HgtTile* TileFolder::tile(TileCorner corner) {
     const auto known = std::ranges::find(kept_, corner, &HgtTile::corner);
     if (known != kept_.end()) {
         kept_.splice(kept_.begin(), kept_, known);
@@ -58,14 +58,26 @@ const HgtTile* TileFolder::tile(TileCorner corner, const std::filesystem::path& 
     if (kept_.size() >= kKept)
         kept_.pop_back();
     HgtTile& tile = kept_.emplace_front();
+    if (std::string error = read(corner, tile); !error.empty()) {
+        tile.markEmpty(corner);
+        problems_.push_back(std::move(error));
+    }
+    return &tile;
+}
+
+std::set<TileCorner> TileFolder::corners() const {
+    std::set<TileCorner> all;
+    for (const auto& [corner, file] : files_)
+        all.insert(corner);
+    return all;
+}
+
+std::string TileFolder::read(TileCorner corner, HgtTile& tile) const {
+    const std::filesystem::path& file = files_.at(corner);
     const auto bytes = readWholeFile(file, kLargestFile, disk_);
     const std::string error =
         bytes ? tile.read(*bytes, corner) : std::string("The file cannot be read");
-    if (!error.empty()) {
-        tile.markEmpty(corner);
-        problems_.push_back(textOf(file.filename()) + ": " + error);
-    }
-    return &tile;
+    return error.empty() ? error : textOf(file.filename()) + ": " + error;
 }
 
 }  // namespace korvel

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <utility>
@@ -35,11 +36,17 @@ class TileFolder {
     /// Whether there is a tile for the point, be it damaged.
     bool hasTile(GeoPoint point) const { return files_.contains(tileOf(point)); }
 
+    /// Of all tiles.
+    [[nodiscard]] std::set<TileCorner> corners() const;
+    /// Reads a tile that is there anew and does not keep it. Returns the message, with the file's
+    /// name; empty on success.
+    [[nodiscard]] std::string read(TileCorner corner, HgtTile& tile) const;
+
     /// What could not be read since the last call, a text each.
     std::vector<std::string> takeProblems() { return std::exchange(problems_, {}); }
 
  private:
-    const HgtTile* tile(TileCorner corner, const std::filesystem::path& file);
+    const HgtTile* tile(TileCorner corner);
 
     FileSystem& disk_;
     std::map<TileCorner, std::filesystem::path> files_;

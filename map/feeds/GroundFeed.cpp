@@ -1,21 +1,113 @@
 #include "map/feeds/GroundFeed.h"
 
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "cockpit/CockpitData.h"
+#include "config/Settings.h"
+#include "config/texts/StatusTexts.h"
 #include "map/MapContent.h"
+#include "map/ground/TerrainField.h"
 
 namespace korvel {
+namespace {
 
-GroundFeed::GroundFeed(BaseMap* map, const AirspaceSet* airspaces)
-    : picture_(map != nullptr ? std::make_unique<GroundPicture>(*map) : nullptr) {
+/// Farther out a view has so many tiles that reading them would take minutes.
+constexpr int kTerrainToNm = 100;
+/// Pixels between the heights that the picture looks up.
+constexpr double kPixelsPerHeight = 2;
+/// Bands stay until the altitude has changed by so much, or their edges would flicker.
+constexpr double kBandStepFt = 20;
+constexpr int kRelative = 1;  ///< of the setting "AltMode"
+
+/// Above sea, by the receiver alone; nothing without a fix in three dimensions.
+std::optional<double> altitudeFt(const CockpitData& data) {
+    if (!data.position || !data.altitudeFt || !(data.fix3D || data.simulated))
+        return std::nullopt;
+    return *data.altitudeFt - data.altimeterOffsetFt.value_or(0);
+}
+
+}  // namespace
+
+GroundFeed::GroundFeed(const GroundSources& sources)
+    : airspaces_(sources.airspaces),
+      terrain_(sources.terrain),
+      picture_(sources.map != nullptr ? std::make_unique<GroundPicture>(*sources.map) : nullptr) {
     if (picture_)
-        picture_->showAirspaces(airspaces);
+        picture_->showAirspaces(airspaces_);
 }
 
 bool GroundFeed::update(const FeedRequest& request) {
-    const GroundParts parts = GroundParts::from(request.settings);
-    if (!picture_ || picture_->parts() == parts)
+    if (!picture_ || !picture_->map().isOpen())
         return false;
+    const GroundParts parts = GroundParts::from(request.settings);
+    const bool otherParts = picture_->parts() != parts;
     picture_->showParts(parts);
-    return true;
+    const bool otherTerrain = updateTerrain(request);
+    const std::uint64_t airspaces = airspaceRevision();
+    return std::exchange(seenAirspaces_, airspaces) != airspaces || otherParts || otherTerrain;
+}
+
+std::uint64_t GroundFeed::airspaceRevision() const {
+    return airspaces_ != nullptr ? airspaces_->revision() : 0;
+}
+
+bool GroundFeed::updateTerrain(const FeedRequest& request) {
+    note_ = nullptr;
+    if (terrain_ == nullptr || !picture_->parts().relief)
+        return std::exchange(bandsAtFt_, std::nullopt).has_value();
+    const bool near = request.view.rangeNm <= kTerrainToNm;
+    const Rect area = GroundPicture::areaFor(request.view);
+    const GroundGrid grid(request.view.projection, {area.x, area.y}, 1);
+    std::vector<TileCorner> corners;
+    if (near && grid.isFlat())
+        corners = tilesIn(grid.box(area.width, area.height));
+    const bool relative = request.settings.altMode == kRelative;
+    const bool otherBands = updateBands(request);
+    if (relative && !near)
+        note_ = &kStatusTexts.terrainNearOnly;
+    else if (relative && !bandsAtFt_)
+        note_ = &kStatusTexts.terrainNoAltitude;
+    else if (relative && !knowsAll(corners))
+        note_ = &kStatusTexts.terrainMissing;
+    terrain_->want(TerrainStore::Purpose::Map, std::move(corners),
+                   grid.metresPerPixel() * kPixelsPerHeight);
+    picture_->showTerrain(near ? terrain_ : nullptr, near ? bandsAtFt_ : std::nullopt);
+    const std::uint64_t revision = terrain_->revision();
+    return std::exchange(seenTerrain_, revision) != revision || otherBands;
+}
+
+bool GroundFeed::updateBands(const FeedRequest& request) {
+    const auto altitude =
+        request.settings.altMode == kRelative ? altitudeFt(request.data) : std::optional<double>();
+    if (altitude && bandsAtFt_ && std::abs(*altitude - *bandsAtFt_) < kBandStepFt)
+        return false;
+    return std::exchange(bandsAtFt_, altitude) != altitude;
+}
+
+/// Whether all ground of these tiles is known: each is loaded without gaps, or lies at sea.
+bool GroundFeed::knowsAll(const std::vector<TileCorner>& corners) const {
+    const BaseMapFile& map = picture_->map().file();
+    const auto sheet = map.sheetFor(SheetKind::Land, 0);
+    return std::ranges::all_of(corners, [&](TileCorner corner) {
+        if (const auto tile = terrain_->tile(corner); tile.state == TerrainStore::State::Loaded)
+            return !tile.heights->hasVoids();
+        if (!sheet)
+            return false;
+        const MapSheet& land = map.sheets()[*sheet];
+        const int bin = (corner.south + 90) / land.binDegrees * land.columns() +
+                        (corner.west + 180) / land.binDegrees;
+        return map.state(land, bin) == BinState::Sea;
+    });
+}
+
+bool GroundFeed::hasNews() const {
+    if (!picture_ || !picture_->map().isOpen())
+        return false;
+    return seenAirspaces_ != airspaceRevision() ||
+           (terrain_ != nullptr && picture_->parts().relief &&
+            seenTerrain_ != terrain_->revision());
 }
 
 void GroundFeed::forget() {
@@ -24,8 +116,10 @@ void GroundFeed::forget() {
 }
 
 void GroundFeed::addTo(MapContent& content) const {
-    if (picture_ && picture_->map().isOpen())
-        content.ground = picture_.get();
+    if (!picture_ || !picture_->map().isOpen())
+        return;
+    content.ground = picture_.get();
+    content.terrainNote = note_;
 }
 
 }  // namespace korvel

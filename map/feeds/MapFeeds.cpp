@@ -16,6 +16,11 @@ bool MapFeeds::isComplete() const {
         all_, [](const ViewFeed* feed) { return feed->isComplete(); });
 }
 
+bool MapFeeds::hasNews() const {
+    return std::ranges::any_of(
+        all_, [](const ViewFeed* feed) { return feed->hasNews(); });
+}
+
 void MapFeeds::forget() {
     for (ViewFeed* feed : all_)
         feed->forget();

@@ -14,14 +14,14 @@ namespace korvel {
 /// the list of them.
 class MapFeeds {
  public:
-    /// All must outlive this; null for no map of the ground, and for no airspaces on it.
-    explicit MapFeeds(const NavDatabase& database, BaseMap* ground = nullptr,
-                      const AirspaceSet* airspaces = nullptr)
-        : ground_(ground, airspaces), towns_(ground), places_(database) {}
+    /// The database must outlive this.
+    explicit MapFeeds(const NavDatabase& database, const GroundSources& ground = {})
+        : ground_(ground), towns_(ground.map), places_(database) {}
 
     /// Call before each frame; true when something has changed.
     bool update(const FeedRequest& request);
     bool isComplete() const;
+    bool hasNews() const;
     void forget();
     /// Hands what they hold to a frame.
     void addTo(MapContent& content) const;

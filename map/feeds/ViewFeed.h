@@ -31,6 +31,8 @@ class ViewFeed {
     virtual bool update(const FeedRequest& request) = 0;
     /// Whether all that the last view shows is there; until then update() has more to do.
     virtual bool isComplete() const = 0;
+    /// Whether something has come by itself since the last update: the map is worth drawing anew.
+    virtual bool hasNews() const { return false; }
     /// Drops everything: what it is fetched from was loaded anew.
     virtual void forget() = 0;
 

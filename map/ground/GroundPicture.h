@@ -16,6 +16,8 @@
 
 namespace korvel {
 
+class TerrainStore;
+
 /// The ground as one picture, a bit larger than the view and at the angle that the map had when it
 /// was made: while the aircraft flies and turns it is shifted and turned under everything else, and
 /// drawn anew when the view leaves it. All of that is exact, since the projection is affine, as
@@ -39,6 +41,15 @@ class GroundPicture {
     void showParts(const GroundParts& parts) { parts_ = parts; }
     [[nodiscard]] const GroundParts& parts() const { return parts_; }
 
+    /// Takes heights from these tiles, null for the base map's coarse ones; with an altitude in
+    /// feet ground is coloured by how near it comes to that. They must outlive the picture.
+    void showTerrain(const TerrainStore* terrain, std::optional<double> bandsAtFt) {
+        terrain_ = terrain;
+        bandsAtFt_ = bandsAtFt;
+    }
+    /// What a picture of this view is drawn for: the view with some room around it.
+    [[nodiscard]] static Rect areaFor(const MapView& view);
+
     /// Drops the picture.
     void forget() { key_.reset(); }
     BaseMap& map() const { return map_; }
@@ -53,6 +64,8 @@ class GroundPicture {
         double pixelRatio = 1;
         GroundParts parts;
         std::uint64_t airspaces = 0;  ///< their revision
+        std::optional<std::uint64_t> terrain{};
+        std::optional<double> bandsAtFt{};
         std::vector<ColorValue> colors;
 
         friend bool operator==(const Key&, const Key&) = default;
@@ -63,6 +76,8 @@ class GroundPicture {
 
     BaseMap& map_;
     const AirspaceSet* airspaces_ = nullptr;
+    const TerrainStore* terrain_ = nullptr;
+    std::optional<double> bandsAtFt_;
     GroundParts parts_;
     std::optional<Key> key_;
     GeoPoint center_;   ///< the ground under pivot_

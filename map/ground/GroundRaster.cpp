@@ -2,18 +2,68 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
+#include "geo/Units.h"
+#include "ground/terrain/HeightPyramid.h"
 #include "map/ground/AirspaceLines.h"
 #include "map/ground/GroundTiles.h"
 #include "map/ground/ReliefPatch.h"
+#include "map/ground/TerrainField.h"
 #include "paint/ground/GroundColors.h"
 
 namespace korvel {
 namespace {
 
 constexpr double kAirspaceOpacity = 0.85;
-constexpr int kReliefStep = 4;           ///< pixels between the heights that are looked up
+constexpr int kReliefStep = 4;  ///< pixels between the heights that are looked up
+constexpr int kTerrainStep = 2;
 constexpr double kReliefSteepness = 10;  ///< its cells are nine kilometres wide
+constexpr double kTerrainSteepness = 1.8;
+
+// Ground near the aircraft's altitude.
+constexpr double kDangerBelowFt = 100;
+constexpr double kWarningBelowFt = 1000;
+constexpr std::uint32_t kBandShare = 190;  ///< 256ths: slopes are still to be seen
+constexpr std::uint32_t kBandShareDark = 140;
+// Ground that nobody knows.
+constexpr double kHatchApart = 10;
+constexpr double kHatchWide = 2;
+constexpr double kHatch = 0.55;         ///< of the labels' colour in the stripes
+constexpr double kUnknownGround = 0.2;  ///< and between them
+
+ColorValue unknownInk(const MapColorCache& colors, double share) {
+    return blended(colors[ColorKey::MapBackground], colors[ColorKey::GeoLabel], share);
+}
+
+/// Colours land by how near the altitude it comes.
+class BandColors {
+ public:
+    BandColors(std::optional<double> altitudeFt, const MapColorCache& colors)
+        : dangerM_((altitudeFt.value_or(0) - kDangerBelowFt) / kFeetPerMetre),
+          warningM_((altitudeFt.value_or(0) - kWarningBelowFt) / kFeetPerMetre),
+          danger_(toPixel(colors[ColorKey::GeoDanger])),
+          warning_(toPixel(colors[ColorKey::GeoWarning])),
+          unknown_(toPixel(unknownInk(colors, kUnknownGround))),
+          share_(isDarkLand(colors[ColorKey::GeoLand]) ? kBandShareDark : kBandShare) {}
+
+    /// `highest` is what is known of the ground there in metres, even where most of it is not.
+    [[nodiscard]] std::uint32_t over(std::uint32_t land, float highest, bool measured) const {
+        if (highest > dangerM_ && highest > HeightPyramid::kUnknown)
+            return mixedPixel(land, danger_, share_);
+        if (highest > warningM_ && highest > HeightPyramid::kUnknown)
+            return mixedPixel(land, warning_, share_);
+        return measured ? land : unknown_;
+    }
+
+ private:
+    double dangerM_;
+    double warningM_;
+    std::uint32_t danger_;
+    std::uint32_t warning_;
+    std::uint32_t unknown_;
+    std::uint32_t share_;
+};
 
 /// Up to how many metres a pixel lines of a kind are drawn, and how.
 struct LineLook {
@@ -110,7 +160,7 @@ void GroundRaster::drawLand(const GroundGrid& grid, const GroundScene& scene,
                                             [](Point point) { return toFine(point); });
                      coverage_->ring(ring);
                  });
-    if (scene.parts.relief && map_.file().hasRelief())
+    if (scene.parts.relief && (scene.terrain != nullptr || map_.file().hasRelief()))
         shadeLand(grid, scene, colors);
     else
         ShorePalette(colors[ColorKey::GeoLand], colors[ColorKey::GeoWater])
@@ -119,24 +169,66 @@ void GroundRaster::drawLand(const GroundGrid& grid, const GroundScene& scene,
 
 void GroundRaster::shadeLand(const GroundGrid& grid, const GroundScene& scene,
                              const MapColorCache& colors) {
+    const ReliefPatch relief(map_, grid.box(width_, height_));
+    if (scene.terrain != nullptr) {
+        HeightGrid heights(width_, height_, scene.pixelRatio > 1 ? kReliefStep : kTerrainStep);
+        const TerrainField terrain = readTerrain(*scene.terrain, grid, relief, heights);
+        if (terrain.measured || scene.bandsAtFt) {
+            colorLand(grid, scene, colors, heights, &terrain);
+            if (scene.bandsAtFt)
+                hatchUnknown(heights, terrain, scene.pixelRatio, unknownInk(colors, kHatch));
+            return;
+        }
+    }
     HeightGrid heights(width_, height_, kReliefStep);
-    ReliefPatch(map_, grid.box(width_, height_)).fill(grid, heights);
-    std::vector<std::uint32_t> land;
-    tint(colors, reliefShading(scene.rangeNm))
-        .colorize(heights,
-                  {.northWest = grid.northWest(),
-                   .metresPerPixel = grid.metresPerPixel(),
-                   .steepness = kReliefSteepness},
-                  land);
-    ShorePalette(colors[ColorKey::GeoLand], colors[ColorKey::GeoWater])
-        .paint(*coverage_, heights, land, pixels_);
+    relief.fill(grid, heights);
+    colorLand(grid, scene, colors, heights, nullptr);
 }
 
-const LandTint& GroundRaster::tint(const MapColorCache& colors, double shading) {
+void GroundRaster::colorLand(const GroundGrid& grid, const GroundScene& scene,
+                             const MapColorCache& colors, const HeightGrid& heights,
+                             const TerrainField* terrain) {
+    slopesTowards(grid.northWest(), grid.metresPerPixel(), heights, slopes_);
+    land_.resize(slopes_.size());
+    const double coarse = reliefShading(scene.rangeNm);
+    const LandTint& tints = tint(colors);
+    const BandColors bands(scene.bandsAtFt, colors);
+    for (std::size_t i = 0; i < land_.size(); ++i) {
+        const bool measured = terrain != nullptr && terrain->isMeasured[i] != 0;
+        const double light = measured ? lightOnSlope(slopes_[i], kTerrainSteepness)
+                                      : coarse * lightOnSlope(slopes_[i], kReliefSteepness);
+        land_[i] = tints.at(heights.metres[i], light);
+        if (scene.bandsAtFt && terrain != nullptr)
+            land_[i] = bands.over(land_[i], terrain->highest[i], measured);
+    }
+    ShorePalette(colors[ColorKey::GeoLand], colors[ColorKey::GeoWater])
+        .paint(*coverage_, heights, land_, pixels_);
+}
+
+/// Stripes over land whose height nobody knows: it must not look like low ground.
+void GroundRaster::hatchUnknown(const HeightGrid& heights, const TerrainField& terrain,
+                                double pixelRatio, ColorValue ink) {
+    const int apart = static_cast<int>(std::lround(kHatchApart * pixelRatio));
+    const int wide = static_cast<int>(std::lround(kHatchWide * pixelRatio));
+    const std::uint32_t stripe = toPixel(ink);
+    std::vector<std::uint16_t> shares(static_cast<std::size_t>(width_));
+    for (int y = 0; y < height_; ++y) {
+        if (!coverage_->row(y, shares))
+            continue;
+        for (int x = 0; x < width_; ++x) {
+            const auto column = static_cast<std::size_t>(x);
+            if ((x + y) % apart < wide && shares[column] > Coverage::kFull / 2 &&
+                terrain.isMeasured[heights.placeOf(x / heights.step, y / heights.step)] == 0)
+                pixels_[static_cast<std::size_t>(y) * shares.size() + column] = stripe;
+        }
+    }
+}
+
+const LandTint& GroundRaster::tint(const MapColorCache& colors) {
     const ColorValue land = colors[ColorKey::GeoLand];
     const ColorValue highest = colors[ColorKey::GeoLandMax];
-    if (!tint_ || tint_->land != land || tint_->highest != highest || tint_->shading != shading)
-        tint_.emplace(Tint{land, highest, shading, LandTint(land, highest, shading)});
+    if (!tint_ || tint_->land != land || tint_->highest != highest)
+        tint_.emplace(Tint{land, highest, LandTint(land, highest)});
     return tint_->tint;
 }
 

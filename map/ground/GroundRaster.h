@@ -17,10 +17,17 @@
 
 namespace korvel {
 
+class TerrainStore;
+struct TerrainField;
+
 /// What a picture of the ground shows besides the map itself.
 struct GroundScene {
     GroundParts parts;
     const AirspaceSet* airspaces = nullptr;  ///< null for none
+    const TerrainStore* terrain = nullptr;   ///< null where the base map's heights will do
+    /// The altitude above sea in feet by which ground is coloured; nothing for its own heights'
+    /// colours.
+    std::optional<double> bandsAtFt{};
     int rangeNm = 0;
     double pixelRatio = 1;  ///< pixels of the raster in one of the canvas
 };
@@ -45,13 +52,16 @@ class GroundRaster {
                        const MapColorCache& colors);
     void hideBeyondTheWorld(const GroundGrid& grid, ColorValue background);
     void paintBands(std::span<const Segment> lines, double width, ColorValue color, double opacity);
-    const LandTint& tint(const MapColorCache& colors, double shading);
+    void colorLand(const GroundGrid& grid, const GroundScene& scene, const MapColorCache& colors,
+                   const HeightGrid& heights, const TerrainField* terrain);
+    void hatchUnknown(const HeightGrid& heights, const TerrainField& terrain, double pixelRatio,
+                      ColorValue ink);
+    const LandTint& tint(const MapColorCache& colors);
 
     /// A table that takes a millisecond to make.
     struct Tint {
         ColorValue land;
         ColorValue highest;
-        double shading;
         LandTint tint;
     };
 
@@ -61,6 +71,8 @@ class GroundRaster {
     std::vector<std::uint32_t> pixels_;
     std::unique_ptr<Coverage> coverage_;  ///< kept for its memory
     std::optional<Tint> tint_;
+    std::vector<float> slopes_;  ///< these two as well
+    std::vector<std::uint32_t> land_;
 };
 
 }  // namespace korvel

@@ -90,9 +90,12 @@ class FurniturePainter {
 }  // namespace
 
 void FurnitureLayer::layOut(const TextMeasure& texts, LabelRoom& room) {
-    furniture_ = layOutFurniture(
-        texts, view().area, content().data, view().projection, view().rangeNm, view().textPx,
-        {.moved = content().moved, .trustMarks = content().trustMarks, .alarms = content().alarms});
+    furniture_ = layOutFurniture(texts, view().area, content().data, view().projection,
+                                 view().rangeNm, view().textPx,
+                                 {.moved = content().moved,
+                                  .terrain = content().terrainNote,
+                                  .trustMarks = content().trustMarks,
+                                  .alarms = content().alarms});
     for (const Rect& area : furniture_.areas())
         room.taken.reserve(area);
 }

@@ -13,6 +13,8 @@
 
 namespace korvel {
 
+struct Text;
+
 /// A short text on a small box of its own.
 struct InfoBox {
     Rect area;
@@ -43,8 +45,9 @@ struct MapFurniture {
 
 /// What stands on the map beside its data.
 struct MapState {
-    bool moved = false;      ///< away from the aircraft
-    bool trustMarks = true;  ///< what else would not be told: the simulator, old charts
+    bool moved = false;             ///< away from the aircraft
+    const Text* terrain = nullptr;  ///< of the ground's colours; null for nothing
+    bool trustMarks = true;         ///< what else would not be told: the simulator, old charts
     std::span<const Rect> alarms{};
 };
 

@@ -20,7 +20,6 @@ ColorValue shoreColor(ColorValue land, ColorValue water) {
                             : blended(water, kBlack, kShoreDarker);
 }
 
-/// `under` with `share` 256ths of `over`.
 std::uint32_t mixed(std::uint32_t under, std::uint32_t over, std::uint32_t share) {
     const std::uint32_t rest = Coverage::kFull - share;
     const std::uint32_t redBlue =
@@ -94,6 +93,10 @@ void ShorePalette::paint(const Coverage& land, const HeightGrid& heights,
                          : mixed(mixed(water, ground, share), shore, line_[share]);
         }
     }
+}
+
+std::uint32_t mixedPixel(std::uint32_t under, std::uint32_t over, std::uint32_t share) {
+    return mixed(under, over, share);
 }
 
 void paintOver(const Coverage& coverage, ColorValue color, double opacity,

@@ -38,6 +38,9 @@ class ShorePalette {
     ColorValue shore_;
 };
 
+/// `under` with so many 256ths of `over`, both words of an opaque Bitmap.
+std::uint32_t mixedPixel(std::uint32_t under, std::uint32_t over, std::uint32_t share);
+
 /// Lays a colour over what is there, as much of it as the coverage says; `opacity` 0 to 1.
 void paintOver(const Coverage& coverage, ColorValue color, double opacity,
                std::span<std::uint32_t> pixels);

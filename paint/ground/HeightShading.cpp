@@ -42,14 +42,14 @@ HeightGrid::HeightGrid(int width, int height, int pixels)
       rows((height + pixels - 1) / pixels + 1),
       metres(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows)) {}
 
-LandTint::LandTint(ColorValue land, ColorValue highest, double shading)
+LandTint::LandTint(ColorValue land, ColorValue highest)
     : table_(static_cast<std::size_t>(kHeights) * kShades) {
     const bool dark = isDarkLand(land);
     for (int row = 0; row < kHeights; ++row) {
         const double share = std::min(std::pow(row * kMetresPerHeight / kHighestM, kCurve), 1.0);
         const ColorValue tint = blended(land, highest, share * (dark ? kMostTintDark : kMostTint));
         for (int shade = 0; shade < kShades; ++shade) {
-            const double light = shading * (shade - kFlat) / (kShades / 2 - 1);
+            const double light = (shade - kFlat) / (kShades / 2 - 1.0);
             const ColorValue shaded =
                 light > 0 ? blended(tint, kWhite, std::min(light, 1.0) * (dark ? kLitDark : kLit))
                           : blended(tint, kBlack, -light * (dark ? kUnlitDark : kUnlit));
@@ -62,26 +62,30 @@ std::uint32_t LandTint::at(double metres, double light) const {
     return table_[static_cast<std::size_t>(heightRow(metres) * kShades + shadeOf(light))];
 }
 
-void LandTint::colorize(const HeightGrid& heights, const Sunlight& light,
-                        std::vector<std::uint32_t>& colors) const {
-    colors.resize(heights.metres.size());
+void slopesTowards(Point northWest, double metresPerPixel, const HeightGrid& heights,
+                   std::vector<float>& slopes) {
+    slopes.resize(heights.metres.size());
+    const auto x = static_cast<float>(northWest.x);
+    const auto y = static_cast<float>(northWest.y);
+    const auto apart = static_cast<float>(heights.step * metresPerPixel);
     for (int row = 0; row < heights.rows; ++row) {
         const int above = std::max(row - 1, 0);
         const int below = std::min(row + 1, heights.rows - 1);
-        const double down =
-            light.steepness / (std::max(below - above, 1) * heights.step * light.metresPerPixel);
+        const float down = y / (static_cast<float>(std::max(below - above, 1)) * apart);
         for (int column = 0; column < heights.columns; ++column) {
             const int left = std::max(column - 1, 0);
             const int right = std::min(column + 1, heights.columns - 1);
-            const double across =
-                light.steepness / (std::max(right - left, 1) * heights.step * light.metresPerPixel);
-            const double rise =
-                (heights.at(right, row) - heights.at(left, row)) * across * light.northWest.x +
-                (heights.at(column, below) - heights.at(column, above)) * down * light.northWest.y;
-            colors[heights.placeOf(column, row)] =
-                at(heights.at(column, row), -rise / std::sqrt(1 + rise * rise));
+            const float across = x / (static_cast<float>(std::max(right - left, 1)) * apart);
+            slopes[heights.placeOf(column, row)] =
+                (heights.at(right, row) - heights.at(left, row)) * across +
+                (heights.at(column, below) - heights.at(column, above)) * down;
         }
     }
+}
+
+double lightOnSlope(double slope, double steepness) {
+    const double rise = slope * steepness;
+    return -rise / std::sqrt(1 + rise * rise);
 }
 
 }  // namespace korvel

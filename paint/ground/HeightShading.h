@@ -28,27 +28,23 @@ struct HeightGrid {
     }
 };
 
-/// Where light comes from on a raster.
-struct Sunlight {
-    /// A step of one pixel towards the ground's north-west, whatever is up: else hills would turn
-    /// into valleys as the map turns.
-    Point northWest;
-    double metresPerPixel = 1;
-    /// How steep a slope looks: slopes are metres in a metre, times this.
-    double steepness = 1;
-};
+/// How steeply the ground rises towards the ground's north-west at each of the heights, metres in a
+/// metre. `northWest` is a step of one pixel that way, whatever is up on the raster: else hills
+/// would turn into valleys as the map turns.
+void slopesTowards(Point northWest, double metresPerPixel, const HeightGrid& heights,
+                   std::vector<float>& slopes);
+
+/// How bright a slope is under light from there, from -1, turned away from it, to 1. Slopes look
+/// steeper than they are by `steepness`.
+double lightOnSlope(double slope, double steepness);
 
 /// The colour of land at each height and slope.
 class LandTint {
  public:
-    /// `shading` from 0, colour alone, to 1. A dark map stays dark: its slopes get a little light
-    /// instead of losing some.
-    LandTint(ColorValue land, ColorValue highest, double shading);
+    /// A dark map stays dark: its slopes get a little light besides losing some.
+    LandTint(ColorValue land, ColorValue highest);
 
-    /// A colour for each of the heights, words as in a Bitmap.
-    void colorize(const HeightGrid& heights, const Sunlight& light,
-                  std::vector<std::uint32_t>& colors) const;
-    /// Height in metres; light from -1, turned away from it, to 1.
+    /// A word as in a Bitmap. Height in metres; light from -1, turned away from it, to 1.
     [[nodiscard]] std::uint32_t at(double metres, double light) const;
 
  private:

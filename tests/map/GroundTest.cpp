@@ -104,7 +104,7 @@ TEST_F(GroundOnTheMap, IsUnderAllElseAsAPictureOrAsShapes) {
     CockpitData data;
     data.position = GeoPoint{50 * kDegToRad, 90 * kDegToRad};
     day_.viewport.chooseRange(500);
-    GroundFeed feed(&map_);
+    GroundFeed feed({&map_, nullptr, nullptr});
     MapContent content = day_.content(data);
     feed.addTo(content);
     const auto& elements = day_.paint(content).elements();
@@ -124,7 +124,7 @@ TEST_F(GroundOnTheMap, IsUnderAllElseAsAPictureOrAsShapes) {
                     "AC E\nAN EVERYWHERE\nAL GND\nAH 2500\nDP 40N 80E\nDP 40N 95E\nDP 49:30N 90E\n")
             .airspaces);
     day_.viewport.chooseRange(65);
-    GroundFeed withAirspaces(&map_, &airspaces);
+    GroundFeed withAirspaces({&map_, &airspaces, nullptr});
     MapContent near = day_.content(data);
     withAirspaces.addTo(near);
     EXPECT_NE(day_.paint(near).findText("GND / FL95"), nullptr);
@@ -140,7 +140,7 @@ TEST_F(GroundOnTheMap, IsUnderAllElseAsAPictureOrAsShapes) {
     EXPECT_LT(ink & 0xFFU, 120U) << "red";
     // Without a map there is the plain background.
     BaseMap none;
-    GroundFeed empty(&none);
+    GroundFeed empty({&none, nullptr, nullptr});
     MapContent plain = day_.content(data);
     empty.addTo(plain);
     EXPECT_EQ(plain.ground, nullptr);

@@ -30,6 +30,8 @@ void DatabaseCommands::addToFile(QMenu& menu) {
     host_.addCommand(
         menu, kCommandTexts.commandReload, {Qt::Key_F5},
         [this] {
+            host_.document().ground().startOpening(dataFolders());
+            host_.screen().databasesChanged();
             load([this](bool changed) {
                 if (changed)
                     tellResult();
