@@ -127,10 +127,24 @@ std::string ActivePlan::enterRoute(std::string_view line, std::optional<GeoPoint
     RouteResult result = entry.EnterRoute(line, true);
     if (result.error.empty()) {
         typed_.remember(std::string(line), result.entries);
+        if (!sharesPlaces(result.entries)) {
+            replaceWhole(std::move(result.entries));
+            return {};
+        }
         const bool edited = beginsAlike(result.entries);
         makeChange([&] { putInForce(std::move(result.entries), edited); });
     }
     return result.error;
+}
+
+/// With the plan in force: then it may well be that plan, made better.
+bool ActivePlan::sharesPlaces(const PlanEntries& entries) const {
+    const PlanEntries old = this->entries();
+    return std::ranges::any_of(entries, [&old](const PlanWaypoint& entry) {
+        return std::ranges::any_of(old, [&entry](const PlanWaypoint& other) {
+            return other.record->key == entry.record->key;
+        });
+    });
 }
 
 bool ActivePlan::beginsAlike(const PlanEntries& entries) {
@@ -162,6 +176,13 @@ void ActivePlan::putInForce(PlanEntries entries, bool edited) {
 
 void ActivePlan::replace(PlanEntries entries) {
     makeChange([&] { putInForce(std::move(entries), true); });
+}
+
+void ActivePlan::replaceWhole(PlanEntries entries) {
+    makeChange([&] {
+        file_ = {};
+        putInForce(std::move(entries), false);
+    });
 }
 
 // Back and forth

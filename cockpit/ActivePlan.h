@@ -54,7 +54,8 @@ class ActivePlan {
     [[nodiscard]] const std::string& icaoPrefix() const { return icaoPrefix_; }
 
     /// Replaces the plan by a line of identifiers and airways. A line that only goes on otherwise
-    /// behind what is flown to counts as edited. `start` is where its first word is looked for;
+    /// behind what is flown to counts as edited; one that shares no place with the plan is another
+    /// plan, which no file holds. `start` is where its first word is looked for;
     /// where the aircraft is if it is not given.
     [[nodiscard]] std::string enterRoute(std::string_view line,
                                          std::optional<GeoPoint> start = std::nullopt);
@@ -62,6 +63,8 @@ class ActivePlan {
     [[nodiscard]] std::string routeLine() const;
     /// Puts edited entries in force; none of them is no plan. What is flown to stays so if it can.
     void replace(std::vector<PlanWaypoint> entries);
+    /// Puts another plan in force, which no file of the pilot's holds.
+    void replaceWhole(std::vector<PlanWaypoint> entries);
     /// False without a plan.
     bool reverse();
     /// Flies the plan anew from where the aircraft is; false without one.
@@ -120,6 +123,7 @@ class ActivePlan {
     [[nodiscard]] bool hasGoneOn(const PlanStep& step);
 
     /// As the plan in force, as far as that has been flown.
+    [[nodiscard]] bool sharesPlaces(const std::vector<PlanWaypoint>& entries) const;
     bool beginsAlike(const PlanEntries& entries);
     void putInForce(PlanEntries entries, bool edited);
     /// What no file holds any more or not yet is looked after.

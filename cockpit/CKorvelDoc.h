@@ -133,6 +133,8 @@ class CKorvelDoc final : private SentenceListener {
     /// Who speaks in place of GP and is not understood: "GN"; empty for nobody.
     std::string otherTalker() const { return input_.otherTalker(); }
 
+    const Clock& clock() const { return clock_; }
+
     const Settings& settings() const { return settings_; }
     /// Puts changed settings in force and into the profile, which reaches its file within 2 s of
     /// ticks. A port among them counts as chosen by the pilot from now on.

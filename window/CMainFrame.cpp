@@ -84,6 +84,7 @@ void CMainFrame::listenToCommands() {
     help_.onPort = [this] { options_.choosePort(); };
     help_.onSimulator = [this] { options_.simulate(true); };
     help_.onPlan = [this] { file_.choosePlan(); };
+    file_.onOtherFiles = [this] { databases_.load([](bool) {}); };
 }
 
 /// A large window is looked at from further away.

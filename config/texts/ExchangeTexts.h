@@ -23,6 +23,28 @@ struct ExchangeTexts {
         "%s lies %s NM away in the databases: the file's position is used"};  ///< %s: name, %s: how
                                                                               ///< far
     Text isCalled{66012, "%s is called %s here"};  ///< %s: name, %s: identifier
+    Text noSuchExport{66013, "%s ends like no format that can be written"};  ///< %s: file
+    Text importTitle{66020, "From Another Program"};
+    Text importRoute{66021, "&Route"};
+    Text importSummary{66022, "%d waypoints, %s"};  ///< %s: distance
+    Text importUnchanged{66023, "Every waypoint is as in the databases."};
+    Text importTake{66024, "Take the Plan"};
+    Text importTrack{66025, "Show Its &Track"};
+    Text importWaypoints{66026, "&Keep Its Waypoints"};
+    Text imported{66027, "%s imported, not saved yet"};    ///< %s: file
+    Text waypointsKept{66028, "%d waypoints kept in %s"};  ///< %s: file
+    Text waypointsChanged{66029, "Of the waypoints kept:"};
+    Text exportPlan{66030, "&Export Plan..."};
+    Text exportTrack{66031, "Expo&rt Track..."};
+    Text exportPlanTitle{66032, "Export Plan"};
+    Text exportTrackTitle{66033, "Export Track"};
+    Text planExportFilter{66034, "GPX (*.gpx);;Garmin (*.fpl);;X-Plane (*.fms);;KML (*.kml)"};
+    Text trackExportFilter{66035, "GPX (*.gpx);;IGC (*.igc);;KML (*.kml)"};
+    Text exported{66036, "%s written"};  ///< %s: file
+    Text openTrackFilter{66038, "Tracks (*.trk *.gpx *.igc *.kml)"};
+    Text openFilter{66037,
+                    "Flight plans (*.fp *.txt *.gpx *.fpl *.fms *.flightplan *.lnmpln *.fgfp *.cup "
+                    "*.xml *.kml *.igc)"};
 };
 
 inline constexpr ExchangeTexts kExchangeTexts{};

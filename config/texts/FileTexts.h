@@ -10,7 +10,6 @@ struct FileTexts {
     Text savePlanTitle{61539, "Save Flight Plan As"};
     Text openTrackTitle{61540, "Open Track"};
     Text saveTrackTitle{61541, "Save Track As"};
-    Text planFilter{61542, "Flight plans (*.fp *.FP *.txt *.TXT)"};
     Text planSaveFilter{61543, "Flight plans (*.fp)"};
     Text trackFilter{61544, "Tracks (*.trk *.TRK)"};
     Text planSaved{61545, "%s saved"};  ///< %s: file

@@ -160,7 +160,7 @@ TEST_F(PlanSafetyTest, APlanIsChangedWhileItsFileHoldsAnother) {
     ASSERT_TRUE(plan_.redo());
     EXPECT_EQ(plan_.file(), "");
     ASSERT_TRUE(plan_.undo());
-    ASSERT_EQ(plan_.enterRoute("XC XD"), "");
+    ASSERT_EQ(plan_.enterRoute("XA XD"), "");
     ASSERT_EQ(plan_.saveAs(folder_ / "b.fp"), "");
     ASSERT_TRUE(plan_.undo());
     EXPECT_TRUE(plan_.changed());

@@ -8,8 +8,10 @@
 #include <QMessageBox>
 
 #include "cockpit/CKorvelDoc.h"
+#include "cockpit/PlanExchange.h"
 #include "config/Text.h"
 #include "config/texts/CommandTexts.h"
+#include "config/texts/ExchangeTexts.h"
 #include "config/texts/FileTexts.h"
 #include "config/texts/FlightTexts.h"
 #include "config/texts/MessageTexts.h"
@@ -18,6 +20,8 @@
 #include "screen/Screen.h"
 #include "window/QtPath.h"
 #include "window/QtText.h"
+#include "window/sheets/ImportSheet.h"
+#include "window/sheets/TextSheet.h"
 
 namespace korvel {
 namespace {
@@ -31,15 +35,11 @@ std::filesystem::path absolutePath(const std::filesystem::path& path) {
     return unknown ? path : absolute;
 }
 
-bool isTrack(const std::filesystem::path& path) {
-    return shownPath(path).endsWith(QLatin1String(".trk"), Qt::CaseInsensitive);
-}
-
 }  // namespace
 
 FileCommands::FileCommands(CommandHost& host) : host_(host), recent_(host.profile()) {
     QObject::connect(
-        &timer_, &QTimer::timeout, &timer_, [this] { followTrack(); });
+        &timer_, &QTimer::timeout, &timer_, [this] { follow(); });
 }
 
 Flight& FileCommands::flight() { return host_.document().flight(); }
@@ -75,6 +75,14 @@ void FileCommands::addTo(QMenu& menu) {
                          [this, nothing] { saveTrackAs(nothing); }),
         [this] { return flight().track().track() != nullptr; });
     menu.addSeparator();
+    greyUnless(menu,
+               host_.addCommand(
+                   menu, kExchangeTexts.exportPlan, {}, [this] { exportPlan(); }),
+               hasPlan);
+    greyUnless(menu,
+               host_.addCommand(menu, kExchangeTexts.exportTrack, {}, [this] { exportTrack(); }),
+               [this] { return flight().track().track() != nullptr; });
+    menu.addSeparator();
 }
 
 void FileCommands::showRecent() {
@@ -102,22 +110,118 @@ void FileCommands::removePlan() {
 
 void FileCommands::choosePlan() {
     choose(
-        {kFileTexts.openPlanTitle, kFileTexts.planFilter},
+        {kFileTexts.openPlanTitle, kExchangeTexts.openFilter},
         [this](const std::filesystem::path& path) { openFile(path); });
 }
 
 void FileCommands::openFile(const std::filesystem::path& path) {
-    if (isTrack(path))
-        return openTrack(path);
+    constexpr std::uintmax_t kReadAtOnce = 256 * 1024;
+    std::error_code unknown;
+    const auto size = std::filesystem::file_size(path, unknown);
+    if (unknown || size <= kReadAtOnce)
+        return takeOpened(path, FileOpening::read(path, host_.document().clock()));
+    openAside(path);
+}
+
+void FileCommands::takeOpened(const std::filesystem::path& path, FileOpening::Found found) {
+    if (found.content.plan || found.content.waypoints)
+        return openForeign(path, std::move(found));
+    if (found.content.track || found.isOwnTrack)
+        return takeTrack(path, std::move(found.track));
+    openOwnPlan(path);
+}
+
+void FileCommands::openOwnPlan(const std::filesystem::path& path) {
     withPlanSafe([this, path] {
-        if (const std::string error = load(path); !error.empty())
+        if (const std::string error = noteOpened(path, flight().plan().open(path)); !error.empty())
             return showFileError(path, error);
         host_.screen().say(formatText(kFileTexts.planOpened, {textOf(path.filename())}));
     });
 }
 
 std::string FileCommands::load(const std::filesystem::path& path) {
-    return noteOpened(path, isTrack(path) ? loadTrack(path) : flight().plan().open(path));
+    return noteOpened(path, loadFound(path, FileOpening::read(path, host_.document().clock())));
+}
+
+std::string FileCommands::loadFound(const std::filesystem::path& path, FileOpening::Found found) {
+    if (found.content.plan) {
+        ActivePlan& plan = flight().plan();
+        ImportedPlan imported = importPlan(std::move(found.bytes), 1,
+                                           host_.document().charts().database(), plan.fixes());
+        if (imported.error.empty())
+            plan.replaceWhole(std::move(imported.entries));
+        return imported.error;
+    }
+    if (found.content.track || found.isOwnTrack) {
+        TrackLines lines = checked(std::move(found.track));
+        return lines.error.empty() ? flight().track().show(std::move(lines)) : lines.error;
+    }
+    return flight().plan().open(path);
+}
+
+// Other programs' files
+
+void FileCommands::openForeign(const std::filesystem::path& path, FileOpening::Found found) {
+    auto sheet = std::make_unique<ImportSheet>(&host_.window(), host_.document(),
+                                               textOf(path.filename()), found.bytes, found.content);
+    const auto kept = std::make_shared<FileOpening::Found>(std::move(found));
+    sheet->onPlan = [this, path](ImportedPlan plan) { takePlan(path, std::move(plan)); };
+    sheet->onTrack = [this, path, kept] { takeTrack(path, std::move(kept->track)); };
+    sheet->onWaypoints = [this, path, kept] { keepWaypoints(path, kept->bytes); };
+    host_.openSheet(std::move(sheet));
+}
+
+void FileCommands::takePlan(const std::filesystem::path& path, ImportedPlan plan) {
+    flight().plan().replaceWhole(std::move(plan.entries));
+    recent_.add(absolutePath(path));
+    host_.screen().say(formatText(kExchangeTexts.imported, {textOf(path.filename())}));
+}
+
+void FileCommands::keepWaypoints(const std::filesystem::path& path, const std::string& bytes) {
+    const std::filesystem::path folder = documentsFolder();
+    const KeptWaypoints kept = korvel::keepWaypoints(bytes, folder, textOf(path.stem()));
+    if (!kept.error.empty())
+        return showFileError(path, kept.error);
+    recent_.add(absolutePath(path));
+    if (onOtherFiles)
+        onOtherFiles();
+    std::string words = formatText(kExchangeTexts.waypointsKept,
+                                   {static_cast<int>(kept.count), textOf(kept.file.filename())});
+    if (kept.notes.empty())
+        return host_.screen().say(words);
+    words += "\n\n" + std::string(text(kExchangeTexts.waypointsChanged));
+    for (const std::string& note : kept.notes)
+        words += "\n" + note;
+    host_.openSheet(std::make_unique<TextSheet>(
+        &host_.window(), toQString(kExchangeTexts.importTitle), toQString(words)));
+}
+
+void FileCommands::exportPlan() {
+    const std::string name = flight().plan().proposedFileName();
+    if (name.empty())
+        return host_.showError(std::string(text(kFileTexts.noPlanToSave)));
+    choose({kExchangeTexts.exportPlanTitle, kExchangeTexts.planExportFilter, QStringLiteral("gpx"),
+            shownPath(pathOf(name).stem())},
+           [this](const std::filesystem::path& path) {
+               tellExported(path, korvel::exportPlan(flight(), path, host_.document().clock()));
+           });
+}
+
+void FileCommands::exportTrack() {
+    if (!flight().track().track())
+        return host_.showError(std::string(text(kFlightTexts.noTrackToSave)));
+    const QString name = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-HHmm"));
+    choose({kExchangeTexts.exportTrackTitle, kExchangeTexts.trackExportFilter,
+            QStringLiteral("gpx"), name},
+           [this](const std::filesystem::path& path) {
+               tellExported(path, korvel::exportTrack(flight(), path, host_.document().clock()));
+           });
+}
+
+void FileCommands::tellExported(const std::filesystem::path& path, const std::string& error) {
+    if (!error.empty())
+        return host_.showError(error);
+    host_.screen().say(formatText(kExchangeTexts.exported, {textOf(path.filename())}));
 }
 
 /// A file that could be opened is a recent one, another one is no longer.
@@ -181,8 +285,8 @@ void FileCommands::ask(Text question, const std::function<void(const std::functi
 
 void FileCommands::chooseTrack() {
     choose(
-        {kFileTexts.openTrackTitle, kFileTexts.trackFilter},
-        [this](const std::filesystem::path& path) { openTrack(path); });
+        {kFileTexts.openTrackTitle, kExchangeTexts.openTrackFilter},
+        [this](const std::filesystem::path& path) { openFile(path); });
 }
 
 /// A track without a point would be taken for one that cannot be seen.
@@ -192,31 +296,29 @@ TrackLines FileCommands::checked(TrackLines lines) {
     return lines;
 }
 
-std::string FileCommands::loadTrack(const std::filesystem::path& path) {
-    TrackLines lines = checked(readTrackFile(path));
-    return lines.error.empty() ? flight().track().show(std::move(lines)) : lines.error;
-}
-
-void FileCommands::openTrack(const std::filesystem::path& path) {
-    opening_ = std::make_unique<TrackOpening>(path);
+void FileCommands::openAside(const std::filesystem::path& path) {
+    opening_ = std::make_unique<FileOpening>(path, host_.document().clock());
     progress_ = std::make_unique<LoadProgress>(host_.view(), [this] { opening_->breakOff(); });
     timer_.start(kFollowMs);
 }
 
 /// Whether the file has been read; what is in force stays until then.
-void FileCommands::followTrack() {
+void FileCommands::follow() {
     const std::string name = textOf(opening_->path().filename());
     if (!opening_->isFinished())
         return progress_->show(formatText(kFileTexts.openingFile, {name}), opening_->percent());
     timer_.stop();
     progress_.reset();
-    const std::unique_ptr<TrackOpening> finished = std::move(opening_);
-    const auto lines = std::make_shared<TrackLines>(checked(finished->take()));
-    if (lines->error == kTrackBrokenOff)
-        return;
-    if (const std::string error = noteOpened(finished->path(), lines->error); !error.empty())
-        return showFileError(finished->path(), error);
-    withTrackSafe([this, path = finished->path(), lines] { showTrack(path, std::move(*lines)); });
+    const std::unique_ptr<FileOpening> finished = std::move(opening_);
+    if (!finished->isBrokenOff())
+        takeOpened(finished->path(), finished->take());
+}
+
+void FileCommands::takeTrack(const std::filesystem::path& path, TrackLines read) {
+    const auto lines = std::make_shared<TrackLines>(checked(std::move(read)));
+    if (const std::string error = noteOpened(path, lines->error); !error.empty())
+        return showFileError(path, error);
+    withTrackSafe([this, path, lines] { showTrack(path, std::move(*lines)); });
 }
 
 void FileCommands::showTrack(const std::filesystem::path& path, TrackLines lines) {
@@ -270,6 +372,14 @@ void FileCommands::choose(const FileQuestion& question,
         dialog->selectFile(question.proposal);
     // As large as the window: rows and buttons are large, too.
     dialog->resize(host_.window().size());
+    // "GPX (*.gpx)" that is chosen gives the ending that is not typed.
+    QObject::connect(
+        dialog, &QFileDialog::filterSelected, dialog,
+        [dialog](const QString& filter) {
+            const qsizetype dot = filter.lastIndexOf(QLatin1Char('.'));
+            if (dialog->acceptMode() == QFileDialog::AcceptSave && dot >= 0)
+                dialog->setDefaultSuffix(filter.mid(dot + 1).chopped(1));
+        });
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
                      [chosen](const QString& name) { chosen(toPath(name)); });
     dialog->open();

@@ -9,8 +9,9 @@
 #include <QMenu>
 #include <QTimer>
 
+#include "cockpit/FileOpening.h"
 #include "cockpit/RecentFiles.h"
-#include "cockpit/TrackOpening.h"
+#include "exchange/PlanImport.h"
 #include "window/commands/CommandHost.h"
 #include "window/sheets/LoadProgress.h"
 
@@ -21,6 +22,9 @@ class Flight;
 /// The menu File: plans and tracks to and from files.
 class FileCommands {
  public:
+    /// Loads the databases anew, because there is one more.
+    std::function<void()> onOtherFiles;
+
     /// The host must outlive this.
     explicit FileCommands(CommandHost& host);
 
@@ -28,8 +32,9 @@ class FileCommands {
     /// Fills the list of recent files; call when the menu is about to show.
     void showRecent();
 
-    /// Opens a plan or a track by its name, as a drop or the command line does. A plan or a
-    /// recorded track that would be lost is asked for first.
+    /// Opens a plan or a track, of this program by its name and of another one by its content, as a
+    /// drop or the command line does. A plan or a recorded track that would be lost is asked for
+    /// first, and what another program's plan becomes here is shown first.
     void openFile(const std::filesystem::path& path);
     /// Opens it at once, whatever is lost; the message for the pilot, empty on success.
     [[nodiscard]] std::string load(const std::filesystem::path& path);
@@ -42,16 +47,25 @@ class FileCommands {
 
  private:
     void showFileError(const std::filesystem::path& path, const std::string& error);
-    std::string loadTrack(const std::filesystem::path& path);
     std::string noteOpened(const std::filesystem::path& path, std::string error);
     void savePlan(const std::function<void()>& next);
     void savePlanAs(const std::function<void()>& next);
     void savePlanTo(const std::filesystem::path& path, const std::function<void()>& next);
     void chooseTrack();
     void saveTrackAs(const std::function<void()>& next);
-    void openTrack(const std::filesystem::path& path);
-    void followTrack();
+    void openAside(const std::filesystem::path& path);
+    void follow();
+    void takeOpened(const std::filesystem::path& path, FileOpening::Found found);
+    void openOwnPlan(const std::filesystem::path& path);
+    void openForeign(const std::filesystem::path& path, FileOpening::Found found);
+    void takePlan(const std::filesystem::path& path, ImportedPlan plan);
+    void takeTrack(const std::filesystem::path& path, TrackLines lines);
+    void keepWaypoints(const std::filesystem::path& path, const std::string& bytes);
+    std::string loadFound(const std::filesystem::path& path, FileOpening::Found found);
     static TrackLines checked(TrackLines lines);
+    void exportPlan();
+    void exportTrack();
+    void tellExported(const std::filesystem::path& path, const std::string& error);
     void withTrackSafe(const std::function<void()>& next);
     void ask(Text question, const std::function<void(const std::function<void()>&)>& save,
              const std::function<void()>& next);
@@ -73,7 +87,7 @@ class FileCommands {
     RecentFiles recent_;
     QMenu* recentMenu_ = nullptr;  ///< its parent menu's
     QTimer timer_;
-    std::unique_ptr<TrackOpening> opening_;
+    std::unique_ptr<FileOpening> opening_;
     std::unique_ptr<LoadProgress> progress_;  ///< of it
 };
 
