@@ -64,6 +64,48 @@ TEST(PlanVerbs, RoutePlanAndTrack) {
     EXPECT_EQ(run({"track", folder.write("b.trk", "2026\r\n").string()}, 1)["error"], "Invalid format!");
 }
 
+TEST(ExchangeVerbs, ImportAndExport) {
+    const TempFolder folder;
+    folder.write("own.UDB.TXT", kPlaces);
+    const auto run = [&folder](std::vector<std::string> words, int status) {
+        words.insert(words.begin(), {"--data", folder.path().string()});
+        words.emplace_back("--json");
+        const ToolResult result = runTool(words);
+        EXPECT_EQ(result.status, status) << result.errors;
+        return status == 2 ? Json() : Json::parse(result.output);
+    };
+    const auto out = [&folder](const char* name) { return (folder.path() / name).string(); };
+    const std::string gpx =
+        folder
+            .write("a",
+                R"(<gpx><wpt lat="1" lon="2"><name>Barn</name></wpt><rte><name>One</name>)"
+                R"(<rtept lat="47" lon="-122"><name>XVR</name></rtept><rtept lat="48" lon="-121"><name>XFIX</name></rtept></rte>)"
+                R"(<rte><name>Two</name><rtept lat="48" lon="-122"><name>XFIX</name></rtept></rte><trk><trkseg>)"
+                R"(<trkpt lat="1" lon="2"><time>2026-08-22T10:11:12Z</time></trkpt></trkseg></trk></gpx>)")
+            .string();
+    const Json one = run({"plan", "import", gpx, "--save", out("one.fp")}, 0);
+    EXPECT_EQ(one["format"], "gpx");
+    EXPECT_EQ(one["routes"], Json::parse(R"([{"name":"One","points":2},{"name":"Two","points":1}])"));
+    EXPECT_EQ(one["entries"][0]["key"], "v.XVR");
+    EXPECT_EQ(one["notes"].size(), 1U) << "XFIX lies elsewhere";
+    EXPECT_EQ(run({"plan", "import", gpx, "--route", "2"}, 0)["entries"].size(), 1U);
+    EXPECT_EQ(run({"plan", "import", gpx, "--route", "3"}, 1)["error"], "The file has no route with this number.");
+    for (const char* format : {"gpx", "fpl", "fms"}) {
+        run({"plan", "export", out("one.fp"), "--format", format, "-o", out(format)}, 0);
+        EXPECT_EQ(run({"plan", "import", out(format)}, 0)["entries"][0]["key"], "v.XVR") << format;
+    }
+    run({"plan", "export", gpx, "--format", "doc", "-o", out("x")}, 2);
+    EXPECT_EQ(run({"track", "import", gpx}, 0)["points"].size(), 1U);
+    const std::string track = folder.write("a.trk", "20260228,235959,47.500000,-122.250000,101,359,4500\r\n").string();
+    run({"track", "export", track, "--format", "igc", "-o", out("t.igc")}, 0);
+    EXPECT_EQ(run({"track", "import", out("t.igc")}, 0)["points"][0]["altitudeFt"], 4501) << "in whole metres";
+    const Json kept = run({"waypoints", gpx, "-o", out("kept.UDB.TXT")}, 0);
+    EXPECT_EQ(kept["waypoints"][0]["ident"], "BARN");
+    EXPECT_EQ(kept["waypoints"][0]["elevationFt"], nullptr);
+    EXPECT_TRUE(readWholeFile(out("kept.UDB.TXT")));
+    run({"waypoints", track}, 1);
+}
+
 /// The first line of a flight from 47.2 N 122.3 W with these commands.
 Json firstTick(const std::vector<std::string>& commands) {
     const TempFolder folder;

@@ -322,8 +322,14 @@ void FileCommands::takeTrack(const std::filesystem::path& path, TrackLines read)
 }
 
 void FileCommands::showTrack(const std::filesystem::path& path, TrackLines lines) {
+    const auto last = std::ranges::find_if(lines.slots.rbegin(), lines.slots.rend(),
+                                           [](const auto& slot) { return slot.has_value(); });
+    const auto end = last == lines.slots.rend() ? std::nullopt : std::optional((*last)->position);
     if (const std::string error = flight().track().show(std::move(lines)); !error.empty())
         return host_.showError(error);
+    // Without an aircraft the map would show nothing of it.
+    if (end && !host_.document().cockpitData().position)
+        host_.screen().lookAt(*end);
     host_.screen().say(formatText(kFileTexts.trackOpened, {textOf(path.filename())}));
 }
 
