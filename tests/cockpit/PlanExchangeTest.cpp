@@ -58,6 +58,13 @@ TEST_F(PlanExchangeTest, AFileIsWhatItsContentSays) {
         EXPECT_EQ(taken.isOwnTrack, isTrack);
         EXPECT_EQ(taken.track.slots.size(), isTrack ? 1U : 0U);
     }
+    const std::string plan = R"(<gpx><rte><rtept lat="47" lon="8"/></rte></gpx>)";
+    const std::string track = R"(<gpx><trk><trkseg><trkpt lat="47" lon="8"/></trkseg></trk></gpx>)";
+    for (const std::string& only : {plan, track}) {
+        const auto one = FileOpening::read(file("one", only), clock_);
+        EXPECT_EQ(one.content.plan, only == plan);
+        EXPECT_EQ(one.bytes, only);
+    }
     EXPECT_FALSE(FileOpening::read(folder_.path() / "absent.gpx", clock_).content.plan);
 }
 
