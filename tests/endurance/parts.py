@@ -1,6 +1,5 @@
 """What is tried; each part yields rows (what, measured, whether the goal is met)."""
 import contextlib
-import datetime
 import os
 import pathlib
 import random
@@ -29,7 +28,7 @@ def kills(folder, options):
     rng = random.Random(options.seed)
     rig = started(folder)
     rig.kill()
-    worst, spoilt = 0.0, []
+    worst, short, spoilt = 0.0, 0, []
     for turn in range(options.kills):
         before = len(rig.recorded())
         rig.start()
@@ -39,7 +38,7 @@ def kills(folder, options):
         if len(rig.recorded()) > before:
             worst = max(worst, said)
         else:
-            spoilt.append(f"{turn}: no point")  # too short a life, or lost
+            short += 1  # killed before it had come so far
         if rig.profile("get-int", "Options Tracking", "0") != "1":
             spoilt.append(f"{turn}: tracking")
         if not rig.profile("get-string", "Options Port", "").startswith("COM6:"):
@@ -50,8 +49,8 @@ def kills(folder, options):
             spoilt.append(f"{turn}: plan's file")
     moments = rig.recorded()
     yield f"{options.kills} kills: most of the track that was lost", f"{worst:.0f} s", worst <= MOST_LOST_S
-    yield "lives without a point, or with something else lost", "; ".join(spoilt) or "none", not [
-        word for word in spoilt if "no point" not in word]
+    yield "lives too short for a point", str(short), short < options.kills / 2
+    yield "plan, port or tracking that was lost", "; ".join(spoilt) or "none", not spoilt
     yield "points that run back", str(sum(a > b for a, b in zip(moments, moments[1:]))), moments == sorted(moments)
 
 
@@ -147,7 +146,6 @@ def flood(folder, options):
         time.sleep(0.001)
     grown = rig.memory_mb() - before
     yield f"{options.flood} s of rubbish on the line: memory", f"{grown:+.1f} MB", grown < 8
-    rig.moment += datetime.timedelta(seconds=options.flood)
     rig.fly(8)
     yield "behind after it", f"{rig.lost_seconds():.0f} s", rig.alive() and rig.lost_seconds() <= MOST_LOST_S
     rig.kill()

@@ -66,7 +66,7 @@ class Rig:
 
     def say(self):
         """The next second of a flight east at 120 kt."""
-        self.moment += datetime.timedelta(seconds=1)
+        self.moment = datetime.datetime.now(datetime.timezone.utc).replace(microsecond=0)
         self.lon += 120 / 3600 / 60 / 0.676
         clock = self.moment.strftime("%H%M%S")
         minutes = (abs(self.lon) - int(abs(self.lon))) * 60
