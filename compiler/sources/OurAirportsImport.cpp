@@ -1,7 +1,10 @@
 #include "compiler/sources/OurAirportsImport.h"
 
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <optional>
+#include <span>
 #include <utility>
 
 #include "base/Ascii.h"
@@ -126,9 +129,11 @@ std::string OurAirportsImport::importAirports(CsvTable table) {
     constexpr std::array<std::string_view, 5> kColumns{"ident", "type", "name", "latitude_deg",
                                                        "longitude_deg"};
     AirportIdents idents;
+    const std::size_t first = data_.airports.size();  // before it those of other sources
     auto refused = eachRow(table, kColumns, [&] { takeAirport(table, idents); });
-    idents.settle(data_.airports, log_);
-    for (SourceAirport& airport : data_.airports)
+    const std::span own = std::span(data_.airports).subspan(first);
+    idents.settle(own, log_);
+    for (SourceAirport& airport : own)
         airport.isPrivate = isPrivateIdentifier(airport.ident, airport.position);
     return refused;
 }

@@ -107,6 +107,15 @@ TEST_F(OurAirports, NamesAirportsByTheirBestCodeThatIsFree) {
     EXPECT_EQ(in_.log.taken("airports under the table's number"), 2U);
 }
 
+TEST_F(OurAirports, LeavesTheAirportsOfOtherSourcesAsTheyAre) {
+    in_.data.airports.resize(2);
+    in_.data.airports[1].ident = "PRIV";
+    ASSERT_EQ(import_.importAirports(table("airports.csv", kAirports)), "");
+    ASSERT_EQ(in_.data.airports.size(), 5U);
+    EXPECT_EQ(in_.data.airports[0].ident + in_.data.airports[1].ident, "PRIV");
+    EXPECT_EQ(in_.data.airports[3].ident, "6OH7");
+}
+
 TEST_F(OurAirports, ReadsNavaidsWithTheirUsage) {
     ASSERT_EQ(import_.importNavaids(table("navaids.csv", kNavaids)), "");
     ASSERT_EQ(in_.data.navaids.size(), 3U);
