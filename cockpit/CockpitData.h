@@ -75,6 +75,13 @@ struct CockpitData {
         return approach ? approach->runway.threshold : activeWaypoint;
     }
 
+    /// Above sea by the receiver alone, feet; absent without a fix in three dimensions.
+    [[nodiscard]] std::optional<int> seaAltitudeFt() const {
+        if (!position || !altitudeFt || !(fix3D || simulated))
+            return std::nullopt;
+        return *altitudeFt - altimeterOffsetFt.value_or(0);
+    }
+
     /// Null when there is no plan.
     std::shared_ptr<const PlanView> plan;
     /// Null when there is none; `trackSlots` tells painters and comparisons that it has grown.

@@ -107,6 +107,9 @@ void addGround(std::string& words, const GroundData& ground) {
     for (const AirspaceSet::File& file : ground.airspaces().files())
         addLine(words, formatText(kConnectedTexts.connectedAirspaces,
                                   {file.name, static_cast<int>(file.airspaces)}));
+    for (const ObstacleSet::File& file : ground.obstacles().files())
+        addLine(words, formatText(kConnectedTexts.connectedObstacles,
+                                  {file.name, static_cast<int>(file.obstacles)}));
     for (const std::string& problem : ground.problems())
         addLine(words, "  " + problem);
 }

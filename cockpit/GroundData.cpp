@@ -22,6 +22,7 @@ void GroundData::startOpening(std::vector<std::filesystem::path> folders) {
     reading_ = std::make_unique<Reading>();
     const auto read = [reading = reading_.get(), folders = std::move(folders)] {
         reading->airspaces.load(folders);
+        reading->obstacles.load(folders);
         reading->finished = true;
     };
     reading_->thread = systemThreading().startThread(read);
@@ -40,6 +41,7 @@ void GroundData::takeLoaded() {
     if (!reading_ || !reading_->finished)
         return;
     airspaces_.takeOver(std::move(reading_->airspaces));
+    obstacles_.takeOver(std::move(reading_->obstacles));
     finishReading();
 }
 
@@ -52,6 +54,7 @@ void GroundData::finishReading() {
 std::vector<std::string> GroundData::problems() const {
     std::vector<std::string> all = mapProblems_;
     all.insert(all.end(), airspaces_.problems().begin(), airspaces_.problems().end());
+    all.insert(all.end(), obstacles_.problems().begin(), obstacles_.problems().end());
     all.insert(all.end(), baseMap_.problems().begin(), baseMap_.problems().end());
     const std::vector<std::string> tiles = terrain_.problems();
     all.insert(all.end(), tiles.begin(), tiles.end());

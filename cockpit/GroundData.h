@@ -9,6 +9,7 @@
 
 #include "ground/airspace/AirspaceSet.h"
 #include "ground/basemap/BaseMap.h"
+#include "ground/obstacles/ObstacleSet.h"
 #include "ground/terrain/TerrainStore.h"
 
 namespace korvel {
@@ -18,6 +19,7 @@ struct GroundSources {
     BaseMap* map = nullptr;
     const AirspaceSet* airspaces = nullptr;
     TerrainStore* terrain = nullptr;
+    const ObstacleSet* obstacles = nullptr;
 };
 
 /// What the document knows of the ground. Main thread only.
@@ -30,11 +32,12 @@ class GroundData {
     ~GroundData();
 
     /// Opens the base map of these folders, the first "*.map" that can be used, the earlier
-    /// folders' first: a few milliseconds. Their files of airspaces are read on a thread, some ten
-    /// milliseconds for each thousand of them, and come into use with takeLoaded(); those before
-    /// stay until then. Their tiles of heights are read as they are wanted.
+    /// folders' first: a few milliseconds. Their files of airspaces and obstacles are read on a
+    /// thread, some ten milliseconds for each thousand airspaces, and come into use with
+    /// takeLoaded(); those before stay until then. Their tiles of heights are read as they are
+    /// wanted.
     void startOpening(std::vector<std::filesystem::path> folders);
-    /// The same, and returns when the airspaces are there.
+    /// The same, and returns when all is there.
     void open(std::vector<std::filesystem::path> folders);
     /// Once per tick: brings what has been read into use.
     void takeLoaded();
@@ -43,9 +46,10 @@ class GroundData {
     BaseMap& baseMap() { return baseMap_; }
     [[nodiscard]] const BaseMap& baseMap() const { return baseMap_; }
     [[nodiscard]] const AirspaceSet& airspaces() const { return airspaces_; }
+    [[nodiscard]] const ObstacleSet& obstacles() const { return obstacles_; }
     TerrainStore& terrain() { return terrain_; }
     [[nodiscard]] const TerrainStore& terrain() const { return terrain_; }
-    GroundSources sources() { return {&baseMap_, &airspaces_, &terrain_}; }
+    GroundSources sources() { return {&baseMap_, &airspaces_, &terrain_, &obstacles_}; }
     /// Files that could not be used, and what the map in use was found to lack so far: a message
     /// each.
     [[nodiscard]] std::vector<std::string> problems() const;
@@ -53,6 +57,7 @@ class GroundData {
  private:
     struct Reading {
         AirspaceSet airspaces;
+        ObstacleSet obstacles;
         std::atomic<bool> finished{false};
         std::thread thread;
     };
@@ -61,6 +66,7 @@ class GroundData {
 
     BaseMap baseMap_;
     AirspaceSet airspaces_;
+    ObstacleSet obstacles_;
     TerrainStore terrain_;
     std::unique_ptr<Reading> reading_;  ///< null while nothing is read
     std::vector<std::string> mapProblems_;

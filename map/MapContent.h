@@ -12,6 +12,7 @@ class GroundPicture;
 class MapColorCache;
 class MeasureTool;
 class TrackLevels;
+struct Obstacle;
 struct Town;
 struct CockpitData;
 struct PlaceSet;
@@ -32,9 +33,12 @@ struct MapContent {
     const Text* terrainNote = nullptr;
     GroundPicture* ground = nullptr;           ///< kept from frame to frame; null for none
     const std::vector<Town>* towns = nullptr;  ///< around the view, the weightiest first; or null
-    const PlaceSet* places = nullptr;          ///< from the databases; null for none
-    const TrackLevels* track = nullptr;        ///< of CockpitData::track; null for none
-    const MeasureTool* measure = nullptr;      ///< the ruler; null for none
+    const std::vector<Obstacle>* obstacles =
+        nullptr;                           ///< around the view, the tallest first; or null
+    bool obstacleHeights = true;           ///< are written beside them
+    const PlaceSet* places = nullptr;      ///< from the databases; null for none
+    const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
+    const MeasureTool* measure = nullptr;  ///< the ruler; null for none
 
     /// Paints the instrument that lies over the map and under its boxes; empty for none.
     std::function<void()> overMap{};

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cockpit/PlaceClass.h"
+#include "map/feeds/ObstacleFeed.h"
 #include "map/layers/AircraftLayer.h"
 #include "map/layers/AirspaceLayer.h"
 #include "map/layers/ApproachLayer.h"
@@ -14,6 +15,7 @@
 #include "map/layers/GridLayer.h"
 #include "map/layers/GroundLayer.h"
 #include "map/layers/MeasureLayer.h"
+#include "map/layers/ObstacleLayer.h"
 #include "map/layers/PlaceLayer.h"
 #include "map/layers/PlanLayer.h"
 #include "map/layers/RangeRingLayer.h"
@@ -78,11 +80,13 @@ constexpr std::array kLayers{
     layer<PlaceLayer>("places", Turn::Ground),
     words<GridLayer>("grid labels", Turn::Grid),
     words<RangeRingLayer>("ring distances", Turn::Rings),
+    layer<ObstacleLayer>("obstacles", Turn::Ground, kObstaclesToNm),
     layer<TrackLayer>("track", Turn::Ground),
     layer<PlanLayer>("plan", Turn::Plan),
     words<RunwayLayer>("runway numbers", Turn::Ground, kRunwaysToNm),
     words<PlaceLayer>("names", Turn::Ground),
     layer<AirspaceLayer>("airspace limits", Turn::Ground, kAirspaceWordsToNm),
+    words<ObstacleLayer>("near obstacles", Turn::Ground, kObstaclesToNm),
     layer<ApproachLayer>("approach", Turn::Approach),
     layer<TrafficLayer>("traffic", Turn::Approach),
     layer<AircraftLayer>("aircraft", Turn::Fixed),

@@ -3,12 +3,14 @@
 #include <utility>
 
 #include "cockpit/CKorvelDoc.h"
+#include "cockpit/ObstacleText.h"
 #include "cockpit/PlaceClass.h"
 #include "cockpit/PrefsTable.h"
 #include "cockpit/TrafficWatch.h"
 #include "config/ProfileFile.h"
 #include "config/texts/MessageTexts.h"
 #include "map/PlaceHit.h"
+#include "map/layers/ObstacleLayer.h"
 #include "map/layers/TrafficLayer.h"
 #include "pages/FieldStrip.h"
 #include "screen/PageCycle.h"
@@ -222,14 +224,22 @@ std::vector<MapPlace> Screen::placesAt(Point at) const {
     return found;
 }
 
-bool Screen::tellTraffic(Point at) {
+bool Screen::tellThing(Point at) {
     const auto projection = camera_.projection();
-    if (!projection || !data_.traffic)
+    if (!projection)
         return false;
-    const TrafficView* traffic = trafficAt(*data_.traffic, *projection, at, kFingerPixels);
-    if (traffic != nullptr)
+    const TrafficView* traffic =
+        data_.traffic ? trafficAt(*data_.traffic, *projection, at, kFingerPixels) : nullptr;
+    if (traffic != nullptr) {
         say(trafficText(*traffic, data_.position, data_.altUnit));
-    return traffic != nullptr;
+        return true;
+    }
+    const Obstacle* obstacle = obstacleAt(feeds_.obstacles(), *projection, at, kFingerPixels);
+    // A place is more than the masts around it.
+    if (obstacle == nullptr || !placesAt(at).empty())
+        return false;
+    say(obstacleText(*obstacle, data_.position, data_.altUnit));
+    return true;
 }
 
 void Screen::databasesChanged() {

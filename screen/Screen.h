@@ -90,8 +90,8 @@ class Screen {
     std::optional<GeoPoint> placeToMark() const;
     /// The places of the map under a point of the page, the best first.
     std::vector<MapPlace> placesAt(Point at) const;
-    /// Says what is known of the other aircraft under a finger; false where there is none.
-    bool tellTraffic(Point at);
+    /// Says what is known of the other aircraft or the obstacle under a finger; false for none.
+    bool tellThing(Point at);
     /// Call before and after the databases are loaded anew.
     void databasesChanged();
 

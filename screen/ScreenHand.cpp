@@ -177,7 +177,7 @@ bool ScreenHand::tapRow(Point at) {
 }
 
 bool ScreenHand::tapMap(Point at) {
-    if (screen_.tellTraffic(at))
+    if (screen_.tellThing(at))
         return true;
     const std::vector<MapPlace> found = screen_.placesAt(at);
     if (!found.empty() && onPlaces)

@@ -122,7 +122,8 @@ int drawMap(const Invocation& call, const MapOptions& options) {
                        .turns = PagePainter::turns(page)};
     GroundData ground;
     ground.open(call.dataFolders());
-    MapFeeds feeds(loaded.database, {&ground.baseMap(), &ground.airspaces(), nullptr});
+    MapFeeds feeds(loaded.database,
+                   {&ground.baseMap(), &ground.airspaces(), nullptr, &ground.obstacles()});
     do {
         feeds.update({content.view, data, Settings()});
     } while (!feeds.isComplete());

@@ -9,6 +9,7 @@
 #include "config/texts/ExchangeTexts.h"
 #include "config/texts/FileTexts.h"
 #include "config/texts/FlightTexts.h"
+#include "config/texts/GroundTexts.h"
 #include "config/texts/InstrumentTexts.h"
 #include "config/texts/MessageTexts.h"
 #include "config/texts/ModeTexts.h"
@@ -39,8 +40,8 @@ std::vector<Text> textsOf(const Groups&... groups) {
 
 std::vector<Text> allTexts() {
     return textsOf(kCommandTexts, kConnectedTexts, kDatabaseTexts, kExchangeTexts, kFileTexts,
-                   kFlightTexts, kInstrumentTexts, kMessageTexts, kModeTexts, kPreferenceTexts,
-                   kReceiverTexts, kSheetTexts, kStatusTexts, kTrafficTexts);
+                   kFlightTexts, kGroundTexts, kInstrumentTexts, kMessageTexts, kModeTexts,
+                   kPreferenceTexts, kReceiverTexts, kSheetTexts, kStatusTexts, kTrafficTexts);
 }
 
 }  // namespace korvel

@@ -62,6 +62,7 @@ struct ConnectedTexts {
     Text connectedBaseMap{62410, "BASE MAP: %s, of %s"};  ///< %s: file name, date
     Text connectedNoBaseMap{62411, "BASE MAP: none; the map works without land and water"};
     Text connectedAirspaces{62412, "AIRSPACES: %s, %d read"};  ///< %s: file name
+    Text connectedObstacles{66314, "OBSTACLES: %s, %d read"};  ///< %s: file name
     Text connectedExpired{61920, "expired %s"};                ///< %s: date
 };
 

@@ -48,6 +48,17 @@ struct PreferenceTexts {
     Text labelsFixes{61757, "Fix identifiers"};
     Text layerVrps{61758, "Visual reporting points"};
     Text labelsVrps{61759, "Names of visual reporting points"};
+    Text layerAirspaces{66320, "Airspaces"};
+    Text labelsAirspaces{66321, "Floors and ceilings of airspaces"};
+    Text layerBaseMap{66322, "Land and water"};
+    Text labelsTowns{66323, "Towns"};
+    Text layerTerrain{66324, "Heights of the ground, obstacles"};
+    Text labelsObstacles{66325, "Heights of obstacles"};
+    Text hideRivers{66326, "Without rivers"};
+    Text hideBorders{66327, "Without borders"};
+    Text hideTowns{66328, "Without towns"};
+    Text hideRelief{66329, "Without relief"};
+    Text hideObstacles{66330, "Without obstacles"};
     Text prefApproach{61760, "Approach guidance"};
     Text prefAutoApproach{61761, "Enable Auto-Approach-Mode"};
     Text prefApproachSpeed{61762, "Approach ground speed (kts)"};

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "geo/Geodesy.h"
 #include "ground/DataFiles.h"
@@ -47,6 +48,13 @@ void ObstacleSet::load(std::span<const std::filesystem::path> folders, FileSyste
         add(std::move(file.obstacles));
     }
     std::ranges::stable_sort(entries_, {}, &Entry::cell);
+    ++revision_;
+}
+
+void ObstacleSet::takeOver(ObstacleSet&& loaded) {
+    const std::uint64_t next = revision_ + 1;
+    *this = std::move(loaded);
+    revision_ = next;
 }
 
 void ObstacleSet::add(std::vector<Obstacle> obstacles) {

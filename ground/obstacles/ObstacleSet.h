@@ -20,6 +20,8 @@ class ObstacleSet {
     /// Takes the place of what was there. Every table of obstacles is read, whatever it is called.
     void load(std::span<const std::filesystem::path> folders,
               FileSystem& disk = systemFileSystem());
+    /// Takes the place of what was there with what another one has loaded.
+    void takeOver(ObstacleSet&& loaded);
 
     /// An obstacle, the file it stands in, and how far it is.
     struct Near {
@@ -39,6 +41,8 @@ class ObstacleSet {
     [[nodiscard]] std::size_t size() const { return entries_.size(); }
     /// "FILE line N: what", of what was left out.
     [[nodiscard]] std::span<const std::string> problems() const { return problems_; }
+    /// Grows with each loading.
+    [[nodiscard]] std::uint64_t revision() const { return revision_; }
 
  private:
     struct Entry {
@@ -51,6 +55,7 @@ class ObstacleSet {
     std::vector<Entry> entries_;  // by cell
     std::vector<File> files_;
     std::vector<std::string> problems_;
+    std::uint64_t revision_ = 0;
 };
 
 }  // namespace korvel

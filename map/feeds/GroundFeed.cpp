@@ -21,13 +21,6 @@ constexpr double kPixelsPerHeight = 2;
 constexpr double kBandStepFt = 20;
 constexpr int kRelative = 1;  ///< of the setting "AltMode"
 
-/// Above sea, by the receiver alone; nothing without a fix in three dimensions.
-std::optional<double> altitudeFt(const CockpitData& data) {
-    if (!data.position || !data.altitudeFt || !(data.fix3D || data.simulated))
-        return std::nullopt;
-    return *data.altitudeFt - data.altimeterOffsetFt.value_or(0);
-}
-
 }  // namespace
 
 GroundFeed::GroundFeed(const GroundSources& sources)
@@ -79,8 +72,9 @@ bool GroundFeed::updateTerrain(const FeedRequest& request) {
 }
 
 bool GroundFeed::updateBands(const FeedRequest& request) {
-    const auto altitude =
-        request.settings.altMode == kRelative ? altitudeFt(request.data) : std::optional<double>();
+    std::optional<double> altitude;
+    if (request.settings.altMode == kRelative)
+        altitude = request.data.seaAltitudeFt();
     if (altitude && bandsAtFt_ && std::abs(*altitude - *bandsAtFt_) < kBandStepFt)
         return false;
     return std::exchange(bandsAtFt_, altitude) != altitude;

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "map/feeds/GroundFeed.h"
+#include "map/feeds/ObstacleFeed.h"
 #include "map/feeds/PlaceFeed.h"
 #include "map/feeds/TownFeed.h"
 #include "map/feeds/TrackFeed.h"
@@ -16,7 +17,7 @@ class MapFeeds {
  public:
     /// The database must outlive this.
     explicit MapFeeds(const NavDatabase& database, const GroundSources& ground = {})
-        : ground_(ground), towns_(ground.map), places_(database) {}
+        : ground_(ground), towns_(ground.map), obstacles_(ground.obstacles), places_(database) {}
 
     /// Call before each frame; true when something has changed.
     bool update(const FeedRequest& request);
@@ -28,13 +29,15 @@ class MapFeeds {
 
     /// What a finger may touch.
     const PlaceSet& places() const { return places_.set(); }
+    const std::vector<Obstacle>& obstacles() const { return obstacles_.shown(); }
 
  private:
     GroundFeed ground_;
     TownFeed towns_;
+    ObstacleFeed obstacles_;
     PlaceFeed places_;
     TrackFeed track_;
-    std::array<ViewFeed*, 4> all_{&ground_, &towns_, &places_, &track_};
+    std::array<ViewFeed*, 5> all_{&ground_, &towns_, &obstacles_, &places_, &track_};
 };
 
 }  // namespace korvel
