@@ -45,6 +45,7 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
       charts_(foundations.clock, foundations.folder),
       flight_({foundations.clock, charts_.database(), charts_.userRecords(), foundations.folder}),
       terrainWatch_(ground_.terrain(), charts_.database(), flight_.alarms()),
+      airspaceWatch_(ground_.airspaces(), flight_.alarms()),
       memory_(profile_, flight_, charts_.database()),
       userFixes_(profile_, charts_, flight_.plan()),
       knownPlaces_(profile_),
@@ -84,7 +85,7 @@ void CKorvelDoc::forgetDatabases() {
         onOtherDatabases();
 }
 
-void CKorvelDoc::watchTerrain() {
+void CKorvelDoc::watchGround() {
     const Aircraft& present = flight_.navigation().present();
     TerrainWatch::Situation now{
         .position = known(present.position),
@@ -97,6 +98,15 @@ void CKorvelDoc::watchTerrain() {
     const auto destination = flight_.destination();
     now.destination = destination.get();
     terrainWatch_.update(now);
+    AirspaceWatch::Situation above{.position = now.position,
+                                   .trackTrueDeg = now.trackTrueDeg,
+                                   .groundSpeedKt = now.groundSpeedKt,
+                                   .verticalSpeedFpm = now.verticalSpeedFpm};
+    if (now.altitudeFt)
+        above.altitudeFt = RoundToInt(*now.altitudeFt);
+    if (const auto ground = now.position ? ground_.terrain().heightFt(*now.position) : std::nullopt)
+        above.groundFt = RoundToInt(*ground);
+    airspaceWatch_.update(above, clock_.tickMs());
 }
 
 void CKorvelDoc::tick() {
@@ -113,7 +123,7 @@ void CKorvelDoc::tick() {
     if (beforeNavigation)
         beforeNavigation();
     watchTraffic();
-    watchTerrain();
+    watchGround();
     flight_.tick(settings_, input_.variation(), aircraft);
     nearAirports_.update(charts_.database(), flight_.navigation().present().position, settings_,
                          input_.variation());
@@ -347,6 +357,8 @@ CockpitData CKorvelDoc::collectData() {
     if (data.position)
         data.nearAirports = nearAirports_.shown();
     data.traffic = traffic_.shown(trafficChoice_);
+    if (data.position)
+        data.airspaces = airspaceWatch_.shown();
     return data;
 }
 

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cockpit/AirspaceWatch.h"
 #include "cockpit/AttitudeModule.h"
 #include "cockpit/Charts.h"
 #include "cockpit/CockpitData.h"
@@ -201,7 +202,7 @@ class CKorvelDoc final : private SentenceListener {
     SourceKind sourceKind() const { return source_ ? source_->kind() : SourceKind::Receiver; }
     std::optional<std::int64_t> receivedUtc() const;
     CockpitData collectData();
-    void watchTerrain();
+    void watchGround();
     void show(CockpitData data);
     void collectFix(CockpitData& data);
 
@@ -223,6 +224,7 @@ class CKorvelDoc final : private SentenceListener {
     GroundData ground_;
     Flight flight_;
     TerrainWatch terrainWatch_;
+    AirspaceWatch airspaceWatch_;
     FlightMemory memory_;
     NearAirportList nearAirports_;
     UserFixes userFixes_;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "cockpit/AirspaceView.h"
 #include "cockpit/NearAirport.h"
 #include "cockpit/PlanView.h"
 #include "cockpit/TrafficView.h"
@@ -91,6 +92,8 @@ struct CockpitData {
     std::shared_ptr<const std::vector<NearAirport>> nearAirports;
     /// Other aircraft; null for none.
     std::shared_ptr<const TrafficList> traffic;
+    /// Null while no airspaces are loaded or there is no position.
+    std::shared_ptr<const AirspaceList> airspaces;
     /// What needs the pilot's attention, most urgent first.
     std::vector<ShownAlarm> alarms;
 

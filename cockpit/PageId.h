@@ -19,12 +19,14 @@ enum class PageId : int {
     FlightPlan = 6,
     NearestAirport = 7,
     Attitude = 8,
+    Airspace = 9,
 };
 
 inline constexpr std::array kPageTexts = {
     kPreferenceTexts.pageMap,        kPreferenceTexts.pageMapHsi,    kPreferenceTexts.pageHsi,
     kPreferenceTexts.pageEfis,       kPreferenceTexts.pageSatellite, kPreferenceTexts.pageNorthUp,
-    kPreferenceTexts.pageFlightPlan, kPreferenceTexts.pageNearest,   kPreferenceTexts.pageAttitude};
+    kPreferenceTexts.pageFlightPlan, kPreferenceTexts.pageNearest,   kPreferenceTexts.pageAttitude,
+    kPreferenceTexts.pageAirspace};
 inline constexpr int kPageCount = static_cast<int>(kPageTexts.size());
 
 constexpr const Text& pageText(PageId page) { return kPageTexts[static_cast<std::size_t>(page)]; }

@@ -141,6 +141,7 @@ constexpr std::array kRows = {
     shown(PageId::NearestAirport),
     shown(PageId::Satellite),
     shown(PageId::Attitude),
+    shown(PageId::Airspace),
 };
 static_assert(std::ranges::is_sorted(kRows, {}, &PrefRow::page));
 

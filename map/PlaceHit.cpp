@@ -12,17 +12,6 @@ constexpr double kFingerStep = 1.0 / 3;
 
 double distancePx(Point a, Point b) { return std::hypot(a.x - b.x, a.y - b.y); }
 
-double distanceToLine(Point point, Point from, Point to) {
-    const double x = to.x - from.x;
-    const double y = to.y - from.y;
-    const double square = x * x + y * y;
-    if (!(square > 0))
-        return distancePx(point, from);
-    const double along =
-        std::clamp(((point.x - from.x) * x + (point.y - from.y) * y) / square, 0.0, 1.0);
-    return distancePx(point, {from.x + x * along, from.y + y * along});
-}
-
 double distanceTo(const MapPlace& place, const MapProjection& projection, int rangeNm,
                   Point finger) {
     double nearest = distancePx(finger, projection.project(place.place.position));
@@ -34,6 +23,17 @@ double distanceTo(const MapPlace& place, const MapProjection& projection, int ra
 }
 
 }  // namespace
+
+double distanceToLine(Point point, Point from, Point to) {
+    const double x = to.x - from.x;
+    const double y = to.y - from.y;
+    const double square = x * x + y * y;
+    if (!(square > 0))
+        return distancePx(point, from);
+    const double along =
+        std::clamp(((point.x - from.x) * x + (point.y - from.y) * y) / square, 0.0, 1.0);
+    return distancePx(point, {from.x + x * along, from.y + y * along});
+}
 
 std::vector<const MapPlace*> placesAt(const PlaceSet& set, const MapProjection& projection,
                                       int rangeNm, Point finger, double radiusPx) {

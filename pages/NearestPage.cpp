@@ -18,8 +18,6 @@
 namespace korvel {
 namespace {
 
-constexpr double kTitleHeights = 2.2;  // of the type size, as are the next ones
-constexpr double kRowHeights = 3.6;
 constexpr double kLargeShare = 1.35;
 constexpr double kFaded = 0.35;
 constexpr double kWordsFromPx = 640;  // width from which figures have room for a word
@@ -29,23 +27,20 @@ constexpr double kBearingColumn = 0.40;
 constexpr double kDistanceEnd = 0.72;
 constexpr double kRunwayEnd = 1.0;
 
-double typeSize(double width, double height) { return mapTextPx(width, height); }
-
 class NearestPainter {
  public:
     NearestPainter(Canvas& canvas, const CockpitData& data, const MapColorCache& colors)
         : canvas_(canvas),
           data_(data),
           colors_(colors),
-          textPx_(typeSize(canvas.width(), canvas.height())),
+          textPx_(mapTextPx(canvas.width(), canvas.height())),
           background_(colors[ColorKey::MapBackground]),
           ink_(colors[ColorKey::HsiNumeral]) {}
 
-    void paint(const NearestView& view) {
+    void paint(const RowListView& view) {
         canvas_.rect({0, 0, canvas_.width(), canvas_.height()}, Brush{background_}, std::nullopt);
         const std::size_t count = data_.nearAirports ? data_.nearAirports->size() : 0;
-        const NearestLayout layout =
-            layOutNearestPage(canvas_.width(), canvas_.height(), count, view);
+        const RowListLayout layout = layOutRowList(canvas_.width(), canvas_.height(), count, view);
         title(layout, count);
         if (count == 0)
             reason();
@@ -62,7 +57,7 @@ class NearestPainter {
     Font small() const { return {.height = std::max(11.0, std::round(textPx_ * 0.95))}; }
     double margin() const { return textPx_; }
 
-    void title(const NearestLayout& layout, std::size_t count) {
+    void title(const RowListLayout& layout, std::size_t count) {
         const Rect& area = layout.title;
         canvas_.rect(area, Brush{colors_[ColorKey::MapInfoBackground]}, std::nullopt);
         TextStyle style{.font = {.height = std::round(textPx_ * 1.1), .weight = FontWeight::Bold},
@@ -76,7 +71,7 @@ class NearestPainter {
     }
 
     /// "7–12 / 20".
-    static std::string shownOf(const NearestLayout& layout, std::size_t count) {
+    static std::string shownOf(const RowListLayout& layout, std::size_t count) {
         const std::size_t last = std::min(count, layout.firstRow + layout.perPage);
         return formatInt(static_cast<long long>(layout.firstRow) + 1) + "\u2013" +
                formatInt(static_cast<long long>(last)) + " / " +
@@ -185,32 +180,7 @@ class NearestPainter {
 
 }  // namespace
 
-std::optional<std::size_t> NearestLayout::rowAt(Point point) const {
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        if (rows[i].contains(point))
-            return firstRow + i;
-    return std::nullopt;
-}
-
-NearestLayout layOutNearestPage(double width, double height, std::size_t airports,
-                                const NearestView& view) {
-    const double textPx = typeSize(width, height);
-    NearestLayout layout;
-    layout.title = {0, 0, width, std::round(textPx * kTitleHeights)};
-    const double rowHeight = std::round(textPx * kRowHeights);
-    const double room = std::max(0.0, height - layout.title.height);
-    layout.perPage = std::max<std::size_t>(1, static_cast<std::size_t>(room / rowHeight));
-    if (airports == 0)
-        return layout;
-    layout.firstRow = std::min(view.first, airports - 1);
-    const std::size_t shown = std::min(layout.perPage, airports - layout.firstRow);
-    for (std::size_t i = 0; i < shown; ++i)
-        layout.rows.push_back(
-            {0, layout.title.height + rowHeight * static_cast<double>(i), width, rowHeight});
-    return layout;
-}
-
-void paintNearestPage(Canvas& canvas, const CockpitData& data, const NearestView& view,
+void paintNearestPage(Canvas& canvas, const CockpitData& data, const RowListView& view,
                       const MapColorCache& colors) {
     NearestPainter(canvas, data, colors).paint(view);
 }

@@ -6,9 +6,20 @@
 namespace korvel {
 namespace {
 
-constexpr std::array kPages = {
-    PageId::Map,        PageId::MapHsi,         PageId::Hsi,       PageId::Efis,    PageId::NorthUp,
-    PageId::FlightPlan, PageId::NearestAirport, PageId::Satellite, PageId::Attitude};
+constexpr std::array kPages = {PageId::Map,
+                               PageId::MapHsi,
+                               PageId::Hsi,
+                               PageId::Efis,
+                               PageId::NorthUp,
+                               PageId::FlightPlan,
+                               PageId::NearestAirport,
+                               PageId::Satellite,
+                               PageId::Attitude,
+                               PageId::Airspace};
+
+/// Without a module or files of airspaces they are empty: they take part only where they were
+/// chosen.
+bool needsMore(PageId page) { return page == PageId::Attitude || page == PageId::Airspace; }
 
 bool isIn(int mask, PageId page) {
     return (static_cast<unsigned>(mask) >> static_cast<unsigned>(page) & 1U) != 0;
@@ -25,8 +36,7 @@ PageId nextPage(PageId current, int mask) {
     // Once around, starting behind the current page (or with the first one).
     for (std::size_t step = 0; step < kPages.size(); ++step) {
         at = at == kPages.end() || at + 1 == kPages.end() ? kPages.begin() : at + 1;
-        // The attitude page needs a module: it takes part only where it was chosen.
-        if (chosen(*at) || (all && *at != PageId::Attitude))
+        if (chosen(*at) || (all && !needsMore(*at)))
             return *at;
     }
     return current;

@@ -24,8 +24,8 @@ std::size_t rowCount(const ListPage& page) {
 
 FlightPlanRows planRows(const ListPage& page) { return {page.width, page.height, rowCount(page)}; }
 
-NearestLayout nearestRows(const ListPage& page, const NearestView& view) {
-    return layOutNearestPage(page.width, page.height, rowCount(page), view);
+RowListLayout nearestRows(const ListPage& page, const RowListView& view) {
+    return layOutRowList(page.width, page.height, rowCount(page), view);
 }
 
 }  // namespace
@@ -41,10 +41,19 @@ void PageLists::scroll(const ListPage& page, int rows) {
         plan_.firstRow = moved(firstShownRow(page.data, plan_, all), rows, all.lastFirst());
     } else if (page.page == PageId::NearestAirport) {
         nearest_.first = moved(nearest_.first, rows, rowCount(page));
+    } else if (page.page == PageId::Airspace && page.data.airspaces) {
+        const RowListLayout layout =
+            layOutRowList(page.width, page.height, page.data.airspaces->size(), airspaces_);
+        airspaces_.first =
+            moved(airspaces_.first, rows, layout.lastFirst(page.data.airspaces->size()));
     }
 }
 
 bool PageLists::moveMark(const ListPage& page, int rows) {
+    if (page.page == PageId::Airspace) {
+        scroll(page, rows);
+        return true;
+    }
     const std::size_t count = rowCount(page);
     if (count == 0)
         return false;

@@ -18,12 +18,13 @@ struct ListPage {
     const CockpitData& data;
 };
 
-/// Where the pilot is in the lists of the pages "Flight Plan" and "Nearest Airport": the row at
-/// the top, and the row that is marked. Rows count from the list's first.
+/// Where the pilot is in the lists of the pages "FlightPlan", "Nearest-Airport" and "Airspace": the
+/// row at the top, and the row that is marked. Rows count from the list's first.
 class PageLists {
  public:
     const FlightPlanView& plan() const { return plan_; }
-    const NearestView& nearest() const { return nearest_; }
+    const RowListView& nearest() const { return nearest_; }
+    const RowListView& airspaces() const { return airspaces_; }
 
     /// A page is shown anew: nothing is marked.
     void reset() { *this = {}; }
@@ -42,7 +43,8 @@ class PageLists {
 
  private:
     FlightPlanView plan_;
-    NearestView nearest_;
+    RowListView nearest_;
+    RowListView airspaces_;  ///< nothing is marked: there is nothing to open
 };
 
 }  // namespace korvel

@@ -6,6 +6,7 @@
 #include "map/MapPainter.h"
 #include "map/feeds/MapFeeds.h"
 #include "map/layers/MapFurniture.h"
+#include "pages/AirspacePage.h"
 #include "pages/ApproachBox.h"
 #include "pages/EfisPage.h"
 #include "pages/HsiPage.h"
@@ -25,8 +26,8 @@ double messageBand(const Canvas& canvas, PageId page, const PageScene& scene) {
     if (page == PageId::FlightPlan && data.plan)
         return FlightPlanRows(canvas.width(), canvas.height(), 0).totals().height;
     if (page == PageId::NearestAirport && data.nearAirports && !data.nearAirports->empty())
-        return canvas.height() - layOutNearestPage(canvas.width(), canvas.height(),
-                                                   data.nearAirports->size(), scene.nearest)
+        return canvas.height() - layOutRowList(canvas.width(), canvas.height(),
+                                               data.nearAirports->size(), scene.nearest)
                                      .rows.back()
                                      .y;
     return 0;
@@ -80,6 +81,10 @@ bool PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
     }
     if (page == PageId::NearestAirport) {
         paintNearestPage(canvas, data, scene.nearest, colors_);
+        return false;
+    }
+    if (page == PageId::Airspace) {
+        paintAirspacePage(canvas, data, scene.airspaces, colors_);
         return false;
     }
     if (page == PageId::Hsi) {

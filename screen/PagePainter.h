@@ -29,7 +29,8 @@ struct PageScene {
     std::optional<GeoPoint> lookAt = std::nullopt;
     const MapFeeds* feeds = nullptr;       ///< what is around the view; null for none
     const MeasureTool* measure = nullptr;  ///< the map's ruler; null for none
-    NearestView nearest{};                 ///< where the pilot is in the list of airports
+    RowListView nearest{};                 ///< where the pilot is in the list of airports
+    RowListView airspaces{};               ///< where the pilot is in that list
     FlightPlanView plan{};                 ///< where the pilot is in the list of the plan
     AttitudeView attitude{};               ///< for the page "Attitude"
     std::span<const Rect> alarms{};        ///< that will lie over a map

@@ -9,6 +9,7 @@
 #include "cockpit/TrafficWatch.h"
 #include "config/ProfileFile.h"
 #include "config/texts/MessageTexts.h"
+#include "map/AirspaceHit.h"
 #include "map/PlaceHit.h"
 #include "map/layers/ObstacleLayer.h"
 #include "map/layers/TrafficLayer.h"
@@ -225,21 +226,29 @@ std::vector<MapPlace> Screen::placesAt(Point at) const {
 }
 
 bool Screen::tellThing(Point at) {
+    const std::string words = wordsFor(at);
+    if (!words.empty())
+        say(words);
+    return !words.empty();
+}
+
+/// Of what is no place, the most urgent first.
+std::string Screen::wordsFor(Point at) const {
     const auto projection = camera_.projection();
     if (!projection)
-        return false;
-    const TrafficView* traffic =
-        data_.traffic ? trafficAt(*data_.traffic, *projection, at, kFingerPixels) : nullptr;
-    if (traffic != nullptr) {
-        say(trafficText(*traffic, data_.position, data_.altUnit));
-        return true;
-    }
-    const Obstacle* obstacle = obstacleAt(feeds_.obstacles(), *projection, at, kFingerPixels);
-    // A place is more than the masts around it.
-    if (obstacle == nullptr || !placesAt(at).empty())
-        return false;
-    say(obstacleText(*obstacle, data_.position, data_.altUnit));
-    return true;
+        return {};
+    if (data_.traffic)
+        if (const auto* traffic = trafficAt(*data_.traffic, *projection, at, kFingerPixels))
+            return trafficText(*traffic, data_.position, data_.altUnit);
+    // A place is more than the masts around it and the lines below.
+    if (!placesAt(at).empty())
+        return {};
+    if (const auto* obstacle = obstacleAt(feeds_.obstacles(), *projection, at, kFingerPixels))
+        return obstacleText(*obstacle, data_.position, data_.altUnit);
+    const auto view = mapView();
+    if (view && feeds_.ground() != nullptr)
+        return airspacesAt(*feeds_.ground(), *view, at, kFingerPixels / 2);
+    return {};
 }
 
 void Screen::databasesChanged() {
@@ -353,13 +362,20 @@ CockpitData Screen::dataToShow() const {
     return shown;
 }
 
-void Screen::updateFeeds() {
+/// None on a page without a map and while there is nothing to look at.
+std::optional<MapView> Screen::mapView() const {
     const auto middle = camera_.center();
     if (!camera_.showsMap() || !middle)
+        return std::nullopt;
+    return MapView(camera_.viewport(), *middle, camera_.upDeg(),
+                   {0, 0, areas_.page().width, areas_.page().height});
+}
+
+void Screen::updateFeeds() {
+    const auto view = mapView();
+    if (!view)
         return;
-    const MapView view(camera_.viewport(), *middle, camera_.upDeg(),
-                       {0, 0, areas_.page().width, areas_.page().height});
-    const bool news = feeds_.update({view, data_, document_.settings()});
+    const bool news = feeds_.update({*view, data_, document_.settings()});
     // This painting shows what there is; the next one what is still to be read.
     if (news && !feeds_.isComplete())
         changed();
@@ -373,6 +389,7 @@ PageScene Screen::scene(const CockpitData& data, const AttitudeView& attitude) c
             .feeds = &feeds_,
             .measure = &ruler_,
             .nearest = lists_.nearest(),
+            .airspaces = lists_.airspaces(),
             .plan = lists_.plan(),
             .attitude = attitude,
             .alarms = areas_.alarms().areas,

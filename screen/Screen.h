@@ -90,8 +90,10 @@ class Screen {
     std::optional<GeoPoint> placeToMark() const;
     /// The places of the map under a point of the page, the best first.
     std::vector<MapPlace> placesAt(Point at) const;
-    /// Says what is known of the other aircraft or the obstacle under a finger; false for none.
+    /// Says what is known of the other aircraft, the obstacle or the outlines of airspaces under a
+    /// finger; false for none.
     bool tellThing(Point at);
+
     /// Call before and after the databases are loaded anew.
     void databasesChanged();
 
@@ -161,6 +163,8 @@ class Screen {
     void takeNews();
     void actByItself();
     void followAttitude();
+    std::string wordsFor(Point at) const;
+    std::optional<MapView> mapView() const;
     MeasureTool::Snap rulerSnap(const MapProjection& projection) const;
 
     CKorvelDoc& document_;

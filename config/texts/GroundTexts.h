@@ -10,6 +10,17 @@ struct GroundTexts {
     Text lit{66311, "lit"};
     Text unverified{66312, "unverified"};
     Text unnamedObstacle{66313, "Obstacle"};
+    Text inAirspace{66340, "AIRSPACE %s"};              ///< %s: class, name, limits
+    Text airspaceAhead{66341, "Airspace in %d s: %s"};  ///< %s: the same
+    Text heightUnknown{66342, "height unknown"};
+    Text airspaces{66343, "Airspaces"};
+    Text inside{66344, "INSIDE"};
+    Text ahead{66345, "AHEAD"};
+    Text above{66346, "ABOVE"};
+    Text below{66347, "BELOW"};
+    Text noAirspaces{66348, "No airspaces are loaded: put OpenAir files into the documents folder"};
+    Text noAirspaceNear{66349, "No airspace is near"};
+    Text inSeconds{66350, "in %d s"};
 };
 
 inline constexpr GroundTexts kGroundTexts{};

@@ -30,7 +30,7 @@ struct PreferenceTexts {
     Text prefRotateMode3{61739, "Third navaid set"};
     Text prefAltMode{61740, "Terrain colours (with terrain data)"};
     Text prefMinObstacle{61741, "Minimum obstacle height shown (with obstacle data)"};
-    Text prefBoundaryAltitude{61742, "Airspace boundary altitude (with airspace data)"};
+    Text prefBoundaryAltitude{66331, "Airspaces within so many feet of the aircraft (0: all)"};
     Text prefMapPreference{61743, "Map preference (with topographic maps)"};
     Text classAirports{61744, "Airports (all of them)"};
     Text classNavaids{61745, "VORs and NDBs (all of them)"};
@@ -96,6 +96,7 @@ struct PreferenceTexts {
     Text pageNearest{61793, "Nearest-Airport"};
     Text pageSatellite{61794, "Satellite"};
     Text pageAttitude{61912, "Attitude"};
+    Text pageAirspace{66332, "Airspace"};
     Text pagesHelp{
         61922,
         "Next Page goes through the pages that are chosen here; while there are fewer than two, "

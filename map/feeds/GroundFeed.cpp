@@ -37,9 +37,13 @@ bool GroundFeed::update(const FeedRequest& request) {
     const GroundParts parts = GroundParts::from(request.settings);
     const bool otherParts = picture_->parts() != parts;
     picture_->showParts(parts);
+    const auto altitudes = altitudeWindow(request.data, request.settings.boundaryAltitude);
+    const bool otherAltitudes = picture_->altitudes() != altitudes;
+    picture_->showAltitudes(altitudes);
     const bool otherTerrain = updateTerrain(request);
     const std::uint64_t airspaces = airspaceRevision();
-    return std::exchange(seenAirspaces_, airspaces) != airspaces || otherParts || otherTerrain;
+    return std::exchange(seenAirspaces_, airspaces) != airspaces || otherParts || otherAltitudes ||
+           otherTerrain;
 }
 
 std::uint64_t GroundFeed::airspaceRevision() const {

@@ -24,6 +24,9 @@ class GroundFeed final : public ViewFeed {
     void forget() override;
     void addTo(MapContent& content) const override;
 
+    /// Null for none.
+    [[nodiscard]] const GroundPicture* picture() const { return picture_.get(); }
+
  private:
     bool updateTerrain(const FeedRequest& request);
     bool updateBands(const FeedRequest& request);

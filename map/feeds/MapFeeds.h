@@ -29,6 +29,8 @@ class MapFeeds {
 
     /// What a finger may touch.
     const PlaceSet& places() const { return places_.set(); }
+    /// Null for none.
+    const GroundPicture* ground() const { return ground_.picture(); }
     const std::vector<Obstacle>& obstacles() const { return obstacles_.shown(); }
 
  private:

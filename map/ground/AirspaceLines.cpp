@@ -4,8 +4,9 @@
 #include <array>
 #include <cmath>
 
-#include "base/Ascii.h"
+#include "cockpit/CockpitData.h"
 #include "geo/Geodesy.h"
+#include "ground/airspace/AirspaceKind.h"
 
 namespace korvel {
 namespace {
@@ -14,36 +15,66 @@ constexpr int kNearRangeNm = 65;  ///< up to here outlines are two pixels wide
 constexpr double kNearWidth = 2;
 constexpr double kFarWidth = 1;
 
-struct ClassRow {
-    std::string_view name;
+/// Where schemes give two kinds one colour, dashes tell them apart, as charts have it.
+struct KindRow {
+    AirspaceKind kind;
     ColorKey color;
     int toRangeNm;
+    bool dashed;
 };
-constexpr std::array kClasses{
-    ClassRow{"A", ColorKey::MapClassB, 250},   ClassRow{"B", ColorKey::MapClassB, 250},
-    ClassRow{"C", ColorKey::MapClassC, 250},   ClassRow{"TMA", ColorKey::MapClassC, 250},
-    ClassRow{"D", ColorKey::MapClassD, 250},   ClassRow{"CTR", ColorKey::MapClassD, 250},
-    ClassRow{"R", ColorKey::MapSua, 250},      ClassRow{"P", ColorKey::MapSua, 250},
-    ClassRow{"Q", ColorKey::MapSua, 250},      ClassRow{"W", ColorKey::MapSua, 100},
-    ClassRow{"TMZ", ColorKey::MapClassX, 100}, ClassRow{"RMZ", ColorKey::MapClassX, 100},
-    ClassRow{"ATZ", ColorKey::MapClassX, 100}, ClassRow{"MATZ", ColorKey::MapClassX, 100},
-    ClassRow{"F", ColorKey::MapClassX, 65}};
-/// E, G, sectors of gliders and what is not known.
-constexpr ClassRow kOther{"", ColorKey::MapClassX, 40};
+constexpr std::array kKinds{KindRow{AirspaceKind::A, ColorKey::MapClassB, 250, false},
+                            KindRow{AirspaceKind::B, ColorKey::MapClassB, 250, false},
+                            KindRow{AirspaceKind::C, ColorKey::MapClassC, 250, false},
+                            KindRow{AirspaceKind::D, ColorKey::MapClassD, 250, true},
+                            KindRow{AirspaceKind::Special, ColorKey::MapSua, 250, false},
+                            KindRow{AirspaceKind::Wave, ColorKey::MapSua, 100, true},
+                            KindRow{AirspaceKind::Zone, ColorKey::MapClassX, 100, true},
+                            KindRow{AirspaceKind::F, ColorKey::MapClassX, 65, true},
+                            KindRow{AirspaceKind::Other, ColorKey::MapClassX, 40, true}};
+constexpr double kDashPx = 9;
+constexpr double kGapPx = 5;
+
+bool isShown(const Airspace& airspace, const std::optional<AltitudeWindow>& window) {
+    if (!window)
+        return true;
+    // Above ground that is not known a ceiling may lie anywhere.
+    const bool ceilingKnown = airspace.ceiling.reference != LimitReference::Agl;
+    return airspace.floorFt(std::nullopt) <= window->highFt &&
+           !(ceilingKnown && airspace.ceilingFt(std::nullopt) < window->lowFt);
+}
 
 }  // namespace
 
 AirspaceLook lookOf(const Airspace& airspace, int rangeNm) {
-    const auto* const found = std::ranges::find_if(kClasses, [&airspace](const ClassRow& row) {
-        return equalsIgnoringCase(row.name, airspace.airspaceClass) ||
-               (airspace.airspaceClass == "UNC" && equalsIgnoringCase(row.name, airspace.type));
-    });
-    const ClassRow& row = found == kClasses.end() ? kOther : *found;
-    return {row.color, row.toRangeNm, rangeNm <= kNearRangeNm ? kNearWidth : kFarWidth};
+    const auto* const row = std::ranges::find(kKinds, kindOf(airspace), &KindRow::kind);
+    return {row->color, row->toRangeNm, rangeNm <= kNearRangeNm ? kNearWidth : kFarWidth,
+            row->dashed};
+}
+
+std::optional<AltitudeWindow> altitudeWindow(const CockpitData& data, int withinFt) {
+    const std::optional<int> altitudeFt = data.seaAltitudeFt();
+    if (!altitudeFt || withinFt <= 0)
+        return std::nullopt;
+    // In steps, or a picture would be drawn anew with each foot.
+    constexpr int kStepFt = 200;
+    const int low = (*altitudeFt - withinFt) / kStepFt * kStepFt;
+    return AltitudeWindow{low, low + 2 * withinFt + kStepFt};
+}
+
+void forDashes(Segment edge, double scale, const std::function<void(Segment)>& take) {
+    const double length = std::hypot(edge.to.x - edge.from.x, edge.to.y - edge.from.y);
+    const auto at = [&](double along) {
+        const double share = std::min(along / length, 1.0);
+        return Point{edge.from.x + share * (edge.to.x - edge.from.x),
+                     edge.from.y + share * (edge.to.y - edge.from.y)};
+    };
+    for (double along = 0; along < length; along += (kDashPx + kGapPx) * scale)
+        take({at(along), at(along + kDashPx * scale)});
 }
 
 void forAirspaces(
     const AirspaceSet& airspaces, const GroundGrid& grid, const GroundGrid::Box& box, int rangeNm,
+    const std::optional<AltitudeWindow>& window,
     const std::function<void(const Airspace&, const AirspaceLook&, std::span<const Point>)>& take) {
     const auto wrapped = [](double lon) { return PositiveMod(lon + 180, 360) - 180; };
     const bool whole = box.east - box.west >= 360;
@@ -53,7 +84,7 @@ void forAirspaces(
     for (const std::size_t i : airspaces.touching(shown)) {
         const Airspace& airspace = airspaces.all()[i];
         const AirspaceLook look = lookOf(airspace, rangeNm);
-        if (rangeNm > look.toRangeNm)
+        if (rangeNm > look.toRangeNm || !isShown(airspace, window))
             continue;
         for (const AirspaceRing& ring : airspace.rings) {
             const double first = ring.front().lon * kRadToDeg;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -10,21 +11,40 @@
 
 namespace korvel {
 
+struct CockpitData;
+
 /// How an airspace is drawn.
 struct AirspaceLook {
     ColorKey color = ColorKey::MapClassX;
     int toRangeNm = 0;  ///< the largest range at which it shows
     double width = 1;   ///< of its outline, pixels of the canvas
+    bool dashed = false;
 };
 
-/// By its class, whatever letters it is written in. Class E and the like, of which a country is
-/// full, show in the near ranges only.
+/// Feet above sea, between which an airspace must reach to be shown.
+struct AltitudeWindow {
+    int lowFt = 0;
+    int highFt = 0;
+
+    friend bool operator==(const AltitudeWindow&, const AltitudeWindow&) = default;
+};
+
+/// So many feet above and below the aircraft, in steps; nothing, which shows all, for 0 and while
+/// the altitude is not known.
+std::optional<AltitudeWindow> altitudeWindow(const CockpitData& data, int withinFt);
+
+/// By its kind. Class E and the like, of which a country is full, show in the near ranges only.
 AirspaceLook lookOf(const Airspace& airspace, int rangeNm);
 
-/// The airspaces that the raster shows at this range: each ring as a closed line on it. The points
-/// are valid during the call only.
+/// Cuts an edge of a dashed outline into its dashes, `scale` pixels of the raster in one of the
+/// canvas.
+void forDashes(Segment edge, double scale, const std::function<void(Segment)>& take);
+
+/// The airspaces that the raster shows at this range and these altitudes: each ring as a closed
+/// line on it. The points are valid during the call only.
 void forAirspaces(
     const AirspaceSet& airspaces, const GroundGrid& grid, const GroundGrid::Box& box, int rangeNm,
+    const std::optional<AltitudeWindow>& window,
     const std::function<void(const Airspace&, const AirspaceLook&, std::span<const Point>)>& take);
 
 }  // namespace korvel

@@ -30,6 +30,7 @@ void GroundPicture::prepare(const MapView& view, const MapColorCache& colors, do
             .pixelRatio = pixelRatio,
             .parts = parts_,
             .airspaces = airspaces_ != nullptr ? airspaces_->revision() : 0,
+            .altitudes = altitudes_,
             .terrain = terrain_ != nullptr ? std::optional(terrain_->revision()) : std::nullopt,
             .bandsAtFt = bandsAtFt_,
             .colors = {}};
@@ -90,6 +91,7 @@ void GroundPicture::draw(const MapView& view, const MapColorCache& colors) {
     raster_.draw(width, height, grid,
                  {.parts = parts_,
                   .airspaces = airspaces_,
+                  .altitudes = altitudes_,
                   .terrain = terrain_,
                   .bandsAtFt = bandsAtFt_,
                   .rangeNm = view.rangeNm,

@@ -37,6 +37,10 @@ class GroundPicture {
     void showAirspaces(const AirspaceSet* airspaces) { airspaces_ = airspaces; }
     const AirspaceSet* airspaces() const { return airspaces_; }
 
+    /// Those alone that reach between these altitudes, from now on; nothing for all.
+    void showAltitudes(const std::optional<AltitudeWindow>& altitudes) { altitudes_ = altitudes; }
+    [[nodiscard]] const std::optional<AltitudeWindow>& altitudes() const { return altitudes_; }
+
     /// Draws these parts alone from now on.
     void showParts(const GroundParts& parts) { parts_ = parts; }
     [[nodiscard]] const GroundParts& parts() const { return parts_; }
@@ -64,6 +68,7 @@ class GroundPicture {
         double pixelRatio = 1;
         GroundParts parts;
         std::uint64_t airspaces = 0;  ///< their revision
+        std::optional<AltitudeWindow> altitudes{};
         std::optional<std::uint64_t> terrain{};
         std::optional<double> bandsAtFt{};
         std::vector<ColorValue> colors;
@@ -78,6 +83,7 @@ class GroundPicture {
     const AirspaceSet* airspaces_ = nullptr;
     const TerrainStore* terrain_ = nullptr;
     std::optional<double> bandsAtFt_;
+    std::optional<AltitudeWindow> altitudes_;
     GroundParts parts_;
     std::optional<Key> key_;
     GeoPoint center_;   ///< the ground under pivot_

@@ -129,6 +129,19 @@ void collect(std::span<const Point> line, const Coverage& raster, std::vector<Se
             to.push_back({line[i - 1], line[i]});
 }
 
+/// The same of a dashed one.
+void collectDashes(std::span<const Point> line, const Coverage& raster, double scale,
+                   std::vector<Segment>& to) {
+    for (std::size_t i = 1; i < line.size(); ++i)
+        if (!isOutside(line[i - 1], line[i], raster))
+            forDashes(
+                {line[i - 1], line[i]}, scale,
+                [&](Segment dash) {
+                    if (!isOutside(dash.from, dash.to, raster))
+                        to.push_back(dash);
+                });
+}
+
 }  // namespace
 
 void GroundRaster::draw(int width, int height, const GroundGrid& grid, const GroundScene& scene,
@@ -263,11 +276,15 @@ void GroundRaster::drawAirspaces(const GroundGrid& grid, const GroundScene& scen
         return;
     std::array<std::vector<Segment>, kAirspaceInks.size()> lines;
     double width = 1;
-    forAirspaces(*scene.airspaces, grid, grid.box(width_, height_), scene.rangeNm,
+    forAirspaces(*scene.airspaces, grid, grid.box(width_, height_), scene.rangeNm, scene.altitudes,
                  [&](const Airspace&, const AirspaceLook& look, std::span<const Point> outline) {
                      const auto* const ink = std::ranges::find(kAirspaceInks, look.color);
-                     collect(outline, *coverage_,
-                             lines.at(static_cast<std::size_t>(ink - kAirspaceInks.begin())));
+                     std::vector<Segment>& to =
+                         lines.at(static_cast<std::size_t>(ink - kAirspaceInks.begin()));
+                     if (look.dashed)
+                         collectDashes(outline, *coverage_, scene.pixelRatio, to);
+                     else
+                         collect(outline, *coverage_, to);
                      width = look.width;  // the same for all of one range
                  });
     for (std::size_t i = 0; i < lines.size(); ++i)

@@ -8,6 +8,7 @@
 
 #include "ground/airspace/AirspaceSet.h"
 #include "ground/basemap/BaseMap.h"
+#include "map/ground/AirspaceLines.h"
 #include "map/ground/GroundGrid.h"
 #include "map/ground/GroundParts.h"
 #include "paint/Canvas.h"
@@ -24,7 +25,9 @@ struct TerrainField;
 struct GroundScene {
     GroundParts parts;
     const AirspaceSet* airspaces = nullptr;  ///< null for none
-    const TerrainStore* terrain = nullptr;   ///< null where the base map's heights will do
+    /// Those that reach between these altitudes alone; nothing for all.
+    std::optional<AltitudeWindow> altitudes{};
+    const TerrainStore* terrain = nullptr;  ///< null where the base map's heights will do
     /// The altitude above sea in feet by which ground is coloured; nothing for its own heights'
     /// colours.
     std::optional<double> bandsAtFt{};

@@ -59,7 +59,7 @@ void AirspaceLayer::layOut(const TextMeasure& texts, LabelRoom& room) {
         return;
     forAirspaces(
         *content().ground->airspaces(), grid, grid.box(view().area.right(), view().area.bottom()),
-        view().rangeNm,
+        view().rangeNm, content().ground->altitudes(),
         [&](const Airspace& airspace, const AirspaceLook& look, std::span<const Point> outline) {
             if (labels_.size() >= kMostLabels)
                 return;

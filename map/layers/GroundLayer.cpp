@@ -84,11 +84,13 @@ void GroundLayer::paintShapes(Canvas& canvas) const {
         lines(SheetKind::Borders, ColorKey::GeoPoliticalBoundary, 2);
     if (const AirspaceSet* const airspaces = content().ground->airspaces();
         airspaces != nullptr && parts.airspaces)
-        forAirspaces(*airspaces, grid, box, view().rangeNm,
+        forAirspaces(*airspaces, grid, box, view().rangeNm, content().ground->altitudes(),
                      [&](const Airspace&, const AirspaceLook& look, std::span<const Point> line) {
                          clipPolyline(line, area, [&](std::span<const Point> piece) {
-                             canvas.polyline(piece,
-                                             {.color = color(look.color), .width = look.width});
+                             canvas.polyline(
+                                 piece, {.color = color(look.color),
+                                         .width = look.width,
+                                         .style = look.dashed ? PenStyle::Dash : PenStyle::Solid});
                          });
                      });
 }

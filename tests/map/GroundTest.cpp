@@ -6,6 +6,7 @@
 #include "ground/MemoryFile.h"
 #include "ground/SmallMap.h"
 #include "ground/airspace/OpenAir.h"
+#include "map/AirspaceHit.h"
 #include "map/DayMap.h"
 #include "map/feeds/MapFeeds.h"
 #include "map/ground/GroundPicture.h"
@@ -144,6 +145,60 @@ TEST_F(GroundOnTheMap, IsUnderAllElseAsAPictureOrAsShapes) {
     MapContent plain = day_.content(data);
     empty.addTo(plain);
     EXPECT_EQ(plain.ground, nullptr);
+}
+
+TEST_F(GroundOnTheMap, AirspacesAreThoseNearTheAltitude) {
+    CockpitData data = flying();
+    data.altitudeFt = 2600;
+    data.altimeterOffsetFt = 100;
+    data.fix3D = false;
+    EXPECT_EQ(altitudeWindow(data, 1000), std::nullopt) << "no fix in three dimensions: all show";
+    data.fix3D = true;
+    EXPECT_EQ(altitudeWindow(data, 0), std::nullopt);
+    EXPECT_EQ(altitudeWindow(data, 1000), (AltitudeWindow{1400, 3600})) << "by the receiver's own altitude";
+    AirspaceSet airspaces;
+    airspaces.assign(
+        readOpenAir("AC C\nAN A\nAL 3700\nAH FL95\nV X=50:00N 90:00E\nDC 10\n"
+                    "AC C\nAN B\nAL 3600\nAH FL95\nV X=50:00N 90:00E\nDC 10\n"
+                    "AC D\nAN C\nAL GND\nAH 1300\nV X=50:00N 90:00E\nDC 10\n"
+                    "AC D\nAN D\nAL GND\nAH 1400\nV X=50:00N 90:00E\nDC 10\n"
+                    "AC R\nAN E\nAL GND\nAH 1000 AGL\nV X=50:00N 90:00E\nDC 10\n")
+            .airspaces);
+    const GroundGrid grid(view(50, 90, 65).projection, {0, 0}, 1);
+    const auto shown = [&](const std::optional<AltitudeWindow>& window) {
+        std::string names;
+        forAirspaces(airspaces, grid, grid.box(400, 300), 65, window,
+            [&](const Airspace& each, const AirspaceLook& look, std::span<const Point>) {
+                names += each.name + (look.dashed ? "- " : " ");
+            });
+        return names;
+    };
+    EXPECT_EQ(shown(std::nullopt), "A B C- D- E ");
+    EXPECT_EQ(shown(altitudeWindow(data, 1000)), "B D- E ") << "above unknown ground it may reach up here";
+    std::string dashes;
+    forDashes({{0, 0}, {0, 60}}, 2, [&](Segment dash) {
+        dashes += std::to_string(std::lround(dash.from.y)) + "-" + std::to_string(std::lround(dash.to.y)) + " ";
+    });
+    EXPECT_EQ(dashes, "0-18 28-46 56-60 ");
+}
+
+TEST_F(GroundOnTheMap, AFingerOnAnOutlineTellsAllAirspacesThere) {
+    AirspaceSet airspaces;
+    airspaces.assign(
+        readOpenAir("AC C\nAN HIGH\nAL 3700\nAH FL95\nV X=50:00N 90:00E\nDC 40\n"
+                    "AC D\nAN LOW\nAL GND\nAH 1300\nAF 118.1\nV X=50:00N 90:00E\nDC 10\n")
+            .airspaces);
+    picture_.showAirspaces(&airspaces);
+    const MapView seen = view(50, 90, 65);
+    const Point middle = seen.projection.project({50 * kDegToRad, 90 * kDegToRad});
+    const double mile = seen.projection.pixelsPerNm();
+    const auto told = [&](double nm) { return airspacesAt(picture_, seen, {middle.x, middle.y - nm * mile}, 6); };
+    EXPECT_EQ(told(10), "D LOW  GND / 13  118.1\nC HIGH  37 / FL95");
+    EXPECT_EQ(told(11.5), told(10)) << "beside the line, of which both are told";
+    EXPECT_EQ(told(25), "") << "in the midst of one";
+    EXPECT_EQ(told(40), "C HIGH  37 / FL95");
+    picture_.showAltitudes(AltitudeWindow{2000, 2500});
+    EXPECT_EQ(told(10), "") << "what does not show is not touched";
 }
 
 }}  // namespace korvel

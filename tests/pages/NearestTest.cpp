@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "cockpit/Cockpit.h"
+#include "config/texts/GroundTexts.h"
 #include "navdb/records/AirportRecord.h"
 #include "pages/AirportPicture.h"
+#include "pages/AirspacePage.h"
 #include "pages/NearestPage.h"
 #include "paint/ColorScheme.h"
 #include "paint/MapColorCache.h"
@@ -13,8 +15,8 @@
 namespace korvel { namespace {
 
 TEST(NearestPage, TellsWhichRowIsUnderAFingerAndWhyThereIsNone) {
-    const NearestLayout top = layOutNearestPage(800, 370, 20, {});
-    const NearestLayout last = layOutNearestPage(800, 370, 20, {.first = 99});
+    const RowListLayout top = layOutRowList(800, 370, 20, {});
+    const RowListLayout last = layOutRowList(800, 370, 20, {.first = 99});
     ASSERT_EQ(top.rows.size(), top.perPage);
     EXPECT_EQ(top.rowAt(top.rows[2].center()), 2U);
     EXPECT_EQ(top.rowAt(top.title.center()), std::nullopt);
@@ -31,6 +33,34 @@ TEST(NearestPage, TellsWhichRowIsUnderAFingerAndWhyThereIsNone) {
     data.nearAirports = std::make_shared<std::vector<NearAirport>>();
     paintNearestPage(canvas, data, {}, colors);
     EXPECT_NE(canvas.findText("No airport near"), nullptr);
+}
+
+TEST(AirspacePage, SaysHowEachLiesAndWhyThereIsNone) {
+    const ColorScheme scheme;
+    const MapColorCache colors(scheme);
+    CockpitData data = flying();
+    RecordingCanvas canvas(800, 370);
+    paintAirspacePage(canvas, data, {}, colors);
+    EXPECT_NE(canvas.findText(text(kGroundTexts.noAirspaces)), nullptr);
+    AirspaceList list(30, {.name = "TOWN", .airspaceClass = "CTR", .limits = "GND / 25", .frequency = "118.1"});
+    list[0].kind = AirspaceKind::D;
+    list[1] = {.name = "SOON",
+        .airspaceClass = "R",
+        .limits = "",
+        .frequency = "",
+        .relation = AirspaceRelation::Ahead,
+        .seconds = 45,
+        .distanceNm = 1.5};
+    data.airspaces = std::make_shared<const AirspaceList>(list);
+    canvas.clear();
+    paintAirspacePage(canvas, data, {}, colors);
+    for (const char* words : {"TOWN", "CTR", "GND / 25", "118.1", "INSIDE", "AHEAD", "in 45 s  1.5 nm"})
+        EXPECT_NE(canvas.findText(words), nullptr) << words;
+    EXPECT_EQ(canvas.findText("INSIDE")->style.color, colors[ColorKey::MapObstacleDanger]) << "it asks for a clearance";
+    canvas.clear();
+    paintAirspacePage(canvas, data, {.first = 2}, colors);
+    EXPECT_EQ(canvas.findText("SOON"), nullptr);
+    EXPECT_NE(canvas.findText("INSIDE")->style.color, colors[ColorKey::MapObstacleDanger]) << "it asks for nothing";
 }
 
 RunwayRecord runwayRecord(int lengthFt, int headingDeg, GeoPoint low = {}, GeoPoint high = {}) {

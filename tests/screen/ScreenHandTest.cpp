@@ -98,7 +98,7 @@ TEST_F(ScreenTest, AnAirportOfTheNearestIsOpenedByTapAndKey) {
     fly(47, 10);
     ASSERT_TRUE(screen_.data().nearAirports);
     const Rect page = screen_.areas().page();
-    tapOfPage(layOutNearestPage(page.width, page.height, 1, {}).rows.front().center());
+    tapOfPage(layOutRowList(page.width, page.height, 1, {}).rows.front().center());
     EXPECT_EQ(asked(), Asked{"airport XFLD"});
     EXPECT_FALSE(hand_.key(ScreenKey::Open));
     EXPECT_TRUE(hand_.key(ScreenKey::Down) && hand_.key(ScreenKey::Open));

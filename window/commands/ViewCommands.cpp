@@ -47,14 +47,15 @@ void ViewCommands::addMapCommands(QMenu& menu) {
         [this] { return host_.screen().isMeasuring(); });
 }
 
-/// By the keys 1 to 9, in the order of the pages; those behind the ninth have none.
+/// By the keys 1 to 9 and 0, in the order of the pages; those behind the tenth have none.
 void ViewCommands::addPages(QMenu& menu) {
     auto* group = new QActionGroup(&menu);
     int key = Qt::Key_1;
     for (const PageId page : availablePages()) {
         QAction* action = menu.addAction(toQString(pageText(page)));
-        if (key <= Qt::Key_9)
-            action->setShortcut(QKeySequence(key++));
+        if (key <= Qt::Key_9 + 1)
+            action->setShortcut(QKeySequence(key > Qt::Key_9 ? Qt::Key_0 : key));
+        ++key;
         action->setCheckable(true);
         group->addAction(action);
         QObject::connect(
