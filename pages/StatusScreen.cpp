@@ -7,6 +7,7 @@
 
 #include "config/Text.h"
 #include "config/texts/StatusTexts.h"
+#include "paint/Clip.h"
 #include "paint/MapColorCache.h"
 
 namespace korvel {
@@ -54,9 +55,10 @@ Font fontFor(const Line& line, double size) {
             .weight = line.large ? FontWeight::Bold : FontWeight::Regular};
 }
 
-// The type size in which all lines fit across the canvas.
-double fittingSize(const TextMeasure& texts, const Rect& page, const std::vector<Line>& lines) {
-    double size = std::clamp(std::min(page.width / 16, page.height / 9), 16.0, 56.0);
+// The type size, at most `wanted`, in which all lines fit across the canvas.
+double fittingSize(const TextMeasure& texts, const Rect& page, const std::vector<Line>& lines,
+                   double wanted) {
+    double size = wanted;
     for (const Line& line : lines) {
         const double width = texts.measure(line.text, fontFor(line, size)).width;
         size *= std::min(1.0, 0.92 * page.width / std::max(width, 1.0));
@@ -64,14 +66,15 @@ double fittingSize(const TextMeasure& texts, const Rect& page, const std::vector
     return std::floor(size);
 }
 
-void paintLines(Canvas& canvas, const std::vector<Line>& lines, const MapColorCache& colors) {
-    canvas.rect({0, 0, canvas.width(), canvas.height()}, Brush{colors[ColorKey::MapBackground]},
-                std::nullopt);
-    const double size = fittingSize(canvas.textMeasure(), canvas.area(), lines);
+double heightOf(const std::vector<Line>& lines, double size) {
     double total = 0;
     for (const Line& line : lines)
         total += fontFor(line, size).height * kLineStep;
-    double top = (canvas.height() - total) / 2;
+    return total;
+}
+
+void writeLines(Canvas& canvas, const std::vector<Line>& lines, double size, double top,
+                const MapColorCache& colors) {
     for (const Line& line : lines) {
         const Font font = fontFor(line, size);
         if (!line.text.empty())
@@ -84,10 +87,41 @@ void paintLines(Canvas& canvas, const std::vector<Line>& lines, const MapColorCa
     }
 }
 
+void paintLines(Canvas& canvas, const std::vector<Line>& lines, const MapColorCache& colors) {
+    canvas.rect({0, 0, canvas.width(), canvas.height()}, Brush{colors[ColorKey::MapBackground]},
+                std::nullopt);
+    const double wanted =
+        std::clamp(std::min(canvas.width() / 16, canvas.height() / 9), 16.0, 56.0);
+    const double size = fittingSize(canvas.textMeasure(), canvas.area(), lines, wanted);
+    writeLines(canvas, lines, size, (canvas.height() - heightOf(lines, size)) / 2, colors);
+}
+
 }  // namespace
 
 void paintStatusScreen(Canvas& canvas, const CockpitData& data, const MapColorCache& colors) {
     paintLines(canvas, linesFor(data), colors);
+}
+
+void paintStatusCard(Canvas& canvas, const CockpitData& data, const MapColorCache& colors) {
+    // The map says the rest itself.
+    CockpitData connection;
+    connection.status = data.status;
+    connection.receiverActive = data.receiverActive;
+    const std::vector<Line> lines = linesFor(connection);
+    if (lines.empty())
+        return;
+    const double wanted =
+        std::clamp(std::min(canvas.width() / 34, canvas.height() / 15), 14.0, 32.0);
+    const double size = fittingSize(canvas.textMeasure(), canvas.area(), lines, wanted);
+    double width = 0;
+    for (const Line& line : lines)
+        width = std::max(width, canvas.textMeasure().measure(line.text, fontFor(line, size)).width);
+    const double height = heightOf(lines, size);
+    const Rect words{(canvas.width() - width) / 2, 0.4 * canvas.height() - height / 2, width,
+                     height};
+    canvas.rect(grown(words, size), Brush{colors[ColorKey::MapBackground]},
+                Pen{colors[ColorKey::HsiNumeral], 2});
+    writeLines(canvas, lines, size, words.y, colors);
 }
 
 void paintNotice(Canvas& canvas, std::string_view words, const MapColorCache& colors) {

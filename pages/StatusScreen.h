@@ -12,6 +12,9 @@ class MapColorCache;
 /// whole canvas.
 void paintStatusScreen(Canvas& canvas, const CockpitData& data, const MapColorCache& colors);
 
+/// The same on a card over a map that no aircraft was seen on yet, a little above its middle.
+void paintStatusCard(Canvas& canvas, const CockpitData& data, const MapColorCache& colors);
+
 /// Lines separated by "\n" in the same manner, the first one large.
 void paintNotice(Canvas& canvas, std::string_view words, const MapColorCache& colors);
 

@@ -34,8 +34,14 @@ class MapCamera {
     /// The true direction that points up, 0 to 359.
     int upDeg() const;
     /// What stands in the aircraft's place: the aircraft, live or as it was last known, or what was
-    /// dragged there. The same on pages without a map.
-    std::optional<GeoPoint> center() const { return panned_ ? panned_ : aircraft_; }
+    /// dragged there, or where the map opens. The same on pages without a map.
+    std::optional<GeoPoint> center() const {
+        return panned_ ? panned_ : aircraft_ ? aircraft_ : home_;
+    }
+    /// Where the map opens before any aircraft was seen.
+    void openAt(GeoPoint place) { home_ = place; }
+    /// That place while nothing else is looked at.
+    std::optional<GeoPoint> opening() const { return panned_ || aircraft_ ? std::nullopt : home_; }
     /// What was dragged to the aircraft's place; none while the map follows it.
     std::optional<GeoPoint> lookAt() const { return panned_; }
     /// None on a page without a map and while there is nothing to look at.
@@ -74,7 +80,8 @@ class MapCamera {
     AutoZoom autoZoom_;
     PageId page_ = PageId::Map;
     std::optional<GeoPoint> aircraft_;  // where it is or was last
-    std::optional<GeoPoint> panned_;    // what the pilot dragged to the aircraft's place
+    std::optional<GeoPoint> home_;
+    std::optional<GeoPoint> panned_;  // what the pilot dragged to the aircraft's place
     bool simulated_ = false;
     bool held_ = false;
 };

@@ -33,6 +33,11 @@ double messageBand(const Canvas& canvas, PageId page, const PageScene& scene) {
     return 0;
 }
 
+/// Nobody was seen yet, and the pilot looks at nothing else.
+bool opensWithoutAircraft(const PageScene& scene) {
+    return scene.openAt && !scene.lookAt && !scene.data.position && !scene.data.lastPosition;
+}
+
 }  // namespace
 
 bool PagePainter::turns(PageId page) { return page != PageId::NorthUp; }
@@ -74,7 +79,9 @@ bool PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
         return false;
     }
     // Without an aircraft the map still shows what the pilot looks for.
-    const auto center = mapCenter(data, isMap(page) ? scene.lookAt : std::nullopt);
+    const bool opens = isMap(page) && opensWithoutAircraft(scene);
+    const auto center =
+        opens ? scene.openAt : mapCenter(data, isMap(page) ? scene.lookAt : std::nullopt);
     if (!center) {
         paintStatusScreen(canvas, data, colors_);
         return true;
@@ -126,6 +133,8 @@ bool PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
     if (scene.feeds != nullptr)
         scene.feeds->addTo(map);
     paintMap(canvas, map);
+    if (opens)
+        paintStatusCard(canvas, data, colors_);
     return true;
 }
 

@@ -27,6 +27,8 @@ struct PageScene {
     int upTrueDeg = 0;
     /// What stands in the aircraft's place while the pilot looks around on the map.
     std::optional<GeoPoint> lookAt = std::nullopt;
+    /// Where the map opens while no aircraft was seen yet.
+    std::optional<GeoPoint> openAt = std::nullopt;
     const MapFeeds* feeds = nullptr;       ///< what is around the view; null for none
     const MeasureTool* measure = nullptr;  ///< the map's ruler; null for none
     RowListView nearest{};                 ///< where the pilot is in the list of airports

@@ -33,12 +33,15 @@ Screen::Screen(CKorvelDoc& document, ProfileFile& profile, const TextMeasure& le
       fields_(profile),
       hints_(profile) {
     camera_.loadRange(profile);
+    home_.load(profile);
+    openMap();
     camera_.layOut(page_, 0, 0);
 }
 
 void Screen::storeState() {
     profile_.setInt(kOptionsSection, kPageKey, static_cast<int>(page_), true);
     camera_.saveRange(profile_);
+    home_.save(profile_);
     fields_.store();
 }
 
@@ -87,9 +90,19 @@ void Screen::takeNews() {
     const CockpitData before = std::exchange(data_, document_.cockpitData());
     lists_.follow(before, data_);
     camera_.update(data_);
+    home_.update(data_);
+    openMap();
     if (!areas_.areOf(data_.alarms))
         layOut();
     changed();
+}
+
+/// Where the pilot flew last, else where the simulator would begin.
+void Screen::openMap() {
+    if (home_.place())
+        camera_.openAt(*home_.place());
+    else if (!data_.position && !data_.lastPosition)
+        camera_.openAt(document_.simulatorStart().position);
 }
 
 /// Lets the attitude module's sentences through while its page is shown.
@@ -386,6 +399,7 @@ PageScene Screen::scene(const CockpitData& data, const AttitudeView& attitude) c
             .viewport = camera_.viewport(),
             .upTrueDeg = camera_.upDeg(),
             .lookAt = camera_.lookAt(),
+            .openAt = camera_.opening(),
             .feeds = &feeds_,
             .measure = &ruler_,
             .nearest = lists_.nearest(),

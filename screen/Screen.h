@@ -14,6 +14,7 @@
 #include "screen/AutoView.h"
 #include "screen/FieldChoice.h"
 #include "screen/Hints.h"
+#include "screen/HomePlace.h"
 #include "screen/MapCamera.h"
 #include "screen/PageLists.h"
 #include "screen/PagePainter.h"
@@ -163,6 +164,7 @@ class Screen {
     void takeNews();
     void actByItself();
     void followAttitude();
+    void openMap();
     std::string wordsFor(Point at) const;
     std::optional<MapView> mapView() const;
     MeasureTool::Snap rulerSnap(const MapProjection& projection) const;
@@ -175,6 +177,7 @@ class Screen {
     std::uint64_t shownRevision_ = 0;
     PageId page_;
     MapCamera camera_;
+    HomePlace home_;
     MapFeeds feeds_;
     MeasureTool ruler_;
     PageLists lists_;

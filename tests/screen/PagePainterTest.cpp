@@ -32,7 +32,8 @@ MapViewport viewportOf(PageId page, int width, int height) {
 struct PaintedPage {
     RecordingCanvas canvas;
 
-    PaintedPage(PageId page, const CockpitData& data, std::optional<GeoPoint> lookAt = {}, std::string_view name = {})
+    PaintedPage(PageId page, const CockpitData& data, std::optional<GeoPoint> lookAt = {}, std::string_view name = {},
+        std::optional<GeoPoint> openAt = {})
         : canvas(800, 370) {
         ColorScheme scheme;
         scheme.load(name, DataFileSearch({}));
@@ -42,6 +43,7 @@ struct PaintedPage {
             {.data = data,
                 .viewport = viewport,
                 .lookAt = lookAt,
+                .openAt = openAt,
                 .attitude = {.picture = {}, .alive = false, .notice = "No module"}});
     }
     bool has(std::string_view text) const { return canvas.findText(text) != nullptr; }
@@ -112,6 +114,21 @@ TEST(PagePainter, WithoutAnAircraftTheMapShowsWhatIsLookedFor) {
         EXPECT_TRUE(found == nullptr || found->area.y < 60) << absent;  // the range stands in its corner
     }
     EXPECT_TRUE(PaintedPage(PageId::Hsi, {}, atDegrees(42.2, -88.2)).has("Connecting to GPS..."));
+}
+
+TEST(PagePainter, TheMapOpensBeforeAnyAircraftWasSeen) {
+    const GeoPoint home = atDegrees(42.2, -88.2);
+    CockpitData silent;
+    silent.status = "No Gps Rcvr Activity";
+    for (const PageId page : {PageId::Map, PageId::MapHsi, PageId::NorthUp}) {
+        const PaintedPage opened(page, silent, {}, {}, home);
+        EXPECT_TRUE(opened.has("Connecting to GPS...") && opened.has("65 nm"));
+        EXPECT_FALSE(opened.has("POSITION LOST"));
+        EXPECT_FALSE(PaintedPage(page, silent, atDegrees(42, -88), {}, home).has("Connecting to GPS..."))
+            << "what is looked at is not covered";
+        EXPECT_TRUE(PaintedPage(page, lost(20), {}, {}, home).has("POSITION LOST 20 s"));
+    }
+    EXPECT_FALSE(PaintedPage(PageId::Hsi, silent, {}, {}, home).has("65 nm"));
 }
 
 TEST(PagePainter, TheApproachStandsWhereOneFliesByThePage) {

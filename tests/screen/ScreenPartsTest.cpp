@@ -1,7 +1,13 @@
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
 #include "cockpit/Cockpit.h"
+#include "config/ProfileFile.h"
+#include "config/Settings.h"
+#include "geo/Geodesy.h"
+#include "platform/RegistryProfile.h"
 #include "screen/Announcements.h"
+#include "screen/HomePlace.h"
 #include "screen/MapAngle.h"
 #include "screen/MapCamera.h"
 #include "screen/PageCycle.h"
@@ -167,6 +173,39 @@ TEST(MapCamera, StaysWhereTheAircraftWasSeenLast) {
     data.position.reset();
     camera.update(data);
     EXPECT_EQ(camera.center(), data.lastPosition);
+}
+
+TEST(HomePlace, IsWhereTheReceiverLastWas) {
+    const TempFolder folder;
+    const auto registry = openRegistryProfile();
+    const auto kept = [&](const std::function<void(CockpitData&)>& change) {
+        ProfileFile profile(folder.path(), *registry);
+        HomePlace home;
+        home.load(profile);
+        CockpitData data = flying();
+        data.position = GeoPoint{-33.94 * kDegToRad, 151.18 * kDegToRad};
+        change(data);
+        home.update(data);
+        home.save(profile);
+        profile.save();
+        ProfileFile again(folder.path(), *registry);
+        HomePlace next;
+        next.load(again);
+        return next.place();
+    };
+    EXPECT_EQ(kept([](CockpitData& data) { data.simulated = true; }), std::nullopt);
+    EXPECT_EQ(kept([](CockpitData& data) { data.source = SourceKind::Replay; }), std::nullopt);
+    EXPECT_EQ(kept([](CockpitData& data) { data.position.reset(); }), std::nullopt);
+    const auto flown = kept([](CockpitData&) {});
+    ASSERT_TRUE(flown);
+    EXPECT_NEAR(flown->lat * kRadToDeg, -33.9, 1e-9);
+    EXPECT_NEAR(flown->lon * kRadToDeg, 151.2, 1e-9);
+    EXPECT_EQ(kept([](CockpitData& data) { data.simulated = true; }), flown) << "remembered";
+    ProfileFile profile(folder.path(), *registry);
+    profile.setString(kOptionsSection, "MapLat", "95.0");
+    HomePlace none;
+    none.load(profile);
+    EXPECT_EQ(none.place(), std::nullopt);
 }
 
 TEST(ZoomGesture, AddsUpFineMovementsAndTurnsAtOnce) {

@@ -98,7 +98,7 @@ TEST_F(ProgramTest, SaysInOneLineWhyItDoesNotStart) {
 
 TEST_F(ProgramTest, AReplayReachesTheMapAndLeavesTheSettingsAlone) {
     const QImage status = [&] {
-        run({"--snapshot", path("status.png"), "--size", "640x480", "--after", "0"});
+        run({"--snapshot", path("status.png"), "--size", "640x480", "--after", "0", "--page", "HSI"});
         return QImage(path("status.png"));
     }();
     const QImage map = picture({});
