@@ -12,7 +12,7 @@
 
 namespace korvel {
 
-enum class NavdbSource : std::uint8_t { Xplane, OurAirports };
+enum class NavdbSource : std::uint8_t { Xplane, OurAirports, Nasr };
 
 /// The region letter of a database that covers no one region. Airport look-ups that fail put the
 /// letter before the identifier, and take it off a longer one, to bridge the two spellings within a
@@ -28,17 +28,34 @@ struct NavdbBuildOptions {
     std::filesystem::path nav{};
     std::filesystem::path fix{};
     std::filesystem::path awy{};
-    /// Folder of OurAirports' files, plain or .gz; airports.csv must be there, the others may.
+    /// Folder or zip file of OurAirports' or NASR's tables (see SourceFiles.h); the table of the
+    /// airports must be there, the others may.
     std::filesystem::path folder{};
     std::filesystem::path output{};
     char region = kWorldRegion;
     /// YYYYMMDD; without one the expiry of the data cycle that the sources name, else none, and
     /// the database counts as out of date.
     std::optional<int> expiryYmd{};
+    /// Asked again and again: false breaks the work off, and then nothing is written.
+    std::function<bool()> goesOn{};
+    [[nodiscard]] bool isBrokenOff() const { return goesOn && !goesOn(); }
 };
+
+/// What a build that was broken off says.
+inline constexpr std::string_view kBuildBrokenOff = "Broken off";
 
 /// Share of the work done, 0 to 1, and what is being done.
 using BuildProgress = std::function<void(double share, std::string_view what)>;
+
+/// Of the whole work, reading takes the greater part.
+inline constexpr double kReadingShare = 0.8;
+
+/// The source of what lies in a folder or a zip file; nothing when it is none of them.
+[[nodiscard]] std::optional<NavdbSource> sourceAt(const std::filesystem::path& place);
+
+/// What a database of that source is called in the pilot's folder. Those of the whole world take
+/// the bundled one's place; that of one country stands beside it.
+[[nodiscard]] std::string_view databaseNameOf(NavdbSource source);
 
 /// Reads the files that the options name into `data`, as they are; empty, or why one is refused.
 [[nodiscard]] std::string readSources(const NavdbBuildOptions& options, AviationData& data,

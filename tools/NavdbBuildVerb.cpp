@@ -9,7 +9,6 @@
 #include "compiler/NavdbBuild.h"
 #include "compiler/sources/AiracCycle.h"
 #include "compiler/sources/XPlaneFolder.h"
-#include "navdb/DatabaseLoader.h"
 #include "platform/Folders.h"
 #include "platform/PathText.h"
 #include "tools/Arguments.h"
@@ -19,6 +18,7 @@ namespace korvel {
 namespace {
 
 constexpr std::string_view kOurAirports = "ourairports";
+constexpr std::string_view kNasr = "nasr";
 
 Json countsOf(const ImportLog::Counts& counts) {
     Json json = Json::object();
@@ -45,12 +45,12 @@ std::optional<int> expiryFrom(const std::string& text) {
     return ymd;
 }
 
-/// Where the pilot's own database goes that is used in the place of the bundled one.
-std::filesystem::path ownDatabase() {
+/// Where the pilot's own database goes that is used beside or in the place of the bundled one.
+std::filesystem::path ownDatabase(NavdbSource source) {
     const std::filesystem::path folder = documentsFolder();
     if (folder.empty())
         usageError("there is no documents folder: name the database to write with -o");
-    return folder / kBundledDatabaseName;
+    return folder / databaseNameOf(source);
 }
 
 }  // namespace
@@ -60,30 +60,35 @@ NavdbBuildVerb::NavdbBuildVerb(CLI::App& verb)
     command_->fallthrough();  // "--json" may stand behind the action as well
     command_->add_option("--from", from_, "Where the data comes from")
         ->required()
-        ->check(CLI::IsMember(std::vector<std::string>{"xplane", std::string(kOurAirports)}));
+        ->check(CLI::IsMember(
+            std::vector<std::string>{"xplane", std::string(kOurAirports), std::string(kNasr)}));
     command_->add_option("--apt", apt_, "X-Plane's apt.dat, plain or .gz");
     command_->add_option("--nav", nav_, "X-Plane's nav.dat or earth_nav.dat");
     command_->add_option("--fix", fix_, "X-Plane's fix.dat or earth_fix.dat");
     command_->add_option("--awy", awy_, "X-Plane's awy.dat or earth_awy.dat");
-    command_->add_option("--dir", folder_, "Folder of OurAirports' CSV files, or X-Plane's own");
+    command_->add_option(
+        "--dir", folder_,
+        "Folder or zip of OurAirports' or NASR's CSV files, or X-Plane's own folder");
     command_->add_option("-o", output_,
                          "The database to write; without it the one in the documents folder that "
-                         "replaces the bundled one");
+                         "replaces the bundled one or, of nasr, stands beside it");
     command_->add_option("--region", region_, "ICAO region letter, K for the United States");
     command_->add_option("--expiry", expiry_, "Expiry date, YYYYMMDD");
 }
 
 int NavdbBuildVerb::run(const Invocation& call) const {
     NavdbBuildOptions options;
-    const bool csv = from_ == kOurAirports;
-    options.source = csv ? NavdbSource::OurAirports : NavdbSource::Xplane;
+    const bool csv = from_ == kOurAirports || from_ == kNasr;
+    options.source = from_ == kNasr ? NavdbSource::Nasr
+                     : csv          ? NavdbSource::OurAirports
+                                    : NavdbSource::Xplane;
     if (csv && folder_.empty())
-        usageError("--from ourairports needs --dir");
+        usageError("--from " + from_ + " needs --dir");
     const bool namesFiles = !(apt_ + nav_ + fix_ + awy_).empty();
     if (!csv && !namesFiles && folder_.empty())
         usageError("--from xplane needs --dir or one of --apt, --nav, --fix and --awy");
     if (csv && namesFiles)
-        usageError("--dir goes with ourairports, the other files with xplane");
+        usageError("--dir goes with ourairports and nasr, the other files with xplane");
     const XPlaneFiles inFolder =
         csv || folder_.empty() ? XPlaneFiles{} : findXPlaneFiles(pathOf(folder_));
     const auto chosen = [](const std::string& named, const std::filesystem::path& found) {
@@ -94,7 +99,7 @@ int NavdbBuildVerb::run(const Invocation& call) const {
     options.fix = chosen(fix_, inFolder.fix);
     options.awy = chosen(awy_, inFolder.awy);
     options.folder = pathOf(folder_);
-    options.output = output_.empty() ? ownDatabase() : pathOf(output_);
+    options.output = output_.empty() ? ownDatabase(options.source) : pathOf(output_);
     options.region = regionFrom(region_);
     options.expiryYmd = expiryFrom(expiry_);
 

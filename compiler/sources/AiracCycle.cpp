@@ -26,6 +26,12 @@ sys_days effective(const AiracCycle& cycle) {
     return firstEffective(cycle.year) + kCycle * (cycle.number - 1);
 }
 
+sys_days dayOf(int ymd) {
+    const auto part = [ymd](int divisor) { return static_cast<unsigned>(ymd / divisor % 100); };
+    return year_month_day{std::chrono::year{ymd / 10000}, std::chrono::month{part(100)},
+                          std::chrono::day{part(1)}};
+}
+
 bool takeInt(std::string_view& text, int& value) {
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
@@ -54,6 +60,16 @@ std::optional<AiracCycle> AiracCycle::namedIn(std::string_view headerLine) {
     const bool sound = cycle.year >= 1998 && cycle.year < 2100 && cycle.number >= 1 &&
                        cycle.number <= 14 && effective(cycle) < firstEffective(cycle.year + 1);
     return sound ? std::optional(cycle) : std::nullopt;
+}
+
+std::optional<AiracCycle> AiracCycle::inForceOn(int ymd) {
+    if (!isDateYmd(ymd) || ymd < 19980201 || ymd >= 21000101)
+        return std::nullopt;
+    const sys_days day = dayOf(ymd);
+    int year = ymd / 10000;
+    if (day < firstEffective(year))
+        --year;
+    return AiracCycle{year, static_cast<int>((day - firstEffective(year)) / kCycle) + 1};
 }
 
 int AiracCycle::expiryYmd() const {

@@ -14,6 +14,9 @@ struct AiracCycle {
     /// ("2013.10") or in four digits ("2406"). Nothing when none is named or it does not exist.
     static std::optional<AiracCycle> namedIn(std::string_view headerLine);
 
+    /// The cycle in force on that day (YYYYMMDD); nothing for no date of our time.
+    static std::optional<AiracCycle> inForceOn(int ymd);
+
     /// In four digits, year first: 1310.
     [[nodiscard]] int yycc() const { return year % 100 * 100 + number; }
     /// The day on which the next cycle takes over, as YYYYMMDD: charts call it the expiry date.

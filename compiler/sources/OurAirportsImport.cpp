@@ -11,6 +11,7 @@
 #include "base/AsciiText.h"
 #include "compiler/sources/AirportIdents.h"
 #include "compiler/sources/AirportRules.h"
+#include "compiler/sources/CsvValues.h"
 #include "geo/Geodesy.h"
 #include "geo/MagneticModel.h"
 
@@ -22,63 +23,11 @@ namespace {
 /// compiled; over most of the Earth the variation is then within half a degree in all of them.
 constexpr double kVariationYear = (kMagneticModelBegins + kMagneticModelEnds) / 2.0;
 
-std::optional<int> wholeFeet(std::string_view text) {
-    const auto value = wholeDouble(text);
-    if (!value || std::abs(*value) > 100000.0)
-        return std::nullopt;
-    return RoundToInt(*value);
-}
-
-std::optional<GeoDegrees> position(std::string_view latText, std::string_view lonText) {
-    const auto lat = latitudeDeg(latText);
-    const auto lon = longitudeDeg(lonText);
-    if (!lat || !lon)
-        return std::nullopt;
-    return GeoDegrees{*lat, *lon};
-}
-
-/// A length; the tables say 0 where they know none.
-std::optional<int> positiveFeet(std::string_view text) {
-    const auto feet = wholeFeet(text);
-    return feet && *feet > 0 ? feet : std::nullopt;
-}
-
-struct SurfaceWord {
-    std::string_view begins;
-    std::string_view text;
-    bool hard;
-};
-
-/// Contributors write surfaces in many ways; what is not here is kept as it stands.
-constexpr std::array kSurfaces{
-    SurfaceWord{"ASP", "ASPH", true},   SurfaceWord{"BIT", "ASPH", true},
-    SurfaceWord{"TAR", "ASPH", true},   SurfaceWord{"PAVED", "PAVED", true},
-    SurfaceWord{"CON", "CONC", true},   SurfaceWord{"PEM", "PEM", true},
-    SurfaceWord{"GR", "TURF", false},   SurfaceWord{"TURF", "TURF", false},
-    SurfaceWord{"SOD", "TURF", false},  SurfaceWord{"GVL", "GRVL", false},
-    SurfaceWord{"DIRT", "DIRT", false}, SurfaceWord{"WAT", "WATER", false}};
-
-void setSurface(std::string_view text, SourceRunway& runway) {
-    const std::string surface = inCapitals(toAsciiText(text));
-    // Gravel begins like grass.
-    if (surface.starts_with("GRAV") || surface.starts_with("GRV")) {
-        runway.surface = "GRVL";
-        return;
-    }
-    runway.surface = surface;
-    for (const auto& word : kSurfaces)
-        if (surface.starts_with(word.begins)) {
-            runway.surface = word.text;
-            runway.hard = word.hard;
-            return;
-        }
-}
-
 SourceRunwayEnd endOf(const CsvTable& row, std::string_view prefix) {
     const auto field = [&](std::string_view name) { return row[std::string(prefix).append(name)]; };
     SourceRunwayEnd end;
     end.id = toAsciiText(field("_ident"));
-    end.position = position(field("_latitude_deg"), field("_longitude_deg"));
+    end.position = positionOf(field("_latitude_deg"), field("_longitude_deg"));
     if (const auto heading = wholeDouble(field("_heading_degT"));
         heading && std::abs(*heading) <= 360.0)
         end.headingTrue = heading;
@@ -114,15 +63,6 @@ Usage usageOf(std::string_view usage, std::string_view power) {
     return power == "HIGH" ? kUsageBoth : kUsageLow;
 }
 
-template <class Take>
-std::string eachRow(CsvTable& table, std::span<const std::string_view> required, Take take) {
-    if (auto refused = table.readHeader(required); !refused.empty())
-        return refused;
-    while (table.next())
-        take();
-    return table.failure();
-}
-
 }  // namespace
 
 std::string OurAirportsImport::importAirports(CsvTable table) {
@@ -149,7 +89,7 @@ void OurAirportsImport::takeAirport(CsvTable& row, AirportIdents& idents) {
         log_.leftOut("balloon ports");
         return;
     }
-    const auto where = position(row["latitude_deg"], row["longitude_deg"]);
+    const auto where = positionOf(row["latitude_deg"], row["longitude_deg"]);
     if (!where || !isIdentifier(row["ident"])) {
         row.malformed("airport without position or usable identifier");
         return;
@@ -245,7 +185,7 @@ std::string OurAirportsImport::importNavaids(CsvTable table) {
 
 void OurAirportsImport::takeNavaid(CsvTable& row) {
     const auto kind = navaidKind(row["type"]);
-    const auto where = position(row["latitude_deg"], row["longitude_deg"]);
+    const auto where = positionOf(row["latitude_deg"], row["longitude_deg"]);
     const auto khz = wholeDouble(row["frequency_khz"]);
     if (!kind || !where || !khz || !isIdentifier(row["ident"])) {
         row.malformed("navaid without type, position, frequency or identifier");
