@@ -253,6 +253,9 @@ CKorvelDoc::Arrivals CKorvelDoc::arrivals() {
 }
 
 void CKorvelDoc::setAltimeterOffsetFt(std::optional<std::int32_t> feet) {
+    // No weather makes more of it; what sums up with it must stay a number.
+    if (feet)
+        feet = std::clamp(*feet, -kHighestAltitudeFt, kHighestAltitudeFt);
     if (feet == altimeterOffsetFt_)
         return;
     altimeterOffsetFt_ = feet;

@@ -7,6 +7,7 @@
 #include "cockpit/SentinelValues.h"
 #include "config/Settings.h"
 #include "geo/Geodesy.h"
+#include "geo/Units.h"
 #include "navdb/NavDatabase.h"
 
 namespace korvel {
@@ -110,7 +111,8 @@ void Flight::sourceChanged(bool receiver) {
 }
 
 void Flight::startSimulator(const SimulatorStart& start) {
-    simulator_.start(start.position, start.headingMag, start.speedKt, start.altitudeFt,
+    simulator_.start(start.position, start.headingMag, start.speedKt,
+                     std::clamp(start.altitudeFt, kLowestAltitudeFt, kHighestAltitudeFt),
                      clock_.tickMs());
     beginAnew();
 }

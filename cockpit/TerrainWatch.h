@@ -20,6 +20,7 @@ class TerrainWatch {
     TerrainWatch(TerrainStore& terrain, const NavDatabase& database, AlarmBoard& board);
     TerrainWatch(const TerrainWatch&) = delete;
     TerrainWatch& operator=(const TerrainWatch&) = delete;
+    ~TerrainWatch() = default;
 
     /// What is absent is unknown.
     struct Situation {

@@ -47,8 +47,7 @@ std::string airspacesAt(const GroundPicture& ground, const MapView& view, Point 
     std::ranges::stable_sort(told, {}, [](const Airspace* each) {
         return std::pair(each->floorFt(std::nullopt), each);
     });
-    const auto twice = std::ranges::unique(told);
-    told.erase(twice.begin(), twice.end());
+    told.erase(std::unique(told.begin(), told.end()), told.end());
     std::string words;
     for (std::size_t i = 0; i < std::min(told.size(), kMostAirspacesTold); ++i)
         words += (words.empty() ? "" : "\n") + lineOf(*told[i]);

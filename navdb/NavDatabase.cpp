@@ -90,13 +90,13 @@ struct NavDatabase::Search {
     }
 };
 
-NavDatabase::NavDatabase(const Clock& clock) : clock_(clock) {}
+NavDatabase::NavDatabase(const Clock& clock, FileSystem& disk) : clock_(clock), disk_(disk) {}
 NavDatabase::~NavDatabase() = default;
 
 std::string NavDatabase::openFile(const std::filesystem::path& path,
                                   const std::function<bool(int)>& progress) {
     auto file = std::make_unique<DatabaseFile>();
-    std::string message = file->Open(path, clock_, progress);
+    std::string message = file->Open(path, clock_, progress, disk_);
     if (message.empty())
         files_.push_back(std::move(file));
     return message;
@@ -104,7 +104,7 @@ std::string NavDatabase::openFile(const std::filesystem::path& path,
 
 std::string NavDatabase::openTowns(const std::filesystem::path& path) {
     auto file = std::make_unique<DatabaseFile>();
-    std::string message = file->Open(path, clock_);
+    std::string message = file->Open(path, clock_, {}, disk_);
     if (message.empty())
         towns_ = std::move(file);
     return message;
@@ -374,7 +374,7 @@ void NavDatabase::addUnindexedNames(std::span<const std::string> words, KindMask
     }
 }
 
-std::vector<NearPlace> NavDatabase::airportsOf(const Town& town) const {
+std::vector<NearPlace> NavDatabase::airportsOf(const NamedTown& town) const {
     constexpr unsigned kNotForAll = kAirportHeliport | kAirportPrivate | kAirportSeaplaneBase;
     const double reachNm = town.isCity ? kCityNm : kTownNm;
     const double lat = town.position.lat * kRadToDeg;
@@ -403,7 +403,7 @@ void NavDatabase::addByTowns(std::span<const std::string> words, std::optional<G
                              std::vector<NamedPlace>& places) const {
     if (!towns_)
         return;
-    for (const Town& town : findTowns(*towns_, words, near, kMostTowns)) {
+    for (const NamedTown& town : findTowns(*towns_, words, near, kMostTowns)) {
         for (const NearPlace& airport : airportsOf(town)) {
             const Place& place = airport.place;
             const bool isThere = std::ranges::any_of(places, [&place](const NamedPlace& each) {

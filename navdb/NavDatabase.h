@@ -14,6 +14,7 @@
 #include "navdb/records/DatabaseRecord.h"
 #include "navdb/search/Place.h"
 #include "platform/Clock.h"
+#include "platform/FileSystem.h"
 
 namespace korvel {
 
@@ -21,7 +22,7 @@ class DatabaseFile;
 class UserRecordStore;
 struct ExcludedPlace;
 struct NamedPlace;
-struct Town;
+struct NamedTown;
 struct PlaceSources;
 
 /// All places that the navigator knows: the rows of the open database files and, behind them as
@@ -30,8 +31,8 @@ struct PlaceSources;
 /// from the files. User-interface thread only.
 class NavDatabase {
  public:
-    /// The clock decides which files are out of date; it must outlive the database.
-    explicit NavDatabase(const Clock& clock);
+    /// The clock decides which files are out of date; it and the disk must outlive the database.
+    explicit NavDatabase(const Clock& clock, FileSystem& disk = systemFileSystem());
     ~NavDatabase();
     NavDatabase(const NavDatabase&) = delete;
     NavDatabase& operator=(const NavDatabase&) = delete;
@@ -135,7 +136,7 @@ class NavDatabase {
     [[nodiscard]] std::unique_ptr<DatabaseRecord> recordAt(const RowMatch& match) const;
     void noteMatch(const DatabaseRecord* record);
     /// The few airports of a town that a traveller would look for.
-    [[nodiscard]] std::vector<NearPlace> airportsOf(const Town& town) const;
+    [[nodiscard]] std::vector<NearPlace> airportsOf(const NamedTown& town) const;
     void addByTowns(std::span<const std::string> words, std::optional<GeoPoint> near,
                     std::vector<NamedPlace>& places) const;
     void addUnindexedNames(std::span<const std::string> words, KindMask kinds, GeoPoint near,
@@ -145,6 +146,7 @@ class NavDatabase {
     std::unique_ptr<DatabaseRecord> findBare(std::string_view ident, std::optional<GeoPoint> near);
 
     const Clock& clock_;
+    FileSystem& disk_;
     std::vector<std::unique_ptr<DatabaseFile>> files_;
     std::unique_ptr<DatabaseFile> towns_;        ///< null for none
     std::vector<RowMatch> exclusions_;           ///< ascending

@@ -56,6 +56,9 @@ class FileSystem {
     FileSystem& operator=(const FileSystem&) = delete;
     virtual ~FileSystem() = default;
 
+    /// Whether anything has the name, be it a file or not, readable or not.
+    virtual bool exists(const std::filesystem::path& path) = 0;
+
     /// Null when there is no such regular file or it cannot be opened: a pipe would keep its reader
     /// waiting, and a device may never end.
     virtual std::unique_ptr<InputFile> openForReading(const std::filesystem::path& path) = 0;

@@ -102,6 +102,15 @@ bool PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
         paintEfisPage(canvas, data, colors_);
         return false;
     }
+    paintMapPage(canvas, page, scene, *center);
+    if (opens)
+        paintStatusCard(canvas, data, colors_);
+    return true;
+}
+
+void PagePainter::paintMapPage(Canvas& canvas, PageId page, const PageScene& scene,
+                               GeoPoint center) const {
+    const CockpitData& data = scene.data;
     // Around the aircraft, so not while the pilot looks elsewhere.
     const bool withHsi = page == PageId::MapHsi && data.position && !scene.lookAt;
     std::vector<Rect> covered;
@@ -122,7 +131,7 @@ bool PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
     MapContent map{
         .data = data,
         .colors = colors_,
-        .view = {scene.viewport, *center, turns(page) ? scene.upTrueDeg : 0, canvas.area()},
+        .view = {scene.viewport, center, turns(page) ? scene.upTrueDeg : 0, canvas.area()},
         .turns = turns(page),
         .moved = scene.lookAt.has_value(),
         .trustMarks = scene.trustMarks,
@@ -133,9 +142,6 @@ bool PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
     if (scene.feeds != nullptr)
         scene.feeds->addTo(map);
     paintMap(canvas, map);
-    if (opens)
-        paintStatusCard(canvas, data, colors_);
-    return true;
 }
 
 }  // namespace korvel

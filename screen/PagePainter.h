@@ -61,6 +61,7 @@ class PagePainter {
  private:
     /// True where the passing message stands on what was painted.
     bool paintPage(Canvas& canvas, PageId page, const PageScene& scene) const;
+    void paintMapPage(Canvas& canvas, PageId page, const PageScene& scene, GeoPoint center) const;
 
     const MapColorCache& colors_;
 };

@@ -39,6 +39,7 @@ class Screen {
     Screen(CKorvelDoc& document, ProfileFile& profile, const TextMeasure& letters);
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
+    ~Screen() = default;
 
     /// Something has changed that is to be painted.
     std::function<void()> onChanged;

@@ -54,7 +54,7 @@ class Invocation {
     bool json() const { return json_; }
     LocalTime now() const;
     /// A clock that stands at now(), in the system's time zone. The call must outlive it.
-    VirtualClock clock() const { return VirtualClock(now(), systemClock_); }
+    VirtualClock clock() const { return {now(), systemClock_}; }
     /// The folders that hold the databases.
     std::vector<std::filesystem::path> dataFolders() const;
     /// The search for files that the user may supply.

@@ -37,6 +37,7 @@ struct FlightTexts {
                               "%s does not draw attitudes: it lacks a function"};  ///< %s: file
     Text fileNotWritten{61987, "Not recorded: %s cannot be written"};              ///< %s: file
     Text noFile{62260, "This is a folder or a device, not a file."};
+    Text trackFromElsewhen{66400, "The dates of this track lie more than a century away"};
     Text trackRunsBack{
         62261, "Invalid format! The time in line %d is before the track's first."};  ///< %d: number
     Text trackLinesLost{62262,

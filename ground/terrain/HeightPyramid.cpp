@@ -12,7 +12,6 @@ constexpr double kMetresPerDegree = 60 * 1852;
 constexpr int kFinestSide = 3601;
 /// What weighs a post's neighbours in the next grid, by their distance in one direction.
 constexpr std::array kWeights{1, 2, 1};
-constexpr int kAllWeights = 16;
 
 double spacingOf(int side) { return kMetresPerDegree / (side - 1); }
 
@@ -52,8 +51,8 @@ HeightPyramid::Grid HeightPyramid::halved(const Grid& fine) {
                 for (int x = std::max(column - 1, 0); x <= std::min(column + 1, fine.side - 1);
                      ++x) {
                     const std::size_t place = fine.placeOf(y, x);
-                    const int weight = kWeights.at(static_cast<std::size_t>(y - row + 1)) *
-                                       kWeights.at(static_cast<std::size_t>(x - column + 1));
+                    const int weight = kWeights.at(static_cast<unsigned>(y - row + 1)) *
+                                       kWeights.at(static_cast<unsigned>(x - column + 1));
                     all += weight;
                     highest = std::max(highest, fine.highestAt(place));
                     if (fine.mean[place] == kUnknown)

@@ -183,8 +183,7 @@ std::map<TileCorner, double> TerrainStore::wantedTiles(const Shared& shared) {
     constexpr double kCoarsest = 4000;
     std::map<TileCorner, double> tiles;
     double atLeast = 0;
-    for (std::size_t bytes = kMostBytes + 1; bytes > kMostBytes && atLeast < kCoarsest;
-         atLeast = std::max(2 * atLeast, 30.0)) {
+    for (;;) {
         tiles.clear();
         for (const Want& want : shared.wants)
             for (const TileCorner corner : want.corners)
@@ -193,11 +192,13 @@ std::map<TileCorner, double> TerrainStore::wantedTiles(const Shared& shared) {
                     const auto [place, added] = tiles.try_emplace(corner, metres);
                     place->second = std::min(place->second, metres);
                 }
-        bytes = 0;
+        std::size_t bytes = 0;
         for (const auto& [corner, metres] : tiles)
             bytes += HeightPyramid::mostBytes(metres);
+        atLeast = std::max(2 * atLeast, 30.0);
+        if (bytes <= kMostBytes || atLeast >= kCoarsest)
+            return tiles;
     }
-    return tiles;
 }
 
 /// The first tile that is wanted and not there, or too coarse.

@@ -68,8 +68,9 @@ void forDashes(Segment edge, double scale, const std::function<void(Segment)>& t
         return Point{edge.from.x + share * (edge.to.x - edge.from.x),
                      edge.from.y + share * (edge.to.y - edge.from.y)};
     };
-    for (double along = 0; along < length; along += (kDashPx + kGapPx) * scale)
-        take({at(along), at(along + kDashPx * scale)});
+    const double step = (kDashPx + kGapPx) * scale;
+    for (int i = 0; i * step < length; ++i)
+        take({at(i * step), at(i * step + kDashPx * scale)});
 }
 
 void forAirspaces(

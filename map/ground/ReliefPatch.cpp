@@ -28,7 +28,7 @@ class ReliefCells {
             tile_ = tile;
             heights_ = map_.relief(tile);
         }
-        return static_cast<float>((*heights_)[static_cast<std::size_t>(
+        return static_cast<float>((*heights_)[static_cast<unsigned>(
                                       row % kReliefCells * kReliefCells + column % kReliefCells)] *
                                   kReliefStepM);
     }

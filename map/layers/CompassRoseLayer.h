@@ -19,7 +19,7 @@ class CompassRoseLayer final : public Layer {
  private:
     struct Rose {
         Point center;
-        int northDeg;  ///< on the screen, to the right from up
+        int northDeg = 0;  ///< on the screen, to the right from up
     };
 
     bool showsRose(const MapPlace& place) const;

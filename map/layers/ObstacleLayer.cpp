@@ -1,5 +1,6 @@
 #include "map/layers/ObstacleLayer.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -100,9 +101,10 @@ TextStyle ObstacleLayer::style(ColorValue ink) const {
 void ObstacleLayer::paintMarks(Canvas& canvas, bool near) const {
     const auto isNear = [](const Mark& mark) { return mark.level != ObstacleLevel::Below; };
     // The tallest on top.
-    for (auto mark = marks_.rbegin(); mark != marks_.rend(); ++mark)
-        if (isNear(*mark) == near)
-            paintSymbol(canvas, *mark);
+    std::for_each(marks_.rbegin(), marks_.rend(), [&](const Mark& mark) {
+        if (isNear(mark) == near)
+            paintSymbol(canvas, mark);
+    });
     for (const Mark& mark : marks_)
         if (isNear(mark) == near && !mark.words.empty())
             canvas.text(mark.wordsAt, mark.words, style(colorOf(mark.level)));

@@ -23,7 +23,7 @@ constexpr double kRoomPx = 2;     ///< around a name
 constexpr double kFainter = 0.2;  ///< than what a pilot flies by
 
 struct Candidate {
-    const Town* town;
+    const Town* town = nullptr;
     Point at;
 };
 

@@ -1,5 +1,6 @@
 #include "map/layers/TrafficLayer.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -124,13 +125,15 @@ TextStyle TrafficLayer::style(ColorValue ink) const {
 }
 
 void TrafficLayer::paint(Canvas& canvas) const {
-    for (auto mark = marks_.rbegin(); mark != marks_.rend(); ++mark) {
-        paintSymbol(canvas, *mark);
-        if (!mark->words.empty())
-            canvas.text(mark->wordsAt, mark->words, style(color(ColorKey::HsiAirplane)));
-        if (mark->trend != 0)
-            paintTrend(canvas, *mark);
-    }
+    std::for_each(
+        marks_.rbegin(), marks_.rend(),
+        [&](const Mark& mark) {
+            paintSymbol(canvas, mark);
+            if (!mark.words.empty())
+                canvas.text(mark.wordsAt, mark.words, style(color(ColorKey::HsiAirplane)));
+            if (mark.trend != 0)
+                paintTrend(canvas, mark);
+        });
 }
 
 /// The shape tells as well as the colour: hollow far away, filled when near, on a disc when too

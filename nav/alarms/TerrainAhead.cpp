@@ -1,6 +1,7 @@
 #include "nav/alarms/TerrainAhead.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "config/Text.h"

@@ -1,7 +1,6 @@
 #include "nav/track/LineJournal.h"
 
 #include <array>
-#include <system_error>
 
 #include "config/Text.h"
 #include "config/texts/FlightTexts.h"
@@ -13,17 +12,12 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-bool isThere(const std::filesystem::path& path) {
-    std::error_code unknown;
-    return std::filesystem::exists(path, unknown);
-}
-
 }  // namespace
 
 std::optional<std::string> LineJournal::completeLines() const {
     auto text = path_.empty() ? std::string() : readWholeFile(path_, kWholeFile, disk_);
     if (!text)
-        return isThere(path_) ? std::nullopt : std::optional(std::string());
+        return disk_.exists(path_) ? std::nullopt : std::optional(std::string());
     const std::size_t end = text->rfind(kLineEnd);
     text->resize(end == std::string::npos ? 0 : end + kLineEnd.size());
     return text;
@@ -112,6 +106,6 @@ bool LineJournal::moveTo(const std::filesystem::path& destination) {
     return true;
 }
 
-bool LineJournal::exists() const { return !path_.empty() && isThere(path_); }
+bool LineJournal::exists() const { return !path_.empty() && disk_.exists(path_); }
 
 }  // namespace korvel

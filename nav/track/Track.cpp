@@ -70,6 +70,13 @@ bool Track::WriteTrackText(std::string& text) const {
     return true;
 }
 
+bool Track::canGoOn() const {
+    constexpr std::int64_t kYearS = 366 * 86'400;
+    const auto recording = recording_.lock();
+    return recording->anchorS_ - recording->baseS <=
+           std::numeric_limits<std::uint32_t>::max() - kYearS;
+}
+
 std::string Track::lastLines(std::size_t count) const {
     const auto recording = recording_.lock();
     const auto& slots = recording->slots;

@@ -59,6 +59,10 @@ class Track {
     /// The same with what has been read already.
     void take(TrackLines lines);
 
+    /// Whether what comes now can be told in seconds behind the base time: not where that lies more
+    /// than a century away.
+    [[nodiscard]] bool canGoOn() const;
+
     /// The lines of the last `count` slots.
     [[nodiscard]] std::string lastLines(std::size_t count) const;
 

@@ -35,6 +35,10 @@ void TrackRecorder::takeUp(std::string_view journal) {
     }
     auto found = std::make_shared<Track>(clock_);
     found->take(std::move(lines));
+    if (!found->canGoOn()) {
+        journal_.moveTo(copy);
+        return;
+    }
     found->setPendingBreak();
     isUnsaved_ = true;
     if (leftOut != 0) {
@@ -98,11 +102,14 @@ std::string TrackRecorder::openTrack(const std::filesystem::path& path) {
 }
 
 std::string TrackRecorder::show(TrackLines lines) {
-    if (!setAside())
-        return formatText(kFlightTexts.fileNotWritten, {textOf(lastName(1).filename())});
     auto opened = std::make_shared<Track>(clock_);
     opened->take(std::move(lines));
     opened->setPendingBreak();
+    // Nothing could be recorded behind it.
+    if (!opened->canGoOn())
+        return std::string(text(kFlightTexts.trackFromElsewhen));
+    if (!setAside())
+        return formatText(kFlightTexts.fileNotWritten, {textOf(lastName(1).filename())});
     *track_.lock() = std::move(opened);
     isUnsaved_ = false;
     return {};
@@ -118,12 +125,9 @@ std::filesystem::path TrackRecorder::lastName(int age) const {
 bool TrackRecorder::setAside() {
     if (!journal_.exists())
         return true;
-    for (int age = kKeptJournals - 1; age >= 1; --age) {
-        std::error_code unknown;
-        if (std::filesystem::exists(lastName(age), unknown) &&
-            !disk_.rename(lastName(age), lastName(age + 1)))
+    for (int age = kKeptJournals - 1; age >= 1; --age)
+        if (disk_.exists(lastName(age)) && !disk_.rename(lastName(age), lastName(age + 1)))
             return false;
-    }
     return journal_.moveTo(lastName(1));
 }
 

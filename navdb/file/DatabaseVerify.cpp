@@ -92,9 +92,10 @@ bool gridLeadsIntoTheFile(const DatabaseFile& file) {
 
 }  // namespace
 
-std::string verifyDatabase(const std::filesystem::path& path, const Clock& clock) {
+std::string verifyDatabase(const std::filesystem::path& path, const Clock& clock,
+                           FileSystem& disk) {
     DatabaseFile file;
-    if (std::string message = file.Open(path, clock); !message.empty())
+    if (std::string message = file.Open(path, clock, {}, disk); !message.empty())
         return message;
     const auto rows = file.rows();
     for (const IndexEntry& index : file.directory().indexes())

@@ -174,8 +174,8 @@ std::vector<NamedPlace> findPlacesByName(const PlaceSources& sources,
     return places;
 }
 
-std::vector<Town> findTowns(const DatabaseFile& file, std::span<const std::string> words,
-                            std::optional<GeoPoint> near, std::size_t limit) {
+std::vector<NamedTown> findTowns(const DatabaseFile& file, std::span<const std::string> words,
+                                 std::optional<GeoPoint> near, std::size_t limit) {
     const IndexEntry* const index = file.index("TwnKey");
     const FieldEntry* const order = index != nullptr ? orderingField(*index) : nullptr;
     if (order == nullptr || words.empty())
@@ -185,7 +185,7 @@ std::vector<Town> findTowns(const DatabaseFile& file, std::span<const std::strin
     const PlaceFields fields(*index->table);
     const auto rows = file.rows();
     std::string text;
-    std::vector<std::pair<double, Town>> ranked;
+    std::vector<std::pair<double, NamedTown>> ranked;
     const std::uint32_t first = rows->firstNotBelow(*index, *order, words.front());
     for (std::uint32_t row = first; row - first < kMostRows && row < index->rowCount(); ++row) {
         if (!rows->load(*index, row))
@@ -194,16 +194,16 @@ std::vector<Town> findTowns(const DatabaseFile& file, std::span<const std::strin
         if (!text.starts_with(words.front()))
             break;
         rows->text(name, text);
-        Town town{.name = text,
-                  .position = positionOfRow(*rows, fields),
-                  .isCity = rows->word(size).value_or(0) == kCitySize};
+        NamedTown town{.name = text,
+                       .position = positionOfRow(*rows, fields),
+                       .isCity = rows->word(size).value_or(0) == kCitySize};
         if (!IsValid(town.position) || (words.size() > 1 && !hasWords(text, words)))
             continue;
         const double rank = near ? DistanceNm(*near, town.position) : (town.isCity ? 0.0 : 1.0);
         ranked.emplace_back(rank, std::move(town));
     }
-    std::ranges::stable_sort(ranked, {}, &std::pair<double, Town>::first);
-    std::vector<Town> towns;
+    std::ranges::stable_sort(ranked, {}, &std::pair<double, NamedTown>::first);
+    std::vector<NamedTown> towns;
     for (std::size_t i = 0; i < std::min(ranked.size(), limit); ++i)
         towns.push_back(std::move(ranked[i].second));
     return towns;

@@ -29,9 +29,11 @@ int heightRow(double metres) {
     return static_cast<int>(std::clamp(metres / kMetresPerHeight, 0.0, kHeights - 1.0));
 }
 
+/// The shades from flat to the steepest slope, to the light or from it.
+constexpr double kSteepest = kFlat - 1;
+
 int shadeOf(double light) {
-    return std::clamp(kFlat + static_cast<int>(std::lround(light * (kShades / 2 - 1))), 0,
-                      kShades - 1);
+    return std::clamp(kFlat + static_cast<int>(std::lround(light * kSteepest)), 0, kShades - 1);
 }
 
 }  // namespace
@@ -49,17 +51,17 @@ LandTint::LandTint(ColorValue land, ColorValue highest)
         const double share = std::min(std::pow(row * kMetresPerHeight / kHighestM, kCurve), 1.0);
         const ColorValue tint = blended(land, highest, share * (dark ? kMostTintDark : kMostTint));
         for (int shade = 0; shade < kShades; ++shade) {
-            const double light = (shade - kFlat) / (kShades / 2 - 1.0);
+            const double light = (shade - kFlat) / kSteepest;
             const ColorValue shaded =
                 light > 0 ? blended(tint, kWhite, std::min(light, 1.0) * (dark ? kLitDark : kLit))
                           : blended(tint, kBlack, -light * (dark ? kUnlitDark : kUnlit));
-            table_[static_cast<std::size_t>(row * kShades + shade)] = toPixel(shaded);
+            table_[static_cast<unsigned>(row * kShades + shade)] = toPixel(shaded);
         }
     }
 }
 
 std::uint32_t LandTint::at(double metres, double light) const {
-    return table_[static_cast<std::size_t>(heightRow(metres) * kShades + shadeOf(light))];
+    return table_[static_cast<unsigned>(heightRow(metres) * kShades + shadeOf(light))];
 }
 
 void slopesTowards(Point northWest, double metresPerPixel, const HeightGrid& heights,

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string>
 #include <sys/stat.h>
+#include <system_error>
 #include <utility>
 
 #include "platform/TemporaryName.h"
@@ -116,6 +117,11 @@ void copyPermissions(const fs::path& target, int fd) {
 
 class PosixFileSystem final : public FileSystem {
  public:
+    bool exists(const std::filesystem::path& path) override {
+        std::error_code unknown;
+        return std::filesystem::exists(path, unknown);
+    }
+
     std::unique_ptr<InputFile> openForReading(const fs::path& path) override {
         return asFile<PosixInput, InputFile>(openFile(path, O_RDONLY));
     }

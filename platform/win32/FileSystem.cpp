@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "platform/TemporaryName.h"
@@ -131,6 +132,11 @@ std::unique_ptr<Interface> asFile(Handle file) {
 
 class WindowsFileSystem final : public FileSystem {
  public:
+    bool exists(const std::filesystem::path& path) override {
+        std::error_code unknown;
+        return std::filesystem::exists(path, unknown);
+    }
+
     std::unique_ptr<InputFile> openForReading(const fs::path& path) override {
         return asFile<WindowsInput, InputFile>(openFile(path, GENERIC_READ, OPEN_EXISTING));
     }

@@ -95,9 +95,10 @@ TEST_F(ObstaclesOnTheMap, TellsDangerByTheAltitudeAboveSea) {
 
 TEST_F(ObstaclesOnTheMap, ManyAreCutAtTheTallest) {
     std::string rows;
-    for (int i = 0; i < 400; ++i)
-        rows += "O," + formatFixed(46.97 + 0.003 * (i % 20), 4) + ',' + formatFixed(7.95 + 0.005 * (i / 20), 4) +
-                ",600," + formatInt(1000 + i) + '\n';
+    for (int row = 0; row < 20; ++row)
+        for (int column = 0; column < 20; ++column)
+            rows += "O," + formatFixed(46.97 + 0.003 * column, 4) + ',' + formatFixed(7.95 + 0.005 * row, 4) + ",600," +
+                    formatInt(1000 + 20 * row + column) + '\n';
     load(rows);
     EXPECT_EQ(marks(8).size(), ObstacleLayer::kMostShown);
     EXPECT_EQ(feed_.shown().front().topFt, 1399);

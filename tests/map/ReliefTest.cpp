@@ -23,8 +23,8 @@ std::string plateauMap() {
         for (int row = (south + 90) * 12; row < (south + 90) * 12 + rows; ++row)
             for (int column = (west + 180) * 12; column < (west + 180) * 12 + columns; ++column) {
                 const int across = column % (360 * 12);
-                tiles[static_cast<std::size_t>(row / kReliefCells * kReliefColumns + across / kReliefCells)]
-                     [static_cast<std::size_t>(row % kReliefCells * kReliefCells + across % kReliefCells)] = 100;
+                tiles[static_cast<unsigned>(row / kReliefCells * kReliefColumns + across / kReliefCells)]
+                     [static_cast<unsigned>(row % kReliefCells * kReliefCells + across % kReliefCells)] = 100;
             }
     };
     raise(50, 50, 24, 24);
@@ -66,7 +66,7 @@ TEST_F(Relief, SlopesTowardsTheNorthWestAreLitHoweverTheMapIsTurned) {
         raster.draw(600, 600, GroundGrid(view.projection, {0, 0}, 1), {.parts = {}, .rangeNm = 250}, day.colors);
         const auto light = [&](double lat, double lon) {
             const auto [x, y] = view.projection.projectPixel({lat * kDegToRad, lon * kDegToRad});
-            const std::uint32_t pixel = raster.bitmap().pixels[static_cast<std::size_t>(y * 600 + x)];
+            const std::uint32_t pixel = raster.bitmap().pixels[static_cast<unsigned>(y * 600 + x)];
             return lightOf(Rgb(pixel >> 16U & 0xFFU, pixel >> 8U & 0xFFU, pixel & 0xFFU));
         };
         const double flat = lightOf(day.colors[ColorKey::GeoLand]);
@@ -100,7 +100,7 @@ TEST(LandTint, NightStaysDarkAndDayLeavesSymbolsTheirContrast) {
     EXPECT_EQ(day.at(-400, 0), toPixel(Rgb(238, 232, 170)));
     EXPECT_NE(day.at(9000, 0), toPixel(highest)) << "stops short of it";
     EXPECT_EQ(day.at(9000, 0), day.at(4600, 0));
-    for (double metres = 0; metres < 9000; metres += 100) {
+    for (int metres = 0; metres < 9000; metres += 100) {
         for (const double light : {-1.0, 0.0, 1.0}) EXPECT_LT(lightAt(night, metres, light), 100) << metres;
         EXPECT_GE(lightAt(night, metres, 1), lightAt(night, metres, 0));
         EXPECT_LT(lightAt(day, metres, -1), lightAt(day, metres, 0));

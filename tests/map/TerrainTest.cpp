@@ -59,7 +59,7 @@ class TerrainOnTheMap : public testing::Test {
         const int row = static_cast<int>(place.pivot.y + at.y - place.at.y);
         const int column = static_cast<int>(place.pivot.x + at.x - place.at.x);
         const auto pixel = [&](int right) {
-            return bitmap.pixels[static_cast<std::size_t>(row * bitmap.width + column + right)];
+            return bitmap.pixels[static_cast<unsigned>(row * bitmap.width + column + right)];
         };
         int reds = 0;
         int yellows = 0;

@@ -59,7 +59,8 @@ TEST_F(TownsOnTheMap, LonelyCountryNamesItsVillages) {
 TEST_F(TownsOnTheMap, AtMostFortyAndTheWeightierHasTheRoom) {
     town(0.3, 0.3, 900000, "Large");
     town(0.3, 0.303, 90000, "Small");
-    for (int i = 0; i < 60; ++i) town(-0.4 + 0.07 * (i / 6), -0.6 + 0.2 * (i % 6), 50000, "Town");
+    for (int row = 0; row < 10; ++row)
+        for (int column = 0; column < 6; ++column) town(-0.4 + 0.07 * row, -0.6 + 0.2 * column, 50000, "Town");
     EXPECT_EQ(named(25), 39);
     EXPECT_NE(day_.canvas.findText("Large"), nullptr);
     EXPECT_EQ(day_.canvas.findText("Small"), nullptr) << "would stand on the other's symbol";

@@ -123,6 +123,19 @@ TEST_F(TrackTest, WhatWasRecordedIsKeptWhateverIsShownInItsPlace) {
     EXPECT_NE(folder.read("last-now.trk").find(lineAt(17)), std::string::npos);
 }
 
+TEST_F(TrackTest, RecordingGoesOnWhateverDatesAJournalOrAFileHas) {
+    const TempFolder folder;
+    const std::string old = "00070101,000000,1.000000,2.000000,3,4,5\r\n";
+    folder.write("now.trk", old);
+    folder.write("old.trk", old);
+    TrackRecorder recorder(clock_, folder / "now.trk");
+    EXPECT_EQ(recorder.track(), nullptr) << "seconds behind the year 7 cannot be told";
+    EXPECT_EQ(folder.read("now.trk.bad"), old);
+    EXPECT_NE(recorder.openTrack(folder / "old.trk"), "");
+    recorder.offer(at(10, 2), 3, 4, 5);
+    EXPECT_TRUE(folder.read("now.trk").starts_with("2026"));
+}
+
 TEST_F(TrackTest, ALineOfTheJournalThatMakesNoSenseCostsThatLine) {
     const TempFolder folder;
     const std::string good = "20260101,000000,1.000000,2.000000,3,4,5\r\n";

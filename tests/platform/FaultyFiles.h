@@ -22,6 +22,7 @@ class FaultyFiles final : public FileSystem {
     /// Called before each operation.
     std::function<void()> before;
 
+    bool exists(const std::filesystem::path& path) override { return system_.exists(path); }
     std::unique_ptr<InputFile> openForReading(const std::filesystem::path& path) override {
         return opened<Input, InputFile>("read", [&] { return system_.openForReading(path); });
     }

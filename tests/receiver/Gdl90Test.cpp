@@ -43,13 +43,13 @@ TEST(Gdl90Frames, CutsAStream) {
     const Case cases[] = {
         {"one", heartbeat, {clear}, 0},
         {"one flag between two", heartbeat + framed(escaped).substr(1), {clear, escaped}, 0},
-        {"many flags", "\x7E\x7E" + heartbeat + "\x7E", {clear}, 0},
+        {"many flags", "~~" + heartbeat + "~", {clear}, 0},
         {"bytes before the first flag and behind the last", "ab" + heartbeat + "cd", {clear}, 2},
         {"no flag at all", "abc", {}, 1},
         {"a wrong sum", flipped + heartbeat, {clear}, 1},
         {"too short for a sum", "\x7E\x01\x02\x7E", {}, 1},
-        {"a torn escape", "\x7E\x01\x7D\x7E" + heartbeat, {clear}, 1},
-        {"longer than any message", "\x7E" + std::string(5000, 'x') + heartbeat, {clear}, 1},
+        {"a torn escape", "~\x01}~" + heartbeat, {clear}, 1},
+        {"longer than any message", "~" + std::string(5000, 'x') + heartbeat, {clear}, 1},
         {"nothing", "", {}, 0},
     };
     for (const Case& c : cases)

@@ -41,7 +41,7 @@ TEST(PageLists, TheMarkBeginsAtWhatIsFlownToAndStaysInTheList) {
             EXPECT_EQ(lists.marked(list), marked);
             // It is on the screen: its row is found under a finger.
             bool isSeen = false;
-            for (double y = 0; y < 400; y += 5) isSeen |= lists.rowAt(list, {300, y}) == marked;
+            for (int y = 0; y < 400; y += 5) isSeen |= lists.rowAt(list, {300, static_cast<double>(y)}) == marked;
             EXPECT_TRUE(isSeen) << marked;
         }
         EXPECT_EQ(lists.marked({PageId::Map, 800, 400, data}), std::nullopt);

@@ -115,7 +115,7 @@ void FileCommands::choosePlan() {
 }
 
 void FileCommands::openFile(const std::filesystem::path& path) {
-    constexpr std::uintmax_t kReadAtOnce = 256 * 1024;
+    constexpr std::uintmax_t kReadAtOnce = std::uintmax_t{256} * 1024;
     std::error_code unknown;
     const auto size = std::filesystem::file_size(path, unknown);
     if (unknown || size <= kReadAtOnce)

@@ -59,7 +59,7 @@ class FileCommands {
     void openOwnPlan(const std::filesystem::path& path);
     void openForeign(const std::filesystem::path& path, FileOpening::Found found);
     void takePlan(const std::filesystem::path& path, ImportedPlan plan);
-    void takeTrack(const std::filesystem::path& path, TrackLines lines);
+    void takeTrack(const std::filesystem::path& path, TrackLines read);
     void keepWaypoints(const std::filesystem::path& path, const std::string& bytes);
     std::string loadFound(const std::filesystem::path& path, FileOpening::Found found);
     static TrackLines checked(TrackLines lines);
