@@ -42,6 +42,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
       navigate_(*this, [this] { file_.removePlan(); }),
       places_(*this, parts.labels, parts.scheme),
       databases_(*this),
+      charts_(*this),
       options_(*this),
       viewing_(*this),
       schemes_(*this, parts.scheme, parts.dataFiles),
@@ -84,6 +85,7 @@ void CMainFrame::listenToCommands() {
     help_.onPort = [this] { options_.choosePort(); };
     help_.onSimulator = [this] { options_.simulate(true); };
     help_.onPlan = [this] { file_.choosePlan(); };
+    charts_.onTake = [this] { databases_.load([](bool) {}); };
     file_.onOtherFiles = [this] { databases_.load([](bool) {}); };
 }
 
@@ -117,6 +119,7 @@ void CMainFrame::addCommands() {
     QMenu& file = *menuBar()->addMenu(toQString(kCommandTexts.menuFile));
     file_.addTo(file);
     databases_.addToFile(file);
+    charts_.addTo(file);
     addCommand(file, kCommandTexts.commandQuit, {QKeySequence(Qt::CTRL | Qt::Key_Q)},
                [this] { close(); });
     viewing_.addTo(*menuBar()->addMenu(toQString(kCommandTexts.menuView)));

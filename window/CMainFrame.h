@@ -10,6 +10,7 @@
 #include "config/Text.h"
 #include "window/CKorvelView.h"
 #include "window/ScreenKeeper.h"
+#include "window/commands/ChartCommands.h"
 #include "window/commands/CommandHost.h"
 #include "window/commands/DatabaseCommands.h"
 #include "window/commands/FileCommands.h"
@@ -108,6 +109,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     NavigateCommands navigate_;
     PlaceCommands places_;
     DatabaseCommands databases_;
+    ChartCommands charts_;
     OptionCommands options_;
     ViewCommands viewing_;
     SchemeCommands schemes_;

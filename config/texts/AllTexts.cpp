@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 
+#include "config/texts/ChartTexts.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/ConnectedTexts.h"
 #include "config/texts/DatabaseTexts.h"
@@ -39,9 +40,10 @@ std::vector<Text> textsOf(const Groups&... groups) {
 }  // namespace
 
 std::vector<Text> allTexts() {
-    return textsOf(kCommandTexts, kConnectedTexts, kDatabaseTexts, kExchangeTexts, kFileTexts,
-                   kFlightTexts, kGroundTexts, kInstrumentTexts, kMessageTexts, kModeTexts,
-                   kPreferenceTexts, kReceiverTexts, kSheetTexts, kStatusTexts, kTrafficTexts);
+    return textsOf(kChartTexts, kCommandTexts, kConnectedTexts, kDatabaseTexts, kExchangeTexts,
+                   kFileTexts, kFlightTexts, kGroundTexts, kInstrumentTexts, kMessageTexts,
+                   kModeTexts, kPreferenceTexts, kReceiverTexts, kSheetTexts, kStatusTexts,
+                   kTrafficTexts);
 }
 
 }  // namespace korvel
