@@ -76,6 +76,9 @@ enum class PlaceLayerBit : unsigned {
     HideObstacles = 15,
 };
 
+/// How much higher the bit of a layer's labels is.
+inline constexpr unsigned kLayerLabelsAbove = 16;
+
 /// What of the navaids and fixes the map shows, as the setting "RotateMask" counts it.
 enum class NavaidSet : std::uint8_t {
     Low,   ///< all that are enabled, as a low flight wants them
@@ -102,7 +105,9 @@ struct MapPlaceOptions {
     static MapPlaceOptions from(const Settings& settings);
 
     bool shows(PlaceLayerBit layer) const { return has(static_cast<unsigned>(layer)); }
-    bool labels(PlaceLayerBit layer) const { return has(static_cast<unsigned>(layer) + 16U); }
+    bool labels(PlaceLayerBit layer) const {
+        return has(static_cast<unsigned>(layer) + kLayerLabelsAbove);
+    }
 
     friend bool operator==(const MapPlaceOptions&, const MapPlaceOptions&) = default;
 

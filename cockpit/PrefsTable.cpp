@@ -19,7 +19,6 @@ constexpr std::array kSpeedUnits = {kPreferenceTexts.unitKnots, kPreferenceTexts
                                     kPreferenceTexts.unitKmh};
 constexpr std::array kTerrainModes = {kPreferenceTexts.terrainAbsolute,
                                       kPreferenceTexts.terrainRelative};
-constexpr unsigned kLabelsAbove = 16;  // where a layer's labels have their bit
 constexpr int kHighestAltitude = 60000;
 constexpr int kFastestKt = 500;
 
@@ -59,7 +58,8 @@ constexpr PrefRow symbols(Text label, PlaceLayerBit layer) {
     return bit(flag(MapLayers, "MapMask2", label), static_cast<unsigned>(layer));
 }
 constexpr PrefRow labels(Text label, PlaceLayerBit layer) {
-    return bit(flag(MapLayers, "MapMask2", label), static_cast<unsigned>(layer) + kLabelsAbove);
+    return bit(flag(MapLayers, "MapMask2", label),
+               static_cast<unsigned>(layer) + kLayerLabelsAbove);
 }
 constexpr PrefRow shown(PageId page) {
     return bit(flag(Pages, "DisplayPages", pageText(page)), static_cast<unsigned>(page));

@@ -31,6 +31,7 @@ struct MapContent {
 
     /// What the pilot must know of the heights in colours; null for nothing.
     const Text* terrainNote = nullptr;
+    const Text* sparseNote = nullptr;          ///< that not all is shown; null where all is
     GroundPicture* ground = nullptr;           ///< kept from frame to frame; null for none
     const std::vector<Town>* towns = nullptr;  ///< around the view, the weightiest first; or null
     const std::vector<Obstacle>* obstacles =

@@ -135,6 +135,7 @@ void PagePainter::paintMapPage(Canvas& canvas, PageId page, const PageScene& sce
         .turns = turns(page),
         .moved = scene.lookAt.has_value(),
         .trustMarks = scene.trustMarks,
+        .sparseNote = scene.sparseNote,
         .measure = scene.measure,
         .overMap = overMap,
         .covered = covered,

@@ -29,6 +29,7 @@ struct PageScene {
     std::optional<GeoPoint> lookAt = std::nullopt;
     /// Where the map opens while no aircraft was seen yet.
     std::optional<GeoPoint> openAt = std::nullopt;
+    const Text* sparseNote = nullptr;      ///< that the map leaves out; null for nothing
     const MapFeeds* feeds = nullptr;       ///< what is around the view; null for none
     const MeasureTool* measure = nullptr;  ///< the map's ruler; null for none
     RowListView nearest{};                 ///< where the pilot is in the list of airports

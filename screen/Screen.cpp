@@ -21,6 +21,7 @@ namespace korvel {
 namespace {
 
 constexpr std::string_view kPageKey = "Page";
+constexpr std::string_view kDeclutterKey = "Declutter";
 
 }  // namespace
 
@@ -34,6 +35,7 @@ Screen::Screen(CKorvelDoc& document, ProfileFile& profile, const TextMeasure& le
       hints_(profile) {
     camera_.loadRange(profile);
     home_.load(profile);
+    declutter_ = declutterOf(profile.getInt(kOptionsSection, kDeclutterKey, 0));
     openMap();
     camera_.layOut(page_, 0, 0);
 }
@@ -42,6 +44,7 @@ void Screen::storeState() {
     profile_.setInt(kOptionsSection, kPageKey, static_cast<int>(page_), true);
     camera_.saveRange(profile_);
     home_.save(profile_);
+    profile_.setInt(kOptionsSection, kDeclutterKey, static_cast<int>(declutter_), true);
     fields_.store();
 }
 
@@ -207,6 +210,12 @@ void Screen::lookAt(GeoPoint place) {
     if (!camera_.showsMap())
         showPage(PageId::Map);
     camera_.lookAt(place);
+    changed();
+}
+
+void Screen::declutterMap() {
+    declutter_ = nextDeclutter(declutter_);
+    say(std::string(text(kDeclutterTexts.at(static_cast<std::size_t>(declutter_)))));
     changed();
 }
 
@@ -388,7 +397,9 @@ void Screen::updateFeeds() {
     const auto view = mapView();
     if (!view)
         return;
-    const bool news = feeds_.update({*view, data_, document_.settings()});
+    Settings shown = document_.settings();
+    declutter(shown, declutter_);
+    const bool news = feeds_.update({*view, data_, shown});
     // This painting shows what there is; the next one what is still to be read.
     if (news && !feeds_.isComplete())
         changed();
@@ -400,6 +411,9 @@ PageScene Screen::scene(const CockpitData& data, const AttitudeView& attitude) c
             .upTrueDeg = camera_.upDeg(),
             .lookAt = camera_.lookAt(),
             .openAt = camera_.opening(),
+            .sparseNote = declutter_ == Declutter::Full
+                              ? nullptr
+                              : &kDeclutterTexts.at(static_cast<std::size_t>(declutter_)),
             .feeds = &feeds_,
             .measure = &ruler_,
             .nearest = lists_.nearest(),

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "cockpit/Declutter.h"
 #include "config/Text.h"
 #include "map/MeasureTool.h"
 #include "map/feeds/MapFeeds.h"
@@ -85,6 +86,8 @@ class Screen {
     void showAircraft();
     /// Moves the map there, on a page that shows one.
     void lookAt(GeoPoint place);
+    /// Shows less on the map, step by step, then all again, and says what.
+    void declutterMap();
     /// Shows the next set of navaids on the map, and says which.
     void rotateNavaids();
     /// What a mark stands for: the map's middle while it is moved by hand, else the aircraft; none
@@ -179,6 +182,7 @@ class Screen {
     PageId page_;
     MapCamera camera_;
     HomePlace home_;
+    Declutter declutter_ = Declutter::Full;
     MapFeeds feeds_;
     MeasureTool ruler_;
     PageLists lists_;

@@ -48,6 +48,7 @@ struct CommandTexts {
     Text commandMeasure{61600, "&Measure"};
     Text commandMark{61604, "&Mark User Fix..."};
     Text commandMarks{61605, "User Fi&xes..."};
+    Text commandDeclutter{66363, "De&clutter"};
     Text commandRotateNavaids{61617, "Rotate Low/High/Term/VRP/Off Na&vaids"};
     Text commandSimulator{61700, "&Simulator..."};
     Text commandSimulate{61701, "S&imulator On"};

@@ -10,6 +10,9 @@ struct GroundTexts {
     Text lit{66311, "lit"};
     Text unverified{66312, "unverified"};
     Text unnamedObstacle{66313, "Obstacle"};
+    Text mapFull{66360, "MAP: ALL"};
+    Text mapMedium{66361, "MAP: NO NAVAIDS, FIXES, OBSTACLES"};
+    Text mapPlain{66362, "MAP: LAND AND PLAN ALONE"};
     Text inAirspace{66340, "AIRSPACE %s"};              ///< %s: class, name, limits
     Text airspaceAhead{66341, "Airspace in %d s: %s"};  ///< %s: the same
     Text heightUnknown{66342, "height unknown"};

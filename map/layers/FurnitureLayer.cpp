@@ -93,6 +93,7 @@ void FurnitureLayer::layOut(const TextMeasure& texts, LabelRoom& room) {
     furniture_ = layOutFurniture(texts, view().area, content().data, view().projection,
                                  view().rangeNm, view().textPx,
                                  {.moved = content().moved,
+                                  .sparse = content().sparseNote,
                                   .terrain = content().terrainNote,
                                   .trustMarks = content().trustMarks,
                                   .alarms = content().alarms});

@@ -86,6 +86,8 @@ std::vector<std::string> noteTexts(const CockpitData& data, const MapState& stat
     std::vector<std::string> texts;
     if (state.trustMarks && !data.databaseNotice.empty())
         texts.push_back(firstLine(data.databaseNotice));
+    if (state.sparse != nullptr)
+        texts.emplace_back(text(*state.sparse));
     if (state.terrain != nullptr)
         texts.emplace_back(text(*state.terrain));
     if (state.moved)

@@ -46,6 +46,7 @@ struct MapFurniture {
 /// What stands on the map beside its data.
 struct MapState {
     bool moved = false;             ///< away from the aircraft
+    const Text* sparse = nullptr;   ///< that not all is shown
     const Text* terrain = nullptr;  ///< of the ground's colours; null for nothing
     bool trustMarks = true;         ///< what else would not be told: the simulator, old charts
     std::span<const Rect> alarms{};

@@ -1,8 +1,12 @@
 #include <algorithm>
 
 #include "map/layers/MeasureLayer.h"
+#include "paint/ColorScheme.h"
+#include "paint/MapColorCache.h"
+#include "paint/RecordingCanvas.h"
 #include "paint/TypeSizes.h"
 #include "screen/PageCycle.h"
+#include "screen/PagePainter.h"
 #include "screen/ScreenFixture.h"
 
 namespace korvel { namespace {
@@ -272,6 +276,36 @@ TEST_F(ScreenTest, NavaidsAreRotatedUnlessThePilotHasForbiddenIt) {
     screen_.rotateNavaids();
     EXPECT_EQ(screen_.message(), "Rotating navaids is off in the preferences");
     EXPECT_EQ(document_.settings().rotateModes, modes);
+}
+
+TEST_F(ScreenTest, TheMapShowsLessStepByStepAndSaysSo) {
+    screen_.showPage(PageId::NorthUp);
+    screen_.setRange(8);
+    fly(47.1, 10);
+    const auto shown = [&] {
+        screen_.updateFeeds();
+        RecordingCanvas canvas(screen_.areas().page().width, screen_.areas().page().height);
+        const ColorScheme scheme;
+        const MapColorCache colors(scheme);
+        const CockpitData data = screen_.dataToShow();
+        PagePainter(colors).paint(canvas, screen_.page(), screen_.scene(data, {}));
+        return canvas.texts();
+    };
+    EXPECT_NE(shown().find("XFLD"), std::string::npos);
+    EXPECT_EQ(shown().find("MAP:"), std::string::npos);
+    screen_.declutterMap();
+    ticks(12);  // the passing message goes
+    EXPECT_NE(shown().find("XFLD"), std::string::npos);
+    EXPECT_NE(shown().find("MAP: NO NAVAIDS"), std::string::npos);
+    screen_.declutterMap();
+    EXPECT_EQ(shown().find("XFLD"), std::string::npos);
+    screen_.storeState();
+    EXPECT_EQ(profile_.getInt(kOptionsSection, "Declutter", 0), 2);
+    EXPECT_EQ(profile_.getInt(kOptionsSection, "MapMask2", 0), 134088702) << "the pilot's own choice stays";
+    screen_.declutterMap();
+    ticks(12);
+    EXPECT_NE(shown().find("XFLD"), std::string::npos);
+    EXPECT_EQ(shown().find("MAP:"), std::string::npos);
 }
 
 }}  // namespace korvel

@@ -34,6 +34,9 @@ void ViewCommands::addMapCommands(QMenu& menu) {
     host_.addCommand(
         menu, kCommandTexts.commandBackToAircraft, {Qt::Key_Space},
         [this] { host_.screen().backToAircraft(); });
+    host_.addCommand(
+        menu, kCommandTexts.commandDeclutter, {Qt::Key_L},
+        [this] { host_.screen().declutterMap(); });
     greyUnless(
         menu,
         host_.addCommand(
