@@ -18,11 +18,10 @@ FileOpening::Found found(const std::filesystem::path& path, const Clock& clock,
                          const Progress& goOn) {
     FileOpening::Found found;
     if (auto bytes = readWholeFile(path, kLargestForeignFile)) {
-        found.content = foreignContent(*bytes);
-        if (found.content.track) {
-            std::string_view format;
-            found.track = trackLinesOf(readForeignTrack(*bytes, format), clock);
-        }
+        const ForeignFile file = readForeignFile(*bytes);
+        found.content = file.content;
+        if (file.content.track)
+            found.track = trackLinesOf(file.track, clock);
         if (found.content.plan || found.content.track || found.content.waypoints) {
             found.bytes = std::move(*bytes);
             return found;

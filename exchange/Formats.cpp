@@ -70,6 +70,15 @@ Result readWith(std::string bytes, std::string_view& name, Result (*Format::*rea
     return (format->*reader)(source);
 }
 
+/// Points or an error, one of them.
+ForeignTrack wholeTrack(ForeignTrack track) {
+    if (track.error.empty() && track.points.empty())
+        track.error = text(kExchangeTexts.noTrack);
+    if (!track.error.empty())
+        track.points.clear();
+    return track;
+}
+
 }  // namespace
 
 ForeignPlan readForeignPlan(std::string bytes, std::string_view& format) {
@@ -81,12 +90,7 @@ ForeignPlan readForeignPlan(std::string bytes, std::string_view& format) {
 }
 
 ForeignTrack readForeignTrack(std::string bytes, std::string_view& format) {
-    ForeignTrack track = readWith(std::move(bytes), format, &Format::track, kExchangeTexts.noTrack);
-    if (track.error.empty() && track.points.empty())
-        track.error = text(kExchangeTexts.noTrack);
-    if (!track.error.empty())
-        track.points.clear();
-    return track;
+    return wholeTrack(readWith(std::move(bytes), format, &Format::track, kExchangeTexts.noTrack));
 }
 
 ForeignWaypoints readForeignWaypoints(std::string bytes, std::string_view& format) {
@@ -97,22 +101,28 @@ ForeignWaypoints readForeignWaypoints(std::string bytes, std::string_view& forma
     return result;
 }
 
-ForeignContent foreignContent(std::string bytes) {
+ForeignFile readForeignFile(std::string bytes) {
     if (bytes.size() > kLargestForeignFile)
         return {};
     const Source source(std::move(bytes));
     const Format* const format = formatOf(source);
     if (format == nullptr)
         return {};
-    const auto holds = [&source](auto reader, auto member) {
-        if (reader == nullptr)
-            return false;
-        const auto result = reader(source);
-        return !(result.*member).empty() || !result.error.empty();
+    const auto read = [&source](auto reader) {
+        return reader != nullptr ? reader(source) : decltype(reader(source)){};
     };
-    return {.plan = holds(format->plan, &ForeignPlan::routes),
-            .track = holds(format->track, &ForeignTrack::points),
-            .waypoints = holds(format->waypoints, &ForeignWaypoints::waypoints)};
+    const auto holds = [](const auto& list, const std::string& error) {
+        return !list.empty() || !error.empty();
+    };
+    const ForeignPlan plan = read(format->plan);
+    const ForeignWaypoints waypoints = read(format->waypoints);
+    ForeignTrack track = read(format->track);
+    const ForeignContent content{.plan = holds(plan.routes, plan.error),
+                                 .track = holds(track.points, track.error),
+                                 .waypoints = holds(waypoints.waypoints, waypoints.error)};
+    if (content.track)
+        track = wholeTrack(std::move(track));
+    return {.content = content, .track = std::move(track)};
 }
 
 std::optional<std::string> planAs(std::string_view format, std::string_view name,

@@ -26,8 +26,13 @@ struct ForeignContent {
     bool track = false;
     bool waypoints = false;
 };
-/// By the file's beginning; none of them for this program's own files.
-ForeignContent foreignContent(std::string bytes);
+struct ForeignFile {
+    ForeignContent content;
+    ForeignTrack track;  ///< as readForeignTrack() gives it; empty where there is none
+};
+/// What a file holds, with its track, which may be large: read once. Nothing of it for this
+/// program's own files.
+ForeignFile readForeignFile(std::string bytes);
 
 inline constexpr std::array<std::string_view, 4> kPlanExports{"gpx", "fpl", "kml", "fms"};
 inline constexpr std::array<std::string_view, 3> kTrackExports{"gpx", "kml", "igc"};

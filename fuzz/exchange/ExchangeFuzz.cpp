@@ -33,6 +33,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const std::string_view format : kTrackExports)
         (void)trackAs(format, track.points);
     (void)userDatabaseText(userWaypoints(readForeignWaypoints(bytes, name).waypoints).waypoints);
-    (void)foreignContent(bytes);
+    (void)readForeignFile(bytes);
     return 0;
 }
