@@ -137,6 +137,18 @@ TEST_F(Nasr, ComplementsTheWorldAndWinsWhereItIsNewer) {
     }
 }
 
+TEST(NasrImport, LeadsAnAirwayOverTheNearestOfSeveralPlacesOfOneName) {
+    test::Imported in;
+    ImportContext context{in.log, {}};
+    NasrImport import(in.log, in.data);
+    ASSERT_EQ(import.importFixes({"f",
+                  openText("EFF_DATE,FIX_ID,LAT_DECIMAL,LONG_DECIMAL\n,TWICE,30,-90\n,AAA,47,-122\n,TWICE,47,-121\n"),
+                  context}),
+        "");
+    ASSERT_EQ(import.importAirways({"a", openText("EFF_DATE,AWY_ID,AIRWAY_STRING\n,V1,AAA TWICE AAA\n"), context}), "");
+    EXPECT_EQ(in.data.airways.points().back().position->lat, 47.0);
+}
+
 TEST_F(Nasr, ReadsAFolderOfTablesAndOfSingleZips) {
     for (std::size_t i = 0; i < kTables.size(); ++i)
         folder_.write(i % 2 == 0 ? kTables[i].first : kTables[i].first + ".ZIP",
