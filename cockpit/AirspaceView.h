@@ -13,7 +13,7 @@ namespace korvel {
 enum class AirspaceRelation : std::uint8_t {
     Inside,  ///< or over or under the place, while the altitude is not known
     Ahead,   ///< the path leads into it
-    Above,
+    Above,   ///< above the place, or a place ahead that the path passes below it
     Below,
 };
 
@@ -25,8 +25,9 @@ struct AirspaceView {
     std::string frequency;      ///< empty for none
     AirspaceKind kind = AirspaceKind::Other;
     AirspaceRelation relation = AirspaceRelation::Inside;
-    std::optional<int> seconds{};        ///< until it is entered, when it lies ahead
+    std::optional<int> seconds{};        ///< until it is entered, or its border is reached
     std::optional<double> distanceNm{};  ///< the same along the track
+    std::optional<int> heightFt{};       ///< how far above or below its nearest limit is there
 
     friend bool operator==(const AirspaceView&, const AirspaceView&) = default;
 };

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "config/texts/GroundTexts.h"
+#include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "ground/airspace/AirspaceSet.h"
 #include "nav/alarms/AlarmBoard.h"
@@ -13,7 +14,8 @@
 namespace korvel {
 namespace {
 
-constexpr int kMarginFt = 500;  ///< as near to floor or ceiling as this is in it, once ahead
+constexpr int kMarginFt = 500;  ///< who passes floor or ceiling as near as this is told
+constexpr int kStaysFt = 200;   ///< who was in it and is no farther from it is told nothing anew
 constexpr std::int64_t kDelayMs = 2000;
 /// At its edge an airspace comes and goes with the fix's error: who was in it stays so long.
 constexpr std::int64_t kStaysMs = 5000;
@@ -62,18 +64,32 @@ AirspaceBox around(const AirspaceWatch::Situation& now) {
     return {lat - reach, wrapped(lon - across), lat + reach, wrapped(lon + across)};
 }
 
-bool reachesNear(const Airspace& airspace, int altitudeFt, std::optional<int> groundFt) {
-    return altitudeFt >= airspace.floorFt(groundFt) - kMarginFt &&
-           altitudeFt <= airspace.ceilingFt(groundFt) + kMarginFt;
+/// How far a limit is away that is not reached; 0 between floor and ceiling.
+int heightTo(const Airspace& airspace, int altitudeFt, std::optional<int> groundFt) {
+    return std::max(
+        {airspace.floorFt(groundFt) - altitudeFt, altitudeFt - airspace.ceilingFt(groundFt), 0});
 }
 
-const Sample* entryOf(const Airspace& airspace, const std::vector<Sample>& path,
+const Sample* firstIn(const Airspace& airspace, const std::vector<Sample>& path, int marginFt,
                       std::optional<int> groundFt) {
     const auto entry = std::ranges::find_if(path, [&](const Sample& sample) {
-        return (!sample.altitudeFt || reachesNear(airspace, *sample.altitudeFt, groundFt)) &&
+        return (!sample.altitudeFt ||
+                heightTo(airspace, *sample.altitudeFt, groundFt) <= marginFt) &&
                airspace.contains(sample.point);
     });
     return entry == path.end() ? nullptr : &*entry;
+}
+
+void setAway(AirspaceView& view, const AirspaceWatch::Situation& now, const Sample& entry) {
+    view.seconds = entry.seconds;
+    view.distanceNm = DistanceNm(*now.position, entry.point);
+}
+
+void setAside(AirspaceView& view, const Airspace& airspace, int altitudeFt,
+              std::optional<int> groundFt) {
+    view.relation =
+        altitudeFt < airspace.floorFt(groundFt) ? AirspaceRelation::Above : AirspaceRelation::Below;
+    view.heightFt = heightTo(airspace, altitudeFt, groundFt);
 }
 
 /// Nothing when it lies neither here nor ahead.
@@ -87,17 +103,38 @@ std::optional<AirspaceView> viewOf(const Airspace& airspace, const AirspaceWatch
     const bool here = airspace.contains(*now.position);
     if (here && (!now.altitudeFt || airspace.reaches(*now.altitudeFt, now.groundFt)))
         return view;
-    if (const Sample* const entry = entryOf(airspace, path, now.groundFt)) {
+    if (const Sample* const entry = firstIn(airspace, path, 0, now.groundFt)) {
         view.relation = AirspaceRelation::Ahead;
-        view.seconds = entry->seconds;
-        view.distanceNm = DistanceNm(*now.position, entry->point);
+        setAway(view, now, *entry);
         return view;
     }
-    if (!here)
+    if (here) {
+        setAside(view, airspace, *now.altitudeFt, now.groundFt);
+        return view;
+    }
+    const Sample* const entry = firstIn(airspace, path, kMarginFt, now.groundFt);
+    if (entry == nullptr)
         return std::nullopt;
-    view.relation = *now.altitudeFt < airspace.floorFt(now.groundFt) ? AirspaceRelation::Above
-                                                                     : AirspaceRelation::Below;
+    setAside(view, airspace, *entry->altitudeFt, now.groundFt);
+    setAway(view, now, *entry);
     return view;
+}
+
+/// Whether it is entered, or passed closely, so soon that the pilot is to be told.
+bool isNear(const AirspaceView& view) {
+    if (view.relation == AirspaceRelation::Inside || view.seconds > AirspaceWatch::kAlarmSec)
+        return false;
+    return view.relation == AirspaceRelation::Ahead || view.heightFt <= kMarginFt;
+}
+
+std::string aheadWords(const AirspaceView& view, const std::string& words, int altUnit) {
+    if (view.relation == AirspaceRelation::Ahead)
+        return formatText(kGroundTexts.airspaceAhead, {*view.seconds, words});
+    constexpr int kStepFt = 100;  // nobody knows it better, and words that change disturb
+    const int height = (view.heightFt.value_or(0) + kStepFt / 2) / kStepFt * kStepFt;
+    return formatText(view.relation == AirspaceRelation::Above ? kGroundTexts.airspaceOver
+                                                               : kGroundTexts.airspaceUnder,
+                      {altitudeText(height, altUnit), words});
 }
 
 std::string wordsOf(const AirspaceView& view) {
@@ -117,8 +154,8 @@ AirspaceWatch::AirspaceWatch(const AirspaceSet& airspaces, AlarmBoard& board)
 
 void AirspaceWatch::update(const Situation& now, std::int64_t nowMs) {
     const auto before = std::exchange(list_, nullptr);
-    if (revision_ != airspaces_.revision() || !now.position) {
-        revision_ = airspaces_.revision();
+    // While the position is lost, what was told stays told.
+    if (std::exchange(revision_, airspaces_.revision()) != airspaces_.revision()) {
         inside_ = {};
         ahead_ = {};
     }
@@ -138,7 +175,7 @@ void AirspaceWatch::update(const Situation& now, std::int64_t nowMs) {
         return std::pair(each.view.relation, within);
     };
     std::ranges::stable_sort(found, {}, rank);
-    watch(found, now.altitudeFt.has_value(), nowMs);
+    watch(found, now, nowMs);
     AirspaceList list;
     for (Found& each : found)
         list.push_back(std::move(each.view));
@@ -147,15 +184,19 @@ void AirspaceWatch::update(const Situation& now, std::int64_t nowMs) {
         before && *before == list ? before : std::make_shared<const AirspaceList>(std::move(list));
 }
 
-void AirspaceWatch::watch(const std::vector<Found>& found, bool heightKnown, std::int64_t nowMs) {
+void AirspaceWatch::watch(const std::vector<Found>& found, const Situation& now,
+                          std::int64_t nowMs) {
     std::vector<std::size_t> inside;
     std::vector<std::size_t> ahead;
     for (const Found& each : found) {
         if (!asksForClearance(each.view.kind))
             continue;
-        if (each.view.relation == AirspaceRelation::Inside)
+        // Who hovers at a floor is not told of it each time.
+        const bool stays =
+            !each.view.seconds && each.view.heightFt <= kStaysFt && inside_.holds(each.airspace);
+        if (each.view.relation == AirspaceRelation::Inside || stays)
             inside.push_back(each.airspace);
-        if (each.view.relation == AirspaceRelation::Ahead && *each.view.seconds <= kAlarmSec)
+        if (isNear(each.view))
             ahead.push_back(each.airspace);
     }
     inside_.update(inside, nowMs);
@@ -166,7 +207,7 @@ void AirspaceWatch::watch(const std::vector<Found>& found, bool heightKnown, std
     std::erase_if(ahead_.entries,
                   [&](const Told::Entry& entry) { return isInside(entry.airspace); });
     const std::string unknown =
-        heightKnown ? "" : "  " + std::string(text(kGroundTexts.heightUnknown));
+        now.altitudeFt ? "" : "  " + std::string(text(kGroundTexts.heightUnknown));
     const auto newest = [&](const Told& told) -> const AirspaceView* {
         if (told.entries.empty())
             return nullptr;
@@ -175,9 +216,8 @@ void AirspaceWatch::watch(const std::vector<Found>& found, bool heightKnown, std
     };
     if (const AirspaceView* const view = newest(inside_))
         inside_.words = formatText(kGroundTexts.inAirspace, {wordsOf(*view) + unknown});
-    if (const AirspaceView* const view = newest(ahead_); view != nullptr && view->seconds)
-        ahead_.words =
-            formatText(kGroundTexts.airspaceAhead, {*view->seconds, wordsOf(*view) + unknown});
+    if (const AirspaceView* const view = newest(ahead_); view != nullptr && isNear(*view))
+        ahead_.words = aheadWords(*view, wordsOf(*view) + unknown, now.altUnit);
 }
 
 bool AirspaceWatch::Told::holds(std::size_t airspace) const {

@@ -33,6 +33,7 @@ class AirspaceWatch {
         std::optional<int> altitudeFt{};  ///< above sea, by the receiver
         std::optional<double> verticalSpeedFpm{};
         std::optional<int> groundFt{};  ///< below the aircraft
+        int altUnit = 0;                ///< of the alarms' heights: 1 for metres
     };
     /// Once per tick, before the alarms are judged.
     void update(const Situation& now, std::int64_t nowMs);
@@ -65,7 +66,7 @@ class AirspaceWatch {
         AirspaceView view;
     };
 
-    void watch(const std::vector<Found>& found, bool heightKnown, std::int64_t nowMs);
+    void watch(const std::vector<Found>& found, const Situation& now, std::int64_t nowMs);
 
     const AirspaceSet& airspaces_;
     std::uint64_t revision_ = 0;

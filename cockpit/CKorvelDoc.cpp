@@ -101,7 +101,8 @@ void CKorvelDoc::watchGround() {
     AirspaceWatch::Situation above{.position = now.position,
                                    .trackTrueDeg = now.trackTrueDeg,
                                    .groundSpeedKt = now.groundSpeedKt,
-                                   .verticalSpeedFpm = now.verticalSpeedFpm};
+                                   .verticalSpeedFpm = now.verticalSpeedFpm,
+                                   .altUnit = settings_.altUnit};
     if (now.altitudeFt)
         above.altitudeFt = RoundToInt(*now.altitudeFt);
     if (const auto ground = now.position ? ground_.terrain().heightFt(*now.position) : std::nullopt)

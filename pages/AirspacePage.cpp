@@ -105,11 +105,13 @@ class AirspacePainter {
         canvas_.rect({0.5 * textPx_, upper - 0.22 * height, width, 0.44 * height},
                      Brush{look.ground}, Pen{look.frame, 2});
         left(word, textPx_, upper, font, look.ink);
-        if (!airspace.seconds || !airspace.distanceNm)
-            return;
-        left(formatText(kGroundTexts.inSeconds, {*airspace.seconds}) + "  " +
-                 distanceTenthsText(*airspace.distanceNm, data_.distanceUnit),
-             textPx_, lower, font, ink_);
+        std::string away;
+        if (airspace.heightFt)
+            away = altitudeText(*airspace.heightFt, data_.altUnit) + "  ";
+        if (airspace.seconds && airspace.distanceNm)
+            away += formatText(kGroundTexts.inSeconds, {*airspace.seconds}) + "  " +
+                    distanceTenthsText(*airspace.distanceNm, data_.distanceUnit);
+        left(away, textPx_, lower, font, ink_);
     }
 
     void reason() {

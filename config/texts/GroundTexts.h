@@ -13,8 +13,10 @@ struct GroundTexts {
     Text mapFull{66360, "MAP: ALL"};
     Text mapMedium{66361, "MAP: NO NAVAIDS, FIXES, OBSTACLES"};
     Text mapPlain{66362, "MAP: LAND AND PLAN ALONE"};
-    Text inAirspace{66340, "AIRSPACE %s"};              ///< %s: class, name, limits
-    Text airspaceAhead{66341, "Airspace in %d s: %s"};  ///< %s: the same
+    Text inAirspace{66340, "AIRSPACE %s"};               ///< %s: class, name, limits
+    Text airspaceAhead{66341, "Airspace in %d s: %s"};   ///< %s: the same
+    Text airspaceOver{66351, "Airspace %s above: %s"};   ///< %s: height, the same
+    Text airspaceUnder{66352, "Airspace %s below: %s"};  ///< %s: height, the same
     Text heightUnknown{66342, "height unknown"};
     Text airspaces{66343, "Airspaces"};
     Text inside{66344, "INSIDE"};

@@ -104,6 +104,7 @@ struct SheetTexts {
     Text placeElevation{61818, "Elevation %s"};     ///< %s: height
     Text placeVariation{61819, "Variation %d %s"};  ///< %d: degrees, %s: E or W
     Text closeSheet{61821, "Close"};
+    Text cancelSheet{66401, "Cancel"};
     Text keyPadShow{61822, "Keys"};
     Text keyPadSpace{61823, "Space"};
     Text keyPadBack{61824, "Del"};

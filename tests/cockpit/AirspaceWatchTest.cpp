@@ -61,15 +61,16 @@ TEST_F(AirspaceWatchTest, TellsHowEachLiesToTheAircraft) {
          box("AC D\nAN LATER\nAL GND\nAH 2100\n", 13, 20) + box("AC D\nAN HIGH\nAL 3100\nAH FL95\n", 13, 20) +
          box("AC D\nAN FAR\nAL GND\nAH FL95\n", 40, 50));
     // 6 minutes of longitude to SOON are 4.1 nm, two minutes; 11 to LATER 7.5 nm.
-    EXPECT_EQ(seen(at(2)), "IIN FSOON130 FLATER230 AOVER BUNDER ");
+    EXPECT_EQ(seen(at(2)), "IIN FSOON130 AOVER BLATER230 BUNDER ") << "passed 400 ft above its ceiling";
     const AirspaceView soon = watch_.shown()->at(1);
     EXPECT_NEAR(soon.distanceNm.value(), 130 / 30.0, 0.01);
     EXPECT_EQ(soon.limits, "GND / FL95");
-    EXPECT_EQ(seen(at(2, 2599)), "IIN FSOON130 FLATER230 AOVER BUNDER ");
-    EXPECT_EQ(seen(at(2, 2601)), "IIN FSOON130 FHIGH230 AOVER BUNDER ") << "500 ft from floor and ceiling";
+    EXPECT_EQ(watch_.shown()->at(3).heightFt, 400);
+    EXPECT_EQ(seen(at(2, 2600)), "IIN FSOON130 AHIGH230 AOVER BLATER230 BUNDER ") << "500 ft from floor and ceiling";
+    EXPECT_EQ(seen(at(2, 2601)), "IIN FSOON130 AHIGH230 AOVER BUNDER ");
     AirspaceWatch::Situation climbing = at(2);
     climbing.verticalSpeedFpm = 2000;
-    EXPECT_EQ(seen(climbing), "IIN FOVER45 FSOON130 FHIGH230 BUNDER ") << "into it from below";
+    EXPECT_EQ(seen(climbing), "IIN FOVER60 FSOON130 FHIGH230 BUNDER ") << "into it from below";
     EXPECT_EQ(seen(at(2, std::nullopt)), "IIN IUNDER IOVER FSOON130 FLATER230 FHIGH230 ") << "any height may be it";
     EXPECT_EQ(seen({}), "none");
 }
@@ -102,6 +103,24 @@ TEST_F(AirspaceWatchTest, WarnsOfWhatAsksForAClearance) {
     EXPECT_EQ(alarms(at(16)), "AIRSPACE R RANGE  GND / FL95; ") << "entered again";
     load("");
     EXPECT_EQ(alarms(at(16), 1), "") << "other files";
+}
+
+TEST_F(AirspaceWatchTest, WhoPassesAFloorIsToldHowNearAndNotThatHeEnters) {
+    load(box("AC A\nAN TMA\nAL 2700\nAH FL95\n", 0, 60));
+    EXPECT_EQ(seen(at(10)), "ATMA ");
+    EXPECT_EQ(alarms(at(10)), "Airspace 200 ft above: A TMA  27 / FL95; ");
+    EXPECT_EQ(alarms(at(10, 2160), 8), "") << "540 ft";
+    AirspaceWatch::Situation metric = at(10, 2640);
+    metric.altUnit = 1;
+    EXPECT_EQ(alarms(metric), "Airspace 30 m above: A TMA  27 / FL95; ");
+    EXPECT_EQ(alarms(at(11, 2700)), "AIRSPACE A TMA  27 / FL95; ");
+    EXPECT_TRUE(board_.acknowledge());
+    EXPECT_EQ(alarms(at(12, 2600), 10), "") << "at its floor, for longer than it takes to have left";
+    EXPECT_EQ(alarms(at(12, 2700)), "");
+    for (int i = 0; i < 10; ++i) watch_.update({}, nowMs_ += 1000);
+    EXPECT_EQ(alarms(at(12, 2700)), "") << "the position was lost for a while";
+    EXPECT_EQ(alarms(at(12, 2400), 12), "Airspace 300 ft above: A TMA  27 / FL95; ");
+    EXPECT_EQ(alarms(at(12, 2700)), "AIRSPACE A TMA  27 / FL95; ");
 }
 
 }}  // namespace korvel

@@ -12,7 +12,7 @@ namespace korvel::test {
 inline std::string zipOf(const std::vector<std::pair<std::string, std::string>>& files) {
     const auto number = [](std::size_t value, int bytes) {
         std::string text;
-        for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> (8 * i));
+        for (int i = 0; i < bytes; ++i, value >>= 8U) text += static_cast<char>(value);
         return text;
     };
     std::string zip;

@@ -49,11 +49,22 @@ Sheet::Sheet(QWidget* parent, const QString& title, QDialogButtonBox::StandardBu
     scroll_.setWidget(&body_);
     outer_.addWidget(&scroll_, 1);
     addFoot();
+    nameButtons();
     connect(this, &QWidget::windowTitleChanged, &title_, &QLabel::setText);
     connect(&buttons_, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(&buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
     if (parent != nullptr)
         parent->window()->installEventFilter(this);
+}
+
+/// The toolkit's own words may be of another language, and its icons of another style.
+void Sheet::nameButtons() {
+    for (QAbstractButton* button : buttons_.buttons())
+        button->setIcon({});
+    if (QPushButton* close = buttons_.button(QDialogButtonBox::Close))
+        close->setText(toQString(kSheetTexts.closeSheet));
+    if (QPushButton* cancel = buttons_.button(QDialogButtonBox::Cancel))
+        cancel->setText(toQString(kSheetTexts.cancelSheet));
 }
 
 void Sheet::addHeader(const QString& title) {

@@ -57,6 +57,7 @@ class Sheet : public QDialog {
     void keyPressEvent(QKeyEvent* event) override;
 
  private:
+    void nameButtons();
     void addHeader(const QString& title);
     void addFoot();
     void offerKeyPad();
