@@ -1,14 +1,13 @@
 #include "cockpit/ChartText.h"
 
-#include <array>
-#include <cstdio>
 #include <initializer_list>
 #include <string_view>
 
+#include "base/Ascii.h"
 #include "base/Calendar.h"
+#include "cockpit/ConnectedText.h"
 #include "config/Text.h"
 #include "config/texts/ChartTexts.h"
-#include "config/texts/ConnectedTexts.h"
 #include "navdb/file/DatabaseFile.h"
 #include "platform/PathText.h"
 
@@ -23,24 +22,11 @@ int rowsOf(const DatabaseFile& file, std::initializer_list<std::string_view> ind
     return static_cast<int>(rows);
 }
 
-std::string expiryText(std::uint32_t expiry, std::uint32_t today) {
-    if (expiry == 0)
-        return std::string(text(kConnectedTexts.connectedUndated));
-    return formatText(
-        expiry < today ? kConnectedTexts.connectedExpired : kConnectedTexts.connectedExpiry,
-        {dashedDate(expiry)});
-}
-
-std::string fourDigits(std::uint32_t yycc) {
-    std::array<char, 16> digits{};
-    std::snprintf(digits.data(), digits.size(), "%04u", yycc);
-    return digits.data();
-}
-
 std::string fileText(const DatabaseFile& file, std::uint32_t today) {
     std::string words = *file.fileName() + "\n  " + expiryText(file.header().expiry, today);
     if (file.header().dataCycle != 0)
-        words += ", " + formatText(kChartTexts.cycle, {fourDigits(file.header().dataCycle)});
+        words += ", " + formatText(kChartTexts.cycle,
+                                   {zeroPadded(static_cast<int>(file.header().dataCycle), 4)});
     words += "\n  ";
     words += formatText(kChartTexts.counts,
                         {rowsOf(file, {"AptKey", "Ap2Key"}), rowsOf(file, {"NavKey"}),

@@ -89,14 +89,6 @@ std::string attitudeModule(const CKorvelDoc& document) {
                       {std::string_view(label)});
 }
 
-std::string expiryText(std::uint32_t yyyymmdd, const LocalTime& now) {
-    if (yyyymmdd == 0)
-        return std::string(text(kConnectedTexts.connectedUndated));
-    const bool isOver = yyyymmdd < dateNumber(now);
-    return formatText(isOver ? kConnectedTexts.connectedExpired : kConnectedTexts.connectedExpiry,
-                      {dashedDate(yyyymmdd)});
-}
-
 void addGround(std::string& words, const GroundData& ground) {
     const BaseMapFile& map = ground.baseMap().file();
     if (map.isOpen())
@@ -121,8 +113,9 @@ void addDatabases(std::string& words, const CKorvelDoc& document,
             formatText(kConnectedTexts.connectedDatabases, {static_cast<int>(files.size())}));
     addLine(words, document.charts().notice());
     for (const auto& file : files)
-        addLine(words, *file->fileName() + "   " +
-                           expiryText(file->header().expiry, document.cockpitData().now));
+        addLine(words,
+                *file->fileName() + "   " +
+                    expiryText(file->header().expiry, dateNumber(document.cockpitData().now)));
     addGround(words, document.ground());
     addLine(words, "");
     addLine(words, text(kConnectedTexts.connectedFolders));
@@ -157,6 +150,14 @@ std::string beginningOf(const std::string& report) {
 }
 
 }  // namespace
+
+std::string expiryText(std::uint32_t expiry, std::uint32_t today) {
+    if (expiry == 0)
+        return std::string(text(kConnectedTexts.connectedUndated));
+    return formatText(
+        expiry < today ? kConnectedTexts.connectedExpired : kConnectedTexts.connectedExpiry,
+        {dashedDate(expiry)});
+}
 
 std::string connectedText(const CKorvelDoc& document,
                           std::span<const std::filesystem::path> folders) {

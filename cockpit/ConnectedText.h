@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <span>
 #include <string>
@@ -16,5 +17,8 @@ std::string connectedText(const CKorvelDoc& document,
 /// The databases with their age, how to come by better ones, and the report of the last loading.
 std::string loadReportText(const CKorvelDoc& document,
                            std::span<const std::filesystem::path> folders);
+
+/// "expired 2013-10-17" or until when; both days YYYYMMDD, 0 for data without one.
+std::string expiryText(std::uint32_t expiry, std::uint32_t today);
 
 }  // namespace korvel

@@ -9,8 +9,8 @@
 
 namespace korvel {
 
-// The gliders' flight recorder format (FAI, IGC technical specification): fixes in B records, times
-// in UTC, heights in metres.
+// The gliders' flight recorder format of the FAI, IGC: fixes in B records, times in UTC, heights in
+// metres.
 
 bool isIgc(const Source& source);
 ForeignTrack readIgc(const Source& source);
