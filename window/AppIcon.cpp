@@ -5,7 +5,7 @@
 #include <QPolygonF>
 
 #include "paint/ColorScheme.h"
-#include "window/QtCanvas.h"
+#include "qtpaint/QtCanvas.h"
 
 namespace korvel {
 

@@ -12,10 +12,10 @@
 #include "platform/EndRequest.h"
 #include "platform/RegistryProfile.h"
 #include "platform/SystemClock.h"
+#include "qtpaint/DisplayFonts.h"
+#include "qtpaint/LabelCache.h"
 #include "window/CMainFrame.h"
 #include "window/CommandLine.h"
-#include "window/DisplayFonts.h"
-#include "window/LabelCache.h"
 #include "window/OneWindow.h"
 
 namespace korvel {

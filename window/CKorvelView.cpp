@@ -12,7 +12,7 @@
 #include "cockpit/CKorvelDoc.h"
 #include "cockpit/Modes.h"
 #include "pages/StatusLine.h"
-#include "window/QtCanvas.h"
+#include "qtpaint/QtCanvas.h"
 
 namespace korvel {
 namespace {

@@ -9,11 +9,11 @@
 #include "pages/FieldStrip.h"
 #include "pages/TouchBar.h"
 #include "paint/MapColorCache.h"
+#include "qtpaint/LabelCache.h"
+#include "qtpaint/QtTextMeasure.h"
 #include "screen/AttitudePicture.h"
 #include "screen/Screen.h"
 #include "screen/ScreenHand.h"
-#include "window/LabelCache.h"
-#include "window/QtTextMeasure.h"
 
 namespace korvel {
 

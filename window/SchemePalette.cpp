@@ -5,7 +5,7 @@
 #include <QColor>
 
 #include "paint/ColorScheme.h"
-#include "window/QtCanvas.h"
+#include "qtpaint/QtCanvas.h"
 
 namespace korvel {
 namespace {

@@ -24,8 +24,8 @@
 #include "paint/ColorScheme.h"
 #include "paint/MapColorCache.h"
 #include "platform/SystemClock.h"
+#include "qtpaint/QtCanvas.h"
 #include "screen/PagePainter.h"
-#include "window/QtCanvas.h"
 
 namespace korvel {
 namespace {

@@ -11,7 +11,7 @@
 #include "nav/approach/LandingRunway.h"
 #include "navdb/records/DatabaseRecord.h"
 #include "paint/MapColorCache.h"
-#include "window/LabelCache.h"
+#include "qtpaint/LabelCache.h"
 #include "window/commands/CommandHost.h"
 #include "window/sheets/PlaceChoice.h"
 

@@ -10,7 +10,7 @@
 #include "geo/Geodesy.h"
 #include "pages/AirportPicture.h"
 #include "pages/AirportText.h"
-#include "window/QtCanvas.h"
+#include "qtpaint/QtCanvas.h"
 #include "window/QtText.h"
 
 namespace korvel {

@@ -8,8 +8,8 @@
 #include <QPainter>
 
 #include "paint/Canvas.h"
-#include "window/LabelCache.h"
-#include "window/QtTextMeasure.h"
+#include "qtpaint/LabelCache.h"
+#include "qtpaint/QtTextMeasure.h"
 
 namespace korvel {
 

@@ -1,4 +1,4 @@
-#include "window/QtCanvas.h"
+#include "qtpaint/QtCanvas.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "window/DisplayFonts.h"
+#include "qtpaint/DisplayFonts.h"
 
 #include <algorithm>
 #include <cmath>

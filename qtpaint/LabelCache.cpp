@@ -1,4 +1,4 @@
-#include "window/LabelCache.h"
+#include "qtpaint/LabelCache.h"
 
 #include <algorithm>
 #include <array>
@@ -12,7 +12,7 @@
 #include <QColor>
 #include <QPainter>
 
-#include "window/QtCanvas.h"
+#include "qtpaint/QtCanvas.h"
 
 namespace korvel {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "paint/TextMeasure.h"
-#include "window/DisplayFonts.h"
+#include "qtpaint/DisplayFonts.h"
 
 namespace korvel {
 

@@ -7,7 +7,7 @@
 #include <QPainter>
 #include <gtest/gtest.h>
 
-#include "window/QtCanvas.h"
+#include "qtpaint/QtCanvas.h"
 
 namespace korvel { namespace {
 

@@ -8,7 +8,7 @@
 #include <QImage>
 
 #include "paint/Canvas.h"
-#include "window/DisplayFonts.h"
+#include "qtpaint/DisplayFonts.h"
 
 namespace korvel {
 

@@ -17,7 +17,7 @@ class OffscreenApplication : public testing::Environment {
     void TearDown() override { application_.reset(); }
 
  private:
-    std::string name_ = "window_tests";
+    std::string name_ = "tests";
     int argc_ = 1;
     std::array<char*, 2> argv_ = {name_.data(), nullptr};
     std::unique_ptr<QApplication> application_;
