@@ -4,7 +4,7 @@ include(GNUInstallDirs)
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)  # what goes into the package has been built; its tests need not be
 
 set(folder lib/korvel)
-install(TARGETS korvel korvelctl RUNTIME DESTINATION ${folder})
+install(TARGETS korvel korvelctl korvel_png RUNTIME DESTINATION ${folder} LIBRARY DESTINATION ${folder})
 install(DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/data DESTINATION ${folder})
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/links)
 foreach(program korvel korvelctl)

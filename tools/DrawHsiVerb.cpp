@@ -3,9 +3,9 @@
 #include "geo/Geodesy.h"
 #include "map/MapViewport.h"
 #include "pages/HsiPainter.h"
+#include "paint/Canvas.h"
 #include "paint/ColorScheme.h"
 #include "paint/MapColorCache.h"
-#include "paint/SvgCanvas.h"
 #include "tools/Arguments.h"
 #include "tools/DrawVerb.h"
 
@@ -58,11 +58,10 @@ int drawHsi(const Invocation& call, const HsiOptions& options) {
     scheme.load(options.picture.scheme, call.dataFiles());
     const MapColorCache colors(scheme);
 
-    SvgCanvas canvas(width, height);
-    canvas.rect({0, 0, canvas.width(), canvas.height()}, Brush{colors[ColorKey::MapBackground]},
-                std::nullopt);
-    paintHsi(canvas, state, colors);
-    return options.picture.write(call, canvas);
+    return options.picture.write(call, [&](Canvas& canvas) {
+        canvas.rect(canvas.area(), Brush{colors[ColorKey::MapBackground]}, std::nullopt);
+        paintHsi(canvas, state, colors);
+    });
 }
 
 }  // namespace korvel

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "base/Ascii.h"
 #include "cockpit/GroundData.h"
 #include "cockpit/PlanViewBuilder.h"
 #include "config/Settings.h"
@@ -22,6 +23,7 @@
 #include "tools/Invocation.h"
 #include "tools/LoadedDatabase.h"
 #include "tools/PlanInput.h"
+#include "tools/PngPicture.h"
 #include "tools/Verbs.h"
 
 namespace korvel {
@@ -95,6 +97,14 @@ std::string addTrack(const Clock& clock, const std::string& file, CockpitData& d
     return error;
 }
 
+/// Waits for all that comes a little at a time, and for what is read elsewhere.
+void bringAll(MapFeeds& feeds, TerrainStore& terrain, const FeedRequest& request) {
+    do {
+        feeds.update(request);
+        terrain.waitUntilSettled();
+    } while (!feeds.isComplete() || feeds.hasNews());
+}
+
 int drawMap(const Invocation& call, const MapOptions& options) {
     CockpitData data;
     data.position = toPosition(options.at);
@@ -109,27 +119,23 @@ int drawMap(const Invocation& call, const MapOptions& options) {
     ColorScheme scheme;
     scheme.load(options.picture.scheme, call.dataFiles());
 
-    const auto [width, height] = options.picture.pixels();
-    SvgCanvas canvas(width, height);
-    const PageId page{options.picture.page};
     if (loaded.database.files().empty())
         data.databaseNotice = text(kStatusTexts.noDatabase);
-    const int upDeg = PagePainter::turns(page) ? angle : 0;
+    const PageId page{options.picture.page};
     const MapColorCache colors(scheme);
-    MapContent content{.data = data,
-                       .colors = colors,
-                       .view = {viewport, *data.position, upDeg, canvas.area()},
-                       .turns = PagePainter::turns(page)};
+    const auto [width, height] = options.picture.pixels();
+    const Rect area{0, 0, static_cast<double>(width), static_cast<double>(height)};
+    MapContent content{
+        .data = data,
+        .colors = colors,
+        .view = {viewport, *data.position, PagePainter::turns(page) ? angle : 0, area},
+        .turns = PagePainter::turns(page)};
     GroundData ground;
     ground.open(call.dataFolders());
-    MapFeeds feeds(loaded.database,
-                   {&ground.baseMap(), &ground.airspaces(), nullptr, &ground.obstacles()});
-    do {
-        feeds.update({content.view, data, Settings()});
-    } while (!feeds.isComplete());
+    MapFeeds feeds(loaded.database, ground.sources());
+    bringAll(feeds, ground.terrain(), {content.view, data, Settings()});
     feeds.addTo(content);
-    paintMap(canvas, content);
-    return options.picture.write(call, canvas);
+    return options.picture.write(call, [&](Canvas& canvas) { paintMap(canvas, content); });
 }
 
 }  // namespace
@@ -139,7 +145,7 @@ void PictureOptions::declare(CLI::App& app) {
     app.add_option("--page", page, "Number of the display page")
         ->check(CLI::Range(0, kPageCount - 1));
     app.add_option("--scheme", scheme, "Colour scheme, built-in or a file's name");
-    app.add_option("-o,--output", output, "The SVG file to write")->required();
+    app.add_option("-o,--output", output, "The file to write: SVG, or PNG by its name")->required();
 }
 
 std::pair<int, int> PictureOptions::pixels() const {
@@ -153,8 +159,18 @@ std::pair<int, int> PictureOptions::pixels() const {
     return sides;
 }
 
-int PictureOptions::write(const Invocation& call, const SvgCanvas& canvas) const {
-    if (!writeFileAtomically(pathOf(output), canvas.document()))
+int PictureOptions::write(const Invocation& call, const std::function<void(Canvas&)>& paint) const {
+    const auto [width, height] = pixels();
+    std::string document;
+    if (endsWithIgnoringCase(output, ".png")) {
+        if (const std::string error = makePng(width, height, paint, document); !error.empty())
+            return call.fail(error);
+    } else {
+        SvgCanvas canvas(width, height);
+        paint(canvas);
+        document = canvas.document();
+    }
+    if (!writeFileAtomically(pathOf(output), document))
         return call.fail("The file cannot be written: " + output);
     return call.done({{"file", output}}, "");
 }

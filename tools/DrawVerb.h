@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -7,7 +8,7 @@
 
 namespace korvel {
 
-class SvgCanvas;
+class Canvas;
 
 /// What every picture needs.
 struct PictureOptions {
@@ -19,8 +20,9 @@ struct PictureOptions {
     void declare(CLI::App& app);
     /// Width and height.
     std::pair<int, int> pixels() const;
-    /// Writes the picture and ends the verb.
-    int write(const Invocation& call, const SvgCanvas& canvas) const;
+    /// Writes what `paint` draws, as PNG into a file with that name's ending, else as SVG, and ends
+    /// the verb.
+    int write(const Invocation& call, const std::function<void(Canvas&)>& paint) const;
 };
 
 /// Texts are as on the command line; an empty one is absent.

@@ -1,3 +1,7 @@
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -55,6 +59,36 @@ TEST(Tool, TheGround) {
     EXPECT_EQ(runTool({"basemap", "info", air}).errors, "air.txt is not a base map\n");
     EXPECT_EQ(runTool({"basemap", "frob", "x"}).status, 2);
     EXPECT_EQ(runTool({"airspace", "list", "none"}).status, 1);
+}
+
+/// The four bytes there, the highest first.
+std::uint32_t numberAt(const std::string& bytes, std::size_t at) {
+    std::uint32_t number = 0;
+    for (const char byte : bytes.substr(at, 4)) number = number << 8U | static_cast<unsigned char>(byte);
+    return number;
+}
+
+TEST(Tool, DrawsTheGroundAsShapesAndAsPixels) {
+    const TempFolder folder;
+    const auto draw = [&](const std::string& file) {
+        const ToolResult result = runTool({"--data", folder.path().string(), "draw", "map", "--size", "320x240", "--at",
+            "45,45", "--range", "100", "-o", (folder / file).string()});
+        EXPECT_EQ(result.status, 0) << result.errors;
+        return folder.read(file);
+    };
+    const std::string shapesBefore = draw("a.svg");
+    folder.write("small.map", smallMap());
+    const std::string shapes = draw("b.svg");
+    EXPECT_GT(shapes.size(), shapesBefore.size());
+    EXPECT_EQ(shapes.find("<image"), std::string::npos);
+    std::filesystem::rename(folder / "small.map", folder / "small.off");
+    if (!KORVEL_DRAWS_PNG) GTEST_SKIP() << "built without the toolkit";
+    const std::string pixelsBefore = draw("a.PNG");
+    ASSERT_EQ(pixelsBefore.substr(0, 8), "\x89PNG\r\n\x1A\n");
+    EXPECT_EQ(numberAt(pixelsBefore, 16), 320U);
+    EXPECT_EQ(numberAt(pixelsBefore, 20), 240U);
+    std::filesystem::rename(folder / "small.off", folder / "small.map");
+    EXPECT_NE(draw("b.png"), pixelsBefore);
 }
 
 }}  // namespace korvel
