@@ -65,8 +65,10 @@ struct CockpitData {
     std::optional<int> targetAltitudeFt;  ///< wanted at the end of the descent path; on an approach
                                           ///< the glide path's here
     std::optional<int> pathAltitudeFt;    ///< of the descent path at the active waypoint
-    bool directLeg = false;               ///< direct-to or a course to a point, not the plan's
-    double fullScaleNm = 5.0;             ///< cross-track at the HSI's outermost mark
+    /// To be at pathAltitudeFt when the waypoint is reached at this speed; up positive.
+    std::optional<int> requiredVerticalSpeedFpm;
+    bool directLeg = false;    ///< direct-to or a course to a point, not the plan's
+    double fullScaleNm = 5.0;  ///< cross-track at the HSI's outermost mark
 
     /// While a runway is approached the leg's values above lead to it.
     std::optional<ApproachView> approach;

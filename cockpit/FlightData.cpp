@@ -3,6 +3,7 @@
 #include "cockpit/CockpitData.h"
 #include "cockpit/Flight.h"
 #include "cockpit/SentinelValues.h"
+#include "geo/Geodesy.h"
 
 namespace korvel {
 namespace {
@@ -18,6 +19,19 @@ void fillSimulated(CockpitData& data, const ActiveNavigation::Aircraft& present,
     data.trackMagDeg = known(present.trackMag, kNoAngle);
     data.trackTrueDeg = known(variation.MagneticToTrue(present.trackMag), kNoAngle);
     data.altitudeFt = present.altitudeFt;
+}
+
+/// Nothing while nearly standing, and in the last moments, when a foot more would be a dive.
+std::optional<int> requiredVerticalSpeed(const CockpitData& data) {
+    constexpr double kSlowestKt = 30;
+    constexpr double kShortestMinutes = 0.1;
+    if (!data.pathAltitudeFt || !data.altitudeFt || !data.distanceNm || !data.groundSpeedKt ||
+        *data.groundSpeedKt < kSlowestKt)
+        return std::nullopt;
+    const double minutes = *data.distanceNm / *data.groundSpeedKt * 60;
+    if (minutes < kShortestMinutes)
+        return std::nullopt;
+    return RoundToInt((*data.pathAltitudeFt - *data.altitudeFt) / minutes);
 }
 
 void fillLeg(CockpitData& data, const ActiveNavigation& navigation, const Variation& variation) {
@@ -59,6 +73,8 @@ void fillFlightData(CockpitData& data, const Flight& flight, const Variation& va
     data.verticalSpeedFpm = flight.verticalSpeedFpm();
     fillLeg(data, flight.navigation(), variation);
     flight.approach().collect(data, variation);
+    if (!data.approach)
+        data.requiredVerticalSpeedFpm = requiredVerticalSpeed(data);
 }
 
 }  // namespace korvel

@@ -109,18 +109,25 @@ NavFieldText altitude(const CockpitData& data) {
     return text;
 }
 
-NavFieldText verticalSpeed(const CockpitData& data) {
-    if (!data.verticalSpeedFpm)
+NavFieldText verticalSpeedIn(const CockpitData& data, std::optional<int> fpm) {
+    if (!fpm)
         return absent();
-    const int fpm = *data.verticalSpeedFpm;
     const bool metric = data.altUnit == 1;
-    std::string number = metric ? formatFixed(fpm * kMetresPerSecondPerFpm, 1)
-                                : formatInt(RoundToInt(fpm / 10.0) * 10LL);
+    std::string number = metric ? formatFixed(*fpm * kMetresPerSecondPerFpm, 1)
+                                : formatInt(RoundToInt(*fpm / 10.0) * 10LL);
     if (number == "-0.0")
         number = "0.0";
-    if (fpm > 0 && number != "0" && number != "0.0")
+    if (*fpm > 0 && number != "0" && number != "0.0")
         number.insert(0, "+");
     return {number, metric ? "m/s" : "fpm", ""};
+}
+
+NavFieldText verticalSpeed(const CockpitData& data) {
+    return verticalSpeedIn(data, data.verticalSpeedFpm);
+}
+
+NavFieldText requiredVerticalSpeed(const CockpitData& data) {
+    return verticalSpeedIn(data, data.requiredVerticalSpeedFpm);
 }
 
 // The letter says on which side of the course the aircraft is.
@@ -239,6 +246,8 @@ constexpr std::array kFields{
     NavField{NavFieldId::Waypoint, kInstrumentTexts.waypoint, "WWWWW", 1, waypoint},
     NavField{NavFieldId::TargetAltitude, kInstrumentTexts.targetAltitude, "88888", 1,
              targetAltitude},
+    NavField{NavFieldId::RequiredVerticalSpeed, kInstrumentTexts.requiredVerticalSpeed, "+8888", 1,
+             requiredVerticalSpeed},
     NavField{NavFieldId::OffCourse, kInstrumentTexts.offCourse, "R88", 1, offCourse},
     NavField{NavFieldId::NearestAirport, kInstrumentTexts.nearestAirport, "888° 88.8 nm", 2,
              nearestAirport},

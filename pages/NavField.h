@@ -25,6 +25,7 @@ enum class NavFieldId : std::uint8_t {
     Eta,
     Waypoint,
     TargetAltitude,
+    RequiredVerticalSpeed,
     OffCourse,
     NearestAirport,
     PlanDistance,

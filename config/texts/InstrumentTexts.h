@@ -29,6 +29,7 @@ struct InstrumentTexts {
     Text utc{62019, "UTC"};
     Text flightTime{62020, "FLT TIME"};
     Text satellites{62021, "SAT"};
+    Text requiredVerticalSpeed{62023, "VS REQ"};
     Text trackMagnetic{62022, "TRK °M"};
     Text total{62030, "TOTAL"};
     Text ete{62031, "ETE"};

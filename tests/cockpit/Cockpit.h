@@ -38,6 +38,7 @@ inline CockpitData navigating() {
     data.offCourseDeg = 2.1;
     data.targetAltitudeFt = 3500;
     data.verticalSpeedFpm = 447;
+    data.requiredVerticalSpeedFpm = -523;
     data.variationDeg = -3.26;
     data.utcSecondOfDay = 12 * 3600 + 5 * 60 + 7;
     data.flightTimeSec = 3725;

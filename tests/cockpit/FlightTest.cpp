@@ -71,6 +71,21 @@ TEST_F(FlightTest, TheSimulatedFlightTellsTrueFromMagnetic) {
     EXPECT_NEAR(std::remainder(*data.desiredTrackTrueDeg - *data.desiredTrackMagDeg, 360), 5, 1e-9);
 }
 
+TEST_F(FlightTest, TellsHowFastToClimbToBeOnThePathAtTheWaypoint) {
+    for (const auto& [speedKt, lat, expected] : {std::tuple{120.0, 47.3, std::optional(-500)}, {60.0, 47.3, std::optional(-250)},
+             {29.0, 47.3, std::nullopt}, {120.0, 47.398, std::nullopt}}) {
+        flight_.startSimulator({.position = at(lat, 10), .headingMag = 0, .speedKt = speedKt, .altitudeFt = 4500});
+        tick();
+        ASSERT_EQ(flight_.plan().enterRoute("XA XB@30"), "");
+        tick();
+        const CockpitData data = tick();
+        ASSERT_EQ(data.pathAltitudeFt, 3000);
+        ASSERT_EQ(data.requiredVerticalSpeedFpm.has_value(), expected.has_value()) << speedKt << ' ' << lat;
+        EXPECT_NEAR(data.requiredVerticalSpeedFpm.value_or(0), expected.value_or(0), 3);
+        flight_.plan().clear();
+    }
+}
+
 TEST_F(FlightTest, TheTrackIsBackAtTheTimeOfDayAfterAFastSimulation) {
     settings_.tracking = true;
     flight_.startSimulator({.position = at(47, 10), .headingMag = 90, .speedKt = 120});
