@@ -17,6 +17,7 @@
 #include "navdb/search/PlaceRows.h"
 #include "navdb/search/PlaceSearch.h"
 #include "navdb/search/PrefixSearch.h"
+#include "navdb/search/TownSearch.h"
 #include "navdb/user/UserRecordStore.h"
 
 namespace korvel {
@@ -28,13 +29,6 @@ constexpr double kFartherThanAnything = 2147483647.0;
 constexpr double kNavaidPreferenceNm = 25.0;
 constexpr std::size_t kMostNamesLookedThrough = 400;
 constexpr double kNamesLookedThroughNm = 150;
-constexpr std::size_t kMostTowns = 6;
-constexpr std::size_t kMostAroundTown = 200;
-constexpr std::size_t kMostOfTown = 3;
-constexpr std::size_t kMostOfCity = 6;
-constexpr double kNmPerDegree = 60;
-constexpr double kTownNm = 10;
-constexpr double kCityNm = 25;
 
 double distanceTo(GeoPoint from, GeoPoint to) {
     return GreatCircleDistance(from.lat, from.lon, to.lat, to.lon);
@@ -351,8 +345,8 @@ std::vector<NamedPlace> NavDatabase::placesByName(std::string_view text, KindMas
     std::vector<NamedPlace> places = findPlacesByName(sources(), words, kinds, near, limit);
     if (near)
         addUnindexedNames(words, kinds, *near, places);
-    if ((kinds & kAirportKind) != 0)
-        addByTowns(words, near, places);
+    if (towns_ && (kinds & kAirportKind) != 0)
+        addAirportsOfTowns(sources(), *towns_, words, near, places);
     std::ranges::stable_sort(places, {}, &NamedPlace::distanceNm);
     places.resize(std::min(places.size(), limit));
     return places;
@@ -371,50 +365,6 @@ void NavDatabase::addUnindexedNames(std::span<const std::string> words, KindMask
         const auto record = recordAt(around.place.match);
         if (record && hasWords(record->GetName(), words))
             places.push_back({.place = around.place, .town = {}, .distanceNm = around.distanceNm});
-    }
-}
-
-std::vector<NearPlace> NavDatabase::airportsOf(const NamedTown& town) const {
-    constexpr unsigned kNotForAll = kAirportHeliport | kAirportPrivate | kAirportSeaplaneBase;
-    const double reachNm = town.isCity ? kCityNm : kTownNm;
-    const double lat = town.position.lat * kRadToDeg;
-    const double lon = town.position.lon * kRadToDeg;
-    const double high = reachNm / kNmPerDegree;
-    const double wide = high / std::max(std::cos(town.position.lat), 0.1);
-    std::vector<Place> around;
-    placesIn({.south = lat - high, .west = lon - wide, .north = lat + high, .east = lon + wide},
-             kAirportKind, kMostAroundTown, around,
-             [](const Place& place) { return (place.flags & kNotForAll) == 0; });
-    std::vector<NearPlace> airports;
-    airports.reserve(around.size());
-    for (const Place& place : around)
-        airports.push_back(
-            {.place = place, .distanceNm = DistanceNm(town.position, place.position)});
-    // Those with a tower and a hard runway first: whoever looks by a town means its airport.
-    std::ranges::stable_sort(airports, {}, [](const NearPlace& near) {
-        constexpr unsigned kLarge = kAirportTower | kAirportHardSurface;
-        return std::pair((near.place.flags & kLarge) != kLarge, near.distanceNm);
-    });
-    airports.resize(std::min(airports.size(), town.isCity ? kMostOfCity : kMostOfTown));
-    return airports;
-}
-
-void NavDatabase::addByTowns(std::span<const std::string> words, std::optional<GeoPoint> near,
-                             std::vector<NamedPlace>& places) const {
-    if (!towns_)
-        return;
-    for (const NamedTown& town : findTowns(*towns_, words, near, kMostTowns)) {
-        for (const NearPlace& airport : airportsOf(town)) {
-            const Place& place = airport.place;
-            const bool isThere = std::ranges::any_of(places, [&place](const NamedPlace& each) {
-                return each.place.kind == place.kind && each.place.ident == place.ident &&
-                       SamePoint(each.place.position, place.position);
-            });
-            if (!isThere)
-                places.push_back({.place = place,
-                                  .town = town.name,
-                                  .distanceNm = near ? DistanceNm(*near, place.position) : 0.0});
-        }
     }
 }
 

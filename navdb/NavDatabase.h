@@ -22,7 +22,6 @@ class DatabaseFile;
 class UserRecordStore;
 struct ExcludedPlace;
 struct NamedPlace;
-struct NamedTown;
 struct PlaceSources;
 
 /// All places that the navigator knows: the rows of the open database files and, behind them as
@@ -135,10 +134,6 @@ class NavDatabase {
     void searchUserRecords(std::string_view ident, Search& search) const;
     [[nodiscard]] std::unique_ptr<DatabaseRecord> recordAt(const RowMatch& match) const;
     void noteMatch(const DatabaseRecord* record);
-    /// The few airports of a town that a traveller would look for.
-    [[nodiscard]] std::vector<NearPlace> airportsOf(const NamedTown& town) const;
-    void addByTowns(std::span<const std::string> words, std::optional<GeoPoint> near,
-                    std::vector<NamedPlace>& places) const;
     void addUnindexedNames(std::span<const std::string> words, KindMask kinds, GeoPoint near,
                            std::vector<NamedPlace>& places) const;
     std::unique_ptr<DatabaseRecord> findAirport(std::string_view ident,

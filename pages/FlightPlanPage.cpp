@@ -16,6 +16,7 @@
 #include "pages/NavField.h"
 #include "pages/PlanFigures.h"
 #include "paint/MapColorCache.h"
+#include "paint/TextLine.h"
 #include "paint/TypeSizes.h"
 
 namespace korvel {
@@ -166,17 +167,9 @@ class FlightPlanPainter {
 
     [[nodiscard]] double namesBegin() const { return textPx_ * 2.2; }
 
-    /// As much of the text as fits, with dots for the rest.
-    [[nodiscard]] std::string fitting(std::string whole, const Font& font, double width) const {
-        if (canvas_.textMeasure().measure(whole, font).width <= width)
-            return whole;
-        while (!whole.empty() && canvas_.textMeasure().measure(whole + "…", font).width > width) {
-            // Never between the bytes of a letter.
-            do
-                whole.pop_back();
-            while (!whole.empty() && (static_cast<unsigned char>(whole.back()) & 0x80U) != 0);
-        }
-        return whole.empty() ? whole : whole + "…";
+    [[nodiscard]] std::string fitting(const std::string& whole, const Font& font,
+                                      double width) const {
+        return fittingText(canvas_.textMeasure(), whole, font, width);
     }
 
     void row(std::size_t index, const PlanFigures& figures) {

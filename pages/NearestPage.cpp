@@ -13,6 +13,7 @@
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "paint/MapColorCache.h"
+#include "paint/TextLine.h"
 #include "paint/TypeSizes.h"
 
 namespace korvel {
@@ -161,12 +162,10 @@ class NearestPainter {
     }
 
     void left(std::string_view words, double x, double y, const Font& font, ColorValue color) {
-        canvas_.text({x, y}, words, {.font = font, .color = color, .alignY = AlignY::Middle});
+        writeFrom(canvas_, {x, y}, words, font, color);
     }
     void right(std::string_view words, double x, double y, const Font& font, ColorValue color) {
-        canvas_.text(
-            {x, y}, words,
-            {.font = font, .color = color, .alignX = AlignX::Right, .alignY = AlignY::Middle});
+        writeUpTo(canvas_, {x, y}, words, font, color);
     }
 
     Canvas& canvas_;

@@ -34,6 +34,15 @@ TileCorner tileOf(GeoPoint point) {
     return {std::clamp(south, -90, 89), std::clamp(west, -180, 179)};
 }
 
+std::vector<TileCorner> tilesIn(double south, double west, double north, double east) {
+    std::vector<TileCorner> corners;
+    const int last = std::min(static_cast<int>(std::floor(north)), 89);
+    for (int row = std::max(static_cast<int>(std::floor(south)), -90); row <= last; ++row)
+        for (int column = static_cast<int>(std::floor(west)); column <= east; ++column)
+            corners.push_back({row, ((column + 180) % 360 + 360) % 360 - 180});
+    return corners;
+}
+
 std::optional<TileCorner> tileOfName(std::string_view name) {
     if (name.size() < kNameLength || !isDigits(name.substr(1, 2)) || !isDigits(name.substr(4, 3)))
         return std::nullopt;

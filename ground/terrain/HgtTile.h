@@ -22,6 +22,8 @@ struct TileCorner {
 
 /// The tile that a point lies in; what lies on its edge belongs to the one north or east of it.
 TileCorner tileOf(GeoPoint point);
+/// The tiles that a box of degrees touches, eastwards from its west, which may lie beyond 180.
+std::vector<TileCorner> tilesIn(double south, double west, double north, double east);
 /// Of a file's name, "N47E008.SRTMGL1.hgt.zip" in letters of either size; nothing for other names.
 std::optional<TileCorner> tileOfName(std::string_view name);
 /// "N47E008".

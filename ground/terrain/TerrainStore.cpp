@@ -88,13 +88,7 @@ TerrainStore::Tile TerrainStore::tile(TileCorner corner) const {
 
 std::vector<TileCorner> TerrainStore::around(GeoPoint point, double withinNm) {
     const DegreeBox box(point, withinNm);
-    std::vector<TileCorner> corners;
-    const int north = std::min(static_cast<int>(std::floor(box.north)), 89);
-    for (int south = std::max(static_cast<int>(std::floor(box.south)), -90); south <= north;
-         ++south)
-        for (int west = static_cast<int>(std::floor(box.west)); west <= box.east; ++west)
-            corners.push_back({south, ((west + 180) % 360 + 360) % 360 - 180});
-    return corners;
+    return tilesIn(box.south, box.west, box.north, box.east);
 }
 
 std::optional<double> TerrainStore::highestFt(GeoPoint point, double withinNm) const {

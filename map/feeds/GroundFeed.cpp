@@ -58,8 +58,10 @@ bool GroundFeed::updateTerrain(const FeedRequest& request) {
     const Rect area = GroundPicture::areaFor(request.view);
     const GroundGrid grid(request.view.projection, {area.x, area.y}, 1);
     std::vector<TileCorner> corners;
-    if (near && grid.isFlat())
-        corners = tilesIn(grid.box(area.width, area.height));
+    if (near && grid.isFlat()) {
+        const GroundGrid::Box box = grid.box(area.width, area.height);
+        corners = tilesIn(box.south, box.west, box.north, box.east);
+    }
     const bool relative = request.settings.altMode == kRelative;
     const bool otherBands = updateBands(request);
     if (relative && !near)

@@ -66,14 +66,4 @@ TerrainField readTerrain(const TerrainStore& terrain, const GroundGrid& grid,
     return field;
 }
 
-std::vector<TileCorner> tilesIn(const GroundGrid::Box& box) {
-    std::vector<TileCorner> corners;
-    const int north = std::min(static_cast<int>(std::floor(box.north)), 89);
-    for (int south = std::max(static_cast<int>(std::floor(box.south)), -90); south <= north;
-         ++south)
-        for (int west = static_cast<int>(std::floor(box.west)); west <= box.east; ++west)
-            corners.push_back({south, ((west + 180) % 360 + 360) % 360 - 180});
-    return corners;
-}
-
 }  // namespace korvel

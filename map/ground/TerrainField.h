@@ -21,7 +21,4 @@ struct TerrainField {
 TerrainField readTerrain(const TerrainStore& terrain, const GroundGrid& grid,
                          const ReliefPatch& relief, HeightGrid& heights);
 
-/// The tiles that a box of degrees touches, eastwards from its west.
-std::vector<TileCorner> tilesIn(const GroundGrid::Box& box);
-
 }  // namespace korvel

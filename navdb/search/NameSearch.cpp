@@ -14,7 +14,6 @@ namespace korvel {
 namespace {
 
 constexpr std::size_t kMostRows = 20000;  // of one word in one file
-constexpr std::int32_t kCitySize = 1;
 
 /// A row of an index of names. Its texts are read when it is near enough to be shown.
 struct Hit {
@@ -172,41 +171,6 @@ std::vector<NamedPlace> findPlacesByName(const PlaceSources& sources,
     std::ranges::stable_sort(places, {}, &NamedPlace::distanceNm);
     places.resize(std::min(places.size(), limit));
     return places;
-}
-
-std::vector<NamedTown> findTowns(const DatabaseFile& file, std::span<const std::string> words,
-                                 std::optional<GeoPoint> near, std::size_t limit) {
-    const IndexEntry* const index = file.index("TwnKey");
-    const FieldEntry* const order = index != nullptr ? orderingField(*index) : nullptr;
-    if (order == nullptr || words.empty())
-        return {};
-    const FieldEntry* const name = index->table->field(packName("NAME"));
-    const FieldEntry* const size = index->table->field(packName("SIZE"));
-    const PlaceFields fields(*index->table);
-    const auto rows = file.rows();
-    std::string text;
-    std::vector<std::pair<double, NamedTown>> ranked;
-    const std::uint32_t first = rows->firstNotBelow(*index, *order, words.front());
-    for (std::uint32_t row = first; row - first < kMostRows && row < index->rowCount(); ++row) {
-        if (!rows->load(*index, row))
-            break;
-        rows->text(order, text);
-        if (!text.starts_with(words.front()))
-            break;
-        rows->text(name, text);
-        NamedTown town{.name = text,
-                       .position = positionOfRow(*rows, fields),
-                       .isCity = rows->word(size).value_or(0) == kCitySize};
-        if (!IsValid(town.position) || (words.size() > 1 && !hasWords(text, words)))
-            continue;
-        const double rank = near ? DistanceNm(*near, town.position) : (town.isCity ? 0.0 : 1.0);
-        ranked.emplace_back(rank, std::move(town));
-    }
-    std::ranges::stable_sort(ranked, {}, &std::pair<double, NamedTown>::first);
-    std::vector<NamedTown> towns;
-    for (std::size_t i = 0; i < std::min(ranked.size(), limit); ++i)
-        towns.push_back(std::move(ranked[i].second));
-    return towns;
 }
 
 }  // namespace korvel

@@ -23,16 +23,4 @@ std::vector<NamedPlace> findPlacesByName(const PlaceSources& sources,
                                          std::span<const std::string> words, KindMask kinds,
                                          std::optional<GeoPoint> near, std::size_t limit);
 
-/// A town of such a file; the base map has others.
-struct NamedTown {
-    std::string name;
-    GeoPoint position;
-    bool isCity = false;
-};
-
-/// The first `limit` towns of a file of towns in whose names words begin with each of `words`: the
-/// nearest first or, without a reference position, cities first.
-std::vector<NamedTown> findTowns(const DatabaseFile& file, std::span<const std::string> words,
-                                 std::optional<GeoPoint> near, std::size_t limit);
-
 }  // namespace korvel

@@ -5,7 +5,7 @@
 #include "cockpit/Cockpit.h"
 #include "config/texts/GroundTexts.h"
 #include "navdb/records/AirportRecord.h"
-#include "pages/AirportPicture.h"
+#include "pages/AirportLayout.h"
 #include "pages/AirspacePage.h"
 #include "pages/NearestPage.h"
 #include "paint/ColorScheme.h"

@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Utf8.h"
 #include "paint/AreaCanvas.h"
 #include "paint/B612Metrics.h"
 #include "paint/RecordingCanvas.h"
 #include "paint/SvgCanvas.h"
 #include "paint/TextBox.h"
+#include "paint/TextLine.h"
 
 namespace korvel { namespace {
 
@@ -124,6 +126,22 @@ TEST(AreaCanvas, MovesEverythingIntoItsArea) {
     for (const RecordingCanvas::Element& element : whole.elements())
         EXPECT_EQ(element.points.front(), (Point{50, 20})) << static_cast<int>(element.kind);
     EXPECT_EQ(whole.elements()[3].points[2], (Point{51, 21}));
+}
+
+TEST(TextLine, ATextIsCutBetweenLettersOfAnyLanguage) {
+    const RecordingCanvas canvas(100, 100);
+    const TextMeasure& texts = canvas.textMeasure();
+    const Font font{.height = 20};
+    for (const std::string whole : {"Augsburg", "Αθήνα", "ÄÖÜÄÖÜ", "東京国際空港"}) {
+        EXPECT_EQ(fittingText(texts, whole, font, 1000), whole);
+        EXPECT_EQ(fittingText(texts, whole, font, 1), "");
+        const double room = texts.measure(whole, font).width * 0.8;
+        const std::string cut = fittingText(texts, whole, font, room);
+        ASSERT_TRUE(cut.ends_with("…")) << whole;
+        const std::string kept = cut.substr(0, cut.size() - 3);
+        EXPECT_TRUE(isUtf8(kept) && whole.starts_with(kept) && kept.size() >= 2) << cut;
+        EXPECT_LE(texts.measure(cut, font).width, room);
+    }
 }
 
 }}  // namespace korvel
