@@ -117,9 +117,21 @@ std::optional<std::string> ActivePlan::recover(const std::filesystem::path& path
 }
 
 std::string ActivePlan::routeLine() const {
+    std::string typed = typedLine();
+    return typed.empty() ? korvel::routeLine(entries(), database_, present_) : typed;
+}
+
+void ActivePlan::recallLine(const std::string& line) {
     const PlanEntries plan = entries();
-    std::string typed = typed_.lineOf(plan);
-    return typed.empty() ? korvel::routeLine(plan, database_, present_) : typed;
+    if (line.empty() || plan.empty())
+        return;
+    RouteEntry entry(database_, fixes_, plan.front().record->position, icaoPrefix_);
+    const RouteResult result = entry.EnterRoute(line, true);
+    const auto same = [](const PlanWaypoint& a, const PlanWaypoint& b) {
+        return a.record->key == b.record->key && a.altitudeFt == b.altitudeFt;
+    };
+    if (result.error.empty() && std::ranges::equal(result.entries, plan, same))
+        typed_.remember(line, plan);
 }
 
 std::string ActivePlan::enterRoute(std::string_view line, std::optional<GeoPoint> start) {

@@ -61,6 +61,10 @@ class ActivePlan {
                                          std::optional<GeoPoint> start = std::nullopt);
     /// The line that the plan was entered by, airways included; else one that would give it.
     [[nodiscard]] std::string routeLine() const;
+    /// The line that the plan was entered by; empty when nobody entered it so.
+    [[nodiscard]] std::string typedLine() const { return typed_.lineOf(entries()); }
+    /// An earlier run's plan was entered by this line; nothing to one that gives another plan.
+    void recallLine(const std::string& line);
     /// Puts edited entries in force; none of them is no plan. What is flown to stays so if it can.
     void replace(std::vector<PlanWaypoint> entries);
     /// Puts another plan in force, which no file of the pilot's holds.

@@ -18,6 +18,7 @@ namespace {
 
 constexpr std::string_view kPlanKey = "OpenPlan";
 constexpr std::string_view kDirectKey = "DirectTo";
+constexpr std::string_view kRouteKey = "OpenRoute";
 
 /// A direct-to as the profile holds it: key, name, and the numbers below, all of them apart by '|'.
 /// Angles and positions in degrees, altitudes in feet.
@@ -105,6 +106,8 @@ FlightMemory::Resumed FlightMemory::begin(const std::filesystem::path& unsaved, 
     }
     if (wanted && !resumed.plan && !file.empty())
         resumePlan(resumed, file);
+    if (resumed.plan)
+        plan.recallLine(unescaped(profile_.getString(kOptionsSection, kRouteKey, "")));
     resumed.direct = wanted && resumeDirect(direct);
     keeps_ = true;
     return resumed;
@@ -156,12 +159,16 @@ void FlightMemory::keep() {
     } else if (file.empty()) {
         profile_.setString(kOptionsSection, kPlanKey, "", true);
     }
+    if (std::exchange(keptRevision_, flight_.plan().revision()) != keptRevision_)
+        profile_.setString(kOptionsSection, kRouteKey, escaped(flight_.plan().typedLine()), true);
     profile_.setString(kOptionsSection, kDirectKey, directText(flight_.navigation()), true);
 }
 
 void FlightMemory::forget() {
     keeps_ = false;
     keptFile_.clear();
+    keptRevision_.reset();
+    profile_.setString(kOptionsSection, kRouteKey, "", true);
     profile_.setString(kOptionsSection, kPlanKey, "", true);
     profile_.setString(kOptionsSection, kDirectKey, "", true);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,8 +12,9 @@ class Flight;
 class NavDatabase;
 class ProfileFile;
 
-/// What a program that was killed goes on with: the plan's file and the direct-to, kept in the
-/// profile while they are in force. An orderly end forgets them. Main thread only.
+/// What a program that was killed goes on with: the plan's file, the line that it was entered
+/// by and the direct-to, kept in the profile while they are in force. An orderly end forgets them.
+/// Main thread only.
 class FlightMemory {
  public:
     /// All of it must outlive this.
@@ -46,6 +49,7 @@ class FlightMemory {
     NavDatabase& database_;
     bool keeps_ = false;
     std::filesystem::path keptFile_;
+    std::optional<std::uint64_t> keptRevision_;  ///< of the plan whose line is kept
 };
 
 }  // namespace korvel

@@ -36,7 +36,7 @@ class PlanSafetyTest : public testing::Test {
     /// On the leg from XB to XC.
     void flyPlan() {
         flyTo(46.9);
-        ASSERT_EQ(plan_.enterRoute("XA XB XC XD"), "");
+        ASSERT_EQ(plan_.enterRoute(kLine), "");
         for (const double lat : {46.9, 47.0, 47.5, 48.0, 48.3}) flyTo(lat);
         ASSERT_EQ(flown(), "f.XC");
     }
@@ -47,6 +47,8 @@ class PlanSafetyTest : public testing::Test {
         for (const PlanWaypoint& entry : plan_.entries()) list += entry.record->key.substr(2);
         return list;
     }
+
+    static constexpr std::string_view kLine = "XA  XB XC XD";
 
     TempFolder folder_;
     VirtualClock clock_{{.year = 2026, .month = 5, .day = 1, .hour = 12}};
@@ -200,6 +202,7 @@ TEST_F(PlanSafetyTest, AKilledProgramGoesOnWithPlanAndDirectTo) {
             EXPECT_TRUE(resumed.plan && resumed.direct && !resumed.unsaved && resumed.error.empty()) << resumed.error;
             EXPECT_EQ(flight.plan().file(), folder_ / "; trip.fp");
             EXPECT_FALSE(flight.plan().changed());
+            EXPECT_EQ(flight.plan().routeLine(), kLine) << "as it was typed";
             const NavigationState now = flight.navigation().state();
             EXPECT_EQ(now.activeKey, "f.XD");
             EXPECT_EQ(now.activeName, was.activeName);
@@ -219,6 +222,7 @@ TEST_F(PlanSafetyTest, AKilledProgramGoesOnWithPlanAndDirectTo) {
     folder_.write("unsaved-plan.fp", "f.XD\r\nf.XA\r\n");
     next([&](Flight& flight, const FlightMemory::Resumed& resumed) {
         EXPECT_TRUE(resumed.plan && resumed.unsaved && resumed.direct);
+        EXPECT_EQ(flight.plan().typedLine(), "") << "nobody typed this plan";
         EXPECT_EQ(flight.plan().entries().size(), 2U);
         EXPECT_TRUE(flight.plan().changed());
         EXPECT_EQ(flight.plan().file(), folder_ / "; trip.fp");
