@@ -8,6 +8,7 @@
 
 #include "compiler/sources/XPlaneFolder.h"
 #include "config/texts/ChartTexts.h"
+#include "platform/FileDate.h"
 #include "platform/ThreadPriority.h"
 #include "platform/Threading.h"
 
@@ -25,31 +26,21 @@ int ymdOf(std::chrono::sys_days day) {
                             static_cast<unsigned>(date.day()));
 }
 
-/// Of a file, or the oldest one in a folder: when it was downloaded or, unpacked, when it was made.
+/// Of a file, or the oldest one in a folder.
 std::optional<std::chrono::sys_days> dateOf(const fs::path& download) {
-    std::optional<fs::file_time_type> oldest;
-    const auto see = [&](const fs::path& path) {
-        std::error_code error;
-        const auto time = fs::last_write_time(path, error);
-        if (!error)
-            oldest = oldest ? std::min(*oldest, time) : time;
-    };
     std::error_code error;
     if (!fs::is_directory(download, error))
-        see(download);
+        return fileDate(download);
+    std::optional<std::chrono::sys_days> oldest;
     for (fs::directory_iterator each(download, error), end; !error && each != end;
          each.increment(error)) {
         std::error_code unknown;
-        if (each->is_regular_file(unknown))
-            see(each->path());
+        if (!each->is_regular_file(unknown))
+            continue;
+        if (const auto date = fileDate(each->path()))
+            oldest = oldest ? std::min(*oldest, *date) : *date;
     }
-    if (!oldest)
-        return std::nullopt;
-    // The file clock's zero is the library's own affair: by the distance from now.
-    const auto age = fs::file_time_type::clock::now() - *oldest;
-    const auto time = std::chrono::system_clock::now() -
-                      std::chrono::duration_cast<std::chrono::system_clock::duration>(age);
-    return std::chrono::floor<std::chrono::days>(time);
+    return oldest;
 }
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include "config/texts/CommandTexts.h"
 #include "config/texts/FileTexts.h"
 #include "config/texts/FlightTexts.h"
+#include "platform/Folders.h"
 #include "platform/PathText.h"
 #include "window/AppIcon.h"
 #include "window/QtPath.h"
@@ -43,6 +44,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
       places_(*this, parts.labels, parts.scheme),
       databases_(*this),
       charts_(*this),
+      ground_(*this),
       options_(*this),
       viewing_(*this),
       schemes_(*this, parts.scheme, parts.dataFiles),
@@ -86,6 +88,10 @@ void CMainFrame::listenToCommands() {
     help_.onSimulator = [this] { options_.simulate(true); };
     help_.onPlan = [this] { file_.choosePlan(); };
     charts_.onTake = [this] { databases_.load([](bool) {}); };
+    ground_.onOtherFiles = [this] {
+        document().ground().startOpening(dataFolders());
+        screen().databasesChanged();
+    };
     file_.onOtherFiles = [this] { databases_.load([](bool) {}); };
 }
 
@@ -120,6 +126,7 @@ void CMainFrame::addCommands() {
     file_.addTo(file);
     databases_.addToFile(file);
     charts_.addTo(file);
+    ground_.addTo(file);
     addCommand(file, kCommandTexts.commandQuit, {QKeySequence(Qt::CTRL | Qt::Key_Q)},
                [this] { close(); });
     viewing_.addTo(*menuBar()->addMenu(toQString(kCommandTexts.menuView)));

@@ -14,6 +14,7 @@
 #include "window/commands/CommandHost.h"
 #include "window/commands/DatabaseCommands.h"
 #include "window/commands/FileCommands.h"
+#include "window/commands/GroundCommands.h"
 #include "window/commands/HelpCommands.h"
 #include "window/commands/NavigateCommands.h"
 #include "window/commands/OptionCommands.h"
@@ -110,6 +111,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     PlaceCommands places_;
     DatabaseCommands databases_;
     ChartCommands charts_;
+    GroundCommands ground_;
     OptionCommands options_;
     ViewCommands viewing_;
     SchemeCommands schemes_;

@@ -26,6 +26,25 @@ struct GroundTexts {
     Text noAirspaces{66348, "No airspaces are loaded: put OpenAir files into the documents folder"};
     Text noAirspaceNear{66349, "No airspace is near"};
     Text inSeconds{66350, "in %d s"};
+    Text commandImport{66510, "Import &Ground Files..."};
+    Text importTitle{66511, "Ground Files"};
+    Text importFilter{66512,
+                      "Maps, heights, airspaces, obstacles (*.map *.hgt *.zip *.gz *.txt *.air "
+                      "*.openair *.csv *.dat);;All files (*)"};
+    Text importing{66513, "Looking through %s"};  ///< %s: file
+    Text baseMap{66514, "base map of the Earth"};
+    Text heights{66515, "heights, %d × %d posts"};
+    Text airspaceCount{66516, "%d airspaces"};
+    Text obstacleCount{66517, "%d obstacles"};
+    Text boxFromTo{66518, "%s to %s"};  ///< %s: south-west and north-east corner
+    Text dataOf{66519, "data of %s"};   ///< %s: date
+    Text fileOf{66520, "file of %s"};   ///< %s: date
+    Text rowsLeftOut{66521, "faulty, left out: %d (the load report tells which)"};
+    Text replaced{66522, "takes the place of a file of that name"};
+    Text fileLeftOut{66523, "%s\n  NOT TAKEN: %s"};  ///< %s: file, why
+    Text unknownFile{66524, "no kind of ground file that is known here"};
+    Text tooLarge{66525, "too large"};
+    Text notReached{66526, "Stopped: %d files were not looked at."};
 };
 
 inline constexpr GroundTexts kGroundTexts{};

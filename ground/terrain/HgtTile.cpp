@@ -12,6 +12,7 @@
 namespace korvel {
 namespace {
 
+constexpr std::array<std::string_view, 3> kEndings{".hgt", ".hgt.zip", ".hgt.gz"};
 constexpr std::array kSides{1201, 3601};
 constexpr std::size_t kBytesPerPost = 2;
 constexpr std::size_t bytesOf(int side) {
@@ -44,6 +45,10 @@ std::vector<TileCorner> tilesIn(double south, double west, double north, double 
 }
 
 std::optional<TileCorner> tileOfName(std::string_view name) {
+    if (std::ranges::none_of(kEndings, [name](std::string_view ending) {
+            return endsWithIgnoringCase(name, ending);
+        }))
+        return std::nullopt;
     if (name.size() < kNameLength || !isDigits(name.substr(1, 2)) || !isDigits(name.substr(4, 3)))
         return std::nullopt;
     const char northOrSouth = upperAscii(name[0]);

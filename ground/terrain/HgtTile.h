@@ -24,7 +24,8 @@ struct TileCorner {
 TileCorner tileOf(GeoPoint point);
 /// The tiles that a box of degrees touches, eastwards from its west, which may lie beyond 180.
 std::vector<TileCorner> tilesIn(double south, double west, double north, double east);
-/// Of a file's name, "N47E008.SRTMGL1.hgt.zip" in letters of either size; nothing for other names.
+/// Of a file's name, "N47E008.SRTMGL1.hgt.zip", ".hgt.gz" or ".hgt" in letters of either size;
+/// nothing for other names.
 std::optional<TileCorner> tileOfName(std::string_view name);
 /// "N47E008".
 std::string nameOfTile(TileCorner corner);

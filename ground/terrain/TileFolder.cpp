@@ -1,10 +1,8 @@
 #include "ground/terrain/TileFolder.h"
 
 #include <algorithm>
-#include <array>
 #include <system_error>
 
-#include "base/Ascii.h"
 #include "platform/FileIo.h"
 #include "platform/PathText.h"
 
@@ -13,12 +11,6 @@ namespace {
 
 /// More than the largest tile, packed or not.
 constexpr std::size_t kLargestFile = 64U << 20U;
-
-bool isTileName(std::string_view name) {
-    return std::ranges::any_of(
-        std::array{".hgt", ".hgt.zip", ".hgt.gz"},
-        [name](std::string_view ending) { return endsWithIgnoringCase(name, ending); });
-}
 
 }  // namespace
 
@@ -31,11 +23,9 @@ TileFolder::TileFolder(std::span<const std::filesystem::path> folders, FileSyste
              i.increment(error))
             found.push_back(i->path());
         std::ranges::sort(found);
-        for (const std::filesystem::path& file : found) {
-            const std::string name = textOf(file.filename());
-            if (const auto corner = tileOfName(name); corner && isTileName(name))
+        for (const std::filesystem::path& file : found)
+            if (const auto corner = tileOfName(textOf(file.filename())))
                 files_.try_emplace(*corner, file);
-        }
     }
 }
 

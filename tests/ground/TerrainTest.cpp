@@ -72,6 +72,7 @@ TEST(Terrain, NamesOfTilesInAllQuadrants) {
         {"N47E180.hgt", {}},
         {"N47X008.hgt", {}},
         {"47N008E", {}},
+        {"N47E008.jpg", {}},
         {"", {}},
     };
     for (const auto& one : cases) EXPECT_EQ(tileOfName(one.name), one.corner) << one.name;
