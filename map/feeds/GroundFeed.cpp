@@ -37,7 +37,8 @@ bool GroundFeed::update(const FeedRequest& request) {
     const GroundParts parts = GroundParts::from(request.settings);
     const bool otherParts = picture_->parts() != parts;
     picture_->showParts(parts);
-    const auto altitudes = altitudeWindow(request.data, request.settings.boundaryAltitude);
+    const auto altitudes =
+        altitudeWindow(request.data, request.settings.boundaryAltitude, picture_->altitudes());
     const bool otherAltitudes = picture_->altitudes() != altitudes;
     picture_->showAltitudes(altitudes);
     const bool otherTerrain = updateTerrain(request);

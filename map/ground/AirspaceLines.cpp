@@ -51,14 +51,18 @@ AirspaceLook lookOf(const Airspace& airspace, int rangeNm) {
             row->dashed};
 }
 
-std::optional<AltitudeWindow> altitudeWindow(const CockpitData& data, int withinFt) {
+std::optional<AltitudeWindow> altitudeWindow(const CockpitData& data, int withinFt,
+                                             const std::optional<AltitudeWindow>& former) {
     const std::optional<int> altitudeFt = data.seaAltitudeFt();
     if (!altitudeFt || withinFt <= 0)
         return std::nullopt;
-    // In steps, or a picture would be drawn anew with each foot.
-    constexpr int kStepFt = 200;
-    const int low = (*altitudeFt - withinFt) / kStepFt * kStepFt;
-    return AltitudeWindow{low, low + 2 * withinFt + kStepFt};
+    // With some slack, or a picture would be drawn anew with each foot, or back and forth at a step.
+    constexpr int kSlackFt = 100;
+    const AltitudeWindow wanted{*altitudeFt - withinFt, *altitudeFt + withinFt};
+    if (former && former->highFt - former->lowFt == 2 * (withinFt + kSlackFt) &&
+        former->lowFt <= wanted.lowFt && wanted.highFt <= former->highFt)
+        return former;
+    return AltitudeWindow{wanted.lowFt - kSlackFt, wanted.highFt + kSlackFt};
 }
 
 void forDashes(Segment edge, double scale, const std::function<void(Segment)>& take) {

@@ -29,9 +29,10 @@ struct AltitudeWindow {
     friend bool operator==(const AltitudeWindow&, const AltitudeWindow&) = default;
 };
 
-/// So many feet above and below the aircraft, in steps; nothing, which shows all, for 0 and while
-/// the altitude is not known.
-std::optional<AltitudeWindow> altitudeWindow(const CockpitData& data, int withinFt);
+/// So many feet above and below the aircraft and a little more: the former one for as long as that
+/// does. Nothing, which shows all, for 0 and while the altitude is not known.
+std::optional<AltitudeWindow> altitudeWindow(const CockpitData& data, int withinFt,
+                                             const std::optional<AltitudeWindow>& former);
 
 /// By its kind. Class E and the like, of which a country is full, show in the near ranges only.
 AirspaceLook lookOf(const Airspace& airspace, int rangeNm);

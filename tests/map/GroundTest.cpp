@@ -152,10 +152,16 @@ TEST_F(GroundOnTheMap, AirspacesAreThoseNearTheAltitude) {
     data.altitudeFt = 2600;
     data.altimeterOffsetFt = 100;
     data.fix3D = false;
-    EXPECT_EQ(altitudeWindow(data, 1000), std::nullopt) << "no fix in three dimensions: all show";
+    EXPECT_EQ(altitudeWindow(data, 1000, {}), std::nullopt) << "no fix in three dimensions: all show";
     data.fix3D = true;
-    EXPECT_EQ(altitudeWindow(data, 0), std::nullopt);
-    EXPECT_EQ(altitudeWindow(data, 1000), (AltitudeWindow{1400, 3600})) << "by the receiver's own altitude";
+    EXPECT_EQ(altitudeWindow(data, 0, {}), std::nullopt);
+    const auto near = altitudeWindow(data, 1000, {});
+    EXPECT_EQ(near, (AltitudeWindow{1400, 3600})) << "by the receiver's own altitude";
+    for (const auto& [altitudeFt, lowFt] : {std::pair{2700, 1400}, {2701, 1501}, {2500, 1400}, {2499, 1299}}) {
+        data.altitudeFt = altitudeFt;
+        EXPECT_EQ(altitudeWindow(data, 1000, near)->lowFt, lowFt) << "a hundred feet up or down change nothing";
+    }
+    EXPECT_EQ(altitudeWindow(data, 500, near)->lowFt, 1799) << "another setting";
     AirspaceSet airspaces;
     airspaces.assign(
         readOpenAir("AC C\nAN A\nAL 3700\nAH FL95\nV X=50:00N 90:00E\nDC 10\n"
@@ -174,7 +180,7 @@ TEST_F(GroundOnTheMap, AirspacesAreThoseNearTheAltitude) {
         return names;
     };
     EXPECT_EQ(shown(std::nullopt), "A B C- D- E ");
-    EXPECT_EQ(shown(altitudeWindow(data, 1000)), "B D- E ") << "above unknown ground it may reach up here";
+    EXPECT_EQ(shown(near), "B D- E ") << "above unknown ground it may reach up here";
     std::string dashes;
     forDashes({{0, 0}, {0, 60}}, 2, [&](Segment dash) {
         dashes += std::to_string(std::lround(dash.from.y)) + "-" + std::to_string(std::lround(dash.to.y)) + " ";
