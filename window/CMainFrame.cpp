@@ -139,6 +139,7 @@ void CMainFrame::addCommands() {
     options_.addTo(options);
     QMenu& help = *menuBar()->addMenu(toQString(kCommandTexts.menuHelp));
     help_.addTo(help);
+    places_.addLegendTo(help);
     databases_.addToHelp(help);
     help_.addAbout(help);
     // The menu bar may vanish in full screen, the keys must not.

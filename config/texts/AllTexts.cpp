@@ -12,6 +12,7 @@
 #include "config/texts/FlightTexts.h"
 #include "config/texts/GroundTexts.h"
 #include "config/texts/InstrumentTexts.h"
+#include "config/texts/LegendTexts.h"
 #include "config/texts/MessageTexts.h"
 #include "config/texts/ModeTexts.h"
 #include "config/texts/PreferenceTexts.h"
@@ -41,9 +42,9 @@ std::vector<Text> textsOf(const Groups&... groups) {
 
 std::vector<Text> allTexts() {
     return textsOf(kChartTexts, kCommandTexts, kConnectedTexts, kDatabaseTexts, kExchangeTexts,
-                   kFileTexts, kFlightTexts, kGroundTexts, kInstrumentTexts, kMessageTexts,
-                   kModeTexts, kPreferenceTexts, kReceiverTexts, kSheetTexts, kStatusTexts,
-                   kTrafficTexts);
+                   kFileTexts, kFlightTexts, kGroundTexts, kInstrumentTexts, kLegendTexts,
+                   kMessageTexts, kModeTexts, kPreferenceTexts, kReceiverTexts, kSheetTexts,
+                   kStatusTexts, kTrafficTexts);
 }
 
 }  // namespace korvel

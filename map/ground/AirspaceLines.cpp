@@ -56,7 +56,8 @@ std::optional<AltitudeWindow> altitudeWindow(const CockpitData& data, int within
     const std::optional<int> altitudeFt = data.seaAltitudeFt();
     if (!altitudeFt || withinFt <= 0)
         return std::nullopt;
-    // With some slack, or a picture would be drawn anew with each foot, or back and forth at a step.
+    // With some slack, or a picture would be drawn anew with each foot, or back and forth at a
+    // step.
     constexpr int kSlackFt = 100;
     const AltitudeWindow wanted{*altitudeFt - withinFt, *altitudeFt + withinFt};
     if (former && former->highFt - former->lowFt == 2 * (withinFt + kSlackFt) &&

@@ -72,8 +72,8 @@ TEST_F(FlightTest, TheSimulatedFlightTellsTrueFromMagnetic) {
 }
 
 TEST_F(FlightTest, TellsHowFastToClimbToBeOnThePathAtTheWaypoint) {
-    for (const auto& [speedKt, lat, expected] : {std::tuple{120.0, 47.3, std::optional(-500)}, {60.0, 47.3, std::optional(-250)},
-             {29.0, 47.3, std::nullopt}, {120.0, 47.398, std::nullopt}}) {
+    for (const auto& [speedKt, lat, expected] : {std::tuple{120.0, 47.3, std::optional(-500)},
+             {60.0, 47.3, std::optional(-250)}, {29.0, 47.3, std::nullopt}, {120.0, 47.398, std::nullopt}}) {
         flight_.startSimulator({.position = at(lat, 10), .headingMag = 0, .speedKt = speedKt, .altitudeFt = 4500});
         tick();
         ASSERT_EQ(flight_.plan().enterRoute("XA XB@30"), "");

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "map/DayMap.h"
+#include "map/MapLegend.h"
 #include "map/layers/PlaceLayout.h"
 #include "navdb/TestDatabase.h"
 #include "navdb/file/DatabaseTables.h"
@@ -201,6 +202,34 @@ TEST(PlanLayer, ADirectToIsCalledAsOnTheChart) {
     for (const auto& [key, label] : {std::pair{"a.KRNT", "KRNT"}, {"", "Renton Muni"}}) {
         data.activeKey = key;
         EXPECT_NE(map.paint(data).findText(label), nullptr) << label;
+    }
+}
+
+TEST(MapLegend, EachRowShowsWhatTheMapDraws) {
+    const DayMap day(PageId::NorthUp, 400, 300, 8);
+    const double rowPx = 34;
+    RecordingCanvas canvas(400, rowPx * static_cast<double>(mapLegendRows()));
+    paintMapLegend(canvas, day.colors, 16);
+    std::vector<std::string> pictures(mapLegendRows());
+    for (const RecordingCanvas::Element& element : canvas.elements()) {
+        const auto row = static_cast<std::size_t>(element.area.center().y / rowPx);
+        if (element.area.height > rowPx || row >= pictures.size() || element.area.x > 90) continue;
+        EXPECT_GE(element.area.y, rowPx * static_cast<double>(row) - 1) << "a symbol hangs into the next row: " << row;
+        EXPECT_LE(element.area.bottom(), rowPx * static_cast<double>(row + 1) + 1) << row;
+        pictures[row] +=
+            std::to_string(static_cast<int>(element.kind)) + ':' + std::to_string(element.points.size()) + ':' +
+            std::to_string(element.radius) + ':' + element.text +
+            (element.pen ? std::to_string(element.pen->color) + std::to_string(static_cast<int>(element.pen->style)) +
+                               std::to_string(element.pen->width)
+                         : "") +
+            (element.fill ? std::to_string(element.fill->color) : "") + ' ';
+    }
+    for (const RecordingCanvas::Element& element : canvas.elements())
+        EXPECT_LE(element.area.right(), 400) << element.text;
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        EXPECT_FALSE(pictures[i].empty()) << i;
+        for (std::size_t other = 0; other < i; ++other)
+            EXPECT_NE(pictures[i], pictures[other]) << "rows " << other << " and " << i << " look alike";
     }
 }
 

@@ -5,6 +5,7 @@
 #include "cockpit/CKorvelDoc.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/FlightTexts.h"
+#include "config/texts/LegendTexts.h"
 #include "config/texts/MessageTexts.h"
 #include "config/texts/SheetTexts.h"
 #include "navdb/records/AirportRecord.h"
@@ -13,6 +14,7 @@
 #include "window/sheets/CAirportSheet.h"
 #include "window/sheets/FindSheet.h"
 #include "window/sheets/KindWord.h"
+#include "window/sheets/LegendSheet.h"
 #include "window/sheets/UserFixSheets.h"
 
 namespace korvel {
@@ -53,6 +55,15 @@ class PlaceChooser final : public Sheet {
 };
 
 }  // namespace
+
+void PlaceCommands::addLegendTo(QMenu& menu) {
+    host_.addCommand(
+        menu, kLegendTexts.command, {QKeySequence(Qt::SHIFT | Qt::Key_L)},
+        [this] {
+            host_.openSheet(std::make_unique<LegendSheet>(&host_.window(),
+                                                          CAirportSheet::Look{labels_, colors_}));
+        });
+}
 
 void PlaceCommands::addTo(QMenu& menu) {
     host_.addCommand(

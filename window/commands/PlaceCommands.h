@@ -31,6 +31,8 @@ class PlaceCommands {
 
     /// Adds the commands to the menu Navigate.
     void addTo(QMenu& menu);
+    /// Adds what the map's symbols mean.
+    void addLegendTo(QMenu& menu);
 
     void find();
     /// Where the aircraft is, or the middle of a map that was moved.
