@@ -33,6 +33,7 @@ std::int64_t localSecondsAt(std::int64_t unixS, const Clock& clock) {
 
 TrackLines trackLinesOf(const ForeignTrack& track, const Clock& clock) {
     TrackLines lines;
+    lines.error = track.error;
     bool isFirst = true;
     std::int64_t localS = 0;
     for (const auto& point : track.points) {

@@ -20,7 +20,7 @@ constexpr std::string_view kTrack =
 /// The slots in the form of a ".trk" file.
 std::string linesOf(const ForeignTrack& track, const Clock& clock) {
     const TrackLines lines = trackLinesOf(track, clock);
-    std::string text = track.error;
+    std::string text = lines.error;
     for (const auto& slot : lines.slots) text += trackLine(lines.baseS, slot);
     return text;
 }
@@ -81,6 +81,7 @@ TEST(TrackExchange, WritesRecordsOfTheirFixedWidth) {
 TEST(TrackExchange, ReadsWhatOthersWrite) {
     const TimeZone inForce("UTC");
     const SystemClock clock;
+    EXPECT_EQ(trackLinesOf({.error = "why not"}, clock).error, "why not");
     const std::pair<std::string, const char*> cases[] = {
         {"<gpx><trk><trkseg><trkpt lat=\"1\" "
          "lon=\"2\"><ele>100</ele><time>2026-08-22T10:11:12.7+02:00</time><speed>10</speed>"
