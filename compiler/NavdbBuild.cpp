@@ -9,6 +9,7 @@ namespace korvel {
 
 namespace {
 
+constexpr char kUnitedStatesRegion = 'K';
 constexpr std::string_view kWriteError = "File Write Error: ";
 
 void report(const BuildProgress& progress, double share, std::string_view what) {
@@ -22,7 +23,8 @@ std::string writeDatabase(const AviationData& data, const NavdbBuildOptions& opt
                           ImportLog& log, const BuildProgress& progress) {
     report(progress, 0.85, "laying out");
     NavdbHeader header;
-    header.region = options.region;
+    header.region = options.region.value_or(
+        options.source == NavdbSource::Nasr ? kUnitedStatesRegion : kWorldRegion);
     header.expiryYmd = options.expiryYmd.value_or(data.cycle ? data.cycle->expiryYmd() : 0);
     header.dataCycleYycc = data.cycle ? data.cycle->yycc() : 0;
     const std::string bytes = compileNavdb(data, header, log);

@@ -32,7 +32,9 @@ struct NavdbBuildOptions {
     /// airports must be there, the others may.
     std::filesystem::path folder{};
     std::filesystem::path output{};
-    char region = kWorldRegion;
+    /// Without one it is that of the source: K of NASR, which is of the United States alone, else
+    /// kWorldRegion.
+    std::optional<char> region{};
     /// YYYYMMDD; without one the expiry of the data cycle that the sources name, else none, and
     /// the database counts as out of date.
     std::optional<int> expiryYmd{};

@@ -27,9 +27,9 @@ Json countsOf(const ImportLog::Counts& counts) {
     return json;
 }
 
-char regionFrom(const std::string& text) {
+std::optional<char> regionFrom(const std::string& text) {
     if (text.empty())
-        return kWorldRegion;
+        return std::nullopt;
     const bool isLetter = (text[0] >= 'A' && text[0] <= 'Z') || (text[0] >= 'a' && text[0] <= 'z');
     if (text.size() != 1 || !isLetter)
         usageError("--region takes one letter");

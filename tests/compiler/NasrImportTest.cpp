@@ -98,6 +98,8 @@ TEST_F(Nasr, CompilesTheZipInsideTheZipAsItIsDownloaded) {
     EXPECT_EQ(sea.comms[0].type + sea.comms[1].type, "SEATTLE TWRSEATTLE APP");
     EXPECT_NEAR(sea.comms[1].freqMhz, 119.2, 1e-6);
     EXPECT_EQ(dynamic_cast<const AirportRecord&>(*database.Find("a.2S1")).magVariationDeg, -16.0);
+    ASSERT_NE(database.Find("a.SEA"), nullptr) << "as Americans call it";
+    EXPECT_EQ(database.Find("a.SEA")->ident.view(), "KSEA");
     for (const auto* gone : {"a.OLD", "v.GON"}) EXPECT_EQ(database.Find(gone), nullptr) << gone;
 
     std::vector<std::string> routes;
