@@ -80,8 +80,8 @@ class NearestPainter {
     }
 
     void row(const NearAirport& airport, const Rect& area, bool selected) {
-        const ColorValue ground = selected ? colors_[ColorKey::NavBackground] : background_;
-        ink_ = selected ? colors_[ColorKey::NavText] : colors_[ColorKey::HsiNumeral];
+        const ColorValue ground = selected ? colors_.chosenGround() : background_;
+        ink_ = selected ? colors_.chosenInk() : colors_[ColorKey::HsiNumeral];
         faint_ = blended(ink_, ground, kFaded);
         if (selected)
             canvas_.rect(area, Brush{ground}, std::nullopt);

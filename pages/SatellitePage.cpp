@@ -114,14 +114,14 @@ class SatellitePainter {
 
     /// Without systems only those in use have a colour.
     ColorValue colorOf(const Satellite& satellite) const {
-        return satellite.used || satellite.system ? colors_[satelliteColor(satellite.system)]
+        return satellite.used || satellite.system ? satelliteColor(satellite.system, colors_)
                                                   : line_;
     }
     ColorValue numberColor(const Satellite& satellite) const {
         if (!satellite.used)
             return ink_;
         return satellite.system ? readableOn(colorOf(satellite), background_, ink_)
-                                : colors_[ColorKey::NavText];
+                                : colors_.chosenInk();
     }
 
     /// As many rows as it takes for numbers that can be read, and the legend below them.
@@ -167,7 +167,7 @@ class SatellitePainter {
         for (std::size_t i = 0; i < entries.size(); ++i) {
             const Point at{places[i].x + textPx_, places[i].y + top};
             const Entry& entry = entries[i];
-            const ColorValue color = entry.system ? colors_[satelliteColor(entry.system)] : line_;
+            const ColorValue color = entry.system ? satelliteColor(entry.system, colors_) : line_;
             paintSatelliteSymbol(canvas_, entry.system, at, textPx_ * 0.5,
                                  entry.filled ? color : background_, color);
             TextStyle words = style(small(), ink_);

@@ -12,14 +12,14 @@ namespace {
 
 struct Look {
     std::string_view name;
-    ColorKey color;
-    int corners;   ///< 0 for a disc
-    int firstDeg;  ///< of the first corner, from the top to the right
-    double size;   ///< of the radius, so that all look equally large
+    std::optional<ColorKey> color;  ///< none for that of every satellite in use
+    int corners;                    ///< 0 for a disc
+    int firstDeg;                   ///< of the first corner, from the top to the right
+    double size;                    ///< of the radius, so that all look equally large
 };
 /// By SatelliteSystem.
 constexpr std::array<Look, kSatelliteSystems> kLooks = {
-    {{"GPS", ColorKey::NavBackground, 0, 0, 1},
+    {{"GPS", std::nullopt, 0, 0, 1},
      {"SBAS", ColorKey::MapFix, 4, 45, 1.22},
      {"GLONASS", ColorKey::HsiNeedle, 4, 0, 1.3},
      {"Galileo", ColorKey::MapVor, 6, 30, 1.12},
@@ -38,8 +38,9 @@ int brightness(ColorValue color) {
 
 }  // namespace
 
-ColorKey satelliteColor(std::optional<SatelliteSystem> system) {
-    return system ? lookOf(*system).color : ColorKey::NavBackground;
+ColorValue satelliteColor(std::optional<SatelliteSystem> system, const MapColorCache& colors) {
+    const std::optional<ColorKey> own = system ? lookOf(*system).color : std::nullopt;
+    return own ? colors[*own] : colors.chosenGround();
 }
 
 std::string_view systemName(SatelliteSystem system) { return lookOf(system).name; }

@@ -10,7 +10,7 @@
 namespace korvel {
 
 /// The scheme's colour that stands for a system; without a system that of every satellite in use.
-ColorKey satelliteColor(std::optional<SatelliteSystem> system);
+ColorValue satelliteColor(std::optional<SatelliteSystem> system, const MapColorCache& colors);
 
 /// "GPS", "GLONASS" and so on, the same in every language.
 std::string_view systemName(SatelliteSystem system);

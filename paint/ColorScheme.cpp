@@ -52,6 +52,12 @@ std::string inBrackets(const Text& id, std::string_view suffix = {}) {
     return name += '>';
 }
 
+ColorValue BuiltInColor::*columnOf(std::string_view schemeName) {
+    if (schemeName == nightSchemeName())
+        return &BuiltInColor::night;
+    return schemeName == glassSchemeName() ? &BuiltInColor::glass : &BuiltInColor::day;
+}
+
 }  // namespace
 
 ColorScheme::ColorScheme() { load({}, DataFileSearch({})); }
@@ -68,19 +74,20 @@ void ColorScheme::Reload() {
 
 void ColorScheme::load(std::string_view schemeName, const DataFileSearch& files, FileSystem& disk) {
     entries_.clear();
-    const bool night = schemeName == nightSchemeName();
+    const std::string name = fullSchemeName(schemeName);
+    const auto column = columnOf(name);
     for (const BuiltInColor& color : kBuiltInColors)
-        set(color.key, night ? color.night : color.day);
-    if (night || schemeName.empty() || schemeName == daySchemeName())
+        set(color.key, color.*column);
+    if (column != &BuiltInColor::day || name.empty() || name == daySchemeName())
         return;
-    if (schemeName == secondDaySchemeName()) {
+    if (name == secondDaySchemeName()) {
         for (const OverridingColor& color : kSecondDayColors)
             set(color.key, color.color);
         set("map.obs.danger", Color("geo.topo.danger"));
         set("map.obs.caution", Color("geo.topo.warning"));
         return;
     }
-    for (const std::filesystem::path& file : files.pathsOf(schemeName)) {
+    for (const std::filesystem::path& file : files.pathsOf(name)) {
         if (const std::optional<std::string> bytes = readWholeFile(file, kFileLimit, disk)) {
             if (bytes->size() < kFileLimit)
                 parseText(*bytes);
@@ -129,9 +136,15 @@ void ColorScheme::parseText(std::string_view bytes) {
 std::string daySchemeName() { return inBrackets(kStatusTexts.daySchemeName); }
 std::string secondDaySchemeName() { return inBrackets(kStatusTexts.daySchemeName, "2"); }
 std::string nightSchemeName() { return inBrackets(kStatusTexts.nightSchemeName); }
+std::string glassSchemeName() { return inBrackets(kStatusTexts.glassSchemeName); }
+
+std::string fullSchemeName(std::string_view name) {
+    return name == kStatusTexts.glassSchemeName.english ? glassSchemeName() : std::string(name);
+}
 
 std::vector<std::string> listSchemes(const DataFileSearch& files) {
-    std::vector<std::string> list{daySchemeName(), secondDaySchemeName(), nightSchemeName()};
+    std::vector<std::string> list{daySchemeName(), secondDaySchemeName(), nightSchemeName(),
+                                  glassSchemeName()};
     for (std::string& name : files.findNames("*.SCM"))
         list.push_back(std::move(name));
     return list;
@@ -140,8 +153,10 @@ std::vector<std::string> listSchemes(const DataFileSearch& files) {
 std::size_t selectedScheme(std::span<const std::string> list, std::string_view stored) {
     if (stored.empty())
         return 0;
-    const auto place = std::ranges::find_if(
-        list, [stored](const std::string& name) { return startsWithIgnoringCase(name, stored); });
+    const auto place =
+        std::ranges::find_if(list, [wanted = fullSchemeName(stored)](const std::string& name) {
+            return startsWithIgnoringCase(name, wanted);
+        });
     return place == list.end() ? 0 : static_cast<std::size_t>(place - list.begin());
 }
 

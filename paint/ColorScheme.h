@@ -55,10 +55,15 @@ class ColorScheme {
     const DataFileSearch* files_ = nullptr;
 };
 
-/// "<Default>", "<Default2>" and "<Night-Flight>" in every language: the settings keep them.
+/// "<Default>", "<Default2>", "<Night-Flight>" and "<Glass>" in every language: the settings keep
+/// them.
 std::string daySchemeName();
 std::string secondDaySchemeName();
 std::string nightSchemeName();
+std::string glassSchemeName();
+
+/// "<Glass>" for "Glass", any other name as it is: only that scheme is known without its brackets.
+std::string fullSchemeName(std::string_view name);
 
 /// The list that the preferences show: the built-in schemes, then every "*.SCM" file found.
 std::vector<std::string> listSchemes(const DataFileSearch& files);

@@ -76,6 +76,14 @@ class MapColorCache {
 
     ColorValue operator[](ColorKey key) const { return colors_[static_cast<std::size_t>(key)]; }
 
+    /// What lies under a chosen row and a button that is to be pressed first: the fields' ground,
+    /// or that of the map's information in schemes whose fields are as dark as the page.
+    ColorValue chosenGround() const { return (*this)[chosen_]; }
+    ColorValue chosenInk() const {
+        return (
+            *this)[chosen_ == ColorKey::NavBackground ? ColorKey::NavText : ColorKey::MapInfoText];
+    }
+
     // Solid and one pixel wide.
     const Pen& airportPen() const { return airportPen_; }
     const Pen& fixPen() const { return fixPen_; }
@@ -88,6 +96,7 @@ class MapColorCache {
 
  private:
     std::array<ColorValue, kColorKeyCount> colors_{};
+    ColorKey chosen_ = ColorKey::NavBackground;
     Pen airportPen_;
     Pen fixPen_;
     Pen vorPen_;

@@ -10,7 +10,7 @@ namespace korvel {
 int runScheme(Invocation& call) {
     std::string name;
     call.options()
-        .add_option("name", name, "A built-in name (<Default>) or a scheme file's name")
+        .add_option("name", name, "A built-in name (<Default>, Glass) or a scheme file's name")
         ->required();
     call.parse();
     ColorScheme scheme;

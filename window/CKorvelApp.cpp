@@ -197,10 +197,11 @@ std::string CKorvelApp::startReplay() {
 std::string CKorvelApp::applyView() {
     if (!line_.scheme.empty()) {
         const auto names = listSchemes(dataFiles_);
-        if (std::ranges::find(names, line_.scheme) == names.end())
+        const std::string wanted = fullSchemeName(line_.scheme);
+        if (std::ranges::find(names, wanted) == names.end())
             return "--scheme: choose from " +
                    listOf(names, [](const std::string& name) { return name; });
-        frame_.showScheme(line_.scheme);
+        frame_.showScheme(wanted);
     }
     if (!line_.page.empty() || line_.rangeNm)
         frame_.screen().holdView();

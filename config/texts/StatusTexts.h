@@ -23,6 +23,7 @@ struct StatusTexts {
     Text noFlightPlan{61140, "No flight plan: tap here or press F to enter one"};
     Text daySchemeName{61208, "Default"};
     Text nightSchemeName{61209, "Night-Flight"};
+    Text glassSchemeName{66450, "Glass"};
     Text lookingAround{61522, "Map moved"};
     Text noDatabase{61523, "NO CHARTS: see Help, Load Report"};
     Text chartsUndated{61524, "CHARTS WITHOUT A DATE"};

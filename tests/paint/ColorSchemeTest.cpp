@@ -73,6 +73,44 @@ TEST(ColorScheme, BuiltInSchemes) {
     EXPECT_EQ(night.entries().size(), 43U);
 }
 
+/// Cyan, magenta, amber or red by the hue that the eye sees; 0 for what is too grey to be either.
+char hueOf(ColorValue color) {
+    const double r = RedOf(color), g = GreenOf(color), b = BlueOf(color);
+    const double most = std::max({r, g, b}), range = most - std::min({r, g, b});
+    if (range < 0.45 * most) return 0;
+    const double sixths = most == r ? (g - b) / range : most == g ? 2 + (b - r) / range : 4 + (r - g) / range;
+    return sixths > -0.25 && sixths <= 1           ? 'a'
+           : sixths > 2.75 && sixths < 3.25        ? 'c'
+           : std::abs(sixths) > 0.75 && sixths < 0 ? 'm'
+                                                   : 0;
+}
+
+TEST(ColorScheme, InGlassEachStrongColorHasOneMeaning) {
+    const ColorScheme glass = named("<Glass>");
+    EXPECT_EQ(colorsOf(glass), colorsOf(named("Glass")));
+    EXPECT_EQ(glass.entries().size(), 43U);
+    const std::map<std::string_view, char> meanings = {{"map.navaid", 'c'}, {"map.runway.heading", 'c'},
+        {"nav.header", 'c'}, {"map.flightplan.active", 'm'}, {"hsi.needle", 'm'}, {"map.obs.danger", 'a'},
+        {"map.obs.caution", 'a'}, {"geo.topo.danger", 'a'}, {"geo.topo.warning", 'a'}};
+    for (const auto& [key, color] : glass.entries()) {
+        const auto meant = meanings.find(key);
+        EXPECT_EQ(hueOf(color), meant == meanings.end() ? 0 : meant->second) << key;
+    }
+    for (const char* ground : {"map.background", "geo.land", "geo.water", "nav.background"})
+        EXPECT_LT(lightOf(glass.Color(ground)), 60) << ground;
+    EXPECT_GT(lightOf(glass.Color("nav.text")), 240);
+}
+
+TEST(ColorScheme, WhatIsChosenStandsOutOverThePage) {
+    for (const auto& [name, key] : {std::pair{"", "nav.background"}, {"<Night-Flight>", "nav.background"},
+             {"<Default2>", "nav.background"}, {"<Glass>", "map.info.background"}}) {
+        const ColorScheme scheme = named(name);
+        const MapColorCache cache(scheme);
+        EXPECT_EQ(cache.chosenGround(), scheme.Color(key)) << name;
+        EXPECT_GT(lightOf(cache.chosenInk()) - lightOf(cache.chosenGround()), 120) << name;
+    }
+}
+
 TEST(ColorScheme, ParsesLines) {
     const std::tuple<std::string_view, Colors> cases[] = {
         {"geo.water = 0, 0, 128 ; comment", {{"geo.water", Rgb(0, 0, 128)}}},
@@ -156,9 +194,10 @@ TEST(ColorScheme, ReloadFollowsTheSettingAndForgetsTheSchemeBefore) {
     EXPECT_EQ(cache.plainSymbolBackground(), 0U);
 
     const std::vector<std::string> list = listSchemes(files);
-    EXPECT_EQ(list, (std::vector<std::string>{"<Default>", "<Default2>", "<Night-Flight>", "sea.SCM"}));
+    EXPECT_EQ(list, (std::vector<std::string>{"<Default>", "<Default2>", "<Night-Flight>", "<Glass>", "sea.SCM"}));
     const std::pair<const char*, std::size_t> selections[] = {{"", 0}, {"<DEFAULT2>", 1}, {"<Default", 0},
-        {"<night-flight>", 2}, {"SEA.scm", 3}, {"se", 3}, {"gone.SCM", 0}, {"sea.SCM.old", 0}};
+        {"<night-flight>", 2}, {"glass", 0}, {"Glass", 3}, {"<gl", 3}, {"SEA.scm", 4}, {"se", 4}, {"gone.SCM", 0},
+        {"sea.SCM.old", 0}};
     for (const auto& [stored, index] : selections) EXPECT_EQ(selectedScheme(list, stored), index) << stored;
 }
 
