@@ -22,7 +22,7 @@
 #include "window/AppIcon.h"
 #include "window/QtPath.h"
 #include "window/QtText.h"
-#include "window/SchemePalette.h"
+#include "window/SchemeStyle.h"
 #include "window/WindowPlacement.h"
 #include "window/sheets/AltimeterSheet.h"
 #include "window/sheets/FieldSheet.h"
@@ -99,8 +99,10 @@ void CMainFrame::listenToCommands() {
 void CMainFrame::fitLetters() {
     const int pixels = std::clamp(std::min(width(), height()) / kLettersInWindow,
                                   Sheet::kUsualLetters, kLargestLetters);
-    if (QApplication::font().pixelSize() != pixels)
-        QApplication::setFont(parts_.labels.fonts().widgetFont(pixels));
+    if (QApplication::font().pixelSize() == pixels)
+        return;
+    QApplication::setFont(parts_.labels.fonts().widgetFont(pixels));
+    menuBar()->setFont(QApplication::font());  // a styled bar keeps its own
 }
 
 void CMainFrame::resizeEvent(QResizeEvent* event) {
@@ -237,7 +239,7 @@ void CMainFrame::openSheet(std::unique_ptr<Sheet> sheet) {
 void CMainFrame::useScheme() {
     view_.schemeChanged();
     places_.schemeChanged(parts_.scheme);
-    QApplication::setPalette(schemePalette(parts_.scheme));
+    dressProgram(parts_.scheme);
 }
 
 // The window's place

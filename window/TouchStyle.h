@@ -4,14 +4,19 @@
 
 namespace korvel {
 
-/// The toolkit's plain style with menus, lists, buttons and boxes to tick that a finger hits in a
-/// bumpy cockpit.
+/// The toolkit's plain style with boxes to tick and lists to choose from that a finger hits in a
+/// bumpy cockpit and an eye finds on a dark sheet. The rest of the look is the scheme's, see
+/// SchemeStyle.h.
 class TouchStyle final : public QProxyStyle {
  public:
     TouchStyle();
 
-    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
-                           const QWidget* widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override;
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                         const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override;
     QRect subElementRect(SubElement element, const QStyleOption* option,

@@ -91,8 +91,10 @@ void CPrefsSheet::addEditor(QWidget& page, const PrefRow& row, const SettingValu
         if (row.kind == PrefKind::Text)
             editor.line->setMaxLength(row.highest);
     }
-    if (editor.box == nullptr)
+    if (editor.box == nullptr) {
         form.addRow(name, widget);
+        form.labelForField(widget)->setMinimumHeight(kRowPixels);  // words on one line with it
+    }
     widget->setMinimumHeight(kRowPixels);
     widget->setAccessibleName(name);
     // A number out of range shows, and is asked for, when the pilot accepts.

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kMargin = 10;
 constexpr int kSpacing = 6;
+constexpr int kLeastButton = 110;  // wide
 constexpr int kLeastTallRow = 2 * Sheet::kRowPixels;
 /// The application's note that the pilot types with the key pad.
 constexpr const char* kKeyPadWanted = "keyPadWanted";
@@ -68,20 +69,14 @@ void Sheet::nameButtons() {
 }
 
 void Sheet::addHeader(const QString& title) {
-    header_.setBackgroundRole(QPalette::Highlight);
-    title_.setForegroundRole(QPalette::HighlightedText);
-    header_.setAutoFillBackground(true);
+    header_.setObjectName(QStringLiteral("sheetHeader"));  // known to the style
+    header_.setAttribute(Qt::WA_StyledBackground);
     auto* row = new QHBoxLayout(&header_);  // the header owns its layout
     row->setContentsMargins(kMargin, 0, 0, 0);
     row->addWidget(&title_, 1);
     row->addWidget(&back_);
-    QFont bold = title_.font();
-    bold.setBold(true);
-    title_.setFont(bold);
     title_.setText(title);
     back_.setText(QStringLiteral("\u00D7"));
-    back_.setStyleSheet(QStringLiteral(
-        "QToolButton { color: palette(highlighted-text); border: none; font-size: 24px; }"));
     back_.setAccessibleName(toQString(kSheetTexts.closeSheet));
     back_.setFocusPolicy(Qt::NoFocus);
     back_.setFixedSize(kRowPixels + kMargin, kRowPixels);
@@ -106,7 +101,7 @@ void Sheet::addFoot() {
     keyPadButton_.setMinimumSize(2 * kRowPixels, kRowPixels);
     connect(&keyPadButton_, &QToolButton::clicked, this, &Sheet::showKeyPad);
     for (QAbstractButton* button : buttons_.buttons())
-        button->setMinimumSize(3 * kRowPixels, kRowPixels);
+        button->setMinimumSize(kLeastButton, kRowPixels);
 }
 
 void Sheet::addRow(QWidget& row) {
@@ -142,10 +137,20 @@ void Sheet::showEvent(QShowEvent* event) {
         hasTallRow |= column_.stretch(i) > 0;
     if (!hasTallRow)
         column_.addStretch(1);
+    keepDefaultButton();
     offerKeyPad();
     letFingersScroll();
     place();
     QDialog::showEvent(event);
+}
+
+/// The toolkit would make a default of whichever button has the focus: then none is filled that
+/// stands where the thumb expects it.
+void Sheet::keepDefaultButton() {
+    const auto all = findChildren<QPushButton*>();
+    if (std::ranges::any_of(all, &QPushButton::isDefault))
+        for (QPushButton* button : all)
+            button->setAutoDefault(false);
 }
 
 /// Enter presses the button that is marked, and only without one accepts the whole.

@@ -24,8 +24,8 @@ namespace korvel {
 /// keyboard is used.
 class Sheet : public QDialog {
  public:
-    /// Height of rows and buttons: 9 mm on a screen of 96 dots per inch, and a little more.
-    static constexpr int kRowPixels = 40;
+    /// Height of rows and buttons: a finger in a glove hits 12 mm on a screen of 96 dots per inch.
+    static constexpr int kRowPixels = 48;
     /// Height of the letters, which are larger only in large windows.
     static constexpr int kUsualLetters = 15;
 
@@ -60,6 +60,7 @@ class Sheet : public QDialog {
     void nameButtons();
     void addHeader(const QString& title);
     void addFoot();
+    void keepDefaultButton();
     void offerKeyPad();
     void letFingersScroll();
     void showKeyPad(bool on);
