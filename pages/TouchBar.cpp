@@ -51,6 +51,11 @@ class IconPen {
     Pen pen_;
 };
 
+void menuIcon(IconPen& icon) {  // three lines of a list
+    for (const double y : {-0.6, 0.0, 0.6})
+        icon.path({{-0.85, y}, {0.85, y}});
+}
+
 void pageIcon(IconPen& icon) {  // two sheets, one behind the other
     icon.path({{-0.4, -0.55}, {-0.4, -0.85}, {0.75, -0.85}, {0.75, 0.5}, {0.45, 0.5}});
     icon.path({{-0.75, -0.5}, {0.4, -0.5}, {0.4, 0.85}, {-0.75, 0.85}, {-0.75, -0.5}});
@@ -100,6 +105,7 @@ struct Face {
 };
 
 constexpr std::array kFaces{
+    Face{TouchCommand::Menu, kInstrumentTexts.touchMenu, menuIcon},
     Face{TouchCommand::Page, kInstrumentTexts.touchPage, pageIcon},
     Face{TouchCommand::DirectTo, kInstrumentTexts.touchDirect, directToIcon},
     Face{TouchCommand::Nearest, kInstrumentTexts.touchNear, nearestIcon},

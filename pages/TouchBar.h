@@ -11,6 +11,7 @@ namespace korvel {
 class MapColorCache;
 
 enum class TouchCommand : std::uint8_t {
+    Menu,  ///< all commands
     Page,
     DirectTo,
     Nearest,

@@ -359,8 +359,6 @@ void Screen::setBarMayHide(bool mayHide) {
 void Screen::showBar(bool shown) {
     barShown_ = shown;
     layOut();
-    if (onBarShown)
-        onBarShown(shown);
 }
 
 // Words

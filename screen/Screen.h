@@ -46,8 +46,6 @@ class Screen {
     std::function<void()> onChanged;
     /// Called at each tick: whether the position shown is live.
     std::function<void(bool live)> onLive;
-    /// Called when a tap in full screen hides the touch bar or brings it back.
-    std::function<void(bool shown)> onBarShown;
 
     /// One step of the program.
     void tick();

@@ -15,8 +15,8 @@ namespace korvel {
 
 /// The touch bar, from left to right.
 inline constexpr std::array kTouchBar = {
-    TouchCommand::Page,     TouchCommand::DirectTo, TouchCommand::Nearest, TouchCommand::Plan,
-    TouchCommand::Aircraft, TouchCommand::ZoomOut,  TouchCommand::ZoomIn};
+    TouchCommand::Menu, TouchCommand::Page,     TouchCommand::DirectTo, TouchCommand::Nearest,
+    TouchCommand::Plan, TouchCommand::Aircraft, TouchCommand::ZoomOut,  TouchCommand::ZoomIn};
 
 /// Where everything stands on the screen at present: fields, page, alarms and touch bar.
 class ScreenAreas {

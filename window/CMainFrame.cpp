@@ -26,6 +26,7 @@
 #include "window/WindowPlacement.h"
 #include "window/sheets/AltimeterSheet.h"
 #include "window/sheets/FieldSheet.h"
+#include "window/sheets/MenuSheet.h"
 
 namespace korvel {
 namespace {
@@ -53,6 +54,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
     setWindowIcon(appIcon(parts_.scheme));
     fitLetters();
     addCommands();
+    fitMenuBar();
     setCentralWidget(&view_);
     setAcceptDrops(true);
     listenToScreen();
@@ -67,7 +69,6 @@ void CMainFrame::listenToScreen() {
         if (keepsState_)
             storeState();
     };
-    screen().onBarShown = [this](bool shown) { menuBar()->setVisible(shown); };
     ScreenHand& hand = view_.hand();
     hand.onTouch = [this](TouchCommand command) { runTouch(command); };
     hand.onPlanRow = [this](std::size_t row) { navigate_.openPlanRow(row); };
@@ -84,6 +85,7 @@ void CMainFrame::listenToCommands() {
     };
     places_.onDirectTo = [this](const PlaceChoice& place) { navigate_.directTo(place); };
     schemes_.onShown = [this] { useScheme(); };
+    viewing_.onMenuBar = [this] { fitMenuBar(); };
     help_.onPort = [this] { options_.choosePort(); };
     help_.onSimulator = [this] { options_.simulate(true); };
     help_.onPlan = [this] { file_.choosePlan(); };
@@ -144,14 +146,33 @@ void CMainFrame::addCommands() {
     places_.addLegendTo(help);
     databases_.addToHelp(help);
     help_.addAbout(help);
-    // The menu bar may vanish in full screen, the keys must not.
+    // The menu bar need not be there, the keys must.
     for (QAction* menu : menuBar()->actions())
         addActions(menu->menu()->actions());
+    auto* all = new QAction(toQString(kCommandTexts.commandAll), this);  // the window owns it
+    all->setShortcuts({Qt::Key_F10, Qt::Key_Menu});
+    connect(all, &QAction::triggered, this, [this] { openMenu(); });
+    addAction(all);
 }
+
+void CMainFrame::openMenu() {
+    QList<QMenu*> menus;
+    for (const QAction* menu : menuBar()->actions())
+        menus.append(menu->menu());
+    auto sheet = std::make_unique<MenuSheet>(this, menus, menuGroup_);
+    sheet->onGroup = [this](int group) { menuGroup_ = group; };
+    openSheet(std::move(sheet));
+}
+
+/// Only at the desk, for who wants it: its height is the map's, and whatever it holds is behind
+/// the touch bar's first button, at the same place for finger, mouse and key.
+void CMainFrame::fitMenuBar() { menuBar()->setVisible(viewing_.wantsMenuBar() && !isFullScreen()); }
 
 /// The buttons that open something; the view does the others itself.
 void CMainFrame::runTouch(TouchCommand command) {
     switch (command) {
+        case TouchCommand::Menu:
+            return openMenu();
         case TouchCommand::DirectTo:
             return navigate_.directTo();
         case TouchCommand::Nearest:
@@ -217,8 +238,7 @@ void CMainFrame::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::WindowStateChange)
         return;
-    // Whoever has no keyboard must find the way out of full screen: the menus go only with a tap.
-    menuBar()->show();
+    fitMenuBar();
     screen().setBarMayHide(isFullScreen());
 }
 

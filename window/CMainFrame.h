@@ -99,6 +99,8 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     ProfileFile& profile() override { return parts_.profile; }
 
     void addCommands();
+    void openMenu();
+    void fitMenuBar();
     void useScheme();
     void runTouch(TouchCommand command);
     void chooseField(std::size_t field);
@@ -120,6 +122,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     bool mayClose_ = false;     // the plan is safe
     bool toldUnsaved_ = false;  // what cannot be saved at the end
     bool keepsState_ = false;
+    int menuGroup_ = 0;  // of the commands shown last
     std::unique_ptr<Sheet> sheet_;
 };
 

@@ -74,7 +74,7 @@ QPushButton { min-height: @innerRow; padding: 0 6px; }
 QPushButton:default { color: @chosenText; background: @chosen; border-color: @chosen;
     font-weight: bold; }
 QPushButton:focus { border-color: @text; }
-QPushButton:pressed, QToolButton:pressed, QToolButton:checked { color: @text;
+QPushButton:pressed, QPushButton:checked, QToolButton:pressed, QToolButton:checked { color: @text;
     background: @pressed; border-color: @text; }
 QPushButton:disabled, QToolButton:disabled { color: @pale; background: @window;
     border-color: @line; }

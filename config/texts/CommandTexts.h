@@ -14,6 +14,8 @@ struct CommandTexts {
     Text commandZoomOut{61505, "Zoom &Out"};
     Text commandNextPage{61506, "&Next Page"};
     Text commandBackToAircraft{61507, "&Back to the Aircraft"};
+    Text commandAll{66452, "All Commands"};
+    Text commandMenuBar{66453, "Men&u Bar"};
     Text commandFullScreen{61508, "&Full Screen"};
     Text menuOptions{61509, "&Options"};
     Text commandNight{61510, "&Day or Night Colours"};

@@ -19,7 +19,8 @@ struct SheetTexts {
         "Figures above the map: tap one to change it\n"
         "Day or night colours: C\n"
         "Measure: Shift+M, then tap or drag from one point to another\n"
-        "Full screen: F11; a tap on the map then hides menus and buttons\n\n"
+        "All commands: F10 or Menu\n"
+        "Full screen: F11; a tap on the map then hides the buttons\n\n"
         "\"---\" stands where a value is unknown or older than five seconds."};
     Text aboutWords{61517,
                     "Moving-map GPS navigator for pilots of light aircraft.\n\n"

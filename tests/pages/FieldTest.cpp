@@ -209,7 +209,7 @@ TEST(FieldStrip, OnlyWordsAreBrightAtNight) {
 TEST(TouchBar, WordsAndStatesCanBeToldApart) {
     const ColorScheme scheme;
     const MapColorCache colors(scheme);
-    const std::vector<TouchButton> buttons{{TouchCommand::Page}, {TouchCommand::DirectTo, false},
+    const std::vector<TouchButton> buttons{{TouchCommand::Menu}, {TouchCommand::Page}, {TouchCommand::DirectTo, false},
         {TouchCommand::Nearest}, {TouchCommand::ZoomOut}, {TouchCommand::ZoomIn, true, true}, {TouchCommand::Plan}};
     for (const double width : {320.0, 800.0, 2560.0}) {
         RecordingCanvas canvas(width, 48);

@@ -35,7 +35,6 @@ class ScreenTest : public testing::Test {
         document_.loadDatabases(std::vector{folder_.path()});
         screen_.onChanged = [this] { ++paintings_; };
         screen_.onLive = [this](bool live) { live_ = live; };
-        screen_.onBarShown = [this](bool shown) { asked_.emplace_back(shown ? "bar" : "no bar"); };
         hand_.onTouch = [this](TouchCommand command) { asked_.emplace_back(touchWord(command)); };
         hand_.onPlanRow = [this](std::size_t row) { asked_.push_back("row " + std::to_string(row)); };
         hand_.onAirport = [this](const NearAirport& airport) { asked_.push_back("airport " + airport.ident); };

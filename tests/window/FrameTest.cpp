@@ -14,6 +14,8 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPointingDevice>
+#include <QPushButton>
+#include <QSet>
 #include <QTest>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
@@ -118,11 +120,14 @@ class FrameTest : public testing::Test {
         folder_.write("my.UDB.TXT", file);
         document_->loadDatabases(std::array{folder_.path()});
     }
+    QDialog& openSheet() {
+        const auto dialogs = frame_->findChildren<QDialog*>();
+        return **std::ranges::find_if(dialogs, &QWidget::isVisible);
+    }
     /// The sheet that a key opens.
     QDialog& sheetOf(const QKeySequence& key) {
         press(key);
-        const auto dialogs = frame_->findChildren<QDialog*>();
-        return **std::ranges::find_if(dialogs, &QWidget::isVisible);
+        return openSheet();
     }
     static std::string lineIn(QDialog& sheet) { return sheet.findChild<QLineEdit*>()->text().toStdString(); }
     static std::string listIn(QDialog& sheet) {
@@ -227,6 +232,68 @@ TEST_F(FrameTest, AtNightNothingIsBrighterThanItsText) {
              QPalette::Mid, QPalette::Dark, QPalette::ToolTipBase})
         EXPECT_LT(brightness(role), brightness(QPalette::Text) / 2) << role;
     press(Qt::Key_C);
+}
+
+TEST_F(FrameTest, EveryCommandIsATileForFingerAndKey) {
+    frame_->resize(800, 480);
+    QApplication::processEvents();
+    drag(middle(), middle());  // a tap elsewhere opens none
+    const Rect& button = screen().areas().layout().buttons.front();
+    const QPointF at(button.center().x, button.center().y);
+    drag(at, at);
+    QDialog& sheet = openSheet();
+    QSet<QString> tiles;
+    for (const QAction* group : frame_->menuBar()->actions()) {
+        clickIn<QDialog>(group->text().remove('&').toUtf8().constData());
+        for (const auto* tile : sheet.findChildren<QPushButton*>()) tiles.insert(tile->text());
+    }
+    for (const QAction* group : frame_->menuBar()->actions())
+        for (const QAction* action : group->menu()->actions())
+            EXPECT_TRUE(action->isSeparator() || tiles.contains(action->text().remove('&').remove("...")))
+                << action->text().toStdString();
+
+    clickIn<QDialog>("View");
+    ASSERT_EQ(rangeNm(), 65);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Right}) QTest::keyClick(sheet.focusWidget(), key);
+    EXPECT_EQ(static_cast<QPushButton*>(sheet.focusWidget())->text(), "Zoom Out");
+    QTest::keyClick(sheet.focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(sheet.isVisible());
+    EXPECT_EQ(rangeNm(), 100);
+
+    QDialog& again = sheetOf(Qt::Key_F10);
+    EXPECT_EQ(again.windowTitle(), "View") << "where the pilot was last";
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Right}) QTest::keyClick(again.focusWidget(), key);
+    EXPECT_EQ(static_cast<QPushButton*>(again.focusWidget())->text(), "&Navigate");
+    QTest::keyClick(again.focusWidget(), Qt::Key_Z);
+    EXPECT_FALSE(again.isVisible());
+    EXPECT_EQ(rangeNm(), 65) << "by its own key";
+}
+
+TEST_F(FrameTest, AGroupInAGroupIsTilesToo) {
+    QDialog& sheet = sheetOf(Qt::Key_F10);
+    clickIn<QDialog>("Options");
+    clickIn<QDialog>("Colour Scheme");
+    EXPECT_EQ(sheet.windowTitle(), "Colour Scheme");
+    clickIn<QDialog>("<Glass>");
+    EXPECT_FALSE(sheet.isVisible());
+    EXPECT_EQ(document_->settings().schemeFile, "<Glass>");
+    press(Qt::Key_C);
+    press(Qt::Key_C);
+    EXPECT_EQ(document_->settings().schemeFile, "<Glass>") << "the day's scheme, from the night's back to it";
+}
+
+TEST_F(FrameTest, TheMenuBarIsThereForWhoWantsItAndNotInFullScreen) {
+    EXPECT_FALSE(frame_->menuBar()->isVisible());
+    press(QKeySequence(Qt::SHIFT | Qt::Key_F10));
+    EXPECT_TRUE(frame_->menuBar()->isVisible());
+    press(Qt::Key_F11);
+    QApplication::processEvents();
+    EXPECT_FALSE(frame_->menuBar()->isVisible());
+    press(Qt::Key_F11);
+    QApplication::processEvents();
+    EXPECT_TRUE(frame_->menuBar()->isVisible());
+    closeAndReopen();
+    EXPECT_TRUE(frame_->menuBar()->isVisible());
 }
 
 TEST_F(FrameTest, APlanIsChangedByRowsTakenBackAndNotLost) {

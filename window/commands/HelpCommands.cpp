@@ -16,6 +16,12 @@ namespace {
 
 constexpr std::string_view kWelcomedKey = "Welcomed";
 
+QString keyLine(const QAction& action) {
+    const QString keys = QKeySequence::listToString(action.shortcuts());
+    const QString name = action.text().remove(QLatin1Char('&')).remove(QLatin1String("..."));
+    return keys.isEmpty() ? QString() : QStringLiteral("%1:   %2\n").arg(name, keys);
+}
+
 }  // namespace
 
 void HelpCommands::addTo(QMenu& menu) {
@@ -58,18 +64,17 @@ void HelpCommands::welcome() {
     showConnected();
 }
 
-/// Every command with a key, menu by menu.
+/// Every command with a key, menu by menu, and before them what is in no menu.
 QString HelpCommands::keyList() const {
     QString list;
+    for (const QAction* action : host_.window().actions())
+        if (action->associatedObjects().size() == 1)
+            list += keyLine(*action);
+    list += QLatin1Char('\n');
     for (const QAction* menu : menus_.actions()) {
         list += menu->text().remove(QLatin1Char('&')).toUpper() + QLatin1Char('\n');
-        for (const QAction* action : menu->menu()->actions()) {
-            const QString keys = QKeySequence::listToString(action->shortcuts());
-            const QString name =
-                action->text().remove(QLatin1Char('&')).remove(QLatin1String("..."));
-            if (!keys.isEmpty())
-                list += QStringLiteral("%1:   %2\n").arg(name, keys);
-        }
+        for (const QAction* action : menu->menu()->actions())
+            list += keyLine(*action);
         list += QLatin1Char('\n');
     }
     return list;

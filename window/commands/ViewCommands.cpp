@@ -1,14 +1,22 @@
 #include "window/commands/ViewCommands.h"
 
+#include <string_view>
+
 #include <QActionGroup>
 
 #include "cockpit/CKorvelDoc.h"
+#include "config/ProfileFile.h"
 #include "config/texts/CommandTexts.h"
 #include "screen/PageCycle.h"
 #include "screen/Screen.h"
 #include "window/QtText.h"
 
 namespace korvel {
+namespace {
+
+constexpr std::string_view kMenuBarKey = "MenuBar";
+
+}  // namespace
 
 void ViewCommands::addTo(QMenu& menu) {
     addMapCommands(menu);
@@ -17,10 +25,16 @@ void ViewCommands::addTo(QMenu& menu) {
                      [this] { host_.screen().goToNextPage(); });
     addPages(menu);
     menu.addSeparator();
-    markWhile(menu,
-              host_.addCommand(menu, kCommandTexts.commandFullScreen, {Qt::Key_F11},
-                               [this] { toggleFullScreen(); }),
-              [this] { return host_.window().isFullScreen(); });
+    markWhile(
+        menu,
+        host_.addCommand(
+            menu, kCommandTexts.commandFullScreen, {Qt::Key_F11}, [this] { toggleFullScreen(); }),
+        [this] { return host_.window().isFullScreen(); });
+    markWhile(
+        menu,
+        host_.addCommand(menu, kCommandTexts.commandMenuBar,
+                         {QKeySequence(Qt::SHIFT | Qt::Key_F10)}, [this] { toggleMenuBar(); }),
+        [this] { return wantsMenuBar(); });
 }
 
 void ViewCommands::addMapCommands(QMenu& menu) {
@@ -67,6 +81,16 @@ void ViewCommands::addPages(QMenu& menu) {
             action->setChecked(host_.screen().page() == page);
         });
     }
+}
+
+bool ViewCommands::wantsMenuBar() {
+    return host_.profile().getInt(kOptionsSection, kMenuBarKey, 0) != 0;
+}
+
+void ViewCommands::toggleMenuBar() {
+    host_.profile().setInt(kOptionsSection, kMenuBarKey, wantsMenuBar() ? 0 : 1, true);
+    if (onMenuBar)
+        onMenuBar();
 }
 
 void ViewCommands::toggleFullScreen() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include <QMenu>
 
 #include "window/commands/CommandHost.h"
@@ -14,10 +16,17 @@ class ViewCommands {
 
     void addTo(QMenu& menu);
 
+    /// The pilot's choice; a fresh profile has none.
+    bool wantsMenuBar();
+
+    /// The pilot has chosen otherwise.
+    std::function<void()> onMenuBar;
+
  private:
     void addMapCommands(QMenu& menu);
     void addPages(QMenu& menu);
     void toggleFullScreen();
+    void toggleMenuBar();
 
     CommandHost& host_;
 };

@@ -73,6 +73,7 @@ PlaceSheet::PlaceSheet(QWidget* parent, CKorvelDoc& document,
         if (onDirectTo)
             onDirectTo({.identifier = record->key, .where = record->position});
     });
+    direct_.setDefault(true);
     addButton(add_, kSheetTexts.addToPlan, [this, &document, record] {
         ActivePlan& plan = document.flight().plan();
         PlanEntries entries = plan.entries();
