@@ -85,6 +85,8 @@ void CMainFrame::listenToCommands() {
     };
     places_.onDirectTo = [this](const PlaceChoice& place) { navigate_.directTo(place); };
     schemes_.onShown = [this] { useScheme(); };
+    help_.onColors = [this] { return schemes_.firstChoices(); };
+    options_.onPrefs = [this](CPrefsSheet& prefs) { schemes_.offerIn(prefs); };
     viewing_.onMenuBar = [this] { fitMenuBar(); };
     help_.onPort = [this] { options_.choosePort(); };
     help_.onSimulator = [this] { options_.simulate(true); };

@@ -65,6 +65,8 @@ struct CommandTexts {
     Text nextPort{61835, "Choose the receiver's port..."};
     Text nextSimulator{61836, "Fly the simulator"};
     Text nextPlan{61837, "Open a flight plan..."};
+    Text colorsDay{66454, "Day"};
+    Text colorsNight{66455, "Night"};
     Text commandAcknowledge{61903, "Ac&knowledge Alarm"};
     Text commandApproach{61945, "&Approach..."};
 };

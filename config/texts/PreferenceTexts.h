@@ -16,6 +16,7 @@ struct PreferenceTexts {
     Text prefsLog{61725, "Log"};
     Text prefsPages{61726, "Pages"};
     Text prefHints{61727, "Enable hint/help messages"};
+    Text prefScheme{66456, "Colours"};
     Text prefAltUnit{61728, "Altitudes in"};
     Text prefGsUnit{61729, "Speeds and distances in"};
     Text prefAutozoom{61730, "Auto zoom"};

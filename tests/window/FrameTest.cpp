@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -237,15 +238,20 @@ TEST_F(FrameTest, AtNightNothingIsBrighterThanItsText) {
 TEST_F(FrameTest, EveryCommandIsATileForFingerAndKey) {
     frame_->resize(800, 480);
     QApplication::processEvents();
-    drag(middle(), middle());  // a tap elsewhere opens none
     const Rect& button = screen().areas().layout().buttons.front();
     const QPointF at(button.center().x, button.center().y);
     drag(at, at);
     QDialog& sheet = openSheet();
     QSet<QString> tiles;
+    const QSet<QString> grey{"Save Flight Plan", "Save Flight Plan As", "Save Track As", "Export Plan", "Export Track",
+        "Remove Flight Plan", "Activate Flight Plan", "Reverse Flight Plan", "Undo Plan Change", "Redo Plan Change",
+        "Acknowledge Alarm"};
     for (const QAction* group : frame_->menuBar()->actions()) {
         clickIn<QDialog>(group->text().remove('&').toUtf8().constData());
-        for (const auto* tile : sheet.findChildren<QPushButton*>()) tiles.insert(tile->text());
+        for (const auto* tile : sheet.findChildren<QPushButton*>()) {
+            tiles.insert(tile->text());
+            EXPECT_EQ(tile->isEnabled(), !grey.contains(tile->text())) << tile->text().toStdString();
+        }
     }
     for (const QAction* group : frame_->menuBar()->actions())
         for (const QAction* action : group->menu()->actions())
@@ -254,7 +260,9 @@ TEST_F(FrameTest, EveryCommandIsATileForFingerAndKey) {
 
     clickIn<QDialog>("View");
     ASSERT_EQ(rangeNm(), 65);
-    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Right}) QTest::keyClick(sheet.focusWidget(), key);
+    QTest::keyClick(sheet.focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(static_cast<QPushButton*>(sheet.focusWidget())->text(), "Declutter") << "a row further";
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Right}) QTest::keyClick(sheet.focusWidget(), key);
     EXPECT_EQ(static_cast<QPushButton*>(sheet.focusWidget())->text(), "Zoom Out");
     QTest::keyClick(sheet.focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(sheet.isVisible());
@@ -280,6 +288,24 @@ TEST_F(FrameTest, AGroupInAGroupIsTilesToo) {
     press(Qt::Key_C);
     press(Qt::Key_C);
     EXPECT_EQ(document_->settings().schemeFile, "<Glass>") << "the day's scheme, from the night's back to it";
+}
+
+TEST_F(FrameTest, ColorsAreOfferedAtTheFirstStartAndInThePreferences) {
+    frame_->welcome();
+    clickIn<QDialog>("Glass");
+    EXPECT_TRUE(openSheet().isVisible()) << "to see how it looks and try another";
+    EXPECT_EQ(document_->settings().schemeFile, "<Glass>");
+    EXPECT_EQ(scheme_.Color("nav.header"), Rgb(116, 220, 240));
+    openSheet().reject();
+    QDialog& prefs = sheetOf(Qt::CTRL | Qt::Key_P);
+    const auto lists = prefs.findChildren<QComboBox*>();
+    auto& list = **std::ranges::find(lists, QString("Colours"), &QWidget::accessibleName);
+    EXPECT_EQ(list.currentText(), "<Glass>");
+    list.setCurrentText("<Default2>");
+    EXPECT_EQ(document_->settings().schemeFile, "<Glass>") << "not before it is accepted";
+    prefs.accept();
+    EXPECT_EQ(document_->settings().schemeFile, "<Default2>");
+    EXPECT_EQ(scheme_.Color("geo.land"), Rgb(0, 192, 128));
 }
 
 TEST_F(FrameTest, TheMenuBarIsThereForWhoWantsItAndNotInFullScreen) {

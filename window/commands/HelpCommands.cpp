@@ -7,7 +7,6 @@
 #include "config/texts/SheetTexts.h"
 #include "platform/Folders.h"
 #include "window/QtText.h"
-#include "window/sheets/ConnectedSheet.h"
 #include "window/sheets/HelpSheet.h"
 #include "window/sheets/TextSheet.h"
 
@@ -37,7 +36,7 @@ void HelpCommands::addTo(QMenu& menu) {
                 &host_.window(), toQString(kSheetTexts.keysTitle), keyList()));
         });
     host_.addCommand(menu, kCommandTexts.commandConnected, {Qt::Key_F2},
-                     [this] { showConnected(); });
+                     [this] { showConnected({}); });
 }
 
 void HelpCommands::addAbout(QMenu& menu) {
@@ -48,9 +47,11 @@ void HelpCommands::addAbout(QMenu& menu) {
         });
 }
 
-void HelpCommands::showConnected() {
+void HelpCommands::showConnected(const std::vector<ConnectedSheet::Choice>& colors) {
     auto sheet = std::make_unique<ConnectedSheet>(
         &host_.window(), [this] { return connectedText(host_.document(), dataFolders()); });
+    if (!colors.empty())
+        sheet->addChoices(colors);
     sheet->addNext(kCommandTexts.nextPort, onPort);
     sheet->addNext(kCommandTexts.nextSimulator, onSimulator);
     sheet->addNext(kCommandTexts.nextPlan, onPlan);
@@ -61,7 +62,7 @@ void HelpCommands::welcome() {
     if (host_.profile().getInt(kOptionsSection, kWelcomedKey, 0) != 0)
         return;
     host_.profile().setInt(kOptionsSection, kWelcomedKey, 1, true);
-    showConnected();
+    showConnected(onColors ? onColors() : std::vector<ConnectedSheet::Choice>());
 }
 
 /// Every command with a key, menu by menu, and before them what is in no menu.

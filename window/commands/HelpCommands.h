@@ -1,11 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include <QMenu>
 #include <QMenuBar>
 
 #include "window/commands/CommandHost.h"
+#include "window/sheets/ConnectedSheet.h"
 
 namespace korvel {
 
@@ -25,9 +27,11 @@ class HelpCommands {
     std::function<void()> onPort;
     std::function<void()> onSimulator;
     std::function<void()> onPlan;
+    /// The colours that can be had, for the first time.
+    std::function<std::vector<ConnectedSheet::Choice>()> onColors;
 
  private:
-    void showConnected();
+    void showConnected(const std::vector<ConnectedSheet::Choice>& colors);
     QString keyList() const;
 
     CommandHost& host_;

@@ -37,7 +37,8 @@ void OptionCommands::addTo(QMenu& menu) {
         [this] { simulate(!host_.document().flight().simulator().running()); });
     simulating_->setCheckable(true);
     menu.addSeparator();
-    addSheet<CPrefsSheet>(menu, kCommandTexts.commandPrefs, {QKeySequence(Qt::CTRL | Qt::Key_P)});
+    host_.addCommand(menu, kCommandTexts.commandPrefs, {QKeySequence(Qt::CTRL | Qt::Key_P)},
+                     [this] { openPrefs(); });
     addSheet<CMapDialog>(menu, kCommandTexts.commandMapOptions, {Qt::Key_O});
     addSheet<CViewPagesDialog>(menu, kCommandTexts.commandViewPages,
                                {QKeySequence(Qt::SHIFT | Qt::Key_N)});
@@ -50,6 +51,13 @@ void OptionCommands::addTo(QMenu& menu) {
         simulating_->setChecked(host_.document().flight().simulator().running());
     };
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, updateChecks);
+}
+
+void OptionCommands::openPrefs() {
+    auto sheet = std::make_unique<CPrefsSheet>(&host_.window(), host_.document());
+    if (onPrefs)
+        onPrefs(*sheet);
+    host_.openSheet(std::move(sheet));
 }
 
 void OptionCommands::simulate(bool on) {

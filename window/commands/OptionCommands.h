@@ -1,11 +1,15 @@
 #pragma once
 
+#include <functional>
+
 #include <QMenu>
 #include <QPointer>
 
 #include "window/commands/CommandHost.h"
 
 namespace korvel {
+
+class CPrefsSheet;
 
 /// What the menu Options has besides the colour schemes: the simulator, the receiver, the
 /// preferences.
@@ -21,12 +25,16 @@ class OptionCommands {
     void simulate(bool on);
     void choosePort();
 
+    /// The preferences are about to open.
+    std::function<void(CPrefsSheet&)> onPrefs;
+
  private:
     /// A command that opens a sheet on the document.
     template <class SheetType>
     void addSheet(QMenu& menu, Text name, const QList<QKeySequence>& keys);
 
     void startSimulator();
+    void openPrefs();
 
     CommandHost& host_;
     QPointer<QAction> simulating_;

@@ -1,12 +1,16 @@
 #include "window/commands/SchemeCommands.h"
 
+#include <utility>
 #include <vector>
 
 #include "cockpit/CKorvelDoc.h"
 #include "config/DataFileSearch.h"
 #include "config/texts/CommandTexts.h"
+#include "config/texts/StatusTexts.h"
 #include "paint/ColorScheme.h"
 #include "window/QtText.h"
+#include "window/SchemePicture.h"
+#include "window/sheets/CPrefsSheet.h"
 
 namespace korvel {
 
@@ -33,9 +37,32 @@ void SchemeCommands::choose(const std::string& name) {
     show(name);
 }
 
-void SchemeCommands::showChosen() {
+/// The one that the settings name, or the day's.
+std::string SchemeCommands::chosen() {
     const std::vector<std::string> schemes = listSchemes(dataFiles_);
-    show(schemes[selectedScheme(schemes, host_.document().settings().schemeFile)]);
+    return schemes[selectedScheme(schemes, host_.document().settings().schemeFile)];
+}
+
+void SchemeCommands::showChosen() { show(chosen()); }
+
+std::vector<ConnectedSheet::Choice> SchemeCommands::firstChoices() {
+    std::vector<ConnectedSheet::Choice> choices;
+    for (const auto& [text, name] : {std::pair{kCommandTexts.colorsDay, daySchemeName()},
+                                     {kStatusTexts.glassSchemeName, glassSchemeName()},
+                                     {kCommandTexts.colorsNight, nightSchemeName()}}) {
+        ColorScheme scheme;
+        scheme.load(name, dataFiles_);
+        choices.push_back({.name = text,
+                           .picture = schemePicture(scheme),
+                           .chosen = name == chosen(),
+                           .choose = [this, name = name] { choose(name); }});
+    }
+    return choices;
+}
+
+void SchemeCommands::offerIn(CPrefsSheet& prefs) {
+    prefs.offerSchemes(listSchemes(dataFiles_), chosen());
+    prefs.onScheme = [this](const std::string& name) { choose(name); };
 }
 
 void SchemeCommands::show(const std::string& name) {

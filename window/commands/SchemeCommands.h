@@ -8,10 +8,12 @@
 
 #include "screen/NightSwitch.h"
 #include "window/commands/CommandHost.h"
+#include "window/sheets/ConnectedSheet.h"
 
 namespace korvel {
 
 class ColorScheme;
+class CPrefsSheet;
 class DataFileSearch;
 
 /// The colour schemes: a list of them, and one key for the night.
@@ -27,11 +29,17 @@ class SchemeCommands {
     /// The one that the settings name.
     void showChosen();
 
+    /// A few of the schemes to choose from when the pilot has not seen any yet.
+    std::vector<ConnectedSheet::Choice> firstChoices();
+    /// Has the preferences ask for the scheme, too.
+    void offerIn(CPrefsSheet& prefs);
+
     std::function<void()> onShown;
 
  private:
     /// Shows a scheme and remembers it.
     void choose(const std::string& name);
+    std::string chosen();
 
     CommandHost& host_;
     ColorScheme& scheme_;

@@ -103,6 +103,19 @@ void CPrefsSheet::addEditor(QWidget& page, const PrefRow& row, const SettingValu
     editors_.push_back(editor);
 }
 
+void CPrefsSheet::offerSchemes(std::span<const std::string> names, const std::string& chosen) {
+    for (const std::string& name : names)
+        schemes_.addItem(toQString(name));
+    shownScheme_ = toQString(chosen);
+    schemes_.setCurrentText(shownScheme_);
+    schemes_.setMinimumHeight(kRowPixels);
+    schemes_.setAccessibleName(toQString(kPreferenceTexts.prefScheme));
+    QWidget* page = static_cast<QScrollArea*>(tabs_.widget(0))->widget();
+    auto& form = static_cast<QFormLayout&>(*page->layout());
+    form.insertRow(0, toQString(kPreferenceTexts.prefScheme), &schemes_);
+    form.labelForField(&schemes_)->setMinimumHeight(kRowPixels);
+}
+
 std::string CPrefsSheet::read(const Editor& editor, SettingValue& value) {
     if (editor.line != nullptr)
         return editor.row.read(editor.line->text().trimmed().toStdString(), value);
@@ -127,6 +140,8 @@ void CPrefsSheet::accept() {
     }
     document_.applySettings(settings);
     Sheet::accept();
+    if (onScheme && schemes_.currentText() != shownScheme_)
+        onScheme(schemes_.currentText().toStdString());
 }
 
 CMapDialog::CMapDialog(QWidget* parent, CKorvelDoc& document)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -24,6 +25,11 @@ class CPrefsSheet : public Sheet {
  public:
     /// Every page. The document must outlive the sheet.
     CPrefsSheet(QWidget* parent, CKorvelDoc& document);
+
+    /// Adds a choice of the colour scheme to the first page.
+    void offerSchemes(std::span<const std::string> names, const std::string& chosen);
+    /// Another scheme was accepted.
+    std::function<void(const std::string& name)> onScheme;
 
     void accept() override;
 
@@ -53,6 +59,8 @@ class CPrefsSheet : public Sheet {
     QTabWidget tabs_;
     QLabel message_;
     std::vector<Editor> editors_;
+    QComboBox schemes_;
+    QString shownScheme_;
 };
 
 /// The map's content alone.

@@ -29,6 +29,23 @@ void ConnectedSheet::update() {
     words().setPlainText(shown_);
 }
 
+void ConnectedSheet::addChoices(const std::vector<Choice>& choices) {
+    auto* row = new QWidget(this);  // the sheet owns it
+    auto* side = new QHBoxLayout(row);
+    side->setContentsMargins(0, 0, 0, 0);
+    for (const Choice& choice : choices) {
+        auto* button = new QPushButton(choice.picture, toQString(choice.name), row);
+        button->setIconSize(choice.picture.availableSizes().front());
+        button->setCheckable(true);
+        button->setAutoExclusive(true);
+        button->setAutoDefault(false);
+        button->setChecked(choice.chosen);
+        side->addWidget(button);
+        connect(button, &QPushButton::clicked, this, choice.choose);
+    }
+    addRow(*row);
+}
+
 void ConnectedSheet::addNext(Text name, const std::function<void()>& next) {
     auto* button = new QPushButton(toQString(name), this);  // the sheet owns it
     button->setAutoDefault(false);

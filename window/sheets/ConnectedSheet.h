@@ -2,7 +2,9 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
+#include <QIcon>
 #include <QPushButton>
 #include <QTimer>
 
@@ -20,6 +22,15 @@ class ConnectedSheet final : public TextSheet {
 
     /// Adds a button that closes the sheet and does this.
     void addNext(Text name, const std::function<void()>& next);
+
+    struct Choice {
+        Text name;
+        QIcon picture;
+        bool chosen = false;
+        std::function<void()> choose;
+    };
+    /// Adds a row of which one is chosen, at once and as often as the pilot likes.
+    void addChoices(const std::vector<Choice>& choices);
 
  private:
     void update();
