@@ -49,7 +49,8 @@ std::string placeText(const CKorvelDoc& document, const DatabaseRecord& record) 
 
 PlaceSheet::PlaceSheet(QWidget* parent, CKorvelDoc& document,
                        const std::shared_ptr<const DatabaseRecord>& record, Words words)
-    : Sheet(parent, toQString(record->ident.view()), QDialogButtonBox::Close),
+    // The cross closes it: with five buttons a sixth would not fit a window of 640 pixels.
+    : Sheet(parent, toQString(record->ident.view()), QDialogButtonBox::NoButton),
       words_(std::move(words)) {
     auto* page = new QWidget;  // the scroll area takes it
     content_ = new QHBoxLayout(page);
@@ -98,7 +99,7 @@ PlaceSheet::PlaceSheet(QWidget* parent, CKorvelDoc& document,
 void PlaceSheet::addButton(QPushButton& button, Text text, const std::function<void()>& handler) {
     button.setText(toQString(text));
     button.setAutoDefault(false);
-    button.setMinimumSize(2 * kRowPixels, kRowPixels);
+    button.setMinimumHeight(kRowPixels);
     buttons().addButton(&button, QDialogButtonBox::ActionRole);
     connect(&button, &QPushButton::clicked, this, handler);
 }

@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kMargin = 10;
 constexpr int kSpacing = 6;
-constexpr int kLeastButton = 110;  // wide
+constexpr int kLeastButton = 88;  // wide
 constexpr int kLeastTallRow = 2 * Sheet::kRowPixels;
 /// The application's note that the pilot types with the key pad.
 constexpr const char* kKeyPadWanted = "keyPadWanted";
