@@ -8,7 +8,6 @@
 #include <QDropEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
 #include <QUrl>
@@ -25,6 +24,7 @@
 #include "window/SchemeStyle.h"
 #include "window/WindowPlacement.h"
 #include "window/sheets/AltimeterSheet.h"
+#include "window/sheets/Boxes.h"
 #include "window/sheets/FieldSheet.h"
 #include "window/sheets/MenuSheet.h"
 
@@ -230,10 +230,7 @@ void CMainFrame::dropEvent(QDropEvent* event) {
 }
 
 void CMainFrame::showError(const std::string& message) {
-    auto* box = new QMessageBox(QMessageBox::Critical, toQString(kFileTexts.errorTitle),
-                                toQString(message), QMessageBox::Ok, this);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    openBox(*this, QMessageBox::Critical, toQString(message), QMessageBox::Ok);
 }
 
 void CMainFrame::changeEvent(QEvent* event) {

@@ -32,6 +32,7 @@ struct StyleColors {
           chosenText(readable(colors.chosenInk(), chosen)),
           head(colors[ColorKey::NavBackground]),
           headText(readable(colors[ColorKey::NavText], head)),
+          danger(colors[ColorKey::MapObstacleDanger]),
           pale(blended(ground, text, 0.55)),
           // Black swallows more of a tint than white does.
           tint_(lightOf(ground) < kDark ? 2.5 : 1) {}
@@ -45,6 +46,7 @@ struct StyleColors {
     ColorValue chosenText;
     ColorValue head;
     ColorValue headText;
+    ColorValue danger;
     ColorValue pale;
 
  private:
@@ -61,6 +63,10 @@ constexpr double kEdge = 0.4;
 // the window.
 constexpr const char* kSheet = R"(
 QDialog, QMessageBox { background: @window; }
+QMessageBox { border: 3px solid @edge; }
+QMessageBox[alarm="true"] { border-color: @danger; }
+QMessageBox QLabel { padding: 8px 12px; }
+QMessageBox QPushButton { min-width: 88px; }
 QLabel { color: @text; background: transparent; }
 #sheetHeader { background: @head; }
 #sheetHeader QLabel { color: @headText; font-weight: bold; }
@@ -179,6 +185,7 @@ QString schemeStyleSheet(const ColorScheme& scheme) {
         {"head", colors.head},
         {"text", colors.text},
         {"pale", colors.pale},
+        {"danger", colors.danger},
     };
     for (const auto& [name, color] : names)
         set(name, toQColor(color).name());

@@ -91,6 +91,14 @@ QRect TouchStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
     return QProxyStyle::subControlRect(control, option, part, widget);
 }
 
+/// Words alone on buttons: the desktop's pictures are of another style.
+int TouchStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                          QStyleHintReturn* more) const {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, more);
+}
+
 int TouchStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                             const QWidget* widget) const {
     switch (metric) {

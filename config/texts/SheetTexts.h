@@ -106,6 +106,11 @@ struct SheetTexts {
     Text placeVariation{61819, "Variation %d %s"};  ///< %d: degrees, %s: E or W
     Text closeSheet{61821, "Close"};
     Text cancelSheet{66401, "Cancel"};
+    Text saveBox{66457, "Save"};
+    Text discardBox{66458, "Discard"};
+    Text openFile{66459, "Open"};
+    Text fileName{66461, "Name"};
+    Text fileKind{66462, "Kind"};
     Text keyPadShow{61822, "Keys"};
     Text keyPadSpace{61823, "Space"};
     Text keyPadBack{61824, "Del"};

@@ -407,6 +407,8 @@ TEST_F(FrameTest, WhatCannotBeSavedIsToldBeforeTheEnd) {
     EXPECT_TRUE(frame_->isVisible());
     const auto boxes = frame_->findChildren<QMessageBox*>();
     ASSERT_EQ(boxes.size(), 1);
+    EXPECT_FALSE(boxes.front()->geometry().contains(frame_->geometry().center())) << "the aircraft shows";
+    EXPECT_TRUE(frame_->geometry().contains(boxes.front()->geometry()));
     EXPECT_TRUE(boxes.front()->text().startsWith("Settings not saved: korvel.ini cannot be written\n"));
     EXPECT_TRUE(connectedText(*document_, {}).starts_with("NOT SAVED\nSettings not saved: korvel.ini"));
     boxes.front()->accept();

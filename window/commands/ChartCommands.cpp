@@ -1,7 +1,5 @@
 #include "window/commands/ChartCommands.h"
 
-#include <QFileDialog>
-
 #include "base/Calendar.h"
 #include "cockpit/CKorvelDoc.h"
 #include "cockpit/ChartText.h"
@@ -10,6 +8,7 @@
 #include "screen/Screen.h"
 #include "window/QtPath.h"
 #include "window/QtText.h"
+#include "window/sheets/Boxes.h"
 #include "window/sheets/ChartSheet.h"
 
 namespace korvel {
@@ -55,13 +54,11 @@ void ChartCommands::choose(bool isZip) {
     auto* dialog = new QFileDialog(
         &host_.window(), toQString(isZip ? kChartTexts.selectZip : kChartTexts.selectFolder),
         shownPath(documentsFolder()), toQString(kChartTexts.zipFilter));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(isZip ? QFileDialog::ExistingFile : QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly, !isZip);
-    dialog->resize(host_.window().size());
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
                      [this](const QString& name) { begin(toPath(name)); });
-    dialog->open();
+    openFileDialog(*dialog);
 }
 
 void ChartCommands::begin(const std::filesystem::path& download) {

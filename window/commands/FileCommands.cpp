@@ -5,7 +5,6 @@
 
 #include <QDateTime>
 #include <QDir>
-#include <QMessageBox>
 
 #include "cockpit/CKorvelDoc.h"
 #include "cockpit/PlanExchange.h"
@@ -20,6 +19,7 @@
 #include "screen/Screen.h"
 #include "window/QtPath.h"
 #include "window/QtText.h"
+#include "window/sheets/Boxes.h"
 #include "window/sheets/ImportSheet.h"
 #include "window/sheets/TextSheet.h"
 
@@ -268,17 +268,14 @@ void FileCommands::withPlanSafe(const std::function<void()>& next) {
 /// Whether something is to be saved before `next` is done.
 void FileCommands::ask(Text question, const std::function<void(const std::function<void()>&)>& save,
                        const std::function<void()>& next) {
-    auto* box = new QMessageBox(
-        QMessageBox::Question, toQString(kCommandTexts.programName), toQString(question),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &host_.window());
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    QObject::connect(box, &QMessageBox::finished, box, [save, next](int answer) {
+    QMessageBox& box = openBox(host_.window(), QMessageBox::Question, toQString(question),
+                               QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+    QObject::connect(&box, &QMessageBox::finished, &box, [save, next](int answer) {
         if (answer == QMessageBox::Save)
             save(next);
         else if (answer == QMessageBox::Discard)
             next();
     });
-    box->open();
 }
 
 // Tracks
@@ -370,14 +367,11 @@ void FileCommands::choose(const FileQuestion& question,
     auto* dialog = new QFileDialog(&host_.window(), toQString(question.title),
                                    startFolder(question), toQString(question.filter));
     const bool saves = !question.suffix.isEmpty();
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog->setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog->setDefaultSuffix(question.suffix);
     if (saves)
         dialog->selectFile(question.proposal);
-    // As large as the window: rows and buttons are large, too.
-    dialog->resize(host_.window().size());
     // "GPX (*.gpx)" that is chosen gives the ending that is not typed.
     QObject::connect(
         dialog, &QFileDialog::filterSelected, dialog,
@@ -388,7 +382,7 @@ void FileCommands::choose(const FileQuestion& question,
         });
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
                      [chosen](const QString& name) { chosen(toPath(name)); });
-    dialog->open();
+    openFileDialog(*dialog);
 }
 
 }  // namespace korvel
