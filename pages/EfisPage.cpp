@@ -16,7 +16,6 @@
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
 #include "pages/EfisTape.h"
-#include "pages/NavField.h"
 #include "pages/WarningFlag.h"
 #include "paint/Clip.h"
 #include "paint/MapColorCache.h"
@@ -313,6 +312,11 @@ Point worldPoint(const EfisLayout& layout, double bankDeg, double pitchDeg, doub
     const double height = up - pitchDeg * layout.pixelsPerDeg;
     return {layout.center.x + right * cosine - height * sine,
             layout.center.y - (right * sine + height * cosine)};
+}
+
+bool isOnEfisPage(NavFieldId field) {
+    return field == NavFieldId::GroundSpeed || field == NavFieldId::Track ||
+           field == NavFieldId::Altitude || field == NavFieldId::VerticalSpeed;
 }
 
 void paintEfisPage(Canvas& canvas, const CockpitData& data, const MapColorCache& colors) {

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "cockpit/CockpitData.h"
+#include "pages/NavField.h"
 #include "paint/Canvas.h"
 
 namespace korvel {
@@ -29,6 +30,9 @@ EfisLayout layOutEfis(double width, double height);
 /// the nose up the horizon sinks.
 Point worldPoint(const EfisLayout& layout, double bankDeg, double pitchDeg, double right,
                  double up);
+
+/// What the page's tapes tell: beside it a navigation field would tell it twice.
+bool isOnEfisPage(NavFieldId field);
 
 /// Attitude, speed, altitude and heading as the receiver tells them, and marked as such. What is
 /// absent is crossed out. Fills the whole canvas.

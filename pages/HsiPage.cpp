@@ -16,6 +16,7 @@
 #include "pages/ApproachBox.h"
 #include "pages/HsiPainter.h"
 #include "pages/NavField.h"
+#include "pages/NextWaypoints.h"
 #include "pages/WarningFlag.h"
 #include "paint/AreaCanvas.h"
 #include "paint/Clip.h"
@@ -204,6 +205,21 @@ void paintCorners(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data,
     corner(NavFieldId::Distance, true, bottom);
 }
 
+/// Beside the card, between the corners: what comes behind the leg at the left, the altitude that
+/// is wanted at the right.
+void paintSides(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data, double textPx,
+                const MapColorCache& colors) {
+    const double margin = textPx;
+    const double corner = std::round(3.5 * textPx) + margin;
+    const double height = canvas.height() - 2 * corner;
+    const double width = hsi.aircraft().x - hsi.radius() - 2 * margin;
+    paintNextWaypoints(canvas, data, {margin, corner, width, height}, textPx, colors);
+    if (!data.targetAltitudeFt || width < 4 * textPx || height < 3 * textPx)
+        return;
+    paintCorner(canvas, navField(NavFieldId::TargetAltitude), data,
+                {canvas.width() - margin - width, corner, width, height}, true, textPx, colors);
+}
+
 double keptFree(const Rect& page, const CockpitData& data) {
     return data.approach ? approachBox(page.width, page.height).right() : 0;
 }
@@ -260,6 +276,7 @@ void paintHsiPage(Canvas& canvas, const CockpitData& data, Point aircraft,
     canvas.rect(page, Brush{colors[ColorKey::MapBackground]}, std::nullopt);
     const ScaledHsi hsi(page, aircraft, textPx, kMostScale, keptFree(page, data));
     paintCorners(canvas, hsi, data, textPx, colors);
+    paintSides(canvas, hsi, data, textPx, colors);
     hsi.paint(canvas, hsiState(data), colors, noteFor(data));
     paintFlags(canvas, hsi, data, std::round(1.3 * textPx), colors);
     if (!data.position && data.positionAgeSec)

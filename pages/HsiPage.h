@@ -19,8 +19,8 @@ HsiState hsiState(const CockpitData& data);
 /// The cross-track at full deflection, in the unit of the data: "±1.25 nm".
 std::string fullScaleText(const CockpitData& data);
 
-/// The page "HSI": the indicator around the aircraft's point, and in the corners what belongs to
-/// the leg. Fills the whole canvas.
+/// The page "HSI": the indicator around the aircraft's point, in the corners what belongs to the
+/// leg, and beside the card what comes behind it. Fills the whole canvas.
 void paintHsiPage(Canvas& canvas, const CockpitData& data, Point aircraft,
                   const MapColorCache& colors);
 

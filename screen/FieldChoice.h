@@ -19,6 +19,8 @@ class FieldChoice {
 
     std::span<const NavFieldId> fields() const { return fields_; }
     bool contains(NavFieldId field) const;
+    /// Where one of them stands in fields().
+    std::size_t placeOf(NavFieldId field) const;
     /// Puts the field there; when it already stands elsewhere the two change places.
     void put(std::size_t place, NavFieldId field);
     /// Reaches the file with the profile's next save.

@@ -13,6 +13,7 @@
 #include "map/PlaceHit.h"
 #include "map/layers/ObstacleLayer.h"
 #include "map/layers/TrafficLayer.h"
+#include "pages/EfisPage.h"
 #include "pages/FieldStrip.h"
 #include "screen/PageCycle.h"
 #include "screen/RulerEnd.h"
@@ -330,15 +331,23 @@ void Screen::setField(std::size_t place, NavFieldId field) {
     layOut();
 }
 
-std::span<const NavFieldId> Screen::shownFields() const {
+/// A page that shows a value itself leaves its field to the next ones.
+std::vector<NavFieldId> Screen::shownFields() const {
     const ScreenLayout& layout = areas_.layout();
-    return FieldStrip::fitting(fields_.fields(), layout.arrangement, layout.fields.width,
-                               layout.fields.height);
+    std::vector<NavFieldId> fields(fields_.fields().begin(), fields_.fields().end());
+    if (page_ == PageId::Efis)
+        std::erase_if(fields, isOnEfisPage);
+    const auto fitting =
+        FieldStrip::fitting(fields, layout.arrangement, layout.fields.width, layout.fields.height);
+    fields.resize(fitting.size());
+    return fields;
 }
 
 std::optional<std::size_t> Screen::fieldAt(Point at) const {
     const ScreenLayout& layout = areas_.layout();
-    return FieldStrip::fieldAt(letters_, layout.fields, layout.arrangement, shownFields(), at);
+    const std::vector<NavFieldId> shown = shownFields();
+    const auto place = FieldStrip::fieldAt(letters_, layout.fields, layout.arrangement, shown, at);
+    return place ? std::optional(fields_.placeOf(shown[*place])) : std::nullopt;
 }
 
 bool Screen::acknowledgeAlarm(std::size_t place) {

@@ -126,9 +126,9 @@ class Screen {
     NavFieldId field(std::size_t place) const { return fields_.fields()[place]; }
     /// Shows this field there; when it already shows elsewhere the two change places.
     void setField(std::size_t place, NavFieldId field);
-    /// The fields that there is room for.
-    std::span<const NavFieldId> shownFields() const;
-    /// The place of the field under a point of their strip.
+    /// The fields that there is room for and that the page does not show itself.
+    std::vector<NavFieldId> shownFields() const;
+    /// The field under a point of their strip, by its place among the chosen ones.
     std::optional<std::size_t> fieldAt(Point at) const;
     /// The pilot has seen the alarm that is shown at this place, 0 being the most urgent one; false
     /// when there is none.

@@ -56,6 +56,7 @@ struct InstrumentTexts {
     Text fixWithSatellites{62054, "%s, %d satellites"};  ///< %s: fix, %d: number
     Text satelliteUsed{62405, "in use"};
     Text satelliteNotUsed{62406, "not in use"};
+    Text nextWaypoints{66463, "NEXT"};
     Text touchMenu{66451, "Menu"};
     Text touchPage{62060, "Page"};
     Text touchDirect{62061, "Direct"};

@@ -159,6 +159,32 @@ TEST(HsiPage, ShowsTheLegAsAPilotReadsIt) {
     EXPECT_EQ(hsiState(data).course, HsiState::kNone) << "without a track there is no up";
 }
 
+TEST(HsiPage, BesideTheCardStandsWhatComesNext) {
+    const ColorScheme scheme;
+    const MapColorCache colors(scheme);
+    CockpitData data = navigating();
+    const auto plan = planOf(6, 1);
+    data.activeWaypoint = plan->rows[1].position;
+    data.plan = plan;
+    data.groundSpeedKt = 120;
+    const auto textsOf = [&](double width, double height) {
+        RecordingCanvas canvas(width, height);
+        paintHsiPage(canvas, data, {width / 2, height / 2 + 10}, colors);
+        return "\n" + canvas.texts();
+    };
+    const std::string wide = textsOf(800, 350);
+    EXPECT_NE(wide.find("\nNEXT\nW2\n64.3 nm\n14:37\nW3\n94.3 nm\n14:52\nW4\n124 nm\n15:07\n"), std::string::npos)
+        << wide;
+    EXPECT_EQ(wide.find("W5"), std::string::npos) << "three";
+    EXPECT_NE(wide.find("\nTGT ALT\n3500 ft\n"), std::string::npos);
+    EXPECT_EQ(textsOf(460, 600).find("NEXT"), std::string::npos) << "no room beside the card";
+    data.activeWaypoint = atDegrees(47, 11);
+    EXPECT_EQ(textsOf(800, 350).find("NEXT"), std::string::npos) << "what is flown is not the plan";
+    data = approaching();
+    data.plan = plan;
+    EXPECT_EQ(textsOf(800, 350).find("NEXT"), std::string::npos) << "the approach's box stands there";
+}
+
 TEST(HsiPage, StatesItsFullScaleInTheUnitInForce) {
     CockpitData data;
     for (const auto& [unit, scale, text] : {std::tuple{0, 5.0, "±5 nm"}, std::tuple{0, 1.25, "±1.25 nm"},

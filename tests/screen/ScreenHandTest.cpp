@@ -1,4 +1,5 @@
 #include "pages/ApproachBox.h"
+#include "pages/EfisPage.h"
 #include "screen/NightSwitch.h"
 #include "screen/PageCycle.h"
 #include "screen/ScreenFixture.h"
@@ -103,6 +104,21 @@ TEST_F(ScreenTest, AnAirportOfTheNearestIsOpenedByTapAndKey) {
     EXPECT_FALSE(hand_.key(ScreenKey::Open));
     EXPECT_TRUE(hand_.key(ScreenKey::Down) && hand_.key(ScreenKey::Open));
     EXPECT_EQ(asked(), Asked{"airport XFLD"});
+}
+
+TEST_F(ScreenTest, WhatTheEfisShowsItselfLeavesItsFieldToTheNext) {
+    const std::vector<NavFieldId> usual = screen_.shownFields();
+    ASSERT_EQ(usual.front(), NavFieldId::GroundSpeed);
+    screen_.showPage(PageId::Efis);
+    const std::vector<NavFieldId> shown = screen_.shownFields();
+    EXPECT_EQ(shown.front(), NavFieldId::Bearing);
+    EXPECT_EQ(std::ranges::count_if(shown, isOnEfisPage), 0);
+    EXPECT_GE(shown.size(), 5U);
+    const Rect strip = screen_.areas().layout().fields;
+    tap(Point{strip.x + 5, strip.y + 5});
+    EXPECT_EQ(asked(), Asked{"field 2"}) << "counted as on every page";
+    screen_.showPage(PageId::Map);
+    EXPECT_EQ(screen_.shownFields(), usual);
 }
 
 TEST_F(ScreenTest, FieldsAreTappedChangedAndKept) {
