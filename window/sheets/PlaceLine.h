@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QListWidget>
 #include <QString>
 
 #include "geo/Units.h"
@@ -7,7 +8,12 @@
 
 namespace korvel {
 
-/// A place as a row of a list: identifier, kind, name, how far, and whether its data are old.
-QString placeLine(const PlaceMatch& match, DistanceUnit unit);
+/// Has the list show places in columns: identifier, name over kind and remarks, how far at the
+/// right. Its rows come from addPlaceRow().
+void showPlaces(QListWidget& list);
+
+/// Adds a place and why it is offered, which may be empty, and whether its data are old. The row's
+/// text has all of it, for who does not see.
+void addPlaceRow(QListWidget& list, const PlaceMatch& match, DistanceUnit unit, const QString& why);
 
 }  // namespace korvel

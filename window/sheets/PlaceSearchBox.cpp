@@ -42,6 +42,7 @@ PlaceSearchBox::PlaceSearchBox(CKorvelDoc& document, std::optional<GeoPoint> nea
     edit_.setPlaceholderText(toQString(kSheetTexts.searchHint));
     list_.setMinimumHeight(Sheet::kRowPixels);
     list_.setFocusPolicy(Qt::NoFocus);
+    showPlaces(list_);
     edit_.installEventFilter(this);
     setFocusProxy(&edit_);
     connect(
@@ -66,11 +67,7 @@ PlaceSearchBox::PlaceSearchBox(CKorvelDoc& document, std::optional<GeoPoint> nea
 }
 
 void PlaceSearchBox::addRow(const PlaceMatch& match, const QString& why) {
-    QString line = placeLine(match, document_.cockpitData().distanceUnit);
-    if (!why.isEmpty())
-        line += QStringLiteral("   ") + why;
-    auto* item = new QListWidgetItem(line, &list_);  // the list owns it
-    item->setSizeHint({0, Sheet::kRowPixels});
+    addPlaceRow(list_, match, document_.cockpitData().distanceUnit, why);
 }
 
 /// Nothing of it is chosen: Enter alone must not fly anywhere.

@@ -54,6 +54,7 @@ RouteSheet::RouteSheet(QWidget* parent, CKorvelDoc& document)
     help_.setTextFormat(Qt::PlainText);
     line_.setPlaceholderText(toQString(kSheetTexts.routeHint));
     starts_.setFocusPolicy(Qt::ClickFocus);
+    showPlaces(starts_);
     words_.setWordWrap(true);
     words_.setTextFormat(Qt::RichText);
     words_.setMinimumHeight(2 * kRowPixels);
@@ -114,12 +115,8 @@ void RouteSheet::offerStarts() {
     const QSignalBlocker blocker(starts_);
     starts_.clear();
     startPlaces_ = std::move(places);
-    for (const PlaceMatch& place : startPlaces_) {
-        // The list owns it.
-        auto* item =
-            new QListWidgetItem(placeLine(place, document_.cockpitData().distanceUnit), &starts_);
-        item->setSizeHint({0, kRowPixels});
-    }
+    for (const PlaceMatch& place : startPlaces_)
+        addPlaceRow(starts_, place, document_.cockpitData().distanceUnit, {});
     starts_.setCurrentRow(-1);
     starts_.setVisible(!startPlaces_.empty());
 }
