@@ -15,6 +15,7 @@
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
+#include "pages/EfisGuidance.h"
 #include "pages/EfisTape.h"
 #include "pages/WarningFlag.h"
 #include "paint/Clip.h"
@@ -26,6 +27,8 @@ namespace {
 
 constexpr double kFullScaleFpm = 2000;
 constexpr double kVisibleHeadingDeg = 80;
+constexpr double kVisibleFeet = 900;
+constexpr double kVisibleMetres = 300;
 constexpr int kMostLadderDeg = 30;
 
 class EfisPainter {
@@ -55,6 +58,7 @@ class EfisPainter {
         altitudeTape();
         verticalSpeed();
         headingTape();
+        paintEfisGuidance(canvas_, data_, layout_, colors_);
         origin();
         if (!data_.position && data_.positionAgeSec)
             paintWarningFlag(
@@ -195,7 +199,7 @@ class EfisPainter {
             tape.value = *data_.altitudeFt * (metric ? kMetresPerFoot : 1.0);
             tape.readOut = altitude.value;
         }
-        tape.visible = metric ? 300 : 900;
+        tape.visible = metric ? kVisibleMetres : kVisibleFeet;
         tape.markStep = metric ? 20 : 100;
         tape.labelStep = metric ? 100 : 200;
         paintEfisTape(canvas_, tape, text(kInstrumentTexts.noAltitude), textPx_, colors_);
@@ -312,6 +316,10 @@ Point worldPoint(const EfisLayout& layout, double bankDeg, double pitchDeg, doub
     const double height = up - pitchDeg * layout.pixelsPerDeg;
     return {layout.center.x + right * cosine - height * sine,
             layout.center.y - (right * sine + height * cosine)};
+}
+
+double efisVisibleFt(int altUnit) {
+    return altUnit == 1 ? kVisibleMetres / kMetresPerFoot : kVisibleFeet;
 }
 
 bool isOnEfisPage(NavFieldId field) {

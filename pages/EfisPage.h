@@ -31,6 +31,9 @@ EfisLayout layOutEfis(double width, double height);
 Point worldPoint(const EfisLayout& layout, double bankDeg, double pitchDeg, double right,
                  double up);
 
+/// How much of the altitudes the tape shows, feet, in the unit that the settings give.
+double efisVisibleFt(int altUnit);
+
 /// What the page's tapes tell: beside it a navigation field would tell it twice.
 bool isOnEfisPage(NavFieldId field);
 
