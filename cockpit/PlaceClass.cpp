@@ -15,6 +15,7 @@ constexpr std::array<PlaceRule, kPlaceClassCount> kRules{{
     {PlaceClass::TowerAirport, 1000, 1000, 9000},
     {PlaceClass::HardAirport, 500, 500, 2500},
     {PlaceClass::SoftAirport, 65, 40, 0},
+    {PlaceClass::Strip, 15, 8, -1500},
     {PlaceClass::SeaplaneBase, 40, 25, -1000},
     {PlaceClass::Heliport, 15, 8, -5000},
     {PlaceClass::HighVor, 250, 250, 9000},
@@ -40,11 +41,15 @@ constexpr unsigned kAirportsClass = 1U << 0U;
 constexpr unsigned kNavaidsClass = 1U << 1U;
 constexpr unsigned kFixesClass = 1U << 3U;
 
-PlaceClass classOfAirport(std::uint32_t flags) {
+PlaceClass classOfAirport(const Place& place) {
+    const std::uint32_t flags = place.flags;
     if ((flags & kAirportHeliport) != 0)
         return PlaceClass::Heliport;
     if ((flags & kAirportSeaplaneBase) != 0)
         return PlaceClass::SeaplaneBase;
+    // No authority gives identifiers with a dash.
+    if ((flags & kAirportTower) == 0 && place.ident.view().find('-') != std::string_view::npos)
+        return PlaceClass::Strip;
     if ((flags & kAirportHardSurface) == 0)
         return PlaceClass::SoftAirport;
     return (flags & kAirportTower) != 0 ? PlaceClass::TowerAirport : PlaceClass::HardAirport;
@@ -99,7 +104,7 @@ bool holds(NavaidSet set, const Place& navaid) {
 
 PlaceClass classOf(const Place& place) {
     if (place.kind == kAirportKind)
-        return classOfAirport(place.flags);
+        return classOfAirport(place);
     if (place.kind == kFixKind && place.flags == kUsageMarked)
         return PlaceClass::UserFix;
     if (place.flags == kUsageVisual)

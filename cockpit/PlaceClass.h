@@ -16,6 +16,7 @@ enum class PlaceClass : std::uint8_t {
     TowerAirport,  ///< hard surface and a tower
     HardAirport,   ///< hard surface
     SoftAirport,
+    Strip,  ///< whose identifier is a number that its source has made up, such as GB-0123
     SeaplaneBase,
     Heliport,
     HighVor,  ///< high altitude alone
@@ -28,8 +29,9 @@ enum class PlaceClass : std::uint8_t {
     VisualPoint,
     UserFix,  ///< marked by the pilot
 };
-inline constexpr std::size_t kPlaceClassCount = 14;
+inline constexpr std::size_t kPlaceClassCount = 15;
 
+/// Of a place whose identifier is not read yet a strip counts as what its surface makes of it.
 PlaceClass classOf(const Place& place);
 
 constexpr bool isAirport(PlaceClass placeClass) { return placeClass <= PlaceClass::Heliport; }

@@ -119,6 +119,7 @@ constexpr std::array kRows{
     LegendRow{kLegendTexts.towerAirport, place<PlaceClass::TowerAirport>},
     LegendRow{kLegendTexts.hardAirport, place<PlaceClass::HardAirport>},
     LegendRow{kLegendTexts.softAirport, place<PlaceClass::SoftAirport>},
+    LegendRow{kLegendTexts.strip, place<PlaceClass::Strip>},
     LegendRow{kLegendTexts.privateAirport, place<PlaceClass::SoftAirport, kAirportPrivate>},
     LegendRow{kLegendTexts.seaplaneBase, place<PlaceClass::SeaplaneBase>},
     LegendRow{kLegendTexts.heliport, place<PlaceClass::Heliport>},

@@ -29,6 +29,7 @@ struct LegendTexts {
     Text airspaceSpecial{66550, "Restricted, prohibited, danger area"};
     Text groundDanger{66551, "Ground less than 100 ft below, or higher"};
     Text groundWarning{66552, "Ground less than 1000 ft below"};
+    Text strip{66553, "Strip without an identifier of its own"};
 };
 
 inline constexpr LegendTexts kLegendTexts{};

@@ -40,6 +40,7 @@ Rect united(const Rect& a, const Rect& b) {
 bool isMinor(PlaceClass placeClass) {
     switch (placeClass) {
         case PlaceClass::SoftAirport:
+        case PlaceClass::Strip:
         case PlaceClass::SeaplaneBase:
         case PlaceClass::Heliport:
         case PlaceClass::Ndb:
@@ -257,7 +258,8 @@ PlaceLayout layOutPlaces(const MapContent& content, const TextMeasure& texts, La
 std::optional<int> directionOf(const MapPlace& airport) {
     const bool hasRunways = airport.placeClass == PlaceClass::TowerAirport ||
                             airport.placeClass == PlaceClass::HardAirport ||
-                            airport.placeClass == PlaceClass::SoftAirport;
+                            airport.placeClass == PlaceClass::SoftAirport ||
+                            airport.placeClass == PlaceClass::Strip;
     if (!hasRunways || !airport.details || !airport.details->runwayTrueDeg)
         return std::nullopt;
     return RoundToInt(*airport.details->runwayTrueDeg);
@@ -274,6 +276,7 @@ double symbolRadius(PlaceClass placeClass, double textPx) {
             return textPx * 0.34;
         case PlaceClass::Ndb:
             return textPx * 0.45;
+        case PlaceClass::Strip:
         case PlaceClass::RouteFix:
         case PlaceClass::TerminalFix:
             return textPx * 0.28;

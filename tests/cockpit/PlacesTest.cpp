@@ -53,6 +53,12 @@ TEST(PlaceClass, SaysWhatShowsHowFarOut) {
         EXPECT_EQ(reach(place, everything), each.toNmWithEverything) << each.kind;
         EXPECT_EQ(reach(place, {.classMask = 0}), 0) << each.kind;
     }
+    for (const auto& [flags, toNm] :
+        {std::pair{0U, 15}, {kAirportHardSurface, 15}, {kAirportTower | kAirportHardSurface, 1000}}) {
+        Place strip = placeOf(kAirportKind, flags);
+        strip.ident.assign("GB-0123");
+        EXPECT_EQ(reach(strip, {}), toNm) << "nobody calls a field by such a number";
+    }
 }
 
 TEST(PlaceClass, NavaidsRotateThroughTheSetsThatAreEnabled) {
