@@ -97,7 +97,7 @@ std::optional<AirspaceView> viewOf(const Airspace& airspace, const AirspaceWatch
                                    const std::vector<Sample>& path) {
     AirspaceView view{.name = airspace.name,
                       .airspaceClass = airspace.airspaceClass,
-                      .limits = limitWords(airspace.floor) + " / " + limitWords(airspace.ceiling),
+                      .limits = limitWords(airspace),
                       .frequency = airspace.frequency,
                       .kind = kindOf(airspace)};
     const bool here = airspace.contains(*now.position);

@@ -90,7 +90,9 @@ std::string runwayName(const RunwayRecord& runway) {
     return name;
 }
 
-void takeRecord(const AirportRecord& airport, NearAirport& near) {
+}  // namespace
+
+void takeAirport(const AirportRecord& airport, NearAirport& near) {
     near.key = airport.key;
     near.name = airport.GetName();
     if (airport.elevationFt != kNoElevationFt)
@@ -102,8 +104,6 @@ void takeRecord(const AirportRecord& airport, NearAirport& near) {
     }
     near.frequency = firstFrequency(airport);
 }
-
-}  // namespace
 
 void findNearAirports(const NavDatabase& database, GeoPoint position, const Variation& variation,
                       const NearAirportOptions& options, std::vector<NearAirport>& airports) {
@@ -122,7 +122,7 @@ void findNearAirports(const NavDatabase& database, GeoPoint position, const Vari
         near.distanceNm = distanceNm;
         near.bearingMagDeg = variation.TrueToMagnetic(TrueCourseDeg(position, place.position));
         near.expired = place.pastDate;
-        takeRecord(*airport, near);
+        takeAirport(*airport, near);
         airports.push_back(std::move(near));
     }
 }

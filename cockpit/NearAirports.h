@@ -10,6 +10,7 @@
 
 namespace korvel {
 
+class AirportRecord;
 class NavDatabase;
 struct Variation;
 
@@ -20,6 +21,10 @@ struct NearAirportOptions {
     bool seaplaneBases = false;
     bool privateAirports = false;
 };
+
+/// Takes what the record says of itself: all but position, distance and bearing. Its details must
+/// have been loaded.
+void takeAirport(const AirportRecord& airport, NearAirport& near);
 
 /// Replaces `airports` by those around the position, nearest first, with their runways and
 /// frequencies. Bearings become magnetic by the variation in force. Reads a record for each: call

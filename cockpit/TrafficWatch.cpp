@@ -143,6 +143,13 @@ std::optional<std::string> TrafficWatch::wordsFor(TrafficLevel level) const {
                       {words});
 }
 
+std::string trafficMotion(const TrafficView& traffic, int altUnit) {
+    std::string words = traffic.aboveFt ? heightText(*traffic.aboveFt, altUnit) + "  " : "";
+    if (traffic.groundSpeedKt)
+        words += formatInt(RoundToInt(*traffic.groundSpeedKt)) + " kt  ";
+    return words + ageText(traffic.ageSec);
+}
+
 std::string trafficText(const TrafficView& traffic, const std::optional<GeoPoint>& own,
                         int altUnit) {
     std::string words = traffic.name;

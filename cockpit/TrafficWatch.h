@@ -39,7 +39,10 @@ class TrafficWatch {
     int altUnit_ = 0;
 };
 
-/// "N123AB +300 ft 1.2 nm 120 kt", what is unknown left out.
+/// "+300 ft  120 kt  3 s", what is unknown left out: how it flies, and the age of its report.
+std::string trafficMotion(const TrafficView& traffic, int altUnit);
+
+/// "N123AB  +300 ft  1.2 nm  120 kt  3 s", what is unknown left out.
 std::string trafficText(const TrafficView& traffic, const std::optional<GeoPoint>& own,
                         int altUnit);
 

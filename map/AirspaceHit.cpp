@@ -1,7 +1,8 @@
 #include "map/AirspaceHit.h"
 
 #include <algorithm>
-#include <vector>
+#include <span>
+#include <utility>
 
 #include "ground/airspace/AirspaceSet.h"
 #include "map/PlaceHit.h"
@@ -10,12 +11,6 @@
 
 namespace korvel {
 namespace {
-
-std::string lineOf(const Airspace& airspace) {
-    std::string line = airspace.airspaceClass + ' ' + airspace.name + "  " +
-                       limitWords(airspace.floor) + " / " + limitWords(airspace.ceiling);
-    return airspace.frequency.empty() ? line : line + "  " + airspace.frequency;
-}
 
 bool touches(std::span<const Point> outline, Point finger, double radiusPx) {
     for (std::size_t i = 1; i < outline.size(); ++i)
@@ -26,32 +21,36 @@ bool touches(std::span<const Point> outline, Point finger, double radiusPx) {
 
 }  // namespace
 
-std::string airspacesAt(const GroundPicture& ground, const MapView& view, Point finger,
-                        double radiusPx) {
+AirspaceHits airspacesAt(const GroundPicture& ground, const MapView& view, Point finger,
+                         double radiusPx) {
     const AirspaceSet* const airspaces = ground.airspaces();
     const GroundGrid grid(view.projection, {0, 0}, 1);
     if (airspaces == nullptr || !ground.parts().airspaces || !grid.isFlat())
         return {};
-    std::vector<const Airspace*> told;
+    AirspaceHits hits;
     const GroundGrid::Box box = grid.box(view.area.right(), view.area.bottom());
     forAirspaces(
         *airspaces, grid, box, view.rangeNm, ground.altitudes(),
         [&](const Airspace& airspace, const AirspaceLook&, std::span<const Point> outline) {
             if (touches(outline, finger, radiusPx))
-                told.push_back(&airspace);
+                hits.airspaces.push_back(&airspace);
         });
-    if (told.empty())
-        return {};
+    hits.onOutline = !hits.airspaces.empty();
     for (const std::size_t i : airspaces->at(view.projection.unproject(finger)))
-        told.push_back(&airspaces->all()[i]);
-    std::ranges::stable_sort(told, {}, [](const Airspace* each) {
+        hits.airspaces.push_back(&airspaces->all()[i]);
+    std::ranges::stable_sort(hits.airspaces, {}, [](const Airspace* each) {
         return std::pair(each->floorFt(std::nullopt), each);
     });
-    told.erase(std::unique(told.begin(), told.end()), told.end());
-    std::string words;
-    for (std::size_t i = 0; i < std::min(told.size(), kMostAirspacesTold); ++i)
-        words += (words.empty() ? "" : "\n") + lineOf(*told[i]);
-    return words;
+    hits.airspaces.erase(std::unique(hits.airspaces.begin(), hits.airspaces.end()),
+                         hits.airspaces.end());
+    hits.airspaces.resize(std::min(hits.airspaces.size(), kMostAirspacesTold));
+    return hits;
+}
+
+std::string airspaceLine(const Airspace& airspace) {
+    const std::string line =
+        airspace.airspaceClass + ' ' + airspace.name + "  " + limitWords(airspace);
+    return airspace.frequency.empty() ? line : line + "  " + airspace.frequency;
 }
 
 }  // namespace korvel

@@ -1,6 +1,10 @@
 #pragma once
 
+// Which airspaces a finger on the map means.
+
+#include <cstddef>
 #include <string>
+#include <vector>
 
 #include "map/MapView.h"
 
@@ -8,12 +12,22 @@ namespace korvel {
 
 class AirspaceSet;
 class GroundPicture;
+struct Airspace;
 
-/// What is said of the airspaces when a finger touches the outline of one that shows: all that lie
-/// over or under the point, a line each, "D LONDON CTR  GND / 25  118.5", lowest first, and at most
-/// so many. Empty where it touches none. `radiusPx` is the finger's.
-std::string airspacesAt(const GroundPicture& ground, const MapView& view, Point finger,
-                        double radiusPx);
+/// What lies over or under a finger, lowest floor first, at most kMostAirspacesTold. The pointers
+/// lead into the set that the picture shows.
+struct AirspaceHits {
+    std::vector<const Airspace*> airspaces;
+    bool onOutline = false;  ///< the finger touches the line of one that shows
+};
+
+/// All airspaces that hold the point, and those that show with their outline under the finger;
+/// nothing while the map shows none. `radiusPx` is the finger's.
+AirspaceHits airspacesAt(const GroundPicture& ground, const MapView& view, Point finger,
+                         double radiusPx);
 inline constexpr std::size_t kMostAirspacesTold = 6;
+
+/// "D LONDON CTR  GND / 25  118.5".
+std::string airspaceLine(const Airspace& airspace);
 
 }  // namespace korvel

@@ -18,6 +18,13 @@ struct CockpitData;
 struct PlaceSet;
 struct Text;
 
+/// Where a name stands on the map, and the symbol that it belongs to: a finger on the one means the
+/// other.
+struct LabelTarget {
+    Rect label;
+    Point symbol;
+};
+
 /// What one frame of the map is drawn from: all that a layer may look at. Whoever draws the map
 /// fills it in, the feeds theirs; everything outlives the frame, and nothing changes while it is
 /// laid out and painted.
@@ -40,6 +47,8 @@ struct MapContent {
     const PlaceSet* places = nullptr;      ///< from the databases; null for none
     const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
     const MeasureTool* measure = nullptr;  ///< the ruler; null for none
+
+    std::vector<LabelTarget>* labels = nullptr;  ///< takes the names' places; null: nobody asks
 
     /// Paints the instrument that lies over the map and under its boxes; empty for none.
     std::function<void()> overMap{};

@@ -72,6 +72,12 @@ std::optional<GeoPoint> positionOf(const MeasureEnd& end, const CockpitData& dat
     return end.aircraft ? data.position : std::optional(end.position);
 }
 
+std::optional<int> secondsOver(double nm, const CockpitData& data) {
+    if (!data.groundSpeedKt || *data.groundSpeedKt < kSlowestKt)
+        return std::nullopt;
+    return RoundToInt(nm / *data.groundSpeedKt * kSecondsPerHour);
+}
+
 std::optional<MeasureFigures> measure(const MeasureTool& tool, const CockpitData& data) {
     if (!tool.isOn() || !tool.from() || !tool.to())
         return std::nullopt;
@@ -85,8 +91,7 @@ std::optional<MeasureFigures> measure(const MeasureTool& tool, const CockpitData
     figures.backTrueDeg = TrueCourseDeg(*to, *from);
     figures.magneticDeg = magnetic(figures.trueDeg, *tool.from());
     figures.backMagneticDeg = magnetic(figures.backTrueDeg, *tool.to());
-    if (data.groundSpeedKt && *data.groundSpeedKt >= kSlowestKt)
-        figures.seconds = RoundToInt(figures.distanceNm / *data.groundSpeedKt * kSecondsPerHour);
+    figures.seconds = secondsOver(figures.distanceNm, data);
     return figures;
 }
 

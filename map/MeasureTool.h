@@ -71,6 +71,9 @@ class MeasureTool {
 /// Where the end is now; none for the aircraft's while its position is not known.
 std::optional<GeoPoint> positionOf(const MeasureEnd& end, const CockpitData& data);
 
+/// How long a distance takes at the present ground speed; none without one, or while it stands.
+std::optional<int> secondsOver(double nm, const CockpitData& data);
+
 /// None while an end is missing or its position is not known.
 std::optional<MeasureFigures> measure(const MeasureTool& tool, const CockpitData& data);
 

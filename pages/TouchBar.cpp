@@ -148,6 +148,12 @@ void paintFace(Canvas& canvas, const Face& face, const Rect& area, ColorValue co
 
 }  // namespace
 
+void paintTouchIcon(Canvas& canvas, TouchCommand command, Point center, double size,
+                    ColorValue color) {
+    IconPen pen(canvas, center, size, color);
+    faceOf(command).icon(pen);
+}
+
 std::string_view touchWord(TouchCommand command) { return text(faceOf(command).word); }
 
 void TouchBar::paint(Canvas& canvas, std::span<const TouchButton> buttons) const {

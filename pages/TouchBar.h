@@ -27,6 +27,10 @@ struct TouchButton {
     bool pressed = false;  ///< under a finger at this moment
 };
 
+/// The picture on a command's button, in a square of that size.
+void paintTouchIcon(Canvas& canvas, TouchCommand command, Point center, double size,
+                    ColorValue color);
+
 /// The word on a command's button.
 std::string_view touchWord(TouchCommand command);
 

@@ -62,6 +62,8 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
         paintMessageBox(canvas, scene.data.message, colors_, messageBand(canvas, page, scene));
     if (showsApproach(page, scene.data, scene.lookAt.has_value()))
         paintApproachBox(canvas, approachBox(canvas.width(), canvas.height()), scene.data, colors_);
+    if (scene.card)
+        paintTapCard(canvas, *scene.card, colors_);
 }
 
 bool PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene) const {
@@ -137,6 +139,7 @@ void PagePainter::paintMapPage(Canvas& canvas, PageId page, const PageScene& sce
         .trustMarks = scene.trustMarks,
         .sparseNote = scene.sparseNote,
         .measure = scene.measure,
+        .labels = scene.labels,
         .overMap = overMap,
         .covered = covered,
         .alarms = scene.alarms};

@@ -2,14 +2,17 @@
 
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "cockpit/CockpitData.h"
 #include "cockpit/PageId.h"
+#include "map/MapContent.h"
 #include "map/MapViewport.h"
 #include "pages/AlarmBoxes.h"
 #include "pages/AttitudePage.h"
 #include "pages/FlightPlanPage.h"
 #include "pages/NearestPage.h"
+#include "pages/TapCardBox.h"
 #include "paint/Canvas.h"
 
 namespace korvel {
@@ -29,15 +32,17 @@ struct PageScene {
     std::optional<GeoPoint> lookAt = std::nullopt;
     /// Where the map opens while no aircraft was seen yet.
     std::optional<GeoPoint> openAt = std::nullopt;
-    const Text* sparseNote = nullptr;      ///< that the map leaves out; null for nothing
-    const MapFeeds* feeds = nullptr;       ///< what is around the view; null for none
-    const MeasureTool* measure = nullptr;  ///< the map's ruler; null for none
-    RowListView nearest{};                 ///< where the pilot is in the list of airports
-    RowListView airspaces{};               ///< where the pilot is in that list
-    FlightPlanView plan{};                 ///< where the pilot is in the list of the plan
-    AttitudeView attitude{};               ///< for the page "Attitude"
-    std::span<const Rect> alarms{};        ///< that will lie over a map
-    bool trustMarks = true;                ///< the page bears them: there is no status line
+    const Text* sparseNote = nullptr;            ///< that the map leaves out; null for nothing
+    const MapFeeds* feeds = nullptr;             ///< what is around the view; null for none
+    const MeasureTool* measure = nullptr;        ///< the map's ruler; null for none
+    RowListView nearest{};                       ///< where the pilot is in the list of airports
+    RowListView airspaces{};                     ///< where the pilot is in that list
+    FlightPlanView plan{};                       ///< where the pilot is in the list of the plan
+    AttitudeView attitude{};                     ///< for the page "Attitude"
+    std::span<const Rect> alarms{};              ///< that will lie over a map
+    std::optional<ShownCard> card{};             ///< of what was tapped; none for none
+    std::vector<LabelTarget>* labels = nullptr;  ///< takes where names stand on a map
+    bool trustMarks = true;                      ///< the page bears them: there is no status line
 };
 
 /// Paints the display pages. To add one, write its painter and name it in PagePainter.cpp.

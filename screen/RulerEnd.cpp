@@ -5,6 +5,7 @@
 #include "geo/Geodesy.h"
 #include "map/PlaceHit.h"
 #include "navdb/NavDatabase.h"
+#include "screen/TapThing.h"
 
 namespace korvel {
 namespace {

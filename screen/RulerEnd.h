@@ -9,9 +9,6 @@ class NavDatabase;
 struct CockpitData;
 struct PlaceSet;
 
-/// How near to a symbol of the map a finger means it, in pixels.
-inline constexpr double kFingerPixels = 24;
-
 /// What the ruler's ends can stand on.
 struct RulerGround {
     const MapProjection& projection;

@@ -3,20 +3,20 @@
 #include <utility>
 
 #include "cockpit/CKorvelDoc.h"
-#include "cockpit/ObstacleText.h"
 #include "cockpit/PlaceClass.h"
 #include "cockpit/PrefsTable.h"
-#include "cockpit/TrafficWatch.h"
 #include "config/ProfileFile.h"
+#include "config/texts/FlightTexts.h"
 #include "config/texts/MessageTexts.h"
-#include "map/AirspaceHit.h"
-#include "map/PlaceHit.h"
-#include "map/layers/ObstacleLayer.h"
-#include "map/layers/TrafficLayer.h"
+#include "map/layers/AircraftLayer.h"
+#include "pages/ApproachBox.h"
 #include "pages/EfisPage.h"
 #include "pages/FieldStrip.h"
+#include "paint/LabelSpace.h"
+#include "paint/TypeSizes.h"
 #include "screen/PageCycle.h"
 #include "screen/RulerEnd.h"
+#include "screen/TapActions.h"
 
 namespace korvel {
 namespace {
@@ -55,6 +55,8 @@ void Screen::changed() const {
 }
 
 // Time
+
+std::int64_t Screen::nowMs() const { return document_.clock().tickMs(); }
 
 void Screen::tick() {
     if (page_ == PageId::Satellite)
@@ -96,8 +98,10 @@ void Screen::takeNews() {
     camera_.update(data_);
     home_.update(data_);
     openMap();
+    card_.follow(data_);
     if (!areas_.areOf(data_.alarms))
         layOut();
+    fitCard();
     changed();
 }
 
@@ -147,6 +151,7 @@ void Screen::layOut() {
     request.buttonCount = barShown_ ? kTouchBar.size() : 0;
     areas_.layOut(request, page_, data_.alarms, letters_);
     camera_.layOut(page_, areas_.page().width, areas_.page().height);
+    fitCard();
     changed();
 }
 
@@ -154,6 +159,7 @@ void Screen::layOut() {
 
 void Screen::showPage(PageId page) {
     page_ = page;
+    card_.close();
     camera_.follow();
     lists_.reset();
     layOut();
@@ -238,40 +244,9 @@ std::optional<GeoPoint> Screen::placeToMark() const {
     return camera_.lookAt() ? camera_.lookAt() : data_.position;
 }
 
-std::vector<MapPlace> Screen::placesAt(Point at) const {
-    std::vector<MapPlace> found;
-    if (const auto projection = camera_.projection())
-        for (const MapPlace* place :
-             korvel::placesAt(feeds_.places(), *projection, camera_.viewport().currentRangeNm(), at,
-                              kFingerPixels))
-            found.push_back(*place);
-    return found;
-}
-
-bool Screen::tellThing(Point at) {
-    const std::string words = wordsFor(at);
-    if (!words.empty())
-        say(words);
-    return !words.empty();
-}
-
-/// Of what is no place, the most urgent first.
-std::string Screen::wordsFor(Point at) const {
-    const auto projection = camera_.projection();
-    if (!projection)
-        return {};
-    if (data_.traffic)
-        if (const auto* traffic = trafficAt(*data_.traffic, *projection, at, kFingerPixels))
-            return trafficText(*traffic, data_.position, data_.altUnit);
-    // A place is more than the masts around it and the lines below.
-    if (!placesAt(at).empty())
-        return {};
-    if (const auto* obstacle = obstacleAt(feeds_.obstacles(), *projection, at, kFingerPixels))
-        return obstacleText(*obstacle, data_.position, data_.altUnit);
+std::vector<TapThing> Screen::thingsUnder(Point at) const {
     const auto view = mapView();
-    if (view && feeds_.ground() != nullptr)
-        return airspacesAt(*feeds_.ground(), *view, at, kFingerPixels / 2);
-    return {};
+    return view ? thingsAt(at, {*view, feeds_, labels_}, document_) : std::vector<TapThing>();
 }
 
 void Screen::databasesChanged() {
@@ -289,6 +264,7 @@ void Screen::setMeasuring(bool on) {
     else if (ruler_.isOn())
         say(std::string(text(kMessageTexts.measureEnded)));
     ruler_.setOn(on);
+    card_.close();
     changed();
 }
 
@@ -308,6 +284,104 @@ void Screen::dragRuler(Point finger) {
     if (const auto projection = camera_.projection())
         ruler_.drag(finger, rulerSnap(*projection));
     changed();
+}
+
+// The card that tells of what was tapped
+
+/// What it must not cover, and should not.
+TapCardRoom Screen::cardRoom(Point finger) const {
+    const Rect& page = areas_.page();
+    TapCardRoom room{.width = page.width,
+                     .height = page.height,
+                     .boxes = areas_.alarms().areas,
+                     .finger = finger};
+    const auto projection = camera_.projection();
+    const auto& aircraft = data_.position ? data_.position : data_.lastPosition;
+    if (projection && aircraft) {
+        const Rect area =
+            aircraftArea(projection->project(*aircraft), mapTextPx(page.width, page.height));
+        if (overlap(area, {0, 0, page.width, page.height}))
+            room.aircraft = area;
+    }
+    if (PagePainter::showsApproach(page_, data_, camera_.lookAt().has_value()))
+        room.boxes.push_back(approachBox(page.width, page.height));
+    return room;
+}
+
+TapCard::Sizes Screen::cardSizes() const {
+    const Rect& page = areas_.page();
+    return {.textPx = mapTextPx(page.width, page.height),
+            .buttonPx = areas_.layout().touchBar.height};
+}
+
+void Screen::openCard(std::vector<TapThing> things, Point at, bool byKey) {
+    if (things.empty())
+        return;
+    cardFinger_ = at;
+    card_.open(std::move(things), cardRoom(at), cardSizes(), byKey);
+    changed();
+}
+
+void Screen::openCard(const NearAirport& airport, Point at, bool byKey) {
+    if (auto thing = thingOf(airport, document_))
+        openCard({std::move(*thing)}, at, byKey);
+    else
+        say(std::string(text(kFlightTexts.notFound)));
+}
+
+void Screen::closeCard() {
+    card_.close();
+    changed();
+}
+
+void Screen::pressCard(std::optional<CardPart> part) {
+    card_.press(part);
+    changed();
+}
+
+void Screen::stepCard(int by) {
+    card_.step(by);
+    changed();
+}
+
+void Screen::moveCardFocus(int by) {
+    card_.moveFocus(by, data_);
+    changed();
+}
+
+void Screen::fitCard() {
+    if (card_.isOpen())
+        card_.fit(cardRoom(cardFinger_), cardSizes());
+}
+
+std::optional<ShownCard> Screen::shownCard(const CockpitData& data) const {
+    if (!card_.isOpen())
+        return std::nullopt;
+    std::optional<Point> mark;
+    if (const auto projection = camera_.projection())
+        mark = projection->project(card_.thing().position);
+    const Rect& page = areas_.page();
+    if (mark && !Rect{0, 0, page.width, page.height}.contains(*mark))
+        mark.reset();
+    return card_.shown(data, mark);
+}
+
+void Screen::flyToCard() {
+    flyDirect(card_.thing());
+    closeCard();
+}
+
+void Screen::insertCard() {
+    const std::string said = insertIntoPlan(card_.thing(), document_);
+    closeCard();
+    refresh();
+    say(said);
+}
+
+void Screen::flyDirect(const TapThing& thing) {
+    const std::string said = flyDirectTo(thing, document_);
+    refresh();
+    say(said);
 }
 
 // Lists
@@ -412,7 +486,8 @@ void Screen::updateFeeds() {
         changed();
 }
 
-PageScene Screen::scene(const CockpitData& data, const AttitudeView& attitude) const {
+PageScene Screen::scene(const CockpitData& data, const AttitudeView& attitude) {
+    labels_.clear();
     return {.data = data,
             .viewport = camera_.viewport(),
             .upTrueDeg = camera_.upDeg(),
@@ -428,6 +503,8 @@ PageScene Screen::scene(const CockpitData& data, const AttitudeView& attitude) c
             .plan = lists_.plan(),
             .attitude = attitude,
             .alarms = areas_.alarms().areas,
+            .card = shownCard(data),
+            .labels = &labels_,
             .trustMarks = false};
 }
 

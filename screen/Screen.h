@@ -21,6 +21,7 @@
 #include "screen/PagePainter.h"
 #include "screen/PassingMessage.h"
 #include "screen/ScreenAreas.h"
+#include "screen/TapCard.h"
 
 namespace korvel {
 
@@ -47,6 +48,8 @@ class Screen {
     /// Called at each tick: whether the position shown is live.
     std::function<void(bool live)> onLive;
 
+    /// For what hands do: milliseconds that only go on.
+    std::int64_t nowMs() const;
     /// One step of the program.
     void tick();
     /// Shows what a command has changed without waiting for the next tick.
@@ -91,11 +94,8 @@ class Screen {
     /// What a mark stands for: the map's middle while it is moved by hand, else the aircraft; none
     /// while its position is not known.
     std::optional<GeoPoint> placeToMark() const;
-    /// The places of the map under a point of the page, the best first.
-    std::vector<MapPlace> placesAt(Point at) const;
-    /// Says what is known of the other aircraft, the obstacle or the outlines of airspaces under a
-    /// finger; false for none.
-    bool tellThing(Point at);
+    /// What lies under a point of the page, the best first; nothing without a map.
+    std::vector<TapThing> thingsUnder(Point at) const;
 
     /// Call before and after the databases are loaded anew.
     void databasesChanged();
@@ -109,6 +109,25 @@ class Screen {
     void pressRuler(Point finger);
     void dragRuler(Point finger);
     void releaseRuler() { ruler_.release(); }
+
+    // The card that tells of what was tapped
+
+    const TapCard& card() const { return card_; }
+    /// Shows it beside a point of the page; `byKey` puts the keys on it.
+    void openCard(std::vector<TapThing> things, Point at, bool byKey = false);
+    /// The same of an airport in a list.
+    void openCard(const NearAirport& airport, Point at, bool byKey);
+    void closeCard();
+    /// A finger is on this part at present, or on none.
+    void pressCard(std::optional<CardPart> part);
+    void stepCard(int by);
+    void moveCardFocus(int by);
+    /// Flies direct to what the card tells of, or puts it into the plan, and says so; the card
+    /// goes.
+    void flyToCard();
+    void insertCard();
+    /// Flies direct to what lies under a point of the map: a place, or the bare ground.
+    void flyDirect(const TapThing& thing);
 
     // Lists
 
@@ -157,17 +176,20 @@ class Screen {
     /// Brings what lies around the map's view up to date for the painting that has begun.
     void updateFeeds();
     /// `data` must outlive the scene, and so must the screen.
-    PageScene scene(const CockpitData& data, const AttitudeView& attitude) const;
+    PageScene scene(const CockpitData& data, const AttitudeView& attitude);
     /// The attitude plug-in's picture is shown, and has to be painted often.
     bool followsAttitude() const { return followsAttitude_; }
 
  private:
     void layOut();
+    TapCardRoom cardRoom(Point finger) const;
+    TapCard::Sizes cardSizes() const;
+    void fitCard();
+    std::optional<ShownCard> shownCard(const CockpitData& data) const;
     void takeNews();
     void actByItself();
     void followAttitude();
     void openMap();
-    std::string wordsFor(Point at) const;
     std::optional<MapView> mapView() const;
     MeasureTool::Snap rulerSnap(const MapProjection& projection) const;
 
@@ -183,6 +205,9 @@ class Screen {
     Declutter declutter_ = Declutter::Full;
     MapFeeds feeds_;
     MeasureTool ruler_;
+    std::vector<LabelTarget> labels_;  // of the frame on the glass
+    TapCard card_;
+    Point cardFinger_;
     PageLists lists_;
     AutoView autoView_;
 

@@ -18,6 +18,8 @@ constexpr double kTapPixels = 12;
 constexpr double kScrollPixels = 40;
 /// An arrow key moves the map by this share of the page's shorter side.
 constexpr double kKeyShare = 1.0 / 8;
+/// A finger that rests so long means more than a tap.
+constexpr std::int64_t kHoldMs = 550;
 
 }  // namespace
 
@@ -64,7 +66,14 @@ void ScreenHand::run(TouchCommand command) {
 
 void ScreenHand::press(Point at) {
     const ScreenAreas& areas = screen_.areas();
-    finger_ = Finger{.start = at, .last = at, .button = areas.layout().buttonAt(at)};
+    finger_ = Finger{
+        .start = at, .last = at, .button = areas.layout().buttonAt(at), .sinceMs = screen_.nowMs()};
+    const TapCard& card = screen_.card();
+    finger_->card = card.isOpen() && card.area().contains(areas.onPage(at));
+    if (finger_->card) {
+        finger_->part = card.layout().partAt(areas.onPage(at));
+        return screen_.pressCard(finger_->part);
+    }
     if (screen_.isMeasuring() && areas.page().contains(at) && screen_.camera().projection())
         holdRuler(areas.onPage(at));
     screen_.changed();
@@ -86,7 +95,8 @@ void ScreenHand::move(Point at) {
         return;
     const Point start = finger_->start;
     finger_->moving = finger_->moving || std::hypot(at.x - start.x, at.y - start.y) > kTapPixels;
-    if (!finger_->moving || finger_->button || !screen_.areas().page().contains(start))
+    if (!finger_->moving || finger_->button || finger_->card || finger_->held ||
+        !screen_.areas().page().contains(start))
         return;
     if (finger_->ruler)
         return screen_.dragRuler(screen_.areas().onPage(at));
@@ -112,13 +122,47 @@ void ScreenHand::release(Point at) {
     screen_.changed();
     if (finger.ruler)
         return screen_.releaseRuler();
-    if (finger.button) {
+    if (finger.card) {
+        screen_.pressCard(std::nullopt);
+        if (finger.part &&
+            screen_.card().layout().partAt(screen_.areas().onPage(at)) == finger.part)
+            pressCard(*finger.part);
+    } else if (finger.button) {
         // As on every button: a finger that slides off has changed its mind.
         if (screen_.areas().layout().buttonAt(at) == finger.button)
             run(kTouchBar.at(*finger.button));
-    } else if (!finger.moving) {
+    } else if (!finger.moving && !finger.held) {
         tap(finger.start);
     }
+}
+
+void ScreenHand::frame() {
+    if (canHold() && screen_.nowMs() - finger_->sinceMs >= kHoldMs) {
+        finger_->held = true;
+        hold(screen_.areas().onPage(finger_->start));
+    }
+}
+
+bool ScreenHand::wantsFrames() const { return canHold(); }
+
+/// Whether a finger rests on the map.
+bool ScreenHand::canHold() const {
+    return finger_ && !finger_->moving && !finger_->button && !finger_->card && !finger_->ruler &&
+           !finger_->held && screen_.camera().showsMap() &&
+           screen_.areas().page().contains(finger_->start);
+}
+
+/// A long press flies direct to what is there, a place or the bare ground.
+void ScreenHand::hold(Point at) {
+    std::vector<TapThing> things = screen_.thingsUnder(at);
+    if (things.empty())
+        return;
+    screen_.closeCard();
+    const bool isPlace = things.front().kind == TapKind::Place;
+    const TapThing& meant = isPlace ? things.front() : things.back();
+    if (meant.kind == TapKind::Place || meant.kind == TapKind::Ground)
+        return screen_.flyDirect(meant);
+    screen_.openCard(std::move(things), at);
 }
 
 // Taps
@@ -127,6 +171,7 @@ void ScreenHand::tap(Point at) {
     const ScreenAreas& areas = screen_.areas();
     if (const Rect& fields = areas.layout().fields; fields.contains(at)) {
         const auto place = screen_.fieldAt({at.x - fields.x, at.y - fields.y});
+        screen_.closeCard();
         if (place && onField)
             onField(*place);
         return;
@@ -156,7 +201,10 @@ bool ScreenHand::tapPage(Point at) {
         run(TouchCommand::Plan);
         return true;
     }
-    return tapRow(at) || tapMap(at);
+    if (tapRow(at) || tapMap(at))
+        return true;
+    screen_.closeCard();
+    return false;
 }
 
 bool ScreenHand::tapApproach(Point at) {
@@ -172,25 +220,92 @@ bool ScreenHand::tapApproach(Point at) {
 bool ScreenHand::tapRow(Point at) {
     const auto row = screen_.lists().rowAt(screen_.listPage(), at);
     if (row)
-        openRow(*row);
+        openRow(*row, at, false);
     return row.has_value();
 }
 
+/// What is met has its card; beside an open one bare ground is what puts it away.
 bool ScreenHand::tapMap(Point at) {
-    if (screen_.tellThing(at))
-        return true;
-    const std::vector<MapPlace> found = screen_.placesAt(at);
-    if (!found.empty() && onPlaces)
-        onPlaces(found);
-    return !found.empty();
+    std::vector<TapThing> things = screen_.thingsUnder(at);
+    if (things.empty() || (screen_.card().isOpen() && !isMet(things.front())))
+        return false;
+    screen_.openCard(std::move(things), at);
+    return true;
 }
 
-/// Of the list on the page.
-void ScreenHand::openRow(std::size_t row) {
+/// Of the list on the page; `at` is where it was tapped or stands.
+void ScreenHand::openRow(std::size_t row, Point at, bool byKey) {
     if (screen_.page() == PageId::FlightPlan && onPlanRow)
         onPlanRow(row);
-    if (screen_.page() == PageId::NearestAirport && onAirport)
-        onAirport((*screen_.data().nearAirports)[row]);
+    if (screen_.page() == PageId::NearestAirport)
+        screen_.openCard((*screen_.data().nearAirports)[row], at, byKey);
+}
+
+// The card
+
+void ScreenHand::pressCard(CardPart part) {
+    if (!screen_.card().canPress(part, screen_.data()))
+        return;
+    switch (part) {
+        case CardPart::Direct:
+            return screen_.flyToCard();
+        case CardPart::Insert:
+            return screen_.insertCard();
+        case CardPart::Next:
+            return screen_.stepCard(1);
+        case CardPart::Info:
+            return openInfo();
+    }
+}
+
+void ScreenHand::openInfo() {
+    const TapThing thing = screen_.card().thing();
+    screen_.closeCard();
+    if (thing.kind == TapKind::Place && onPlace)
+        onPlace(*thing.record);
+    if (thing.kind == TapKind::Leg && onPlanRow)
+        onPlanRow(thing.row);
+    if (thing.kind == TapKind::Traffic && onTraffic)
+        onTraffic();
+    if (thing.kind == TapKind::Ground && onMark)
+        onMark(thing.position);
+}
+
+/// While the card is open all keys are its own.
+bool ScreenHand::cardKey(ScreenKey key) {
+    const std::optional<CardPart> focus = screen_.card().focus();
+    switch (key) {
+        case ScreenKey::Cancel:
+            screen_.closeCard();
+            return true;
+        case ScreenKey::Open:
+            focus ? pressCard(*focus) : screen_.moveCardFocus(1);
+            return true;
+        case ScreenKey::Next:
+        case ScreenKey::Right:
+            screen_.moveCardFocus(1);
+            return true;
+        case ScreenKey::Previous:
+        case ScreenKey::Left:
+            screen_.moveCardFocus(-1);
+            return true;
+        case ScreenKey::Down:
+            screen_.stepCard(1);
+            return true;
+        case ScreenKey::Up:
+            screen_.stepCard(-1);
+            return true;
+    }
+    return false;
+}
+
+/// What stands in the aircraft's place: it, or what the keys have moved there.
+bool ScreenHand::openMiddle() {
+    const auto projection = screen_.camera().projection();
+    if (!projection || screen_.isMeasuring())
+        return false;
+    screen_.openCard(screen_.thingsUnder(projection->aircraft()), projection->aircraft(), true);
+    return true;
 }
 
 // Wheel, two fingers, keys
@@ -211,6 +326,8 @@ void ScreenHand::pinch(double factor, bool begins) {
 }
 
 bool ScreenHand::key(ScreenKey key) {
+    if (screen_.card().isOpen())
+        return cardKey(key);
     switch (key) {
         case ScreenKey::Cancel:
             if (!screen_.isMeasuring())
@@ -218,7 +335,7 @@ bool ScreenHand::key(ScreenKey key) {
             screen_.setMeasuring(false);
             return true;
         case ScreenKey::Open:
-            return openMarked();
+            return openMarked() || openMiddle();
         case ScreenKey::Up:
             return screen_.moveMark(-1) || panByKey(key);
         case ScreenKey::Down:
@@ -230,8 +347,9 @@ bool ScreenHand::key(ScreenKey key) {
 
 bool ScreenHand::openMarked() {
     const auto row = screen_.lists().marked(screen_.listPage());
+    const Rect& page = screen_.areas().page();
     if (row)
-        openRow(*row);
+        openRow(*row, {page.width / 2, page.height / 2}, true);
     return row.has_value();
 }
 

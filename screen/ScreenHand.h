@@ -5,8 +5,9 @@
 #include <optional>
 #include <vector>
 
-#include "cockpit/NearAirport.h"
-#include "cockpit/PlaceSet.h"
+#include "geo/GeoPoint.h"
+#include "navdb/records/DatabaseRecord.h"
+#include "pages/TapCardBox.h"
 #include "pages/TouchBar.h"
 #include "paint/Canvas.h"
 #include "screen/ZoomGesture.h"
@@ -16,7 +17,7 @@ namespace korvel {
 class Screen;
 
 /// The keys that the screen itself serves; those of commands go to the commands.
-enum class ScreenKey : std::uint8_t { Left, Right, Up, Down, Open, Cancel };
+enum class ScreenKey : std::uint8_t { Left, Right, Up, Down, Open, Cancel, Next, Previous };
 
 /// What fingers, mouse and keys do to the screen: taps, drags, the wheel, two fingers. Points are
 /// device-independent pixels from the screen's corner.
@@ -29,17 +30,20 @@ class ScreenHand {
     std::function<void(TouchCommand)> onTouch;
     /// A row of the flight-plan page was tapped or opened by key.
     std::function<void(std::size_t row)> onPlanRow;
-    /// The same for an airport of the nearest page.
-    std::function<void(const NearAirport&)> onAirport;
     std::function<void()> onApproach;  ///< the approach's box
-    /// Places of the map were tapped, the best first.
-    std::function<void(const std::vector<MapPlace>&)> onPlaces;
+    /// More is wanted of a place, of traffic, or a point of the map is to be marked.
+    std::function<void(const DatabaseRecord&)> onPlace;
+    std::function<void()> onTraffic;
+    std::function<void(GeoPoint)> onMark;
     /// A navigation field was tapped, counted as in Screen::field().
     std::function<void(std::size_t field)> onField;
 
     void press(Point at);
     void move(Point at);
     void release(Point at);
+    /// To be called at every frame while wantsFrames(): fingers that rest are no events.
+    void frame();
+    bool wantsFrames() const;
     /// Turned by `eighths` of a degree, away from the user positive.
     void wheel(int eighths);
     /// Two fingers moved apart by `factor` since the last call; `begins`: it is their first.
@@ -56,8 +60,12 @@ class ScreenHand {
         Point start;
         Point last;
         bool moving = false;
-        bool ruler = false;                 ///< moves an end of the ruler
-        std::optional<std::size_t> button;  ///< of the touch bar
+        bool ruler = false;                   ///< moves an end of the ruler
+        std::optional<std::size_t> button{};  ///< of the touch bar
+        bool card = false;                    ///< came down on the card
+        std::optional<CardPart> part{};       ///< of the card
+        bool held = false;                    ///< has rested, and done what that does
+        std::int64_t sinceMs = 0;             ///< came down then
     };
 
     bool canRun(TouchCommand command) const;
@@ -70,7 +78,13 @@ class ScreenHand {
     bool tapApproach(Point at);
     bool tapRow(Point at);
     bool tapMap(Point at);
-    void openRow(std::size_t row);
+    bool canHold() const;
+    void hold(Point at);
+    void pressCard(CardPart part);
+    void openInfo();
+    bool cardKey(ScreenKey key);
+    bool openMiddle();
+    void openRow(std::size_t row, Point at, bool byKey);
     bool openMarked();
     bool panByKey(ScreenKey key);
 

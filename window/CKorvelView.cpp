@@ -17,6 +17,7 @@
 namespace korvel {
 namespace {
 
+constexpr int kFrameMs = 15;
 constexpr int kAttitudeMs = 50;  // an attitude that lags is of no use
 constexpr double kMmPerInch = 25.4;
 
@@ -75,6 +76,10 @@ CKorvelView::CKorvelView(CKorvelDoc& document, ProfileFile& profile, const Color
 void CKorvelView::timerEvent(QTimerEvent* event) {
     if (event->timerId() == attitudeTimer_.timerId())
         return update();
+    if (event->timerId() == handTimer_.timerId()) {
+        hand_.frame();
+        return followHand();
+    }
     if (event->timerId() != timer_.timerId())
         return QWidget::timerEvent(event);
     timer_.stop();
@@ -150,6 +155,7 @@ AttitudeView CKorvelView::attitudeView() {
 void CKorvelView::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
         hand_.press(toPoint(event->position()));
+    followHand();
 }
 
 void CKorvelView::mouseMoveEvent(QMouseEvent* event) { hand_.move(toPoint(event->position())); }
@@ -157,6 +163,15 @@ void CKorvelView::mouseMoveEvent(QMouseEvent* event) { hand_.move(toPoint(event-
 void CKorvelView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
         hand_.release(toPoint(event->position()));
+    followHand();
+}
+
+/// A finger that rests and a map that glides on make no events.
+void CKorvelView::followHand() {
+    if (!hand_.wantsFrames())
+        handTimer_.stop();
+    else if (!handTimer_.isActive())
+        handTimer_.start(kFrameMs, Qt::PreciseTimer, this);
 }
 
 void CKorvelView::wheelEvent(QWheelEvent* event) {
@@ -169,6 +184,12 @@ void CKorvelView::keyPressEvent(QKeyEvent* event) {
     if (key && hand_.key(*key))
         return event->accept();
     QWidget::keyPressEvent(event);
+}
+
+/// Tab comes here first, and is the card's while one is open.
+bool CKorvelView::focusNextPrevChild(bool next) {
+    return hand_.key(next ? ScreenKey::Next : ScreenKey::Previous) ||
+           QWidget::focusNextPrevChild(next);
 }
 
 bool CKorvelView::event(QEvent* event) {

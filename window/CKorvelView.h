@@ -48,10 +48,12 @@ class CKorvelView final : public QWidget {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
  private:
     void paintSoon();
     void fitScreen();
+    void followHand();
     void paintPage(QPainter& painter, const CockpitData& shown);
     AttitudeView attitudeView();
 
@@ -71,6 +73,7 @@ class CKorvelView final : public QWidget {
     QElapsedTimer attitudeClock_;
     QBasicTimer timer_;
     QBasicTimer attitudeTimer_;
+    QBasicTimer handTimer_;
     bool painted_ = false;
 };
 

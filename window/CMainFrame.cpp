@@ -27,6 +27,7 @@
 #include "window/sheets/Boxes.h"
 #include "window/sheets/FieldSheet.h"
 #include "window/sheets/MenuSheet.h"
+#include "window/sheets/TrafficSheet.h"
 
 namespace korvel {
 namespace {
@@ -73,8 +74,9 @@ void CMainFrame::listenToScreen() {
     hand.onTouch = [this](TouchCommand command) { runTouch(command); };
     hand.onPlanRow = [this](std::size_t row) { navigate_.openPlanRow(row); };
     hand.onField = [this](std::size_t field) { chooseField(field); };
-    hand.onPlaces = [this](const std::vector<MapPlace>& found) { places_.identify(found); };
-    hand.onAirport = [this](const NearAirport& airport) { places_.openAirport(airport); };
+    hand.onPlace = [this](const DatabaseRecord& record) { places_.open(record.Clone()); };
+    hand.onMark = [this](GeoPoint where) { places_.mark(where); };
+    hand.onTraffic = [this] { openSheet(std::make_unique<TrafficSheet>(this, parts_.document)); };
     hand.onApproach = [this] { navigate_.approach(); };
 }
 

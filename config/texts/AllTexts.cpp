@@ -19,6 +19,7 @@
 #include "config/texts/ReceiverTexts.h"
 #include "config/texts/SheetTexts.h"
 #include "config/texts/StatusTexts.h"
+#include "config/texts/TouchTexts.h"
 #include "config/texts/TrafficTexts.h"
 
 namespace korvel {
@@ -44,7 +45,7 @@ std::vector<Text> allTexts() {
     return textsOf(kChartTexts, kCommandTexts, kConnectedTexts, kDatabaseTexts, kExchangeTexts,
                    kFileTexts, kFlightTexts, kGroundTexts, kInstrumentTexts, kLegendTexts,
                    kMessageTexts, kModeTexts, kPreferenceTexts, kReceiverTexts, kSheetTexts,
-                   kStatusTexts, kTrafficTexts);
+                   kStatusTexts, kTouchTexts, kTrafficTexts);
 }
 
 }  // namespace korvel

@@ -6,7 +6,7 @@ namespace korvel {
 
 /// Texts: what is said of what stands on the ground and lies above it.
 struct GroundTexts {
-    Text obstacle{66310, "%s  top %s, %s above ground"};  ///< %s: name, two heights
+    Text obstacle{66480, "top %s, %s above ground"};  ///< %s: height above sea, %s: its own
     Text lit{66311, "lit"};
     Text unverified{66312, "unverified"};
     Text unnamedObstacle{66313, "Obstacle"};

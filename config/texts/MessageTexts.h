@@ -22,7 +22,7 @@ struct MessageTexts {
     Text navaidsShown{61618, "Navaids: %s"};  ///< %s: set
     Text navaidsNotRotated{61619, "Rotating navaids is off in the preferences"};
     Text hintFields{61620, "Tap a field to change it"};
-    Text hintFullScreen{61621, "Tap the map to hide the buttons, and again for them"};
+    Text hintFullScreen{66491, "Tap the map twice to hide the buttons, and once for them"};
     Text noReceiverVariation{
         62210,
         "The gps receiver is not outputting magnetic-variance data. \r\nWill use data from the "

@@ -99,7 +99,6 @@ struct SheetTexts {
     Text traceTitle{61811, "NMEA trace"};
     Text tracePause{61812, "Pause"};
     Text fieldTitle{61814, "Field"};
-    Text choosePlace{61815, "Which one?"};
     Text addToPlan{61816, "Add to plan"};
     Text showOnMap{61817, "Show on map"};
     Text placeElevation{61818, "Elevation %s"};     ///< %s: height

@@ -120,4 +120,8 @@ int Airspace::ceilingFt(std::optional<int> groundFt) const {
     return *ceiling.ft + (ceiling.reference == LimitReference::Agl ? groundFt.value_or(0) : 0);
 }
 
+std::string limitWords(const Airspace& airspace) {
+    return limitWords(airspace.floor) + " / " + limitWords(airspace.ceiling);
+}
+
 }  // namespace korvel

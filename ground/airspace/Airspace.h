@@ -66,4 +66,7 @@ struct Airspace {
     [[nodiscard]] int ceilingFt(std::optional<int> groundFt) const;
 };
 
+/// "GND / 25": both of them.
+std::string limitWords(const Airspace& airspace);
+
 }  // namespace korvel

@@ -185,6 +185,8 @@ class LayoutBuilder {
         if (!found)
             return false;
         taken_.reserve(boxes[*found]);
+        if (content_.labels != nullptr)
+            content_.labels->push_back({boxes[*found], mark.at});
         layout_.names.push_back(
             {{corners[*found].x, corners[*found].y + extent.capHeight}, std::move(text), style});
         return true;

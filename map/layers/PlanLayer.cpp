@@ -117,8 +117,11 @@ void PlanLayer::layOut(const TextMeasure& texts, LabelRoom& room) {
     reservePlanLines(lines_, room.planLines);
     marks_ = layOutPlan(texts, data, view().projection, view().area, view().textPx, room.taken,
                         room.planLines);
-    for (const PlanMark& mark : marks_)
+    for (const PlanMark& mark : marks_) {
         room.named.push_back({mark.at, mark.label.substr(0, mark.label.find(' '))});
+        if (content().labels != nullptr && !mark.label.empty())
+            content().labels->push_back({mark.labelBox, mark.at});
+    }
 }
 
 void PlanLayer::paint(Canvas& canvas) const {

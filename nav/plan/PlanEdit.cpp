@@ -81,6 +81,26 @@ std::string routeLine(const PlanEntries& entries, NavDatabase& database,
     return line;
 }
 
+PlanRoom roomFor(GeoPoint place, const PlanEntries& entries, std::size_t first,
+                 std::optional<GeoPoint> from) {
+    first = std::min(first, entries.size());
+    if (!from && first > 0)
+        from = entries[first - 1].position();
+    const auto nm = [](std::optional<GeoPoint> a, std::optional<GeoPoint> b) {
+        return a && b ? DistanceNm(*a, *b) : 0;
+    };
+    std::optional<PlanRoom> best;
+    for (std::size_t row = first; row <= entries.size(); ++row) {
+        const auto before = row > first ? std::optional(entries[row - 1].position()) : from;
+        const auto behind =
+            row < entries.size() ? std::optional(entries[row].position()) : std::nullopt;
+        const double extra = nm(before, place) + nm(place, behind) - nm(before, behind);
+        if (!best || extra < best->extraNm)
+            best = {.row = row, .extraNm = extra};
+    }
+    return *best;
+}
+
 PlanEntries withoutRow(PlanEntries entries, std::size_t row) {
     if (row < entries.size())
         entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(row));

@@ -43,6 +43,18 @@ PlanEntries withRecord(PlanEntries entries, std::size_t row,
 std::string routeLine(const PlanEntries& entries, NavDatabase& database,
                       std::optional<GeoPoint> present);
 
+/// Where a new place would stand in the plan, and what the way becomes longer by.
+struct PlanRoom {
+    std::size_t row = 0;  ///< before this entry; the count of entries: behind the last
+    double extraNm = 0;
+};
+
+/// The room for a place where the way becomes least longer, not before the entry `first`: what lies
+/// before that is flown. The way to `first` counts from `from`, where the aircraft is, else from
+/// the entry before it.
+PlanRoom roomFor(GeoPoint place, const PlanEntries& entries, std::size_t first,
+                 std::optional<GeoPoint> from);
+
 PlanEntries withoutRow(PlanEntries entries, std::size_t row);
 /// Changes places with the row before it or behind it.
 PlanEntries withRowMoved(PlanEntries entries, std::size_t row, bool up);

@@ -58,6 +58,7 @@ TEST_F(TrafficWatchTest, ReckonsOnUntilAMinuteHasPassed) {
     EXPECT_NEAR(DistanceNm(kHere, list[0].position), 5.1, 1e-3);
     EXPECT_EQ(list[0].aboveFt, 1030);
     EXPECT_EQ(trafficText(list[0], kHere, 0), "N123  +1000 ft  5.1 nm  120 kt  3 s");
+    EXPECT_EQ(trafficMotion(list[0], 0), "+1000 ft  120 kt  3 s");
     EXPECT_EQ(trafficText(list[0], std::nullopt, 1), "N123  +305 m  120 kt  3 s");
     EXPECT_EQ(seen(5000)[0].aboveFt, std::nullopt) << "the own height is old";
     EXPECT_EQ(seen(59999).size(), 1U);

@@ -198,13 +198,22 @@ TEST_F(GroundOnTheMap, AFingerOnAnOutlineTellsAllAirspacesThere) {
     const MapView seen = view(50, 90, 65);
     const Point middle = seen.projection.project({50 * kDegToRad, 90 * kDegToRad});
     const double mile = seen.projection.pixelsPerNm();
-    const auto told = [&](double nm) { return airspacesAt(picture_, seen, {middle.x, middle.y - nm * mile}, 6); };
-    EXPECT_EQ(told(10), "D LOW  GND / 13  118.1\nC HIGH  37 / FL95");
+    const auto told = [&](double nm) {
+        const AirspaceHits hits = airspacesAt(picture_, seen, {middle.x, middle.y - nm * mile}, 6);
+        std::string lines = hits.onOutline ? "line: " : "";
+        for (const Airspace* airspace : hits.airspaces) lines += airspaceLine(*airspace) + "; ";
+        return lines;
+    };
+    EXPECT_EQ(told(10), "line: D LOW  GND / 13  118.1; C HIGH  37 / FL95; ");
     EXPECT_EQ(told(11.5), told(10)) << "beside the line, of which both are told";
-    EXPECT_EQ(told(25), "") << "in the midst of one";
-    EXPECT_EQ(told(40), "C HIGH  37 / FL95");
+    EXPECT_EQ(told(25), "C HIGH  37 / FL95; ") << "in the midst of one";
+    EXPECT_EQ(told(5), "D LOW  GND / 13  118.1; C HIGH  37 / FL95; ");
+    EXPECT_EQ(told(40), "line: C HIGH  37 / FL95; ");
+    EXPECT_EQ(told(50), "");
     picture_.showAltitudes(AltitudeWindow{2000, 2500});
-    EXPECT_EQ(told(10), "") << "what does not show is not touched";
+    EXPECT_EQ(told(10), "D LOW  GND / 13  118.1; C HIGH  37 / FL95; ") << "the line that does not show is not touched";
+    picture_.showParts({.airspaces = false});
+    EXPECT_EQ(told(5), "");
 }
 
 }}  // namespace korvel

@@ -111,11 +111,11 @@ TEST_F(ObstaclesOnTheMap, ManyAreCutAtTheTallest) {
 TEST(ObstacleText, SaysWhatIsKnown) {
     const Obstacle tower{
         .position = {0.8, 0.1}, .aglFt = 605, .elevationFt = {}, .topFt = 1004, .name = "TOWER", .isLit = true};
-    EXPECT_EQ(obstacleText(tower, GeoPoint{0.8, 0.1}, 0), "TOWER  top 1004 ft, 605 ft above ground  0.0 nm  lit");
-    EXPECT_EQ(
-        obstacleText({.position = {}, .aglFt = 10, .elevationFt = {}, .topFt = 10, .name = "", .isVerified = false},
-            std::nullopt, 1),
-        "Obstacle  top 3 m, 3 m above ground  unverified");
+    EXPECT_EQ(obstacleName(tower), "TOWER");
+    EXPECT_EQ(obstacleText(tower, 0), "top 1004 ft, 605 ft above ground  lit");
+    const Obstacle pole{.position = {}, .aglFt = 10, .elevationFt = {}, .topFt = 10, .name = "", .isVerified = false};
+    EXPECT_EQ(obstacleName(pole), "Obstacle");
+    EXPECT_EQ(obstacleText(pole, 1), "top 3 m, 3 m above ground  unverified");
 }
 
 }}  // namespace korvel

@@ -34,6 +34,31 @@ class PlanEditTest : public PlacesFixture {
     TempFolder folder_;
 };
 
+TEST_F(PlanEditTest, TheRoomForAPlaceIsWhereTheWayBecomesLeastLonger) {
+    const struct {
+        const char* line;
+        GeoPoint place;
+        std::size_t first;
+        std::optional<GeoPoint> from;
+        std::size_t row;
+        double extraNm;
+    } cases[] = {
+        {"A1 B1 D1", degrees(0, 2.5), 0, {}, 2, 0},
+        {"A1 B1 D1", degrees(0, 3.5), 0, {}, 3, 30},   // behind the last
+        {"A1 B1 D1", degrees(0, -0.5), 0, {}, 0, 30},  // before the first
+        {"A1 B1 D1", degrees(0, 0.5), 1, degrees(0, 0.7), 1, 24},  // of what is flown nothing counts
+        {"A1 B1 D1", degrees(0, 0.5), 1, {}, 1, 0},
+        {"A1 B1 D1", degrees(0, 0.9), 0, degrees(0, 0.5), 1, 0},  // on from here to the first and back
+        {"A1 B1 D1", degrees(0, 0.2), 3, {}, 3, 168},  // nothing is left to fly
+        {"", degrees(0, 1), 0, {}, 0, 0},
+    };
+    for (const auto& each : cases) {
+        const PlanRoom room = roomFor(each.place, route(each.line), each.first, each.from);
+        EXPECT_EQ(room.row, each.row) << &each - cases;
+        EXPECT_NEAR(room.extraNm, each.extraNm, 0.1) << &each - cases;
+    }
+}
+
 TEST_F(PlanEditTest, Rows) {
     EXPECT_EQ(textsOf(insert("A1 LONE", 1, "B1@45").entries), "A1 B1@45 LONE");
     EXPECT_EQ(textsOf(insert("A1 LONE", 1, "V1 D1").entries), "A1 B1 C1 D1 LONE");

@@ -37,12 +37,13 @@ class ScreenTest : public testing::Test {
         screen_.onLive = [this](bool live) { live_ = live; };
         hand_.onTouch = [this](TouchCommand command) { asked_.emplace_back(touchWord(command)); };
         hand_.onPlanRow = [this](std::size_t row) { asked_.push_back("row " + std::to_string(row)); };
-        hand_.onAirport = [this](const NearAirport& airport) { asked_.push_back("airport " + airport.ident); };
         hand_.onApproach = [this] { asked_.emplace_back("approach"); };
         hand_.onField = [this](std::size_t field) { asked_.push_back("field " + std::to_string(field)); };
-        hand_.onPlaces = [this](const std::vector<MapPlace>& found) {
-            asked_.push_back("place " + std::string(found.front().place.ident.view()));
+        hand_.onPlace = [this](const DatabaseRecord& record) {
+            asked_.push_back("place " + std::string(record.ident.view()));
         };
+        hand_.onMark = [this](GeoPoint) { asked_.emplace_back("mark"); };
+        hand_.onTraffic = [this] { asked_.emplace_back("traffic"); };
         screen_.resize(800, 480, 0);
     }
 
@@ -78,6 +79,28 @@ class ScreenTest : public testing::Test {
         hand_.move({(from.x + to.x) / 2, (from.y + to.y) / 2});
         hand_.move(to);
         hand_.release(to);
+    }
+    /// Comes down and rests.
+    void hold(Point at, std::int64_t ms = 1000) {
+        hand_.press(at);
+        clock_.advanceMs(ms);
+        hand_.frame();
+    }
+    /// A part of the open card, on the screen.
+    Point ofCard(CardPart part) const {
+        const TapCardLayout layout = screen_.card().layout();
+        const Point at =
+            (part == CardPart::Next ? layout.next : layout.buttons.at(static_cast<std::size_t>(part))).center();
+        return {at.x + screen_.areas().page().x, at.y + screen_.areas().page().y};
+    }
+    /// What the open card says: its title, its lines, and its step; empty without one.
+    std::string card() {
+        const auto shown = screen_.scene(screen_.data(), {}).card;
+        if (!shown) return {};
+        std::string words = shown->view.ident;
+        if (!shown->view.name.empty()) words += " " + shown->view.name;
+        for (const std::string& line : shown->view.lines) words += "; " + line;
+        return shown->view.step.empty() ? words : words + " " + shown->view.step;
     }
     Rect button(TouchCommand command) const {
         const auto* const at = std::ranges::find(kTouchBar, command);

@@ -1,7 +1,5 @@
 #include "window/commands/PlaceCommands.h"
 
-#include <QListWidget>
-
 #include "cockpit/CKorvelDoc.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/FlightTexts.h"
@@ -13,48 +11,10 @@
 #include "window/QtText.h"
 #include "window/sheets/CAirportSheet.h"
 #include "window/sheets/FindSheet.h"
-#include "window/sheets/KindWord.h"
 #include "window/sheets/LegendSheet.h"
 #include "window/sheets/UserFixSheets.h"
 
 namespace korvel {
-namespace {
-
-/// Several places under one finger: a row for each.
-class PlaceChooser final : public Sheet {
- public:
-    PlaceChooser(QWidget* parent, std::vector<std::unique_ptr<DatabaseRecord>> records)
-        : Sheet(parent, toQString(kSheetTexts.choosePlace), QDialogButtonBox::Close),
-          records_(std::move(records)) {
-        for (const auto& record : records_) {
-            const QString row = QStringLiteral("%1   %2   %3")
-                                    .arg(toQString(record->ident.view()),
-                                         kindWord(record->GetKind()), toQString(record->GetName()));
-            auto* item = new QListWidgetItem(row, &list_);  // the list owns it
-            item->setSizeHint({0, kRowPixels});
-        }
-        setPreferredWidth(11 * kRowPixels);
-        addTallRow(list_);
-        connect(
-            &list_, &QListWidget::itemClicked, this, [this] { choose(); });
-        connect(&list_, &QListWidget::itemActivated, this, [this] { choose(); });
-    }
-
-    std::function<void(std::unique_ptr<DatabaseRecord>)> onChosen;
-
- private:
-    void choose() {
-        if (!isVisible())
-            return;  // a click that also activates counts once
-        QDialog::accept();
-        onChosen(std::move(records_.at(static_cast<std::size_t>(list_.currentRow()))));
-    }
-
-    std::vector<std::unique_ptr<DatabaseRecord>> records_;
-    QListWidget list_;
-};
-
-}  // namespace
 
 void PlaceCommands::addLegendTo(QMenu& menu) {
     host_.addCommand(
@@ -80,7 +40,12 @@ void PlaceCommands::mark() {
     const auto where = screen.placeToMark();
     if (!where)
         return screen.say(std::string(text(kMessageTexts.nothingToMark)));
-    auto sheet = std::make_unique<MarkSheet>(&host_.window(), host_.document(), *where);
+    mark(*where);
+}
+
+void PlaceCommands::mark(GeoPoint where) {
+    Screen& screen = host_.screen();
+    auto sheet = std::make_unique<MarkSheet>(&host_.window(), host_.document(), where);
     sheet->onMarked = [this, &screen](const std::string& name) {
         screen.databasesChanged();
         const bool saved = host_.document().userFixes().isSaved();
@@ -108,26 +73,6 @@ void PlaceCommands::find() {
         open(std::move(record));
     };
     host_.openSheet(std::move(sheet));
-}
-
-void PlaceCommands::identify(const std::vector<MapPlace>& places) {
-    const NavDatabase& database = host_.document().charts().database();
-    // At once: while the pilot chooses, other databases may come into use.
-    std::vector<std::unique_ptr<DatabaseRecord>> records;
-    for (const MapPlace& place : places)
-        if (auto record = database.recordOf(place.place))
-            records.push_back(std::move(record));
-    if (records.size() < 2)
-        return open(records.empty() ? nullptr : std::move(records.front()));
-    auto sheet = std::make_unique<PlaceChooser>(&host_.window(), std::move(records));
-    sheet->onChosen = [this](std::unique_ptr<DatabaseRecord> record) { open(std::move(record)); };
-    host_.openSheet(std::move(sheet));
-}
-
-void PlaceCommands::openAirport(const NearAirport& airport) {
-    const DatabaseRecord* found =
-        host_.document().charts().database().Find(airport.key, airport.position);
-    open(found != nullptr ? found->Clone() : nullptr);
 }
 
 void PlaceCommands::open(std::unique_ptr<DatabaseRecord> record) {

@@ -6,8 +6,7 @@
 
 #include <QMenu>
 
-#include "cockpit/NearAirport.h"
-#include "cockpit/PlaceSet.h"
+#include "geo/GeoPoint.h"
 #include "nav/approach/LandingRunway.h"
 #include "navdb/records/DatabaseRecord.h"
 #include "paint/MapColorCache.h"
@@ -19,7 +18,7 @@ namespace korvel {
 
 class PlaceSheet;
 
-/// What a pilot asks about places: what lies under a finger, and what an airport of a list has.
+/// What a pilot asks about places: what one has, where one is, and which are his own.
 class PlaceCommands {
  public:
     /// Both outlive this.
@@ -38,9 +37,9 @@ class PlaceCommands {
     /// Where the aircraft is, or the middle of a map that was moved.
     void mark();
     void listMarks();
-    /// Several places are offered in a list first.
-    void identify(const std::vector<MapPlace>& places);
-    void openAirport(const NearAirport& airport);
+    void mark(GeoPoint where);
+    /// Tells all of a place; null says that there is none.
+    void open(std::unique_ptr<DatabaseRecord> record);
 
     /// The pilot wants to fly direct to the place.
     std::function<void(const PlaceChoice& place)> onDirectTo;
@@ -48,7 +47,6 @@ class PlaceCommands {
     std::function<void(std::vector<LandingRunway>)> onApproach;
 
  private:
-    void open(std::unique_ptr<DatabaseRecord> record);
     std::unique_ptr<PlaceSheet> sheetFor(std::shared_ptr<DatabaseRecord> record);
 
     CommandHost& host_;
