@@ -11,6 +11,7 @@ namespace korvel {
 class GroundPicture;
 class MapColorCache;
 class MeasureTool;
+struct PlanBand;
 class TrackLevels;
 struct Obstacle;
 struct Town;
@@ -47,6 +48,7 @@ struct MapContent {
     const PlaceSet* places = nullptr;      ///< from the databases; null for none
     const TrackLevels* track = nullptr;    ///< of CockpitData::track; null for none
     const MeasureTool* measure = nullptr;  ///< the ruler; null for none
+    const PlanBand* band = nullptr;        ///< what is pulled of the plan; null for nothing
 
     std::vector<LabelTarget>* labels = nullptr;  ///< takes the names' places; null: nobody asks
 

@@ -17,6 +17,7 @@
 #include "map/layers/MeasureLayer.h"
 #include "map/layers/ObstacleLayer.h"
 #include "map/layers/PlaceLayer.h"
+#include "map/layers/PlanBandLayer.h"
 #include "map/layers/PlanLayer.h"
 #include "map/layers/RangeRingLayer.h"
 #include "map/layers/RunwayLayer.h"
@@ -91,6 +92,7 @@ constexpr std::array kLayers{
     layer<TrafficLayer>("traffic", Turn::Approach),
     layer<AircraftLayer>("aircraft", Turn::Fixed),
     layer<MeasureLayer>("ruler", Turn::Ruler),
+    layer<PlanBandLayer>("pulled plan", Turn::Ruler),
     layer<InstrumentLayer>("instrument", Turn::Fixed),
     layer<FurnitureLayer>("furniture", Turn::Fixed),
 };

@@ -139,6 +139,7 @@ void PagePainter::paintMapPage(Canvas& canvas, PageId page, const PageScene& sce
         .trustMarks = scene.trustMarks,
         .sparseNote = scene.sparseNote,
         .measure = scene.measure,
+        .band = scene.band,
         .labels = scene.labels,
         .overMap = overMap,
         .covered = covered,

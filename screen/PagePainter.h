@@ -20,6 +20,7 @@ namespace korvel {
 class MapColorCache;
 class MapFeeds;
 class MeasureTool;
+struct PlanBand;
 
 /// What to draw a page from. Pages take what they show of it.
 struct PageScene {
@@ -35,6 +36,7 @@ struct PageScene {
     const Text* sparseNote = nullptr;            ///< that the map leaves out; null for nothing
     const MapFeeds* feeds = nullptr;             ///< what is around the view; null for none
     const MeasureTool* measure = nullptr;        ///< the map's ruler; null for none
+    const PlanBand* band = nullptr;              ///< what is pulled of the plan; null for nothing
     RowListView nearest{};                       ///< where the pilot is in the list of airports
     RowListView airspaces{};                     ///< where the pilot is in that list
     FlightPlanView plan{};                       ///< where the pilot is in the list of the plan

@@ -8,6 +8,7 @@
 #include "config/ProfileFile.h"
 #include "config/texts/FlightTexts.h"
 #include "config/texts/MessageTexts.h"
+#include "config/texts/TouchTexts.h"
 #include "map/layers/AircraftLayer.h"
 #include "pages/ApproachBox.h"
 #include "pages/EfisPage.h"
@@ -160,6 +161,7 @@ void Screen::layOut() {
 void Screen::showPage(PageId page) {
     page_ = page;
     card_.close();
+    drag_.cancel();
     camera_.follow();
     lists_.reset();
     layOut();
@@ -384,6 +386,34 @@ void Screen::flyDirect(const TapThing& thing) {
     say(said);
 }
 
+// The plan in a hand
+
+bool Screen::takePlan(Point finger) {
+    const auto view = mapView();
+    if (!view || !drag_.take(finger, *view, data_))
+        return false;
+    say(std::string(text(kTouchTexts.pull)));
+    return true;
+}
+
+void Screen::pullPlan(Point finger) {
+    if (const auto view = mapView())
+        drag_.pull(finger, *view, feeds_, document_);
+    changed();
+}
+
+void Screen::dropPlan() {
+    const std::string said = drag_.drop(document_);
+    refresh();
+    if (!said.empty())
+        say(said);
+}
+
+void Screen::letPlanGo() {
+    drag_.cancel();
+    changed();
+}
+
 // Lists
 
 void Screen::scrollList(int rows) {
@@ -498,6 +528,7 @@ PageScene Screen::scene(const CockpitData& data, const AttitudeView& attitude) {
                               : &kDeclutterTexts.at(static_cast<std::size_t>(declutter_)),
             .feeds = &feeds_,
             .measure = &ruler_,
+            .band = drag_.band(),
             .nearest = lists_.nearest(),
             .airspaces = lists_.airspaces(),
             .plan = lists_.plan(),

@@ -20,6 +20,7 @@
 #include "screen/PageLists.h"
 #include "screen/PagePainter.h"
 #include "screen/PassingMessage.h"
+#include "screen/PlanDrag.h"
 #include "screen/ScreenAreas.h"
 #include "screen/TapCard.h"
 
@@ -129,6 +130,16 @@ class Screen {
     /// Flies direct to what lies under a point of the map: a place, or the bare ground.
     void flyDirect(const TapThing& thing);
 
+    // The plan in a hand
+
+    /// Takes hold of the leg or the waypoint of the plan under a point of the page; false for none.
+    bool takePlan(Point finger);
+    void pullPlan(Point finger);
+    /// What it has pulled comes into the plan, which can be undone, or goes back.
+    void dropPlan();
+    void letPlanGo();
+    bool holdsPlan() const { return drag_.band() != nullptr; }
+
     // Lists
 
     /// The list that the page shows, if any.
@@ -208,6 +219,7 @@ class Screen {
     std::vector<LabelTarget> labels_;  // of the frame on the glass
     TapCard card_;
     Point cardFinger_;
+    PlanDrag drag_;
     PageLists lists_;
     AutoView autoView_;
 

@@ -95,9 +95,11 @@ void ScreenHand::move(Point at) {
         return;
     const Point start = finger_->start;
     finger_->moving = finger_->moving || std::hypot(at.x - start.x, at.y - start.y) > kTapPixels;
-    if (!finger_->moving || finger_->button || finger_->card || finger_->held ||
+    if (!finger_->moving || finger_->button || finger_->card || (finger_->held && !finger_->plan) ||
         !screen_.areas().page().contains(start))
         return;
+    if (finger_->plan)
+        return screen_.pullPlan(screen_.areas().onPage(at));
     if (finger_->ruler)
         return screen_.dragRuler(screen_.areas().onPage(at));
     if (!screen_.camera().showsMap())
@@ -122,6 +124,8 @@ void ScreenHand::release(Point at) {
     screen_.changed();
     if (finger.ruler)
         return screen_.releaseRuler();
+    if (finger.plan)
+        return dropPlan(finger);
     if (finger.card) {
         screen_.pressCard(std::nullopt);
         if (finger.part &&
@@ -152,8 +156,21 @@ bool ScreenHand::canHold() const {
            screen_.areas().page().contains(finger_->start);
 }
 
-/// A long press flies direct to what is there, a place or the bare ground.
+/// Of a part of the plan that was pulled nowhere the card says what it is.
+void ScreenHand::dropPlan(const Finger& finger) {
+    if (finger.moving)
+        return screen_.dropPlan();
+    const Point at = screen_.areas().onPage(finger.start);
+    screen_.letPlanGo();
+    screen_.openCard(screen_.thingsUnder(at), at);
+}
+
+/// A long press takes hold of the plan, and where there is none of it flies direct to what is
+/// there: a place or the bare ground.
 void ScreenHand::hold(Point at) {
+    finger_->plan = screen_.takePlan(at);
+    if (finger_->plan)
+        return screen_.closeCard();
     std::vector<TapThing> things = screen_.thingsUnder(at);
     if (things.empty())
         return;
@@ -320,12 +337,19 @@ void ScreenHand::wheel(int eighths) {
 
 void ScreenHand::pinch(double factor, bool begins) {
     finger_.reset();  // the first finger began one
+    screen_.letPlanGo();
     if (begins)
         pinch_.reset();
     screen_.zoom(pinch_.pinch(factor));
 }
 
 bool ScreenHand::key(ScreenKey key) {
+    if (key == ScreenKey::Cancel && screen_.holdsPlan()) {
+        screen_.letPlanGo();
+        if (finger_)
+            finger_->plan = false;
+        return true;
+    }
     if (screen_.card().isOpen())
         return cardKey(key);
     switch (key) {

@@ -65,6 +65,7 @@ class ScreenHand {
         bool card = false;                    ///< came down on the card
         std::optional<CardPart> part{};       ///< of the card
         bool held = false;                    ///< has rested, and done what that does
+        bool plan = false;                    ///< holds a part of the plan
         std::int64_t sinceMs = 0;             ///< came down then
     };
 
@@ -80,6 +81,7 @@ class ScreenHand {
     bool tapMap(Point at);
     bool canHold() const;
     void hold(Point at);
+    void dropPlan(const Finger& finger);
     void pressCard(CardPart part);
     void openInfo();
     bool cardKey(ScreenKey key);

@@ -12,29 +12,16 @@
 #include "screen/TapThing.h"
 
 namespace korvel {
-namespace {
 
-/// Of a bare point one that is called by where it lies.
-std::shared_ptr<const DatabaseRecord> recordAt(GeoPoint point, CKorvelDoc& document) {
+std::shared_ptr<const DatabaseRecord> namedPoint(GeoPoint point, CKorvelDoc& document) {
     constexpr int kDecimals = 1;
     const std::string where = latitudeText(point.lat * kRadToDeg, kDecimals) + ' ' +
                               longitudeText(point.lon * kRadToDeg, kDecimals);
     return document.flight().plan().fixes().FindOrCreateFix(point, std::nullopt, where);
 }
 
-/// Whether the entry before the row or the one in it is that place.
-bool isBeside(std::size_t row, const PlanEntries& entries, const DatabaseRecord& record) {
-    const auto isThat = [&](std::size_t index) {
-        return index < entries.size() && entries[index].record->key == record.key &&
-               SamePoint(entries[index].position(), record.position);
-    };
-    return isThat(row) || (row > 0 && isThat(row - 1));
-}
-
-}  // namespace
-
 std::string flyDirectTo(const TapThing& thing, CKorvelDoc& document) {
-    const auto record = thing.record ? thing.record : recordAt(thing.position, document);
+    const auto record = thing.record ? thing.record : namedPoint(thing.position, document);
     ActiveNavigation& navigation = document.flight().navigation();
     const std::uint64_t before = navigation.announcement().number;
     std::string said = navigation.DirectTo(record->key, "", kNoAltitudeFt, record->position);
@@ -49,13 +36,13 @@ std::string insertIntoPlan(const TapThing& thing, CKorvelDoc& document) {
     const bool intoLeg = thing.kind == TapKind::Leg;
     const auto record = thing.record && !intoLeg
                             ? thing.record
-                            : recordAt(intoLeg ? thing.ground : thing.position, document);
+                            : namedPoint(intoLeg ? thing.ground : thing.position, document);
     const CockpitData& data = document.cockpitData();
     const std::size_t first = data.plan ? data.plan->active.value_or(0) : 0;
     const std::size_t row =
         intoLeg ? thing.row : roomFor(record->position, entries, first, data.position).row;
     const std::string_view name = record->ident.view();
-    if (isBeside(row, entries, *record))
+    if (isPlace(entries, row, *record) || (row > 0 && isPlace(entries, row - 1, *record)))
         return formatText(kTouchTexts.inPlanAlready, {name});
     const std::string next =
         row < entries.size() ? std::string(entries[row].record->ident.view()) : std::string();

@@ -1,11 +1,18 @@
 #pragma once
 
+#include <memory>
 #include <string>
+
+#include "geo/GeoPoint.h"
+#include "navdb/records/DatabaseRecord.h"
 
 namespace korvel {
 
 class CKorvelDoc;
 struct TapThing;
+
+/// A waypoint of a bare point, which is called by where it lies.
+std::shared_ptr<const DatabaseRecord> namedPoint(GeoPoint point, CKorvelDoc& document);
 
 // What the pilot does with what a finger has met. Each returns what to tell the pilot.
 

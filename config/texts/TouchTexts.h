@@ -13,7 +13,9 @@ struct TouchTexts {
     Text moreAirspaces{66486, "and %d more"};
     Text runway{66487, "RWY %s"};      ///< %s: length, ends and surface of the longest
     Text elevation{66488, "Elev %s"};  ///< %s: height above sea
-    Text insertedBefore{66489, "%s inserted before %s"};     ///< %s: waypoint, %s: the next one
+    Text insertedBefore{66489, "%s inserted before %s"};  ///< %s: waypoint, %s: the next one
+    Text insteadOf{66492, "%s instead of %s"};            ///< %s: waypoint, %s: the former one
+    Text pull{66493, "Drag it to its new place"};
     Text inPlanAlready{66490, "%s is in the plan already"};  ///< %s: waypoint
 };
 

@@ -65,6 +65,22 @@ PlanEntries withRecord(PlanEntries entries, std::size_t row,
     return withoutRepeats(std::move(entries));
 }
 
+bool isPlace(const PlanEntries& entries, std::size_t row, const DatabaseRecord& place) {
+    return row < entries.size() && entries[row].record->key == place.key &&
+           SamePoint(entries[row].position(), place.position);
+}
+
+PlanEntries withPlace(PlanEntries entries, std::size_t row,
+                      std::shared_ptr<const DatabaseRecord> record) {
+    if (row < entries.size()) {
+        PlanWaypoint& entry = entries[row];
+        entry.key = record->key;
+        entry.text = entry.key + altitudeSuffix(entry.altitudeFt);
+        entry.record = std::move(record);
+    }
+    return withoutRepeats(std::move(entries));
+}
+
 std::string routeLine(const PlanEntries& entries, NavDatabase& database,
                       std::optional<GeoPoint> present) {
     const GeneratedFixes none;
@@ -107,10 +123,16 @@ PlanEntries withoutRow(PlanEntries entries, std::size_t row) {
     return withoutRepeats(std::move(entries));
 }
 
-PlanEntries withRowMoved(PlanEntries entries, std::size_t row, bool up) {
-    const std::size_t first = up ? row - 1 : row;
-    if (row < entries.size() && (!up || row > 0) && first + 1 < entries.size())
-        std::swap(entries[first], entries[first + 1]);
+PlanEntries withRowMoved(PlanEntries entries, std::size_t row, std::size_t to) {
+    if (row >= entries.size() || to >= entries.size())
+        return entries;
+    const auto at = [&](std::size_t index) {
+        return entries.begin() + static_cast<std::ptrdiff_t>(index);
+    };
+    if (row < to)
+        std::rotate(at(row), at(row + 1), at(to + 1));
+    else
+        std::rotate(at(to), at(row), at(row + 1));
     return withoutRepeats(std::move(entries));
 }
 

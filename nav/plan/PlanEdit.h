@@ -38,6 +38,13 @@ PlanEditResult insertWords(const PlanEntries& entries, std::size_t row, std::str
 PlanEntries withRecord(PlanEntries entries, std::size_t row,
                        std::shared_ptr<const DatabaseRecord> record);
 
+/// Whether the row is there and stands for that place.
+bool isPlace(const PlanEntries& entries, std::size_t row, const DatabaseRecord& place);
+
+/// Puts the place in the row's stead, whose altitude stays.
+PlanEntries withPlace(PlanEntries entries, std::size_t row,
+                      std::shared_ptr<const DatabaseRecord> record);
+
 /// The line that enters these very entries again: identifiers, or keys where an identifier alone
 /// would find a place of another kind. It ends with a space, to go on typing.
 std::string routeLine(const PlanEntries& entries, NavDatabase& database,
@@ -56,8 +63,8 @@ PlanRoom roomFor(GeoPoint place, const PlanEntries& entries, std::size_t first,
                  std::optional<GeoPoint> from);
 
 PlanEntries withoutRow(PlanEntries entries, std::size_t row);
-/// Changes places with the row before it or behind it.
-PlanEntries withRowMoved(PlanEntries entries, std::size_t row, bool up);
+/// Takes the row out and puts it where it then stands at `to`.
+PlanEntries withRowMoved(PlanEntries entries, std::size_t row, std::size_t to);
 
 /// `altitudeFt` kNoAltitudeFt for none.
 PlanEditResult withAltitude(const PlanEntries& entries, std::size_t row, std::int32_t altitudeFt);

@@ -76,10 +76,15 @@ TEST_F(PlanEditTest, Rows) {
     EXPECT_EQ(textsOf(withRecord(route("A1 C1"), 1, places_.find("f.LONE")->Clone())), "A1 f.LONE C1");
     EXPECT_EQ(textsOf(withoutRow(route("A1 B1 A1 C1"), 1)), "A1 C1");
     EXPECT_EQ(textsOf(withoutRow(route("A1"), 1)), "A1");
-    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1 C1"), 2, true)), "A1 C1 B1");
-    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1 C1"), 0, false)), "B1 A1 C1");
-    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1"), 0, true)), "A1 B1");
-    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1"), 1, false)), "A1 B1");
+    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1 C1"), 2, 1)), "A1 C1 B1");
+    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1 C1"), 0, 1)), "B1 A1 C1");
+    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1 C1 D1"), 0, 2)), "B1 C1 A1 D1");
+    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1 C1 D1"), 3, 0)), "D1 A1 B1 C1");
+    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1 A1 C1"), 1, 3)), "A1 C1 B1") << "neighbours alike become one";
+    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1"), 0, std::size_t{0} - 1)), "A1 B1");
+    EXPECT_EQ(textsOf(withRowMoved(route("A1 B1"), 1, 2)), "A1 B1");
+    EXPECT_EQ(textsOf(withPlace(route("A1 B1@45 C1"), 1, places_.find("f.LONE")->Clone())), "A1 f.LONE@45 C1");
+    EXPECT_EQ(textsOf(withPlace(route("A1 B1"), 2, places_.find("f.LONE")->Clone())), "A1 B1");
 
     EXPECT_EQ(textsOf(withAltitude(route("A1 B1"), 1, 4550).entries), "A1 B1@45.5");
     EXPECT_EQ(textsOf(withAltitude(route("A1@9"), 0, kNoAltitudeFt).entries), "A1");

@@ -179,6 +179,79 @@ TEST_F(TapCardTest, ALongPressFliesDirectAndATapDoesNot) {
     }
 }
 
+TEST_F(TapCardTest, AHeldLegOrWaypointIsPulledElsewhere) {
+    ASSERT_EQ(document_.flight().plan().enterRoute("XSO XNO"), "");
+    ticks(2);
+    const auto pull = [&](Point from, Point to) {
+        hold(from);
+        hand_.move({(from.x + to.x) / 2, (from.y + to.y) / 2});
+        hand_.move(to);
+    };
+    const Point leg = whereIs(atDegrees(46.9, 10));
+    const Point aside{leg.x + 120, leg.y};
+    const GeoPoint ground = screen_.camera().projection()->unproject(screen_.areas().onPage(aside));
+    drag(leg, aside);
+    EXPECT_EQ(plan(), "XSO XNO ");
+    EXPECT_TRUE(isPanned()) << "without a rest it is the map that goes with the finger";
+    screen_.backToAircraft();
+
+    pull(leg, aside);
+    EXPECT_NE(look().find("Total"), std::string::npos);
+    EXPECT_EQ(plan(), "XSO XNO ") << "not before it is dropped";
+    hand_.release(aside);
+    EXPECT_EQ(plan(), "XSO F-1 XNO ");
+    EXPECT_EQ(said(), "F-1 inserted before XNO");
+    EXPECT_LT(DistanceNm(document_.flight().plan().entries()[1].position(), ground), 0.1);
+    EXPECT_FALSE(isPanned() || screen_.card().isOpen());
+    EXPECT_FALSE(document_.flight().navigation().directLeg());
+
+    const Point field = whereIs(field_);
+    pull(whereIs(document_.flight().plan().entries()[1].position()), {field.x + 10, field.y});
+    EXPECT_NE(look().find("XFLD\n"), std::string::npos);
+    hand_.release({field.x + 10, field.y});
+    EXPECT_EQ(plan(), "XSO XFLD XNO ");
+    EXPECT_EQ(said(), "XFLD instead of F-1");
+    EXPECT_TRUE(document_.flight().plan().undo());
+    EXPECT_EQ(plan(), "XSO F-1 XNO ") << "in one step";
+    EXPECT_TRUE(document_.flight().plan().redo());
+    screen_.refresh();
+
+    const std::function<void()> ends[] = {
+        [&] { EXPECT_TRUE(hand_.key(ScreenKey::Cancel)); }, [&] { hand_.pinch(1.0, true); },
+        [&] { screen_.showPage(PageId::Map), screen_.showPage(PageId::NorthUp); },
+        [&] { document_.flight().plan().clear(); },  // another plan: nothing to pull any more
+    };
+    for (const auto& end : ends) {
+        pull(field, aside);
+        ASSERT_TRUE(screen_.holdsPlan());
+        const std::string before = plan();
+        end();
+        hand_.move({aside.x + 30, aside.y});
+        hand_.release(aside);
+        EXPECT_TRUE(plan() == before || plan().empty()) << &end - ends;
+        EXPECT_FALSE(screen_.holdsPlan() || isPanned() || screen_.card().isOpen()) << &end - ends;
+    }
+    ASSERT_EQ(document_.flight().plan().enterRoute("XSO XFLD XNO"), "");
+    document_.flight().plan().flyTo(1);
+    ticks(1);
+    hold(field);
+    hand_.release(field);
+    EXPECT_TRUE(card().starts_with("XFLD")) << "held and let go is tapped";
+    pull(field, {field.x + 40, field.y});
+    hand_.move(field);
+    hand_.release(field);
+    EXPECT_EQ(plan(), "XSO XFLD XNO ") << "back to where it was";
+    pull(leg, field);
+    hand_.release(field);
+    EXPECT_EQ(plan(), "XSO XFLD XNO ") << "a leg to where it leads";
+    screen_.showPage(PageId::Map);
+    screen_.setRange(100);
+    look();
+    pull(whereIs(field_), whereIs(atDegrees(48.0, 10)));
+    hand_.release(whereIs(atDegrees(48.0, 10)));
+    EXPECT_EQ(plan(), "XSO XNO ") << "a waypoint onto the next one";
+}
+
 TEST_F(TapCardTest, KeysWalkTheCardAndPressItsParts) {
     screen_.lookAt(field_);
     look();

@@ -88,7 +88,7 @@ void PlanRowSheet::insertBefore() {
 
 void PlanRowSheet::move(bool up) {
     ActivePlan& plan = document_.flight().plan();
-    plan.replace(withRowMoved(plan.entries(), row_, up));
+    plan.replace(withRowMoved(plan.entries(), row_, up ? row_ - 1 : row_ + 1));
     QDialog::accept();
 }
 
