@@ -97,7 +97,10 @@ class FlightPlanPainter {
         const std::vector<PlanFigures> figures = planFigures(data_);
         const std::size_t end = std::min(first_ + rows_.visible(), data_.plan->rows.size());
         for (std::size_t i = first_; i < end; ++i)
-            row(i, figures[i]);
+            if (const std::size_t shown = rowAtPlace(i); !isLifted(shown))
+                row(shown, rows_.row(i, first_), figures[shown]);
+        if (view_.lifted && view_.lifted->row < figures.size())
+            lifted(figures[view_.lifted->row]);
         scrollBar();
         totals(figures.back());
     }
@@ -174,10 +177,34 @@ class FlightPlanPainter {
         return fittingText(canvas_.textMeasure(), whole, font, width);
     }
 
-    void row(std::size_t index, const PlanFigures& figures) {
+    [[nodiscard]] bool isLifted(std::size_t row) const {
+        return view_.lifted && view_.lifted->row == row;
+    }
+
+    /// Which row stands there while another one is carried over the list.
+    [[nodiscard]] std::size_t rowAtPlace(std::size_t place) const {
+        if (!view_.lifted)
+            return place;
+        const auto& [from, to, y] = *view_.lifted;
+        if (place == to)
+            return from;
+        if (from < to)
+            return place >= from && place < to ? place + 1 : place;
+        return place > to && place <= from ? place - 1 : place;
+    }
+
+    /// Over all others, under the finger.
+    void lifted(const PlanFigures& figures) {
+        Rect area = rows_.row(first_, first_);
+        area.y = std::clamp(view_.lifted->y - area.height / 2, rows_.header().bottom(),
+                            rows_.totals().y - area.height);
+        canvas_.rect(area, Brush{background_}, Pen{colors_[ColorKey::MapNavaidSelected], 4});
+        row(view_.lifted->row, area, figures);
+    }
+
+    void row(std::size_t index, const Rect& area, const PlanFigures& figures) {
         const PlanRow& row = data_.plan->rows[index];
         const PlanPart part = planPart(*data_.plan, index);
-        const Rect area = rows_.row(index, first_);
         const bool isActive = part == PlanPart::Active;
         const ColorValue ink = isBehind(part) ? blended(ink_, background_, kFaded) : ink_;
         if (isActive)

@@ -41,11 +41,19 @@ class FlightPlanRows {
     std::size_t visible_;
 };
 
+/// A row that a finger carries to another place of the plan.
+struct LiftedRow {
+    std::size_t row = 0;
+    std::size_t to = 0;  ///< where it would stand
+    double y = 0;        ///< its middle, on the page
+};
+
 /// What the pilot does with the list.
 struct FlightPlanView {
     /// The row that it begins with; none: it follows the flight.
     std::optional<std::size_t> firstRow{};
     std::optional<std::size_t> selectedRow{};
+    std::optional<LiftedRow> lifted{};
 };
 
 /// The row that the page begins with on a canvas of that size.

@@ -36,10 +36,13 @@ std::optional<MapProjection> MapCamera::projection() const {
     return viewport_.projection(*middle, upDeg());
 }
 
-std::string MapCamera::zoom(int steps, bool autoZoom) {
+std::string MapCamera::zoom(int steps, bool autoZoom, std::optional<Point> about) {
     if (!showsMap())
         return {};
     held_ = false;
+    const bool follows = aircraft_ && !panned_;
+    const auto before = about && !follows ? projection() : std::nullopt;
+    const int rangeBefore = viewport_.currentRangeNm();
     std::string message;
     for (int step = 0; step < std::abs(steps); ++step)
         if (std::string told = steps > 0 ? viewport_.zoomIn(autoZoom) : viewport_.zoomOut(autoZoom);
@@ -47,6 +50,8 @@ std::string MapCamera::zoom(int steps, bool autoZoom) {
             message = std::move(told);
     // What the pilot has chosen for the page is the range to remember.
     viewport_.chooseRange(viewport_.currentRangeNm());
+    if (before && viewport_.currentRangeNm() != rangeBefore)
+        bringTo(*about, before->unproject(*about));
     return message;
 }
 
@@ -63,6 +68,16 @@ bool MapCamera::setRange(int rangeNm) {
         return false;
     viewport_.setRange(rangeNm);
     return true;
+}
+
+/// Moves the map so that this ground comes to stand there.
+void MapCamera::bringTo(Point at, GeoPoint ground) {
+    const auto now = projection();
+    if (!now)
+        return;
+    const Point is = now->project(ground);
+    const Point aircraft = now->aircraft();
+    panned_ = now->unproject({aircraft.x + is.x - at.x, aircraft.y + is.y - at.y});
 }
 
 std::string MapCamera::pan(Point from, Point to, bool automatic) {

@@ -48,8 +48,9 @@ class MapCamera {
     std::optional<MapProjection> projection() const;
 
     /// Steps in, or out when negative; nothing without a map. What to tell the pilot, empty for
-    /// nothing. `autoZoom`: automatic zoom is enabled, and pauses.
-    std::string zoom(int steps, bool autoZoom);
+    /// nothing. `autoZoom`: automatic zoom is enabled, and pauses. The ground under `about` stays
+    /// there, unless the map follows the aircraft, which it does not lose by that.
+    std::string zoom(int steps, bool autoZoom, std::optional<Point> about = std::nullopt);
     bool canZoomIn() const;
     bool canZoomOut() const;
     /// False when it is not a step of the ladder.
@@ -75,6 +76,8 @@ class MapCamera {
     bool zoomByItself(const CockpitData& data);
 
  private:
+    void bringTo(Point at, GeoPoint ground);
+
     MapViewport viewport_;
     MapAngle angle_;
     AutoZoom autoZoom_;

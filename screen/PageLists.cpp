@@ -1,6 +1,8 @@
 #include "screen/PageLists.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 #include "cockpit/NearAirports.h"
 
@@ -22,6 +24,11 @@ std::size_t rowCount(const ListPage& page) {
     return 0;
 }
 
+bool hasSameRows(const PlanView* before, const PlanView* now) {
+    return before != nullptr && now != nullptr &&
+           std::ranges::equal(before->rows, now->rows, {}, &PlanRow::text, &PlanRow::text);
+}
+
 FlightPlanRows planRows(const ListPage& page) { return {page.width, page.height, rowCount(page)}; }
 
 RowListLayout nearestRows(const ListPage& page, const RowListView& view) {
@@ -31,9 +38,39 @@ RowListLayout nearestRows(const ListPage& page, const RowListView& view) {
 }  // namespace
 
 void PageLists::follow(const CockpitData& before, const CockpitData& now) {
+    if (!hasSameRows(before.plan.get(), now.plan.get()))
+        plan_.lifted.reset();
     if (nearest_.selected && before.nearAirports && now.nearAirports)
         nearest_.selected = rowOfSame(*before.nearAirports, *nearest_.selected, *now.nearAirports);
 }
+
+bool PageLists::lift(const ListPage& page, Point at) {
+    const auto row = page.page == PageId::FlightPlan ? rowAt(page, at) : std::nullopt;
+    if (!row)
+        return false;
+    // The list stays where it is, whatever is flown to meanwhile.
+    plan_.firstRow = firstShownRow(page.data, plan_, planRows(page));
+    plan_.lifted = {.row = *row, .to = *row, .y = at.y};
+    return true;
+}
+
+void PageLists::carry(const ListPage& page, Point at) {
+    if (!plan_.lifted)
+        return;
+    const FlightPlanRows rows = planRows(page);
+    plan_.lifted->y = at.y;
+    if (at.y < rows.header().bottom())
+        scroll(page, -1);
+    else if (at.y >= rows.totals().y)
+        scroll(page, 1);
+    const std::size_t first = plan_.firstRow.value_or(0);
+    const double height = rows.row(first, first).height;
+    const int down = static_cast<int>(std::floor((at.y - rows.header().bottom()) / height));
+    const int most = static_cast<int>(std::min(rows.visible(), rowCount(page) - first)) - 1;
+    plan_.lifted->to = moved(first, std::clamp(down, 0, most), rowCount(page) - 1);
+}
+
+std::optional<LiftedRow> PageLists::putDown() { return std::exchange(plan_.lifted, std::nullopt); }
 
 void PageLists::scroll(const ListPage& page, int rows) {
     if (page.page == PageId::FlightPlan) {

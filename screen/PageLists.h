@@ -38,6 +38,13 @@ class PageLists {
     bool moveMark(const ListPage& page, int rows);
     /// The marked row; none when there is none or it has gone.
     std::optional<std::size_t> marked(const ListPage& page) const;
+    /// Takes the plan's row under a point of the page in hand; false for none.
+    bool lift(const ListPage& page, Point at);
+    /// Carries it there; at the list's ends the list moves by a row.
+    void carry(const ListPage& page, Point at);
+    /// Puts it down, and says which row it was and where it stands now; nothing without one.
+    std::optional<LiftedRow> putDown();
+
     /// The row under a point of the page.
     std::optional<std::size_t> rowAt(const ListPage& page, Point at) const;
 

@@ -10,6 +10,7 @@
 #include "config/texts/MessageTexts.h"
 #include "config/texts/TouchTexts.h"
 #include "map/layers/AircraftLayer.h"
+#include "nav/plan/PlanEdit.h"
 #include "pages/ApproachBox.h"
 #include "pages/EfisPage.h"
 #include "pages/FieldStrip.h"
@@ -183,8 +184,8 @@ void Screen::goToNextPage() { choosePage(nextPage(page_, document_.settings().di
 
 // The map
 
-void Screen::zoom(int steps) {
-    if (const std::string message = camera_.zoom(steps, document_.settings().autozoom);
+void Screen::zoom(int steps, std::optional<Point> about) {
+    if (const std::string message = camera_.zoom(steps, document_.settings().autozoom, about);
         !message.empty())
         say(message);
     changed();
@@ -426,6 +427,34 @@ bool Screen::moveMark(int rows) {
     if (moved)
         changed();
     return moved;
+}
+
+bool Screen::liftRow(Point at) {
+    const bool lifted = lists_.lift(listPage(), at);
+    changed();
+    return lifted;
+}
+
+void Screen::carryRow(Point at) {
+    lists_.carry(listPage(), at);
+    changed();
+}
+
+void Screen::putRowDown() {
+    const auto lifted = lists_.putDown();
+    ActivePlan& plan = document_.flight().plan();
+    const PlanEntries entries = plan.entries();
+    if (lifted && lifted->to != lifted->row && lifted->row < entries.size()) {
+        const std::string name(entries[lifted->row].record->ident.view());
+        plan.replace(withRowMoved(entries, lifted->row, lifted->to));
+        say(formatText(kTouchTexts.rowMoved, {std::string_view(name)}));
+    }
+    refresh();
+}
+
+void Screen::letRowGo() {
+    lists_.putDown();
+    changed();
 }
 
 // Fields, alarms and touch bar

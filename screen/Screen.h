@@ -76,8 +76,9 @@ class Screen {
     // The map
 
     const MapCamera& camera() const { return camera_; }
-    /// Steps in, or out when negative; nothing on pages without a map.
-    void zoom(int steps);
+    /// Steps in, or out when negative; nothing on pages without a map. A map that was moved by hand
+    /// keeps the ground under the page's point `about`.
+    void zoom(int steps, std::optional<Point> about = std::nullopt);
     /// Shows this range until another is chosen; false when it is not a step of the ladder.
     bool setRange(int rangeNm);
     /// Moves the map by hand; nothing on pages without a map.
@@ -148,6 +149,13 @@ class Screen {
     void scrollList(int rows);
     /// False when the page has no list.
     bool moveMark(int rows);
+
+    /// Takes the plan's row under a point of the page in hand, carries it over the list, and puts
+    /// it down: the plan changes in one step that can be undone. False for no row there.
+    bool liftRow(Point at);
+    void carryRow(Point at);
+    void putRowDown();
+    void letRowGo();
 
     // Fields, alarms and touch bar
 

@@ -20,6 +20,8 @@ constexpr double kScrollPixels = 40;
 constexpr double kKeyShare = 1.0 / 8;
 /// A finger that rests so long means more than a tap.
 constexpr std::int64_t kHoldMs = 550;
+/// A list goes on by a row so often under a row that is held at its end.
+constexpr std::int64_t kCarryMs = 200;
 
 }  // namespace
 
@@ -66,8 +68,12 @@ void ScreenHand::run(TouchCommand command) {
 
 void ScreenHand::press(Point at) {
     const ScreenAreas& areas = screen_.areas();
-    finger_ = Finger{
-        .start = at, .last = at, .button = areas.layout().buttonAt(at), .sinceMs = screen_.nowMs()};
+    finger_ = Finger{.start = at,
+                     .last = at,
+                     .button = areas.layout().buttonAt(at),
+                     .stops = glide_.moves(),
+                     .sinceMs = screen_.nowMs()};
+    glide_.stop();
     const TapCard& card = screen_.card();
     finger_->card = card.isOpen() && card.area().contains(areas.onPage(at));
     if (finger_->card) {
@@ -86,7 +92,7 @@ void ScreenHand::holdRuler(Point at) {
         finger_.reset();
         return screen_.setMeasuring(false);
     }
-    finger_->ruler = true;
+    finger_->grip = Grip::Ruler;
     screen_.pressRuler(at);
 }
 
@@ -95,16 +101,29 @@ void ScreenHand::move(Point at) {
         return;
     const Point start = finger_->start;
     finger_->moving = finger_->moving || std::hypot(at.x - start.x, at.y - start.y) > kTapPixels;
-    if (!finger_->moving || finger_->button || finger_->card || (finger_->held && !finger_->plan) ||
+    if (!finger_->moving || finger_->button || finger_->card ||
         !screen_.areas().page().contains(start))
         return;
-    if (finger_->plan)
-        return screen_.pullPlan(screen_.areas().onPage(at));
-    if (finger_->ruler)
-        return screen_.dragRuler(screen_.areas().onPage(at));
+    if (finger_->grip != Grip::None)
+        return carryOn(at);
+    if (finger_->held)
+        return;
     if (!screen_.camera().showsMap())
         return scroll(at);
     screen_.pan(std::exchange(finger_->last, at), at);
+    glide_.note(at, screen_.nowMs());
+}
+
+/// What it holds goes with the finger.
+void ScreenHand::carryOn(Point at) {
+    finger_->last = at;
+    const Point onPage = screen_.areas().onPage(at);
+    if (finger_->grip == Grip::Ruler)
+        return screen_.dragRuler(onPage);
+    if (finger_->grip == Grip::Plan)
+        return screen_.pullPlan(onPage);
+    carriedMs_ = screen_.nowMs();
+    screen_.carryRow(onPage);
 }
 
 /// Moves a list by whole rows, as the finger goes.
@@ -122,10 +141,8 @@ void ScreenHand::release(Point at) {
     const Finger finger = *finger_;
     finger_.reset();
     screen_.changed();
-    if (finger.ruler)
-        return screen_.releaseRuler();
-    if (finger.plan)
-        return dropPlan(finger);
+    if (finger.grip != Grip::None)
+        return letGo(finger);
     if (finger.card) {
         screen_.pressCard(std::nullopt);
         if (finger.part &&
@@ -135,25 +152,19 @@ void ScreenHand::release(Point at) {
         // As on every button: a finger that slides off has changed its mind.
         if (screen_.areas().layout().buttonAt(at) == finger.button)
             run(kTouchBar.at(*finger.button));
-    } else if (!finger.moving && !finger.held) {
+    } else if (finger.moving) {
+        glide_.release(screen_.nowMs());
+    } else if (!finger.held && !finger.stops) {
         tap(finger.start);
     }
 }
 
-void ScreenHand::frame() {
-    if (canHold() && screen_.nowMs() - finger_->sinceMs >= kHoldMs) {
-        finger_->held = true;
-        hold(screen_.areas().onPage(finger_->start));
-    }
-}
-
-bool ScreenHand::wantsFrames() const { return canHold(); }
-
-/// Whether a finger rests on the map.
-bool ScreenHand::canHold() const {
-    return finger_ && !finger_->moving && !finger_->button && !finger_->card && !finger_->ruler &&
-           !finger_->held && screen_.camera().showsMap() &&
-           screen_.areas().page().contains(finger_->start);
+void ScreenHand::letGo(const Finger& finger) {
+    if (finger.grip == Grip::Ruler)
+        return screen_.releaseRuler();
+    if (finger.grip == Grip::Row)
+        return screen_.putRowDown();
+    dropPlan(finger);
 }
 
 /// Of a part of the plan that was pulled nowhere the card says what it is.
@@ -165,11 +176,51 @@ void ScreenHand::dropPlan(const Finger& finger) {
     screen_.openCard(screen_.thingsUnder(at), at);
 }
 
+// Between the events
+
+void ScreenHand::frame() {
+    const std::int64_t now = screen_.nowMs();
+    if (canHold() && now - finger_->sinceMs >= kHoldMs) {
+        finger_->held = true;
+        hold(screen_.areas().onPage(finger_->start));
+    }
+    // A row that waits at the list's end has it move on.
+    if (finger_ && finger_->grip == Grip::Row && finger_->moving && now - carriedMs_ >= kCarryMs)
+        carryOn(finger_->last);
+    if (!glide_.moves())
+        return;
+    if (screen_.camera().showsMap())
+        screen_.pan({}, glide_.step(now));
+    else
+        glide_.stop();
+}
+
+bool ScreenHand::wantsFrames() const {
+    return canHold() || glide_.moves() || (finger_ && finger_->grip == Grip::Row);
+}
+
+/// Whether a finger rests on what can be held.
+bool ScreenHand::canHold() const {
+    return finger_ && !finger_->moving && !finger_->button && !finger_->card && !finger_->held &&
+           !finger_->stops && finger_->grip == Grip::None &&
+           screen_.areas().page().contains(finger_->start) &&
+           (screen_.camera().showsMap() || isOnRow());
+}
+
+/// Of the plan.
+bool ScreenHand::isOnRow() const {
+    return screen_.page() == PageId::FlightPlan &&
+           screen_.lists().rowAt(screen_.listPage(), screen_.areas().onPage(finger_->start));
+}
+
 /// A long press takes hold of the plan, and where there is none of it flies direct to what is
 /// there: a place or the bare ground.
 void ScreenHand::hold(Point at) {
-    finger_->plan = screen_.takePlan(at);
-    if (finger_->plan)
+    if (screen_.liftRow(at))
+        finger_->grip = Grip::Row;
+    else if (screen_.takePlan(at))
+        finger_->grip = Grip::Plan;
+    if (finger_->grip != Grip::None)
         return screen_.closeCard();
     std::vector<TapThing> things = screen_.thingsUnder(at);
     if (things.empty())
@@ -327,29 +378,37 @@ bool ScreenHand::openMiddle() {
 
 // Wheel, two fingers, keys
 
-void ScreenHand::wheel(int eighths) {
+void ScreenHand::wheel(int eighths, Point at) {
     const int steps = wheel_.wheel(eighths);
     if (screen_.camera().showsMap())
-        screen_.zoom(steps);
+        screen_.zoom(steps, screen_.areas().onPage(at));
     else
         screen_.moveMark(-steps);
 }
 
-void ScreenHand::pinch(double factor, bool begins) {
+void ScreenHand::pinch(double factor, bool begins, Point at) {
+    cancelGrip();
     finger_.reset();  // the first finger began one
-    screen_.letPlanGo();
+    glide_.stop();
     if (begins)
         pinch_.reset();
-    screen_.zoom(pinch_.pinch(factor));
+    screen_.zoom(pinch_.pinch(factor), screen_.areas().onPage(at));
+}
+
+/// What a finger has taken of the plan goes back; false when there is nothing.
+bool ScreenHand::cancelGrip() {
+    const Grip grip = finger_ ? finger_->grip : Grip::None;
+    if (grip != Grip::Plan && grip != Grip::Row)
+        return false;
+    screen_.letPlanGo();
+    screen_.letRowGo();
+    finger_->grip = Grip::None;
+    return true;
 }
 
 bool ScreenHand::key(ScreenKey key) {
-    if (key == ScreenKey::Cancel && screen_.holdsPlan()) {
-        screen_.letPlanGo();
-        if (finger_)
-            finger_->plan = false;
+    if (key == ScreenKey::Cancel && cancelGrip())
         return true;
-    }
     if (screen_.card().isOpen())
         return cardKey(key);
     switch (key) {

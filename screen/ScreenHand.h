@@ -10,6 +10,7 @@
 #include "pages/TapCardBox.h"
 #include "pages/TouchBar.h"
 #include "paint/Canvas.h"
+#include "screen/Glide.h"
 #include "screen/ZoomGesture.h"
 
 namespace korvel {
@@ -44,10 +45,11 @@ class ScreenHand {
     /// To be called at every frame while wantsFrames(): fingers that rest are no events.
     void frame();
     bool wantsFrames() const;
-    /// Turned by `eighths` of a degree, away from the user positive.
-    void wheel(int eighths);
-    /// Two fingers moved apart by `factor` since the last call; `begins`: it is their first.
-    void pinch(double factor, bool begins);
+    /// Turned by `eighths` of a degree at this point, away from the user positive.
+    void wheel(int eighths, Point at);
+    /// Two fingers with this point between them moved apart by `factor` since the last call;
+    /// `begins`: it is their first.
+    void pinch(double factor, bool begins, Point at);
     /// False for a key that means nothing here at present.
     bool key(ScreenKey key);
 
@@ -55,17 +57,20 @@ class ScreenHand {
     std::vector<TouchButton> buttons() const;
 
  private:
+    /// What a finger holds, if it does not move the page itself.
+    enum class Grip : std::uint8_t { None, Ruler, Plan, Row };
+
     /// A finger or the mouse between press and release.
     struct Finger {
         Point start;
         Point last;
         bool moving = false;
-        bool ruler = false;                   ///< moves an end of the ruler
+        Grip grip = Grip::None;
         std::optional<std::size_t> button{};  ///< of the touch bar
         bool card = false;                    ///< came down on the card
         std::optional<CardPart> part{};       ///< of the card
         bool held = false;                    ///< has rested, and done what that does
-        bool plan = false;                    ///< holds a part of the plan
+        bool stops = false;                   ///< came down to stop a map that glided
         std::int64_t sinceMs = 0;             ///< came down then
     };
 
@@ -81,7 +86,11 @@ class ScreenHand {
     bool tapMap(Point at);
     bool canHold() const;
     void hold(Point at);
+    bool isOnRow() const;
+    void letGo(const Finger& finger);
     void dropPlan(const Finger& finger);
+    void carryOn(Point at);
+    bool cancelGrip();
     void pressCard(CardPart part);
     void openInfo();
     bool cardKey(ScreenKey key);
@@ -92,6 +101,8 @@ class ScreenHand {
 
     Screen& screen_;
     std::optional<Finger> finger_;
+    Glide glide_;
+    std::int64_t carriedMs_ = 0;  ///< when a row was carried last
     ZoomGesture wheel_;
     ZoomGesture pinch_;
 };

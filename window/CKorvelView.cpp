@@ -175,7 +175,7 @@ void CKorvelView::followHand() {
 }
 
 void CKorvelView::wheelEvent(QWheelEvent* event) {
-    hand_.wheel(event->angleDelta().y());
+    hand_.wheel(event->angleDelta().y(), toPoint(event->position()));
     event->accept();
 }
 
@@ -199,7 +199,8 @@ bool CKorvelView::event(QEvent* event) {
     auto* pinch = static_cast<QPinchGesture*>(gestures->gesture(Qt::PinchGesture));
     if (pinch == nullptr)
         return QWidget::event(event);
-    hand_.pinch(pinch->scaleFactor(), pinch->state() == Qt::GestureStarted);
+    hand_.pinch(pinch->scaleFactor(), pinch->state() == Qt::GestureStarted,
+                toPoint(mapFromGlobal(pinch->centerPoint())));
     return true;
 }
 

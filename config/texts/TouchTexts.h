@@ -16,6 +16,7 @@ struct TouchTexts {
     Text insertedBefore{66489, "%s inserted before %s"};  ///< %s: waypoint, %s: the next one
     Text insteadOf{66492, "%s instead of %s"};            ///< %s: waypoint, %s: the former one
     Text pull{66493, "Drag it to its new place"};
+    Text rowMoved{66494, "%s moved"};                        ///< %s: waypoint
     Text inPlanAlready{66490, "%s is in the plan already"};  ///< %s: waypoint
 };
 

@@ -53,7 +53,7 @@ TEST_F(ScreenTest, ButtonsThatDoNothingAreGrey) {
     EXPECT_EQ(enabled(), aircraft + out + in);
     screen_.showPage(PageId::Efis);
     EXPECT_EQ(enabled(), aircraft);
-    hand_.wheel(120);
+    hand_.wheel(120, {});
     EXPECT_FALSE(hand_.key(ScreenKey::Left));
     EXPECT_EQ(rangeNm(), 65);
     tap(button(TouchCommand::Aircraft));
@@ -72,7 +72,7 @@ TEST_F(ScreenTest, RowsOfThePlanAreMarkedOpenedAndScrolled) {
     EXPECT_FALSE(hand_.key(ScreenKey::Open)) << "nothing is marked";
     for (const ScreenKey key : {ScreenKey::Down, ScreenKey::Down, ScreenKey::Down, ScreenKey::Up})
         EXPECT_TRUE(hand_.key(key));
-    hand_.wheel(-120);
+    hand_.wheel(-120, {});
     EXPECT_TRUE(hand_.key(ScreenKey::Open));
     EXPECT_EQ(asked(), Asked{"row 2"});
 
@@ -107,6 +107,68 @@ TEST_F(ScreenTest, WhatTheEfisShowsItselfLeavesItsFieldToTheNext) {
     EXPECT_EQ(asked(), Asked{"field 2"}) << "counted as on every page";
     screen_.showPage(PageId::Map);
     EXPECT_EQ(screen_.shownFields(), usual);
+}
+
+TEST_F(ScreenTest, AHeldRowOfThePlanIsCarriedToAnotherPlace) {
+    const auto enter = [&](int count) {
+        std::string plan;
+        for (int i = 0; i < count; ++i)
+            plan += "f.A" + std::to_string(i) + " " + std::to_string(40 + i) + ".0 10.0\r\n";
+        ASSERT_EQ(document_.flight().plan().open(folder_.write("rows.fp", plan)), "");
+        screen_.showPage(PageId::FlightPlan);
+    };
+    const auto order = [&] {
+        std::string idents;
+        for (const PlanWaypoint& entry : document_.flight().plan().entries()) idents += entry.record->ident.view();
+        return idents;
+    };
+    const auto middle = [&](std::size_t row, std::size_t count) {
+        const Rect page = screen_.areas().page();
+        const Point at = FlightPlanRows(page.width, page.height, count).row(row, 0).center();
+        return Point{at.x + page.x, at.y + page.y};
+    };
+    const auto carry = [&](std::size_t from, std::size_t to) {
+        hold(middle(from, 4));
+        hand_.move({middle(to, 4).x, middle(to, 4).y - 5});
+        hand_.move(middle(to, 4));
+    };
+    enter(4);
+    const struct {
+        std::size_t from, to;
+        const char* order;
+    } cases[] = {{0, 2, "A1A2A0A3"}, {3, 0, "A3A0A1A2"}, {1, 2, "A0A2A1A3"}, {2, 2, "A0A1A2A3"}};
+    for (const auto& [from, to, wanted] : cases) {
+        carry(from, to);
+        EXPECT_EQ(order(), "A0A1A2A3") << "not before it is put down";
+        EXPECT_EQ(screen_.lists().plan().lifted->to, to);
+        hand_.release(middle(to, 4));
+        EXPECT_EQ(order(), wanted);
+        EXPECT_EQ(screen_.message() == "A" + std::to_string(from) + " moved", from != to);
+        screen_.say("");
+        EXPECT_EQ(document_.flight().plan().undo(), from != to);
+        screen_.refresh();
+    }
+    carry(0, 2);
+    EXPECT_TRUE(hand_.key(ScreenKey::Cancel));
+    hand_.release(middle(2, 4));
+    carry(0, 2);
+    document_.flight().plan().reverse();
+    screen_.refresh();
+    hand_.release(middle(2, 4));
+    EXPECT_EQ(order(), "A3A2A1A0") << "another plan has come under the finger";
+    EXPECT_EQ(asked(), Asked{}) << "a row that is held is not opened";
+
+    enter(40);
+    hold(middle(1, 40));
+    const Rect page = screen_.areas().page();
+    hand_.move({page.center().x, page.bottom() - 2});
+    EXPECT_TRUE(hand_.wantsFrames());
+    for (int i = 0; i < 100; ++i) {
+        clock_.advanceMs(100);
+        hand_.frame();
+    }
+    hand_.release({page.center().x, page.bottom() - 2});
+    EXPECT_TRUE(order().ends_with("A38A39A1")) << order();
 }
 
 TEST_F(ScreenTest, FieldsAreTappedChangedAndKept) {

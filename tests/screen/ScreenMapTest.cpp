@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "geo/Geodesy.h"
 #include "map/layers/MeasureLayer.h"
 #include "paint/ColorScheme.h"
 #include "paint/MapColorCache.h"
@@ -44,6 +45,88 @@ TEST_F(ScreenTest, TheMapFollowsTheHandAndComesBackToTheAircraft) {
         tap(button(TouchCommand::Aircraft));
         EXPECT_FALSE(isPanned());
     }
+}
+
+TEST_F(ScreenTest, TheMapZoomsAboutTheFingerAndKeepsTheRangeWhenItComesBack) {
+    screen_.showPage(PageId::NorthUp);
+    fly(47, 10);
+    const Point finger = onPage(-150, 60);
+    const auto ground = [&] { return screen_.camera().projection()->unproject(screen_.areas().onPage(finger)); };
+    hand_.wheel(120, finger);
+    EXPECT_FALSE(isPanned()) << "the aircraft is not lost by it";
+    drag(onPage(0, 0), onPage(80, 0));
+    const std::function<void()> zooms[] = {
+        [&] { hand_.wheel(120, finger); },
+        [&] { hand_.wheel(-240, finger); },
+        [&] { hand_.pinch(2.6, true, finger); },
+    };
+    for (const auto& zoom : zooms) {
+        const int range = rangeNm();
+        const GeoPoint before = ground();
+        zoom();
+        EXPECT_NE(rangeNm(), range);
+        EXPECT_LT(DistanceNm(before, ground()), 0.002 * rangeNm());
+    }
+    const int range = rangeNm();
+    tap(button(TouchCommand::Aircraft));
+    EXPECT_FALSE(isPanned());
+    EXPECT_EQ(rangeNm(), range);
+    screen_.setRange(1);
+    drag(onPage(0, 0), onPage(80, 0));
+    const auto looked = screen_.camera().lookAt();
+    hand_.wheel(120, finger);
+    EXPECT_EQ(screen_.camera().lookAt(), looked) << "there is no nearer range";
+}
+
+TEST_F(ScreenTest, AThrownMapGlidesOnUntilItRestsOrIsHeld) {
+    screen_.showPage(PageId::NorthUp);
+    fly(47, 10);
+    const auto x = [&] { return whereIs(atDegrees(47, 10)).x; };
+    /// Over 200 pixels in steps of 10 ms, then `restMs` without a move.
+    const auto swipe = [&](int msPerStep, int restMs) {
+        hand_.press(onPage(-100, 0));
+        for (int moved = 0; moved <= 200; moved += 20) {
+            hand_.move(onPage(-100 + moved, 0));
+            clock_.advanceMs(msPerStep);
+        }
+        clock_.advanceMs(restMs);
+        hand_.release(onPage(100, 0));
+    };
+    const auto frames = [&](int count) {
+        for (int i = 0; i < count && hand_.wantsFrames(); ++i) {
+            clock_.advanceMs(15);
+            hand_.frame();
+        }
+    };
+    swipe(10, 0);
+    EXPECT_TRUE(hand_.wantsFrames());
+    const double left = x();
+    frames(1);
+    const double first = x() - left;
+    EXPECT_NEAR(first, 2.0 * 15, 2) << "as fast as the finger was";
+    frames(10);
+    const double before = x();
+    frames(1);
+    EXPECT_LT(x() - before, 0.7 * first);
+    EXPECT_GT(x() - before, 0);
+    frames(1000);
+    EXPECT_FALSE(hand_.wantsFrames());
+    EXPECT_NEAR(x() - left, 2.0 * 325, 20);
+    for (const auto& [ms, rest] : {std::pair{10, 80}, {100, 0}}) {
+        swipe(ms, rest);
+        EXPECT_FALSE(hand_.wantsFrames()) << "it was put down, not thrown";
+    }
+    swipe(10, 0);
+    frames(2);
+    const double stopped = x();
+    tap(onPage(0, 0));
+    frames(5);
+    EXPECT_EQ(x(), stopped);
+    EXPECT_FALSE(screen_.card().isOpen()) << "a finger that stops the map has asked nothing";
+    swipe(10, 0);
+    screen_.showPage(PageId::Efis);
+    frames(1);
+    EXPECT_FALSE(hand_.wantsFrames());
 }
 
 TEST_F(ScreenTest, WhatCannotBeSavedIsSaidInPassing) {
@@ -108,11 +191,10 @@ TEST_F(ScreenTest, ZoomingPausesAutomaticZoomForHalfAMinute) {
     EXPECT_FALSE(screen_.camera().rests());
     EXPECT_EQ(screen_.message(), "Auto-zoom/view enabled");
 
-    hand_.wheel(-240);
+    hand_.wheel(-240, onPage(100, 50));
     EXPECT_EQ(rangeNm(), 100);
-    hand_.pinch(2.6, true);
+    hand_.pinch(2.6, true, onPage(100, 50));
     EXPECT_EQ(rangeNm(), 40);
-    EXPECT_FALSE(screen_.camera().isAway());
     screen_.backToAircraft();
     EXPECT_EQ(rangeNm(), 40);
     EXPECT_TRUE(screen_.camera().rests()) << "what the pilot has chosen is kept";
@@ -164,7 +246,7 @@ TEST_F(ScreenTest, AutomaticZoomLeavesAloneWhatThePilotLooksAt) {
         {[&] { screen_.holdView(); }, [&] { screen_.choosePage(PageId::Map); }},
         {[&] { screen_.setMeasuring(true); }, [&] { hand_.key(ScreenKey::Cancel); }},
         {[&] { screen_.lookAt(kField); }, [&] { screen_.backToAircraft(); }},
-        {[&] { hand_.wheel(120), hand_.wheel(-120); }, [&] { ticks(60); }},
+        {[&] { hand_.wheel(120, {}), hand_.wheel(-120, {}); }, [&] { ticks(60); }},
         {[&] { screen_.showPage(PageId::Efis); }, [&] { screen_.showPage(PageId::Map); }},
     };
     int number = 0;

@@ -217,7 +217,7 @@ TEST_F(TapCardTest, AHeldLegOrWaypointIsPulledElsewhere) {
     screen_.refresh();
 
     const std::function<void()> ends[] = {
-        [&] { EXPECT_TRUE(hand_.key(ScreenKey::Cancel)); }, [&] { hand_.pinch(1.0, true); },
+        [&] { EXPECT_TRUE(hand_.key(ScreenKey::Cancel)); }, [&] { hand_.pinch(1.0, true, aside); },
         [&] { screen_.showPage(PageId::Map), screen_.showPage(PageId::NorthUp); },
         [&] { document_.flight().plan().clear(); },  // another plan: nothing to pull any more
     };

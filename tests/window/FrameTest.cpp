@@ -167,6 +167,7 @@ TEST_F(FrameTest, NoKeyStandsForTwoCommands) {
 }
 
 TEST_F(FrameTest, TheWheelAndTwoFingersZoom) {
+    flyTo("4730.0,N,01015.0,E");
     QWheelEvent notch(
         middle(), view().mapToGlobal(middle()), {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&view(), &notch);
@@ -197,6 +198,20 @@ TEST_F(FrameTest, MouseKeysAndCommandsReachTheScreen) {
         EXPECT_TRUE(isPanned()) << key;
         press(Qt::Key_Space);
     }
+    QTest::keyClick(&view(), Qt::Key_Return);
+    ASSERT_TRUE(screen().card().isOpen());
+    for (const auto& [modifier, part] :
+        {std::pair{Qt::NoModifier, CardPart::Insert}, {Qt::ShiftModifier, CardPart::Direct}}) {
+        QTest::keyClick(&view(), modifier == Qt::NoModifier ? Qt::Key_Tab : Qt::Key_Backtab, modifier);
+        EXPECT_EQ(screen().card().focus(), part);
+    }
+    QTest::keyClick(&view(), Qt::Key_Escape);
+    EXPECT_FALSE(screen().card().isOpen());
+    QTest::mousePress(&view(), Qt::LeftButton, {}, (middle() + QPointF(60, 0)).toPoint());
+    clock_.advanceMs(1000);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return document_->flight().navigation().directLeg(); }, 2000)) << "held";
+    QTest::mouseRelease(&view(), Qt::LeftButton, {}, (middle() + QPointF(60, 0)).toPoint());
+    document_->flight().navigation().ClearNavigation();
     press(QKeySequence(Qt::SHIFT | Qt::Key_M));
     EXPECT_TRUE(screen().isMeasuring());
     QTest::keyClick(&view(), Qt::Key_Escape);
