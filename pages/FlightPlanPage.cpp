@@ -12,6 +12,7 @@
 #include "config/texts/InstrumentTexts.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
+#include "geo/Geodesy.h"
 #include "geo/Units.h"
 #include "pages/NavField.h"
 #include "pages/PlanFigures.h"
@@ -94,7 +95,9 @@ class FlightPlanPainter {
         }
         layOutColumns();
         header();
-        const std::vector<PlanFigures> figures = planFigures(data_);
+        // Those of the legs are not known while the order changes.
+        const std::vector<PlanFigures> figures =
+            view_.lifted ? std::vector<PlanFigures>(data_.plan->rows.size()) : planFigures(data_);
         const std::size_t end = std::min(first_ + rows_.visible(), data_.plan->rows.size());
         for (std::size_t i = first_; i < end; ++i)
             if (const std::size_t shown = rowAtPlace(i); !isLifted(shown))
@@ -193,6 +196,17 @@ class FlightPlanPainter {
         return place > to && place <= from ? place - 1 : place;
     }
 
+    /// Of the plan in the order that is shown.
+    [[nodiscard]] double totalNm() const {
+        if (!view_.lifted)
+            return data_.plan->totalNm;
+        double total = 0;
+        for (std::size_t place = 1; place < data_.plan->rows.size(); ++place)
+            total += DistanceNm(data_.plan->rows[rowAtPlace(place - 1)].position,
+                                data_.plan->rows[rowAtPlace(place)].position);
+        return total;
+    }
+
     /// Over all others, under the finger.
     void lifted(const PlanFigures& figures) {
         Rect area = rows_.row(first_, first_);
@@ -288,7 +302,7 @@ class FlightPlanPainter {
         canvas_.line({area.x, area.y}, {area.right(), area.y}, {colors_[ColorKey::HsiLine], 2});
         std::vector<std::string> words{
             formatText(kInstrumentTexts.totalDistance,
-                       {distanceText(data_.plan->totalNm, data_.distanceUnit)})};
+                       {distanceText(totalNm(), data_.distanceUnit)})};
         if (last.totalNm && data_.distanceNm && flownRow(data_))
             words.insert(
                 words.end(),

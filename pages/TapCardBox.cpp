@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "config/Text.h"
+#include "config/texts/StatusTexts.h"
 #include "pages/TouchBar.h"
 #include "paint/Clip.h"
 #include "paint/LabelSpace.h"
@@ -72,6 +74,8 @@ class CardPainter {
           header_(colors[ColorKey::NavHeader]),
           headerGround_(colors[ColorKey::NavHeaderBackground]),
           border_(colors[ColorKey::NavBorder]),
+          background_(colors[ColorKey::MapBackground]),
+          danger_(colors[ColorKey::MapObstacleDanger]),
           faint_(blended(ink_, ground_, 0.3)) {}
 
     void paint() {
@@ -103,13 +107,35 @@ class CardPainter {
     void title() {
         const Rect& area = layout_.title;
         const Font large{.height = std::round(kFigureValue * textPx_), .weight = FontWeight::Bold};
+        const double gap = 0.6 * textPx_;
         const double y = area.center().y;
         const double right = view_.step.empty() ? area.right() : layout_.next.x;
-        const double used = left(view_.ident, {area.x, y}, right - area.x, large, ink_);
-        const double x = area.x + used + (used > 0 ? 0.6 * textPx_ : 0);
+        const double mark = view_.expired ? expiredWidth() + gap : 0;
+        const double used = left(view_.ident, {area.x, y}, right - area.x - mark, large, ink_);
+        double x = area.x + used + (used > 0 ? gap : 0);
+        if (view_.expired)
+            expiredMark({x, y});
+        x += mark;
         left(view_.name, {x, y}, right - x, {.height = textPx_}, faint_);
         if (!view_.step.empty())
             next();
+    }
+
+    Font expiredFont() const {
+        return {.height = std::max(11.0, std::round(0.85 * textPx_)), .weight = FontWeight::Bold};
+    }
+    double expiredWidth() const {
+        const TextMeasure& texts = canvas_.textMeasure();
+        return texts.measure(text(kStatusTexts.expired), expiredFont()).width + 0.6 * textPx_;
+    }
+
+    /// A word in a frame, so that it does not hang on the colour.
+    void expiredMark(Point at) {
+        const Font font = expiredFont();
+        canvas_.rect({at.x, at.y - 0.75 * font.height, expiredWidth(), 1.5 * font.height},
+                     Brush{background_}, Pen{danger_, 2});
+        canvas_.text({at.x + 0.3 * textPx_, at.y}, text(kStatusTexts.expired),
+                     {.font = font, .color = danger_, .alignY = AlignY::Middle});
     }
 
     void next() {
@@ -190,6 +216,8 @@ class CardPainter {
     ColorValue header_;
     ColorValue headerGround_;
     ColorValue border_;
+    ColorValue background_;
+    ColorValue danger_;
     ColorValue faint_;
 };
 

@@ -39,7 +39,8 @@ struct TapCardView {
     };
 
     std::string ident;
-    std::string name;  ///< beside it; empty for none
+    std::string name;      ///< beside it; empty for none
+    bool expired = false;  ///< from a database whose date has passed
     std::array<Figure, kFigures> figures{};
     std::vector<std::string> lines{};
     std::array<Button, kButtons> buttons{};  ///< in the order of CardPart

@@ -140,6 +140,7 @@ class Gatherer {
         thing.ident = record->ident.view();
         if (record->GetName() != record->ident.view())
             thing.name = record->GetName();
+        thing.expired = record->pastDate;
         thing.lines = linesOf(database_, *record, data_.altUnit);
         thing.record = std::move(record);
     }
@@ -236,6 +237,7 @@ std::optional<TapThing> thingOf(const NearAirport& airport, CKorvelDoc& document
                     .position = airport.position,
                     .ident = airport.ident,
                     .name = airport.name,
+                    .expired = airport.expired,
                     .lines = airportLines(airport, document.cockpitData().altUnit),
                     .record = found->Clone(),
                     .ground = airport.position};

@@ -29,6 +29,7 @@ struct TapThing {
     GeoPoint position;  ///< where bearing and distance lead to
     std::string ident{};
     std::string name{};  ///< beside it; empty for none
+    bool expired = false;  ///< from a database whose date has passed
     std::vector<std::string> lines{};
     std::shared_ptr<const DatabaseRecord> record{};  ///< of a place, of the end of a leg, else null
     std::size_t row = 0;  ///< of a leg: the one of the plan that it leads to

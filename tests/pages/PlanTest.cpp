@@ -83,4 +83,33 @@ TEST(FlightPlanPage, RowsAndPictures) {
     }
 }
 
+TEST(FlightPlanPage, ARowInHandStandsUnderTheFingerAndTheOthersMakeRoom) {
+    const ColorScheme scheme;
+    const MapColorCache colors(scheme);
+    CockpitData data = flying();
+    data.plan = planOf(4, std::nullopt);
+    const FlightPlanRows rows(800, 370, 4);
+    const struct {
+        LiftedRow lifted;
+        std::array<const char*, 4> order;  // from the top; the row in hand is none of them
+        const char* total;
+    } cases[] = {{{0, 2, 222}, {"W1", "W2", nullptr, "W3"}, "Total 180 nm"},
+        {{3, 0, 111}, {nullptr, "W0", "W1", "W2"}, "Total 150 nm"}, {{1, 1, 150}, {"W0", nullptr, "W2", "W3"}, "Total 90 nm"}};
+    for (const auto& each : cases) {
+        RecordingCanvas canvas(800, 370);
+        paintFlightPlanPage(canvas, data, {.firstRow = 0, .lifted = each.lifted}, colors);
+        for (std::size_t place = 0; place < 4; ++place)
+            if (each.order.at(place) != nullptr) {
+                const auto* text = canvas.findText(each.order.at(place));
+                ASSERT_NE(text, nullptr);
+                EXPECT_NEAR(text->area.center().y, rows.row(place, 0).center().y, 4) << text->text;
+            }
+        const auto* carried = canvas.findText(data.plan->rows[each.lifted.row].ident);
+        ASSERT_NE(carried, nullptr);
+        EXPECT_NEAR(carried->area.center().y, each.lifted.y, 4);
+        EXPECT_NE(canvas.findText(each.total), nullptr) << canvas.texts();
+        EXPECT_EQ(canvas.findText("358°"), nullptr) << "legs that may never be flown";
+    }
+}
+
 }}  // namespace korvel
