@@ -300,9 +300,8 @@ class FlightPlanPainter {
     void totals(const PlanFigures& last) {
         const Rect area = rows_.totals();
         canvas_.line({area.x, area.y}, {area.right(), area.y}, {colors_[ColorKey::HsiLine], 2});
-        std::vector<std::string> words{
-            formatText(kInstrumentTexts.totalDistance,
-                       {distanceText(totalNm(), data_.distanceUnit)})};
+        std::vector<std::string> words{formatText(kInstrumentTexts.totalDistance,
+                                                  {distanceText(totalNm(), data_.distanceUnit)})};
         if (last.totalNm && data_.distanceNm && flownRow(data_))
             words.insert(
                 words.end(),

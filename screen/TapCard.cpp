@@ -125,10 +125,8 @@ ShownCard TapCard::shown(const CockpitData& data, std::optional<Point> mark) con
 
 TapCardView TapCard::view(const CockpitData& data) const {
     const TapThing& shown = thing();
-    TapCardView view{.ident = shown.ident,
-                     .name = shown.name,
-                     .expired = shown.expired,
-                     .lines = shown.lines};
+    TapCardView view{
+        .ident = shown.ident, .name = shown.name, .expired = shown.expired, .lines = shown.lines};
     std::array<std::string, TapCardView::kFigures> values;
     values.fill(std::string(kNoValue));
     if (data.position) {

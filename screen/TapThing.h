@@ -28,7 +28,7 @@ struct TapThing {
     TapKind kind = TapKind::Ground;
     GeoPoint position;  ///< where bearing and distance lead to
     std::string ident{};
-    std::string name{};  ///< beside it; empty for none
+    std::string name{};    ///< beside it; empty for none
     bool expired = false;  ///< from a database whose date has passed
     std::vector<std::string> lines{};
     std::shared_ptr<const DatabaseRecord> record{};  ///< of a place, of the end of a leg, else null

@@ -14,13 +14,14 @@ struct SheetTexts {
         "Next page: N or Page\n"
         "Look around: drag the map; back to the aircraft: Space or Aircraft\n"
         "Flight plan: F or Plan, and again to enter a route\n"
-        "Direct-to: D or Direct, or tap a place on the map\n"
+        "Direct-to: D or Direct, or tap a place on the map, then Direct; or hold the place\n"
+        "Plan: hold a leg, a waypoint or a row until it comes along, and drag it\n"
         "Alarms: Backspace or a tap takes one away\n"
         "Figures above the map: tap one to change it\n"
         "Day or night colours: C\n"
         "Measure: Shift+M, then tap or drag from one point to another\n"
         "All commands: F10 or Menu\n"
-        "Full screen: F11; a tap on the map then hides the buttons\n\n"
+        "Full screen: F11; two taps on the map then hide the buttons\n\n"
         "\"---\" stands where a value is unknown or older than five seconds."};
     Text aboutWords{61517,
                     "Moving-map GPS navigator for pilots of light aircraft.\n\n"

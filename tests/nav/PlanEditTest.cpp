@@ -44,12 +44,12 @@ TEST_F(PlanEditTest, TheRoomForAPlaceIsWhereTheWayBecomesLeastLonger) {
         double extraNm;
     } cases[] = {
         {"A1 B1 D1", degrees(0, 2.5), 0, {}, 2, 0},
-        {"A1 B1 D1", degrees(0, 3.5), 0, {}, 3, 30},   // behind the last
-        {"A1 B1 D1", degrees(0, -0.5), 0, {}, 0, 30},  // before the first
+        {"A1 B1 D1", degrees(0, 3.5), 0, {}, 3, 30},               // behind the last
+        {"A1 B1 D1", degrees(0, -0.5), 0, {}, 0, 30},              // before the first
         {"A1 B1 D1", degrees(0, 0.5), 1, degrees(0, 0.7), 1, 24},  // of what is flown nothing counts
         {"A1 B1 D1", degrees(0, 0.5), 1, {}, 1, 0},
         {"A1 B1 D1", degrees(0, 0.9), 0, degrees(0, 0.5), 1, 0},  // on from here to the first and back
-        {"A1 B1 D1", degrees(0, 0.2), 3, {}, 3, 168},  // nothing is left to fly
+        {"A1 B1 D1", degrees(0, 0.2), 3, {}, 3, 168},             // nothing is left to fly
         {"", degrees(0, 1), 0, {}, 0, 0},
     };
     for (const auto& each : cases) {

@@ -94,7 +94,8 @@ TEST(FlightPlanPage, ARowInHandStandsUnderTheFingerAndTheOthersMakeRoom) {
         std::array<const char*, 4> order;  // from the top; the row in hand is none of them
         const char* total;
     } cases[] = {{{0, 2, 222}, {"W1", "W2", nullptr, "W3"}, "Total 180 nm"},
-        {{3, 0, 111}, {nullptr, "W0", "W1", "W2"}, "Total 150 nm"}, {{1, 1, 150}, {"W0", nullptr, "W2", "W3"}, "Total 90 nm"}};
+        {{3, 0, 111}, {nullptr, "W0", "W1", "W2"}, "Total 150 nm"},
+        {{1, 1, 150}, {"W0", nullptr, "W2", "W3"}, "Total 90 nm"}};
     for (const auto& each : cases) {
         RecordingCanvas canvas(800, 370);
         paintFlightPlanPage(canvas, data, {.firstRow = 0, .lifted = each.lifted}, colors);

@@ -22,7 +22,8 @@ TapCardView wordy() {
 TEST(TapCardBox, HasRoomForItsWordsOnAnyPage) {
     const ColorScheme scheme;
     const MapColorCache colors(scheme);
-    for (const auto& [width, height] : {std::pair{640., 290.}, {800., 320.}, {1280., 600.}, {480., 560.}, {320., 200.}}) {
+    for (const auto& [width, height] :
+        {std::pair{640., 290.}, {800., 320.}, {1280., 600.}, {480., 560.}, {320., 200.}}) {
         RecordingCanvas canvas(width, height);
         const TapCardRoom room{.width = width,
             .height = height,

@@ -18,6 +18,7 @@ class TapCardTest : public ScreenTest {
         folder_.write("air.txt",
             "AC C\nAN HIGH\nAL 3700\nAH FL95\nV X=47:00N 010:00E\nDC 20\n"
             "AC D\nAN LOW\nAL GND\nAH 1300\nAF 118.1\nV X=47:00N 010:10E\nDC 3\n");
+        folder_.write("masts.csv", "name,lat,lon,agl\nMast,47.05,10.1,900\n");
         document_.ground().open({folder_.path()});
         change([](Settings& settings) { settings.autozoom = false; });
         screen_.setRange(15);
@@ -49,6 +50,41 @@ class TapCardTest : public ScreenTest {
     const GeoPoint bare_ = atDegrees(46.9, 10);
 };
 
+TEST(TapCard, FollowsOtherAircraftAndLeavesWhatIsGone) {
+    const auto other = [](double latDeg) {
+        auto list = std::make_shared<TrafficList>(1);
+        list->front().name = "N123";
+        list->front().position = atDegrees(latDeg, 10);
+        return list;
+    };
+    CockpitData data;
+    data.position = atDegrees(47, 10);
+    data.traffic = other(47.1);
+    const TapThing traffic{.kind = TapKind::Traffic, .position = atDegrees(47.1, 10), .ident = "N123"};
+    const TapThing ground{.kind = TapKind::Ground, .position = atDegrees(47, 10)};
+    TapCard card;
+    card.open({traffic, ground}, {.width = 800, .height = 300}, {}, false);
+    EXPECT_FALSE(card.canPress(CardPart::Direct, data) || card.canPress(CardPart::Insert, data)) << "it flies on";
+    EXPECT_TRUE(card.canPress(CardPart::Info, data));
+    card.moveFocus(1, data);
+    EXPECT_EQ(card.focus(), CardPart::Info) << "what does nothing is left out";
+    data.traffic = other(47.2);
+    card.follow(data);
+    EXPECT_EQ(card.shown(data, {}).view.figures[1].value, "12 nm");
+    card.step(1);
+    EXPECT_TRUE(card.canPress(CardPart::Direct, data));
+    data.traffic = nullptr;
+    card.follow(data);
+    EXPECT_EQ(card.thing().kind, TapKind::Ground);
+    EXPECT_FALSE(card.canPress(CardPart::Next, data)) << "it is alone now";
+    data.position.reset();
+    EXPECT_FALSE(card.canPress(CardPart::Direct, data)) << "from nowhere";
+    EXPECT_EQ(card.shown(data, {}).view.figures[1].value, "---");
+    card.open({traffic, ground}, {.width = 800, .height = 300}, {}, false);
+    card.follow(data);
+    EXPECT_FALSE(card.isOpen()) << "a thumb on its way would press for another thing";
+}
+
 TEST_F(TapCardTest, WhatIsTappedHasItsCardAndWhatItTells) {
     const struct {
         GeoPoint at;
@@ -58,6 +94,7 @@ TEST_F(TapCardTest, WhatIsTappedHasItsCardAndWhatItTells) {
         {bare_, "N46°54.00'  E010°00.00'; Ground ---; C HIGH  37 / FL95"},
         {atDegrees(47.0, 10 + 10.0 / 60),
             "N47°00.00'  E010°10.00'; Ground ---; D LOW  GND / 13  118.1; C HIGH  37 / FL95"},
+        {atDegrees(47.05, 10.1), "Mast; top 900 ft, 900 ft above ground 1/2"},
         {atDegrees(46.95, 10 + 10.0 / 60), "D LOW; GND / 13; 118.1 1/3"},
     };
     for (const auto& [at, words] : cases) {
