@@ -153,9 +153,7 @@ class FlightPlanPainter {
                                 : data_.plan->fileName;
         title += data_.plan->changed ? " *" : "";
         const TextStyle left = style(0.8, color, AlignX::Left);
-        canvas_.text({namesBegin(), y},
-                     fitting(title, left.font, namesEnd_ - namesBegin()),
-                     left);
+        canvas_.text({namesBegin(), y}, fitting(title, left.font, namesEnd_ - namesBegin()), left);
         for (const PlacedColumn& column : columns_)
             canvas_.text({column.right, y}, headOf(*column.look), style(0.8, color, AlignX::Right));
     }
@@ -263,8 +261,7 @@ class FlightPlanPainter {
         if (row.name == row.ident || shown != row.ident)
             return;
         const TextStyle name = style(0.85, blended(ink, background_, 0.25), AlignX::Left, false);
-        canvas_.text({namesBegin() + begin, y},
-                     fitting(row.name, name.font, room - begin), name);
+        canvas_.text({namesBegin() + begin, y}, fitting(row.name, name.font, room - begin), name);
     }
 
     /// A word in a frame, so that it does not hang on the colour; smaller where there is little
