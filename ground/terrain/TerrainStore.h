@@ -38,7 +38,7 @@ class TerrainStore {
     void open(std::vector<std::filesystem::path> folders);
 
     /// Who wants tiles, the more important first.
-    enum class Purpose : std::uint8_t { Alarms, Map };
+    enum class Purpose : std::uint8_t { Alarms, Map, Profile };
     /// These tiles are wanted with posts about so far from each other, and no longer those that the
     /// same purpose wanted before. Where they would not fit they come coarser.
     void want(Purpose purpose, std::vector<TileCorner> corners, double metres);
@@ -79,7 +79,7 @@ class TerrainStore {
     };
     struct Shared {
         std::optional<std::vector<std::filesystem::path>> newFolders;
-        std::array<Want, 2> wants;  ///< by purpose
+        std::array<Want, 3> wants;  ///< by purpose
         std::set<TileCorner> there;
         std::map<TileCorner, std::shared_ptr<const HeightPyramid>> loaded;
         std::size_t bytes = 0;  ///< of what is loaded
