@@ -45,6 +45,10 @@ struct GroundTexts {
     Text unknownFile{66524, "no kind of ground file that is known here"};
     Text tooLarge{66525, "too large"};
     Text notReached{66526, "Stopped: %d files were not looked at."};
+    Text descent{66410, "Descent %s"};  ///< %s: distance
+    Text descentNow{66411, "Descend now"};
+    Text alongTrack{66412, "ALONG THE TRACK"};
+    Text noProfile{66413, "No track and no plan: no way to show the ground along"};
 };
 
 inline constexpr GroundTexts kGroundTexts{};

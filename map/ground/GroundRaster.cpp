@@ -21,9 +21,6 @@ constexpr int kTerrainStep = 2;
 constexpr double kReliefSteepness = 10;  ///< its cells are nine kilometres wide
 constexpr double kTerrainSteepness = 1.8;
 
-// Ground near the aircraft's altitude.
-constexpr double kDangerBelowFt = 100;
-constexpr double kWarningBelowFt = 1000;
 constexpr std::uint32_t kBandShare = 190;  ///< 256ths: slopes are still to be seen
 constexpr std::uint32_t kBandShareDark = 140;
 // Ground that nobody knows.

@@ -21,6 +21,10 @@ namespace korvel {
 class TerrainStore;
 struct TerrainField;
 
+// Ground that comes nearer to the aircraft's altitude, or above it, is coloured.
+inline constexpr double kDangerBelowFt = 100;
+inline constexpr double kWarningBelowFt = 1000;
+
 /// What a picture of the ground shows besides the map itself.
 struct GroundScene {
     GroundParts parts;
