@@ -184,8 +184,15 @@ int runDraw(Invocation& call) {
     CLI::App* map = call.options().add_subcommand("map", "The moving map");
     map->fallthrough();
     mapOptions.declare(*map);
+    ProfileOptions profileOptions;
+    CLI::App* profile = call.options().add_subcommand(
+        "profile", "Ground and airspaces along a plan, from the side");
+    profile->fallthrough();
+    profileOptions.declare(*profile);
     call.options().require_subcommand(1);
     call.parse();
+    if (profile->parsed())
+        return drawProfile(call, profileOptions);
     return hsi->parsed() ? drawHsi(call, hsiOptions) : drawMap(call, mapOptions);
 }
 

@@ -40,4 +40,15 @@ struct HsiOptions {
 
 int drawHsi(const Invocation& call, const HsiOptions& options);
 
+/// Texts are as on the command line; an empty one is absent.
+struct ProfileOptions {
+    PictureOptions picture;
+    std::string plan;
+    std::string altitude;
+
+    void declare(CLI::App& app);
+};
+
+int drawProfile(const Invocation& call, const ProfileOptions& options);
+
 }  // namespace korvel

@@ -61,6 +61,38 @@ TEST(Tool, TheGround) {
     EXPECT_EQ(runTool({"airspace", "list", "none"}).status, 1);
 }
 
+TEST(Tool, DrawsTheProfileOfAPlan) {
+    const TempFolder folder;
+    std::string bytes;
+    for (int i = 0; i < 1201 * 1201; ++i) bytes += "\x03\xE8";  // 1000 m
+    folder.write("N47E008.hgt", bytes);
+    folder.write("air.txt", "AC R\nAN FIELD\nAL 5000 MSL\nAH 6000 MSL\nV X=47:30:00N 008:30:00E\nDC 10\n");
+    const std::string plan = folder.write("in.fp", "f.ONE 47.5 8.1\nf.TWO 47.5 8.9@40\n").string();
+    const auto draw = [&](const std::string& file, std::vector<std::string> more) {
+        std::vector<std::string> words{"--data", folder.path().string(), "draw", "profile", "--size", "600x200", "-o",
+            (folder / "out.svg").string(), "--plan", file};
+        words.insert(words.end(), more.begin(), more.end());
+        const ToolResult result = runTool(words);
+        return result.status == 0 ? folder.read("out.svg") : result.errors;
+    };
+    const auto has = [](const std::string& svg, const std::string& what) {
+        return svg.find(what) != std::string::npos;
+    };
+    const std::string plain = draw(plan, {});
+    for (const char* word : {">ONE<", ">TWO<", ">nm<", ">3800<"}) EXPECT_TRUE(has(plain, word)) << word;
+    EXPECT_FALSE(has(plain, "TERRAIN DATA MISSING") || has(plain, "Descent") || has(plain, "<image")) << plain;
+    const std::string high = draw(plan, {"--altitude", "5800"});
+    EXPECT_TRUE(has(high, ">Descent 26.8 nm<") && has(high, "R FIELD  50 / 60")) << high;
+    EXPECT_FALSE(has(high, "#ffcc00")) << "the land is far below";
+    EXPECT_TRUE(
+        has(draw(plan, {"--altitude", "3500"}), "#ff0000") || has(draw(plan, {"--altitude", "3500"}), "#ffcc00"));
+    EXPECT_NE(draw(plan, {"--scheme", "<Night-Flight>"}), plain);
+    const std::string beyond = folder.write("b.fp", "f.ONE 47.5 8.1\nf.FAR 47.5 9.9\n").string();
+    EXPECT_TRUE(has(draw(beyond, {}), "TERRAIN DATA MISSING")) << "there is one tile";
+    EXPECT_TRUE(has(draw(folder.write("one.fp", "f.ONE 47.5 8.1\n").string(), {}), "The plan leads nowhere"));
+    EXPECT_NE(draw(plan, {"--altitude", "high"}), plain);
+}
+
 /// The four bytes there, the highest first.
 std::uint32_t numberAt(const std::string& bytes, std::size_t at) {
     std::uint32_t number = 0;
