@@ -20,13 +20,14 @@ enum class PageId : int {
     NearestAirport = 7,
     Attitude = 8,
     Airspace = 9,
+    Profile = 10,
 };
 
 inline constexpr std::array kPageTexts = {
     kPreferenceTexts.pageMap,        kPreferenceTexts.pageMapHsi,    kPreferenceTexts.pageHsi,
     kPreferenceTexts.pageEfis,       kPreferenceTexts.pageSatellite, kPreferenceTexts.pageNorthUp,
     kPreferenceTexts.pageFlightPlan, kPreferenceTexts.pageNearest,   kPreferenceTexts.pageAttitude,
-    kPreferenceTexts.pageAirspace};
+    kPreferenceTexts.pageAirspace,   kPreferenceTexts.pageProfile};
 inline constexpr int kPageCount = static_cast<int>(kPageTexts.size());
 
 constexpr const Text& pageText(PageId page) { return kPageTexts[static_cast<std::size_t>(page)]; }

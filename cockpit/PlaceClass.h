@@ -76,6 +76,7 @@ enum class PlaceLayerBit : unsigned {
     HideTowns = 13,
     HideRelief = 14,
     HideObstacles = 15,
+    Profile = 27,  ///< the strip under the map; off by default, and without labels
 };
 
 /// How much higher the bit of a layer's labels is.

@@ -112,6 +112,7 @@ constexpr std::array kRows = {
     symbols(kPreferenceTexts.hideTowns, PlaceLayerBit::HideTowns),
     symbols(kPreferenceTexts.hideRelief, PlaceLayerBit::HideRelief),
     symbols(kPreferenceTexts.hideObstacles, PlaceLayerBit::HideObstacles),
+    symbols(kPreferenceTexts.layerProfile, PlaceLayerBit::Profile),
 
     flag(Approach, "ApprMode", kPreferenceTexts.prefApproach),
     flag(Approach, "AutoApprMode", kPreferenceTexts.prefAutoApproach),
@@ -142,6 +143,7 @@ constexpr std::array kRows = {
     shown(PageId::Satellite),
     shown(PageId::Attitude),
     shown(PageId::Airspace),
+    shown(PageId::Profile),
 };
 static_assert(std::ranges::is_sorted(kRows, {}, &PrefRow::page));
 

@@ -53,6 +53,17 @@ void placeFields(const ScreenRequest& request, ScreenLayout& layout) {
     page.height -= height;
 }
 
+// Takes the profile's place off the page.
+void placeProfile(ScreenLayout& layout) {
+    Rect& page = layout.page;
+    const double height = std::round(std::clamp(page.height * 0.24, 72.0, 160.0));
+    // Of a low page the map needs all.
+    if (height > page.height / 3)
+        return;
+    page.height -= height;
+    layout.profile = {page.x, page.bottom(), page.width, height};
+}
+
 }  // namespace
 
 std::optional<std::size_t> ScreenLayout::buttonAt(Point point) const {
@@ -81,6 +92,8 @@ ScreenLayout layOutScreen(const ScreenRequest& request) {
     }
     if (request.fieldCount > 0)
         placeFields(request, layout);
+    if (request.profile)
+        placeProfile(layout);
     return layout;
 }
 

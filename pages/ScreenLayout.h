@@ -24,16 +24,19 @@ struct ScreenRequest {
     bool statusLine = false;
     std::size_t fieldCount = 0;   ///< 0 leaves out the field strip
     std::size_t buttonCount = 0;  ///< 0 leaves out the touch bar
+    bool profile = false;         ///< the strip under the page, where it is high enough for both
 };
 
-/// Where everything stands in the window: the status line, the field strip, the page (map) and the
-/// touch bar. The same on every page, so that a hand finds the buttons without looking. Parts left
-/// out are empty rectangles and the page takes their room. All parts lie on whole pixels.
+/// Where everything stands in the window: the status line, the field strip, the page (map), the
+/// profile and the touch bar. The same on every page, so that a hand finds the buttons without
+/// looking. Parts left out are empty rectangles and the page takes their room. All parts lie on
+/// whole pixels.
 struct ScreenLayout {
     Rect status;  ///< along the upper edge
     Rect fields;
     FieldArrangement arrangement = FieldArrangement::OneRow;
     Rect page;
+    Rect profile;  ///< under the page
     Rect touchBar;
     std::vector<Rect> buttons;  ///< from left to right, filling the touch bar
 

@@ -37,7 +37,7 @@ std::optional<MapProjection> MapCamera::projection() const {
 }
 
 std::string MapCamera::zoom(int steps, bool autoZoom, std::optional<Point> about) {
-    if (!showsMap())
+    if (!hasRange())
         return {};
     held_ = false;
     const bool follows = aircraft_ && !panned_;
@@ -56,11 +56,11 @@ std::string MapCamera::zoom(int steps, bool autoZoom, std::optional<Point> about
 }
 
 bool MapCamera::canZoomIn() const {
-    return showsMap() && viewport_.currentRangeNm() > kRangeStepsNm.front();
+    return hasRange() && viewport_.currentRangeNm() > kRangeStepsNm.front();
 }
 
 bool MapCamera::canZoomOut() const {
-    return showsMap() && viewport_.currentRangeNm() < kRangeStepsNm.back();
+    return hasRange() && viewport_.currentRangeNm() < kRangeStepsNm.back();
 }
 
 bool MapCamera::setRange(int rangeNm) {

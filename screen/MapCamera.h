@@ -30,6 +30,8 @@ class MapCamera {
     std::string tick();
 
     bool showsMap() const;
+    /// Whether the range means something on the page: on a map, and on the profile.
+    bool hasRange() const { return showsMap() || page_ == PageId::Profile; }
     const MapViewport& viewport() const { return viewport_; }
     /// The true direction that points up, 0 to 359.
     int upDeg() const;
@@ -47,8 +49,8 @@ class MapCamera {
     /// None on a page without a map and while there is nothing to look at.
     std::optional<MapProjection> projection() const;
 
-    /// Steps in, or out when negative; nothing without a map. What to tell the pilot, empty for
-    /// nothing. `autoZoom`: automatic zoom is enabled, and pauses. The ground under `about` stays
+    /// Steps in, or out when negative; nothing on a page without a range. What to tell the
+    /// pilot, empty for nothing. `autoZoom`: automatic zoom is enabled, and pauses. The ground under `about` stays
     /// there, unless the map follows the aircraft, which it does not lose by that.
     std::string zoom(int steps, bool autoZoom, std::optional<Point> about = std::nullopt);
     bool canZoomIn() const;

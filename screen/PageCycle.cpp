@@ -15,11 +15,14 @@ constexpr std::array kPages = {PageId::Map,
                                PageId::NearestAirport,
                                PageId::Satellite,
                                PageId::Attitude,
-                               PageId::Airspace};
+                               PageId::Airspace,
+                               PageId::Profile};
 
-/// Without a module or files of airspaces they are empty: they take part only where they were
-/// chosen.
-bool needsMore(PageId page) { return page == PageId::Attitude || page == PageId::Airspace; }
+/// Without a module, files of airspaces or of heights they are empty: they take part only where
+/// they were chosen.
+bool needsMore(PageId page) {
+    return page == PageId::Attitude || page == PageId::Airspace || page == PageId::Profile;
+}
 
 bool isIn(int mask, PageId page) {
     return (static_cast<unsigned>(mask) >> static_cast<unsigned>(page) & 1U) != 0;

@@ -6,6 +6,7 @@
 #include "map/MapPainter.h"
 #include "map/feeds/MapFeeds.h"
 #include "map/layers/MapFurniture.h"
+#include "map/profile/ProfilePainter.h"
 #include "pages/AirspacePage.h"
 #include "pages/ApproachBox.h"
 #include "pages/EfisPage.h"
@@ -66,6 +67,11 @@ void PagePainter::paint(Canvas& canvas, PageId page, const PageScene& scene) con
         paintTapCard(canvas, *scene.card, colors_);
 }
 
+void PagePainter::paintStrip(Canvas& canvas, const PageScene& scene) const {
+    if (scene.profile != nullptr)
+        paintProfile(canvas, *scene.profile, colors_);
+}
+
 bool PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene) const {
     const CockpitData& data = scene.data;
     if (page == PageId::Satellite) {
@@ -78,6 +84,10 @@ bool PagePainter::paintPage(Canvas& canvas, PageId page, const PageScene& scene)
     }
     if (page == PageId::FlightPlan) {
         paintFlightPlanPage(canvas, data, scene.plan, colors_);
+        return false;
+    }
+    if (page == PageId::Profile && scene.profile != nullptr) {
+        paintProfile(canvas, *scene.profile, colors_);
         return false;
     }
     // Without an aircraft the map still shows what the pilot looks for.

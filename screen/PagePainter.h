@@ -21,6 +21,7 @@ class MapColorCache;
 class MapFeeds;
 class MeasureTool;
 struct PlanBand;
+struct ProfileContent;
 
 /// What to draw a page from. Pages take what they show of it.
 struct PageScene {
@@ -36,6 +37,7 @@ struct PageScene {
     const Text* sparseNote = nullptr;            ///< that the map leaves out; null for nothing
     const MapFeeds* feeds = nullptr;             ///< what is around the view; null for none
     const MeasureTool* measure = nullptr;        ///< the map's ruler; null for none
+    const ProfileContent* profile = nullptr;     ///< for the page and the strip; null for none
     const PlanBand* band = nullptr;              ///< what is pulled of the plan; null for nothing
     RowListView nearest{};                       ///< where the pilot is in the list of airports
     RowListView airspaces{};                     ///< where the pilot is in that list
@@ -56,6 +58,9 @@ class PagePainter {
     /// Fills the whole canvas with the page. Pages that need a position show the connection's
     /// status while there is none. Alarms are painted apart: see AlarmBoxes.
     void paint(Canvas& canvas, PageId page, const PageScene& scene) const;
+
+    /// Fills the canvas of the strip under the map with the profile.
+    void paintStrip(Canvas& canvas, const PageScene& scene) const;
 
     /// The page turns with the aircraft; otherwise north is up.
     static bool turns(PageId page);

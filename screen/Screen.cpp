@@ -34,6 +34,7 @@ Screen::Screen(CKorvelDoc& document, ProfileFile& profile, const TextMeasure& le
       letters_(letters),
       page_(pageOfNumber(profile.getInt(kOptionsSection, kPageKey, static_cast<int>(PageId::Map)))),
       feeds_(document.charts().database(), document.ground().sources()),
+      profileFeed_(document.ground().sources()),
       fields_(profile),
       hints_(profile) {
     camera_.loadRange(profile);
@@ -66,7 +67,7 @@ void Screen::tick() {
     if (page_ == PageId::NearestAirport || fields_.contains(NavFieldId::NearestAirport))
         document_.wantNearAirports();
     document_.tick();
-    if (message_.tick() || (camera_.showsMap() && feeds_.hasNews()))
+    if (message_.tick() || (camera_.showsMap() && feeds_.hasNews()) || profileFeed_.hasNews())
         changed();
     if (const std::string message = camera_.tick(); !message.empty())
         say(message);
@@ -101,7 +102,7 @@ void Screen::takeNews() {
     home_.update(data_);
     openMap();
     card_.follow(data_);
-    if (!areas_.areOf(data_.alarms))
+    if (!areas_.areOf(data_.alarms) || wantsStrip() != laidOutStrip_)
         layOut();
     fitCard();
     changed();
@@ -149,6 +150,7 @@ void Screen::resize(double width, double height, double pxPerMm) {
 void Screen::layOut() {
     ScreenRequest request = size_;
     request.statusLine = true;
+    request.profile = laidOutStrip_ = wantsStrip();
     request.fieldCount = fields_.fields().size();
     request.buttonCount = barShown_ ? kTouchBar.size() : 0;
     areas_.layOut(request, page_, data_.alarms, letters_);
@@ -227,6 +229,23 @@ void Screen::declutterMap() {
     declutter_ = nextDeclutter(declutter_);
     say(std::string(text(kDeclutterTexts.at(static_cast<std::size_t>(declutter_)))));
     changed();
+}
+
+bool Screen::wantsStrip() const { return hasProfile() && PagePainter::isMap(page_); }
+
+bool Screen::hasProfile() const {
+    return MapPlaceOptions::from(document_.settings()).shows(PlaceLayerBit::Profile);
+}
+
+void Screen::showProfile(bool shown) {
+    Settings settings = document_.settings();
+    const unsigned bit = 1U << static_cast<unsigned>(PlaceLayerBit::Profile);
+    const auto mask = static_cast<unsigned>(settings.mapMask);
+    settings.mapMask = static_cast<int>(shown ? mask | bit : mask & ~bit);
+    document_.applySettings(settings);
+    if (shown && !camera_.showsMap())
+        return choosePage(PageId::Map);
+    layOut();
 }
 
 /// The first set changes; the other two stay beside it as the preferences have them.
@@ -534,15 +553,27 @@ std::optional<MapView> Screen::mapView() const {
 }
 
 void Screen::updateFeeds() {
+    Settings shown = document_.settings();
+    declutter(shown, declutter_);
+    updateProfile(shown);
     const auto view = mapView();
     if (!view)
         return;
-    Settings shown = document_.settings();
-    declutter(shown, declutter_);
     const bool news = feeds_.update({*view, data_, shown});
     // This painting shows what there is; the next one what is still to be read.
     if (news && !feeds_.isComplete())
         changed();
+}
+
+void Screen::updateProfile(const Settings& shown) {
+    const Rect& strip = areas_.layout().profile;
+    if (strip.height <= 0 && page_ != PageId::Profile)
+        return profileFeed_.rest();
+    // Without an aircraft there is only the plan to look at, all of it.
+    std::optional<double> lengthNm;
+    if (data_.position)
+        lengthNm = profileLengthNm(camera_.viewport().currentRangeNm());
+    profileFeed_.update({data_, shown, lengthNm, areas_.page().width});
 }
 
 PageScene Screen::scene(const CockpitData& data, const AttitudeView& attitude) {
@@ -558,6 +589,7 @@ PageScene Screen::scene(const CockpitData& data, const AttitudeView& attitude) {
             .feeds = &feeds_,
             .measure = &ruler_,
             .band = drag_.band(),
+            .profile = &profileFeed_.content(),
             .nearest = lists_.nearest(),
             .airspaces = lists_.airspaces(),
             .plan = lists_.plan(),

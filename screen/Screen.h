@@ -11,6 +11,7 @@
 #include "config/Text.h"
 #include "map/MeasureTool.h"
 #include "map/feeds/MapFeeds.h"
+#include "map/profile/ProfileFeed.h"
 #include "screen/Announcements.h"
 #include "screen/AutoView.h"
 #include "screen/FieldChoice.h"
@@ -91,6 +92,10 @@ class Screen {
     void lookAt(GeoPoint place);
     /// Shows less on the map, step by step, then all again, and says what.
     void declutterMap();
+    /// Shows the profile under the map, on a page with a map, or hides it.
+    void showProfile(bool shown);
+    /// Whether pages with a map have the profile under them.
+    bool hasProfile() const;
     /// Shows the next set of navaids on the map, and says which.
     void rotateNavaids();
     /// What a mark stands for: the map's middle while it is moved by hand, else the aircraft; none
@@ -210,6 +215,8 @@ class Screen {
     void followAttitude();
     void openMap();
     std::optional<MapView> mapView() const;
+    void updateProfile(const Settings& shown);
+    bool wantsStrip() const;
     MeasureTool::Snap rulerSnap(const MapProjection& projection) const;
 
     CKorvelDoc& document_;
@@ -223,6 +230,7 @@ class Screen {
     HomePlace home_;
     Declutter declutter_ = Declutter::Full;
     MapFeeds feeds_;
+    ProfileFeed profileFeed_;
     MeasureTool ruler_;
     std::vector<LabelTarget> labels_;  // of the frame on the glass
     TapCard card_;
@@ -233,6 +241,7 @@ class Screen {
 
     ScreenRequest size_;  // without the numbers of fields and buttons
     ScreenAreas areas_;
+    bool laidOutStrip_ = false;  // the profile's, if there is room for it
     FieldChoice fields_;
     bool barMayHide_ = false;
     bool barShown_ = true;

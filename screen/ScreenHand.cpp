@@ -244,6 +244,8 @@ void ScreenHand::tap(Point at) {
             onField(*place);
         return;
     }
+    if (areas.layout().profile.contains(at))
+        return screen_.choosePage(PageId::Profile);
     const Point onPage = areas.onPage(at);
     if (!areas.pageWithAlarms().contains(at) || tapAlarm(onPage))
         return;
@@ -380,7 +382,7 @@ bool ScreenHand::openMiddle() {
 
 void ScreenHand::wheel(int eighths, Point at) {
     const int steps = wheel_.wheel(eighths);
-    if (screen_.camera().showsMap())
+    if (screen_.camera().hasRange())
         screen_.zoom(steps, screen_.areas().onPage(at));
     else
         screen_.moveMark(-steps);

@@ -138,8 +138,15 @@ void CKorvelView::paintEvent(QPaintEvent* /*event*/) {
 
 void CKorvelView::paintPage(QPainter& painter, const CockpitData& shown) {
     screen_.updateFeeds();
-    QtCanvas canvas(painter, labels_, screen_.areas().page());
-    pagePainter_.paint(canvas, screen_.page(), screen_.scene(shown, attitudeView()));
+    const PageScene scene = screen_.scene(shown, attitudeView());
+    {
+        QtCanvas canvas(painter, labels_, screen_.areas().page());
+        pagePainter_.paint(canvas, screen_.page(), scene);
+    }
+    if (const Rect& strip = screen_.areas().layout().profile; strip.height > 0) {
+        QtCanvas canvas(painter, labels_, strip);
+        pagePainter_.paintStrip(canvas, scene);
+    }
 }
 
 AttitudeView CKorvelView::attitudeView() {

@@ -51,6 +51,7 @@ struct CommandTexts {
     Text commandMark{61604, "&Mark User Fix..."};
     Text commandMarks{61605, "User Fi&xes..."};
     Text commandDeclutter{66363, "De&clutter"};
+    Text commandProfile{66416, "Pro&file Under the Map"};
     Text commandRotateNavaids{61617, "Rotate Low/High/Term/VRP/Off Na&vaids"};
     Text commandSimulator{61700, "&Simulator..."};
     Text commandSimulate{61701, "S&imulator On"};

@@ -60,6 +60,7 @@ struct PreferenceTexts {
     Text hideTowns{66328, "Without towns"};
     Text hideRelief{66329, "Without relief"};
     Text hideObstacles{66330, "Without obstacles"};
+    Text layerProfile{66415, "Profile of the way ahead under the map"};
     Text prefApproach{61760, "Approach guidance"};
     Text prefAutoApproach{61761, "Enable Auto-Approach-Mode"};
     Text prefApproachSpeed{61762, "Approach ground speed (kts)"};
@@ -98,6 +99,7 @@ struct PreferenceTexts {
     Text pageSatellite{61794, "Satellite"};
     Text pageAttitude{61912, "Attitude"};
     Text pageAirspace{66332, "Airspace"};
+    Text pageProfile{66414, "Profile"};
     Text pagesHelp{
         61922,
         "Next Page goes through the pages that are chosen here; while there are fewer than two, "

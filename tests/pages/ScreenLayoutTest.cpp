@@ -41,12 +41,18 @@ TEST(ScreenLayout, PartsFillTheWindowWithoutOverlap) {
             for (const std::size_t fields : {0U, 5U})
                 for (const std::size_t buttons : {0U, 1U, 6U}) {
                     const bool status = buttons != 1;
-                    const ScreenLayout layout = layOutScreen({width, height, 5, status, fields, buttons});
-                    EXPECT_EQ(area(layout.status) + area(layout.fields) + area(layout.page) + area(layout.touchBar),
+                    const bool profile = fields > 0;
+                    const ScreenLayout layout = layOutScreen({width, height, 5, status, fields, buttons, profile});
+                    EXPECT_EQ(area(layout.status) + area(layout.fields) + area(layout.page) + area(layout.profile) +
+                                  area(layout.touchBar),
                         width * height);
+                    if (!profile || height > 240) {
+                        EXPECT_EQ(layout.profile.height >= 72, profile) << width << "x" << height;
+                    }
+                    EXPECT_GE(area(layout.page), 2 * area(layout.profile));
                     EXPECT_EQ(layout.status.bottom(), status ? layout.status.height : 0);
                     EXPECT_EQ(layout.fields.height > 0 ? layout.fields.y : layout.page.y, layout.status.bottom());
-                    EXPECT_GE(area(layout.page), width * height * 0.4) << width << "x" << height;
+                    EXPECT_GE(area(layout.page) + area(layout.profile), width * height * 0.4) << width << "x" << height;
                     double buttonArea = 0;
                     for (const Rect& button : layout.buttons) {
                         buttonArea += area(button);

@@ -391,4 +391,45 @@ TEST_F(ScreenTest, TheMapShowsLessStepByStepAndSaysSo) {
     EXPECT_EQ(shown().find("MAP:"), std::string::npos);
 }
 
+TEST_F(ScreenTest, TheProfileStandsUnderTheMapAndOnAPage) {
+    ASSERT_EQ(document_.flight().plan().enterRoute("XNO"), "");
+    fly(47.1, 10);
+    const Rect whole = screen_.areas().page();
+    const auto strip = [&] { return screen_.areas().layout().profile; };
+    const auto profile = [&]() -> const ProfileContent& {
+        screen_.updateFeeds();
+        return *screen_.scene(screen_.data(), {}).profile;
+    };
+    EXPECT_EQ(strip().height, 0);
+    EXPECT_TRUE(profile().line.points.empty()) << "nothing is cut for nobody";
+    screen_.showProfile(true);
+    EXPECT_GE(strip().height, 70);
+    EXPECT_EQ(strip().y, screen_.areas().page().bottom());
+    EXPECT_EQ(strip().bottom(), whole.bottom());
+    EXPECT_LT(screen_.camera().viewport().aircraft().y, screen_.areas().page().height) << "not covered";
+    screen_.setRange(15);
+    EXPECT_EQ(profile().lengthNm, 30);
+    ASSERT_EQ(profile().route.stops.size(), 2U);
+    EXPECT_EQ(profile().route.stops[0].position, screen_.data().position);
+    EXPECT_EQ(profile().route.stops[1].ident, "XNO");
+
+    screen_.showPage(PageId::Hsi);
+    EXPECT_EQ(strip().height, 0) << "under maps alone";
+    EXPECT_TRUE(profile().line.points.empty());
+    screen_.showPage(PageId::Map);
+    tap(strip());
+    EXPECT_EQ(screen_.page(), PageId::Profile);
+    EXPECT_EQ(screen_.areas().page(), whole);
+    tap(button(TouchCommand::ZoomIn));
+    hand_.wheel(120);
+    EXPECT_EQ(rangeNm(), 4) << "the page has a range, too";
+    EXPECT_EQ(profile().lengthNm, 8);
+    screen_.showProfile(true);
+    EXPECT_EQ(screen_.page(), PageId::Map) << "where it is to be seen";
+    change([](Settings& settings) { settings.mapMask = 0x7FE07FE; });
+    ticks(1);
+    EXPECT_EQ(strip().height, 0) << "the preferences have taken it away";
+    EXPECT_FALSE(screen_.hasProfile());
+}
+
 }}  // namespace korvel

@@ -234,7 +234,8 @@ TEST(PageCycle, GoesOnceAroundWhatTheMaskLeaves) {
     for (const int mask : {0x80, 0, bit(PageId::Map)}) {
         PageId page = PageId::Map;
         for (const PageId expected : availablePages()) {
-            if (expected == PageId::Attitude || expected == PageId::Airspace) continue;  // only where it was chosen
+            if (expected == PageId::Attitude || expected == PageId::Airspace || expected == PageId::Profile)
+                continue;  // only where it was chosen
             EXPECT_EQ(page, expected);
             page = nextPage(page, mask);
         }
@@ -245,7 +246,7 @@ TEST(PageCycle, GoesOnceAroundWhatTheMaskLeaves) {
     EXPECT_EQ(nextPage(PageId::Satellite, two), PageId::Map);
     EXPECT_EQ(nextPage(PageId::NorthUp, two), PageId::Satellite);
     EXPECT_EQ(nextPage(PageId::Satellite, two | bit(PageId::Attitude)), PageId::Attitude);
-    for (const int number : {-1, 10, 99}) EXPECT_EQ(pageOfNumber(number), PageId::Map);
+    for (const int number : {-1, 11, 99}) EXPECT_EQ(pageOfNumber(number), PageId::Map);
     for (const PageId each : availablePages()) EXPECT_EQ(pageOfName(pageName(each)), each);
     EXPECT_EQ(pageOfName("map"), std::nullopt);
 }

@@ -51,6 +51,12 @@ void ViewCommands::addMapCommands(QMenu& menu) {
     host_.addCommand(
         menu, kCommandTexts.commandDeclutter, {Qt::Key_L},
         [this] { host_.screen().declutterMap(); });
+    markWhile(
+        menu,
+        host_.addCommand(
+            menu, kCommandTexts.commandProfile, {QKeySequence(Qt::SHIFT | Qt::Key_P)},
+            [this] { host_.screen().showProfile(!host_.screen().hasProfile()); }),
+        [this] { return host_.screen().hasProfile(); });
     greyUnless(
         menu,
         host_.addCommand(
@@ -64,7 +70,7 @@ void ViewCommands::addMapCommands(QMenu& menu) {
         [this] { return host_.screen().isMeasuring(); });
 }
 
-/// By the keys 1 to 9 and 0, in the order of the pages; those behind the tenth have none.
+/// By the keys 1 to 9 and 0, in the order of the pages; those behind the tenth have a letter.
 void ViewCommands::addPages(QMenu& menu) {
     auto* group = new QActionGroup(&menu);
     int key = Qt::Key_1;
@@ -72,6 +78,8 @@ void ViewCommands::addPages(QMenu& menu) {
         QAction* action = menu.addAction(toQString(pageText(page)));
         if (key <= Qt::Key_9 + 1)
             action->setShortcut(QKeySequence(key > Qt::Key_9 ? Qt::Key_0 : key));
+        else if (page == PageId::Profile)
+            action->setShortcut(QKeySequence(Qt::Key_P));
         ++key;
         action->setCheckable(true);
         group->addAction(action);
