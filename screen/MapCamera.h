@@ -50,8 +50,9 @@ class MapCamera {
     std::optional<MapProjection> projection() const;
 
     /// Steps in, or out when negative; nothing on a page without a range. What to tell the
-    /// pilot, empty for nothing. `autoZoom`: automatic zoom is enabled, and pauses. The ground under `about` stays
-    /// there, unless the map follows the aircraft, which it does not lose by that.
+    /// pilot, empty for nothing. `autoZoom`: automatic zoom is enabled, and pauses. The ground
+    /// under `about` stays there, unless the map follows the aircraft, which it does not lose by
+    /// that.
     std::string zoom(int steps, bool autoZoom, std::optional<Point> about = std::nullopt);
     bool canZoomIn() const;
     bool canZoomOut() const;
