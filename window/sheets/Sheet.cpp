@@ -4,6 +4,7 @@
 #include <memory>
 
 #include <QAbstractItemView>
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHBoxLayout>
@@ -163,6 +164,8 @@ void Sheet::keyPressEvent(QKeyEvent* event) {
 }
 
 void Sheet::letFingersScroll() {
+    for (auto* choice : findChildren<QComboBox*>())
+        choice->view();  // makes the list that opens, which is one of those below
     for (auto* area : findChildren<QAbstractScrollArea*>())
         QScroller::grabGesture(area->viewport(), QScroller::TouchGesture);
     for (auto* list : body_.findChildren<QAbstractItemView*>())
