@@ -206,7 +206,7 @@ void paintCorners(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data,
 }
 
 /// Beside the card, between the corners: what comes behind the leg at the left, the altitude that
-/// is wanted at the right.
+/// is wanted and what it takes at the right.
 void paintSides(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data, double textPx,
                 const MapColorCache& colors) {
     const double margin = textPx;
@@ -214,10 +214,15 @@ void paintSides(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data, d
     const double height = canvas.height() - 2 * corner;
     const double width = hsi.aircraft().x - hsi.radius() - 2 * margin;
     paintNextWaypoints(canvas, data, {margin, corner, width, height}, textPx, colors);
-    if (!data.targetAltitudeFt || width < 4 * textPx || height < 3 * textPx)
-        return;
-    paintCorner(canvas, navField(NavFieldId::TargetAltitude), data,
-                {canvas.width() - margin - width, corner, width, height}, true, textPx, colors);
+    Rect room{canvas.width() - margin - width, corner, width, std::round(3 * textPx)};
+    for (const NavFieldId id : {NavFieldId::TargetAltitude, NavFieldId::RequiredVerticalSpeed}) {
+        const NavField& field = navField(id);
+        if (width < 4 * textPx || room.bottom() > corner + height ||
+            field.format(data).value == kNoValue)
+            return;
+        paintCorner(canvas, field, data, room, true, textPx, colors);
+        room.y += std::round(3.4 * textPx);
+    }
 }
 
 double keptFree(const Rect& page, const CockpitData& data) {

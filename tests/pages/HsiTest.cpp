@@ -176,7 +176,7 @@ TEST(HsiPage, BesideTheCardStandsWhatComesNext) {
     EXPECT_NE(wide.find("\nNEXT\nW2\n64.3 nm\n14:37\nW3\n94.3 nm\n14:52\nW4\n124 nm\n15:07\n"), std::string::npos)
         << wide;
     EXPECT_EQ(wide.find("W5"), std::string::npos) << "three";
-    EXPECT_NE(wide.find("\nTGT ALT\n3500 ft\n"), std::string::npos);
+    EXPECT_NE(wide.find("\nTGT ALT\n3500 ft\nVS REQ\n-520 fpm\n"), std::string::npos);
     EXPECT_EQ(textsOf(460, 600).find("NEXT"), std::string::npos) << "no room beside the card";
     data.activeWaypoint = atDegrees(47, 11);
     EXPECT_EQ(textsOf(800, 350).find("NEXT"), std::string::npos) << "what is flown is not the plan";

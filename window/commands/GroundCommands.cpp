@@ -2,12 +2,11 @@
 
 #include <utility>
 
-#include <QFileDialog>
-
 #include "config/texts/GroundTexts.h"
 #include "platform/Folders.h"
 #include "window/QtPath.h"
 #include "window/QtText.h"
+#include "window/sheets/Boxes.h"
 #include "window/sheets/TextSheet.h"
 
 namespace korvel {
@@ -32,16 +31,14 @@ void GroundCommands::choose() {
     auto* dialog =
         new QFileDialog(&host_.window(), toQString(kGroundTexts.importTitle),
                         shownPath(documentsFolder()), toQString(kGroundTexts.importFilter));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFiles);
-    dialog->resize(host_.window().size());
     QObject::connect(dialog, &QFileDialog::filesSelected, dialog, [this](const QStringList& names) {
         std::vector<std::filesystem::path> files;
         for (const QString& name : names)
             files.push_back(toPath(name));
         import(std::move(files));
     });
-    dialog->open();
+    openFileDialog(*dialog);
 }
 
 void GroundCommands::import(std::vector<std::filesystem::path> files) {
