@@ -14,7 +14,8 @@ packages_test="$packages_build libgtest-dev libbenchmark-dev qt6-positioning-dev
 packages_fuzz="g++ cmake ninja-build zlib1g-dev libpugixml-dev clang libclang-rt-14-dev"
 packages_lint="clang-format clang-tidy"
 packages_mingw="cmake ninja-build g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev libz-mingw-w64-dev"
-packages_windows="$packages_mingw googletest libcli11-dev nlohmann-json3-dev wine wine64 python3"
+packages_windows="$packages_mingw dpkg-dev googletest libcli11-dev nlohmann-json3-dev wine wine64 python3"
+packages_installer="cmake binutils-mingw-w64-x86-64 nsis"
 
 # have PACKAGE...: whether all of them are installed.
 have() {
