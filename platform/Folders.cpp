@@ -7,6 +7,7 @@
 
 #include "base/Ascii.h"
 #include "platform/PathText.h"
+#include "platform/SystemFolders.h"
 
 namespace korvel {
 namespace {
@@ -36,6 +37,24 @@ bool matches(std::string_view name, std::string_view pattern) {
 }
 
 }  // namespace
+
+bool isPortable(const std::filesystem::path& own) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(own / "portable", error);
+}
+
+std::filesystem::path programFolder(const std::filesystem::path& own) {
+    return isPortable(own) ? own : systemProgramFolder(own);
+}
+
+std::filesystem::path documentsFolder(const std::filesystem::path& own) {
+    if (!isPortable(own))
+        return systemDocumentsFolder();
+    std::filesystem::path folder = own / "Documents";
+    std::error_code error;
+    std::filesystem::create_directory(folder, error);
+    return folder;
+}
 
 std::filesystem::path pluginFolder() { return executableFolder() / "plugins"; }
 

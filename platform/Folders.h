@@ -6,16 +6,22 @@
 
 namespace korvel {
 
-/// The folder the settings file lives in: the executable's own when it can be written, else the
-/// user's configuration folder for this program (created when missing). No trailing separator.
-std::filesystem::path programFolder();
-
 /// The folder of the running executable, writable or not; its `data` folder holds what the
 /// program brings with it.
 std::filesystem::path executableFolder();
 
-/// The user's documents folder, or an empty path on a system that has none.
-std::filesystem::path documentsFolder();
+/// Whether the program keeps everything in its own folder, as on a stick that is carried from one
+/// computer to the next: a file named `portable` stands there.
+bool isPortable(const std::filesystem::path& own = executableFolder());
+
+/// The folder the settings file lives in: the program's own when it is portable, or can be written
+/// and was not put there by an installer, else the user's configuration folder for this program
+/// (created when missing). No trailing separator.
+std::filesystem::path programFolder(const std::filesystem::path& own = executableFolder());
+
+/// The user's documents folder, or an empty path on a system that has none. A portable program has
+/// a folder `Documents` of its own (created when missing).
+std::filesystem::path documentsFolder(const std::filesystem::path& own = executableFolder());
 
 /// Where the databases are: the user's documents folder first, then what the program brings.
 std::vector<std::filesystem::path> dataFolders();

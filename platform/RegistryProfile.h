@@ -25,8 +25,24 @@ class RegistryProfile {
     virtual bool lasts() const = 0;
 };
 
-/// The system's own profile: the registry on Windows. Elsewhere there is none: reads return the
-/// fallback and writes are dropped.
+/// Where there is no registry, or nothing is to be in it: every value is its fallback.
+class NoRegistryProfile : public RegistryProfile {
+ public:
+    int getInt(std::string_view /*section*/, std::string_view /*name*/, int fallback) override {
+        return fallback;
+    }
+    std::string getString(std::string_view /*section*/, std::string_view /*name*/,
+                          std::string_view fallback) override {
+        return std::string(fallback);
+    }
+    void setInt(std::string_view /*section*/, std::string_view /*name*/, int /*value*/) override {}
+    void setString(std::string_view /*section*/, std::string_view /*name*/,
+                   std::string_view /*value*/) override {}
+    bool lasts() const override { return false; }
+};
+
+/// The system's own profile: the registry on Windows, unless the program is portable (Folders.h).
+/// Elsewhere there is none.
 std::unique_ptr<RegistryProfile> openRegistryProfile();
 
 }  // namespace korvel

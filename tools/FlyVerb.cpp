@@ -62,18 +62,8 @@ struct Options {
 };
 
 /// The flight leaves the user's settings alone and takes none of them.
-class NoRegistry final : public RegistryProfile {
+class NoRegistry final : public NoRegistryProfile {
  public:
-    int getInt(std::string_view /*section*/, std::string_view /*name*/, int fallback) override {
-        return fallback;
-    }
-    std::string getString(std::string_view /*section*/, std::string_view /*name*/,
-                          std::string_view fallback) override {
-        return std::string(fallback);
-    }
-    void setInt(std::string_view /*section*/, std::string_view /*name*/, int /*value*/) override {}
-    void setString(std::string_view /*section*/, std::string_view /*name*/,
-                   std::string_view /*value*/) override {}
     bool lasts() const override { return true; }  // nothing is meant to: no loss to tell of
 };
 

@@ -7,10 +7,12 @@
 #include <vector>
 
 #include <QApplication>
+#include <QSettings>
 #include <QSysInfo>
 
 #include "config/Text.h"
 #include "config/texts/CommandTexts.h"
+#include "platform/Folders.h"
 #include "platform/PathText.h"
 #include "platform/ProgramArguments.h"
 #include "window/CKorvelApp.h"
@@ -42,6 +44,13 @@ bool lacksDisplay() {
            qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
+/// What the toolkit remembers of its file dialogs stands in the registry or the user's settings.
+void keepToolkitSettings(const std::filesystem::path& folder) {
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
+                       QString::fromStdString(korvel::textOf(folder)));
+}
+
 /// The toolkit talks to itself on the error stream; what a user can act on is ours to say there.
 void dropToolkitChatter(QtMsgType type, const QMessageLogContext& /*context*/,
                         const QString& message) {
@@ -67,6 +76,8 @@ int main(int argc, char** argv) {
         return 0;
     }
     qInstallMessageHandler(dropToolkitChatter);
+    if (korvel::isPortable())
+        keepToolkitSettings(korvel::executableFolder());
     if (!line.profileFolder.empty() && !isFolder(korvel::pathOf(line.profileFolder)))
         return complain(line.profileFolder + ": is no folder and cannot be made one");
     if (lacksDisplay()) {

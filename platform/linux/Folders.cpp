@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "platform/FileIo.h"
+#include "platform/SystemFolders.h"
 
 namespace korvel {
 namespace {
@@ -68,8 +69,7 @@ fs::path executableFolder() {
     return error ? fs::current_path(error) : executable.parent_path();
 }
 
-fs::path programFolder() {
-    fs::path own = executableFolder();
+fs::path systemProgramFolder(const fs::path& own) {
     const auto base = configurationBase();
     const bool isOwn = !belongsToPackage(own) && ::access(own.c_str(), W_OK | X_OK) == 0;
     if (isOwn || !base)
@@ -80,7 +80,7 @@ fs::path programFolder() {
     return folder;
 }
 
-fs::path documentsFolder() {
+fs::path systemDocumentsFolder() {
     const auto home = environmentFolder("HOME");
     if (!home)
         return {};

@@ -9,6 +9,7 @@
 #include <shlobj.h>
 // clang-format on
 
+#include "platform/SystemFolders.h"
 #include "platform/win32/Handle.h"
 
 namespace korvel {
@@ -35,6 +36,12 @@ bool canBeWritten(const fs::path& folder) {
     return static_cast<bool>(file);
 }
 
+/// What was installed is left alone, so that it can be removed or replaced as a whole.
+bool belongsToInstaller(const fs::path& folder) {
+    std::error_code error;
+    return fs::exists(folder / "uninstall.exe", error);
+}
+
 }  // namespace
 
 fs::path executableFolder() {
@@ -44,10 +51,9 @@ fs::path executableFolder() {
     return fs::path(path).parent_path();
 }
 
-fs::path programFolder() {
-    fs::path own = executableFolder();
+fs::path systemProgramFolder(const fs::path& own) {
     const fs::path base = knownFolder(FOLDERID_RoamingAppData);
-    if (base.empty() || canBeWritten(own))
+    if (base.empty() || (!belongsToInstaller(own) && canBeWritten(own)))
         return own;
     fs::path folder = base / kProgramName;
     std::error_code error;
@@ -55,6 +61,6 @@ fs::path programFolder() {
     return folder;
 }
 
-fs::path documentsFolder() { return knownFolder(FOLDERID_Documents); }
+fs::path systemDocumentsFolder() { return knownFolder(FOLDERID_Documents); }
 
 }  // namespace korvel

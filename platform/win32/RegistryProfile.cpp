@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "platform/Folders.h"
 #include "platform/win32/WideText.h"
 
 namespace korvel {
@@ -64,6 +65,8 @@ class WindowsRegistryProfile final : public RegistryProfile {
 }  // namespace
 
 std::unique_ptr<RegistryProfile> openRegistryProfile() {
+    if (isPortable())
+        return std::make_unique<NoRegistryProfile>();
     return std::make_unique<WindowsRegistryProfile>();
 }
 

@@ -156,4 +156,20 @@ TEST(Folders, FindsFilesByPatternInByteOrder) {
     EXPECT_TRUE(findFiles(folder.path() / "missing", "*").empty());
 }
 
+TEST(Folders, APortableProgramKeepsEverythingBesideItself) {
+    const TempFolder folder;
+    const fs::path own = folder.path();
+    EXPECT_EQ(programFolder(own), own) << "it can be written";
+    EXPECT_EQ(documentsFolder(own), documentsFolder());
+    fs::create_directory(own / "portable");
+    EXPECT_FALSE(isPortable(own)) << "a folder is no mark";
+    fs::remove(own / "portable");
+    folder.write("portable", "");
+    folder.write("uninstall.exe", "");
+    EXPECT_TRUE(isPortable(own));
+    EXPECT_EQ(programFolder(own), own);
+    EXPECT_EQ(documentsFolder(own), own / "Documents");
+    EXPECT_TRUE(fs::is_directory(own / "Documents"));
+}
+
 }}  // namespace korvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "TempFolder.h"
+#include "platform/Folders.h"
 #include "platform/RegistryProfile.h"
 
 namespace korvel { namespace {
@@ -44,6 +46,14 @@ TEST_F(RegistryProfileTest, StandsWhereOtherProgramsLookForIt) {
     const wchar_t without[] = {L'a', L'b'};  // a text that ends without a zero, as some write it
     RegSetKeyValueW(HKEY_CURRENT_USER, kKey, L"Cut", REG_SZ, without, sizeof without);
     EXPECT_EQ(openRegistryProfile()->getString(kSection, "Cut", ""), "ab");
+}
+
+TEST(InstalledProgram, KeepsItsSettingsWithTheUsersOwn) {
+    const TempFolder folder;
+    folder.write("uninstall.exe", "");
+    const std::filesystem::path settings = programFolder(folder.path());
+    EXPECT_NE(settings, folder.path());
+    EXPECT_TRUE(std::filesystem::is_directory(settings));
 }
 
 }}  // namespace korvel
