@@ -10,3 +10,11 @@ function(korvel_program target description)
     OBJECT_DEPENDS "${CMAKE_SOURCE_DIR}/cmake/windows/Program.manifest;${CMAKE_SOURCE_DIR}/cmake/windows/korvel.ico")
   target_sources(${target} PRIVATE $<TARGET_OBJECTS:${target}_resources>)
 endfunction()
+
+# korvel_offscreen(TARGET): lets it draw without a display. Where the toolkit is a part of the program, it only
+# has what it is told to bring along.
+function(korvel_offscreen target)
+  if(TARGET Qt6::QOffscreenIntegrationPlugin)
+    qt_import_plugins(${target} INCLUDE Qt6::QOffscreenIntegrationPlugin)
+  endif()
+endfunction()

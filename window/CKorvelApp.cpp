@@ -251,12 +251,14 @@ void CKorvelApp::listenForTheEnd() {
         frame_.storeState();
         profile_.save();
     });
+    // Windows ends a program at a log-off without letting it come back from its loop.
+    QObject::connect(application, &QCoreApplication::aboutToQuit, &frame_,
+                     [this] { document_.endSession(); });
 }
 
 std::string CKorvelApp::run() {
     listenForTheEnd();
     QApplication::exec();
-    document_.endSession();
     if (const auto troubles = document_.troubles(); runError_.empty() && !troubles.empty())
         runError_ = troubles.front();
     return runError_;
