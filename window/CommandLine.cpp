@@ -126,6 +126,7 @@ void declare(CLI::App& app, CommandLine& result) {
 
 std::string parseCommandLine(std::span<const std::string_view> arguments, CommandLine& result) {
     CLI::App app("A moving map for pilots of light aircraft", "korvel");
+    app.allow_windows_style_options(false);  // "/folder/plan.fp" is a file on every system
     try {
         declare(app, result);
         // It takes them from the back.
