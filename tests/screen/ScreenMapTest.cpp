@@ -421,7 +421,7 @@ TEST_F(ScreenTest, TheProfileStandsUnderTheMapAndOnAPage) {
     EXPECT_EQ(screen_.page(), PageId::Profile);
     EXPECT_EQ(screen_.areas().page(), whole);
     tap(button(TouchCommand::ZoomIn));
-    hand_.wheel(120);
+    hand_.wheel(120, whole.center());
     EXPECT_EQ(rangeNm(), 4) << "the page has a range, too";
     EXPECT_EQ(profile().lengthNm, 8);
     screen_.showProfile(true);
