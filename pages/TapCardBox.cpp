@@ -71,8 +71,8 @@ class CardPainter {
           textPx_(card.size.textPx),
           ground_(colors[ColorKey::NavBackground]),
           ink_(colors[ColorKey::NavText]),
-          header_(colors[ColorKey::NavHeader]),
-          headerGround_(colors[ColorKey::NavHeaderBackground]),
+          filledInk_(colors[ColorKey::MapInfoText]),
+          filledGround_(colors[ColorKey::MapInfoBackground]),
           border_(colors[ColorKey::NavBorder]),
           background_(colors[ColorKey::MapBackground]),
           danger_(colors[ColorKey::MapObstacleDanger]),
@@ -193,9 +193,9 @@ class CardPainter {
     ColorValue groundOf(const Rect& area, CardPart part, bool primary) {
         const bool filled = primary != (view_.pressed == part);
         const bool focus = view_.focus == part;
-        canvas_.rect(area, Brush{filled ? headerGround_ : ground_},
+        canvas_.rect(area, Brush{filled ? filledGround_ : ground_},
                      Pen{focus ? ink_ : border_, focus ? 4.0 : 1.0});
-        return filled ? header_ : ink_;
+        return filled ? filledInk_ : ink_;
     }
 
     /// Cut at a letter where the room ends; the width that it takes.
@@ -213,8 +213,8 @@ class CardPainter {
     double textPx_;
     ColorValue ground_;
     ColorValue ink_;
-    ColorValue header_;
-    ColorValue headerGround_;
+    ColorValue filledInk_;
+    ColorValue filledGround_;
     ColorValue border_;
     ColorValue background_;
     ColorValue danger_;
