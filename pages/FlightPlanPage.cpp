@@ -32,10 +32,10 @@ constexpr double kBarPx = 6;
 enum class Column : std::uint8_t { Altitude, Track, Leg, Total, Time, Arrival };
 
 struct ColumnLook {
-    Column column;
+    Column column{};
     Text head;
-    double widthEm;  ///< of the type size
-    bool always;     ///< also in a narrow window
+    double widthEm = 0;   ///< of the type size
+    bool always = false;  ///< also in a narrow window
 };
 
 constexpr std::array kColumns{ColumnLook{Column::Altitude, kInstrumentTexts.altitude, 3.9, true},

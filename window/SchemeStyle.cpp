@@ -1,5 +1,6 @@
 #include "window/SchemeStyle.h"
 
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -136,7 +137,7 @@ StyleColors styleColors(const ColorScheme& scheme) { return StyleColors(MapColor
 QPalette schemePalette(const ColorScheme& scheme) {
     const StyleColors colors = styleColors(scheme);
     QPalette palette(toQColor(colors.tinted(kButton)), toQColor(colors.tinted(kWindow)));
-    const std::pair<QPalette::ColorRole, ColorValue> roles[] = {
+    const auto roles = std::to_array<std::pair<QPalette::ColorRole, ColorValue>>({
         {QPalette::WindowText, colors.text},
         {QPalette::Text, colors.text},
         {QPalette::ButtonText, colors.text},
@@ -156,7 +157,7 @@ QPalette schemePalette(const ColorScheme& scheme) {
         {QPalette::Mid, colors.tinted(kLine)},
         {QPalette::Dark, colors.tinted(kEdge)},
         {QPalette::Shadow, colors.tinted(kEdge)},
-    };
+    });
     for (const auto& [role, color] : roles)
         palette.setColor(role, toQColor(color));
     for (const QPalette::ColorRole role :
@@ -172,7 +173,7 @@ QString schemeStyleSheet(const ColorScheme& scheme) {
         sheet.replace(QLatin1Char('@') + QLatin1String(name), value);
     };
     // A longer name before the shorter one with which it begins.
-    const std::pair<const char*, ColorValue> names[] = {
+    const auto names = std::to_array<std::pair<const char*, ColorValue>>({
         {"window", colors.tinted(kWindow)},
         {"button", colors.tinted(kButton)},
         {"pressed", colors.tinted(kPressed)},
@@ -186,7 +187,7 @@ QString schemeStyleSheet(const ColorScheme& scheme) {
         {"text", colors.text},
         {"pale", colors.pale},
         {"danger", colors.danger},
-    };
+    });
     for (const auto& [name, color] : names)
         set(name, toQColor(color).name());
     constexpr int kBorders = 4;

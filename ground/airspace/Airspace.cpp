@@ -51,7 +51,7 @@ std::string limitWords(const AltitudeLimit& limit) {
                : limit.text.empty()                         ? "?"
                                                             : limit.text;
     const int hundreds = RoundToInt(*limit.ft / 100.0);
-    const std::string number = std::to_string(hundreds);
+    std::string number = std::to_string(hundreds);
     if (limit.reference == LimitReference::FlightLevel)
         return "FL" + number;
     if (limit.reference == LimitReference::Agl)

@@ -34,8 +34,8 @@ class Sea {
         const int row = cell(point.lat * kRadToDeg + 90, kReliefRows * kReliefCells);
         const int column = cell(point.lon * kRadToDeg + 180, kReliefColumns * kReliefCells);
         const auto tile = map_->relief(row / kReliefCells * kReliefColumns + column / kReliefCells);
-        return (*tile)[static_cast<std::size_t>(row % kReliefCells * kReliefCells +
-                                                column % kReliefCells)];
+        const int place = row % kReliefCells * kReliefCells + column % kReliefCells;
+        return (*tile)[static_cast<std::size_t>(place)];
     }
 
     BaseMap* map_;

@@ -94,8 +94,8 @@ void ProfileAxes::layOutAltitudes(const ProfileContent& content) {
     const double part = step * feet / kStepsBetween;
     lowFt_ = std::floor(span.low / part) * part;
     highFt_ = std::ceil(span.high / part) * part;
-    const double last = std::floor(highFt_ / feet / step * (1 + 1e-9));
-    for (double i = std::ceil(lowFt_ / feet / step); i <= last; ++i) {
+    const int last = static_cast<int>(std::floor(highFt_ / feet / step * (1 + 1e-9)));
+    for (int i = static_cast<int>(std::ceil(lowFt_ / feet / step)); i <= last; ++i) {
         std::string label = formatInt(RoundToInt(i * step));
         if (i == last)
             label += metres ? " m" : " ft";
@@ -108,7 +108,7 @@ void ProfileAxes::layOutDistances(const ProfileContent& content) {
     const double unitsPerNm = ConvertDistance(1, content.distanceUnit, &labels);
     const double units = lengthNm_ * unitsPerNm;
     const double step = roundStep(units * kPixelsPerDistance / plot_.width, {1, 2, 5});
-    for (double i = 0; i * step <= units * (1 + 1e-9); ++i) {
+    for (int i = 0; i * step <= units * (1 + 1e-9); ++i) {
         std::string label = formatFixed(i * step, step < 1 ? 1 : 0);
         if (i == 0)
             label = labels.distance;

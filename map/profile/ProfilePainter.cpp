@@ -180,11 +180,14 @@ class ProfilePainter {
                     const Rect band = bandOf(first, last);
                     std::vector<Segment> hatch;
                     // All bands have the lines of one pattern.
-                    const double from = std::floor((band.x - band.height) / kHatchPx) * kHatchPx;
-                    for (double x = from; x < band.right(); x += kHatchPx)
+                    const int from =
+                        static_cast<int>(std::floor((band.x - band.height) / kHatchPx));
+                    for (int i = from; i * kHatchPx < band.right(); ++i) {
+                        const double x = i * kHatchPx;
                         if (const auto line =
                                 clipSegment({{x, band.bottom()}, {x + band.height, band.y}}, band))
                             hatch.push_back(*line);
+                    }
                     canvas_.lines(hatch, pen);
                 });
     }

@@ -271,6 +271,14 @@ TEST_F(TapCardTest, AHeldLegOrWaypointIsPulledElsewhere) {
     ASSERT_EQ(document_.flight().plan().enterRoute("XSO XFLD XNO"), "");
     document_.flight().plan().flyTo(1);
     ticks(1);
+    pull(field, aside);
+    ASSERT_TRUE(screen_.holdsPlan());
+    ASSERT_EQ(document_.flight().plan().enterRoute("XSO XNO"), "");
+    hand_.release(aside);
+    EXPECT_EQ(plan(), "XSO XNO ") << "what was held is not in this plan";
+    ASSERT_EQ(document_.flight().plan().enterRoute("XSO XFLD XNO"), "");
+    document_.flight().plan().flyTo(1);
+    ticks(1);
     hold(field);
     hand_.release(field);
     EXPECT_TRUE(card().starts_with("XFLD")) << "held and let go is tapped";

@@ -140,7 +140,7 @@ void MenuSheet::addTile(QAction& action, int place) {
     tile->installEventFilter(this);
     tiles_.insert(place, tile);
     connect(tile, &QPushButton::clicked, this, [this, meant = QPointer<QAction>(&action)] {
-        if (meant)
+        if (!meant.isNull())
             run(*meant);
     });
 }
@@ -175,7 +175,7 @@ bool MenuSheet::moveFocus(int key) {
     if (group >= 0)
         next = sideways ? groups_.button(group + step) : tiles_.value(step > 0 ? 0 : -1);
     else if (tile >= 0)
-        next = tiles_.value(tile + step * (sideways ? 1 : kColumns));
+        next = tiles_.value(tile + qsizetype{step} * (sideways ? 1 : kColumns));
     if (next == nullptr && tile >= 0 && key == Qt::Key_Up)
         next = groups_.checkedButton();
     if (next == nullptr)
