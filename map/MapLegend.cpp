@@ -112,7 +112,7 @@ void expiredName(Sample& sample) {
 
 struct LegendRow {
     Text words;
-    void (*draw)(Sample& sample);
+    void (*draw)(Sample& sample) = nullptr;
 };
 
 constexpr std::array kRows{

@@ -79,7 +79,7 @@ Rect placeTapCard(const TapCardRoom& room, const TapCardSize& size);
 
 /// The card's parts on the page.
 struct TapCardLayout {
-    TapCardLayout(const Rect& card, const TapCardSize& size, bool hasNext);
+    TapCardLayout(const Rect& whole, const TapCardSize& size, bool hasNext);
 
     /// What a finger presses.
     [[nodiscard]] std::optional<CardPart> partAt(Point finger) const;

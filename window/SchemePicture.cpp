@@ -34,7 +34,7 @@ QIcon schemePicture(const ColorScheme& scheme) {
     painter.setPen(color("hsi.numeral"));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(0, 0, kWidth - 1, kHeight - 1);
-    return QIcon(picture);
+    return {picture};
 }
 
 }  // namespace korvel

@@ -170,8 +170,9 @@ void ProfileLabels::noteLine(const Segment& line) {
     if (!shown)
         return;
     const Point step{shown->to.x - shown->from.x, shown->to.y - shown->from.y};
-    const double parts = std::max(std::ceil(std::hypot(step.x, step.y) / kApartPx), 1.0);
-    for (double part = 0; part <= parts; ++part)
+    const int parts =
+        std::max(static_cast<int>(std::ceil(std::hypot(step.x, step.y) / kApartPx)), 1);
+    for (int part = 0; part <= parts; ++part)
         lines_.reserve(grown(
             {shown->from.x + step.x * part / parts, shown->from.y + step.y * part / parts, 0, 0},
             2));
@@ -201,8 +202,8 @@ std::vector<Rect> ProfileLabels::boxesIn(const AirspaceSlice& slice, double widt
     const double upper = std::max(axes_.y(slice.airspace.ceilingFt(ground)), plot.y) + kRimPx;
     const double floor = std::min(axes_.y(slice.airspace.floorFt(ground)), plot.bottom()) - kRimPx;
     std::vector<Rect> boxes;
-    constexpr double kPlaces = 6;  // beside each other
-    for (double place = 0; place <= kPlaces && room >= 0; ++place) {
+    constexpr int kPlaces = 6;  // beside each other
+    for (int place = 0; place <= kPlaces && room >= 0; ++place) {
         const double x = left + room * place / kPlaces;
         const double lowest = std::min(floor, groundTop(x, x + width)) - linePx_;
         for (const double y : {upper, lowest, (upper + lowest) / 2})

@@ -90,7 +90,7 @@ void PlaceCommands::open(std::unique_ptr<DatabaseRecord> record) {
     host_.openSheet(std::move(sheet));
 }
 
-std::unique_ptr<PlaceSheet> PlaceCommands::sheetFor(std::shared_ptr<DatabaseRecord> record) {
+std::unique_ptr<PlaceSheet> PlaceCommands::sheetFor(const std::shared_ptr<DatabaseRecord>& record) {
     CKorvelDoc& document = host_.document();
     if (record->GetKind() != kAirportKind)
         return std::make_unique<PlaceSheet>(&host_.window(), document, record, [&document, record] {

@@ -47,7 +47,7 @@ class PlaceCommands {
     std::function<void(std::vector<LandingRunway>)> onApproach;
 
  private:
-    std::unique_ptr<PlaceSheet> sheetFor(std::shared_ptr<DatabaseRecord> record);
+    std::unique_ptr<PlaceSheet> sheetFor(const std::shared_ptr<DatabaseRecord>& record);
 
     CommandHost& host_;
     LabelCache& labels_;
