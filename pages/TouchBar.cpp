@@ -99,9 +99,9 @@ void zoomInIcon(IconPen& icon) {
 }
 
 struct Face {
-    TouchCommand command;
+    TouchCommand command{};
     Text word;
-    void (*icon)(IconPen& pen);
+    void (*icon)(IconPen& pen) = nullptr;
 };
 
 constexpr std::array kFaces{
