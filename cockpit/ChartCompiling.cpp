@@ -19,13 +19,6 @@ namespace fs = std::filesystem;
 
 constexpr std::chrono::days kUnofficialCycle{28};
 
-int ymdOf(std::chrono::sys_days day) {
-    const std::chrono::year_month_day date{day};
-    return static_cast<int>(date.year()) * 10000 +
-           static_cast<int>(static_cast<unsigned>(date.month()) * 100 +
-                            static_cast<unsigned>(date.day()));
-}
-
 /// Of a file, or the oldest one in a folder.
 std::optional<std::chrono::sys_days> dateOf(const fs::path& download) {
     std::error_code error;

@@ -1,7 +1,6 @@
 #include "cockpit/GroundImporting.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -14,6 +13,7 @@
 #include "config/texts/FlightTexts.h"
 #include "config/texts/GroundTexts.h"
 #include "geo/GeoText.h"
+#include "ground/DataFiles.h"
 #include "platform/FileDate.h"
 #include "platform/FileIo.h"
 #include "platform/PathText.h"
@@ -30,11 +30,9 @@ constexpr std::size_t kLargestFile = std::size_t{512} << 20U;
 
 /// Under which the program finds it again: texts are looked for by their ending.
 std::string nameInFolder(const fs::path& file, GroundFileKind kind) {
-    constexpr std::array<std::string_view, 3> kAirspaces{".txt", ".air", ".openair"};
-    constexpr std::array<std::string_view, 3> kObstacles{".csv", ".dat", ".txt"};
     const std::string name = textOf(file.filename());
     const bool isText = kind == GroundFileKind::Airspaces || kind == GroundFileKind::Obstacles;
-    const auto& endings = kind == GroundFileKind::Airspaces ? kAirspaces : kObstacles;
+    const auto& endings = kind == GroundFileKind::Airspaces ? kAirspaceEndings : kObstacleEndings;
     const bool isFound = !isText || std::ranges::any_of(endings, [&name](std::string_view ending) {
         return endsWithIgnoringCase(name, ending);
     });
@@ -45,12 +43,7 @@ std::string dateText(const GroundFile& found, const fs::path& file) {
     if (found.madeYmd != 0)
         return dashedDate(found.madeYmd);
     const auto day = fileDate(file);
-    if (!day)
-        return {};
-    const std::chrono::year_month_day date{*day};
-    return dashedDate(static_cast<std::uint32_t>(static_cast<int>(date.year()) * 10000) +
-                      static_cast<unsigned>(date.month()) * 100 +
-                      static_cast<unsigned>(date.day()));
+    return day ? dashedDate(static_cast<std::uint32_t>(ymdOf(*day))) : std::string();
 }
 
 std::string boxText(const AirspaceBox& box) {

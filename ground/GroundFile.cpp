@@ -1,9 +1,11 @@
 #include "ground/GroundFile.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Ascii.h"
 #include "geo/Geodesy.h"
+#include "ground/DataFiles.h"
 #include "ground/airspace/OpenAir.h"
 #include "ground/basemap/BaseMapFile.h"
 #include "ground/obstacles/ObstacleFile.h"
@@ -13,6 +15,7 @@
 namespace korvel {
 namespace {
 
+constexpr std::string_view kTooLarge = "The file is larger than any of its kind";
 constexpr AirspaceBox kWholeEarth{.south = -90, .west = -180, .north = 90, .east = 180};
 
 /// Around both, where neither crosses the 180th meridian; all longitudes else.
@@ -39,29 +42,35 @@ GroundFile inspectHeights(TileCorner corner, std::string_view bytes) {
     return found;
 }
 
-GroundFile inspectAirspaces(std::string_view bytes) {
-    const OpenAirFile file = readOpenAir(bytes);
-    GroundFile found{.kind = GroundFileKind::Airspaces,
-                     .count = file.airspaces.size(),
-                     .problems = file.problems.size()};
-    for (const Airspace& airspace : file.airspaces)
-        found.box = &airspace == &file.airspaces.front() ? airspace.box()
-                                                         : around(found.box, airspace.box());
+/// What a file of `kind` holds, and the box around it all.
+template <class File, class Things, class BoxOf>
+GroundFile inspected(GroundFileKind kind, const File& file, const Things& things, BoxOf boxOf) {
+    GroundFile found{.kind = kind, .count = things.size(), .problems = file.problems.size()};
+    bool isFirst = true;
+    for (const auto& thing : things) {
+        const AirspaceBox box = boxOf(thing);
+        found.box = std::exchange(isFirst, false) ? box : around(found.box, box);
+    }
     return found;
 }
 
+GroundFile inspectAirspaces(std::string_view bytes) {
+    if (bytes.size() > kLargestAirspaceFile)
+        return {.kind = GroundFileKind::Airspaces, .error = std::string(kTooLarge)};
+    const OpenAirFile file = readOpenAir(bytes);
+    return inspected(GroundFileKind::Airspaces, file, file.airspaces,
+                     [](const Airspace& airspace) { return airspace.box(); });
+}
+
 GroundFile inspectObstacles(std::string_view bytes) {
+    if (bytes.size() > kLargestObstacleFile)
+        return {.kind = GroundFileKind::Obstacles, .error = std::string(kTooLarge)};
     const ObstacleFile file = readObstacles(bytes);
-    GroundFile found{.kind = GroundFileKind::Obstacles,
-                     .count = file.obstacles.size(),
-                     .problems = file.problems.size()};
-    for (const Obstacle& obstacle : file.obstacles) {
+    return inspected(GroundFileKind::Obstacles, file, file.obstacles, [](const Obstacle& obstacle) {
         const double lat = obstacle.position.lat * kRadToDeg;
         const double lon = obstacle.position.lon * kRadToDeg;
-        const AirspaceBox here{.south = lat, .west = lon, .north = lat, .east = lon};
-        found.box = &obstacle == &file.obstacles.front() ? here : around(found.box, here);
-    }
-    return found;
+        return AirspaceBox{.south = lat, .west = lon, .north = lat, .east = lon};
+    });
 }
 
 }  // namespace

@@ -16,4 +16,11 @@ std::optional<std::chrono::sys_days> fileDate(const std::filesystem::path& path)
     return std::chrono::floor<std::chrono::days>(time);
 }
 
+int ymdOf(std::chrono::sys_days day) {
+    const std::chrono::year_month_day date{day};
+    return static_cast<int>(date.year()) * 10000 +
+           static_cast<int>(static_cast<unsigned>(date.month()) * 100 +
+                            static_cast<unsigned>(date.day()));
+}
+
 }  // namespace korvel

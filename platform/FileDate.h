@@ -10,4 +10,7 @@ namespace korvel {
 /// unpacked, when it was made. Nothing when it is not there.
 std::optional<std::chrono::sys_days> fileDate(const std::filesystem::path& path);
 
+/// The day as YYYYMMDD.
+int ymdOf(std::chrono::sys_days day);
+
 }  // namespace korvel

@@ -1,7 +1,6 @@
 #include "ground/airspace/AirspaceSet.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <iterator>
 #include <utility>
@@ -14,10 +13,6 @@
 
 namespace korvel {
 namespace {
-
-constexpr std::array<std::string_view, 3> kEndings{".txt", ".air", ".openair"};
-/// Larger files are something else.
-constexpr std::size_t kLargestFile = 32U << 20U;
 
 double widthOf(const AirspaceBox& box) {
     return box.east - box.west + (box.east < box.west ? 360 : 0);
@@ -37,8 +32,8 @@ void AirspaceSet::load(std::span<const std::filesystem::path> folders, FileSyste
     std::vector<Airspace> airspaces;
     files_.clear();
     problems_.clear();
-    for (const std::filesystem::path& path : dataFiles(folders, kEndings)) {
-        const auto bytes = readWholeFile(path, kLargestFile, disk);
+    for (const std::filesystem::path& path : dataFiles(folders, kAirspaceEndings)) {
+        const auto bytes = readWholeFile(path, kLargestAirspaceFile, disk);
         if (!bytes || !looksLikeOpenAir(*bytes))
             continue;
         OpenAirFile file = readOpenAir(*bytes);

@@ -1,7 +1,6 @@
 #include "ground/obstacles/ObstacleSet.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <utility>
 
@@ -13,10 +12,6 @@
 
 namespace korvel {
 namespace {
-
-constexpr std::array<std::string_view, 3> kEndings{".csv", ".dat", ".txt"};
-/// The FAA's file of the whole United States has some 80 MB. Larger ones are something else.
-constexpr std::size_t kLargestFile = 256U << 20U;
 
 constexpr int kRows = 360;  // of half a degree, from the south
 constexpr int kColumns = 720;
@@ -35,8 +30,8 @@ void ObstacleSet::load(std::span<const std::filesystem::path> folders, FileSyste
     entries_.clear();
     files_.clear();
     problems_.clear();
-    for (const std::filesystem::path& path : dataFiles(folders, kEndings)) {
-        const auto bytes = readWholeFile(path, kLargestFile, disk);
+    for (const std::filesystem::path& path : dataFiles(folders, kObstacleEndings)) {
+        const auto bytes = readWholeFile(path, kLargestObstacleFile, disk);
         if (!bytes || !looksLikeObstacles(*bytes))
             continue;
         ObstacleFile file = readObstacles(*bytes);

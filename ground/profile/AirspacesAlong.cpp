@@ -121,8 +121,7 @@ class Slicer {
         const double share = steps - static_cast<double>(i);
         const GeoPoint a = line_.points[i];
         const GeoPoint b = line_.points[i + 1];
-        return {a.lat + share * (b.lat - a.lat),
-                PositiveMod(a.lon + share * (b.lon - a.lon) + kPi, kTwoPi) - kPi};
+        return wrapped({a.lat + share * (b.lat - a.lat), a.lon + share * (b.lon - a.lon)});
     }
 
     const ProfileLine& line_;

@@ -10,9 +10,6 @@
 namespace korvel {
 namespace {
 
-/// Longitude within half a turn of Greenwich.
-GeoPoint wrapped(GeoPoint point) { return {point.lat, PositiveMod(point.lon + kPi, kTwoPi) - kPi}; }
-
 /// The sea of the base map, by its finest coasts: others lack islands. A lake is no land either,
 /// but lies higher: there the coarse heights of the base map tell.
 class Sea {

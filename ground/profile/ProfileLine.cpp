@@ -53,4 +53,6 @@ ProfileLine profileLine(std::span<const GeoPoint> way, double lengthNm, std::siz
     return line;
 }
 
+GeoPoint wrapped(GeoPoint point) { return {point.lat, PositiveMod(point.lon + kPi, kTwoPi) - kPi}; }
+
 }  // namespace korvel

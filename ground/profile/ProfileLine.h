@@ -26,4 +26,7 @@ struct ProfileLine {
 /// that lie apart, and for no length.
 ProfileLine profileLine(std::span<const GeoPoint> way, double lengthNm, std::size_t steps);
 
+/// The same place with its longitude within half a turn of Greenwich.
+GeoPoint wrapped(GeoPoint point);
+
 }  // namespace korvel

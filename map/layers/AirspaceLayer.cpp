@@ -66,7 +66,7 @@ void AirspaceLayer::layOut(const TextMeasure& texts, LabelRoom& room) {
             const auto edge = longestEdge(outline, view().area);
             if (!edge)
                 return;
-            std::string words = limitWords(airspace.floor) + " / " + limitWords(airspace.ceiling);
+            std::string words = limitWords(airspace);
             if (view().rangeNm <= kNamesToNm)
                 words = airspace.name + "  " + words;
             const Point middle{(edge->from.x + edge->to.x) / 2, (edge->from.y + edge->to.y) / 2};

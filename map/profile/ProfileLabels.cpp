@@ -181,7 +181,7 @@ void ProfileLabels::noteLine(const Segment& line) {
 /// As much of class, name and limits as there is room for, off the ground.
 void ProfileLabels::airspace(const AirspaceSlice& slice) {
     const Airspace& airspace = slice.airspace;
-    const std::string limits = limitWords(airspace.floor) + " / " + limitWords(airspace.ceiling);
+    const std::string limits = limitWords(airspace);
     const ColorValue ink = colors_[lookOf(airspace, 0).color];
     for (const std::string& words :
          {airspace.airspaceClass + ' ' + airspace.name + "  " + limits,

@@ -6,6 +6,7 @@
 #include "TempFolder.h"
 #include "cockpit/GroundData.h"
 #include "cockpit/GroundImporting.h"
+#include "ground/DataFiles.h"
 #include "ground/SmallMap.h"
 #include "platform/PathText.h"
 
@@ -21,7 +22,8 @@ TEST(GroundImporting, TakesWhatItKnowsAndTellsOfAllElse) {
     const std::vector<std::filesystem::path> files{stick.write("small.map", smallMap()),
         stick.write("N47E008.hgt", tileOfHeights()), stick.write("S01W180.hgt.zip", "no zip"),
         stick.write("air.oa", air), stick.write("masts.csv", "name,lat,lon,agl,amsl\nMast,45,45.1,120,1500\n"),
-        stick.write("letter.txt", "Dear pilot"), stick.path(), stick / "gone.hgt"};
+        stick.write("letter.txt", "Dear pilot"),
+        stick.write("large.txt", air + std::string(kLargestAirspaceFile, '\n')), stick.path(), stick / "gone.hgt"};
     GroundImporting importing(files, documents.path());
     while (!importing.isFinished()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
     const struct {
@@ -31,8 +33,8 @@ TEST(GroundImporting, TakesWhatItKnowsAndTellsOfAllElse) {
         bool replaced;
     } expected[] = {{"small.map", true, 0, false}, {"N47E008.hgt", true, 1201, false},
         {"S01W180.hgt.zip", false, 0, false}, {"air.oa.txt", true, 1, false}, {"masts.csv", true, 1, true},
-        {"letter.txt", false, 0, false}, {textOf(stick.path().filename()), false, 0, false},
-        {"gone.hgt", false, 0, false}};
+        {"letter.txt", false, 0, false}, {"large.txt", false, 0, false},
+        {textOf(stick.path().filename()), false, 0, false}, {"gone.hgt", false, 0, false}};
     ASSERT_EQ(importing.taken().size(), std::size(expected));
     const std::string words = groundImportText(importing);
     for (std::size_t i = 0; i < std::size(expected); ++i) {
