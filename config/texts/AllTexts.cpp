@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 
+#include "config/texts/AircraftTexts.h"
 #include "config/texts/ChartTexts.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/ConnectedTexts.h"
@@ -42,7 +43,7 @@ std::vector<Text> textsOf(const Groups&... groups) {
 }  // namespace
 
 std::vector<Text> allTexts() {
-    return textsOf(kChartTexts, kCommandTexts, kConnectedTexts, kDatabaseTexts, kExchangeTexts,
+    return textsOf(kAircraftTexts, kChartTexts, kCommandTexts, kConnectedTexts, kDatabaseTexts, kExchangeTexts,
                    kFileTexts, kFlightTexts, kGroundTexts, kInstrumentTexts, kLegendTexts,
                    kMessageTexts, kModeTexts, kPreferenceTexts, kReceiverTexts, kSheetTexts,
                    kStatusTexts, kTouchTexts, kTrafficTexts);

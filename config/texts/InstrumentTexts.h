@@ -30,6 +30,8 @@ struct InstrumentTexts {
     Text flightTime{62020, "FLT TIME"};
     Text satellites{62021, "SAT"};
     Text requiredVerticalSpeed{62023, "VS REQ"};
+    Text fuel{66600, "FUEL"};
+    Text endurance{66601, "ENDUR"};  ///< to empty tanks
     Text trackMagnetic{62022, "TRK °M"};
     Text total{62030, "TOTAL"};
     Text ete{62031, "ETE"};
