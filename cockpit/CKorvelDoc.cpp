@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "cockpit/FlightData.h"
+#include "cockpit/PlaceClass.h"
 #include "cockpit/SentinelValues.h"
 #include "config/Text.h"
 #include "config/texts/StatusTexts.h"
@@ -46,7 +47,9 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
       flight_({foundations.clock, charts_.database(), charts_.userRecords(), foundations.folder}),
       terrainWatch_(ground_.terrain(), charts_.database(), flight_.alarms()),
       airspaceWatch_(ground_.airspaces(), flight_.alarms()),
+      aircraft_(profile_, flight_.timeOfDay(), flight_.alarms()),
       memory_(profile_, flight_, charts_.database()),
+      emergency_(flight_, charts_.database()),
       userFixes_(profile_, charts_, flight_.plan()),
       knownPlaces_(profile_),
       portFromScan_(foundations.profile.getInt(kOptionsSection, kPortScanned, 0) != 0) {
@@ -62,6 +65,7 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
     input_.decoder().ignoreReceiverVariation(settings_.ignoreMagVar != 0);
     monitor_.choosePort(portChoice());
     trafficChoice_ = loadTrafficChoice(profile_);
+    nearAirports_.setFilter(loadNearestFilter(profile_));
     traffic_.addTo(flight_.alarms());
     listenToNetwork();
     data_ = collectData();
@@ -125,8 +129,10 @@ void CKorvelDoc::tick() {
         beforeNavigation();
     watchTraffic();
     watchGround();
+    watchAircraft();
     flight_.tick(settings_, input_.variation(), aircraft);
-    nearAirports_.update(charts_.database(), flight_.navigation().present().position, settings_,
+    const auto present = known(flight_.navigation().present().position);
+    nearAirports_.update(charts_.database(), present ? present : lastPosition_, settings_,
                          input_.variation());
     flight_.refresh();
     CockpitData data = collectData();
@@ -162,6 +168,23 @@ void CKorvelDoc::watchTraffic() {
     traffic_.update(heard ? &*heard : nullptr, own, settings_.altUnit, clock_.tickMs());
 }
 
+void CKorvelDoc::watchAircraft() {
+    const Aircraft& present = flight_.navigation().present();
+    const NavigationState leg = flight_.navigation().state();
+    const FlightLog::Options log = FlightLog::Options::from(settings_);
+    aircraft_.update(
+        {.flightMs = flight_.tickMs(),
+         .simulated = flight_.navigation().simulated(),
+         .groundSpeedKt = present.groundSpeedKt,
+         .trackTrueDeg = known(input_.variation().MagneticToTrue(present.trackMag), kNoAngle),
+         .altitudeFt = present.altitudeFt,
+         .flyingFromKt = log.startKt,
+         .flyingToKt = log.endKt,
+         .pathTargetFt = known(leg.pathTargetAltFt),
+         .pathNm = known(leg.pathDistanceNm, kNoDistanceNm),
+         .pathEnd = leg.pathEnd});
+}
+
 void CKorvelDoc::takeMeasuredAttitude(CockpitData& data) const {
     const auto attitude = gdl90_.attitude();
     if (!hearsGdl90_ || data.simulated || !attitude || !attitude->values.rollDeg ||
@@ -170,6 +193,12 @@ void CKorvelDoc::takeMeasuredAttitude(CockpitData& data) const {
     data.bankDeg = attitude->values.rollDeg;
     data.pitchDeg = attitude->values.pitchDeg;
     data.attitudeMeasured = true;
+}
+
+void CKorvelDoc::chooseNearest(const NearestFilter& filter) {
+    nearAirports_.setFilter(filter);
+    storeNearestFilter(profile_, filter);
+    refresh();
 }
 
 void CKorvelDoc::chooseTraffic(const TrafficChoice& choice) {
@@ -282,6 +311,7 @@ void CKorvelDoc::useSource(std::unique_ptr<SentenceSource> source) {
     input_.queue().lock()->clear();
     input_.store().reset();
     attitude_.forget();
+    aircraft_.forgetMotion();
     if (sourceKind() != former || sourceKind() != SourceKind::Receiver)
         lastPosition_.reset();  // nobody was there
     flight_.sourceChanged(sourceKind() == SourceKind::Receiver);
@@ -358,8 +388,11 @@ CockpitData CKorvelDoc::collectData() {
     data.utcSecondOfDay = static_cast<int>(flight_.timeOfDay().unixSeconds() % kSecondsPerDay);
     data.databaseNotice = charts_.notice();
     fillFlightData(data, flight_, input_.variation());
-    if (data.position)
-        data.nearAirports = nearAirports_.shown();
+    (data.position ? data.nearAirports : data.formerNearAirports) = nearAirports_.shown();
+    data.nearestFilter = nearAirports_.filter();
+    data.emergency = emergency_.isOn();
+    aircraft_.fill(data);
+    data.enduranceRing = MapPlaceOptions::from(settings_).shows(PlaceLayerBit::EnduranceRing);
     data.traffic = traffic_.shown(trafficChoice_);
     if (data.position)
         data.airspaces = airspaceWatch_.shown();

@@ -10,11 +10,13 @@
 #include <string_view>
 #include <vector>
 
+#include "cockpit/AircraftWatch.h"
 #include "cockpit/AirspaceWatch.h"
 #include "cockpit/AttitudeModule.h"
 #include "cockpit/Charts.h"
 #include "cockpit/CockpitData.h"
 #include "cockpit/DerivedAttitude.h"
+#include "cockpit/Emergency.h"
 #include "cockpit/Flight.h"
 #include "cockpit/FlightMemory.h"
 #include "cockpit/GroundData.h"
@@ -176,6 +178,17 @@ class CKorvelDoc final : private SentenceListener {
     /// The same for the nearest airports.
     void wantNearAirports() { nearAirports_.want(); }
 
+    /// The pilot's aircraft, fuel and wind. What is done there shows with the next refresh() or
+    /// tick.
+    AircraftWatch& aircraft() { return aircraft_; }
+
+    Emergency& emergency() { return emergency_; }
+
+    /// Of the nearest airports.
+    const NearestFilter& nearestFilter() const { return nearAirports_.filter(); }
+    /// Puts it in force and into the profile.
+    void chooseNearest(const NearestFilter& filter);
+
     const TrafficChoice& trafficChoice() const { return trafficChoice_; }
     /// Puts it in force and into the profile.
     void chooseTraffic(const TrafficChoice& choice);
@@ -192,6 +205,7 @@ class CKorvelDoc final : private SentenceListener {
     void listenToNetwork();
     void forgetDatabases();
     void watchTraffic();
+    void watchAircraft();
     /// In place of what is derived, while the receiver tells it.
     void takeMeasuredAttitude(CockpitData& data) const;
     PortChoice portChoice() const;
@@ -225,8 +239,10 @@ class CKorvelDoc final : private SentenceListener {
     Flight flight_;
     TerrainWatch terrainWatch_;
     AirspaceWatch airspaceWatch_;
+    AircraftWatch aircraft_;
     FlightMemory memory_;
     NearAirportList nearAirports_;
+    Emergency emergency_;
     UserFixes userFixes_;
     KnownPlaces knownPlaces_;
 

@@ -10,8 +10,11 @@
 #include "cockpit/NearAirport.h"
 #include "cockpit/PlanView.h"
 #include "cockpit/TrafficView.h"
+#include "config/AircraftProfile.h"
+#include "config/NearestFilter.h"
 #include "geo/GeoPoint.h"
 #include "geo/Units.h"
+#include "nav/aircraft/Wind.h"
 #include "nav/alarms/AlarmBoard.h"
 #include "nav/approach/LandingRunway.h"
 #include "nav/track/Track.h"
@@ -27,6 +30,15 @@ struct ApproachView {
     double toGoNm = 0;  ///< along the center line; negative behind the threshold
 
     friend bool operator==(const ApproachView&, const ApproachView&) = default;
+};
+
+/// The wind that the aircraft flies in, as the pilot or its turns have told it.
+struct WindView {
+    Wind wind;
+    bool entered = false;  ///< by the pilot; else estimated
+    int ageMin = 0;        ///< since it was entered, or since the last turn
+
+    friend bool operator==(const WindView&, const WindView&) = default;
 };
 
 /// Everything the pages show, taken from the document once per redraw. A value that is absent is
@@ -85,6 +97,12 @@ struct CockpitData {
         return *altitudeFt - altimeterOffsetFt.value_or(0);
     }
 
+    std::optional<AircraftProfile> aircraft;  ///< absent until the pilot has entered one
+    std::optional<double> fuelLeft;  ///< in the aircraft's unit; absent unless fuel was entered
+    std::optional<int> fuelAgeMin;   ///< since it was entered
+    std::optional<WindView> wind;
+    bool enduranceRing = false;  ///< the map is to show how far the fuel lasts
+
     /// Null when there is no plan.
     std::shared_ptr<const PlanView> plan;
     /// Null when there is none; `trackSlots` tells painters and comparisons that it has grown.
@@ -92,6 +110,16 @@ struct CockpitData {
     std::size_t trackSlots = 0;
     /// Nearest first; null until they are wanted or when there is no position.
     std::shared_ptr<const std::vector<NearAirport>> nearAirports;
+    /// The last list after the position was lost, with distances as of then; null while there is a
+    /// position.
+    std::shared_ptr<const std::vector<NearAirport>> formerNearAirports;
+    NearestFilter nearestFilter;  ///< of both
+    bool emergency = false;       ///< a field is flown to that was chosen in an emergency
+
+    /// The list that is to be shown, old or new; null for none.
+    [[nodiscard]] const std::shared_ptr<const std::vector<NearAirport>>& shownNearAirports() const {
+        return nearAirports ? nearAirports : formerNearAirports;
+    }
     /// Other aircraft; null for none.
     std::shared_ptr<const TrafficList> traffic;
     /// Null while no airspaces are loaded or there is no position.

@@ -9,6 +9,7 @@
 #include "base/TextNumbers.h"
 #include "cockpit/CockpitData.h"
 #include "config/Text.h"
+#include "config/texts/AircraftTexts.h"
 #include "config/texts/ModeTexts.h"
 #include "geo/GeoText.h"
 
@@ -62,6 +63,10 @@ Words chartsInShort(const CockpitData& data) {
     return words;
 }
 
+Words emergency(const CockpitData& data) {
+    return wordsIf(data.emergency, kAircraftTexts.emergency);
+}
+
 Words suspended(const CockpitData& data) { return wordsIf(data.suspended, kModeTexts.suspended); }
 
 Words direct(const CockpitData& data) { return wordsIf(data.directLeg, kModeTexts.direct); }
@@ -82,6 +87,7 @@ constexpr std::array kRows{
     Row{AlarmUrgency::Caution, replay},
     Row{AlarmUrgency::Warning, noFix},
     Row{AlarmUrgency::Caution, flatFix},
+    Row{AlarmUrgency::Warning, emergency},
     Row{AlarmUrgency::Caution, suspended},
     Row{std::nullopt, direct},
     Row{std::nullopt, course},

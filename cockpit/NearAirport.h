@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "geo/GeoPoint.h"
 
@@ -18,10 +19,12 @@ struct NearAirport {
     double bearingMagDeg = 0.0;
     std::optional<int> elevationFt;
     std::optional<int> longestRunwayFt;
-    std::string surface;    ///< of the longest runway
-    std::string runway;     ///< its ends, "09/27"
-    std::string frequency;  ///< the one to call first, "TWR 118.100"; empty for none
-    bool expired = false;   ///< from a database whose date has passed
+    std::string surface;                   ///< of the longest runway
+    bool hard = false;                     ///< that surface is
+    std::string runway;                    ///< its ends, "09/27"
+    std::string frequency;                 ///< the one to call first, "TWR 118.100"; empty for none
+    std::vector<std::string> frequencies;  ///< all of them, the one to call first at the head
+    bool expired = false;                  ///< from a database whose date has passed
 
     friend bool operator==(const NearAirport&, const NearAirport&) = default;
 };

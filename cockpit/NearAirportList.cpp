@@ -14,18 +14,19 @@ constexpr double kStepNm = 0.1;
 
 }  // namespace
 
-void NearAirportList::update(const NavDatabase& database, GeoPoint here, const Settings& settings,
-                             const Variation& variation) {
-    if (!std::exchange(wanted_, false) || !IsValid(here)) {
+void NearAirportList::update(const NavDatabase& database, std::optional<GeoPoint> here,
+                             const Settings& settings, const Variation& variation) {
+    if (!std::exchange(wanted_, false) || !here || !IsValid(*here)) {
         shown_.reset();
         return;
     }
-    if (shown_ && DistanceNm(here, lookedUpAt_) < kStepNm)
+    if (shown_ && DistanceNm(*here, lookedUpAt_) < kStepNm)
         return;
-    lookedUpAt_ = here;
+    lookedUpAt_ = *here;
     auto airports = std::make_shared<std::vector<NearAirport>>();
-    findNearAirports(database, here, variation,
-                     {.privateAirports = settings.displayPrivateAirports != 0}, *airports);
+    findNearAirports(database, *here, variation,
+                     {.privateAirports = settings.displayPrivateAirports != 0, .filter = filter_},
+                     *airports);
     shown_ = std::move(airports);
 }
 

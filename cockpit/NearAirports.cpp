@@ -7,10 +7,15 @@
 
 #include "base/Ascii.h"
 #include "base/TextNumbers.h"
+#include "cockpit/CockpitData.h"
 #include "cockpit/PlaceClass.h"
 #include "cockpit/PlaceDetails.h"
+#include "config/Text.h"
+#include "config/texts/AircraftTexts.h"
+#include "geo/GeoText.h"
 #include "geo/Geodesy.h"
 #include "geo/Variation.h"
+#include "nav/aircraft/PlannedTimes.h"
 #include "navdb/NavDatabase.h"
 #include "navdb/file/DatabaseTables.h"
 #include "navdb/records/AirportRecord.h"
@@ -21,6 +26,8 @@ namespace {
 /// Of so many places some are heliports and private strips that are not wanted.
 constexpr std::size_t kCandidatesPerAirport = 4;
 constexpr std::size_t kMostCandidates = 2000;
+/// So many are looked at for those that pass the pilot's filter: each is read.
+constexpr std::size_t kMostFiltered = 300;
 constexpr int kFrequencyDecimals = 3;
 
 bool isWanted(const Place& place, const NearAirportOptions& options) {
@@ -34,6 +41,12 @@ bool isWanted(const Place& place, const NearAirportOptions& options) {
         default:
             return true;
     }
+}
+
+bool passes(const NearAirport& airport, const NearestFilter& filter) {
+    const bool isLong =
+        filter.fromRunwayFt <= 0 || airport.longestRunwayFt.value_or(0) >= filter.fromRunwayFt;
+    return isLong && (airport.hard || !filter.hardOnly);
 }
 
 /// The nearest that are wanted; looks among more places while too few of them are.
@@ -69,18 +82,24 @@ bool names(const CommFreqRecord& comm, std::string_view word) {
 }
 
 /// Whom to call first: the tower, where there is none the common frequency, last of all approach.
-std::string firstFrequency(const AirportRecord& airport) {
+std::vector<std::string> frequenciesOf(const AirportRecord& airport) {
     static constexpr std::array kOrder{Service{"TWR", "TWR"},       Service{"TOWER", "TWR"},
                                        Service{"CTAF", "CTAF"},     Service{"AFIS", "AFIS"},
                                        Service{"INFO", "INFO"},     Service{"RDO", "RDO"},
                                        Service{"RADIO", "RDO"},     Service{"UNIC", "UNICOM"},
                                        Service{"MULT", "MULTICOM"}, Service{"APP", "APP"}};
+    std::vector<std::string> found;
+    std::vector<double> told;
     for (const Service& service : kOrder)
-        for (const CommFreqRecord& comm : airport.comms)
-            if (comm.freqMhz > 0 && names(comm, service.word))
-                return std::string(service.label) + ' ' +
-                       formatFixed(comm.freqMhz, kFrequencyDecimals);
-    return {};
+        for (const CommFreqRecord& comm : airport.comms) {
+            if (comm.freqMhz <= 0 || !names(comm, service.word) ||
+                std::ranges::find(told, comm.freqMhz) != told.end())
+                continue;
+            told.push_back(comm.freqMhz);
+            found.push_back(std::string(service.label) + ' ' +
+                            formatFixed(comm.freqMhz, kFrequencyDecimals));
+        }
+    return found;
 }
 
 std::string runwayName(const RunwayRecord& runway) {
@@ -100,9 +119,11 @@ void takeAirport(const AirportRecord& airport, NearAirport& near) {
     if (const RunwayRecord* longest = longestRunway(airport)) {
         near.longestRunwayFt = longest->lengthFt;
         near.surface = longest->surface;
+        near.hard = isHardSurface(longest->surface);
         near.runway = runwayName(*longest);
     }
-    near.frequency = firstFrequency(airport);
+    near.frequencies = frequenciesOf(airport);
+    near.frequency = near.frequencies.empty() ? "" : near.frequencies.front();
 }
 
 void findNearAirports(const NavDatabase& database, GeoPoint position, const Variation& variation,
@@ -110,7 +131,12 @@ void findNearAirports(const NavDatabase& database, GeoPoint position, const Vari
     airports.clear();
     if (!IsValid(position))
         return;
-    for (const auto& [place, distanceNm] : wantedNear(database, position, options)) {
+    NearAirportOptions wider = options;
+    if (options.filter.isOn())
+        wider.count = std::max(options.count, kMostFiltered);
+    for (const auto& [place, distanceNm] : wantedNear(database, position, wider)) {
+        if (airports.size() >= options.count)
+            return;
         const std::unique_ptr<DatabaseRecord> record = database.recordOf(place);
         auto* airport = dynamic_cast<AirportRecord*>(record.get());
         if (airport == nullptr)
@@ -123,8 +149,29 @@ void findNearAirports(const NavDatabase& database, GeoPoint position, const Vari
         near.bearingMagDeg = variation.TrueToMagnetic(TrueCourseDeg(position, place.position));
         near.expired = place.pastDate;
         takeAirport(*airport, near);
-        airports.push_back(std::move(near));
+        if (passes(near, options.filter))
+            airports.push_back(std::move(near));
     }
+}
+
+std::string filterText(const NearestFilter& filter, int altUnit) {
+    std::string words;
+    if (filter.fromRunwayFt > 0)
+        words = formatText(kAircraftTexts.fromRunway, {altitudeText(filter.fromRunwayFt, altUnit)});
+    if (filter.hardOnly)
+        words.append(words.empty() ? "" : ", ").append(text(kAircraftTexts.hard));
+    return words;
+}
+
+std::optional<int> glideArrivalFt(const CockpitData& data, const NearAirport& airport) {
+    if (!data.aircraft || !data.position || !data.altitudeFt || !airport.elevationFt)
+        return std::nullopt;
+    const PlannedLeg way{.courseTrueDeg = TrueCourseDeg(*data.position, airport.position),
+                         .nm = DistanceNm(*data.position, airport.position)};
+    const auto arrival =
+        glideArrivalFt(*data.aircraft, *data.altitudeFt - *airport.elevationFt, way,
+                       data.wind ? std::optional(data.wind->wind) : std::nullopt);
+    return arrival ? std::optional(RoundToInt(*arrival)) : std::nullopt;
 }
 
 std::optional<std::size_t> rowOfSame(std::span<const NearAirport> former, std::size_t row,

@@ -76,7 +76,8 @@ enum class PlaceLayerBit : unsigned {
     HideTowns = 13,
     HideRelief = 14,
     HideObstacles = 15,
-    Profile = 27,  ///< the strip under the map; off by default, and without labels
+    Profile = 27,        ///< the strip under the map; off by default, and without labels
+    EnduranceRing = 28,  ///< likewise
 };
 
 /// How much higher the bit of a layer's labels is.

@@ -6,6 +6,7 @@
 #include "base/TextNumbers.h"
 #include "cockpit/PageId.h"
 #include "cockpit/PlaceClass.h"
+#include "config/texts/AircraftTexts.h"
 #include "config/texts/FlightTexts.h"
 #include "config/texts/PreferenceTexts.h"
 
@@ -113,6 +114,7 @@ constexpr std::array kRows = {
     symbols(kPreferenceTexts.hideRelief, PlaceLayerBit::HideRelief),
     symbols(kPreferenceTexts.hideObstacles, PlaceLayerBit::HideObstacles),
     symbols(kPreferenceTexts.layerProfile, PlaceLayerBit::Profile),
+    symbols(kAircraftTexts.layerEndurance, PlaceLayerBit::EnduranceRing),
 
     flag(Approach, "ApprMode", kPreferenceTexts.prefApproach),
     flag(Approach, "AutoApprMode", kPreferenceTexts.prefAutoApproach),

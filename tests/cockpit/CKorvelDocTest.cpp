@@ -6,6 +6,7 @@
 #include "TempFolder.h"
 #include "cockpit/CKorvelDoc.h"
 #include "cockpit/ConnectedText.h"
+#include "cockpit/NearAirports.h"
 #include "geo/Geodesy.h"
 #include "platform/FileIo.h"
 #include "platform/NetSocket.h"
@@ -388,6 +389,56 @@ TEST_F(CKorvelDocTest, OtherDatabasesComeIntoUseAtATickAndThePlanKeepsItsPlaces)
     EXPECT_EQ(near(), "XNEW");
     EXPECT_EQ(doc_->charts().database().Find("XOLD"), nullptr);
     EXPECT_EQ(data().activeKey, "a.XOLD");
+}
+
+TEST_F(CKorvelDocTest, TheNearestStayWithTheLostPositionAndAnEmergencyEndsInThePlan) {
+    start("COM3:,4800,N,8,1");
+    const auto airport = [](const std::string& ident, const std::string& lon, const std::string& runway) {
+        return "ARPT_BEGIN\nID=" + ident + "\nNAME=" + ident + "\nPOSN.LAT=47.5\nELEV=1000\nPOSN.LON=" + lon +
+               "\nRWY1.LEN=" + runway + "\nRWY1.LO.ID=09\nRWY1.HI.ID=27\nARPT_END\n";
+    };
+    folder_.write("data/a.UDB.TXT",
+        airport("XGRS", "10.26", "2000\nRWY1.SURFACE=GRASS") + airport("XSHT", "10.28", "1500\nRWY1.SURFACE=ASPH") +
+            airport("XLNG", "10.33", "4500\nRWY1.SURFACE=CONC") + airport("XFAR", "11.25", "9000\nRWY1.SURFACE=CONC"));
+    doc_->loadDatabases(std::vector{folder_ / "data"});
+    ASSERT_EQ(doc_->flight().plan().enterRoute("XFAR"), "");
+    say({rmc(kHere), gga(kHere)});
+    const auto near = [&](const NearestFilter& filter) {
+        doc_->chooseNearest(filter);
+        doc_->wantNearAirports();
+        doc_->tick();
+        std::string found;
+        for (const NearAirport& each : *data().shownNearAirports()) found += each.ident + " ";
+        return found;
+    };
+    EXPECT_EQ(near({}), "XGRS XSHT XLNG XFAR ");
+    EXPECT_EQ(near({.fromRunwayFt = 2000}), "XGRS XLNG XFAR ");
+    EXPECT_EQ(near({.hardOnly = true}), "XSHT XLNG XFAR ");
+    EXPECT_EQ(filterText({.fromRunwayFt = 2000, .hardOnly = true}, 1), "from 610 m, hard");
+    const auto ranked = [&] {
+        std::string found;
+        for (const EmergencyField& field : doc_->emergency().fields(data()))
+            found += field.airport.ident + (field.isInGlide() ? "+ " : " ");
+        return found;
+    };
+    EXPECT_EQ(ranked(), "XGRS XSHT XLNG XFAR ") << "no aircraft: the nearest one";
+    doc_->aircraft().choose(AircraftProfile{});
+    say({rmc(kHere), "GPGGA,1," + std::string(kHere) + ",1,04,1.2,1500.0,M,,,,"});  // 3900 ft above them
+    EXPECT_EQ(ranked(), "XLNG+ XSHT+ XGRS+ XFAR ");
+    const EmergencyField best = doc_->emergency().fields(data()).front();
+    doc_->emergency().flyTo(best.airport);
+    doc_->emergency().flyTo(doc_->emergency().fields(data())[1].airport);
+    doc_->refresh();
+    EXPECT_TRUE(data().emergency && data().directLeg);
+    EXPECT_EQ(data().activeKey, "a.XSHT");
+    doc_->emergency().end();
+    doc_->tick();
+    EXPECT_FALSE(data().emergency || data().directLeg);
+    EXPECT_EQ(data().activeKey, "a.XFAR");
+    clock_.advanceMs(5000);
+    EXPECT_EQ(near({}), "XGRS XSHT XLNG XFAR ");
+    EXPECT_TRUE(data().formerNearAirports && !data().nearAirports && !data().position);
+    EXPECT_EQ(ranked(), "XGRS XSHT XLNG XFAR ") << "how high it is nobody knows";
 }
 
 TEST_F(CKorvelDocTest, TheTimeIsTheReceiversWhileItTellsIt) {

@@ -29,6 +29,7 @@ TEST(Modes, EachStateIsMarked) {
         {"REPLAY", [](CockpitData& data) { data.source = SourceKind::Replay; }},
         {"REPLAY ENDED | NO GPS",
             [](CockpitData& data) { data = lost(9), data.source = SourceKind::Replay, data.sourceEnded = true; }},
+        {"EMERGENCY | D→", [](CockpitData& data) { data.emergency = data.directLeg = true; }},
         {"SUSP", [](CockpitData& data) { data.suspended = true; }},
         {"D→ | OBS 090° | REC",
             [](CockpitData& data) { data.directLeg = data.recording = true, data.obsCourseMagDeg = 90; }},

@@ -131,8 +131,10 @@ TEST(NearAirports, CarryWhatThePilotAsksFor) {
                          .elevationFt = 431,
                          .longestRunwayFt = 4100,
                          .surface = "ASPH",
+                         .hard = true,
                          .runway = "07/25",
-                         .frequency = "TWR 118.100"}));
+                         .frequency = "TWR 118.100",
+                         .frequencies = {"TWR 118.100", "CTAF 122.800"}}));
     EXPECT_EQ(found[1].frequency, "");
     EXPECT_EQ(found[1].longestRunwayFt, std::nullopt);
     findNearAirports(
