@@ -11,6 +11,7 @@
 #include "map/layers/AirspaceLayer.h"
 #include "map/layers/ApproachLayer.h"
 #include "map/layers/CompassRoseLayer.h"
+#include "map/layers/EnduranceLayer.h"
 #include "map/layers/FurnitureLayer.h"
 #include "map/layers/GridLayer.h"
 #include "map/layers/GroundLayer.h"
@@ -83,6 +84,7 @@ constexpr std::array kLayers{
     words<RangeRingLayer>("ring distances", Turn::Rings),
     layer<ObstacleLayer>("obstacles", Turn::Ground, kObstaclesToNm),
     layer<TrackLayer>("track", Turn::Ground),
+    layer<EnduranceLayer>("endurance", Turn::Plan),
     layer<PlanLayer>("plan", Turn::Plan),
     words<RunwayLayer>("runway numbers", Turn::Ground, kRunwaysToNm),
     words<PlaceLayer>("names", Turn::Ground),

@@ -9,6 +9,7 @@
 
 #include "base/TextNumbers.h"
 #include "config/Text.h"
+#include "config/texts/AircraftTexts.h"
 #include "config/texts/InstrumentTexts.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
@@ -29,7 +30,7 @@ constexpr double kWideEnoughPx = 900;  // for a column more
 constexpr double kBarPx = 6;
 
 /// The columns of figures, from the right edge; the waypoint takes what is left.
-enum class Column : std::uint8_t { Altitude, Track, Leg, Total, Time, Arrival };
+enum class Column : std::uint8_t { Altitude, Track, Leg, Total, Time, Arrival, Fuel };
 
 struct ColumnLook {
     Column column{};
@@ -43,13 +44,29 @@ constexpr std::array kColumns{ColumnLook{Column::Altitude, kInstrumentTexts.alti
                               ColumnLook{Column::Leg, kInstrumentTexts.distance, 4.0, true},
                               ColumnLook{Column::Total, kInstrumentTexts.total, 4.4, false},
                               ColumnLook{Column::Time, kInstrumentTexts.ete, 3.6, true},
-                              ColumnLook{Column::Arrival, kInstrumentTexts.eta, 4.2, true}};
+                              ColumnLook{Column::Arrival, kInstrumentTexts.eta, 4.2, true},
+                              ColumnLook{Column::Fuel, kInstrumentTexts.fuel, 4.4, true}};
 
 std::string milesText(const std::optional<double>& nm, DistanceUnit unit) {
     if (!nm)
         return std::string(kNoValue);
     const double shown = ConvertDistance(*nm, unit);
     return formatFixed(shown, shown < 99.95 ? 1 : 0);
+}
+
+bool isBelowReserve(const PlanFigures& figures, const CockpitData& data) {
+    return data.aircraft && figures.fuelLeft && *figures.fuelLeft < data.aircraft->reserveFuel();
+}
+
+/// Below the reserve it says so in a word.
+std::string fuelCell(const PlanFigures& figures, const CockpitData& data) {
+    if (!figures.fuelLeft)
+        return "";
+    if (*figures.fuelLeft <= 0)
+        return std::string(text(kAircraftTexts.empty));
+    const std::string amount = formatFixed(*figures.fuelLeft, 0);
+    return isBelowReserve(figures, data) ? formatText(kAircraftTexts.reserveShort, {amount})
+                                         : amount;
 }
 
 /// What stands in a column of a row, and nothing where nothing is expected.
@@ -68,9 +85,14 @@ std::string cellText(Column column, const PlanRow& row, const PlanFigures& figur
             return figures.legNm ? durationText(figures.legHours) : "";
         case Column::Arrival:
             return figures.totalNm ? arrivalText(figures.totalHours, data.now) : "";
+        case Column::Fuel:
+            return fuelCell(figures, data);
     }
     return {};
 }
+
+/// Where the fuel is counted, at the right of all other columns.
+bool showsFuel(const CockpitData& data) { return data.aircraft && data.fuelLeft; }
 
 class FlightPlanPainter {
  public:
@@ -118,7 +140,8 @@ class FlightPlanPainter {
         double right = canvas_.width() - textPx_ * 0.7 - kBarPx;
         for (std::size_t i = kColumns.size(); i-- > 0;) {
             const ColumnLook& look = kColumns.at(i);
-            if (!look.always && canvas_.width() < kWideEnoughPx)
+            if ((!look.always && canvas_.width() < kWideEnoughPx) ||
+                (look.column == Column::Fuel && !showsFuel(data_)))
                 continue;
             columns_.push_back({&look, right});
             right -= look.widthEm * textPx_;
@@ -166,6 +189,8 @@ class FlightPlanPainter {
             ConvertDistance(0, data_.distanceUnit, &labels);
             head.append(" ").append(labels.distance);
         }
+        if (look.column == Column::Fuel && data_.aircraft)
+            head.append(" ").append(fuelUnitText(data_.aircraft->fuelUnit));
         if (look.column == Column::Arrival)
             head.append(" ").append(text(kInstrumentTexts.localTime));
         return head;
@@ -227,10 +252,16 @@ class FlightPlanPainter {
         for (const PlacedColumn& column : columns_)
             canvas_.text({column.right, area.center().y},
                          cellText(column.look->column, row, figures, data_),
-                         style(1, ink, AlignX::Right, isActive));
+                         style(1, inkOf(column, figures, ink), AlignX::Right, isActive));
         if (view_.selectedRow == index)
             canvas_.rect({area.x + 1.5, area.y + 1.5, area.width - kBarPx - 3, area.height - 3},
                          std::nullopt, Pen{colors_[ColorKey::MapNavaidSelected], 3});
+    }
+
+    [[nodiscard]] ColorValue inkOf(const PlacedColumn& column, const PlanFigures& figures,
+                                   ColorValue usual) const {
+        const bool warns = column.look->column == Column::Fuel && isBelowReserve(figures, data_);
+        return warns ? colors_[ColorKey::GeoWarning] : usual;
     }
 
     [[nodiscard]] ColorValue activeColor() const { return colors_[ColorKey::MapFlightPlanActive]; }
@@ -307,6 +338,8 @@ class FlightPlanPainter {
                  formatText(kInstrumentTexts.eteOf, {durationText(last.totalHours)}),
                  formatText(kInstrumentTexts.etaOf, {arrivalText(last.totalHours, data_.now),
                                                      text(kInstrumentTexts.localTime)})});
+        const std::size_t usual = words.size();
+        addAircraft(last, words);
         const double left = textPx_ * 0.7;
         const double room = columns_.front().right - left;
         double taken = (static_cast<double>(words.size()) - 1) * textPx_;  // with the least gaps
@@ -318,10 +351,32 @@ class FlightPlanPainter {
             gap -= widthOf(word, look);
         gap /= std::max(static_cast<double>(words.size()) - 1, 1.0);
         double x = left;
-        for (const std::string& word : words) {
-            canvas_.text({x, area.center().y}, word, look);
-            x += widthOf(word, look) + gap;
+        for (std::size_t i = 0; i < words.size(); ++i) {
+            TextStyle own = look;
+            if (i >= usual && isBelowReserve(last, data_))
+                own.color = colors_[ColorKey::GeoWarning];
+            canvas_.text({x, area.center().y}, words[i], own);
+            x += widthOf(words[i], look) + gap;
         }
+    }
+
+    /// What the planned times go by, and the fuel at the end.
+    void addAircraft(const PlanFigures& last, std::vector<std::string>& words) const {
+        if (timesArePlanned(data_)) {
+            const int speed = RoundToInt(data_.aircraft->cruiseKt);
+            words.front() += "  ";
+            words.front() += data_.wind ? formatText(kAircraftTexts.plannedWithWind,
+                                                     {speed, std::string_view(windText(data_))})
+                                        : formatText(kAircraftTexts.planned, {speed});
+        }
+        if (!last.fuelLeft)
+            return;
+        const std::string amount = *last.fuelLeft > 0
+                                       ? fuelText(*last.fuelLeft, data_.aircraft->fuelUnit)
+                                       : std::string(text(kAircraftTexts.empty));
+        words.push_back(formatText(kAircraftTexts.fuelAtEnd, {amount}));
+        if (isBelowReserve(last, data_))
+            words.back().append(" ").append(text(kAircraftTexts.belowReserve));
     }
 
     [[nodiscard]] double widthOf(const std::string& word, const TextStyle& look) const {

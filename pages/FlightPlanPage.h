@@ -61,8 +61,9 @@ std::size_t firstShownRow(const CockpitData& data, const FlightPlanView& view,
                           const FlightPlanRows& rows);
 
 /// The plan as a table: waypoint, altitude, magnetic track, distance, time and time of arrival,
-/// with the whole distance where there is room. What is flown to is marked, what was passed is
-/// ticked off and faded. Without a plan it says how to make one. Fills the whole canvas.
+/// with the whole distance where there is room, and the fuel left there where it is counted, amber
+/// and with a word below the reserve. What is flown to is marked, what was passed is ticked off and
+/// faded. Without a plan it says how to make one. Fills the whole canvas.
 void paintFlightPlanPage(Canvas& canvas, const CockpitData& data, const FlightPlanView& view,
                          const MapColorCache& colors);
 

@@ -8,6 +8,7 @@
 
 #include "base/TextNumbers.h"
 #include "config/Text.h"
+#include "config/texts/AircraftTexts.h"
 #include "config/texts/InstrumentTexts.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
@@ -167,22 +168,31 @@ void paintFlags(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data, d
         paintWarningFlag(canvas, flag.center, flag.word, textPx, colors);
 }
 
+std::string valueText(const NavFieldText& text) {
+    return text.unit.empty() ? text.value : text.value + " " + text.unit;
+}
+
+struct Named {
+    std::string_view name;
+    std::string value;
+};
+
 // A corner's field: its name over its value.
-void paintCorner(Canvas& canvas, const NavField& field, const CockpitData& data, const Rect& room,
-                 bool right, double textPx, const MapColorCache& colors) {
-    const NavFieldText text = field.format(data);
+void paintCorner(Canvas& canvas, const Named& field, const Rect& room, bool right, double textPx,
+                 const MapColorCache& colors) {
     TextStyle style{.font = {.height = textPx, .weight = FontWeight::Bold},
                     .color = colors[ColorKey::HsiLine],
                     .alignX = right ? AlignX::Right : AlignX::Left,
                     .alignY = AlignY::Top};
     const double x = right ? room.right() : room.x;
-    canvas.text({x, room.y}, korvel::text(field.header), style);
-    const std::string value = text.unit.empty() ? text.value : text.value + " " + text.unit;
+    const double nameWidth = canvas.textMeasure().measure(field.name, style.font).width;
+    style.font.height *= std::min(1.0, room.width / std::max(nameWidth, 1.0));
+    canvas.text({x, room.y}, field.name, style);
     style.font.height = std::round(textPx * 1.9);
-    const double width = canvas.textMeasure().measure(value, style.font).width;
+    const double width = canvas.textMeasure().measure(field.value, style.font).width;
     style.font.height *= std::min(1.0, room.width / std::max(width, 1.0));
     style.color = colors[ColorKey::HsiNumeral];
-    canvas.text({x, room.y + 1.3 * textPx}, value, style);
+    canvas.text({x, room.y + 1.3 * textPx}, field.value, style);
 }
 
 void paintCorners(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data, double textPx,
@@ -197,7 +207,9 @@ void paintCorners(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data,
     const double bottom = canvas.height() - margin - height + 0.5 * textPx;
     const auto corner = [&](NavFieldId id, bool right, double top) {
         const double left = right ? canvas.width() - margin - width : margin;
-        paintCorner(canvas, navField(id), data, {left, top, width, height}, right, textPx, colors);
+        const NavField& field = navField(id);
+        paintCorner(canvas, {text(field.header), valueText(field.format(data))},
+                    {left, top, width, height}, right, textPx, colors);
     };
     corner(NavFieldId::Waypoint, false, margin);
     corner(NavFieldId::DesiredTrack, true, margin);
@@ -219,10 +231,17 @@ void paintSides(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data, d
         const NavField& field = navField(id);
         if (width < 4 * textPx || room.bottom() > corner + height ||
             field.format(data).value == kNoValue)
-            return;
-        paintCorner(canvas, field, data, room, true, textPx, colors);
+            continue;
+        paintCorner(canvas, {text(field.header), valueText(field.format(data))}, room, true, textPx,
+                    colors);
         room.y += std::round(3.4 * textPx);
     }
+    if (data.wind && width >= 4 * textPx && room.bottom() <= corner + height)
+        paintCorner(
+            canvas,
+            {text(data.wind->entered ? kAircraftTexts.windEntered : kAircraftTexts.windEstimated),
+             windText(data)},
+            room, true, textPx, colors);
 }
 
 double keptFree(const Rect& page, const CockpitData& data) {

@@ -232,6 +232,19 @@ NavFieldText satellites(const CockpitData& data) {
     return {formatInt(data.satsInUse), data.fix3D ? "3D" : data.fix2D ? "2D" : "", ""};
 }
 
+NavFieldText fuel(const CockpitData& data) {
+    if (!data.aircraft || !data.fuelLeft)
+        return absent();
+    return {formatFixed(*data.fuelLeft, 0), std::string(fuelUnitText(data.aircraft->fuelUnit)), ""};
+}
+
+// To empty tanks, the reserve included.
+NavFieldText endurance(const CockpitData& data) {
+    if (!data.aircraft || !data.fuelLeft)
+        return absent();
+    return durationIn(*data.fuelLeft / data.aircraft->burnPerHour * kSecondsPerHour);
+}
+
 constexpr std::array kFields{
     NavField{NavFieldId::GroundSpeed, kInstrumentTexts.groundSpeed, "888", 1, groundSpeed},
     NavField{NavFieldId::Track, kInstrumentTexts.track, "888", 1, track},
@@ -259,6 +272,8 @@ constexpr std::array kFields{
     NavField{NavFieldId::Utc, kInstrumentTexts.utc, "88:88", 1, utc},
     NavField{NavFieldId::FlightTime, kInstrumentTexts.flightTime, "88:88", 1, flightTime},
     NavField{NavFieldId::Satellites, kInstrumentTexts.satellites, "88", 1, satellites},
+    NavField{NavFieldId::Fuel, kInstrumentTexts.fuel, "888", 1, fuel},
+    NavField{NavFieldId::Endurance, kInstrumentTexts.endurance, "88:88", 1, endurance},
 };
 
 constexpr std::array kDefaultFields{NavFieldId::GroundSpeed,  NavFieldId::Track,
@@ -268,6 +283,15 @@ constexpr std::array kDefaultFields{NavFieldId::GroundSpeed,  NavFieldId::Track,
                                     NavFieldId::DesiredTrack, NavFieldId::Eta};
 
 }  // namespace
+
+std::string windText(const CockpitData& data) {
+    if (!data.wind)
+        return std::string(kNoValue);
+    UnitLabels labels;
+    const double speed = ConvertDistance(data.wind->wind.speedKt, data.distanceUnit, &labels);
+    return courseText(data.wind->wind.fromTrueDeg, data.variationDeg) + " " +
+           formatFixed(speed, 0) + " " + std::string(labels.speed);
+}
 
 std::span<const NavField> navFields() { return kFields; }
 

@@ -36,6 +36,8 @@ enum class NavFieldId : std::uint8_t {
     Utc,
     FlightTime,
     Satellites,
+    Fuel,
+    Endurance,
 };
 
 /// What a field shows: a value and a unit beside it, or two lines without a unit.
@@ -59,6 +61,9 @@ struct NavField {
 
 /// Stands where a value is unknown or too old.
 inline constexpr std::string_view kNoValue = "---";
+
+/// "247°M 18 kt" where it blows from and how fast; "---" without a wind.
+std::string windText(const CockpitData& data);
 
 /// All fields that there are.
 std::span<const NavField> navFields();

@@ -45,6 +45,8 @@ inline CockpitData navigating() {
     data.turnRateDegPerSec = 1.5;
     data.bankDeg = 9.2;
     data.pitchDeg = 2.1;
+    data.aircraft.emplace();
+    data.fuelLeft = 72.8;  // at 25 an hour
     PlanView plan;
     plan.rows.resize(3);
     plan.rows[1].ident = "EDMA";

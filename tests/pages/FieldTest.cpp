@@ -47,6 +47,8 @@ TEST(NavField, FieldsShowTheirValuesOrDashes) {
         {"UTC", {"12:05", "07", ""}, {"12:05", "07", ""}},
         {"FLT TIME", {"1:02", "h", ""}, {"1:02", "h", ""}},
         {"SAT", {"8", "3D", ""}, {"8", "3D", ""}},
+        {"FUEL", {"73", "L", ""}, {"73", "L", ""}},
+        {"ENDUR", {"2:54", "h", ""}, {"2:54", "h", ""}},
         {"TIME", {"14:05", "07 LT", ""}, {"14:05", "07 LT", ""}},
     };
     EXPECT_EQ(std::size(cases), navFields().size());

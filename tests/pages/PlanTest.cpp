@@ -42,6 +42,47 @@ TEST(FlightPlanPage, Figures) {
     EXPECT_EQ(arrivalText(0, {.hour = 14, .minute = 5, .second = 30}), "14:06");
 }
 
+TEST(FlightPlanPage, FuelIsTheAircraftsAndItsWordSaysWhenItIsShort) {
+    const ColorScheme scheme;
+    const MapColorCache colors(scheme);
+    CockpitData data = flying();
+    data.plan = planOf(4, 2);
+    data.activeWaypoint = data.plan->rows[2].position;
+    data.distanceNm = 12;
+    data.groundSpeedKt = 60;
+    data.aircraft.emplace();  // 100 kt, 25 an hour, reserve 12.5
+    EXPECT_EQ(planFigures(data)[3].fuelLeft, std::nullopt);
+    data.fuelLeft = 28.2;
+    EXPECT_EQ(planFigures(data)[1].fuelLeft, std::nullopt) << "it lies behind";
+    EXPECT_NEAR(*planFigures(data)[2].fuelLeft, 23.2, 1e-9);
+    EXPECT_NEAR(*planFigures(data)[3].fuelLeft, 10.7, 1e-9);
+    RecordingCanvas canvas(800, 370);
+    const auto colorOf = [&](std::string_view words) {
+        canvas.clear();
+        paintFlightPlanPage(canvas, data, {}, colors);
+        const auto* found = canvas.findText(words);
+        return found == nullptr ? 0 : found->style.color;
+    };
+    EXPECT_EQ(colorOf("23"), colors[ColorKey::HsiNumeral]);
+    EXPECT_EQ(colorOf("RES 11"), colors[ColorKey::GeoWarning]);
+    EXPECT_EQ(colorOf("Fuel 11 L BELOW RESERVE"), colors[ColorKey::GeoWarning]);
+    data.fuelLeft = 17;
+    EXPECT_NE(colorOf("EMPTY"), 0U);
+    // Standing: as planned, to the north into the wind and at its altitudes.
+    data.groundSpeedKt = 0;
+    EXPECT_NEAR(*planFigures(data)[3].legHours, 0.3, 1e-6);
+    data.wind = WindView{.wind = {0, 25}, .entered = true};
+    EXPECT_NEAR(*planFigures(data)[3].legHours, 0.4, 1e-6);
+    auto climbing = planOf(4, std::nullopt);
+    climbing->rows[1].altitudeFt = 6500;
+    climbing->rows[3].altitudeFt = 5500;
+    data.plan = climbing;
+    data.altitudeFt = 1500;
+    data.wind.reset();
+    EXPECT_NEAR(*planFigures(data)[1].legHours, 10 / 60.0 + (30 - 12.5) / 100, 1e-6);
+    EXPECT_NEAR(*planFigures(data)[3].legHours, 0.3, 1e-6) << "it descends as fast as it flies";
+}
+
 TEST(FlightPlanPage, RowsAndPictures) {
     const ColorScheme scheme;
     const MapColorCache colors(scheme);
