@@ -7,11 +7,15 @@
 #include <string_view>
 
 #include "base/TextNumbers.h"
+#include "cockpit/NearAirports.h"
 #include "config/Text.h"
+#include "config/texts/AircraftTexts.h"
 #include "config/texts/InstrumentTexts.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
+#include "pages/NavField.h"
+#include "pages/PlanFigures.h"
 #include "paint/MapColorCache.h"
 #include "paint/TextLine.h"
 #include "paint/TypeSizes.h"
@@ -21,11 +25,16 @@ namespace {
 
 constexpr double kLargeShare = 1.35;
 constexpr double kFaded = 0.35;
+constexpr double kOld = 0.5;
+constexpr double kTitlePx = 48;       // for a thumb
+constexpr double kButtonEm = 9;       // of the type size
+constexpr double kSlowestKt = 5;      // as slow, a time says nothing
 constexpr double kWordsFromPx = 640;  // width from which figures have room for a word
 
 // Left edges of the columns as shares of the width: who, where, how far, what.
-constexpr double kBearingColumn = 0.40;
-constexpr double kDistanceEnd = 0.72;
+constexpr double kBearingColumn = 0.33;
+constexpr double kDistanceEnd = 0.64;
+constexpr double kTimeEnd = 0.79;
 constexpr double kRunwayEnd = 1.0;
 
 class NearestPainter {
@@ -40,14 +49,15 @@ class NearestPainter {
 
     void paint(const RowListView& view) {
         canvas_.rect({0, 0, canvas_.width(), canvas_.height()}, Brush{background_}, std::nullopt);
-        const std::size_t count = data_.nearAirports ? data_.nearAirports->size() : 0;
-        const RowListLayout layout = layOutRowList(canvas_.width(), canvas_.height(), count, view);
+        const auto& airports = data_.shownNearAirports();
+        const std::size_t count = airports ? airports->size() : 0;
+        const NearestLayout layout = layOutNearest(canvas_.width(), canvas_.height(), count, view);
         title(layout, count);
         if (count == 0)
             reason();
-        for (std::size_t i = 0; i < layout.rows.size(); ++i) {
-            const std::size_t index = layout.firstRow + i;
-            row((*data_.nearAirports)[index], layout.rows[i], view.selected == index);
+        for (std::size_t i = 0; i < layout.list.rows.size(); ++i) {
+            const std::size_t index = layout.list.firstRow + i;
+            row((*airports)[index], layout.list.rows[i], view.selected == index);
         }
     }
 
@@ -58,17 +68,45 @@ class NearestPainter {
     Font small() const { return {.height = std::max(11.0, std::round(textPx_ * 0.95))}; }
     double margin() const { return textPx_; }
 
-    void title(const RowListLayout& layout, std::size_t count) {
-        const Rect& area = layout.title;
+    /// Which airports, how old the list is when it is, and two buttons.
+    void title(const NearestLayout& layout, std::size_t count) {
+        const Rect& area = layout.list.title;
+        const ColorValue ink = colors_[ColorKey::MapInfoText];
         canvas_.rect(area, Brush{colors_[ColorKey::MapInfoBackground]}, std::nullopt);
-        TextStyle style{.font = {.height = std::round(textPx_ * 1.1), .weight = FontWeight::Bold},
-                        .color = colors_[ColorKey::MapInfoText],
-                        .alignY = AlignY::Middle};
-        canvas_.text({area.x + margin(), area.center().y}, text(kStatusTexts.nearestAirports),
-                     style);
-        style.alignX = AlignX::Right;
+        const Font head{.height = std::round(textPx_ * 1.1), .weight = FontWeight::Bold};
+        const double room = layout.filter.x - 2 * margin();
+        const auto fitted = [&](std::string_view words, double y, const Font& font,
+                                ColorValue color) {
+            left(fittingText(canvas_.textMeasure(), std::string(words), font, room), margin(), y,
+                 font, color);
+        };
+        fitted(text(kStatusTexts.nearestAirports), area.y + 0.3 * area.height, head, ink);
+        std::string which = filterText(data_.nearestFilter, data_.altUnit);
+        if (which.empty())
+            which = text(kAircraftTexts.allAirports);
         if (count > 0)
-            canvas_.text({area.right() - margin(), area.center().y}, shownOf(layout, count), style);
+            which += "   " + shownOf(layout.list, count);
+        const bool isOld = !data_.nearAirports && count > 0 && data_.positionAgeSec;
+        if (isOld)
+            which = formatText(kAircraftTexts.ageOfList, {ageText(*data_.positionAgeSec)}) + "   " +
+                    which;
+        fitted(which, area.y + 0.74 * area.height, small(),
+               isOld ? colors_[ColorKey::GeoWarning] : ink);
+        button(layout.filter, text(kAircraftTexts.filterButton), ink);
+        button(layout.emergency, text(kAircraftTexts.emergency),
+               colors_[ColorKey::MapObstacleDanger]);
+    }
+
+    void button(const Rect& area, std::string_view words, ColorValue frame) {
+        const Rect inner{area.x + 3, area.y + 3, area.width - 6, area.height - 6};
+        canvas_.rect(inner, Brush{background_}, Pen{frame, 2});
+        TextStyle style{.font = {.height = textPx_, .weight = FontWeight::Bold},
+                        .color = colors_[ColorKey::HsiNumeral],
+                        .alignX = AlignX::Center,
+                        .alignY = AlignY::Middle};
+        const double wide = canvas_.textMeasure().measure(words, style.font).width;
+        style.font.height *= std::min(1.0, (inner.width - 8) / std::max(wide, 1.0));
+        canvas_.text(inner.center(), words, style);
     }
 
     /// "7–12 / 20".
@@ -82,6 +120,8 @@ class NearestPainter {
     void row(const NearAirport& airport, const Rect& area, bool selected) {
         const ColorValue ground = selected ? colors_.chosenGround() : background_;
         ink_ = selected ? colors_.chosenInk() : colors_[ColorKey::HsiNumeral];
+        if (!data_.nearAirports)
+            ink_ = blended(ink_, ground, kOld);
         faint_ = blended(ink_, ground, kFaded);
         if (selected)
             canvas_.rect(area, Brush{ground}, std::nullopt);
@@ -93,6 +133,8 @@ class NearestPainter {
         bearing(airport, area.width * kBearingColumn, upper);
         right(distanceTenthsText(airport.distanceNm, data_.distanceUnit), area.width * kDistanceEnd,
               upper, large(), ink_);
+        right(timeText(airport), area.width * kTimeEnd, upper, large(), ink_);
+        glideMark(airport, area.width * kTimeEnd, lower);
         runway(airport, area.width * kRunwayEnd - margin(), upper, lower);
         std::string elevation =
             airport.elevationFt ? altitudeText(*airport.elevationFt, data_.altUnit) : "---";
@@ -103,9 +145,31 @@ class NearestPainter {
              lower, small(), ink_);
     }
 
+    std::string timeText(const NearAirport& airport) const {
+        if (!data_.nearAirports || data_.groundSpeedKt.value_or(0) < kSlowestKt)
+            return std::string(kNoValue);
+        return durationText(airport.distanceNm / *data_.groundSpeedKt);
+    }
+
+    /// A path that comes down to the line's end, and the word.
+    void glideMark(const NearAirport& airport, double edge, double y) {
+        const auto arrival = glideArrivalFt(data_, airport);
+        if (!arrival || *arrival < 0)
+            return;
+        const std::string_view word = text(kAircraftTexts.glide);
+        const double x = edge - canvas_.textMeasure().measure(word, small()).width - 0.5 * textPx_;
+        const double size = 0.45 * textPx_;
+        canvas_.polygon(std::array{Point{x - 2 * size, y - size}, Point{x, y + size},
+                                   Point{x - 2 * size, y + size}},
+                        Brush{ink_}, std::nullopt);
+        right(word, edge, y, small(), ink_);
+    }
+
     void who(const NearAirport& airport, double upper, double lower) {
         left(airport.ident, margin(), upper, large(), ink_);
-        left(airport.name, margin(), lower, small(), faint_);
+        const double room = canvas_.width() * kBearingColumn - 1.5 * margin();
+        left(fittingText(canvas_.textMeasure(), airport.name, small(), room), margin(), lower,
+             small(), faint_);
         if (!airport.expired)
             return;
         // A word in a frame, so that it does not hang on the colour.
@@ -150,8 +214,9 @@ class NearestPainter {
     }
 
     void reason() {
-        std::string why(text(kStatusTexts.noAirportNear));
-        if (!data_.nearAirports)
+        std::string why(text(data_.nearestFilter.isOn() ? kAircraftTexts.noneLikeThat
+                                                        : kStatusTexts.noAirportNear));
+        if (!data_.shownNearAirports())
             why = text(data_.position ? kStatusTexts.nearestNotKnown : kStatusTexts.noGpsSignal);
         TextStyle style{
             .font = large(), .color = ink_, .alignX = AlignX::Center, .alignY = AlignY::Middle};
@@ -178,6 +243,17 @@ class NearestPainter {
 };
 
 }  // namespace
+
+NearestLayout layOutNearest(double width, double height, std::size_t count,
+                            const RowListView& view) {
+    NearestLayout layout{
+        .list = layOutRowList(width, height, count, view, kTitlePx), .filter = {}, .emergency = {}};
+    const Rect& title = layout.list.title;
+    const double button = std::min(kButtonEm * mapTextPx(width, height), width / 4);
+    layout.emergency = {title.right() - button, title.y, button, title.height};
+    layout.filter = {layout.emergency.x - button, title.y, button, title.height};
+    return layout;
+}
 
 void paintNearestPage(Canvas& canvas, const CockpitData& data, const RowListView& view,
                       const MapColorCache& colors) {

@@ -8,7 +8,19 @@ namespace korvel {
 
 class MapColorCache;
 
-/// The nearest airports, a row each; without any it says why. Fills the whole canvas.
+/// Where everything stands on the page.
+struct NearestLayout {
+    RowListLayout list;
+    Rect filter;     ///< button: which airports
+    Rect emergency;  ///< button
+};
+
+NearestLayout layOutNearest(double width, double height, std::size_t count,
+                            const RowListView& view);
+
+/// The nearest airports, a row each: bearing, distance, time, whether it lies in gliding range, and
+/// the longest runway; without any it says why. When the position is lost the last list stays,
+/// faded and with its age. Fills the whole canvas.
 void paintNearestPage(Canvas& canvas, const CockpitData& data, const RowListView& view,
                       const MapColorCache& colors);
 

@@ -20,11 +20,11 @@ std::optional<std::size_t> RowListLayout::rowAt(Point point) const {
     return std::nullopt;
 }
 
-RowListLayout layOutRowList(double width, double height, std::size_t count,
-                            const RowListView& view) {
+RowListLayout layOutRowList(double width, double height, std::size_t count, const RowListView& view,
+                            double titlePx) {
     const double textPx = mapTextPx(width, height);
     RowListLayout layout;
-    layout.title = {0, 0, width, std::round(textPx * kTitleHeights)};
+    layout.title = {0, 0, width, std::max(titlePx, std::round(textPx * kTitleHeights))};
     const double rowHeight = std::round(textPx * kRowHeights);
     const double room = std::max(0.0, height - layout.title.height);
     layout.perPage = std::max<std::size_t>(1, static_cast<std::size_t>(room / rowHeight));

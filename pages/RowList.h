@@ -31,7 +31,8 @@ struct RowListLayout {
     std::optional<std::size_t> rowAt(Point point) const;
 };
 
-RowListLayout layOutRowList(double width, double height, std::size_t count,
-                            const RowListView& view);
+/// The title is at least `titlePx` high.
+RowListLayout layOutRowList(double width, double height, std::size_t count, const RowListView& view,
+                            double titlePx = 0);
 
 }  // namespace korvel

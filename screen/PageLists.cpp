@@ -20,7 +20,7 @@ std::size_t rowCount(const ListPage& page) {
     if (page.page == PageId::FlightPlan)
         return page.data.plan ? page.data.plan->rows.size() : 0;
     if (page.page == PageId::NearestAirport)
-        return page.data.nearAirports ? page.data.nearAirports->size() : 0;
+        return page.data.shownNearAirports() ? page.data.shownNearAirports()->size() : 0;
     return 0;
 }
 
@@ -32,7 +32,7 @@ bool hasSameRows(const PlanView* before, const PlanView* now) {
 FlightPlanRows planRows(const ListPage& page) { return {page.width, page.height, rowCount(page)}; }
 
 RowListLayout nearestRows(const ListPage& page, const RowListView& view) {
-    return layOutRowList(page.width, page.height, rowCount(page), view);
+    return layOutNearest(page.width, page.height, rowCount(page), view).list;
 }
 
 }  // namespace
@@ -40,8 +40,9 @@ RowListLayout nearestRows(const ListPage& page, const RowListView& view) {
 void PageLists::follow(const CockpitData& before, const CockpitData& now) {
     if (!hasSameRows(before.plan.get(), now.plan.get()))
         plan_.lifted.reset();
-    if (nearest_.selected && before.nearAirports && now.nearAirports)
-        nearest_.selected = rowOfSame(*before.nearAirports, *nearest_.selected, *now.nearAirports);
+    const auto& former = before.shownNearAirports();
+    if (nearest_.selected && former && now.shownNearAirports())
+        nearest_.selected = rowOfSame(*former, *nearest_.selected, *now.shownNearAirports());
 }
 
 bool PageLists::lift(const ListPage& page, Point at) {

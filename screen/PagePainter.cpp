@@ -26,11 +26,12 @@ double messageBand(const Canvas& canvas, PageId page, const PageScene& scene) {
     const CockpitData& data = scene.data;
     if (page == PageId::FlightPlan && data.plan)
         return FlightPlanRows(canvas.width(), canvas.height(), 0).totals().height;
-    if (page == PageId::NearestAirport && data.nearAirports && !data.nearAirports->empty())
-        return canvas.height() - layOutRowList(canvas.width(), canvas.height(),
-                                               data.nearAirports->size(), scene.nearest)
-                                     .rows.back()
-                                     .y;
+    const auto& near = data.shownNearAirports();
+    if (page == PageId::NearestAirport && near && !near->empty())
+        return canvas.height() -
+               layOutNearest(canvas.width(), canvas.height(), near->size(), scene.nearest)
+                   .list.rows.back()
+                   .y;
     return 0;
 }
 

@@ -271,7 +271,7 @@ bool ScreenHand::tapPage(Point at) {
         run(TouchCommand::Plan);
         return true;
     }
-    if (tapRow(at) || tapMap(at))
+    if (tapNearestButton(at) || tapRow(at) || tapMap(at))
         return true;
     screen_.closeCard();
     return false;
@@ -285,6 +285,21 @@ bool ScreenHand::tapApproach(Point at) {
     if (hit && onApproach)
         onApproach();
     return hit;
+}
+
+/// Of the title of the nearest airports.
+bool ScreenHand::tapNearestButton(Point at) {
+    if (screen_.page() != PageId::NearestAirport)
+        return false;
+    const Rect& page = screen_.areas().page();
+    const NearestLayout layout = layOutNearest(page.width, page.height, 0, {});
+    if (layout.filter.contains(at) && onNearestFilter)
+        onNearestFilter();
+    else if (layout.emergency.contains(at) && onEmergency)
+        onEmergency();
+    else
+        return false;
+    return true;
 }
 
 bool ScreenHand::tapRow(Point at) {
@@ -308,7 +323,7 @@ void ScreenHand::openRow(std::size_t row, Point at, bool byKey) {
     if (screen_.page() == PageId::FlightPlan && onPlanRow)
         onPlanRow(row);
     if (screen_.page() == PageId::NearestAirport)
-        screen_.openCard((*screen_.data().nearAirports)[row], at, byKey);
+        screen_.openCard((*screen_.data().shownNearAirports())[row], at, byKey);
 }
 
 // The card

@@ -31,6 +31,8 @@ class ScreenHand {
     std::function<void(TouchCommand)> onTouch;
     /// A row of the flight-plan page was tapped or opened by key.
     std::function<void(std::size_t row)> onPlanRow;
+    std::function<void()> onNearestFilter;  ///< which airports the list of the nearest ones holds
+    std::function<void()> onEmergency;
     std::function<void()> onApproach;  ///< the approach's box
     /// More is wanted of a place, of traffic, or a point of the map is to be marked.
     std::function<void(const DatabaseRecord&)> onPlace;
@@ -82,6 +84,7 @@ class ScreenHand {
     bool tapAlarm(Point at);
     bool tapPage(Point at);
     bool tapApproach(Point at);
+    bool tapNearestButton(Point at);
     bool tapRow(Point at);
     bool tapMap(Point at);
     bool canHold() const;

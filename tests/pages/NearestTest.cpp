@@ -33,6 +33,41 @@ TEST(NearestPage, TellsWhichRowIsUnderAFingerAndWhyThereIsNone) {
     data.nearAirports = std::make_shared<std::vector<NearAirport>>();
     paintNearestPage(canvas, data, {}, colors);
     EXPECT_NE(canvas.findText("No airport near"), nullptr);
+    data.nearestFilter.hardOnly = true;
+    paintNearestPage(canvas, data, {}, colors);
+    EXPECT_NE(canvas.findText("No airport near is like that"), nullptr);
+}
+
+TEST(NearestPage, TimeAndGlideAreOfAPositionAndAnOldListSaysHowOldItIs) {
+    const ColorScheme scheme;
+    const MapColorCache colors(scheme);
+    RecordingCanvas canvas(800, 370);
+    const auto shows = [&](const CockpitData& data, std::string_view words) {
+        canvas.clear();
+        paintNearestPage(canvas, data, {}, colors);
+        return canvas.findText(words) != nullptr;
+    };
+    CockpitData data = navigating();
+    NearAirport near = data.nearAirports->front();
+    near.position = atDegrees(48.4, 11.7861);  // 2.8 miles; the glide takes 1900 ft
+    data.nearAirports = std::make_shared<const std::vector<NearAirport>>(1, near);
+    EXPECT_FALSE(shows(data, "GLIDE")) << "of no known elevation";
+    near.elevationFt = 3500;
+    data.nearAirports = std::make_shared<const std::vector<NearAirport>>(1, near);
+    EXPECT_TRUE(shows(data, "GLIDE"));
+    EXPECT_TRUE(shows(data, "0:06"));
+    data.wind = WindView{.wind = {0, 30}, .entered = true};
+    EXPECT_FALSE(shows(data, "GLIDE")) << "into the wind";
+    data.wind.reset();
+    data.aircraft.reset();
+    EXPECT_FALSE(shows(data, "GLIDE"));
+    EXPECT_TRUE(shows(data, "all   1\u20131 / 1"));
+    CockpitData old = lost(34);
+    old.aircraft.emplace();
+    old.formerNearAirports = data.nearAirports;
+    EXPECT_TRUE(shows(old, "34 s old   all   1\u20131 / 1"));
+    EXPECT_FALSE(shows(old, "GLIDE") || shows(old, "0:06"));
+    EXPECT_NE(canvas.findText("EDMO")->style.color, colors[ColorKey::HsiNumeral]);
 }
 
 TEST(AirspacePage, SaysHowEachLiesAndWhyThereIsNone) {
