@@ -77,6 +77,8 @@ void CMainFrame::listenToScreen() {
     hand.onPlace = [this](const DatabaseRecord& record) { places_.open(record.Clone()); };
     hand.onMark = [this](GeoPoint where) { places_.mark(where); };
     hand.onTraffic = [this] { openSheet(std::make_unique<TrafficSheet>(this, parts_.document)); };
+    hand.onNearestFilter = [this] { navigate_.chooseNearest(); };
+    hand.onEmergency = [this] { navigate_.emergency(); };
     hand.onApproach = [this] { navigate_.approach(); };
 }
 

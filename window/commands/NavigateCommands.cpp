@@ -3,6 +3,7 @@
 #include <array>
 
 #include "cockpit/CKorvelDoc.h"
+#include "config/texts/AircraftTexts.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/MessageTexts.h"
 #include "screen/Screen.h"
@@ -10,6 +11,8 @@
 #include "window/sheets/ApproachSheet.h"
 #include "window/sheets/CourseSheet.h"
 #include "window/sheets/DirectToSheet.h"
+#include "window/sheets/EmergencySheet.h"
+#include "window/sheets/NearestSheet.h"
 #include "window/sheets/PlanRowSheet.h"
 #include "window/sheets/RouteSheet.h"
 
@@ -32,6 +35,8 @@ Flight& NavigateCommands::flight() { return host_.document().flight(); }
 
 void NavigateCommands::addTo(QMenu& menu) {
     host_.addCommand(
+        menu, kAircraftTexts.commandEmergency, {Qt::Key_E}, [this] { emergency(); });
+    host_.addCommand(
         menu, kCommandTexts.commandDirectTo, {Qt::Key_D}, [this] { directTo(); });
     host_.addCommand(
         menu, kCommandTexts.commandCourse, {QKeySequence(Qt::SHIFT | Qt::Key_D)},
@@ -39,6 +44,9 @@ void NavigateCommands::addTo(QMenu& menu) {
     host_.addCommand(
         menu, kCommandTexts.commandNearest, {Qt::Key_R},
         [this] { host_.screen().showPage(PageId::NearestAirport); });
+    host_.addCommand(
+        menu, kAircraftTexts.commandNearest, {QKeySequence(Qt::SHIFT | Qt::Key_R)},
+        [this] { chooseNearest(); });
     host_.addCommand(
         menu, kCommandTexts.commandApproach, {Qt::Key_A}, [this] { approach(); });
     host_.addCommand(menu, kCommandTexts.commandClearNavigation,
@@ -112,6 +120,20 @@ void NavigateCommands::directTo(const PlaceChoice& place) {
     auto sheet = std::make_unique<DirectToSheet>(&host_.window(), host_.document(), place);
     sheet->onDone = [this](const std::string& message) { host_.screen().say(message); };
     host_.openSheet(std::move(sheet));
+}
+
+void NavigateCommands::emergency() {
+    auto sheet = std::make_unique<EmergencySheet>(&host_.window(), host_.document());
+    sheet->onDone = [this](const std::string& message) {
+        host_.screen().choosePage(PageId::Map);
+        host_.screen().say(message);
+    };
+    host_.openSheet(std::move(sheet));
+}
+
+void NavigateCommands::chooseNearest() {
+    host_.screen().showPage(PageId::NearestAirport);
+    host_.openSheet(std::make_unique<NearestSheet>(&host_.window(), host_.document()));
 }
 
 void NavigateCommands::courseToPoint() {

@@ -30,6 +30,10 @@ class NavigateCommands {
     /// Chooses a runway to approach, of the destination or near by.
     void approach();
     void approach(std::vector<LandingRunway> runways);
+    /// Where to land at once, and the way back.
+    void emergency();
+    /// Which airports the nearest ones are chosen from.
+    void chooseNearest();
     /// Shows the plan's page, and on that page the line to change it with.
     void showPlan();
     void editRoute();

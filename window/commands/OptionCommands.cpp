@@ -6,14 +6,17 @@
 #include <climits>
 
 #include "cockpit/CKorvelDoc.h"
+#include "config/texts/AircraftTexts.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/MessageTexts.h"
 #include "config/texts/SheetTexts.h"
 #include "config/texts/TrafficTexts.h"
 #include "screen/Screen.h"
+#include "window/sheets/AircraftSheet.h"
 #include "window/sheets/AltimeterSheet.h"
 #include "window/sheets/CGPSDialog.h"
 #include "window/sheets/CPrefsSheet.h"
+#include "window/sheets/FuelSheet.h"
 #include "window/sheets/QuestionSheet.h"
 #include "window/sheets/SimulatorSheet.h"
 #include "window/sheets/TraceSheet.h"
@@ -46,11 +49,21 @@ void OptionCommands::addTo(QMenu& menu) {
     host_.addCommand(menu, kCommandTexts.commandPort, {Qt::Key_G}, [this] { choosePort(); });
     addSheet<AltimeterSheet>(menu, kCommandTexts.commandAltimeter,
                              {QKeySequence(Qt::SHIFT | Qt::Key_A)});
+    host_.addCommand(menu, kAircraftTexts.commandFuel, {Qt::Key_W}, [this] { enterFuel(); });
+    addSheet<AircraftSheet>(menu, kAircraftTexts.command, {QKeySequence(Qt::SHIFT | Qt::Key_W)});
     addSheet<TrafficSheet>(menu, kTrafficTexts.command, {QKeySequence(Qt::SHIFT | Qt::Key_T)});
     const auto updateChecks = [this] {
         simulating_->setChecked(host_.document().flight().simulator().running());
     };
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, updateChecks);
+}
+
+void OptionCommands::enterFuel() {
+    auto sheet = std::make_unique<FuelSheet>(&host_.window(), host_.document());
+    sheet->onAircraft = [this] {
+        host_.openSheet(std::make_unique<AircraftSheet>(&host_.window(), host_.document()));
+    };
+    host_.openSheet(std::move(sheet));
 }
 
 void OptionCommands::openPrefs() {

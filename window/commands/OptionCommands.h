@@ -24,6 +24,8 @@ class OptionCommands {
     /// where the aircraft is, the pilot is asked first.
     void simulate(bool on);
     void choosePort();
+    /// Fuel on board and wind.
+    void enterFuel();
 
     /// The preferences are about to open.
     std::function<void(CPrefsSheet&)> onPrefs;
