@@ -91,6 +91,17 @@ std::string cellText(Column column, const PlanRow& row, const PlanFigures& figur
     return {};
 }
 
+/// Of all legs; nothing when one of them has none.
+std::optional<double> sumOfHours(const std::vector<PlanFigures>& figures) {
+    double sum = 0;
+    for (const PlanFigures& row : figures) {
+        if (row.legNm && !row.legHours)
+            return std::nullopt;
+        sum += row.legHours.value_or(0);
+    }
+    return sum;
+}
+
 /// Where the fuel is counted, at the right of all other columns.
 bool showsFuel(const CockpitData& data) { return data.aircraft && data.fuelLeft; }
 
@@ -127,7 +138,7 @@ class FlightPlanPainter {
         if (view_.lifted && view_.lifted->row < figures.size())
             lifted(figures[view_.lifted->row]);
         scrollBar();
-        totals(figures.back());
+        totals(figures);
     }
 
  private:
@@ -249,19 +260,23 @@ class FlightPlanPainter {
         canvas_.line({area.x, area.bottom()}, {area.right(), area.bottom()}, {line_, 1});
         mark({area.x + textPx_ * 1.1, area.center().y}, part);
         names(row, area, ink, isActive);
-        for (const PlacedColumn& column : columns_)
-            canvas_.text({column.right, area.center().y},
-                         cellText(column.look->column, row, figures, data_),
-                         style(1, inkOf(column, figures, ink), AlignX::Right, isActive));
+        for (const PlacedColumn& column : columns_) {
+            const std::string words = cellText(column.look->column, row, figures, data_);
+            const TextStyle look = style(1, ink, AlignX::Right, isActive);
+            canvas_.text({column.right, area.center().y}, words, look);
+            if (column.look->column == Column::Fuel && isBelowReserve(figures, data_))
+                frame({column.right - widthOf(words, look), area.center().y}, widthOf(words, look));
+        }
         if (view_.selectedRow == index)
             canvas_.rect({area.x + 1.5, area.y + 1.5, area.width - kBarPx - 3, area.height - 3},
                          std::nullopt, Pen{colors_[ColorKey::MapNavaidSelected], 3});
     }
 
-    [[nodiscard]] ColorValue inkOf(const PlacedColumn& column, const PlanFigures& figures,
-                                   ColorValue usual) const {
-        const bool warns = column.look->column == Column::Fuel && isBelowReserve(figures, data_);
-        return warns ? colors_[ColorKey::GeoWarning] : usual;
+    /// Of a caution, around words that begin there.
+    void frame(Point at, double width) {
+        const double around = textPx_ * 0.25;
+        canvas_.rect({at.x - around, at.y - 0.75 * textPx_, width + 2 * around, 1.5 * textPx_},
+                     std::nullopt, Pen{colors_[ColorKey::GeoWarning], 2});
     }
 
     [[nodiscard]] ColorValue activeColor() const { return colors_[ColorKey::MapFlightPlanActive]; }
@@ -325,7 +340,8 @@ class FlightPlanPainter {
                      Brush{colors_[ColorKey::HsiLine], 0.6}, std::nullopt);
     }
 
-    void totals(const PlanFigures& last) {
+    void totals(const std::vector<PlanFigures>& figures) {
+        const PlanFigures& last = figures.back();
         const Rect area = rows_.totals();
         canvas_.line({area.x, area.y}, {area.right(), area.y}, {colors_[ColorKey::HsiLine], 2});
         std::vector<std::string> words{formatText(kInstrumentTexts.totalDistance,
@@ -338,8 +354,7 @@ class FlightPlanPainter {
                  formatText(kInstrumentTexts.eteOf, {durationText(last.totalHours)}),
                  formatText(kInstrumentTexts.etaOf, {arrivalText(last.totalHours, data_.now),
                                                      text(kInstrumentTexts.localTime)})});
-        const std::size_t usual = words.size();
-        addAircraft(last, words);
+        addAircraft(figures, words);
         const double left = textPx_ * 0.7;
         const double room = columns_.front().right - left;
         double taken = (static_cast<double>(words.size()) - 1) * textPx_;  // with the least gaps
@@ -350,24 +365,29 @@ class FlightPlanPainter {
         for (const std::string& word : words)
             gap -= widthOf(word, look);
         gap /= std::max(static_cast<double>(words.size()) - 1, 1.0);
+        const bool isShort = isBelowReserve(last, data_);
         double x = left;
         for (std::size_t i = 0; i < words.size(); ++i) {
-            TextStyle own = look;
-            if (i >= usual && isBelowReserve(last, data_))
-                own.color = colors_[ColorKey::GeoWarning];
-            canvas_.text({x, area.center().y}, words[i], own);
+            canvas_.text({x, area.center().y}, words[i], look);
+            if (isShort && i + 1 == words.size())
+                frame({x, area.center().y}, widthOf(words[i], look));
             x += widthOf(words[i], look) + gap;
         }
     }
 
     /// What the planned times go by, and the fuel at the end.
-    void addAircraft(const PlanFigures& last, std::vector<std::string>& words) const {
+    void addAircraft(const std::vector<PlanFigures>& figures,
+                     std::vector<std::string>& words) const {
+        const PlanFigures& last = figures.back();
         if (timesArePlanned(data_)) {
             const int speed = RoundToInt(data_.aircraft->cruiseKt);
             words.front() += "  ";
             words.front() += data_.wind ? formatText(kAircraftTexts.plannedWithWind,
                                                      {speed, std::string_view(windText(data_))})
                                         : formatText(kAircraftTexts.planned, {speed});
+            if (!last.totalHours)
+                words.push_back(
+                    formatText(kInstrumentTexts.eteOf, {durationText(sumOfHours(figures))}));
         }
         if (!last.fuelLeft)
             return;

@@ -90,8 +90,7 @@ class NearestPainter {
         if (isOld)
             which = formatText(kAircraftTexts.ageOfList, {ageText(*data_.positionAgeSec)}) + "   " +
                     which;
-        fitted(which, area.y + 0.74 * area.height, small(),
-               isOld ? colors_[ColorKey::GeoWarning] : ink);
+        fitted(which, area.y + 0.74 * area.height, small(), ink);
         button(layout.filter, text(kAircraftTexts.filterButton), ink);
         button(layout.emergency, text(kAircraftTexts.emergency),
                colors_[ColorKey::MapObstacleDanger]);

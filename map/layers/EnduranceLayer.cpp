@@ -75,7 +75,7 @@ void EnduranceLayer::paint(Canvas& canvas) const {
     if (label_.empty())
         return;
     TextStyle style = labelStyle(view().textPx);
-    style.color = color(ColorKey::GeoWarning);
+    style.color = color(ColorKey::HsiNumeral);
     style.halo = color(ColorKey::MapBackground);
     canvas.text(labelAt_, label_, style);
 }

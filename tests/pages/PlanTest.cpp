@@ -57,17 +57,20 @@ TEST(FlightPlanPage, FuelIsTheAircraftsAndItsWordSaysWhenItIsShort) {
     EXPECT_NEAR(*planFigures(data)[2].fuelLeft, 23.2, 1e-9);
     EXPECT_NEAR(*planFigures(data)[3].fuelLeft, 10.7, 1e-9);
     RecordingCanvas canvas(800, 370);
-    const auto colorOf = [&](std::string_view words) {
+    // In a frame of the colour of cautions.
+    const auto isFramed = [&](std::string_view words) {
         canvas.clear();
         paintFlightPlanPage(canvas, data, {}, colors);
         const auto* found = canvas.findText(words);
-        return found == nullptr ? 0 : found->style.color;
+        return found != nullptr && std::ranges::any_of(canvas.elements(), [&](const RecordingCanvas::Element& each) {
+            return each.pen && each.pen->color == colors[ColorKey::GeoWarning] &&
+                   each.area.contains(found->area.center());
+        });
     };
-    EXPECT_EQ(colorOf("23"), colors[ColorKey::HsiNumeral]);
-    EXPECT_EQ(colorOf("RES 11"), colors[ColorKey::GeoWarning]);
-    EXPECT_EQ(colorOf("Fuel 11 L BELOW RESERVE"), colors[ColorKey::GeoWarning]);
+    EXPECT_FALSE(isFramed("23"));
+    EXPECT_TRUE(isFramed("RES 11") && isFramed("Fuel 11 L BELOW RESERVE"));
     data.fuelLeft = 17;
-    EXPECT_NE(colorOf("EMPTY"), 0U);
+    EXPECT_TRUE(isFramed("EMPTY"));
     // Standing: as planned, to the north into the wind and at its altitudes.
     data.groundSpeedKt = 0;
     EXPECT_NEAR(*planFigures(data)[3].legHours, 0.3, 1e-6);
