@@ -30,6 +30,8 @@ AircraftSheet::AircraftSheet(QWidget* parent, CKorvelDoc& document)
     unit_.setMinimumHeight(kRowPixels);
     unit_.setAccessibleName(toQString(kAircraftTexts.fuelUnit));
     form_.addRow(toQString(kAircraftTexts.fuelUnit), &unit_);
+    for (QWidget* field : std::initializer_list<QWidget*>{&name_, &unit_})
+        form_.labelForField(field)->setMinimumHeight(kRowPixels);
     for (std::size_t i = 0; i < aircraftNumbers().size(); ++i) {
         const AircraftNumber& number = aircraftNumbers()[i];
         QLineEdit& line = numbers_.emplace_back();
@@ -46,6 +48,7 @@ AircraftSheet::AircraftSheet(QWidget* parent, CKorvelDoc& document)
         Sheet::accept();
     });
     setPreferredWidth(13 * kRowPixels);
+    name_.setFocus();
 }
 
 void AircraftSheet::accept() {

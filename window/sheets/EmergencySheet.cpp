@@ -49,6 +49,9 @@ EmergencySheet::EmergencySheet(QWidget* parent, CKorvelDoc& document)
     large.setBold(true);
     way_.setFont(large);
     details_.setWordWrap(true);
+    QSizePolicy narrow(QSizePolicy::Ignored, QSizePolicy::Preferred);  // lines do not widen it
+    narrow.setHeightForWidth(true);
+    details_.setSizePolicy(narrow);
     addRow(way_);
     addRow(details_);
     for (std::size_t i = 0; i < fields_.size(); ++i)

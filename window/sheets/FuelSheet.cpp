@@ -53,6 +53,7 @@ FuelSheet::FuelSheet(QWidget* parent, CKorvelDoc& document)
         &full_, &QPushButton::clicked, this,
         [this] {
             fuel_.setText(toQString(formatFixed(document_.aircraft().aircraft()->usableFuel, 0)));
+            fuel_.setFocus();
         });
     connect(&aircraft_, &QPushButton::clicked, this, [this] {
         if (onAircraft)
