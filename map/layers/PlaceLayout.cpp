@@ -9,6 +9,7 @@
 #include "geo/WholeDegreeTrig.h"
 #include "map/layers/AircraftLayer.h"
 #include "map/layers/Layer.h"
+#include "navdb/file/DatabaseTables.h"
 #include "paint/Clip.h"
 #include "paint/TextBox.h"
 
@@ -149,7 +150,7 @@ class LayoutBuilder {
 
     PlaceMark markOf(const MapPlace& place) const {
         PlaceMark mark{.place = &place, .at = view_.projection.project(place.place.position)};
-        mark.area = around(mark.at, symbolRadius(place.placeClass, view_.textPx));
+        mark.area = around(mark.at, symbolRadius(place, view_.textPx));
         mark.runwaysToScale =
             showsRunways(place, view_.projection, view_.rangeNm, view_.textPx, options_);
         if (mark.runwaysToScale) {
@@ -211,7 +212,7 @@ class LayoutBuilder {
             area = united(area, aircraft_);
         if (area.width > view_.area.width * kLargestShareOfView ||
             area.height > view_.area.height * kLargestShareOfView)
-            area = around(mark.at, symbolRadius(mark.place->placeClass, view_.textPx));
+            area = around(mark.at, symbolRadius(*mark.place, view_.textPx));
         const double right = area.right() + kLabelGap;
         const double left = area.x - kLabelGap - extent.width;
         const double centered = area.center().x - extent.width / 2;
@@ -289,6 +290,21 @@ double symbolRadius(PlaceClass placeClass, double textPx) {
     }
 }
 
+double symbolRadius(const MapPlace& place, double textPx) {
+    constexpr int kLongFt = 6000;
+    constexpr int kShortFt = 2500;
+    constexpr double kLarger = 1.25;
+    constexpr double kSmaller = 0.8;
+    const double usual = symbolRadius(place.placeClass, textPx);
+    if (!isAirport(place.placeClass))
+        return usual;
+    // A length that is not known yet changes nothing.
+    const int length = place.details ? place.details->longestRunwayFt : 0;
+    if ((place.place.flags & kAirportPrivate) != 0 || (length > 0 && length < kShortFt))
+        return usual * kSmaller;
+    return length >= kLongFt ? usual * kLarger : usual;
+}
+
 bool showsRunways(const MapPlace& airport, const MapProjection& projection, int rangeNm,
                   double textPx, const MapPlaceOptions& options) {
     if (rangeNm > kRunwaysToNm || !options.shows(PlaceLayerBit::Runways) || !airport.details)
@@ -299,7 +315,7 @@ bool showsRunways(const MapPlace& airport, const MapProjection& projection, int 
         const Point to = projection.project(runway.ends[1]);
         longestPx = std::max(longestPx, std::hypot(to.x - from.x, to.y - from.y));
     }
-    return longestPx > 2.5 * symbolRadius(airport.placeClass, textPx);
+    return longestPx > 2.5 * symbolRadius(airport, textPx);
 }
 
 std::string labelOf(const MapPlace& place, int rangeNm) {

@@ -52,6 +52,9 @@ std::optional<int> directionOf(const MapPlace& airport);
 
 /// Half the size of a symbol in pixels.
 double symbolRadius(PlaceClass placeClass, double textPx);
+/// The same of a place: airports are larger with a long runway, and smaller with a short one and
+/// when they are private.
+double symbolRadius(const MapPlace& place, double textPx);
 
 /// Whether the airport's runways are long enough on the screen to be drawn in its symbol's place.
 bool showsRunways(const MapPlace& airport, const MapProjection& projection, int rangeNm,

@@ -145,7 +145,7 @@ Stamp PlaceSymbols::stampOf(const MapPlace& place) const {
     Stamp stamp{.draw = drawFix,
                 .ink = fix_,
                 .ground = background_,
-                .radius = symbolRadius(placeClass, view_.textPx),
+                .radius = symbolRadius(place, view_.textPx),
                 .variant = icons_ ? kIcon : 0};
     if (isVor(placeClass)) {
         stamp.draw = drawVor;
@@ -171,6 +171,14 @@ void PlaceSymbols::describeAirport(const MapPlace& place, Stamp& stamp) const {
         stamp.variant |= kTower;
     if ((place.place.flags & kAirportPrivate) != 0)
         stamp.variant |= kPrivate;
+    // Paved is filled and grass hollow, whatever navaids look like; the dots of private ones need
+    // their rim.
+    const bool isHard =
+        place.placeClass == PlaceClass::TowerAirport || place.placeClass == PlaceClass::HardAirport;
+    if (isHard && !is(stamp, kPrivate))
+        stamp.variant |= kIcon;
+    else if (!isHard)
+        stamp.variant &= ~kIcon;
     if (place.placeClass == PlaceClass::Heliport)
         stamp.draw = drawHeliport;
     else if (place.placeClass == PlaceClass::SeaplaneBase)

@@ -12,6 +12,7 @@
 #include "navdb/file/DatabaseTables.h"
 #include "paint/Clip.h"
 #include "paint/LabelSpace.h"
+#include "paint/TypeSizes.h"
 
 namespace korvel { namespace {
 
@@ -104,6 +105,38 @@ TEST(PlaceLayer, NamesKeepApartAndRunwaysCarryTheirNumbers) {
     EXPECT_LT(names.size(), 30U);
     for (std::size_t i = 0; i < names.size(); ++i)
         for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(overlap(names[i], names[j])) << i << " and " << j;
+}
+
+TEST(PlaceLayer, PavedIsFilledAndTheSizeTellsTheRunway) {
+    const double usual = symbolRadius(PlaceClass::HardAirport, mapTextPx(800, 400));
+    const double soft = symbolRadius(PlaceClass::SoftAirport, mapTextPx(800, 400));
+    const struct {
+        PlaceClass placeClass;
+        unsigned flags;
+        int longestFt;
+        bool filled;
+        double radius;
+    } cases[] = {{PlaceClass::HardAirport, 0, 0, true, usual}, {PlaceClass::HardAirport, 0, 6000, true, 1.25 * usual},
+        {PlaceClass::TowerAirport, 0, 2499, true, 0.8 * usual}, {PlaceClass::SoftAirport, 0, 2500, false, soft},
+        {PlaceClass::HardAirport, kAirportPrivate, 6000, false, 0.8 * usual}};
+    for (const bool icons : {false, true})
+        for (const auto& each : cases) {
+            PlacedMap map(40);
+            map.set.options.icons = icons;
+            map.set.options.privateAirports = true;
+            MapPlace& place = map.add("X", {200, 100}, 9000, each.placeClass);
+            place.place.flags = each.flags;
+            auto details = std::make_shared<PlaceDetails>();
+            details->longestRunwayFt = each.longestFt;
+            place.details = details;
+            const auto& all = map.paint();
+            const auto circle = std::ranges::find_if(
+                all, [&](const Element& element) { return element.kind == Kind::Circle && element.radius < 12; });
+            ASSERT_NE(circle, all.end());
+            EXPECT_NEAR(circle->radius, each.radius, 0.01) << each.longestFt;
+            const bool isFilled = circle->fill->color == circle->pen->color;
+            EXPECT_EQ(isFilled, each.filled || (icons && each.placeClass != PlaceClass::SoftAirport));
+        }
 }
 
 TEST(PlaceLayer, TheGridIsNamedWherePlacesLeaveRoom) {
