@@ -166,6 +166,7 @@ void CMainFrame::openMenu() {
     for (const QAction* menu : menuBar()->actions())
         menus.append(menu->menu());
     auto sheet = std::make_unique<MenuSheet>(this, menus, menuGroup_);
+    sheet->offerAlways(*navigate_.emergencyCommand());
     sheet->onGroup = [this](int group) { menuGroup_ = group; };
     openSheet(std::move(sheet));
 }

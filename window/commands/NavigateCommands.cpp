@@ -34,7 +34,7 @@ struct PlanChange {
 Flight& NavigateCommands::flight() { return host_.document().flight(); }
 
 void NavigateCommands::addTo(QMenu& menu) {
-    host_.addCommand(
+    emergency_ = &host_.addCommand(
         menu, kAircraftTexts.commandEmergency, {Qt::Key_E}, [this] { emergency(); });
     host_.addCommand(
         menu, kCommandTexts.commandDirectTo, {Qt::Key_D}, [this] { directTo(); });

@@ -32,6 +32,8 @@ class NavigateCommands {
     void approach(std::vector<LandingRunway> runways);
     /// Where to land at once, and the way back.
     void emergency();
+    /// The command that shows it; null before addTo().
+    [[nodiscard]] QAction* emergencyCommand() const { return emergency_; }
     /// Which airports the nearest ones are chosen from.
     void chooseNearest();
     /// Shows the plan's page, and on that page the line to change it with.
@@ -50,6 +52,7 @@ class NavigateCommands {
 
     CommandHost& host_;
     std::function<void()> removePlan_;
+    QPointer<QAction> emergency_;
     QPointer<QAction> tracking_;
     QPointer<QAction> suspended_;
 };

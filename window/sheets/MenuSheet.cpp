@@ -19,11 +19,15 @@ constexpr int kGap = 6;
 constexpr int kInset = 10;  // of the words
 constexpr int kMarkPixels = 26;
 
+QString nameOf(const QAction& action) {
+    return action.text().remove(QLatin1Char('&')).remove(QLatin1String("..."));
+}
+
 /// A command's name, its key below it and, for what can be on or off, which of the two it is.
 class Tile final : public QPushButton {
  public:
     explicit Tile(const QAction& action)
-        : name_(action.text().remove(QLatin1Char('&')).remove(QLatin1String("..."))),
+        : name_(nameOf(action)),
           key_(action.shortcut().toString(QKeySequence::NativeText)),
           marked_(action.isCheckable()),
           round_(action.actionGroup() != nullptr),
@@ -83,6 +87,16 @@ MenuSheet::MenuSheet(QWidget* parent, QList<QMenu*> menus, int group)
     addTallRow(scroll_);
     setPreferredWidth(15 * kRowPixels);
     showGroup(group);
+}
+
+void MenuSheet::offerAlways(QAction& action) {
+    auto* button = new QPushButton(nameOf(action) + QStringLiteral("   ") +
+                                       action.shortcut().toString(QKeySequence::NativeText),
+                                   this);  // the sheet owns it
+    button->setAutoDefault(false);
+    button->setMinimumSize(3 * kRowPixels, kRowPixels);
+    buttons().addButton(button, QDialogButtonBox::ActionRole);
+    connect(button, &QPushButton::clicked, this, [this, &action] { run(action); });
 }
 
 void MenuSheet::addGroups(int group) {

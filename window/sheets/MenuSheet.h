@@ -21,6 +21,9 @@ class MenuSheet final : public Sheet {
     /// menus must outlive the sheet.
     MenuSheet(QWidget* parent, QList<QMenu*> menus, int group);
 
+    /// Has the command at the foot as well, whatever group is shown. It must outlive the sheet.
+    void offerAlways(QAction& action);
+
     /// Another group is shown.
     std::function<void(int group)> onGroup;
 
