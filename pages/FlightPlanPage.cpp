@@ -27,6 +27,7 @@ namespace {
 constexpr double kLeastRowPx = 40;  // 9 mm and a little
 constexpr double kFaded = 0.5;
 constexpr double kWideEnoughPx = 900;  // for a column more
+constexpr double kNarrowPx = 600;      // no room for fuel and time side by side
 constexpr double kBarPx = 6;
 
 /// The columns of figures, from the right edge; the waypoint takes what is left.
@@ -152,7 +153,8 @@ class FlightPlanPainter {
         for (std::size_t i = kColumns.size(); i-- > 0;) {
             const ColumnLook& look = kColumns.at(i);
             if ((!look.always && canvas_.width() < kWideEnoughPx) ||
-                (look.column == Column::Fuel && !showsFuel(data_)))
+                (look.column == Column::Fuel && !showsFuel(data_)) ||
+                (look.column == Column::Time && showsFuel(data_) && canvas_.width() < kNarrowPx))
                 continue;
             columns_.push_back({&look, right});
             right -= look.widthEm * textPx_;

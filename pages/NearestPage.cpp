@@ -26,10 +26,12 @@ namespace {
 constexpr double kLargeShare = 1.35;
 constexpr double kFaded = 0.35;
 constexpr double kOld = 0.5;
-constexpr double kTitlePx = 48;       // for a thumb
-constexpr double kButtonEm = 9;       // of the type size
-constexpr double kSlowestKt = 5;      // as slow, a time says nothing
-constexpr double kWordsFromPx = 640;  // width from which figures have room for a word
+constexpr double kTitlePx = 48;   // for a thumb
+constexpr double kButtonEm = 9;   // of the type size
+constexpr double kSlowestKt = 5;  // as slow, a time says nothing
+constexpr double kNarrowPx = 560;
+constexpr double kNarrowShare = 0.84;  // of the letters there
+constexpr double kWordsFromPx = 640;   // width from which figures have room for a word
 
 // Left edges of the columns as shares of the width: who, where, how far, what.
 constexpr double kBearingColumn = 0.33;
@@ -44,6 +46,7 @@ class NearestPainter {
           data_(data),
           colors_(colors),
           textPx_(mapTextPx(canvas.width(), canvas.height())),
+          narrow_(canvas.width() < kNarrowPx ? kNarrowShare : 1),
           background_(colors[ColorKey::MapBackground]),
           ink_(colors[ColorKey::HsiNumeral]) {}
 
@@ -63,9 +66,9 @@ class NearestPainter {
 
  private:
     Font large() const {
-        return {.height = std::round(textPx_ * kLargeShare), .weight = FontWeight::Bold};
+        return {.height = std::round(textPx_ * kLargeShare * narrow_), .weight = FontWeight::Bold};
     }
-    Font small() const { return {.height = std::max(11.0, std::round(textPx_ * 0.95))}; }
+    Font small() const { return {.height = std::max(11.0, std::round(textPx_ * 0.95 * narrow_))}; }
     double margin() const { return textPx_; }
 
     /// Which airports, how old the list is when it is, and two buttons.
@@ -150,7 +153,7 @@ class NearestPainter {
         return durationText(airport.distanceNm / *data_.groundSpeedKt);
     }
 
-    /// A path that comes down to the line's end, and the word.
+    /// A path that comes down to the line's end, where there is room, and the word.
     void glideMark(const NearAirport& airport, double edge, double y) {
         const auto arrival = glideArrivalFt(data_, airport);
         if (!arrival || *arrival < 0)
@@ -158,9 +161,10 @@ class NearestPainter {
         const std::string_view word = text(kAircraftTexts.glide);
         const double x = edge - canvas_.textMeasure().measure(word, small()).width - 0.5 * textPx_;
         const double size = 0.45 * textPx_;
-        canvas_.polygon(std::array{Point{x - 2 * size, y - size}, Point{x, y + size},
-                                   Point{x - 2 * size, y + size}},
-                        Brush{ink_}, std::nullopt);
+        if (narrow_ == 1)
+            canvas_.polygon(std::array{Point{x - 2 * size, y - size}, Point{x, y + size},
+                                       Point{x - 2 * size, y + size}},
+                            Brush{ink_}, std::nullopt);
         right(word, edge, y, small(), ink_);
     }
 
@@ -236,6 +240,7 @@ class NearestPainter {
     const CockpitData& data_;
     const MapColorCache& colors_;
     double textPx_;
+    double narrow_;
     ColorValue background_;
     ColorValue ink_;
     ColorValue faint_ = 0;
