@@ -18,7 +18,9 @@ constexpr int kMinutesPerDay = 24 * kMinutesPerHour;
 constexpr int kMostWindKt = 200;
 constexpr int kFullCircleDeg = 360;
 
-bool isBlank(std::string_view text) { return text.find_first_not_of(' ') == text.npos; }
+bool isBlank(std::string_view text) {
+    return text.find_first_not_of(' ') == std::string_view::npos;
+}
 
 /// The number that the whole text is; nothing when it is none or out of range.
 std::optional<double> readNumber(std::string_view text, int lowest, int highest) {

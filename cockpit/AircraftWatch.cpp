@@ -24,7 +24,7 @@ constexpr std::string_view kFuelEntered = "FuelEntered";
 constexpr std::string_view kFlies = "FuelFlies";
 
 constexpr std::int64_t kKeepSec = 60;
-constexpr std::int64_t kForgottenSec = 12 * 3600;  // another day, another fuel
+constexpr std::int64_t kForgottenSec = 43'200;  // 12 h: another day, another fuel
 constexpr double kSecondsPerHour = 3600;
 constexpr int kSecondsPerMinute = 60;
 

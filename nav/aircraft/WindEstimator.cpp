@@ -12,7 +12,7 @@ namespace {
 constexpr double kSlowestKt = 30;  // who taxies tells nothing
 constexpr double kStepDeg = 5;     // of track between two samples
 constexpr std::int64_t kTurnMs = 240'000;
-constexpr std::int64_t kTrustedMs = 30 * 60'000;
+constexpr std::int64_t kTrustedMs = 1'800'000;  // half an hour
 constexpr std::size_t kFewest = 12;
 constexpr double kLargestGapDeg = 190;  // of headings that were not flown
 constexpr double kMostScatterKt = 5;    // off the circle, root mean square
