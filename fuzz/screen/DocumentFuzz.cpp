@@ -50,6 +50,18 @@ class ToldSource final : public SentenceSource {
     SentenceListener* listener_ = nullptr;
 };
 
+/// What no session changes.
+struct Look {
+    B612Metrics letters;
+    ColorScheme scheme;
+    MapColorCache colors{scheme};
+};
+
+const Look& look() {
+    static const Look look;
+    return look;
+}
+
 class Session {
  public:
     explicit Session(FuzzedDataProvider& input)
@@ -67,7 +79,7 @@ class Session {
         auto source = std::make_unique<ToldSource>();
         receiver_ = source.get();
         document_->useSource(std::move(source));
-        screen_ = std::make_unique<Screen>(*document_, profile_, letters_);
+        screen_ = std::make_unique<Screen>(*document_, profile_, look().letters);
         hand_ = std::make_unique<ScreenHand>(*screen_);
         screen_->resize(800, 480, 0);
     }
@@ -98,7 +110,7 @@ class Session {
         RecordingCanvas canvas(screen_->areas().page().width, screen_->areas().page().height);
         screen_->updateFeeds();
         const CockpitData shown = screen_->dataToShow();
-        PagePainter(colors_).paint(canvas, screen_->page(), screen_->scene(shown, {}));
+        PagePainter(look().colors).paint(canvas, screen_->page(), screen_->scene(shown, {}));
     }
     /// A sentence whose checksum fits half of the time.
     void say() {
@@ -171,9 +183,6 @@ class Session {
     VirtualClock clock_;
     std::unique_ptr<RegistryProfile> registry_ = openRegistryProfile();
     ProfileFile profile_;
-    B612Metrics letters_;
-    ColorScheme scheme_;
-    MapColorCache colors_{scheme_};
     ToldSource* receiver_ = nullptr;  ///< the document's
     std::unique_ptr<CKorvelDoc> document_;
     std::unique_ptr<Screen> screen_;

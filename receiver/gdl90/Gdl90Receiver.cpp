@@ -32,7 +32,7 @@ std::string coordinate(double radians, std::size_t degreeDigits, char positive, 
 
 void Gdl90Receiver::take(std::string_view bytes, std::int64_t arrivedMs,
                          SentenceListener& listener) {
-    frames_.take(
+    heard_.frames.take(
         bytes,
         [&](Gdl90Bytes frame) {
             if (const auto message = decodeGdl90(frame))
@@ -43,12 +43,12 @@ void Gdl90Receiver::take(std::string_view bytes, std::int64_t arrivedMs,
 void Gdl90Receiver::takeMessage(const Gdl90Message& message, std::int64_t arrivedMs,
                                 SentenceListener& listener) {
     if (const auto* heartbeat = std::get_if<Gdl90Heartbeat>(&message)) {
-        gpsValid_ = heartbeat->gpsValid;
+        heard_.gpsValid = heartbeat->gpsValid;
     } else if (const auto* height = std::get_if<Gdl90GeometricAltitude>(&message)) {
-        heightFt_ = height->altitudeFt;
-        reportsSinceHeight_ = 0;
+        heard_.heightFt = height->altitudeFt;
+        heard_.reportsSinceHeight = 0;
     } else if (const auto* device = std::get_if<Gdl90DeviceId>(&message)) {
-        heightIsMsl_ = device->geometricAltitudeIsMsl;
+        heard_.heightIsMsl = device->geometricAltitudeIsMsl;
     } else if (const auto* attitude = std::get_if<Gdl90Attitude>(&message)) {
         *attitude_.lock() = Attitude{*attitude, arrivedMs};
     } else if (const auto* target = std::get_if<Gdl90Target>(&message)) {
@@ -59,15 +59,16 @@ void Gdl90Receiver::takeMessage(const Gdl90Message& message, std::int64_t arrive
 }
 
 void Gdl90Receiver::forget() {
+    heard_ = {};
     attitude_.lock()->reset();
     *traffic_.lock() = {};
 }
 
 void Gdl90Receiver::report(const Gdl90Target& own, std::int64_t arrivedMs,
                            SentenceListener& listener) {
-    if (++reportsSinceHeight_ > kReportsWithoutHeight)
-        heightFt_.reset();
-    if (!gpsValid_ || !own.position) {
+    if (++heard_.reportsSinceHeight > kReportsWithoutHeight)
+        heard_.heightFt.reset();
+    if (!heard_.gpsValid || !own.position) {
         listener.onLine(sentenceOf("GPRMC,,V,,,,,,,,,"), arrivedMs);
         listener.onLine(sentenceOf("GPGGA,,,,,,0,,,,M,,M,,"), arrivedMs);
         listener.onLine(sentenceOf("GPGSA,A,1,,,,,,,,,,,,,,,"), arrivedMs);
@@ -87,10 +88,10 @@ void Gdl90Receiver::report(const Gdl90Target& own, std::int64_t arrivedMs,
 }
 
 std::optional<double> Gdl90Receiver::heightM(GeoPoint place) const {
-    if (!heightFt_ || (!heightIsMsl_ && !geoid_))
+    if (!heard_.heightFt || (!heard_.heightIsMsl && !geoid_))
         return std::nullopt;
-    const double metres = *heightFt_ * kMetresPerFoot;
-    return heightIsMsl_ ? metres : metres - geoid_->heightM(place);
+    const double metres = *heard_.heightFt * kMetresPerFoot;
+    return heard_.heightIsMsl ? metres : metres - geoid_->heightM(place);
 }
 
 }  // namespace korvel

@@ -37,19 +37,24 @@ class Gdl90Receiver final : public SentenceMaker {
     std::optional<Attitude> attitude() const { return *attitude_.lock(); }
     /// All aircraft that it tells of; any thread.
     TrafficTable traffic() const { return *traffic_.lock(); }
-    /// Another receiver is listened to: what was seen is of no use. Any thread.
+    /// Another receiver is listened to: what this one has said is of no use. While none is.
     void forget();
 
  private:
     void report(const Gdl90Target& own, std::int64_t arrivedMs, SentenceListener& listener);
     std::optional<double> heightM(GeoPoint place) const;
 
-    Gdl90Frames frames_;
+    /// What the device has said about its reports.
+    struct Heard {
+        Gdl90Frames frames;
+        bool gpsValid = true;  ///< until a heartbeat says otherwise: some devices send none
+        bool heightIsMsl = false;
+        std::optional<int> heightFt;
+        int reportsSinceHeight = 0;
+    };
+
     std::optional<Geoid> geoid_;
-    bool gpsValid_ = true;  // until a heartbeat says otherwise: some devices send none
-    bool heightIsMsl_ = false;
-    std::optional<int> heightFt_;
-    int reportsSinceHeight_ = 0;
+    Heard heard_;
     Guarded<std::optional<Attitude>> attitude_;
     Guarded<TrafficTable> traffic_;
 };

@@ -175,6 +175,12 @@ TEST_F(Gdl90Test, MakesAFixOfTheOwnReport) {
     hear({0x65, 1, 0, 100, 0, 55, 0xFF, 0xFF, 0, 99, 0xFF, 0xFF});
     ASSERT_TRUE(receiver_.attitude());
     EXPECT_NEAR(*receiver_.attitude()->values.rollDeg, 10, 1e-9);
+    hear({11, 0x04, 0xB0, 0, 10});
+    receiver_.forget();
+    hear(ownReport());
+    EXPECT_FALSE(input_.hasFix(true)) << "the height was another device's";
+    hear({11, 0x04, 0xB0, 0, 10}), hear(ownReport());
+    EXPECT_NEAR(fix().altitudeFt, 6000 - 52.5 * 3.2808, 8) << "that one told heights above the sea";
 }
 
 TEST(Gdl90, ReadsWhatARealDeviceSends) {
