@@ -7,6 +7,7 @@
 #include "config/texts/GroundTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
+#include "geo/Longitude.h"
 #include "ground/airspace/AirspaceSet.h"
 #include "nav/alarms/AlarmBoard.h"
 #include "nav/traffic/TrafficConflict.h"
@@ -60,8 +61,8 @@ AirspaceBox around(const AirspaceWatch::Situation& now) {
     const double across = reach / std::max(std::cos((std::abs(lat) + reach) * kDegToRad), 1e-3);
     if (across >= 180)
         return {lat - reach, -180, lat + reach, 180};
-    const auto wrapped = [](double degrees) { return PositiveMod(degrees + 180, 360) - 180; };
-    return {lat - reach, wrapped(lon - across), lat + reach, wrapped(lon + across)};
+    return {lat - reach, wrappedLongitudeDeg(lon - across), lat + reach,
+            wrappedLongitudeDeg(lon + across)};
 }
 
 /// How far a limit is away that is not reached; 0 between floor and ceiling.

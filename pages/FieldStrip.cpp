@@ -21,7 +21,6 @@ constexpr double kTallestCell = 150;  // in a column, where there is more room t
 constexpr double kLargestType = 400;
 constexpr double kCapShare = 0.62;       // of the height below the header that capitals fill
 constexpr double kCapShareOfLine = 0.3;  // the same for each of two lines
-constexpr double kDark = 80;             // light of a map's background by night
 constexpr std::string_view kWidestUnit = "mph";
 
 Font valueFont(double height) { return {.height = height, .weight = FontWeight::Bold}; }
@@ -130,7 +129,7 @@ class CellPainter {
         const ColorValue ground = colors_[ColorKey::NavHeaderBackground];
         const ColorValue ink = colors_[ColorKey::NavHeader];
         Rect tab = area;
-        if (lightOf(colors_[ColorKey::MapBackground]) < kDark && lightOf(ground) > lightOf(ink)) {
+        if (colors_.isDark() && lightOf(ground) > lightOf(ink)) {
             canvas_.rect(area, Brush{colors_[ColorKey::NavBackground]}, std::nullopt);
             tab.width =
                 std::min(area.width,

@@ -21,6 +21,7 @@
 #include "pages/WarningFlag.h"
 #include "paint/AreaCanvas.h"
 #include "paint/Clip.h"
+#include "paint/LabelSpace.h"
 #include "paint/MapColorCache.h"
 #include "paint/TypeSizes.h"
 
@@ -63,11 +64,6 @@ void addBoxes(const HsiGeometry::Needle& needle, double size, std::vector<Rect>&
     addBoxesAlong({needle.marks.front(), needle.marks.back()}, size, boxes);
     boxes.push_back(boxAround(needle.head));
     boxes.push_back(boxAround(needle.toFrom));
-}
-
-double distanceTo(const Rect& box, Point point) {
-    return std::hypot(point.x - std::clamp(point.x, box.x, box.right()),
-                      point.y - std::clamp(point.y, box.y, box.bottom()));
 }
 
 // Makes the card as large as the page allows, around the aircraft's point: the instrument is drawn

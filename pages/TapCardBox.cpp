@@ -41,12 +41,6 @@ double shared(const Rect& a, const Rect& b) {
     return width > 0 && height > 0 ? width * height : 0;
 }
 
-double distanceTo(const Rect& area, Point point) {
-    const double x = std::max({area.x - point.x, 0.0, point.x - area.right()});
-    const double y = std::max({area.y - point.y, 0.0, point.y - area.bottom()});
-    return std::hypot(x, y);
-}
-
 /// The smaller the better: pixels away from the finger, and far more for what is covered.
 double costOf(const Rect& card, const TapCardRoom& room, double textPx) {
     constexpr double kCoversAircraft = 1e6;

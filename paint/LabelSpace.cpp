@@ -24,6 +24,11 @@ bool overlap(const Rect& a, const Rect& b) {
     return a.x < b.right() && b.x < a.right() && a.y < b.bottom() && b.y < a.bottom();
 }
 
+double distanceTo(const Rect& box, Point point) {
+    return std::hypot(point.x - std::clamp(point.x, box.x, box.right()),
+                      point.y - std::clamp(point.y, box.y, box.bottom()));
+}
+
 LabelSpace::LabelSpace(const Rect& view)
     : view_(view),
       columns_(squaresAlong(view.width)),

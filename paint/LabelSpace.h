@@ -14,6 +14,9 @@ namespace korvel {
 /// Rectangles that only touch do not overlap.
 bool overlap(const Rect& a, const Rect& b);
 
+/// How far the point is from the box; 0 inside.
+double distanceTo(const Rect& box, Point point);
+
 /// The room that texts and symbols have taken on one picture. Whoever wants to draw a label claims
 /// its box first and leaves the label out when it is refused: what is claimed earlier wins.
 class LabelSpace {

@@ -76,6 +76,9 @@ class MapColorCache {
 
     ColorValue operator[](ColorKey key) const { return colors_[static_cast<std::size_t>(key)]; }
 
+    /// Nothing bright is to be seen: the scheme is one for the night.
+    bool isDark() const { return lightOf((*this)[ColorKey::MapBackground]) < kDarkLight; }
+
     /// What lies under a chosen row and a button that is to be pressed first: the fields' ground,
     /// or that of the map's information in schemes whose fields are as dark as the page.
     ColorValue chosenGround() const { return (*this)[chosen_]; }
@@ -95,6 +98,8 @@ class MapColorCache {
     ColorValue terrainSymbolBackground() const { return (*this)[ColorKey::GeoLand]; }
 
  private:
+    static constexpr double kDarkLight = 80;  ///< of 255, of the map's background
+
     std::array<ColorValue, kColorKeyCount> colors_{};
     ColorKey chosen_ = ColorKey::NavBackground;
     Pen airportPen_;

@@ -15,8 +15,6 @@
 namespace korvel {
 namespace {
 
-constexpr double kDark = 80;  // light of a map's background by night
-
 /// `text` when it can be told from `ground`, else black or white. A scheme file may hold anything.
 ColorValue readable(ColorValue text, ColorValue ground) {
     if (std::abs(lightOf(text) - lightOf(ground)) > 100)
@@ -36,7 +34,7 @@ struct StyleColors {
           danger(colors[ColorKey::MapObstacleDanger]),
           pale(blended(ground, text, 0.55)),
           // Black swallows more of a tint than white does.
-          tint_(lightOf(ground) < kDark ? 2.5 : 1) {}
+          tint_(colors.isDark() ? 2.5 : 1) {}
 
     /// The ground with a share of the chosen's colour, 0 to 0.4.
     ColorValue tinted(double share) const { return blended(ground, chosen, share * tint_); }

@@ -68,6 +68,16 @@ std::string informationFor(std::string_view fullName) {
     return fullName.size() > kShownNameLength ? std::string(fullName) : std::string();
 }
 
+void nameAirport(SourceAirport& airport, std::string_view fullName, std::string_view town) {
+    airport.name = fullName;
+    airport.info = informationFor(fullName);
+    if (town.empty())
+        return;
+    if (fullName.find(town) == std::string_view::npos)
+        airport.info.append(airport.info.empty() ? "" : ", ").append(town);
+    airport.towns.emplace_back(town);
+}
+
 std::string commType(std::string_view name, std::string_view service) {
     constexpr std::array kServices{"ATIS", "AWOS",  "ASOS", "INFO", "CTAF", "UNIC",  "MULT", "DEL",
                                    "CLD",  "CLNC",  "GND",  "GROU", "TWR",  "TOWER", "AFIS", "APP",

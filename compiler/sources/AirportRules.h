@@ -35,6 +35,10 @@ void noteDisplaced(SourceRunway& runway, std::size_t end, std::optional<int> fee
 /// shown, cannot hold it.
 std::string informationFor(std::string_view fullName);
 
+/// Gives the airport its name, and the town that it serves to its information and to who searches
+/// by towns. A name that holds the town says it once.
+void nameAirport(SourceAirport& airport, std::string_view fullName, std::string_view town);
+
 /// A frequency's words, such as "SEATTLE APP/DEP": `name`, with the service added when it does not
 /// say it itself.
 std::string commType(std::string_view name, std::string_view service);

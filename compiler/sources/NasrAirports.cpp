@@ -84,13 +84,7 @@ void NasrImport::takeAirport(CsvTable& row) {
     }
     SourceAirport airport;
     airport.ident = ident;
-    airport.name = name;
-    airport.info = informationFor(name);
-    const std::string town = toAsciiText(row["CITY"]);
-    if (!town.empty() && name.find(town) == std::string::npos)
-        airport.info.append(airport.info.empty() ? "" : ", ").append(town);
-    if (!town.empty())
-        airport.towns.push_back(town);
+    nameAirport(airport, name, toAsciiText(row["CITY"]));
     airport.kind = kindOf(row["SITE_TYPE_CODE"]);
     airport.isPrivate = row["FACILITY_USE_CODE"] == "PR";
     airport.hasBeacon = !row["BCN_LENS_COLOR"].empty() && row["BCN_LENS_COLOR"] != "N";

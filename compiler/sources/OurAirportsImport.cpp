@@ -102,13 +102,7 @@ void OurAirportsImport::takeAirport(CsvTable& row, AirportIdents& idents) {
     // The tables give none, and many of their stations have kept that of the day they were aligned.
     airport.variation = modelVariationDeg(toGeoPoint(*where), kVariationYear);
     airport.elevationFt = wholeFeet(row["elevation_ft"]);
-    airport.info = informationFor(name);
-    const std::string town = toAsciiText(row["municipality"]);
-    if (!town.empty() && name.find(town) == std::string::npos)
-        airport.info.append(airport.info.empty() ? "" : ", ").append(town);
-    if (!town.empty())
-        airport.towns.push_back(town);
-    airport.name = name;
+    nameAirport(airport, name, toAsciiText(row["municipality"]));
     airports_.emplace(row["ident"], data_.airports.size());
     idents.add(row);
     data_.airports.push_back(std::move(airport));

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "geo/Geodesy.h"
+#include "geo/Longitude.h"
 #include "geo/Units.h"
 
 namespace korvel {
@@ -41,7 +42,7 @@ double ringAreaNm2(const AirspaceRing& ring) {
     return std::abs(sum) * kNmPerRadian * kNmPerRadian;
 }
 
-double wrappedDeg(double lon) { return PositiveMod(lon * kRadToDeg + 180, 360) - 180; }
+double wrappedDeg(double lon) { return wrappedLongitudeDeg(lon * kRadToDeg); }
 
 }  // namespace
 

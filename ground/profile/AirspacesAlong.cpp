@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "geo/Geodesy.h"
+#include "geo/Longitude.h"
 #include "ground/airspace/AirspaceSet.h"
 
 namespace korvel {
@@ -31,9 +32,7 @@ struct Bounds {
                other.west <= east;
     }
     [[nodiscard]] AirspaceBox box() const {
-        const auto degrees = [](double lon) {
-            return PositiveMod(lon * kRadToDeg + 180, 360) - 180;
-        };
+        const auto degrees = [](double lon) { return wrappedLongitudeDeg(lon * kRadToDeg); };
         const bool isWhole = east - west >= kTwoPi;
         return {south * kRadToDeg, isWhole ? -180 : degrees(west), north * kRadToDeg,
                 isWhole ? 180 : degrees(east)};

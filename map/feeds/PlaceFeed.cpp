@@ -6,6 +6,7 @@
 
 #include "cockpit/PlaceDetails.h"
 #include "geo/Geodesy.h"
+#include "geo/Longitude.h"
 #include "geo/WholeDegreeTrig.h"
 #include "map/MapContent.h"
 #include "map/MapView.h"
@@ -31,11 +32,6 @@ struct KindCap {
 };
 constexpr std::array kCaps{KindCap{kAirportKind, 1000, 1500},
                            KindCap{kVorKind | kNdbKind, 250, 600}, KindCap{kFixKind, 25, 1500}};
-
-double widthOf(const GeoBox& box) {
-    const double width = box.east - box.west;
-    return width < 0 ? width + kFullTurnDeg : width;
-}
 
 /// The same order whenever the same places are there: names must not jump from frame to frame.
 bool isMoreImportant(const MapPlace& a, const MapPlace& b) {
@@ -73,19 +69,17 @@ GeoBox boxAround(const MapView& view, double share) {
         box.east = kFullTurnDeg / 2;
         return box;
     }
-    const auto wrapped = [](double degrees) {
-        return PositiveMod(degrees + kFullTurnDeg / 2, kFullTurnDeg) - kFullTurnDeg / 2;
-    };
-    box.west = wrapped(lon - height / lonScale);
-    box.east = wrapped(lon + height / lonScale);
+    box.west = wrappedLongitudeDeg(lon - height / lonScale);
+    box.east = wrappedLongitudeDeg(lon + height / lonScale);
     return box;
 }
 
 bool holds(const GeoBox& outer, const GeoBox& inner) {
     if (inner.south < outer.south || inner.north > outer.north)
         return false;
-    return widthOf(outer) >= kFullTurnDeg ||
-           PositiveMod(inner.west - outer.west, kFullTurnDeg) + widthOf(inner) <= widthOf(outer);
+    return outer.widthDeg() >= kFullTurnDeg ||
+           PositiveMod(inner.west - outer.west, kFullTurnDeg) + inner.widthDeg() <=
+               outer.widthDeg();
 }
 
 bool PlaceFeed::update(const FeedRequest& request) {

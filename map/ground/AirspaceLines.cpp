@@ -6,6 +6,7 @@
 
 #include "cockpit/CockpitData.h"
 #include "geo/Geodesy.h"
+#include "geo/Longitude.h"
 #include "ground/airspace/AirspaceKind.h"
 
 namespace korvel {
@@ -82,10 +83,9 @@ void forAirspaces(
     const AirspaceSet& airspaces, const GroundGrid& grid, const GroundGrid::Box& box, int rangeNm,
     const std::optional<AltitudeWindow>& window,
     const std::function<void(const Airspace&, const AirspaceLook&, std::span<const Point>)>& take) {
-    const auto wrapped = [](double lon) { return PositiveMod(lon + 180, 360) - 180; };
     const bool whole = box.east - box.west >= 360;
-    const AirspaceBox shown{box.south, whole ? -180 : wrapped(box.west), box.north,
-                            whole ? 180 : wrapped(box.east)};
+    const AirspaceBox shown{box.south, whole ? -180 : wrappedLongitudeDeg(box.west), box.north,
+                            whole ? 180 : wrappedLongitudeDeg(box.east)};
     std::vector<Point> points;
     for (const std::size_t i : airspaces.touching(shown)) {
         const Airspace& airspace = airspaces.all()[i];

@@ -34,6 +34,11 @@ struct GeoBox {
     double west = 0.0;
     double north = 0.0;
     double east = 0.0;
+
+    /// Degrees from the western edge eastwards to the eastern one.
+    [[nodiscard]] double widthDeg() const {
+        return east < west ? east - west + 360.0 : east - west;
+    }
 };
 
 }  // namespace korvel

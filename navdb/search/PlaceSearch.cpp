@@ -34,12 +34,6 @@ struct Band {
     double north;
 };
 
-/// In degrees, eastwards.
-double widthOf(const GeoBox& box) {
-    const double width = box.east - box.west;
-    return width < 0 ? width + kFullTurnDeg : width;
-}
-
 std::int32_t storedDegrees(double value) {
     return static_cast<std::int32_t>(std::clamp(value,
                                                 double{std::numeric_limits<std::int32_t>::min()},
@@ -73,7 +67,7 @@ class BoxSearch final : public Search {
               std::vector<Place>& places)
         : band_{.south = box.south * kDegToRad - kEdge, .north = box.north * kDegToRad + kEdge},
           west_(box.west * kDegToRad - kEdge),
-          width_(widthOf(box) * kDegToRad + 2 * kEdge),
+          width_(box.widthDeg() * kDegToRad + 2 * kEdge),
           limit_(limit),
           accept_(accept),
           places_(places) {}
@@ -362,7 +356,7 @@ void findPlacesIn(const PlaceSources& sources, const GeoBox& box, KindMask kinds
                   const PlaceFilter& accept, std::vector<Place>& places) {
     places.clear();
     BoxSearch search(box, limit, accept, places);
-    runSearch(sources, kinds, cellsFrom(box.west, widthOf(box)), search);
+    runSearch(sources, kinds, cellsFrom(box.west, box.widthDeg()), search);
 }
 
 std::vector<NearPlace> findNearest(const PlaceSources& sources, GeoPoint position, KindMask kinds,
