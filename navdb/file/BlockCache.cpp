@@ -1,33 +1,21 @@
 #include "navdb/file/BlockCache.h"
 
 #include <algorithm>
-#include <utility>
+#include <iterator>
 
 #include "navdb/file/DatabaseLayout.h"
 #include "navdb/file/LittleEndian.h"
 
 namespace korvel {
 
-BlockCache::BlockCache(std::unique_ptr<RandomAccessFile> file)
-    : file_(std::move(file)),
-      // A vector would write to every page at once; these become resident as they are used.
-      // NOLINTNEXTLINE(modernize-avoid-c-arrays)
-      bytes_(std::make_unique_for_overwrite<std::uint8_t[]>(kSets * kWays * kBlockSize)) {
-    std::span<std::uint8_t> rest(bytes_.get(), kSets * kWays * kBlockSize);
-    for (auto& set : sets_) {
-        for (Slot& slot : set) {
-            slot.bytes = rest.first(kBlockSize);
-            rest = rest.subspan(kBlockSize);
-        }
-    }
-}
-
 BlockCache::Slot& BlockCache::load(std::array<Slot, kWays>& set, std::uint64_t block) {
     Slot& slot = *std::min_element(
         set.begin(), set.end(), [](const Slot& a, const Slot& b) { return a.lastUse < b.lastUse; });
     slot.block = block;
     slot.lastUse = ++useCount_;
-    slot.filled = file_->readAt(block * kBlockSize, slot.bytes);
+    if (!slot.bytes)
+        slot.bytes = std::make_unique_for_overwrite<std::array<std::uint8_t, kBlockSize>>();
+    slot.filled = file_->readAt(block * kBlockSize, *slot.bytes);
     return slot;
 }
 

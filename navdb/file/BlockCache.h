@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/RandomAccessFile.h"
 
@@ -18,15 +19,16 @@ class BlockCache {
  public:
     static constexpr std::size_t kBlockSize = 4096;
 
-    explicit BlockCache(std::unique_ptr<RandomAccessFile> file);
+    explicit BlockCache(std::unique_ptr<RandomAccessFile> file) : file_(std::move(file)) {}
 
     /// Bytes from `offset` to the end of their block; empty at the end of the file. Valid until
     /// the next call of any member.
     std::span<const std::uint8_t> from(std::uint64_t offset) {
         const Slot& slot = slotOf(offset / kBlockSize);
         const std::size_t inBlock = offset % kBlockSize;
-        return inBlock < slot.filled ? slot.bytes.subspan(inBlock, slot.filled - inBlock)
-                                     : std::span<const std::uint8_t>{};
+        return inBlock < slot.filled
+                   ? std::span(*slot.bytes).subspan(inBlock, slot.filled - inBlock)
+                   : std::span<const std::uint8_t>{};
     }
 
     /// Fills `room`; false when the file ends before.
@@ -51,7 +53,7 @@ class BlockCache {
         std::uint64_t block = UINT64_MAX;
         std::uint64_t lastUse = 0;
         std::size_t filled = 0;
-        std::span<std::uint8_t> bytes;
+        std::unique_ptr<std::array<std::uint8_t, kBlockSize>> bytes;  ///< null before its first use
     };
 
     Slot& slotOf(std::uint64_t block) {
@@ -67,9 +69,6 @@ class BlockCache {
     Slot& load(std::array<Slot, kWays>& set, std::uint64_t block);
 
     std::unique_ptr<RandomAccessFile> file_;
-    /// Memory that no block has used stays untouched.
-    // NOLINTNEXTLINE(modernize-avoid-c-arrays): a vector would write to all of it
-    std::unique_ptr<std::uint8_t[]> bytes_;
     std::array<std::array<Slot, kWays>, kSets> sets_;
     std::uint64_t useCount_ = 0;
 };

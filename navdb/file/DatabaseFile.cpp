@@ -64,7 +64,7 @@ void parseFields(const HeaderBytes& bytes, DatabaseHeader& header) {
 std::string_view testSum(const RandomAccessFile& file, std::uint64_t size, std::uint32_t expected,
                          const DatabaseFile::Progress& progress) {
     DatabaseChecksum checksum;
-    std::vector<std::uint8_t> block(kCheckBlock);
+    std::vector<std::uint8_t> block(std::min<std::uint64_t>(kCheckBlock, size));
     for (std::uint64_t at = kRegionOffset; at < size;) {
         const std::size_t wanted = std::min<std::uint64_t>(block.size(), size - at);
         const auto bytes = std::span(block).first(wanted);
