@@ -11,6 +11,7 @@
 namespace korvel {
 namespace {
 
+constexpr std::size_t kFirstChunkBytes = 4096;
 constexpr std::size_t kChunkBytes = 65536;
 
 /// The file that `path` leads to.
@@ -40,11 +41,12 @@ std::optional<std::string> readWholeFile(const std::filesystem::path& path, std:
     const std::unique_ptr<InputFile> file = disk.openForReading(path);
     if (!file)
         return std::nullopt;
-    // In chunks, since the size of a file under /proc is not known beforehand.
+    // In chunks that grow, since the size of a file under /proc is not known beforehand.
     std::string bytes;
     while (bytes.size() < limit) {
         const std::size_t before = bytes.size();
-        bytes.resize(before + std::min(kChunkBytes, limit - before));
+        bytes.resize(before +
+                     std::min(std::clamp(before, kFirstChunkBytes, kChunkBytes), limit - before));
         const auto count = file->read(std::span(bytes).subspan(before));
         if (!count)
             return std::nullopt;

@@ -88,7 +88,6 @@ class Session {
         for (int i = 0; i < kMostActs && input_.remaining_bytes() > 0; ++i)
             act();
         tick();
-        paint();
         document_->endSession();
     }
 
