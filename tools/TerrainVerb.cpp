@@ -5,7 +5,7 @@
 #include "base/TextNumbers.h"
 #include "geo/Geodesy.h"
 #include "geo/Units.h"
-#include "ground/basemap/BaseMap.h"
+#include "ground/basemap/MapSea.h"
 #include "ground/terrain/TileFolder.h"
 #include "tools/Arguments.h"
 #include "tools/Invocation.h"
@@ -27,20 +27,13 @@ class Terrain {
     Json at(GeoPoint point) {
         if (const auto height = tiles_.heightAt(point))
             return {{"heightFt", height->metres * kFeetPerMetre}, {"source", height->file}};
-        if (!tiles_.hasTile(point) && isSea(point))
+        if (!tiles_.hasTile(point) && MapSea(&map_).isAt(point))
             return {{"heightFt", 0}, {"source", "sea"}};
         return {{"heightFt", nullptr}, {"source", nullptr}};
     }
     std::vector<std::string> takeProblems() { return tiles_.takeProblems(); }
 
  private:
-    bool isSea(GeoPoint point) {
-        if (!map_.isOpen())
-            return false;
-        const auto sheet = map_.file().sheetFor(SheetKind::Land, 0);
-        return sheet && !map_.isLand(*sheet, point);
-    }
-
     std::vector<std::filesystem::path> folders_;
     TileFolder tiles_;
     BaseMap map_;

@@ -1,12 +1,15 @@
 #include "map/feeds/GroundFeed.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
 #include "cockpit/CockpitData.h"
 #include "config/Settings.h"
 #include "config/texts/StatusTexts.h"
+#include "geo/Geodesy.h"
+#include "ground/basemap/MapSea.h"
 #include "map/MapContent.h"
 #include "map/ground/TerrainField.h"
 
@@ -20,6 +23,16 @@ constexpr double kPixelsPerHeight = 2;
 /// Bands stay until the altitude has changed by so much, or their edges would flicker.
 constexpr double kBandStepFt = 20;
 constexpr int kRelative = 1;  ///< of the setting "AltMode"
+
+/// At its middle and near its corners; there is no land in it.
+bool isSeaWithin(MapSea& sea, TileCorner corner) {
+    constexpr std::array kPlaces{std::pair{0.5, 0.5}, std::pair{0.1, 0.1}, std::pair{0.1, 0.9},
+                                 std::pair{0.9, 0.1}, std::pair{0.9, 0.9}};
+    return std::ranges::all_of(kPlaces, [&](const auto& place) {
+        return sea.isAt({.lat = (corner.south + place.first) * kDegToRad,
+                         .lon = (corner.west + place.second) * kDegToRad});
+    });
+}
 
 }  // namespace
 
@@ -91,6 +104,7 @@ bool GroundFeed::updateBands(const FeedRequest& request) {
 bool GroundFeed::knowsAll(const std::vector<TileCorner>& corners) const {
     const BaseMapFile& map = picture_->map().file();
     const auto sheet = map.sheetFor(SheetKind::Land, 0);
+    MapSea sea(&picture_->map());
     return std::ranges::all_of(corners, [&](TileCorner corner) {
         if (const auto tile = terrain_->tile(corner); tile.state == TerrainStore::State::Loaded)
             return !tile.heights->hasVoids();
@@ -99,7 +113,8 @@ bool GroundFeed::knowsAll(const std::vector<TileCorner>& corners) const {
         const MapSheet& land = map.sheets()[*sheet];
         const int bin = (corner.south + 90) / land.binDegrees * land.columns() +
                         (corner.west + 180) / land.binDegrees;
-        return map.state(land, bin) == BinState::Sea;
+        // A large lake has no land, too.
+        return map.state(land, bin) == BinState::Sea && isSeaWithin(sea, corner);
     });
 }
 

@@ -7,6 +7,7 @@
 #include "ground/MemoryFile.h"
 #include "ground/SmallMap.h"
 #include "ground/basemap/BaseMap.h"
+#include "ground/basemap/MapSea.h"
 
 namespace korvel { namespace {
 
@@ -212,6 +213,13 @@ TEST(BaseMap, TheWorldThatComesAlong) {
     // Mont Blanc's cell, kilometres too low as the whole relief; the sea beside Genoa.
     const auto alps = map.relief((45 + 90) / 15 * kReliefColumns + 180 / 15);
     EXPECT_NEAR((*alps)[static_cast<std::size_t>(10 * kReliefCells + 82)] * kReliefStepM, 2700, 600);
+    // Water at 0 ft, a fjord's too, and lakes that lie higher.
+    MapSea sea(&map);
+    for (const auto& [lat, lon] : {std::pair{0.0, 0.0}, {60.4, 6.5}, {47.6, -122.95}, {37.7, -122.3}, {0.0, 180.0}})
+        EXPECT_TRUE(sea.isAt(at(lat, lon))) << lat;
+    for (const auto& [lat, lon] :
+        {std::pair{47.7, -87.5}, {39.1, -120.04}, {-1.0, 33.0}, {57.3, -4.45}, {-45.2, 167.75}, {48.1, 11.6}})
+        EXPECT_FALSE(sea.isAt(at(lat, lon))) << lat;
     EXPECT_TRUE(map.problems().empty());
 }
 

@@ -53,7 +53,7 @@ inline std::string smallMap() {
     ReliefTile hill{};
     hill[0] = 7;
     hill[181] = 500;
-    hill.back() = 3;
+    hill.back() = 9;
     std::vector<std::string> heights(static_cast<std::size_t>(kReliefColumns) * kReliefRows);
     heights[5] = encodeRelief(hill);
     writer.setRelief(heights);

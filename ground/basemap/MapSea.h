@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+
+#include "geo/GeoPoint.h"
+#include "ground/basemap/BaseMap.h"
+
+namespace korvel {
+
+/// The sea of a base map, where the height is 0 without a tile to say so. A lake is no land either,
+/// but lies as high as its shores: there the map's coarse heights tell, and without them there is
+/// no sea. One thread at a time.
+class MapSea {
+ public:
+    /// Null, or a map that is not open, has none. The map outlives this.
+    explicit MapSea(BaseMap* map);
+
+    bool isAt(GeoPoint point);
+
+ private:
+    int heightStepsAt(int row, int column);
+
+    BaseMap* map_;
+    std::optional<std::size_t> coast_;  ///< the finest sheet of land: others lack islands
+};
+
+}  // namespace korvel
