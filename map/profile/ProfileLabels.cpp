@@ -76,10 +76,10 @@ void ProfileLabels::paint() {
         const Point at = axes_.at({0, *content_.altitudeFt});
         taken_.reserve(grown({at.x, at.y, 0, 0}, kProfileAircraftRoomPx));
     }
+    noteLines();
     notes();
     stops();
     descents();
-    noteLines();
     for (const AirspaceSlice& slice : content_.airspaces)
         airspace(slice);
 }
@@ -98,14 +98,18 @@ void ProfileLabels::figures() {
     }
 }
 
-/// What the pilot must know of the picture as a whole.
+/// What the pilot must know of the picture as a whole, in a corner off what is flown.
 void ProfileLabels::notes() {
     const ColorValue ink = colors_[ColorKey::HsiNumeral];
     const Rect& plot = axes_.plot();
-    double y = plot.y + 1;
     const auto note = [&](const Text& words) {
-        if (claim({plot.right() - kRimPx - widthOf(text(words)), y}, text(words), ink))
-            y += linePx_;
+        const double width = widthOf(text(words));
+        std::vector<Rect> boxes;
+        for (const double x : {plot.right() - kRimPx - width, plot.x + kRimPx})
+            for (double y = plot.y + 1; y + linePx_ <= plot.bottom(); y += linePx_)
+                boxes.push_back({x, y, width, linePx_});
+        if (const auto box = claimFirst(taken_, boxes, lines_))
+            write({boxes[*box].x, boxes[*box].center().y}, text(words), ink, AlignX::Left);
     };
     if (std::ranges::any_of(content_.ground,
                             [](const GroundSample& sample) { return !sample.isKnown; }))
