@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <numeric>
 
 #include "config/Text.h"
 #include "paint/MapColorCache.h"
@@ -11,7 +10,7 @@
 namespace korvel {
 namespace {
 
-constexpr double kBorder = 1;
+constexpr double kGap = 3;            // between the cells
 constexpr double kPadding = 6;        // beside the value
 constexpr double kUnitShare = 0.46;   // of the value's type size
 constexpr double kUnitGap = 0.12;     // of the value's type size
@@ -35,12 +34,7 @@ double naturalWidth(const TextMeasure& texts, const NavField& field) {
     return width / kSample;
 }
 
-// The room that a field asks for along a row: two lines are set at about half the size.
-double weight(const TextMeasure& texts, const NavField& field) {
-    return naturalWidth(texts, field) / (field.lines == 1 ? 1 : 1.6);
-}
-
-// The parts of one cell, inside its border.
+// The parts of one cell, without the gap to the next ones.
 struct CellParts {
     Rect header;
     Rect value;
@@ -48,10 +42,9 @@ struct CellParts {
 
 CellParts partsOf(const Rect& cell) {
     const double headerHeight = std::clamp(std::round(cell.height * 0.29), 15.0, 30.0);
-    const Rect inside{cell.x, cell.y, cell.width - kBorder, cell.height - kBorder};
+    const Rect inside{cell.x, cell.y, cell.width - kGap, cell.height - kGap};
     return {{inside.x, inside.y, inside.width, headerHeight},
-            {inside.x, inside.y + headerHeight + kBorder, inside.width,
-             inside.height - headerHeight - kBorder}};
+            {inside.x, inside.y + headerHeight, inside.width, inside.height - headerHeight}};
 }
 
 // The type sizes of a strip: one for all values of one line, one for those of two.
@@ -80,30 +73,16 @@ ValueSizes fittingSizes(const TextMeasure& texts, std::span<const NavFieldId> fi
     return sizes;
 }
 
-std::vector<Rect> rowCells(const TextMeasure& texts, std::span<const NavFieldId> fields,
-                           const Rect& row) {
-    std::vector<double> ends;
-    for (const NavFieldId id : fields)
-        ends.push_back((ends.empty() ? 0 : ends.back()) + weight(texts, navField(id)));
-    std::vector<Rect> cells;
-    double left = row.x;
-    for (const double end : ends) {
-        const double right = row.x + std::round(row.width * end / ends.back());
-        cells.push_back({left, row.y, right - left, row.height});
-        left = right;
-    }
-    return cells;
-}
-
 // In a wide column the cells grow with their type.
 double tallestCell(double width) {
     constexpr double kTallestShare = 0.8;
     return std::max(kTallestCell, kTallestShare * width);
 }
 
-// Left and top borders belong to the strip, right and bottom ones to the cells.
-Rect contentArea(const Rect& strip) {
-    return {kBorder, kBorder, strip.width - kBorder, strip.height - kBorder};
+// What a pilot flies by stays when others have to go.
+bool isImportant(NavFieldId field) {
+    return field == NavFieldId::Altitude || field == NavFieldId::GroundSpeed ||
+           field == NavFieldId::Track || field == NavFieldId::Distance;
 }
 
 class CellPainter {
@@ -164,7 +143,7 @@ class CellPainter {
         if (!unit.empty())
             width +=
                 canvas_.textMeasure().measure(unit, unitFont(height)).width + height * kUnitGap;
-        const double most = room - 2 * kBorder;
+        const double most = room - 2;
         return width <= most ? height : std::floor(height * most / width);
     }
 
@@ -193,22 +172,26 @@ class CellPainter {
 
 }  // namespace
 
-std::span<const NavFieldId> FieldStrip::fitting(std::span<const NavFieldId> chosen,
-                                                FieldArrangement arrangement, double width,
-                                                double height) {
+std::vector<NavFieldId> FieldStrip::fitting(std::span<const NavFieldId> chosen,
+                                            FieldArrangement arrangement, double width,
+                                            double height) {
     const double perRow = std::floor(width / kNarrowCell);
     double most = perRow;
     if (arrangement == FieldArrangement::TwoRows)
         most = 2 * std::max(3.0, perRow);
     if (arrangement == FieldArrangement::Column)
         most = 2 * std::floor(height / kLowCell);
-    return chosen.first(std::min(chosen.size(), static_cast<std::size_t>(std::max(most, 5.0))));
+    const auto room = static_cast<std::size_t>(std::max(most, 5.0));
+    std::vector<NavFieldId> fields(chosen.begin(), chosen.end());
+    for (std::size_t i = fields.size(); i-- > 0 && fields.size() > room;)
+        if (!isImportant(fields[i]))
+            fields.erase(fields.begin() + static_cast<std::ptrdiff_t>(i));
+    return fields;
 }
 
-std::optional<std::size_t> FieldStrip::fieldAt(const TextMeasure& texts, const Rect& strip,
-                                               FieldArrangement arrangement,
+std::optional<std::size_t> FieldStrip::fieldAt(const Rect& strip, FieldArrangement arrangement,
                                                std::span<const NavFieldId> fields, Point point) {
-    const std::vector<Rect> areas = cells(texts, strip, arrangement, fields);
+    const std::vector<Rect> areas = cells(strip, arrangement, fields);
     const auto hit =
         std::ranges::find_if(areas, [point](const Rect& area) { return area.contains(point); });
     if (hit == areas.end())
@@ -216,12 +199,12 @@ std::optional<std::size_t> FieldStrip::fieldAt(const TextMeasure& texts, const R
     return static_cast<std::size_t>(hit - areas.begin());
 }
 
-std::vector<Rect> FieldStrip::cells(const TextMeasure& texts, const Rect& strip,
-                                    FieldArrangement arrangement,
+std::vector<Rect> FieldStrip::cells(const Rect& strip, FieldArrangement arrangement,
                                     std::span<const NavFieldId> fields) {
     if (fields.empty())
         return {};
-    const Rect area = contentArea(strip);
+    // The first gap lies at the strip's own edge.
+    const Rect area{kGap, kGap, strip.width - kGap, strip.height - kGap};
     std::size_t perRow = fields.size();
     if (arrangement == FieldArrangement::TwoRows)
         perRow = (fields.size() + 1) / 2;
@@ -231,27 +214,18 @@ std::vector<Rect> FieldStrip::cells(const TextMeasure& texts, const Rect& strip,
     double height = area.height / static_cast<double>(rows);
     if (arrangement == FieldArrangement::Column)
         height = std::min(height, tallestCell(area.width / 2));
-    std::vector<Rect> all;
-    for (std::size_t row = 0; row < rows; ++row) {
-        const double top = std::round(static_cast<double>(row) * height);
-        const double bottom = std::round(static_cast<double>(row + 1) * height);
-        const auto inRow =
-            fields.subspan(row * perRow, std::min(perRow, fields.size() - row * perRow));
-        const std::vector<Rect> cells =
-            rowCells(texts, inRow, {area.x, area.y + top, area.width, bottom - top});
-        all.insert(all.end(), cells.begin(), cells.end());
-    }
+    std::vector<Rect> all =
+        gridCells({area.x, area.y, area.width, height * static_cast<double>(rows)}, perRow, rows);
+    all.resize(fields.size());
     return all;
 }
 
 void FieldStrip::paint(Canvas& canvas, FieldArrangement arrangement,
                        std::span<const NavFieldId> fields, const CockpitData& data) const {
-    const std::vector<Rect> areas = cells(canvas.textMeasure(), canvas.area(), arrangement, fields);
-    canvas.rect(canvas.area(), Brush{colors_[ColorKey::NavBackground]}, std::nullopt);
+    const std::vector<Rect> areas = cells(canvas.area(), arrangement, fields);
+    canvas.rect(canvas.area(), Brush{colors_[ColorKey::MapBackground]}, std::nullopt);
     if (areas.empty())
         return;
-    canvas.rect({0, 0, canvas.width(), areas.back().bottom()}, Brush{colors_[ColorKey::NavBorder]},
-                std::nullopt);
     const ValueSizes sizes = fittingSizes(canvas.textMeasure(), fields, areas);
     CellPainter painter(canvas, colors_);
     for (std::size_t i = 0; i < fields.size(); ++i)

@@ -24,22 +24,20 @@ class FieldStrip {
     void paint(Canvas& canvas, FieldArrangement arrangement, std::span<const NavFieldId> fields,
                const CockpitData& data) const;
 
-    /// The first of the chosen fields, as many as a strip of that size shows large enough to read:
-    /// five or more.
-    static std::span<const NavFieldId> fitting(std::span<const NavFieldId> chosen,
-                                               FieldArrangement arrangement, double width,
-                                               double height);
+    /// The chosen fields in their order, as many as a strip of that size shows large enough to
+    /// read: five or more. The last ones go first, but what a pilot flies by (altitude, ground
+    /// speed, track, distance) stays.
+    static std::vector<NavFieldId> fitting(std::span<const NavFieldId> chosen,
+                                           FieldArrangement arrangement, double width,
+                                           double height);
 
     /// The cells of the fields in their order, counted from the corner of `strip`, of which the
-    /// size counts. Along a row the widths follow what the fields have to show, so that all values
-    /// can be equally large.
-    static std::vector<Rect> cells(const TextMeasure& texts, const Rect& strip,
-                                   FieldArrangement arrangement,
+    /// size counts; all of one width, each with the gap to the next.
+    static std::vector<Rect> cells(const Rect& strip, FieldArrangement arrangement,
                                    std::span<const NavFieldId> fields);
 
     /// Which of the fields lies under a point, counted like the cells.
-    static std::optional<std::size_t> fieldAt(const TextMeasure& texts, const Rect& strip,
-                                              FieldArrangement arrangement,
+    static std::optional<std::size_t> fieldAt(const Rect& strip, FieldArrangement arrangement,
                                               std::span<const NavFieldId> fields, Point point);
 
  private:

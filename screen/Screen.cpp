@@ -489,16 +489,14 @@ std::vector<NavFieldId> Screen::shownFields() const {
     std::vector<NavFieldId> fields(fields_.fields().begin(), fields_.fields().end());
     if (page_ == PageId::Efis)
         std::erase_if(fields, isOnEfisPage);
-    const auto fitting =
-        FieldStrip::fitting(fields, layout.arrangement, layout.fields.width, layout.fields.height);
-    fields.resize(fitting.size());
-    return fields;
+    return FieldStrip::fitting(fields, layout.arrangement, layout.fields.width,
+                               layout.fields.height);
 }
 
 std::optional<std::size_t> Screen::fieldAt(Point at) const {
     const ScreenLayout& layout = areas_.layout();
     const std::vector<NavFieldId> shown = shownFields();
-    const auto place = FieldStrip::fieldAt(letters_, layout.fields, layout.arrangement, shown, at);
+    const auto place = FieldStrip::fieldAt(layout.fields, layout.arrangement, shown, at);
     return place ? std::optional(fields_.placeOf(shown[*place])) : std::nullopt;
 }
 

@@ -176,7 +176,7 @@ TEST_F(ScreenTest, FieldsAreTappedChangedAndKept) {
     tap(Point{strip.x + 5, strip.y + 5});
     EXPECT_EQ(asked(), Asked{"field 0"});
     tap(Point{strip.right() - 5, strip.bottom() - 5});
-    EXPECT_EQ(asked(), Asked{"field " + std::to_string(screen_.shownFields().size() - 1)});
+    EXPECT_EQ(asked(), Asked{"field 5"}) << "the altitude, for which the fifth one makes room";
     const NavFieldId first = screen_.field(0);
     const NavFieldId second = screen_.field(1);
     screen_.setField(0, second);
