@@ -6,7 +6,9 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvel {
 
@@ -109,5 +111,9 @@ using SerialDeviceOpener =
 /// (whether or not it leads anywhere now), else the n-th of the system's serial devices: USB first,
 /// then built-in ones that have hardware. A name that begins with "/dev/" is that device.
 SerialDeviceOpener systemSerialDeviceOpener(std::filesystem::path portsFolder);
+
+/// Lines that are chosen by their own names, since they are no COM ports: bound Bluetooth ones.
+/// None where these have numbers like all others.
+std::vector<std::string> serialLinesWithNames();
 
 }  // namespace korvel

@@ -229,4 +229,11 @@ SerialDeviceOpener systemSerialDeviceOpener(std::filesystem::path portsFolder) {
     };
 }
 
+std::vector<std::string> serialLinesWithNames() {
+    std::vector<std::string> names;
+    for (const std::filesystem::path& line : listBluetoothLines({}))
+        names.push_back(line.string());
+    return names;
+}
+
 }  // namespace korvel

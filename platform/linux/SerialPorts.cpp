@@ -5,6 +5,7 @@
 #include <string>
 #include <system_error>
 #include <tuple>
+#include <utility>
 
 #include "base/Ascii.h"
 #include "platform/FileIo.h"
@@ -84,6 +85,25 @@ std::vector<fs::path> listSerialDevices(const SerialFolders& folders) {
     for (Found& device : found)
         devices.push_back(std::move(device.device));
     return devices;
+}
+
+std::vector<fs::path> listBluetoothLines(const SerialFolders& folders) {
+    constexpr std::string_view kKind = "rfcomm";
+    std::vector<std::pair<int, fs::path>> found;
+    std::error_code error;
+    for (fs::directory_iterator entry(folders.sysfs, error);
+         !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        if (!name.starts_with(kKind))
+            continue;
+        if (const auto number = parseNumber(std::string_view(name).substr(kKind.size())))
+            found.emplace_back(*number, folders.dev / name);
+    }
+    std::ranges::sort(found);
+    std::vector<fs::path> lines;
+    for (auto& [number, device] : found)
+        lines.push_back(std::move(device));
+    return lines;
 }
 
 std::optional<fs::path> serialDeviceFile(std::string_view name, const SerialFolders& folders) {

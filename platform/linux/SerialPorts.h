@@ -19,6 +19,10 @@ struct SerialFolders {
 /// which there is hardware, by name and number.
 std::vector<std::filesystem::path> listSerialDevices(const SerialFolders& folders);
 
+/// The Bluetooth lines that are bound to a device, by number. They come and go with a radio, so
+/// they are no COM ports: opening one that is out of reach takes seconds.
+std::vector<std::filesystem::path> listBluetoothLines(const SerialFolders& folders);
+
 /// The device file that a port's name stands for, as told at systemSerialDeviceOpener(). Nothing
 /// when no device goes by that name.
 std::optional<std::filesystem::path> serialDeviceFile(std::string_view name,

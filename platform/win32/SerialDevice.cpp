@@ -179,4 +179,6 @@ SerialDeviceOpener systemSerialDeviceOpener(std::filesystem::path /*portsFolder*
     };
 }
 
+std::vector<std::string> serialLinesWithNames() { return {}; }
+
 }  // namespace korvel

@@ -46,6 +46,9 @@ TEST_F(SerialPortsTest, UsbComesFirstBySocketThenPortsWithHardware) {
     EXPECT_EQ(fileOf("COM1"), "/dev/ttyUSB7");
     EXPECT_EQ(fileOf("com5"), "/dev/ttyS10");
     EXPECT_EQ(fileOf("COM6"), "none");
+    for (const char* line : {"rfcomm10", "rfcomm2", "rfcommx"}) fs::create_directories(folders_.sysfs / line);
+    EXPECT_EQ(listBluetoothLines(folders_), (std::vector<fs::path>{"/dev/rfcomm2", "/dev/rfcomm10"}));
+    EXPECT_EQ(fileOf("COM6"), "none") << "a radio is not tried by itself";
 }
 
 TEST_F(SerialPortsTest, ALinkHoldsEvenWhileItLeadsNowhere) {

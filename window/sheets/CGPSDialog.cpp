@@ -3,6 +3,7 @@
 #include <QPushButton>
 
 #include "config/texts/SheetTexts.h"
+#include "platform/SerialDevice.h"
 #include "receiver/PortSettings.h"
 #include "receiver/network/SourceAddress.h"
 #include "window/QtText.h"
@@ -27,6 +28,8 @@ CGPSDialog::CGPSDialog(QWidget* parent, std::string_view settings, const Receive
     talkers_.setChecked(receiver.allTalkers);
     for (int number = 1; number <= kOfferedPorts; ++number)
         port_.addItem(QStringLiteral("COM%1").arg(number));
+    for (const std::string& line : serialLinesWithNames())
+        port_.addItem(QString::fromStdString(line));
     for (const int baud : {1200, 2400, 4800, 9600, 14400, 19200, 38400, 57600, 115200})
         baud_.addItem(QString::number(baud), baud);
     addRow(search_);
