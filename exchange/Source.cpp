@@ -68,8 +68,8 @@ Source::Source(std::string bytes) : text_(std::move(bytes)) {
     looksLikeXml_ = beginsLikeXml(text_);
     if (!looksLikeXml_)
         return;
-    const auto result = document_.load_buffer(text_.data(), text_.size(),
-                                              pugi::parse_default | pugi::parse_trim_pcdata);
+    const auto result = document_.load_buffer_inplace(
+        text_.data(), text_.size(), pugi::parse_default | pugi::parse_trim_pcdata);
     if (result.status == pugi::status_ok)
         rootName_ = localName(root());
 }
@@ -87,8 +87,12 @@ pugi::xml_node childNamed(pugi::xml_node node, std::string_view name) {
     return {};
 }
 
+std::string_view childValue(pugi::xml_node node, std::string_view name) {
+    return childNamed(node, name).text().get();
+}
+
 std::string childText(pugi::xml_node node, std::string_view name) {
-    return asUtf8(trimmed(childNamed(node, name).text().get(), kBlanks));
+    return asUtf8(trimmed(childValue(node, name), kBlanks));
 }
 
 std::string attributeText(pugi::xml_node node, const char* name) {

@@ -20,7 +20,11 @@ inline constexpr std::size_t kMostForeignPoints = 1'000'000;
 class Source {
  public:
     explicit Source(std::string bytes);
+    Source(const Source&) = delete;
+    Source& operator=(const Source&) = delete;
+    ~Source() = default;
 
+    /// The whole file; of an XML document the size alone means anything.
     [[nodiscard]] const std::string& text() const { return text_; }
     /// The root's name without its prefix; empty when this is no whole XML document.
     [[nodiscard]] std::string_view rootName() const { return rootName_; }
@@ -28,7 +32,7 @@ class Source {
     [[nodiscard]] bool looksLikeXml() const { return looksLikeXml_; }
 
  private:
-    std::string text_;
+    std::string text_;  ///< XML is parsed where it stands: a track may be large
     pugi::xml_document document_;
     std::string rootName_;
     bool looksLikeXml_ = false;
@@ -38,6 +42,9 @@ class Source {
 
 std::string_view localName(pugi::xml_node node);
 pugi::xml_node childNamed(pugi::xml_node node, std::string_view name);
+/// The text of that child as it stands, for numbers and times; empty without one. Good as long as
+/// the document.
+std::string_view childValue(pugi::xml_node node, std::string_view name);
 /// The text of that child, blanks at its ends taken off and as UTF-8; empty without one.
 std::string childText(pugi::xml_node node, std::string_view name);
 std::string attributeText(pugi::xml_node node, const char* name);

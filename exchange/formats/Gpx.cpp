@@ -65,11 +65,11 @@ ForeignTrack readGpxTrack(const Source& source) {
             return;
         track.points.emplace_back(ForeignTrackPoint{
             .position = *position,
-            .unixS = utcOf(childText(trkpt, "time")),
-            .altitudeFt = wholeNumber(childText(trkpt, "ele")).value_or(0.0) * kFeetPerMetre,
+            .unixS = utcOf(childValue(trkpt, "time")),
+            .altitudeFt = wholeNumber(childValue(trkpt, "ele")).value_or(0.0) * kFeetPerMetre,
             .groundSpeedKt =
-                wholeNumber(childText(trkpt, "speed")).value_or(0.0) * kKnotsPerMetreSecond,
-            .trackDeg = wholeNumber(childText(trkpt, "course")).value_or(0.0)});
+                wholeNumber(childValue(trkpt, "speed")).value_or(0.0) * kKnotsPerMetreSecond,
+            .trackDeg = wholeNumber(childValue(trkpt, "course")).value_or(0.0)});
     };
     eachChild(source.root(), "trk", [&](pugi::xml_node trk) {
         eachChild(trk, "trkseg", [&](pugi::xml_node segment) {
@@ -89,7 +89,7 @@ ForeignWaypoints readGpxWaypoints(const Source& source) {
         const auto position = positionOf(wpt);
         if (!position)
             result.error = text(kExchangeTexts.badCoordinate);
-        const auto metres = wholeNumber(childText(wpt, "ele"));
+        const auto metres = wholeNumber(childValue(wpt, "ele"));
         const std::string name = childText(wpt, "name");
         result.waypoints.push_back(
             {.ident = name,
