@@ -104,6 +104,8 @@ struct PreferenceTexts {
         61922,
         "Next Page goes through the pages that are chosen here; while there are fewer than two, "
         "through all."};
+    Text searchPrefs{66705, "Search the settings"};
+    Text noSuchPref{66706, "No setting is called that."};
 };
 
 inline constexpr PreferenceTexts kPreferenceTexts{};

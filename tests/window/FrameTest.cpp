@@ -17,6 +17,7 @@
 #include <QPointingDevice>
 #include <QPushButton>
 #include <QSet>
+#include <QTabWidget>
 #include <QTest>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
@@ -35,6 +36,7 @@
 #include "receiver/GpsFixture.h"
 #include "window/CMainFrame.h"
 #include "window/sheets/CAirportSheet.h"
+#include "window/sheets/CPrefsSheet.h"
 #include "window/sheets/KeyPad.h"
 
 namespace korvel { namespace {
@@ -639,6 +641,30 @@ TEST_F(FrameTest, AnAirportsSheetSaysWhatItsRecordHas) {
     CAirportSheet sheet(frame_.get(), *document_, {labels_, colors}, airport);
     EXPECT_LE(sheet.minimumSizeHint().height(), 460);
     EXPECT_LE(sheet.minimumSizeHint().width(), 640);
+}
+
+TEST_F(FrameTest, ASettingIsFoundByItsNameItsChoicesOrItsPage) {
+    CPrefsSheet sheet(frame_.get(), *document_);
+    sheet.show();
+    auto* line = sheet.findChild<QLineEdit*>();
+    auto* tabs = sheet.findChild<QTabWidget*>();
+    const auto shown = [&](const char* typed) {
+        line->setText(typed);
+        QStringList names;
+        for (const QWidget* each : tabs->findChildren<QWidget*>())
+            if (each->minimumHeight() == Sheet::kRowPixels && !each->isHidden() && !each->accessibleName().isEmpty())
+                names += each->accessibleName();
+        int pages = 0;
+        for (int tab = 0; tab < tabs->count(); ++tab) pages += tabs->isTabVisible(tab) ? 1 : 0;
+        return std::pair(names.size(), pages);
+    };
+    const auto all = shown("");
+    EXPECT_EQ(all.second, 8);
+    EXPECT_GT(all.first, 30);
+    EXPECT_EQ(shown("gear warn"), (std::pair<qsizetype, int>(1, 1)));
+    EXPECT_EQ(shown("MILES PER"), (std::pair<qsizetype, int>(1, 1))) << "a choice";
+    EXPECT_EQ(shown("no setting"), (std::pair<qsizetype, int>(0, 0)));
+    EXPECT_EQ(shown(""), all);
 }
 
 }}  // namespace korvel

@@ -1,5 +1,6 @@
 #include "window/sheets/CPrefsSheet.h"
 
+#include <algorithm>
 #include <array>
 
 #include <QFormLayout>
@@ -43,6 +44,12 @@ CPrefsSheet::CPrefsSheet(QWidget* parent, CKorvelDoc& document, std::span<const 
         tabs_.addTab(makePage(page, document.settings()).release(), toQString(prefsPageName(page)));
     message_.setWordWrap(true);
     message_.hide();
+    search_.setPlaceholderText(toQString(kPreferenceTexts.searchPrefs));
+    search_.setAccessibleName(search_.placeholderText());
+    search_.setClearButtonEnabled(true);
+    connect(&search_, &QLineEdit::textChanged, this, [this] { search(); });
+    if (pages.size() > 1)
+        addRow(search_);
     addTallRow(tabs_);
     addRow(message_);
     setPreferredWidth(18 * kRowPixels);
@@ -97,6 +104,7 @@ void CPrefsSheet::addEditor(QWidget& page, const PrefRow& row, const SettingValu
     }
     widget->setMinimumHeight(kRowPixels);
     widget->setAccessibleName(name);
+    editor.widget = widget;
     // A number out of range shows, and is asked for, when the pilot accepts.
     if (!read(editor, editor.shown).empty())
         editor.shown = value;
@@ -116,6 +124,32 @@ void CPrefsSheet::offerSchemes(std::span<const std::string> names, const std::st
     form.labelForField(&schemes_)->setMinimumHeight(kRowPixels);
 }
 
+void CPrefsSheet::search() {
+    const QString wanted = search_.text().trimmed();
+    const auto holds = [&](Text words) {
+        return toQString(words).contains(wanted, Qt::CaseInsensitive);
+    };
+    const auto isNamed = [&](const Editor& editor) {
+        return holds(editor.row.label) || holds(prefsPageName(editor.row.page)) ||
+               std::ranges::any_of(editor.row.choices, holds);
+    };
+    std::vector<bool> hasRows(static_cast<std::size_t>(tabs_.count()), wanted.isEmpty());
+    const auto show = [&](QWidget& widget, int tab, bool shown) {
+        auto& form = static_cast<QFormLayout&>(*widget.parentWidget()->layout());
+        form.setRowVisible(&widget, shown);
+        if (shown)
+            hasRows[static_cast<std::size_t>(tab)] = true;
+    };
+    for (const Editor& editor : editors_)
+        show(*editor.widget, editor.tab, isNamed(editor));
+    if (schemes_.count() > 0)
+        show(schemes_, 0, holds(kPreferenceTexts.prefScheme));
+    for (int tab = 0; tab < tabs_.count(); ++tab)
+        tabs_.setTabVisible(tab, hasRows[static_cast<std::size_t>(tab)]);
+    message_.setText(toQString(kPreferenceTexts.noSuchPref));
+    message_.setVisible(std::ranges::find(hasRows, true) == hasRows.end());
+}
+
 std::string CPrefsSheet::read(const Editor& editor, SettingValue& value) {
     if (editor.line != nullptr)
         return editor.row.read(editor.line->text().trimmed().toStdString(), value);
@@ -129,6 +163,7 @@ void CPrefsSheet::accept() {
         SettingValue value;
         const std::string error = read(editor, value);
         if (!error.empty()) {
+            search_.clear();
             message_.setText(toQString(error));
             message_.show();
             tabs_.setCurrentIndex(editor.tab);

@@ -19,8 +19,8 @@ namespace korvel {
 
 class CKorvelDoc;
 
-/// Asks for settings, a tab for each page of the preferences. OK puts them in force, and only when
-/// every one of them will do; Cancel changes nothing.
+/// Asks for settings, a tab for each page of the preferences, with a search where there are
+/// several. OK puts them in force, and only when every one of them will do; Cancel changes nothing.
 class CPrefsSheet : public Sheet {
  public:
     /// Every page. The document must outlive the sheet.
@@ -43,6 +43,7 @@ class CPrefsSheet : public Sheet {
         QCheckBox* box = nullptr;
         QComboBox* list = nullptr;
         QLineEdit* line = nullptr;
+        QWidget* widget = nullptr;  ///< one of these
         int tab = 0;
         /// As it was shown; what the pilot left alone keeps even a value that is not on offer.
         SettingValue shown{};
@@ -52,10 +53,13 @@ class CPrefsSheet : public Sheet {
     std::unique_ptr<QWidget> makePage(PrefsPage page, const Settings& settings);
     /// The row's widget is the page's.
     void addEditor(QWidget& page, const PrefRow& row, const SettingValue& value);
+    /// Shows only the settings whose names, choices or pages hold what was typed.
+    void search();
     /// What the widget says; the message for the pilot when that will not do.
     static std::string read(const Editor& editor, SettingValue& value);
 
     CKorvelDoc& document_;
+    QLineEdit search_;
     QTabWidget tabs_;
     QLabel message_;
     std::vector<Editor> editors_;
