@@ -6,11 +6,13 @@
 
 #include "cockpit/FlightData.h"
 #include "cockpit/PlaceClass.h"
+#include "cockpit/RestOfFlight.h"
 #include "cockpit/SentinelValues.h"
 #include "config/Text.h"
 #include "config/texts/StatusTexts.h"
 #include "geo/Geodesy.h"
 #include "geo/OnEarth.h"
+#include "geo/Sun.h"
 #include "geo/Units.h"
 
 namespace korvel {
@@ -48,6 +50,7 @@ CKorvelDoc::CKorvelDoc(const Foundations& foundations)
       terrainWatch_(ground_.terrain(), charts_.database(), flight_.alarms()),
       airspaceWatch_(ground_.airspaces(), flight_.alarms()),
       aircraft_(profile_, flight_.timeOfDay(), flight_.alarms()),
+      nightWatch_(flight_.alarms()),
       memory_(profile_, flight_, charts_.database()),
       emergency_(flight_, charts_.database()),
       userFixes_(profile_, charts_, flight_.plan()),
@@ -114,6 +117,17 @@ void CKorvelDoc::watchGround() {
     airspaceWatch_.update(above, clock_.tickMs());
 }
 
+void CKorvelDoc::watchNight() {
+    NightWatch::Situation now{.position = known(flight_.navigation().present().position),
+                              .unixSeconds = flight_.timeOfDay().unixSeconds(),
+                              .localSecondOfDay = data_.secondOfDay()};
+    if (const auto rest = restOfFlight(data_)) {
+        now.end = rest->end;
+        now.secondsToEnd = rest->seconds;
+    }
+    nightWatch_.update(now);
+}
+
 void CKorvelDoc::tick() {
     ground_.takeLoaded();
     if (charts_.takeLoaded())
@@ -130,6 +144,7 @@ void CKorvelDoc::tick() {
     watchTraffic();
     watchGround();
     watchAircraft();
+    watchNight();
     flight_.tick(settings_, input_.variation(), aircraft);
     const auto present = known(flight_.navigation().present().position);
     nearAirports_.update(charts_.database(), present ? present : lastPosition_, settings_,
@@ -393,10 +408,26 @@ CockpitData CKorvelDoc::collectData() {
     data.emergency = emergency_.isOn();
     aircraft_.fill(data);
     data.enduranceRing = MapPlaceOptions::from(settings_).shows(PlaceLayerBit::EnduranceRing);
+    if (data.position)
+        data.nearAirports = nearAirports_.shown();
+    collectSun(data);
     data.traffic = traffic_.shown(trafficChoice_);
     if (data.position)
         data.airspaces = airspaceWatch_.shown();
     return data;
+}
+
+void CKorvelDoc::collectSun(CockpitData& data) const {
+    const std::int64_t now = flight_.timeOfDay().unixSeconds();
+    const SunDay day = data.position ? sunDay(*data.position, now) : SunDay();
+    if (!data.position || day.kind != SunDay::Kind::RisesAndSets)
+        return;
+    constexpr std::int64_t kMinute = 60;  // seconds of it would change with every mile
+    const auto local = [&](std::int64_t moment) {
+        return static_cast<int>((data.secondOfDay() + moment - now) / kMinute * kMinute);
+    };
+    data.sunriseSecondOfDay = local(day.rise);
+    data.sunsetSecondOfDay = local(day.set);
 }
 
 void CKorvelDoc::collectFix(CockpitData& data) {

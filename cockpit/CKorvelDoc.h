@@ -22,6 +22,7 @@
 #include "cockpit/GroundData.h"
 #include "cockpit/KnownPlaces.h"
 #include "cockpit/NearAirportList.h"
+#include "cockpit/NightWatch.h"
 #include "cockpit/TerrainWatch.h"
 #include "cockpit/TrafficWatch.h"
 #include "cockpit/UserFixes.h"
@@ -217,8 +218,10 @@ class CKorvelDoc final : private SentenceListener {
     std::optional<std::int64_t> receivedUtc() const;
     CockpitData collectData();
     void watchGround();
+    void watchNight();
     void show(CockpitData data);
     void collectFix(CockpitData& data);
+    void collectSun(CockpitData& data) const;
 
     ProfileFile& profile_;
     const Clock& clock_;
@@ -240,6 +243,7 @@ class CKorvelDoc final : private SentenceListener {
     TerrainWatch terrainWatch_;
     AirspaceWatch airspaceWatch_;
     AircraftWatch aircraft_;
+    NightWatch nightWatch_;
     FlightMemory memory_;
     NearAirportList nearAirports_;
     Emergency emergency_;

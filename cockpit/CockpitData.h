@@ -155,7 +155,11 @@ struct CockpitData {
 
     // By the receiver's clock while it tells the time, else by the computer's.
     LocalTime now;
+    [[nodiscard]] int secondOfDay() const { return (now.hour * 60 + now.minute) * 60 + now.second; }
     std::optional<int> utcSecondOfDay;
+    /// Of this day where the aircraft is, by the same clock as `now`; absent where it does neither.
+    std::optional<int> sunriseSecondOfDay;
+    std::optional<int> sunsetSecondOfDay;
     std::optional<int> flightTimeSec;                         ///< since the start of this flight
     int altUnit = 0;                                          ///< 0 feet, 1 metres
     DistanceUnit distanceUnit = DistanceUnit::NauticalMiles;  ///< of speeds as well

@@ -68,6 +68,12 @@ std::string courseText(double trueDeg, std::optional<double> variationDeg) {
                         : courseText(trueDeg) + "°T";
 }
 
+std::string timeOfDayText(std::int64_t secondOfDay) {
+    constexpr std::int64_t kDay = 86400;
+    const std::int64_t minutes = ((secondOfDay % kDay + kDay) % kDay) / 60;
+    return zeroPadded(minutes / 60, 2) + ":" + zeroPadded(minutes % 60, 2);
+}
+
 std::string ageText(int seconds) {
     if (seconds < 60)
         return formatInt(seconds) + " s";

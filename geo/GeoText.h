@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -32,6 +33,9 @@ std::string altitudeText(int feet, int altUnit);
 std::string courseText(double degrees);
 /// "088°M"; without the variation there, east positive, "090°T".
 std::string courseText(double trueDeg, std::optional<double> variationDeg);
+
+/// "16:21" of a second of the day; of days before and behind it the same.
+std::string timeOfDayText(std::int64_t secondOfDay);
 
 /// "12 s", from a minute on "2 min 05 s", from an hour on "1 h 02 min".
 std::string ageText(int seconds);

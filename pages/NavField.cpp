@@ -6,6 +6,7 @@
 
 #include "base/Ascii.h"
 #include "base/TextNumbers.h"
+#include "cockpit/RestOfFlight.h"
 #include "config/texts/InstrumentTexts.h"
 #include "geo/GeoText.h"
 #include "geo/Geodesy.h"
@@ -16,8 +17,6 @@ namespace korvel {
 namespace {
 
 constexpr int kPositionDecimals = 2;  // of a minute: 19 m
-/// Slower than this the time to a place says nothing.
-constexpr double kSlowestKt = 5;
 constexpr int kSecondsPerHour = 3600;
 constexpr int kSecondsPerDay = 24 * kSecondsPerHour;
 constexpr char kCorrected = '*';  // behind the unit: by what the altimeter read
@@ -62,28 +61,13 @@ NavFieldText durationIn(std::optional<double> seconds) {
 
 NavFieldText clockTime(int secondOfDay) {
     const int second = (secondOfDay % kSecondsPerDay + kSecondsPerDay) % kSecondsPerDay;
-    return {zeroPadded(second / kSecondsPerHour, 2) + ":" + zeroPadded(second / 60 % 60, 2),
-            zeroPadded(second % 60, 2), ""};
+    return {timeOfDayText(second), zeroPadded(second % 60, 2), ""};
 }
 
 std::optional<double> secondsFor(const CockpitData& data, std::optional<double> nm) {
-    if (!nm || !data.groundSpeedKt || *data.groundSpeedKt < kSlowestKt)
+    if (!nm || !data.groundSpeedKt || *data.groundSpeedKt < kSlowestToTellTimeKt)
         return std::nullopt;
     return *nm / *data.groundSpeedKt * kSecondsPerHour;
-}
-
-// Along the plan to its end; nothing while something else is flown.
-std::optional<double> planRestNm(const CockpitData& data) {
-    if (data.directLeg || !data.plan || !data.plan->active || !data.distanceNm)
-        return std::nullopt;
-    double rest = *data.distanceNm;
-    for (std::size_t i = *data.plan->active + 1; i < data.plan->rows.size(); ++i) {
-        const std::optional<double>& leg = data.plan->rows[i].legNm;
-        if (!leg)
-            return std::nullopt;
-        rest += *leg;
-    }
-    return rest;
 }
 
 NavFieldText groundSpeed(const CockpitData& data) {
@@ -148,8 +132,7 @@ NavFieldText eta(const CockpitData& data) {
     const std::optional<double> seconds = secondsFor(data, data.distanceNm);
     if (!seconds || *seconds >= kSecondsPerDay)
         return absent();
-    const int now = data.now.hour * kSecondsPerHour + data.now.minute * 60 + data.now.second;
-    return {clockTime(now + RoundToInt(*seconds)).value,
+    return {timeOfDayText(data.secondOfDay() + RoundToInt(*seconds)),
             std::string(text(kInstrumentTexts.localTime)), ""};
 }
 
@@ -210,8 +193,7 @@ NavFieldText position(const CockpitData& data) {
 }
 
 NavFieldText timeOfDay(const CockpitData& data) {
-    NavFieldText time =
-        clockTime(data.now.hour * kSecondsPerHour + data.now.minute * 60 + data.now.second);
+    NavFieldText time = clockTime(data.secondOfDay());
     time.unit.append(" ").append(text(kInstrumentTexts.localTime));
     return time;
 }
@@ -219,6 +201,14 @@ NavFieldText timeOfDay(const CockpitData& data) {
 NavFieldText utc(const CockpitData& data) {
     return data.utcSecondOfDay ? clockTime(*data.utcSecondOfDay) : absent();
 }
+
+NavFieldText sunTime(const std::optional<int>& secondOfDay) {
+    if (!secondOfDay)
+        return absent();
+    return {timeOfDayText(*secondOfDay), std::string(text(kInstrumentTexts.localTime)), ""};
+}
+NavFieldText sunrise(const CockpitData& data) { return sunTime(data.sunriseSecondOfDay); }
+NavFieldText sunset(const CockpitData& data) { return sunTime(data.sunsetSecondOfDay); }
 
 NavFieldText flightTime(const CockpitData& data) {
     if (!data.flightTimeSec)
@@ -270,6 +260,8 @@ constexpr std::array kFields{
     NavField{NavFieldId::Position, kInstrumentTexts.position, "W188°88.88'", 2, position},
     NavField{NavFieldId::Time, kInstrumentTexts.time, "88:88", 1, timeOfDay},
     NavField{NavFieldId::Utc, kInstrumentTexts.utc, "88:88", 1, utc},
+    NavField{NavFieldId::Sunrise, kInstrumentTexts.sunrise, "88:88", 1, sunrise},
+    NavField{NavFieldId::Sunset, kInstrumentTexts.sunset, "88:88", 1, sunset},
     NavField{NavFieldId::FlightTime, kInstrumentTexts.flightTime, "88:88", 1, flightTime},
     NavField{NavFieldId::Satellites, kInstrumentTexts.satellites, "88", 1, satellites},
     NavField{NavFieldId::Fuel, kInstrumentTexts.fuel, "888", 1, fuel},

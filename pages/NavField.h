@@ -34,6 +34,8 @@ enum class NavFieldId : std::uint8_t {
     Position,
     Time,
     Utc,
+    Sunrise,
+    Sunset,
     FlightTime,
     Satellites,
     Fuel,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include "base/Ascii.h"
 #include "base/TextNumbers.h"
@@ -16,7 +17,6 @@ namespace {
 constexpr double kMostHours = 100;
 constexpr double kFliesFromKt = 30;  // slower than this nobody is on the way
 constexpr int kMinutesPerHour = 60;
-constexpr int kHoursPerDay = 24;
 
 /// What is to be climbed from where the aircraft is, or from the plan's beginning, and descended to
 /// the altitude that is wanted at the end; 0 for what is not known.
@@ -120,8 +120,8 @@ std::string arrivalText(const std::optional<double>& hours, const LocalTime& now
         return std::string(kNoValue);
     const double minutes =
         *hours * kMinutesPerHour + now.hour * kMinutesPerHour + now.minute + now.second / 60.0;
-    const int whole = RoundToInt(minutes) % (kHoursPerDay * kMinutesPerHour);
-    return zeroPadded(whole / kMinutesPerHour, 2) + ":" + zeroPadded(whole % kMinutesPerHour, 2);
+    const int whole = RoundToInt(minutes);
+    return timeOfDayText(std::int64_t{whole} * 60);
 }
 
 }  // namespace korvel

@@ -30,7 +30,9 @@ struct FlightTexts {
         61714, "%s: a number from %d to %d is wanted"};  ///< %s: what, %d: lowest, %d: highest
     Text alarmGear{61900, "CHECK GEAR"};
     Text alarmOffCourse{61901, "OFF COURSE"};
-    Text alarmArriving{61902, "Arriving at %s"};  ///< %s: waypoint
+    Text alarmArriving{61902, "Arriving at %s"};          ///< %s: waypoint
+    Text alarmNight{66703, "Arrival after sunset (%s)"};  ///< %s: time of day
+    Text alarmNoSun{66704, "No daylight at arrival"};
     Text alarmTerrain{66103, "TERRAIN (GPS altitude)"};
     Text alarmTerrainAhead{66104, "TERRAIN AHEAD (GPS altitude)"};
     Text pluginLacksFunctions{61910,

@@ -27,6 +27,8 @@ struct InstrumentTexts {
     Text position{62017, "POS"};
     Text time{62018, "TIME"};
     Text utc{62019, "UTC"};
+    Text sunrise{66701, "SUNRISE"};
+    Text sunset{66702, "SUNSET"};
     Text flightTime{62020, "FLT TIME"};
     Text satellites{62021, "SAT"};
     Text requiredVerticalSpeed{62023, "VS REQ"};

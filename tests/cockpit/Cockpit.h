@@ -41,6 +41,8 @@ inline CockpitData navigating() {
     data.requiredVerticalSpeedFpm = -523;
     data.variationDeg = -3.26;
     data.utcSecondOfDay = 12 * 3600 + 5 * 60 + 7;
+    data.sunriseSecondOfDay = (5 * 60 + 13) * 60;
+    data.sunsetSecondOfDay = (21 * 60 + 17) * 60;
     data.flightTimeSec = 3725;
     data.turnRateDegPerSec = 1.5;
     data.bankDeg = 9.2;

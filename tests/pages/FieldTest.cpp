@@ -44,6 +44,8 @@ TEST(NavField, FieldsShowTheirValuesOrDashes) {
         {"PLAN TIME", {"52:50", "min", ""}, {"52:50", "min", ""}},
         {"VAR", {"3.3", "°W", ""}, {"3.3", "°W", ""}},
         {"POS", {"N48°21.22'", "", "E011°47.17'"}, {"N48°21.22'", "", "E011°47.17'"}},
+        {"SUNRISE", {"05:13", "LT", ""}, {"05:13", "LT", ""}},
+        {"SUNSET", {"21:17", "LT", ""}, {"21:17", "LT", ""}},
         {"UTC", {"12:05", "07", ""}, {"12:05", "07", ""}},
         {"FLT TIME", {"1:02", "h", ""}, {"1:02", "h", ""}},
         {"SAT", {"8", "3D", ""}, {"8", "3D", ""}},
@@ -143,14 +145,12 @@ TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
                     EXPECT_NE(std::ranges::find(fields, NavFieldId::Altitude), fields.end()) << size.width;
                 }
                 FieldStrip(colors).paint(canvas, size.arrangement, fields, data);
-                const std::vector<Rect> cells =
-                    FieldStrip::cells(canvas.area(), size.arrangement, fields);
+                const std::vector<Rect> cells = FieldStrip::cells(canvas.area(), size.arrangement, fields);
                 ASSERT_EQ(cells.size(), fields.size());
                 for (const RecordingCanvas::Element& element : canvas.elements()) {
                     if (element.kind != RecordingCanvas::Kind::Text) continue;
                     const Rect& area = element.area;
-                    const auto cell = FieldStrip::fieldAt(
-                        canvas.area(), size.arrangement, fields, {area.x, area.y});
+                    const auto cell = FieldStrip::fieldAt(canvas.area(), size.arrangement, fields, {area.x, area.y});
                     ASSERT_TRUE(cell) << element.text << " at " << size.width;
                     EXPECT_TRUE(cells[*cell].contains({area.right(), area.bottom()}))
                         << element.text << " at " << size.width;
