@@ -8,6 +8,8 @@
 #include "cockpit/PlaceDetails.h"
 #include "config/Text.h"
 #include "config/texts/StatusTexts.h"
+#include "geo/GeoText.h"
+#include "geo/Units.h"
 #include "navdb/records/AirportRecord.h"
 #include "pages/AirportLayout.h"
 #include "paint/LabelSpace.h"
@@ -20,11 +22,12 @@ namespace {
 
 class PicturePainter {
  public:
-    PicturePainter(Canvas& canvas, const Rect& area, const AirportRecord& airport,
+    PicturePainter(Canvas& canvas, const Rect& area, const AirportRecord& airport, int altUnit,
                    const MapColorCache& colors)
         : canvas_(canvas),
           area_(area),
           airport_(airport),
+          altUnit_(altUnit),
           colors_(colors),
           textPx_(std::clamp(std::round(std::min(area.width, area.height) / 22), 12.0, 22.0)),
           background_(colors[ColorKey::MapBackground]),
@@ -74,16 +77,18 @@ class PicturePainter {
         labels_.reserve({area_.x, area_.y, 3 * size, 3.6 * size});
     }
 
-    // 500, 1000, 2000 … feet, about a quarter of the width.
+    // 500, 1000, 2000 … feet or 250, 500 … metres, about a quarter of the width.
     void scaleBar() {
         if (layout_.pixelsPerFt <= 0)
             return;
-        double feet = 500;
-        while (feet * 2 * layout_.pixelsPerFt < area_.width / 4)
-            feet *= 2;
+        const double perFoot = altUnit_ == 1 ? kMetresPerFoot : 1;
+        const double pixelsPerUnit = layout_.pixelsPerFt / perFoot;
+        double length = altUnit_ == 1 ? 250 : 500;
+        while (length * 2 * pixelsPerUnit < area_.width / 4)
+            length *= 2;
         const double left = area_.x + textPx_;
         const double y = area_.bottom() - 0.7 * textPx_;
-        const double right = left + feet * layout_.pixelsPerFt;
+        const double right = left + length * pixelsPerUnit;
         const double tick = 0.3 * textPx_;
         canvas_.lines(
             std::array{Segment{{left, y}, {right, y}}, Segment{{left, y - tick}, {left, y + tick}},
@@ -91,7 +96,8 @@ class PicturePainter {
             {ink_, 1.5, PenStyle::Solid});
         TextStyle words = style(std::max(11.0, textPx_ * 0.85), FontWeight::Regular, ink_);
         words.alignX = AlignX::Left;
-        canvas_.text({left, y - textPx_}, formatInt(std::lround(feet)) + " ft", words);
+        canvas_.text({left, y - textPx_},
+                     formatInt(std::lround(length)) + (altUnit_ == 1 ? " m" : " ft"), words);
         labels_.reserve({area_.x, y - 1.6 * textPx_, right - area_.x + textPx_, 2.3 * textPx_});
     }
 
@@ -161,7 +167,7 @@ class PicturePainter {
         const RunwayRecord& runway = recordOf(shape);
         if (!runway.lengthFt)
             return;
-        const std::string words = formatInt(*runway.lengthFt) + " ft";
+        const std::string words = altitudeText(*runway.lengthFt, altUnit_);
         const TextStyle label = style(std::max(11.0, textPx_ * 0.85), FontWeight::Regular, ink_);
         const TextExtent extent = canvas_.textMeasure().measure(words, label.font);
         const double x = shape.to.x - shape.from.x;
@@ -189,6 +195,7 @@ class PicturePainter {
     Canvas& canvas_;
     Rect area_;
     const AirportRecord& airport_;
+    int altUnit_;
     const MapColorCache& colors_;
     double textPx_;
     ColorValue background_;
@@ -200,8 +207,8 @@ class PicturePainter {
 }  // namespace
 
 void paintAirportPicture(Canvas& canvas, const Rect& area, const AirportRecord& airport,
-                         const MapColorCache& colors) {
-    PicturePainter(canvas, area, airport, colors).paint();
+                         int altUnit, const MapColorCache& colors) {
+    PicturePainter(canvas, area, airport, altUnit, colors).paint();
 }
 
 }  // namespace korvel

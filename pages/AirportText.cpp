@@ -3,18 +3,24 @@
 #include "base/TextNumbers.h"
 #include "config/Text.h"
 #include "config/texts/StatusTexts.h"
+#include "geo/Geodesy.h"
+#include "geo/Units.h"
 
 namespace korvel {
 
-std::string runwayText(const RunwayRecord& runway) {
+std::string runwayText(const RunwayRecord& runway, int altUnit) {
+    const bool isMetric = altUnit == 1;
+    const auto shown = [isMetric](int feet) {
+        return formatInt(isMetric ? RoundToInt(feet * kMetresPerFoot) : feet);
+    };
     std::string line;
     for (const RunwayEnd& end : runway.ends)
         line.append(line.empty() ? "" : "/").append(end.id);
     if (runway.lengthFt) {
-        line += "   " + formatInt(*runway.lengthFt);
+        line += "   " + shown(*runway.lengthFt);
         if (runway.widthFt)
-            line += " x " + formatInt(*runway.widthFt);
-        line += " ft";
+            line += " x " + shown(*runway.widthFt);
+        line += isMetric ? " m" : " ft";
     }
     if (!runway.surface.empty())
         line += "   " + runway.surface;

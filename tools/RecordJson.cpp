@@ -107,7 +107,7 @@ std::string recordDetails(const DatabaseRecord& record) {
     if (airport == nullptr)
         return lines;
     for (const RunwayRecord& runway : airport->runways)
-        lines += "  " + runwayText(runway) + "\n";
+        lines += "  " + runwayText(runway, 0) + "\n";
     for (const CommFreqRecord& comm : airport->comms)
         lines += "  " + commText(comm) + "\n";
     return lines;

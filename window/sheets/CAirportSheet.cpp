@@ -21,8 +21,9 @@ constexpr int kPicturePixels = 200;
 /// An airport's runways to scale.
 class RunwayPicture final : public QWidget {
  public:
-    RunwayPicture(const CAirportSheet::Look& look, std::shared_ptr<const AirportRecord> airport)
-        : look_(look), airport_(std::move(airport)) {
+    RunwayPicture(const CAirportSheet::Look& look, std::shared_ptr<const AirportRecord> airport,
+                  int altUnit)
+        : look_(look), airport_(std::move(airport)), altUnit_(altUnit) {
         setFixedSize(kPicturePixels, kPicturePixels);
     }
 
@@ -31,12 +32,13 @@ class RunwayPicture final : public QWidget {
         QPainter painter(this);
         const Rect area{0, 0, static_cast<double>(width()), static_cast<double>(height())};
         QtCanvas canvas(painter, look_.labels, area);
-        paintAirportPicture(canvas, area, *airport_, look_.colors);
+        paintAirportPicture(canvas, area, *airport_, altUnit_, look_.colors);
     }
 
  private:
     CAirportSheet::Look look_;
     std::shared_ptr<const AirportRecord> airport_;
+    int altUnit_;
 };
 
 }  // namespace
@@ -56,7 +58,7 @@ std::string airportText(const CKorvelDoc& document, const AirportRecord& airport
     for (const CommFreqRecord& comm : airport.comms)
         lines += commText(comm) + '\n';
     for (const RunwayRecord& runway : airport.runways)
-        lines += runwayText(runway) + '\n';
+        lines += runwayText(runway, altUnit) + '\n';
     return airport.info.empty() ? lines : lines + airport.info + '\n';
 }
 
@@ -65,7 +67,8 @@ CAirportSheet::CAirportSheet(QWidget* parent, CKorvelDoc& document, const Look& 
     : PlaceSheet(parent, document, airport,
                  [&document, airport] { return airportText(document, *airport); }) {
     // The layout takes the picture.
-    content().addWidget(new RunwayPicture(look, airport), 0, Qt::AlignTop);
+    content().addWidget(new RunwayPicture(look, airport, document.cockpitData().altUnit), 0,
+                        Qt::AlignTop);
     setPreferredWidth(15 * kRowPixels);
     if (landingRunways(*airport).empty() || !document.settings().apprMode)
         return;
