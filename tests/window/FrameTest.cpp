@@ -18,7 +18,6 @@
 #include <QPushButton>
 #include <QSet>
 #include <QTabWidget>
-#include <QTest>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
@@ -35,6 +34,7 @@
 #include "receiver/FakePorts.h"
 #include "receiver/GpsFixture.h"
 #include "window/CMainFrame.h"
+#include "window/Hands.h"
 #include "window/sheets/CAirportSheet.h"
 #include "window/sheets/CPrefsSheet.h"
 #include "window/sheets/KeyPad.h"
@@ -178,10 +178,10 @@ TEST_F(FrameTest, TheWheelAndTwoFingersZoom) {
     const std::unique_ptr<QPointingDevice> glass(QTest::createTouchDevice());
     const QPoint center = middle().toPoint();
     const auto fingers = [&](int apart) { return QPoint(apart / 2, 0); };
-    QTest::touchEvent(&view(), glass.get()).press(0, center - fingers(60)).press(1, center + fingers(60));
+    QTest::touchEvent(&view(), glass.get(), true).press(0, center - fingers(60)).press(1, center + fingers(60));
     for (int apart = 70; apart <= 180; apart += 10)
-        QTest::touchEvent(&view(), glass.get()).move(0, center - fingers(apart)).move(1, center + fingers(apart));
-    QTest::touchEvent(&view(), glass.get()).release(0, center - fingers(180)).release(1, center + fingers(180));
+        QTest::touchEvent(&view(), glass.get(), true).move(0, center - fingers(apart)).move(1, center + fingers(apart));
+    QTest::touchEvent(&view(), glass.get(), true).release(0, center - fingers(180)).release(1, center + fingers(180));
     EXPECT_EQ(rangeNm(), 40);  // three times as far apart: two steps
     EXPECT_FALSE(isPanned());
 }
@@ -196,27 +196,27 @@ TEST_F(FrameTest, MouseKeysAndCommandsReachTheScreen) {
     press(Qt::Key_Space);
     EXPECT_FALSE(isPanned());
     for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down}) {
-        QTest::keyClick(&view(), key);
+        keyClick(&view(), key);
         EXPECT_TRUE(isPanned()) << key;
         press(Qt::Key_Space);
     }
-    QTest::keyClick(&view(), Qt::Key_Return);
+    keyClick(&view(), Qt::Key_Return);
     ASSERT_TRUE(screen().card().isOpen());
     for (const auto& [modifier, part] :
         {std::pair{Qt::NoModifier, CardPart::Insert}, {Qt::ShiftModifier, CardPart::Direct}}) {
-        QTest::keyClick(&view(), modifier == Qt::NoModifier ? Qt::Key_Tab : Qt::Key_Backtab, modifier);
+        keyClick(&view(), modifier == Qt::NoModifier ? Qt::Key_Tab : Qt::Key_Backtab, modifier);
         EXPECT_EQ(screen().card().focus(), part);
     }
-    QTest::keyClick(&view(), Qt::Key_Escape);
+    keyClick(&view(), Qt::Key_Escape);
     EXPECT_FALSE(screen().card().isOpen());
-    QTest::mousePress(&view(), Qt::LeftButton, {}, (middle() + QPointF(60, 0)).toPoint());
+    mouse(QEvent::MouseButtonPress, middle() + QPointF(60, 0));
     clock_.advanceMs(1000);
     EXPECT_TRUE(QTest::qWaitFor([&] { return document_->flight().navigation().directLeg(); }, 2000)) << "held";
-    QTest::mouseRelease(&view(), Qt::LeftButton, {}, (middle() + QPointF(60, 0)).toPoint());
+    mouse(QEvent::MouseButtonRelease, middle() + QPointF(60, 0));
     document_->flight().navigation().ClearNavigation();
     press(QKeySequence(Qt::SHIFT | Qt::Key_M));
     EXPECT_TRUE(screen().isMeasuring());
-    QTest::keyClick(&view(), Qt::Key_Escape);
+    keyClick(&view(), Qt::Key_Escape);
     EXPECT_FALSE(screen().isMeasuring());
     press(Qt::Key_Z);
     EXPECT_EQ(rangeNm(), 40);
@@ -277,19 +277,19 @@ TEST_F(FrameTest, EveryCommandIsATileForFingerAndKey) {
 
     clickIn<QDialog>("View");
     ASSERT_EQ(rangeNm(), 65);
-    QTest::keyClick(sheet.focusWidget(), Qt::Key_Down);
+    keyClick(sheet.focusWidget(), Qt::Key_Down);
     EXPECT_EQ(static_cast<QPushButton*>(sheet.focusWidget())->text(), "Declutter") << "a row further";
-    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Right}) QTest::keyClick(sheet.focusWidget(), key);
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Right}) keyClick(sheet.focusWidget(), key);
     EXPECT_EQ(static_cast<QPushButton*>(sheet.focusWidget())->text(), "Zoom Out");
-    QTest::keyClick(sheet.focusWidget(), Qt::Key_Return);
+    keyClick(sheet.focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(sheet.isVisible());
     EXPECT_EQ(rangeNm(), 100);
 
     QDialog& again = sheetOf(Qt::Key_F10);
     EXPECT_EQ(again.windowTitle(), "View") << "where the pilot was last";
-    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Right}) QTest::keyClick(again.focusWidget(), key);
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Right}) keyClick(again.focusWidget(), key);
     EXPECT_EQ(static_cast<QPushButton*>(again.focusWidget())->text(), "&Navigate");
-    QTest::keyClick(again.focusWidget(), Qt::Key_Z);
+    keyClick(again.focusWidget(), Qt::Key_Z, Qt::NoModifier, "z");
     EXPECT_FALSE(again.isVisible());
     EXPECT_EQ(rangeNm(), 65) << "by its own key";
 }
@@ -345,7 +345,7 @@ TEST_F(FrameTest, APlanIsChangedByRowsTakenBackAndNotLost) {
     ASSERT_EQ(frame_->openFile(file), "");
     press(Qt::Key_F);
     ASSERT_EQ(screen().page(), PageId::FlightPlan);
-    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) QTest::keyClick(&view(), key);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) keyClick(&view(), key);
     ActivePlan& plan = document_->flight().plan();
     EXPECT_FALSE(plan.changed());
     clickIn<QDialog>("Remove");
@@ -453,7 +453,7 @@ TEST_F(FrameTest, AFingerCanTypeWhereThereIsNoKeyboard) {
     const Rect& status = screen().areas().layout().status;
     EXPECT_GE(sheet->y(), view().mapToGlobal(QPoint(0, static_cast<int>(status.bottom()))).y())
         << "what is marked shows";
-    QTest::keyClick(line, Qt::Key_E);
+    keyClicks(line, "e");
     EXPECT_EQ(line->text(), "KSe");
     EXPECT_FALSE(sheet->findChild<KeyPad*>()->isVisible()) << "there is a keyboard after all";
     sheet->reject();
@@ -473,7 +473,7 @@ TEST_F(FrameTest, WhatIsRefusedIsSaidWhereItWasTyped) {
         const auto shown = std::ranges::find_if(dialogs, &QWidget::isVisible);
         ASSERT_NE(shown, dialogs.end());
         QDialog* sheet = *shown;
-        QTest::keyClicks(sheet->focusWidget(), "XXXXX");
+        keyClicks(sheet->focusWidget(), "XXXXX");
         sheet->accept();
         EXPECT_TRUE(sheet->isVisible());
         const auto labels = sheet->findChildren<QLabel*>();
@@ -489,7 +489,7 @@ TEST_F(FrameTest, AFarNamesakeIsAskedAboutBeforeItIsFlownTo) {
     flyTo("4727.0,N,12224.0,W");
     QDialog& sheet = sheetOf(Qt::Key_D);
     EXPECT_EQ(listIn(sheet), "");
-    QTest::keyClicks(sheet.focusWidget(), "kse");
+    keyClicks(sheet.focusWidget(), "kse");
     EXPECT_EQ(listIn(sheet), "KSEA/nm KSE/nm ") << "the nearest first";
     EXPECT_EQ(sheet.findChild<QListWidget*>()->currentRow(), -1);
     sheet.accept();
@@ -502,12 +502,12 @@ TEST_F(FrameTest, AFarNamesakeIsAskedAboutBeforeItIsFlownTo) {
 
     QDialog& near = sheetOf(Qt::Key_D);
     EXPECT_EQ(listIn(near), "KSE/recent ");
-    QTest::keyClicks(near.focusWidget(), "SEA");
+    keyClicks(near.focusWidget(), "SEA");
     EXPECT_EQ(near.findChild<QListWidget*>()->currentRow(), 0) << "spelled just so, and near";
     near.accept();
     EXPECT_EQ(document_->flight().navigation().state().activeKey, "v.SEA");
     QDialog& byName = sheetOf(Qt::Key_D);
-    QTest::keyClicks(byName.focusWidget(), "seatt");
+    keyClicks(byName.focusWidget(), "seatt");
     EXPECT_EQ(listIn(byName), "SEA/nm KSEA/nm ");
     byName.reject();
     closeAndReopen();
@@ -522,14 +522,14 @@ TEST_F(FrameTest, TheRouteLineStaysAsTypedAndMarksTheWrongWord) {
     ActivePlan& plan = document_->flight().plan();
     QDialog& sheet = sheetOf(Qt::SHIFT | Qt::Key_F);
     EXPECT_TRUE(says(sheet, "separated by SPACE key.")) << "how a route is written";
-    QTest::keyClicks(sheet.focusWidget(), "aaa  f.bbb@20");
+    keyClicks(sheet.focusWidget(), "aaa  f.bbb@20");
     sheet.accept();
     ASSERT_EQ(plan.entries().size(), 2U);
     QDialog& again = sheetOf(Qt::SHIFT | Qt::Key_F);
     EXPECT_EQ(lineIn(again), "AAA  f.BBB@20 ");
     auto* const line = again.findChild<QLineEdit*>();
     EXPECT_FALSE(line->hasSelectedText()) << "a letter would wipe it out";
-    QTest::keyClicks(line, "GONE AAA");
+    keyClicks(line, "GONE AAA");
     again.accept();
     EXPECT_EQ(line->selectedText(), "GONE");
     EXPECT_TRUE(says(again, "The plan in force stays as it is."));
@@ -543,7 +543,7 @@ TEST_F(FrameTest, TheRouteLineStaysAsTypedAndMarksTheWrongWord) {
 TEST_F(FrameTest, AFirstWordOfSeveralPlacesIsAskedAbout) {
     know({"v.OLM -1 -80 ECUADOR", "f.OLM 47 -123 OLYMPIA", "a.KPDX 45.6 -122.6 PORTLAND"});
     QDialog& sheet = sheetOf(Qt::SHIFT | Qt::Key_F);
-    QTest::keyClicks(sheet.focusWidget(), "OLM KPDX");
+    keyClicks(sheet.focusWidget(), "OLM KPDX");
     EXPECT_TRUE(says(sheet, "OLM is the name of 2 places"));
     sheet.accept();
     EXPECT_TRUE(sheet.isVisible());
@@ -560,10 +560,10 @@ TEST_F(FrameTest, APointIsFlownToOnACourse) {
     know({"a.KSEA 47.45 -122.3 SEATTLE"});
     for (const char* typed : {"47.45 -122.3", "ksea"}) {
         QDialog& sheet = sheetOf(Qt::SHIFT | Qt::Key_D);
-        QTest::keyClicks(sheet.focusWidget(), typed);
+        keyClicks(sheet.focusWidget(), typed);
         sheet.accept();
         EXPECT_TRUE(says(sheet, "Invalid OBS!")) << typed;
-        QTest::keyClicks(sheet.focusWidget(), "090");
+        keyClicks(sheet.focusWidget(), "090");
         sheet.accept();
         EXPECT_FALSE(sheet.isVisible());
         EXPECT_NEAR(document_->flight().navigation().state().activeWaypoint.lat * kRadToDeg, 47.45, 1e-6);
