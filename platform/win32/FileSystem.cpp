@@ -16,6 +16,8 @@ namespace fs = std::filesystem;
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE;
 constexpr std::size_t kMaxPiece = std::size_t{1} << 24U;
+constexpr int kRenameAttempts = 20;
+constexpr DWORD kRenamePauseMs = 10;
 
 DWORD pieceOf(std::size_t size) { return static_cast<DWORD>(std::min(size, kMaxPiece)); }
 
@@ -172,9 +174,20 @@ class WindowsFileSystem final : public FileSystem {
                count == bytes.size();
     }
 
+    // What looks into every new file, such as a virus scanner, has it open for a moment, and such a
+    // file is neither moved nor replaced.
     bool rename(const fs::path& from, const fs::path& to) override {
-        return MoveFileExW(longPath(from).c_str(), longPath(to).c_str(),
-                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+        const std::wstring source = longPath(from), target = longPath(to);
+        for (int attempt = 1;; ++attempt) {
+            if (MoveFileExW(source.c_str(), target.c_str(),
+                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE)
+                return true;
+            const DWORD error = GetLastError();
+            if (attempt == kRenameAttempts ||
+                (error != ERROR_ACCESS_DENIED && error != ERROR_SHARING_VIOLATION))
+                return false;
+            Sleep(kRenamePauseMs);
+        }
     }
 
     bool remove(const fs::path& path) override {

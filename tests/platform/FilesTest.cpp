@@ -1,5 +1,6 @@
 #include <chrono>
 #include <fstream>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -47,6 +48,18 @@ TEST(FileIo, NamesMayBeOfAnyAlphabetAndLong) {
         EXPECT_EQ(FolderLock(file.parent_path()).holder(), FolderLock::Holder::Us) << name;
     }
     EXPECT_EQ(namesOf(findFiles(root.path(), "*.FP")), std::vector<std::string>{"Ελλάδα.fp"});
+}
+
+TEST(FileIo, WhoLooksIntoAFileForAMomentKeepsNobodyFromReplacingIt) {
+    const TempFolder folder;
+    std::ifstream scanner(folder.write("file", "old"));
+    std::thread moment([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(60));
+        scanner.close();
+    });
+    EXPECT_TRUE(writeFileAtomically(folder / "file", "new"));
+    moment.join();
+    EXPECT_EQ(folder.read("file"), "new");
 }
 
 TEST(FileIo, WhatIsNoFileIsRefusedAtOnceAndNeverReplaced) {
