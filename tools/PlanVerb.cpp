@@ -9,7 +9,6 @@
 #include "exchange/PlanImport.h"
 #include "platform/FileIo.h"
 #include "platform/PathText.h"
-#include "platform/SystemClock.h"
 #include "tools/Arguments.h"
 #include "tools/Invocation.h"
 #include "tools/LoadedDatabase.h"
@@ -124,7 +123,7 @@ int exportForeign(const Invocation& call, const PlanOptions& options) {
         return call.fail(error);
     const std::string name = textOf(pathOf(file).stem());
     const auto bytes =
-        planAs(options.format, name, exportPoints(entries), SystemClock().unixSeconds());
+        planAs(options.format, name, exportPoints(entries), call.clock().unixSeconds());
     if (!bytes)
         usageError("plan export needs --format gpx, fpl, kml or fms");
     if (!writeFileAtomically(pathOf(options.exported), *bytes))

@@ -91,9 +91,11 @@ TEST(ExchangeVerbs, ImportAndExport) {
     EXPECT_EQ(run({"plan", "import", gpx, "--route", "2"}, 0)["entries"].size(), 1U);
     EXPECT_EQ(run({"plan", "import", gpx, "--route", "3"}, 1)["error"], "The file has no route with this number.");
     for (const char* format : {"gpx", "fpl", "fms"}) {
-        run({"plan", "export", out("one.fp"), "--format", format, "-o", out(format)}, 0);
+        run({"plan", "export", out("one.fp"), "--format", format, "-o", out(format), "--now", "2026-03-04T12:00:00"},
+            0);
         EXPECT_EQ(run({"plan", "import", out(format)}, 0)["entries"][0]["key"], "v.XVR") << format;
     }
+    EXPECT_NE(folder.read("fpl").find("<created>2026-03-04T"), std::string::npos);
     run({"plan", "export", gpx, "--format", "doc", "-o", out("x")}, 2);
     EXPECT_EQ(run({"track", "import", gpx}, 0)["points"].size(), 1U);
     const std::string track = folder.write("a.trk", "20260228,235959,47.500000,-122.250000,101,359,4500\r\n").string();
