@@ -12,6 +12,7 @@ namespace korvel {
 
 namespace {
 
+constexpr std::size_t kFirstBlock = std::size_t{1} << 12;  // it grows with what there is
 constexpr std::size_t kBlock = std::size_t{1} << 18;
 
 struct CloseGz {
@@ -95,8 +96,9 @@ bool LineReader::refill() {
     std::memmove(block_.data(), block_.data() + begin_, end_ - begin_);
     end_ -= begin_;
     begin_ = 0;
-    block_.resize(std::max(block_.size(), end_ + kBlock));
-    const auto got = source_->read(std::span(block_).subspan(end_, kBlock));
+    const std::size_t room = std::clamp(block_.size(), kFirstBlock, kBlock);
+    block_.resize(std::max(block_.size(), end_ + room));
+    const auto got = source_->read(std::span(block_).subspan(end_, room));
     if (got <= 0) {
         exhausted_ = true;
         failed_ = got < 0;

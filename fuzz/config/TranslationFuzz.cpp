@@ -14,6 +14,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     korvel::useTranslation(korvel::Translation(std::string(data, data + size), "xx"));
     for (const korvel::Text& text : korvel::allTexts()) {
         const std::string_view words = korvel::text(text);
+        if (words.data() == text.english.data())
+            continue;  // not translated
         if (words.empty() || !korvel::isUtf8(words))
             std::abort();
     }
