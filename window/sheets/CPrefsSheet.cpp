@@ -48,8 +48,10 @@ CPrefsSheet::CPrefsSheet(QWidget* parent, CKorvelDoc& document, std::span<const 
     search_.setAccessibleName(search_.placeholderText());
     search_.setClearButtonEnabled(true);
     connect(&search_, &QLineEdit::textChanged, this, [this] { search(); });
-    if (pages.size() > 1)
+    if (pages.size() > 1) {
         addRow(search_);
+        search_.setFocus();
+    }
     addTallRow(tabs_);
     addRow(message_);
     setPreferredWidth(18 * kRowPixels);
