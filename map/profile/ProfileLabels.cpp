@@ -102,12 +102,13 @@ void ProfileLabels::figures() {
 void ProfileLabels::notes() {
     const ColorValue ink = colors_[ColorKey::HsiNumeral];
     const Rect& plot = axes_.plot();
+    const int lineCount = static_cast<int>((plot.height - 1) / linePx_);
     const auto note = [&](const Text& words) {
         const double width = widthOf(text(words));
         std::vector<Rect> boxes;
         for (const double x : {plot.right() - kRimPx - width, plot.x + kRimPx})
-            for (double y = plot.y + 1; y + linePx_ <= plot.bottom(); y += linePx_)
-                boxes.push_back({x, y, width, linePx_});
+            for (int line = 0; line < lineCount; ++line)
+                boxes.push_back({x, plot.y + 1 + line * linePx_, width, linePx_});
         if (const auto box = claimFirst(taken_, boxes, lines_))
             write({boxes[*box].x, boxes[*box].center().y}, text(words), ink, AlignX::Left);
     };
