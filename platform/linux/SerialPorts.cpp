@@ -101,6 +101,7 @@ std::vector<fs::path> listBluetoothLines(const SerialFolders& folders) {
     }
     std::ranges::sort(found);
     std::vector<fs::path> lines;
+    lines.reserve(found.size());
     for (auto& [number, device] : found)
         lines.push_back(std::move(device));
     return lines;
