@@ -1,9 +1,11 @@
 #include "cockpit/AircraftForm.h"
 
 #include <cmath>
+#include <cstdint>
 
 #include "base/Ascii.h"
 #include "base/TextNumbers.h"
+#include "base/Utf8.h"
 #include "cockpit/CockpitData.h"
 #include "config/texts/AircraftTexts.h"
 #include "config/texts/FlightTexts.h"
@@ -14,7 +16,6 @@ namespace korvel {
 namespace {
 
 constexpr int kMinutesPerHour = 60;
-constexpr int kMinutesPerDay = 24 * kMinutesPerHour;
 constexpr int kMostWindKt = 200;
 constexpr int kFullCircleDeg = 360;
 
@@ -39,11 +40,11 @@ std::string hoursText(double hours) {
     return formatInt(minutes / kMinutesPerHour) + ":" + zeroPadded(minutes % kMinutesPerHour, 2);
 }
 
-/// The time of day so many minutes ago.
-std::string timeAgo(const LocalTime& now, int minutes) {
-    const int at = now.hour * kMinutesPerHour + now.minute - minutes % kMinutesPerDay;
-    const int minute = (at + kMinutesPerDay) % kMinutesPerDay;
-    return zeroPadded(minute / kMinutesPerHour, 2) + ":" + zeroPadded(minute % kMinutesPerHour, 2);
+std::string firstLetters(std::string_view text, int most) {
+    std::string_view rest = text;
+    for (int i = 0; i < most && !rest.empty(); ++i)
+        takeCodePoint(rest);
+    return std::string(text.substr(0, text.size() - rest.size()));
 }
 
 }  // namespace
@@ -56,8 +57,8 @@ AircraftForm AircraftForm::of(const AircraftProfile& aircraft) {
 }
 
 std::string AircraftForm::read(AircraftProfile& aircraft) const {
-    constexpr std::size_t kMostLetters = 20;
-    AircraftProfile entered{.name = name.substr(0, kMostLetters), .fuelUnit = fuelUnit};
+    constexpr int kMostLetters = 20;
+    AircraftProfile entered{.name = firstLetters(name, kMostLetters), .fuelUnit = fuelUnit};
     for (std::size_t i = 0; i < aircraftNumbers().size(); ++i) {
         const AircraftNumber& number = aircraftNumbers()[i];
         const auto value = readNumber(i < numbers.size() ? numbers[i] : std::string(),
@@ -112,7 +113,8 @@ std::string fuelStateText(const CockpitData& data) {
     if (!data.fuelLeft)
         return std::string(text(kAircraftTexts.fuelNone));
     const std::string left = fuelText(*data.fuelLeft, data.aircraft->fuelUnit);
-    const std::string at = timeAgo(data.now, data.fuelAgeMin.value_or(0));
+    const std::string at =
+        timeOfDayText(data.secondOfDay() - std::int64_t{60} * data.fuelAgeMin.value_or(0));
     const std::string lasts = hoursText(*data.fuelLeft / data.aircraft->burnPerHour);
     return formatText(kAircraftTexts.fuelState,
                       {std::string_view(left), std::string_view(at), std::string_view(lasts)});

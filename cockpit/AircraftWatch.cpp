@@ -70,7 +70,8 @@ void AircraftWatch::takeUpFuel() {
     if (!aircraft_ || !left || !kept || !entered)
         return;
     const double since = static_cast<double>(clock_.unixSeconds()) - *kept;
-    if (since < 0 || since >= kForgottenSec)
+    if (since < 0 || since >= kForgottenSec || *entered > *kept ||
+        *left > std::ceil(aircraft_->usableFuel))
         return;
     const bool flew = profile_.getInt(kSection, kFlies, 0) != 0;
     const double burnt = flew ? aircraft_->burnPerHour * since / kSecondsPerHour : 0;

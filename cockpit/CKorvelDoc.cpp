@@ -408,8 +408,6 @@ CockpitData CKorvelDoc::collectData() {
     data.emergency = emergency_.isOn();
     aircraft_.fill(data);
     data.enduranceRing = MapPlaceOptions::from(settings_).shows(PlaceLayerBit::EnduranceRing);
-    if (data.position)
-        data.nearAirports = nearAirports_.shown();
     collectSun(data);
     data.traffic = traffic_.shown(trafficChoice_);
     if (data.position)

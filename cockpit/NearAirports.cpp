@@ -154,6 +154,16 @@ void findNearAirports(const NavDatabase& database, GeoPoint position, const Vari
     }
 }
 
+std::string runwayText(const NearAirport& airport, int altUnit) {
+    if (!airport.longestRunwayFt)
+        return {};
+    std::string words = altitudeText(*airport.longestRunwayFt, altUnit);
+    for (const std::string* more : {&airport.runway, &airport.surface})
+        if (!more->empty())
+            words += "  " + *more;
+    return words;
+}
+
 std::string filterText(const NearestFilter& filter, int altUnit) {
     std::string words;
     if (filter.fromRunwayFt > 0)

@@ -36,6 +36,9 @@ void takeAirport(const AirportRecord& airport, NearAirport& near);
 void findNearAirports(const NavDatabase& database, GeoPoint position, const Variation& variation,
                       const NearAirportOptions& options, std::vector<NearAirport>& airports);
 
+/// "2953 ft  09/27  ASPH" of the longest runway, as far as it is known; empty without one.
+std::string runwayText(const NearAirport& airport, int altUnit);
+
 /// "from 600 m, hard"; empty for any airport.
 std::string filterText(const NearestFilter& filter, int altUnit);
 

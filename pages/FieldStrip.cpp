@@ -190,8 +190,8 @@ std::vector<NavFieldId> FieldStrip::fitting(std::span<const NavFieldId> chosen,
 }
 
 std::optional<std::size_t> FieldStrip::fieldAt(const Rect& strip, FieldArrangement arrangement,
-                                               std::span<const NavFieldId> fields, Point point) {
-    const std::vector<Rect> areas = cells(strip, arrangement, fields);
+                                               std::size_t count, Point point) {
+    const std::vector<Rect> areas = cells(strip, arrangement, count);
     const auto hit =
         std::ranges::find_if(areas, [point](const Rect& area) { return area.contains(point); });
     if (hit == areas.end())
@@ -200,29 +200,29 @@ std::optional<std::size_t> FieldStrip::fieldAt(const Rect& strip, FieldArrangeme
 }
 
 std::vector<Rect> FieldStrip::cells(const Rect& strip, FieldArrangement arrangement,
-                                    std::span<const NavFieldId> fields) {
-    if (fields.empty())
+                                    std::size_t count) {
+    if (count == 0)
         return {};
     // The first gap lies at the strip's own edge.
     const Rect area{kGap, kGap, strip.width - kGap, strip.height - kGap};
-    std::size_t perRow = fields.size();
+    std::size_t perRow = count;
     if (arrangement == FieldArrangement::TwoRows)
-        perRow = (fields.size() + 1) / 2;
+        perRow = (count + 1) / 2;
     if (arrangement == FieldArrangement::Column)
         perRow = 2;
-    const std::size_t rows = (fields.size() + perRow - 1) / perRow;
+    const std::size_t rows = (count + perRow - 1) / perRow;
     double height = area.height / static_cast<double>(rows);
     if (arrangement == FieldArrangement::Column)
         height = std::min(height, tallestCell(area.width / 2));
     std::vector<Rect> all =
         gridCells({area.x, area.y, area.width, height * static_cast<double>(rows)}, perRow, rows);
-    all.resize(fields.size());
+    all.resize(count);
     return all;
 }
 
 void FieldStrip::paint(Canvas& canvas, FieldArrangement arrangement,
                        std::span<const NavFieldId> fields, const CockpitData& data) const {
-    const std::vector<Rect> areas = cells(canvas.area(), arrangement, fields);
+    const std::vector<Rect> areas = cells(canvas.area(), arrangement, fields.size());
     canvas.rect(canvas.area(), Brush{colors_[ColorKey::MapBackground]}, std::nullopt);
     if (areas.empty())
         return;

@@ -31,14 +31,14 @@ class FieldStrip {
                                            FieldArrangement arrangement, double width,
                                            double height);
 
-    /// The cells of the fields in their order, counted from the corner of `strip`, of which the
+    /// The cells of so many fields in their order, counted from the corner of `strip`, of which the
     /// size counts; all of one width, each with the gap to the next.
     static std::vector<Rect> cells(const Rect& strip, FieldArrangement arrangement,
-                                   std::span<const NavFieldId> fields);
+                                   std::size_t count);
 
     /// Which of the fields lies under a point, counted like the cells.
     static std::optional<std::size_t> fieldAt(const Rect& strip, FieldArrangement arrangement,
-                                              std::span<const NavFieldId> fields, Point point);
+                                              std::size_t count, Point point);
 
  private:
     const MapColorCache& colors_;

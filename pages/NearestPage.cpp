@@ -8,6 +8,7 @@
 
 #include "base/TextNumbers.h"
 #include "cockpit/NearAirports.h"
+#include "cockpit/RestOfFlight.h"
 #include "config/Text.h"
 #include "config/texts/AircraftTexts.h"
 #include "config/texts/InstrumentTexts.h"
@@ -26,9 +27,8 @@ namespace {
 constexpr double kLargeShare = 1.35;
 constexpr double kFaded = 0.35;
 constexpr double kOld = 0.5;
-constexpr double kTitlePx = 48;   // for a thumb
-constexpr double kButtonEm = 9;   // of the type size
-constexpr double kSlowestKt = 5;  // as slow, a time says nothing
+constexpr double kTitlePx = 48;  // for a thumb
+constexpr double kButtonEm = 9;  // of the type size
 constexpr double kNarrowPx = 560;
 constexpr double kNarrowShare = 0.84;  // of the letters there
 constexpr double kWordsFromPx = 640;   // width from which figures have room for a word
@@ -148,7 +148,7 @@ class NearestPainter {
     }
 
     std::string timeText(const NearAirport& airport) const {
-        if (!data_.nearAirports || data_.groundSpeedKt.value_or(0) < kSlowestKt)
+        if (!data_.nearAirports || data_.groundSpeedKt.value_or(0) < kSlowestToTellTimeKt)
             return std::string(kNoValue);
         return durationText(airport.distanceNm / *data_.groundSpeedKt);
     }

@@ -496,7 +496,7 @@ std::vector<NavFieldId> Screen::shownFields() const {
 std::optional<std::size_t> Screen::fieldAt(Point at) const {
     const ScreenLayout& layout = areas_.layout();
     const std::vector<NavFieldId> shown = shownFields();
-    const auto place = FieldStrip::fieldAt(layout.fields, layout.arrangement, shown, at);
+    const auto place = FieldStrip::fieldAt(layout.fields, layout.arrangement, shown.size(), at);
     return place ? std::optional(fields_.placeOf(shown[*place])) : std::nullopt;
 }
 

@@ -39,13 +39,8 @@ std::vector<std::string> airportLines(const NearAirport& airport, int altUnit) {
                  formatText(kTouchTexts.elevation, {altitudeText(*airport.elevationFt, altUnit)});
     if (!first.empty())
         lines.push_back(std::move(first));
-    if (airport.longestRunwayFt) {
-        std::string runway = altitudeText(*airport.longestRunwayFt, altUnit);
-        for (const std::string* words : {&airport.runway, &airport.surface})
-            if (!words->empty())
-                runway += "  " + *words;
+    if (const std::string runway = runwayText(airport, altUnit); !runway.empty())
         lines.push_back(formatText(kTouchTexts.runway, {runway}));
-    }
     return lines;
 }
 

@@ -87,6 +87,13 @@ TEST_F(AircraftWatchTest, FuelCountsDownInFlightAndOutlivesAKill) {
     clock_.advanceMs(12 * 3'600'000LL);
     start();
     EXPECT_FALSE(left()) << "another day";
+    for (const auto& [key, value] :
+        {std::pair{"FuelEntered", "1e300"}, {"FuelLeft", "1e300"}, {"FuelKept", "-1e300"}}) {
+        watch_->enterFuel(50);
+        profile_.setString("Aircraft", key, value, true);
+        start();
+        EXPECT_FALSE(left()) << key;
+    }
     aircraft.fuelUnit = FuelUnit::Gallons;
     watch_->enterFuel(50);
     watch_->choose(aircraft);

@@ -145,12 +145,13 @@ TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
                     EXPECT_NE(std::ranges::find(fields, NavFieldId::Altitude), fields.end()) << size.width;
                 }
                 FieldStrip(colors).paint(canvas, size.arrangement, fields, data);
-                const std::vector<Rect> cells = FieldStrip::cells(canvas.area(), size.arrangement, fields);
+                const std::vector<Rect> cells = FieldStrip::cells(canvas.area(), size.arrangement, fields.size());
                 ASSERT_EQ(cells.size(), fields.size());
                 for (const RecordingCanvas::Element& element : canvas.elements()) {
                     if (element.kind != RecordingCanvas::Kind::Text) continue;
                     const Rect& area = element.area;
-                    const auto cell = FieldStrip::fieldAt(canvas.area(), size.arrangement, fields, {area.x, area.y});
+                    const auto cell =
+                        FieldStrip::fieldAt(canvas.area(), size.arrangement, fields.size(), {area.x, area.y});
                     ASSERT_TRUE(cell) << element.text << " at " << size.width;
                     EXPECT_TRUE(cells[*cell].contains({area.right(), area.bottom()}))
                         << element.text << " at " << size.width;
@@ -165,9 +166,8 @@ TEST(FieldStrip, TextsAreLargeAndStayInTheirCells) {
 
 TEST(FieldStrip, ATapFindsItsField) {
     const RecordingCanvas canvas(640, 124);
-    const auto fields = defaultNavFields().first(6);
     const auto at = [&](Point point) {
-        return FieldStrip::fieldAt(canvas.area(), FieldArrangement::TwoRows, fields, point);
+        return FieldStrip::fieldAt(canvas.area(), FieldArrangement::TwoRows, 6, point);
     };
     EXPECT_EQ(at({5, 5}), 0U);
     EXPECT_EQ(at({630, 5}), 2U);

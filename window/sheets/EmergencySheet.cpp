@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "cockpit/CKorvelDoc.h"
+#include "cockpit/NearAirports.h"
 #include "config/texts/AircraftTexts.h"
 #include "geo/GeoText.h"
 #include "window/QtText.h"
@@ -26,16 +27,6 @@ std::string glideText(const EmergencyField& field, int altUnit) {
     return formatText(
         field.isInGlide() ? kAircraftTexts.emergencyGlide : kAircraftTexts.emergencyShort,
         {height});
-}
-
-std::string runwayText(const NearAirport& airport, int altUnit) {
-    if (!airport.longestRunwayFt)
-        return {};
-    std::string words = altitudeText(*airport.longestRunwayFt, altUnit);
-    for (const std::string* more : {&airport.runway, &airport.surface})
-        if (!more->empty())
-            words += "  " + *more;
-    return words;
 }
 
 }  // namespace
