@@ -1,6 +1,8 @@
 #pragma once
 
+#include <map>
 #include <optional>
+#include <utility>
 
 #include "geo/GeoPoint.h"
 #include "ground/basemap/BaseMap.h"
@@ -18,10 +20,13 @@ class MapSea {
     bool isAt(GeoPoint point);
 
  private:
+    bool isPartOfSea(int row, int column);
     int heightStepsAt(int row, int column);
+    static std::pair<int, int> cellAt(int row, int column);
 
     BaseMap* map_;
-    std::optional<std::size_t> coast_;  ///< the finest sheet of land: others lack islands
+    std::optional<std::size_t> coast_;           ///< the finest sheet of land: others lack islands
+    std::map<std::pair<int, int>, bool> isSea_;  ///< what was found of cells, row and column
 };
 
 }  // namespace korvel
