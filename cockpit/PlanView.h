@@ -22,6 +22,7 @@ struct PlanRow {
     GeoPoint position;
     bool expired = false;  ///< from a database whose date has passed
     std::optional<std::int32_t> altitudeFt;
+    std::optional<std::int32_t> elevationFt;  ///< of an airport, where it is known
     std::optional<double> courseMagDeg;
     std::optional<double> legNm;
     bool flown = false;  ///< the aircraft has come to it

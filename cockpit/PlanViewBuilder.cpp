@@ -5,6 +5,7 @@
 #include "geo/Geodesy.h"
 #include "nav/plan/FlightPlan.h"
 #include "navdb/NavDatabase.h"
+#include "navdb/records/AirportRecord.h"
 
 namespace korvel {
 
@@ -22,6 +23,9 @@ PlanView makePlanView(const FlightPlan& plan, const NavDatabase& database) {
         row.expired = entry.record->pastDate;
         if (entry.altitudeFt != kNoAltitudeFt)
             row.altitudeFt = entry.altitudeFt;
+        const auto* const airport = dynamic_cast<const AirportRecord*>(entry.record.get());
+        if (airport != nullptr && airport->elevationFt != kNoElevationFt)
+            row.elevationFt = airport->elevationFt;
         if (!view.rows.empty()) {
             const GeoPoint from = view.rows.back().position;
             const Variation variation{.databaseDeg = database.variationAt(from)};

@@ -11,6 +11,8 @@ namespace {
 
 /// So far a track leads: farther than any profile.
 constexpr double kTrackNm = 300;
+/// Above the airport where the plan ends: there the descent ends and the circuit begins.
+constexpr int kCircuitFt = 1000;
 
 class RouteMaker {
  public:
@@ -75,6 +77,18 @@ class RouteMaker {
             const PlanRow& row = data_.plan->rows[i];
             add({.position = row.position, .ident = row.ident, .altitudeFt = row.altitudeFt});
         }
+        comeDown();
+    }
+    /// Who is high or has planned to be comes down at the plan's end, though none was told to.
+    void comeDown() {
+        const auto ground = data_.plan->rows.back().elevationFt;
+        std::optional<int> from = data_.altitudeFt;
+        for (const ProfileStop& stop : route_.stops)
+            if (stop.altitudeFt)
+                from = stop.altitudeFt;
+        std::optional<int>& atEnd = route_.stops.back().altitudeFt;
+        if (ground && !atEnd && from && *from > *ground + kCircuitFt)
+            atEnd = *ground + kCircuitFt;
     }
     void add(ProfileStop stop) {
         if (!route_.stops.empty()) {

@@ -51,6 +51,12 @@ TEST(ProfileRoute, LeadsWhereTheAircraftFlies) {
     EXPECT_EQ(stopsOf(data), "* @0 W2@60 W3@90=2500 ") << "not what lies behind";
     data.position.reset();
     EXPECT_EQ(stopsOf(data), "W0@0 W1@30 W2@60 W3@90=2500 ");
+    plan->rows[2].altitudeFt = 6000;
+    plan->rows[3].altitudeFt.reset();
+    plan->rows[3].elevationFt = 1200;
+    EXPECT_EQ(stopsOf(data), "W0@0 W1@30 W2@60=6000 W3@90=2200 ") << "down to its circuit";
+    plan->rows[3].elevationFt = 5500;
+    EXPECT_EQ(stopsOf(data), "W0@0 W1@30 W2@60=6000 W3@90 ") << "no climb that nobody planned";
     EXPECT_EQ(stopsOf(approaching()), "* @0 05@4=1550 ");
     CockpitData beyond = approaching();
     beyond.approach->toGoNm = -0.1;
