@@ -114,6 +114,8 @@ void Flight::startSimulator(const SimulatorStart& start) {
     simulator_.start(start.position, start.headingMag, start.speedKt,
                      std::clamp(start.altitudeFt, kLowestAltitudeFt, kHighestAltitudeFt),
                      clock_.tickMs());
+    simulator_.setWind(start.wind);
+    simulator_.setFollowsPlan(start.followsPlan);
     beginAnew();
 }
 

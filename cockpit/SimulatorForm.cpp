@@ -17,9 +17,12 @@ struct Range {
     Text name;
     int lowest;
     int highest;
+    bool mayBeEmpty = false;  ///< which is 0
 
     /// The number that the whole text is; nothing when it is none or out of range.
     std::optional<double> read(std::string_view text) const {
+        if (mayBeEmpty && text.find_first_not_of(' ') == std::string_view::npos)
+            return 0;
         const auto value = scanDouble(text);
         const bool isAll = text.find_first_not_of(' ') == std::string_view::npos;
         // NaN fails both comparisons.
@@ -35,6 +38,8 @@ constexpr Range kLongitude{kSheetTexts.simulatorLongitude, -180, 180};
 constexpr Range kHeading{kSheetTexts.simulatorHeading, 0, 360};
 constexpr Range kSpeed{kSheetTexts.simulatorSpeed, 0, 900};  // 1000 stands for no speed
 constexpr Range kAltitude{kSheetTexts.simulatorAltitude, -1500, 60000};
+constexpr Range kWindFrom{kSheetTexts.simulatorWindFrom, 0, 360, true};
+constexpr Range kWindSpeed{kSheetTexts.simulatorWindSpeed, 0, 200, true};
 constexpr int kPositionDecimals = 5;  // about a metre
 
 }  // namespace
@@ -42,31 +47,38 @@ constexpr int kPositionDecimals = 5;  // about a metre
 SimulatorForm SimulatorForm::of(const SimulatorStart& start) {
     return {.latitude = formatFixed(start.position.lat / kDegToRad, kPositionDecimals),
             .longitude = formatFixed(start.position.lon / kDegToRad, kPositionDecimals),
-            .heading = formatInt(start.headingMag),
+            .heading = formatInt(start.headingMag == 0 ? kHeading.highest : start.headingMag),
             .speed = formatFixed(start.speedKt, 0),
-            .altitude = formatInt(start.altitudeFt)};
+            .altitude = formatInt(start.altitudeFt),
+            .windFrom = formatFixed(start.wind.fromTrueDeg, 0),
+            .windSpeed = formatFixed(start.wind.speedKt, 0)};
 }
 
 std::string SimulatorForm::read(SimulatorStart& start) const {
-    const auto lat = kLatitude.read(latitude);
-    const auto lon = kLongitude.read(longitude);
-    const auto headingMag = kHeading.read(heading);
-    const auto speedKt = kSpeed.read(speed);
-    const auto altitudeFt = kAltitude.read(altitude);
-    if (!lat)
-        return kLatitude.complaint();
-    if (!lon)
-        return kLongitude.complaint();
-    if (!headingMag)
-        return kHeading.complaint();
-    if (!speedKt)
-        return kSpeed.complaint();
-    if (!altitudeFt)
-        return kAltitude.complaint();
-    start = {.position = {*lat * kDegToRad, *lon * kDegToRad},
-             .headingMag = RoundToInt(*headingMag),
-             .speedKt = *speedKt,
-             .altitudeFt = RoundToInt(*altitudeFt)};
+    SimulatorStart typed = start;
+    double headingMag = 0;
+    double altitudeFt = 0;
+    const struct {
+        const Range& range;
+        const std::string& text;
+        double& value;
+    } lines[] = {{kLatitude, latitude, typed.position.lat},
+                 {kLongitude, longitude, typed.position.lon},
+                 {kHeading, heading, headingMag},
+                 {kSpeed, speed, typed.speedKt},
+                 {kAltitude, altitude, altitudeFt},
+                 {kWindFrom, windFrom, typed.wind.fromTrueDeg},
+                 {kWindSpeed, windSpeed, typed.wind.speedKt}};
+    for (const auto& line : lines) {
+        const auto value = line.range.read(line.text);
+        if (!value)
+            return line.range.complaint();
+        line.value = *value;
+    }
+    typed.position = {typed.position.lat * kDegToRad, typed.position.lon * kDegToRad};
+    typed.headingMag = RoundToInt(headingMag);
+    typed.altitudeFt = RoundToInt(altitudeFt);
+    start = typed;
     return {};
 }
 

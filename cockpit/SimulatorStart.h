@@ -4,9 +4,11 @@
 #include <vector>
 
 #include "geo/GeoPoint.h"
+#include "nav/aircraft/Wind.h"
 
 namespace korvel {
 
+class DatabaseRecord;
 class NavDatabase;
 struct PlanWaypoint;
 struct Settings;
@@ -17,12 +19,18 @@ struct SimulatorStart {
     std::int32_t headingMag = 360;  ///< 0 to 360
     double speedKt = 120;
     std::int32_t altitudeFt = 2500;
+    Wind wind{};
+    /// It climbs and descends to the altitudes that the plan wants.
+    bool followsPlan = false;
 };
 
-/// At the settings' position, else where the plan begins, else at a default field; heading for the
-/// first place of the plan that lies elsewhere.
+/// Following the plan, at the settings' position, else where the plan begins, else at a default
+/// field; heading for the first place of the plan that lies elsewhere.
 SimulatorStart proposedSimulatorStart(const Settings& settings,
                                       const std::vector<PlanWaypoint>& plan,
                                       const NavDatabase& database);
+/// The same at a place of a database; at an airport from its ground.
+SimulatorStart simulatorStartAt(const DatabaseRecord& place, const std::vector<PlanWaypoint>& plan,
+                                const NavDatabase& database);
 
 }  // namespace korvel

@@ -82,6 +82,12 @@ struct SheetTexts {
     Text simulatorHeading{61705, "Heading (magnetic)"};
     Text simulatorSpeed{61706, "Speed (kt)"};
     Text simulatorAltitude{61707, "Altitude (ft)"};
+    Text simulatorWindFrom{66773, "Wind from (degrees true)"};
+    Text simulatorWindSpeed{66774, "Wind (kt)"};
+    Text simulatorAt{66770, "Start at (identifier)"};
+    Text simulatorHere{66771, "Here"};
+    Text simulatorPlanStart{66772, "Plan's start"};
+    Text simulatorFollows{66775, "Climb and descend to the plan's altitudes"};
     Text simulatorSteering{61708, "Steer towards the active waypoint"};
     Text simulatorTime{61709, "Time passes"};
     Text simulatorStart{61710, "Start"};

@@ -86,6 +86,7 @@ void ActiveNavigation::NavUpdate(const Aircraft& received) {
     if (!suspended_)
         UpdateActiveLeg();
     const std::int64_t now = parts_.clock.tickMs();
+    leadSimulator();
     simulator.step(now, options_.variation);
     lookAround(received);
     updateValues();
@@ -99,6 +100,15 @@ void ActiveNavigation::NavUpdate(const Aircraft& received) {
     // What the simulator or a replay flies is no flight time.
     const bool real = !simulated() && options_.logging && IsValid(present_.position);
     parts_.log.step(options_.log, real ? present_.groundSpeedKt : std::nullopt);
+}
+
+/// To the altitude that comes next, which the plan means as the altimeter shows it.
+void ActiveNavigation::leadSimulator() {
+    const auto state = state_.lock();
+    std::optional<std::int32_t> wanted;
+    if (state->pathTargetAltFt != kNoAltitudeFt)
+        wanted = state->pathTargetAltFt - options_.altitudeOffsetFt;
+    parts_.simulator.wantAltitude(wanted, state->pathDistanceNm);
 }
 
 void ActiveNavigation::updateValues() {

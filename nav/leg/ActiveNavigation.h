@@ -123,6 +123,7 @@ class ActiveNavigation {
     void updatePath(NavigationState& state, const Choice& choice) const;
     [[nodiscard]] std::int32_t altitudeAt(const NavigationState& state, GeoPoint waypoint) const;
     void updateValues();
+    void leadSimulator();
     void recordTrack(std::int64_t nowMs);
     void announce(const NavigationState& state);
 

@@ -13,6 +13,10 @@ namespace {
 constexpr std::int64_t kSteeringDelayMs = 5000;
 constexpr int kTurnPerTickDeg = 5;
 constexpr double kSlowestTrackKt = 3.0;
+constexpr double kSecondsPerMinute = 60;
+constexpr double kMinutesPerHour = 60;
+/// It has descended so much before the place where it shall be low.
+constexpr double kLowBeforeNm = 1;
 
 /// Whole degrees, 1 to 360.
 double wholeDegrees(double angle) {
@@ -28,7 +32,9 @@ void Simulator::start(GeoPoint position, std::int32_t headingMag, double speedKt
     previous_ = {};
     setHeading(headingMag);
     speedKt_ = speedKt;
+    motionKt_ = speedKt;
     altitudeFt_ = altitudeFt;
+    wantedFt_.reset();
     trackMag_ = kNoAngle;
     formerTrackMag_ = kNoAngle;
     lastStepMs_ = 0;
@@ -37,10 +43,41 @@ void Simulator::start(GeoPoint position, std::int32_t headingMag, double speedKt
 }
 
 Aircraft Simulator::aircraft() const {
-    Aircraft aircraft{.position = position_, .trackMag = trackMag_, .altitudeFt = altitudeFt_};
+    Aircraft aircraft{.position = position_, .trackMag = trackMag_, .altitudeFt = altitudeFt()};
     if (speedKt_ != kNoSpeed)
-        aircraft.groundSpeedKt = speedKt_;
+        aircraft.groundSpeedKt = groundSpeedKt();
     return aircraft;
+}
+
+double Simulator::groundSpeedKt() const {
+    return speedKt_ == kNoSpeed || wind_.speedKt == 0 ? speedKt_ : motionKt_;
+}
+
+Simulator::Motion Simulator::motion(const Variation& variation) const {
+    const double course = variation.MagneticToTrue(headingMag_) * kDegToRad;
+    if (wind_.speedKt == 0)
+        return {.speedKt = speedKt_, .course = course};
+    const double from = wind_.fromTrueDeg * kDegToRad;
+    const double north = speedKt_ * std::cos(course) - wind_.speedKt * std::cos(from);
+    const double east = speedKt_ * std::sin(course) - wind_.speedKt * std::sin(from);
+    return {.speedKt = std::hypot(north, east), .course = std::atan2(east, north)};
+}
+
+void Simulator::wantAltitude(std::optional<std::int32_t> altitudeFt, double distanceNm) {
+    wantedFt_.reset();
+    if (!followsPlan_ || !altitudeFt || speedKt_ == kNoSpeed)
+        return;
+    const double descentHours = (altitudeFt_ - *altitudeFt) / kDescentFpm / kMinutesPerHour;
+    if (descentHours <= 0 || distanceNm <= descentHours * groundSpeedKt() + kLowBeforeNm)
+        wantedFt_ = altitudeFt;
+}
+
+void Simulator::climb(double seconds) {
+    if (!wantedFt_)
+        return;
+    const double minutes = seconds / kSecondsPerMinute;
+    altitudeFt_ = std::clamp<double>(*wantedFt_, altitudeFt_ - kDescentFpm * minutes,
+                                     altitudeFt_ + kClimbFpm * minutes);
 }
 
 void Simulator::setHeading(std::int32_t headingMag) {
@@ -53,12 +90,14 @@ void Simulator::step(std::int64_t nowMs, const Variation& variation) {
     if (!running_ || headingMag_ == kNoHeading)
         return;
     if (lastStepMs_ != 0 && IsValid(position_) && speedKt_ != kNoSpeed) {
-        const double angle =
-            static_cast<double>(nowMs - lastStepMs_) * 0.001 * speedKt_ * kKnotsToRadiansPerSecond;
-        const double course = variation.MagneticToTrue(headingMag_) * kDegToRad;
+        const double seconds = static_cast<double>(nowMs - lastStepMs_) * 0.001;
+        const Motion over = motion(variation);
+        motionKt_ = over.speedKt;
         previous_ = position_;
-        PointAtRadialDistance(previous_.lat, previous_.lon, angle, course, position_.lat,
-                              position_.lon);
+        PointAtRadialDistance(previous_.lat, previous_.lon,
+                              seconds * over.speedKt * kKnotsToRadiansPerSecond, over.course,
+                              position_.lat, position_.lon);
+        climb(seconds);
     }
     lastStepMs_ = nowMs;
 }
@@ -71,7 +110,7 @@ void Simulator::updateTrack(const Variation& variation) {
             trackMag_ = wholeDegrees(variation.TrueToMagnetic(360.0));
         return;
     }
-    if (speedKt_ == kNoSpeed || speedKt_ < kSlowestTrackKt)
+    if (speedKt_ == kNoSpeed || groundSpeedKt() < kSlowestTrackKt)
         return;
     const double now = wholeDegrees(variation.TrueToMagnetic(TrueCourseDeg(previous_, position_)));
     // A track between two whole degrees shall not flicker.

@@ -25,6 +25,38 @@ TEST(Simulator, FliesByDeadReckoning) {
     EXPECT_EQ(simulator.position(), stopped);
 }
 
+TEST(Simulator, IsCarriedByTheWind) {
+    Simulator simulator;
+    simulator.start({0.0, 0.0}, 90, 100.0, 3000, 1000);
+    simulator.setWind({.fromTrueDeg = 180, .speedKt = 100});
+    for (std::int64_t now = 1000; now <= 61000; now += 500) simulator.step(now, {});
+    simulator.updateTrack({});
+    EXPECT_NEAR(simulator.position().lat * kNmPerRadian, 100.0 / 60, 1e-3);
+    EXPECT_NEAR(simulator.position().lon * kNmPerRadian, 100.0 / 60, 1e-3);
+    EXPECT_EQ(simulator.trackMag(), 45);
+    EXPECT_NEAR(*simulator.aircraft().groundSpeedKt, 141.4, 0.1);
+    EXPECT_EQ(simulator.speedKt(), 100) << "through the air";
+}
+
+TEST(Simulator, ClimbsAtOnceAndDescendsAsLateAsItCan) {
+    Simulator simulator;
+    simulator.start({0.0, 0.0}, 90, 120.0, 3000, 0);
+    std::int64_t now = 500;
+    const auto altitudeAfterMinute = [&](std::optional<std::int32_t> wantedFt, double distanceNm) {
+        simulator.wantAltitude(wantedFt, distanceNm);
+        simulator.step(now, {});
+        simulator.step(now += 60000, {});
+        return simulator.altitudeFt();
+    };
+    EXPECT_EQ(altitudeAfterMinute(9000, 50), 3000) << "it does not follow the plan";
+    simulator.setFollowsPlan(true);
+    EXPECT_EQ(altitudeAfterMinute(9000, 50), 3700);
+    EXPECT_EQ(altitudeAfterMinute(3800, 1), 3800);
+    EXPECT_EQ(altitudeAfterMinute(2800, 5.1), 3800) << "two minutes, four miles and one more";
+    EXPECT_EQ(altitudeAfterMinute(2800, 4.9), 3300);
+    EXPECT_EQ(altitudeAfterMinute(std::nullopt, 4.9), 3300);
+}
+
 TEST(Simulator, TrackDoesNotFlickerBetweenTwoDegrees) {
     Simulator simulator;
     simulator.start({0.5, 0.5}, 181, 600.0, 0, 0);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include <string>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -26,8 +26,11 @@ class SimulatorSheet final : public Sheet {
     SimulatorSheet(QWidget* parent, CKorvelDoc& document);
 
  private:
+    void addPlaces();
     void addNumber(QLineEdit& edit, Text name, int step);
     void addSwitches();
+    bool startAtNamed();
+    void show(const SimulatorStart& start);
     void startOrStop();
     void start();
     /// Gives the flying aircraft what was entered for it; its place stays.
@@ -39,13 +42,20 @@ class SimulatorSheet final : public Sheet {
 
     CKorvelDoc& document_;
     SimulatorForm offered_;
+    std::string named_;  ///< the identifier whose place is shown
     QFormLayout form_;
+    QLineEdit place_;
+    QPushButton here_;
+    QPushButton planStart_;
     QLineEdit latitude_;
     QLineEdit longitude_;
     QLineEdit heading_;
     QLineEdit speed_;
     QLineEdit altitude_;
+    QLineEdit windFrom_;
+    QLineEdit windSpeed_;
     QCheckBox steering_;
+    QCheckBox follows_;
     QComboBox timeFactor_;
     QLabel message_;
     QPushButton startStop_;
