@@ -195,13 +195,14 @@ void paintCorners(Canvas& canvas, const ScaledHsi& hsi, const CockpitData& data,
                   const MapColorCache& colors) {
     const double margin = textPx;
     const double height = std::round(3 * textPx);
-    // At the corner's far end the card has turned away.
-    const double width =
-        std::min(canvas.width() / 2 - hsi.radius() * 0.62 - 2 * margin, canvas.width() * 0.3);
-    if (width < 4 * textPx)
-        return;
     const double bottom = canvas.height() - margin - height + 0.5 * textPx;
     const auto corner = [&](NavFieldId id, bool right, double top) {
+        // So far from the middle the card reaches beside the corner's own middle.
+        const double away = std::abs(hsi.aircraft().y - top - height / 2);
+        const double card = std::sqrt(std::max(0.0, hsi.radius() * hsi.radius() - away * away));
+        const double width = std::min(canvas.width() / 2 - card - 2 * margin, canvas.width() * 0.3);
+        if (width < 4 * textPx)
+            return;
         const double left = right ? canvas.width() - margin - width : margin;
         const NavField& field = navField(id);
         paintCorner(canvas, {text(field.header), valueText(field.format(data))},

@@ -22,6 +22,7 @@ namespace korvel {
 namespace {
 
 constexpr double kFullScaleDb = 60;
+constexpr int kStepDb = 20;
 constexpr std::size_t kFewestInRow = 12;
 constexpr std::size_t kMostInRow = 16;
 constexpr double kFaded = 0.55;
@@ -186,13 +187,17 @@ class SatellitePainter {
         const Rect chart{area.x + scaleWidth, area.y + numberHeight, area.width - scaleWidth,
                          area.height - 2 * numberHeight};
         const std::vector<Rect> columns = gridCells(chart, columnCount, 1);
-        for (const int db : {20, 40}) {
+        // In a low row figures would stand over each other.
+        const bool isLow = chart.height * kStepDb / kFullScaleDb < 1.1 * textPx_;
+        for (const int db : {kStepDb, 2 * kStepDb}) {
             const double y = chart.bottom() - chart.height * db / kFullScaleDb;
-            canvas_.text({area.x + scaleWidth - 0.4 * textPx_, y}, formatInt(db), scaleStyle);
+            if (!isLow || db > kStepDb)
+                canvas_.text({area.x + scaleWidth - 0.4 * textPx_, y}, formatInt(db), scaleStyle);
             canvas_.line({chart.x, y}, {chart.right(), y},
                          {blended(line_, background_, 0.75), 1, PenStyle::Solid});
         }
-        canvas_.text({area.x + scaleWidth - 0.4 * textPx_, chart.y}, "dB", scaleStyle);
+        if (!isLow)
+            canvas_.text({area.x + scaleWidth - 0.4 * textPx_, chart.y}, "dB", scaleStyle);
         canvas_.line({chart.x, chart.bottom()}, {chart.right(), chart.bottom()},
                      {line_, 2, PenStyle::Solid});
         for (std::size_t i = 0; i < satellites.size(); ++i)

@@ -21,11 +21,15 @@ struct Look {
 constexpr std::array<Look, kSatelliteSystems> kLooks = {
     {{"GPS", std::nullopt, 0, 0, 1},
      {"SBAS", ColorKey::MapFix, 4, 45, 1.22},
-     {"GLONASS", ColorKey::HsiNeedle, 4, 0, 1.3},
+     {"GLONASS", ColorKey::MapNdb, 4, 0, 1.3},
      {"Galileo", ColorKey::MapVor, 6, 30, 1.12},
-     {"BeiDou", ColorKey::MapClassC, 5, 0, 1.2},
+     {"BeiDou", ColorKey::HsiTrack, 5, 0, 1.2},
      {"QZSS", ColorKey::MapObstacleCaution, 3, 0, 1.5},
-     {"NavIC", ColorKey::HsiTrack, 3, 180, 1.5}}};
+     {"NavIC", ColorKey::MapClassC, 3, 180, 1.5}}};
+
+/// In light, of a symbol against the page; what has less is mixed with so much of the ink.
+constexpr double kLeastContrast = 60;
+constexpr double kTowardsInk = 0.4;
 
 const Look& lookOf(SatelliteSystem system) { return kLooks.at(static_cast<std::size_t>(system)); }
 
@@ -40,7 +44,11 @@ int brightness(ColorValue color) {
 
 ColorValue satelliteColor(std::optional<SatelliteSystem> system, const MapColorCache& colors) {
     const std::optional<ColorKey> own = system ? lookOf(*system).color : std::nullopt;
-    return own ? colors[*own] : colors.chosenGround();
+    const ColorValue background = colors[ColorKey::MapBackground];
+    const ColorValue color = own ? colors[*own] : colors.chosenGround();
+    if (std::abs(lightOf(color) - lightOf(background)) >= kLeastContrast)
+        return color;
+    return blended(color, colors[ColorKey::HsiNumeral], kTowardsInk);
 }
 
 std::string_view systemName(SatelliteSystem system) { return lookOf(system).name; }
