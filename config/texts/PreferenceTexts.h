@@ -42,7 +42,7 @@ struct PreferenceTexts {
     Text labelsRunways{61750, "Runway numbers"};
     Text layerVors{61751, "VOR symbols"};
     Text labelsVors{61752, "VOR identifiers"};
-    Text layerRoses{61753, "Compass roses"};
+    Text layerRoses{61753, "Compass roses of the VORs in use"};
     Text layerNdbs{61754, "NDB symbols"};
     Text labelsNdbs{61755, "NDB identifiers"};
     Text layerFixes{61756, "Fix symbols"};

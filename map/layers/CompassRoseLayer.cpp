@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/TextNumbers.h"
+#include "cockpit/CockpitData.h"
 #include "cockpit/PlaceSet.h"
 #include "geo/Geodesy.h"
 #include "map/layers/PlaceSymbol.h"
@@ -23,7 +24,12 @@ constexpr double kRoseFaded = 0.35;
 }  // namespace
 
 bool CompassRoseLayer::showsRose(const MapPlace& place) const {
+    const CockpitData& data = content().data;
+    const auto ends = [&](const std::optional<GeoPoint>& leg) {
+        return leg && SamePoint(*leg, place.place.position);
+    };
     return isVor(place.placeClass) && place.variationDeg &&
+           (ends(data.activeWaypoint) || ends(data.legStart)) &&
            isShown(place.place, place.placeClass, view().rangeNm, content().places->options);
 }
 

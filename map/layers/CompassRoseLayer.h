@@ -8,7 +8,8 @@ namespace korvel {
 
 struct MapPlace;
 
-/// Compass roses around the VORs, each turned to its magnetic north; none where that is unknown.
+/// Compass roses around the VORs in use, those between which the leg leads, each turned to its
+/// magnetic north; none where that is unknown.
 class CompassRoseLayer final : public Layer {
  public:
     using Layer::Layer;

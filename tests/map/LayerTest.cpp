@@ -61,12 +61,14 @@ TEST(MapLayers, WordsStandOverTheLayerThatTheyBelongTo) {
     }
 }
 
-TEST(CompassRoseLayer, RosesPointToMagneticNorthAndNeverMeet) {
+TEST(CompassRoseLayer, TheRosesOfTheLegPointToMagneticNorth) {
     PlacedMap map(kRosesToNm);
     map.add("ONE", {600, 100}, 0, PlaceClass::BothVor).variationDeg = 20;
-    map.add("TWO", {620, 100}, 0, PlaceClass::BothVor).variationDeg = 20;
     map.add("AWAY", {150, 300}, 0, PlaceClass::BothVor).variationDeg = -20;
     map.add("NONE", {150, 100}, 0, PlaceClass::BothVor);
+    map.add("UNUSED", {400, 350}, 0, PlaceClass::BothVor).variationDeg = 20;
+    map.data.legStart = map.ground({600, 100});
+    map.data.activeWaypoint = map.ground({150, 300});
     const auto roses = [&map] {
         std::vector<double> found;  // where magnetic north is from the centre of each, pixels to the right
         for (const auto& circle : map.paint()) {
