@@ -41,8 +41,8 @@ Flight::Flight(const Foundations& foundations)
              .flyAgain =
                  [this](const ActiveNavigation::Flown& flown) { navigation_.flyAgain(flown); }}),
       track_(clock_, inFolder(foundations.folder, kTrackJournalName)),
-      log_(timeOfDay_, inFolder(foundations.folder, kFlightLogName),
-           [this] { return placeHere(); }),
+      logFile_(inFolder(foundations.folder, kFlightLogName)),
+      log_(timeOfDay_, logFile_, [this] { return placeHere(); }),
       navigation_({.clock = clock_,
                    .database = foundations.database,
                    .fixes = plan_.fixes(),

@@ -76,6 +76,8 @@ class Flight {
     std::shared_ptr<const DatabaseRecord> destination();
     /// Of the last seconds, up positive; nothing while it is unknown.
     std::optional<int> verticalSpeedFpm() const { return verticalSpeed_.feetPerMinute(); }
+    /// The flight log; empty where none is kept.
+    const std::filesystem::path& logFile() const { return logFile_; }
     /// Whole seconds since this flight began; nothing on the ground.
     std::optional<int> flightTimeSec() const;
 
@@ -130,6 +132,7 @@ class Flight {
     ShownPlan shownPlan_;
     Simulator simulator_;
     TrackRecorder track_;
+    std::filesystem::path logFile_;
     FlightLog log_;
     ActiveNavigation navigation_;
     VerticalSpeed verticalSpeed_;

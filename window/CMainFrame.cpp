@@ -44,6 +44,7 @@ CMainFrame::CMainFrame(const FrameParts& parts)
       file_(*this),
       navigate_(*this, [this] { file_.removePlan(); }),
       places_(*this, parts.labels, parts.scheme),
+      books_(*this),
       databases_(*this),
       charts_(*this),
       ground_(*this),
@@ -143,6 +144,7 @@ void CMainFrame::addCommands() {
     QMenu& navigate = *menuBar()->addMenu(toQString(kCommandTexts.menuNavigate));
     places_.addTo(navigate);
     navigate_.addTo(navigate);
+    books_.addTo(navigate);
     QMenu& options = *menuBar()->addMenu(toQString(kCommandTexts.menuOptions));
     schemes_.addTo(options);
     options.addSeparator();

@@ -10,6 +10,7 @@
 #include "config/Text.h"
 #include "window/CKorvelView.h"
 #include "window/ScreenKeeper.h"
+#include "window/commands/BookCommands.h"
 #include "window/commands/ChartCommands.h"
 #include "window/commands/CommandHost.h"
 #include "window/commands/DatabaseCommands.h"
@@ -111,6 +112,7 @@ class CMainFrame final : public QMainWindow, private CommandHost {
     FileCommands file_;
     NavigateCommands navigate_;
     PlaceCommands places_;
+    BookCommands books_;
     DatabaseCommands databases_;
     ChartCommands charts_;
     GroundCommands ground_;

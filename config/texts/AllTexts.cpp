@@ -4,6 +4,7 @@
 #include <bit>
 
 #include "config/texts/AircraftTexts.h"
+#include "config/texts/BookTexts.h"
 #include "config/texts/ChartTexts.h"
 #include "config/texts/CommandTexts.h"
 #include "config/texts/ConnectedTexts.h"
@@ -43,7 +44,7 @@ std::vector<Text> textsOf(const Groups&... groups) {
 }  // namespace
 
 std::vector<Text> allTexts() {
-    return textsOf(kAircraftTexts, kChartTexts, kCommandTexts, kConnectedTexts, kDatabaseTexts,
+    return textsOf(kAircraftTexts, kBookTexts, kChartTexts, kCommandTexts, kConnectedTexts, kDatabaseTexts,
                    kExchangeTexts, kFileTexts, kFlightTexts, kGroundTexts, kInstrumentTexts,
                    kLegendTexts, kMessageTexts, kModeTexts, kPreferenceTexts, kReceiverTexts,
                    kSheetTexts, kStatusTexts, kTouchTexts, kTrafficTexts);

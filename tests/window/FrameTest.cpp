@@ -37,7 +37,9 @@
 #include "window/Hands.h"
 #include "window/sheets/CAirportSheet.h"
 #include "window/sheets/CPrefsSheet.h"
+#include "window/sheets/ChecklistSheet.h"
 #include "window/sheets/KeyPad.h"
+#include "window/sheets/SimulatorSheet.h"
 
 namespace korvel { namespace {
 
@@ -665,6 +667,45 @@ TEST_F(FrameTest, ASettingIsFoundByItsNameItsChoicesOrItsPage) {
     EXPECT_EQ(shown("MILES PER"), (std::pair<qsizetype, int>(1, 1))) << "a choice";
     EXPECT_EQ(shown("no setting"), (std::pair<qsizetype, int>(0, 0)));
     EXPECT_EQ(shown(""), all);
+}
+
+TEST_F(FrameTest, AChecklistGoesOnFromRowToRow) {
+    folder_.write("checklists/mine.txt", "[Start]\nSeats: locked\nDoors: closed\n");
+    Checklists lists;
+    lists.load(std::array{folder_.path()});
+    ChecklistSheet sheet(frame_.get(), lists, "");
+    sheet.show();
+    auto* rows = sheet.findChild<QListWidget*>();
+    EXPECT_EQ(rows->currentRow(), 1) << "behind the heading";
+    keyClick(rows, Qt::Key_Space);
+    EXPECT_TRUE(lists.isChecked(0, 1));
+    EXPECT_EQ(rows->currentRow(), 2);
+    keyClick(rows, Qt::Key_Return);
+    EXPECT_TRUE(says(sheet, "All done"));
+    keyClick(rows, Qt::Key_Space);
+    EXPECT_TRUE(says(sheet, "1 of 2 to do")) << "by mistake";
+    for (auto* button : sheet.findChildren<QAbstractButton*>())
+        if (button->text() == "Begin anew") button->click();
+    EXPECT_FALSE(lists.isChecked(0, 1));
+}
+
+TEST_F(FrameTest, TheSimulatorStartsAtThePlaceThatIsTyped) {
+    know({"f.AHEAD 48 10 X"});
+    const Simulator& simulator = document_->flight().simulator();
+    SimulatorSheet sheet(frame_.get(), *document_);
+    sheet.show();
+    auto* place = sheet.findChild<QLineEdit*>();
+    const auto start = [&](const char* typed) {
+        place->setText(typed);
+        for (auto* button : sheet.findChildren<QAbstractButton*>())
+            if (button->text() == "Start") button->click();
+    };
+    start("NOWHERE");
+    EXPECT_FALSE(simulator.running()) << "not where nobody wanted it";
+    start("ahead");
+    ASSERT_TRUE(simulator.running());
+    EXPECT_NEAR(simulator.position().lat * kRadToDeg, 48, 1e-4);
+    EXPECT_TRUE(simulator.followsPlan());
 }
 
 }}  // namespace korvel

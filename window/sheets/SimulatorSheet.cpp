@@ -54,7 +54,7 @@ SimulatorSheet::SimulatorSheet(QWidget* parent, CKorvelDoc& document)
                  .wind = simulator.wind(),
                  .followsPlan = simulator.followsPlan()};
     follows_.setChecked(start.followsPlan);
-    show(start);
+    offer(start);
     offered_ = entered();
     setPreferredWidth(13 * kRowPixels);
     connect(&timer_, &QTimer::timeout, this, [this] { showState(); });
@@ -82,14 +82,14 @@ void SimulatorSheet::addPlaces() {
         const CockpitData& known = document_.cockpitData();
         start.position = known.lastPosition.value_or(start.position);
         start.altitudeFt = known.seaAltitudeFt().value_or(start.altitudeFt);
-        show(start);
+        offer(start);
     });
     planStart_.setText(toQString(kSheetTexts.simulatorPlanStart));
     connect(&planStart_, &QPushButton::clicked, this, [this] {
         place_.clear();
         const auto& plan = document_.flight().plan().entries();
         if (!plan.empty() && plan.front().record)
-            show(document_.simulatorStart(*plan.front().record));
+            offer(document_.simulatorStart(*plan.front().record));
     });
     form_.addRow(row);
 }
@@ -107,12 +107,12 @@ bool SimulatorSheet::startAtNamed() {
         named_.clear();
         return false;
     }
-    show(document_.simulatorStart(*place));
+    offer(document_.simulatorStart(*place));
     return true;
 }
 
 /// What the pilot entered of speed and wind stays.
-void SimulatorSheet::show(const SimulatorStart& start) {
+void SimulatorSheet::offer(const SimulatorStart& start) {
     const SimulatorForm form = SimulatorForm::of(start);
     latitude_.setText(toQString(form.latitude));
     longitude_.setText(toQString(form.longitude));

@@ -30,7 +30,7 @@ class SimulatorSheet final : public Sheet {
     void addNumber(QLineEdit& edit, Text name, int step);
     void addSwitches();
     bool startAtNamed();
-    void show(const SimulatorStart& start);
+    void offer(const SimulatorStart& start);
     void startOrStop();
     void start();
     /// Gives the flying aircraft what was entered for it; its place stays.
