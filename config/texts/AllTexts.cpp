@@ -44,10 +44,10 @@ std::vector<Text> textsOf(const Groups&... groups) {
 }  // namespace
 
 std::vector<Text> allTexts() {
-    return textsOf(kAircraftTexts, kBookTexts, kChartTexts, kCommandTexts, kConnectedTexts, kDatabaseTexts,
-                   kExchangeTexts, kFileTexts, kFlightTexts, kGroundTexts, kInstrumentTexts,
-                   kLegendTexts, kMessageTexts, kModeTexts, kPreferenceTexts, kReceiverTexts,
-                   kSheetTexts, kStatusTexts, kTouchTexts, kTrafficTexts);
+    return textsOf(kAircraftTexts, kBookTexts, kChartTexts, kCommandTexts, kConnectedTexts,
+                   kDatabaseTexts, kExchangeTexts, kFileTexts, kFlightTexts, kGroundTexts,
+                   kInstrumentTexts, kLegendTexts, kMessageTexts, kModeTexts, kPreferenceTexts,
+                   kReceiverTexts, kSheetTexts, kStatusTexts, kTouchTexts, kTrafficTexts);
 }
 
 }  // namespace korvel
