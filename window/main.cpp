@@ -15,6 +15,7 @@
 #include "platform/Folders.h"
 #include "platform/PathText.h"
 #include "platform/ProgramArguments.h"
+#include "platform/Terminal.h"
 #include "window/CKorvelApp.h"
 #include "window/CommandLine.h"
 #include "window/Language.h"
@@ -61,6 +62,7 @@ void dropToolkitChatter(QtMsgType type, const QMessageLogContext& /*context*/,
 }  // namespace
 
 int main(int argc, char** argv) {
+    korvel::joinTerminal();
     const std::vector<std::string> words = korvel::programArguments(argc, argv);
     const std::vector<std::string_view> arguments(words.begin() + 1, words.end());
     korvel::CommandLine line;
