@@ -52,10 +52,11 @@ void keepToolkitSettings(const std::filesystem::path& folder) {
                        QString::fromStdString(korvel::textOf(folder)));
 }
 
-/// The toolkit talks to itself on the error stream; what a user can act on is ours to say there.
+/// The toolkit talks to itself on the error stream; what a user can act on is ours to say there,
+/// but for why it cannot start at all.
 void dropToolkitChatter(QtMsgType type, const QMessageLogContext& /*context*/,
                         const QString& message) {
-    if (type == QtCriticalMsg || type == QtFatalMsg)
+    if (type == QtFatalMsg)
         std::cerr << "korvel: " << message.toStdString() << '\n';
 }
 
