@@ -9,4 +9,8 @@ bool errorOutputIsTerminal();
 /// to be called before anything is written. Windows would add a carriage return to every line.
 void writePlainUtf8();
 
+/// A program with a window has no standard streams on Windows unless it is given some: has it write
+/// to the terminal that it was started from, if there is one. Nothing elsewhere.
+void joinTerminal();
+
 }  // namespace korvel

@@ -15,6 +15,7 @@
 #include "platform/Folders.h"
 #include "platform/PathText.h"
 #include "platform/ProgramArguments.h"
+#include "platform/Terminal.h"
 #include "window/CKorvelApp.h"
 #include "window/CommandLine.h"
 #include "window/Language.h"
@@ -51,16 +52,18 @@ void keepToolkitSettings(const std::filesystem::path& folder) {
                        QString::fromStdString(korvel::textOf(folder)));
 }
 
-/// The toolkit talks to itself on the error stream; what a user can act on is ours to say there.
+/// The toolkit talks to itself on the error stream; what a user can act on is ours to say there,
+/// but for why it cannot start at all.
 void dropToolkitChatter(QtMsgType type, const QMessageLogContext& /*context*/,
                         const QString& message) {
-    if (type == QtCriticalMsg || type == QtFatalMsg)
+    if (type == QtFatalMsg)
         std::cerr << "korvel: " << message.toStdString() << '\n';
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    korvel::joinTerminal();
     const std::vector<std::string> words = korvel::programArguments(argc, argv);
     const std::vector<std::string_view> arguments(words.begin() + 1, words.end());
     korvel::CommandLine line;

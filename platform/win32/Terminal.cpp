@@ -15,4 +15,14 @@ void writePlainUtf8() {
     SetConsoleOutputCP(CP_UTF8);
 }
 
+void joinTerminal() {
+    constexpr int kNoStream = -2;  // what _fileno() says of a stream that leads nowhere
+    if (_fileno(stdout) != kNoStream || AttachConsole(ATTACH_PARENT_PROCESS) == 0)
+        return;
+    for (FILE* const stream : {stdout, stderr})
+        if (std::freopen("CONOUT$", "w", stream) == nullptr)
+            return;
+    SetConsoleOutputCP(CP_UTF8);
+}
+
 }  // namespace korvel

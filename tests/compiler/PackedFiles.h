@@ -21,7 +21,7 @@ inline std::string zipOf(const std::vector<std::pair<std::string, std::string>>&
         z_stream stream{};
         deflateInit2(&stream, 9, Z_DEFLATED, -15, 9, Z_DEFAULT_STRATEGY);
         std::string input = content;
-        std::string packed(deflateBound(&stream, content.size()), '\0');
+        std::string packed(deflateBound(&stream, static_cast<uLong>(content.size())), '\0');
         stream.next_in = reinterpret_cast<Bytef*>(input.data());
         stream.avail_in = static_cast<uInt>(input.size());
         stream.next_out = reinterpret_cast<Bytef*>(packed.data());

@@ -35,7 +35,7 @@ inline void keyClick(
     QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {}) {
     QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
     QSpontaneKeyEvent::mark(press);
-    if (!qt_sendShortcutOverrideEvent(widget, press.timestamp(), key, modifiers, text, false, 1))
+    if (!qt_sendShortcutOverrideEvent(widget, static_cast<ulong>(press.timestamp()), key, modifiers, text, false, 1))
         QCoreApplication::instance()->notify(widget, &press);
     QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
     QSpontaneKeyEvent::mark(release);

@@ -22,6 +22,8 @@
 
 namespace korvel { namespace {
 
+bool isWindows() { return QSysInfo::kernelType() == QLatin1String("winnt"); }
+
 class ProgramTest : public testing::Test {
  protected:
     struct Outcome {
@@ -87,7 +89,7 @@ TEST_F(ProgramTest, SaysInOneLineWhyItDoesNotStart) {
         {"--snapshot", path("a.png"), "--replay", path("empty.log")},
         {"--snapshot", path("a.png"), "--profile-folder", path("empty.log")},
     };
-    if (QSysInfo::kernelType() != QLatin1String("winnt")) commands.append(QStringList());  // no display
+    if (!isWindows()) commands.append(QStringList());  // no display
     for (const QStringList& arguments : std::as_const(commands)) {
         const Outcome outcome = run(arguments);
         const std::string command = arguments.join(' ').toStdString();
@@ -127,7 +129,7 @@ TEST_F(ProgramTest, ASecondStartReachesTheFirstWindowWhichRemembersThroughAKill)
     for (const bool again : {false, true}) {
         QProcess window;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        if (isWindows()) environment.remove(QStringLiteral("QT_QPA_PLATFORM"));  // there is a screen
         window.setProcessEnvironment(environment);
         window.start(QStringLiteral(KORVEL_PROGRAM), {QStringLiteral("--profile-folder"), path("profile")});
         ASSERT_TRUE(window.waitForStarted(30000));
