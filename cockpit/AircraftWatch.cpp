@@ -32,6 +32,8 @@ constexpr double kToldAheadSec = 120;
 constexpr double kToldNoMoreSec = 180;
 constexpr int kLeastDescentFt = 300;  // less needs no telling
 constexpr std::int64_t kNoticeMs = 10'000;
+/// So long the pilot is reminded of the other tank, if it is not acknowledged.
+constexpr std::int64_t kTankReminderMs = 300'000;
 
 std::optional<double> storedNumber(ProfileFile& profile, std::string_view key) {
     const std::string stored = profile.getString(kSection, key, "");
@@ -51,6 +53,11 @@ AircraftWatch::AircraftWatch(ProfileFile& profile, const Clock& clock, AlarmBoar
                    if (!aircraft_ || !left || !flies_ || *left > aircraft_->reserveFuel())
                        return std::nullopt;
                    return std::string(text(kAircraftTexts.alarmReserve));
+               }});
+    board.add({.urgency = AlarmUrgency::Caution,
+               .condition = [this](bool /*holds*/) -> std::optional<std::string> {
+                   return isTankDue() ? std::optional(std::string(text(kAircraftTexts.alarmTank)))
+                                      : std::nullopt;
                }});
     board.add({.urgency = AlarmUrgency::Notice,
                .lastsMs = kNoticeMs,
@@ -97,10 +104,12 @@ void AircraftWatch::update(const Situation& now) {
             tank_.fill(realFuel_);
         forgetMotion();
     }
+    const std::int64_t passedMs = now.flightMs - now_.flightMs;
     now_ = now;
     const bool flew = flies_;
     if (now.groundSpeedKt)
         flies_ = *now.groundSpeedKt >= (flies_ ? now.flyingToKt : now.flyingFromKt);
+    flownMs_ = flies_ && flew ? flownMs_ + passedMs : 0;
     tank_.step(flies_, aircraft_ ? aircraft_->burnPerHour : 0, now.flightMs);
     if (flies_ && now.trackTrueDeg && now.groundSpeedKt)
         estimator_.add(now.flightMs, *now.trackTrueDeg, *now.groundSpeedKt);
@@ -113,6 +122,14 @@ void AircraftWatch::forgetMotion() {
     estimator_.forget();
     flies_ = false;
     toldDescentTo_.reset();
+}
+
+bool AircraftWatch::isTankDue() const {
+    constexpr std::int64_t kMsPerMinute = 60'000;
+    if (!aircraft_ || !flies_ || aircraft_->tankMinutes < 1)
+        return false;
+    const std::int64_t every = std::llround(aircraft_->tankMinutes) * kMsPerMinute;
+    return flownMs_ >= every && flownMs_ % every < std::min(kTankReminderMs, every / 2);
 }
 
 std::optional<double> AircraftWatch::descentInSec() const {

@@ -58,6 +58,7 @@ class AircraftWatch {
  private:
     void takeUpFuel();
     void keepFuel();
+    [[nodiscard]] bool isTankDue() const;
     [[nodiscard]] std::optional<double> descentInSec() const;
     [[nodiscard]] std::optional<int> minutesToDescent(bool holds);
 
@@ -73,6 +74,7 @@ class AircraftWatch {
     std::int64_t windEnteredUnix_ = 0;
     Situation now_;
     bool flies_ = false;
+    std::int64_t flownMs_ = 0;               // since the take-off
     std::optional<GeoPoint> toldDescentTo_;  // that its beginning has been told of
 };
 

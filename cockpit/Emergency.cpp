@@ -63,16 +63,22 @@ std::vector<EmergencyField> Emergency::fields(const CockpitData& data) const {
 
 std::string Emergency::flyTo(const NearAirport& airport) {
     ActiveNavigation& navigation = flight_.navigation();
-    if (!before_)
+    if (!isOn())
         before_ = navigation.flown();
+    field_ = airport.key;
     return navigation.DirectTo(airport.key, "", kNoAltitudeFt, airport.position);
 }
 
+bool Emergency::isOn() const {
+    return before_ && flight_.navigation().state().activeKey == field_;
+}
+
 std::string Emergency::end() {
-    if (const auto before = std::exchange(before_, std::nullopt)) {
-        flight_.navigation().flyAgain(*before);
+    if (isOn()) {
+        flight_.navigation().flyAgain(*before_);
         flight_.navigation().UpdateActiveLeg();
     }
+    before_.reset();
     return std::string(text(kAircraftTexts.emergencyEnded));
 }
 

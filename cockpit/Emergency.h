@@ -39,14 +39,16 @@ class Emergency {
 
     /// Flies direct to it; the text to show.
     std::string flyTo(const NearAirport& airport);
-    [[nodiscard]] bool isOn() const { return before_.has_value(); }
+    /// Until end(), or until the pilot flies to something else.
+    [[nodiscard]] bool isOn() const;
     /// Flies again what was flown before the first field; the text to show.
     std::string end();
 
  private:
     Flight& flight_;
     const NavDatabase& database_;
-    std::optional<ActiveNavigation::Flown> before_;  // while it is on
+    std::optional<ActiveNavigation::Flown> before_;  // counts while it is on
+    std::string field_;                              // the key of what it flies to
 };
 
 }  // namespace korvel

@@ -29,6 +29,7 @@ constexpr std::array kNumbers{
     AircraftNumber{"Reserve", kAircraftTexts.reserve, &Profile::reserveMinutes, 0, 180, 0, 5},
     AircraftNumber{"GlideRatio", kAircraftTexts.glideRatio, &Profile::glideRatio, 2, 60, 1, 1},
     AircraftNumber{"GlideSpeed", kAircraftTexts.glideSpeed, &Profile::glideKt, 25, 250, 0, 5},
+    AircraftNumber{"Tank", kAircraftTexts.tankMinutes, &Profile::tankMinutes, 0, 240, 0, 15},
 };
 
 }  // namespace

@@ -30,6 +30,7 @@ struct AircraftProfile {
     double reserveMinutes = 30;
     double glideRatio = 9;  ///< distance over height in still air
     double glideKt = 65;
+    double tankMinutes = 0;  ///< after which the pilot takes the other tank; 0 for one tank
 
     [[nodiscard]] double reserveFuel() const {
         constexpr double kMinutesPerHour = 60;

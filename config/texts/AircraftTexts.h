@@ -20,6 +20,8 @@ struct AircraftTexts {
     Text reserve{66571, "Reserve (minutes)"};
     Text glideRatio{66572, "Best glide ratio, to 1"};
     Text glideSpeed{66573, "Best glide speed (kt)"};
+    Text tankMinutes{66710, "Other tank every (minutes; 0: no reminder)"};
+    Text alarmTank{66711, "SWITCH TANK"};
     Text fuelUnit{66574, "Fuel is counted in"};
     Text litres{66575, "litres"};
     Text gallons{66576, "US gallons"};

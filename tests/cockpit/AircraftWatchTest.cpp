@@ -103,6 +103,31 @@ TEST_F(AircraftWatchTest, FuelCountsDownInFlightAndOutlivesAKill) {
     EXPECT_FALSE(watch_->aircraft());
 }
 
+TEST_F(AircraftWatchTest, TheOtherTankIsRemindedOfWhileItFlies) {
+    start();
+    AircraftProfile aircraft;
+    aircraft.tankMinutes = 30;
+    watch_->choose(aircraft);
+    fly(40, 20);
+    fly(0, 80);
+    fly(29, 80);
+    EXPECT_EQ(alarms(), "") << "taxying is no flight";
+    fly(1, 80);
+    EXPECT_EQ(alarms(), "SWITCH TANK;");
+    board_->acknowledge();
+    fly(3, 80);
+    EXPECT_EQ(alarms(), "");
+    fly(26, 80);
+    fly(1, 80);
+    EXPECT_EQ(alarms(), "SWITCH TANK;") << "and again";
+    fly(5, 80);
+    EXPECT_EQ(alarms(), "") << "nobody listens";
+    fly(1, 20);
+    fly(0, 80);
+    fly(25, 80);
+    EXPECT_EQ(alarms(), "") << "another flight";
+}
+
 TEST_F(AircraftWatchTest, TheTopOfDescentIsToldOnceTwoMinutesAhead) {
     start();
     watch_->choose(AircraftProfile{});

@@ -435,6 +435,12 @@ TEST_F(CKorvelDocTest, TheNearestStayWithTheLostPositionAndAnEmergencyEndsInTheP
     doc_->tick();
     EXPECT_FALSE(data().emergency || data().directLeg);
     EXPECT_EQ(data().activeKey, "a.XFAR");
+    doc_->emergency().flyTo(best.airport);
+    doc_->flight().navigation().DirectTo("XGRS", "");
+    doc_->tick();
+    EXPECT_FALSE(data().emergency) << "the pilot chose another field";
+    doc_->flight().navigation().ClearNavigation();
+    doc_->tick();
     clock_.advanceMs(5000);
     EXPECT_EQ(near({}), "XGRS XSHT XLNG XFAR ");
     EXPECT_TRUE(data().formerNearAirports && !data().nearAirports && !data().position);
