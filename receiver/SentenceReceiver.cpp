@@ -13,6 +13,7 @@ namespace korvel {
 namespace {
 
 constexpr std::size_t kTalkerLength = 2;  // behind the dollar
+constexpr std::string_view kAttitude = "$RPY";
 constexpr std::string_view kInView = "$GPGSV";
 constexpr std::array<std::string_view, 5> kUsedSentences = {"$GPRMC", "$GPGGA", "$GPVTG", kInView,
                                                             "$GPGSA"};
@@ -21,9 +22,12 @@ std::string_view idOf(std::string_view line) { return line.substr(0, line.find('
 
 /// The sentence's place in the table; nothing for one that the program does not use.
 std::optional<std::string_view> usedSentence(std::string_view id) {
-    const auto* const found =
-        std::find_if(kUsedSentences.begin(), kUsedSentences.end(),
-                     [id](std::string_view used) { return equalsIgnoringCase(used, id); });
+    std::array<char, kInView.size()> upper{};
+    if (id.size() != upper.size())
+        return std::nullopt;
+    std::transform(id.begin(), id.end(), upper.begin(), upperAscii);
+    const auto* const found = std::find(kUsedSentences.begin(), kUsedSentences.end(),
+                                        std::string_view(upper.data(), upper.size()));
     return found == kUsedSentences.end() ? std::nullopt : std::optional(*found);
 }
 
@@ -37,7 +41,8 @@ bool isOfAnotherTalker(std::string_view id) {
 
 std::optional<std::string_view> attitudeSentence(std::string_view text) {
     const std::string_view line = withoutCr(text);
-    return idOf(line) == "$RPY" && hasSentenceCharacters(line) ? std::optional(line) : std::nullopt;
+    return idOf(line) == kAttitude && hasSentenceCharacters(line) ? std::optional(line)
+                                                                  : std::nullopt;
 }
 
 void SentenceReceiver::onSentence(std::string_view text, std::int64_t arrivedMs) {
@@ -51,14 +56,14 @@ void SentenceReceiver::onSentence(std::string_view text, std::int64_t arrivedMs)
         store_.trace(line, " non-ascii chars");
         return;
     }
-    if (const auto attitude = attitudeSentence(line)) {
+    const std::string_view id = idOf(line);
+    if (id == kAttitude) {
         if (outlets_.attitude)
-            outlets_.attitude(*attitude);
+            outlets_.attitude(line);
         return;
     }
     if (!checksumCorrect(line))
         return;
-    const std::string_view id = idOf(line);
     {
         const auto shared = store_.shared().lock();
         shared->sentenceFlags |= SentenceFlag::kChecksumCorrect;
