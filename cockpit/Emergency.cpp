@@ -69,9 +69,7 @@ std::string Emergency::flyTo(const NearAirport& airport) {
     return navigation.DirectTo(airport.key, "", kNoAltitudeFt, airport.position);
 }
 
-bool Emergency::isOn() const {
-    return before_ && flight_.navigation().state().activeKey == field_;
-}
+bool Emergency::isOn() const { return before_ && flight_.navigation().state().activeKey == field_; }
 
 std::string Emergency::end() {
     if (isOn()) {
