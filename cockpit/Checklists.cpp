@@ -10,7 +10,7 @@
 namespace korvel {
 namespace {
 
-constexpr std::size_t kLongestFile = 256 * 1024;
+constexpr std::size_t kLongestFile = std::size_t{256} << 10U;
 
 bool isSame(const Checklist& a, const Checklist& b) {
     return a.title == b.title && std::ranges::equal(

@@ -1,5 +1,6 @@
 #include "cockpit/SimulatorForm.h"
 
+#include <array>
 #include <optional>
 #include <string_view>
 
@@ -15,8 +16,8 @@ namespace {
 /// One value of the form and what it may be.
 struct Range {
     Text name;
-    int lowest;
-    int highest;
+    int lowest = 0;
+    int highest = 0;
     bool mayBeEmpty = false;  ///< which is 0
 
     /// The number that the whole text is; nothing when it is none or out of range.
@@ -58,18 +59,19 @@ std::string SimulatorForm::read(SimulatorStart& start) const {
     SimulatorStart typed = start;
     double headingMag = 0;
     double altitudeFt = 0;
-    const struct {
+    struct Line {
         const Range& range;
         const std::string& text;
         double& value;
-    } lines[] = {{kLatitude, latitude, typed.position.lat},
-                 {kLongitude, longitude, typed.position.lon},
-                 {kHeading, heading, headingMag},
-                 {kSpeed, speed, typed.speedKt},
-                 {kAltitude, altitude, altitudeFt},
-                 {kWindFrom, windFrom, typed.wind.fromTrueDeg},
-                 {kWindSpeed, windSpeed, typed.wind.speedKt}};
-    for (const auto& line : lines) {
+    };
+    const std::array<Line, 7> lines{{{kLatitude, latitude, typed.position.lat},
+                                     {kLongitude, longitude, typed.position.lon},
+                                     {kHeading, heading, headingMag},
+                                     {kSpeed, speed, typed.speedKt},
+                                     {kAltitude, altitude, altitudeFt},
+                                     {kWindFrom, windFrom, typed.wind.fromTrueDeg},
+                                     {kWindSpeed, windSpeed, typed.wind.speedKt}}};
+    for (const Line& line : lines) {
         const auto value = line.range.read(line.text);
         if (!value)
             return line.range.complaint();

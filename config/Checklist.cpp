@@ -16,6 +16,7 @@ constexpr std::size_t kLongestWords = 160;  // bytes
 /// What can be shown of it: no control characters, whole letters, and not too many.
 std::string shown(std::string_view words) {
     constexpr char kDelete = '\x7F';
+    constexpr unsigned char kFirstBeyondAscii = 0x80;
     const bool readable = isUtf8(words);
     std::string text;
     while (!words.empty()) {
@@ -26,9 +27,8 @@ std::string shown(std::string_view words) {
                                       before - words.size());
         if (text.size() + letter.size() > kLongestWords)
             break;
-        if (letter.size() > 1)
-            text += letter;
-        else if (const auto byte = static_cast<unsigned char>(letter.front()); byte >= 0x80)
+        const auto byte = static_cast<unsigned char>(letter.front());
+        if (letter.size() == 1 && byte >= kFirstBeyondAscii)
             text += '?';
         else if (byte >= ' ' && letter.front() != kDelete)
             text += letter;
@@ -48,7 +48,7 @@ Checklist::Row rowOf(std::string_view line) {
 
 }  // namespace
 
-Checklist Checklist::read(std::string title, std::string_view text) {
+Checklist Checklist::read(std::string_view title, std::string_view text) {
     Checklist list{.title = shown(title), .rows = {}};
     if (list.title.empty())
         list.title = "?";

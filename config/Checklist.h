@@ -21,7 +21,7 @@ struct Checklist {
     /// A list as it is written: "[Before start]" is a heading, "Fuel selector: both" an item with
     /// its response, any other line an item without; "#" begins a remark. Whatever the text holds
     /// it is a list, of no more rows than a pilot could ever read and no unprintable characters.
-    static Checklist read(std::string title, std::string_view text);
+    static Checklist read(std::string_view title, std::string_view text);
 };
 
 }  // namespace korvel

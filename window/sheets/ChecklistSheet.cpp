@@ -1,5 +1,7 @@
 #include "window/sheets/ChecklistSheet.h"
 
+#include <QKeyEvent>
+
 #include "cockpit/Checklists.h"
 #include "config/Text.h"
 #include "config/texts/BookTexts.h"
