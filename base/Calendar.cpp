@@ -67,4 +67,9 @@ std::string timeText(const LocalTime& time, bool withSeconds, const char* separa
     return result;
 }
 
+std::string hoursAndMinutes(std::int64_t minutes) {
+    constexpr std::int64_t kMinutesPerHour = 60;
+    return formatInt(minutes / kMinutesPerHour) + ":" + zeroPadded(minutes % kMinutesPerHour, 2);
+}
+
 }  // namespace korvel

@@ -35,4 +35,7 @@ std::string dashedDate(std::uint32_t yyyymmdd);
 /// The time with `separator` between its two or, with seconds, three parts.
 std::string timeText(const LocalTime& time, bool withSeconds, const char* separator);
 
+/// How long something takes, "1:05", as many hours as there are; minutes from 0.
+std::string hoursAndMinutes(std::int64_t minutes);
+
 }  // namespace korvel

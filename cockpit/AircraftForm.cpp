@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "base/Ascii.h"
+#include "base/Calendar.h"
 #include "base/TextNumbers.h"
 #include "base/Utf8.h"
 #include "cockpit/CockpitData.h"
@@ -33,11 +34,6 @@ std::optional<double> readNumber(std::string_view text, int lowest, int highest)
 
 std::string complaint(std::string_view name, int lowest, int highest) {
     return formatText(kFlightTexts.numberOutOfRange, {name, lowest, highest});
-}
-
-std::string hoursText(double hours) {
-    const int minutes = static_cast<int>(hours * kMinutesPerHour);
-    return formatInt(minutes / kMinutesPerHour) + ":" + zeroPadded(minutes % kMinutesPerHour, 2);
 }
 
 std::string firstLetters(std::string_view text, int most) {
@@ -115,7 +111,9 @@ std::string fuelStateText(const CockpitData& data) {
     const std::string left = fuelText(*data.fuelLeft, data.aircraft->fuelUnit);
     const std::string at =
         timeOfDayText(data.secondOfDay() - std::int64_t{60} * data.fuelAgeMin.value_or(0));
-    const std::string lasts = hoursText(*data.fuelLeft / data.aircraft->burnPerHour);
+    // Cut, not rounded: what is not there does not burn.
+    const std::string lasts = hoursAndMinutes(
+        static_cast<std::int64_t>(*data.fuelLeft / data.aircraft->burnPerHour * kMinutesPerHour));
     return formatText(kAircraftTexts.fuelState,
                       {std::string_view(left), std::string_view(at), std::string_view(lasts)});
 }

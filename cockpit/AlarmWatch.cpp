@@ -11,13 +11,10 @@ namespace korvel {
 namespace {
 
 FlightSituation::Destination describe(const DatabaseRecord& record, GeoPoint from) {
-    const auto* const airport = dynamic_cast<const AirportRecord*>(&record);
-    FlightSituation::Destination destination{.name = std::string(record.ident.view()),
-                                             .distanceNm = DistanceNm(from, record.position),
-                                             .airport = airport != nullptr};
-    if (airport != nullptr && airport->elevationFt != kNoElevationFt)
-        destination.elevationFt = airport->elevationFt;
-    return destination;
+    return {.name = std::string(record.ident.view()),
+            .distanceNm = DistanceNm(from, record.position),
+            .airport = record.GetKind() == kAirportKind,
+            .elevationFt = elevationOf(record)};
 }
 
 }  // namespace

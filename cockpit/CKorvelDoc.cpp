@@ -405,6 +405,7 @@ CockpitData CKorvelDoc::collectData() {
     fillFlightData(data, flight_, input_.variation());
     (data.position ? data.nearAirports : data.formerNearAirports) = nearAirports_.shown();
     data.nearestFilter = nearAirports_.filter();
+    emergency_.update();
     data.emergency = emergency_.isOn();
     aircraft_.fill(data);
     data.enduranceRing = MapPlaceOptions::from(settings_).shows(PlaceLayerBit::EnduranceRing);

@@ -83,9 +83,9 @@ class CKorvelDoc final : private SentenceListener {
     SimulatorStart simulatorStart() const {
         return proposedSimulatorStart(settings_, flight_.plan().entries(), charts_.database());
     }
-    /// The same at a place that the pilot names.
-    SimulatorStart simulatorStart(const DatabaseRecord& place) const {
-        return simulatorStartAt(place, flight_.plan().entries(), charts_.database());
+    /// The same at a place that the pilot chooses.
+    SimulatorStart simulatorStart(GeoPoint place, std::optional<std::int32_t> altitudeFt) const {
+        return simulatorStartAt(place, altitudeFt, flight_.plan().entries(), charts_.database());
     }
 
     /// The databases. What is loaded beside them comes into use at a tick.

@@ -12,16 +12,6 @@ namespace {
 
 constexpr std::size_t kLongestFile = std::size_t{256} << 10U;
 
-bool isSame(const Checklist& a, const Checklist& b) {
-    return a.title == b.title && std::ranges::equal(
-                                     a.rows, b.rows,
-                                     [](const auto& row, const auto& other) {
-                                         return row.words == other.words &&
-                                                row.response == other.response &&
-                                                row.heading == other.heading;
-                                     });
-}
-
 }  // namespace
 
 void Checklists::load(std::span<const std::filesystem::path> folders) {
@@ -36,7 +26,7 @@ void Checklists::load(std::span<const std::filesystem::path> folders) {
             State state{.list = Checklist::read(textOf(file.stem()), *text), .checked = {}};
             state.checked.resize(state.list.rows.size());
             for (const State& other : former)
-                if (isSame(other.list, state.list))
+                if (other.list == state.list)
                     state.checked = other.checked;
             lists_.push_back(std::move(state));
         }

@@ -63,20 +63,22 @@ std::vector<EmergencyField> Emergency::fields(const CockpitData& data) const {
 
 std::string Emergency::flyTo(const NearAirport& airport) {
     ActiveNavigation& navigation = flight_.navigation();
-    if (!isOn())
+    if (!before_)
         before_ = navigation.flown();
     field_ = airport.key;
     return navigation.DirectTo(airport.key, "", kNoAltitudeFt, airport.position);
 }
 
-bool Emergency::isOn() const { return before_ && flight_.navigation().state().activeKey == field_; }
+void Emergency::update() {
+    if (before_ && flight_.navigation().state().activeKey != field_)
+        before_.reset();
+}
 
 std::string Emergency::end() {
-    if (isOn()) {
-        flight_.navigation().flyAgain(*before_);
+    if (const auto before = std::exchange(before_, std::nullopt)) {
+        flight_.navigation().flyAgain(*before);
         flight_.navigation().UpdateActiveLeg();
     }
-    before_.reset();
     return std::string(text(kAircraftTexts.emergencyEnded));
 }
 

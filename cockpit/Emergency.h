@@ -39,15 +39,16 @@ class Emergency {
 
     /// Flies direct to it; the text to show.
     std::string flyTo(const NearAirport& airport);
-    /// Until end(), or until the pilot flies to something else.
-    [[nodiscard]] bool isOn() const;
+    [[nodiscard]] bool isOn() const { return before_.has_value(); }
+    /// It is over when something else is flown. After each tick and each command.
+    void update();
     /// Flies again what was flown before the first field; the text to show.
     std::string end();
 
  private:
     Flight& flight_;
     const NavDatabase& database_;
-    std::optional<ActiveNavigation::Flown> before_;  // counts while it is on
+    std::optional<ActiveNavigation::Flown> before_;  // while it is on
     std::string field_;                              // the key of what it flies to
 };
 

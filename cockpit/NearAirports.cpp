@@ -114,8 +114,7 @@ std::string runwayName(const RunwayRecord& runway) {
 void takeAirport(const AirportRecord& airport, NearAirport& near) {
     near.key = airport.key;
     near.name = airport.GetName();
-    if (airport.elevationFt != kNoElevationFt)
-        near.elevationFt = airport.elevationFt;
+    near.elevationFt = elevationOf(airport);
     if (const RunwayRecord* longest = longestRunway(airport)) {
         near.longestRunwayFt = longest->lengthFt;
         near.surface = longest->surface;

@@ -23,9 +23,7 @@ PlanView makePlanView(const FlightPlan& plan, const NavDatabase& database) {
         row.expired = entry.record->pastDate;
         if (entry.altitudeFt != kNoAltitudeFt)
             row.altitudeFt = entry.altitudeFt;
-        const auto* const airport = dynamic_cast<const AirportRecord*>(entry.record.get());
-        if (airport != nullptr && airport->elevationFt != kNoElevationFt)
-            row.elevationFt = airport->elevationFt;
+        row.elevationFt = elevationOf(*entry.record);
         if (!view.rows.empty()) {
             const GeoPoint from = view.rows.back().position;
             const Variation variation{.databaseDeg = database.variationAt(from)};

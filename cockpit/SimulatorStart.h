@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "geo/GeoPoint.h"
@@ -8,7 +9,6 @@
 
 namespace korvel {
 
-class DatabaseRecord;
 class NavDatabase;
 struct PlanWaypoint;
 struct Settings;
@@ -29,8 +29,8 @@ struct SimulatorStart {
 SimulatorStart proposedSimulatorStart(const Settings& settings,
                                       const std::vector<PlanWaypoint>& plan,
                                       const NavDatabase& database);
-/// The same at a place of a database; at an airport from its ground.
-SimulatorStart simulatorStartAt(const DatabaseRecord& place, const std::vector<PlanWaypoint>& plan,
-                                const NavDatabase& database);
+/// The same at a place that the pilot chose; without an altitude at the usual one.
+SimulatorStart simulatorStartAt(GeoPoint position, std::optional<std::int32_t> altitudeFt,
+                                const std::vector<PlanWaypoint>& plan, const NavDatabase& database);
 
 }  // namespace korvel

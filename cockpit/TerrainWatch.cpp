@@ -55,9 +55,8 @@ LandingNear TerrainWatch::landingNear(const Situation& now) const {
     if (now.destination == nullptr)
         return near;
     near.destinationNm = DistanceNm(*now.position, now.destination->position);
-    const auto* const airport = dynamic_cast<const AirportRecord*>(now.destination);
-    if (airport != nullptr && airport->elevationFt != kNoElevationFt)
-        near.aboveDestinationFt = *now.altitudeFt - airport->elevationFt;
+    if (const auto elevationFt = elevationOf(*now.destination))
+        near.aboveDestinationFt = *now.altitudeFt - *elevationFt;
     return near;
 }
 

@@ -13,6 +13,8 @@ struct Checklist {
         std::string words{};     ///< "Fuel selector"
         std::string response{};  ///< "both"; empty for none
         bool heading = false;
+
+        friend bool operator==(const Row&, const Row&) = default;
     };
 
     std::string title;  ///< never empty
@@ -22,6 +24,8 @@ struct Checklist {
     /// its response, any other line an item without; "#" begins a remark. Whatever the text holds
     /// it is a list, of no more rows than a pilot could ever read and no unprintable characters.
     static Checklist read(std::string_view title, std::string_view text);
+
+    friend bool operator==(const Checklist&, const Checklist&) = default;
 };
 
 }  // namespace korvel

@@ -111,8 +111,7 @@ bool timesArePlanned(const CockpitData& data) {
 std::string durationText(const std::optional<double>& hours) {
     if (!isShown(hours))
         return std::string(kNoValue);
-    const int minutes = static_cast<int>(std::lround(*hours * kMinutesPerHour));
-    return formatInt(minutes / kMinutesPerHour) + ":" + zeroPadded(minutes % kMinutesPerHour, 2);
+    return hoursAndMinutes(std::lround(*hours * kMinutesPerHour));
 }
 
 std::string arrivalText(const std::optional<double>& hours, const LocalTime& now) {

@@ -1,8 +1,7 @@
 #include "ground/basemap/MapSea.h"
 
 #include <algorithm>
-#include <set>
-#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "geo/Geodesy.h"
@@ -19,6 +18,7 @@ constexpr int kArmCells = 2;
 /// A lake whose bed lies below the sea's level (Lake Ontario) is made of cells of height 0 as well,
 /// about 300 of them. What has fewer is not believed to be a sea.
 constexpr std::size_t kFewestSeaCells = 500;
+constexpr int kSides = 9;  // of a cell, itself among them
 
 int cellOf(double degrees, int count) {
     return std::clamp(static_cast<int>(degrees * kReliefCellsPerDegree), 0, count - 1);
@@ -45,36 +45,57 @@ bool MapSea::isAt(GeoPoint point) {
     return false;
 }
 
-/// Whether so many cells of height 0 hang together with this one that they are a sea.
+/// Whether so many cells of height 0 hang together with this one that they are a sea. Those that
+/// were met on the way count as a lake's until it is known to be none.
 bool MapSea::isPartOfSea(int row, int column) {
     if (heightStepsAt(row, column) != 0)
         return false;
-    std::vector<std::pair<int, int>> cells{cellAt(row, column)};
-    std::set<std::pair<int, int>> seen(cells.begin(), cells.end());
-    if (const auto known = isSea_.find(cells.front()); known != isSea_.end())
-        return known->second;
-    for (std::size_t next = 0; next < cells.size() && cells.size() < kFewestSeaCells; ++next)
-        for (int side = 0; side < 9; ++side) {
-            const auto [r, c] = cells[next];
-            const auto cell = cellAt(r + side / 3 - 1, c + side % 3 - 1);
-            if (heightStepsAt(cell.first, cell.second) == 0 && seen.insert(cell).second)
-                cells.push_back(cell);
+    if (const Water known = waterAt(row, column); known != Water::Unknown)
+        return known == Water::Sea;
+    std::vector<std::pair<int, int>> cells{{row, column}};
+    waterAt(row, column) = Water::Lake;
+    bool isSea = false;
+    for (std::size_t next = 0; next < cells.size() && !isSea; ++next)
+        for (int side = 0; side < kSides; ++side) {
+            const int r = cells[next].first + side / 3 - 1;
+            const int c = cells[next].second + side % 3 - 1;
+            if (heightStepsAt(r, c) != 0)
+                continue;
+            Water& water = waterAt(r, c);
+            isSea = isSea || water == Water::Sea || cells.size() >= kFewestSeaCells;
+            if (std::exchange(water, water == Water::Unknown ? Water::Lake : water) ==
+                Water::Unknown)
+                cells.emplace_back(r, c);
         }
-    for (const auto& cell : cells)
-        isSea_[cell] = cells.size() >= kFewestSeaCells;
-    return isSea_[cells.front()];
+    if (isSea)
+        for (const auto& [r, c] : cells)
+            waterAt(r, c) = Water::Sea;
+    return isSea;
 }
 
-/// Beyond a pole the row at it; across the map's seam its other side.
-std::pair<int, int> MapSea::cellAt(int row, int column) {
-    return {std::clamp(row, 0, kRows - 1), (column + kColumns) % kColumns};
+MapSea::Cell MapSea::cellAt(int row, int column) {
+    row = std::clamp(row, 0, kRows - 1);
+    column = (column % kColumns + kColumns) % kColumns;
+    const int tile = row / kReliefCells * kReliefColumns + column / kReliefCells;
+    if (std::exchange(lastTile_, tile) != tile) {
+        last_ = &tiles_[tile];
+        if (last_->heights == nullptr) {
+            last_->heights = map_->relief(tile);
+            last_->water.resize(last_->heights->size());
+        }
+    }
+    return {last_,
+            static_cast<std::size_t>(row % kReliefCells * kReliefCells + column % kReliefCells)};
 }
 
 int MapSea::heightStepsAt(int row, int column) {
-    std::tie(row, column) = cellAt(row, column);
-    const auto tile = map_->relief(row / kReliefCells * kReliefColumns + column / kReliefCells);
-    const int place = row % kReliefCells * kReliefCells + column % kReliefCells;
-    return (*tile)[static_cast<std::size_t>(place)];
+    const Cell cell = cellAt(row, column);
+    return (*cell.tile->heights)[cell.place];
+}
+
+MapSea::Water& MapSea::waterAt(int row, int column) {
+    const Cell cell = cellAt(row, column);
+    return cell.tile->water[cell.place];
 }
 
 }  // namespace korvel

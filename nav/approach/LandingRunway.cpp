@@ -14,10 +14,7 @@ namespace {
 constexpr double kGuidedBesideNm = 0.5;
 
 std::optional<std::int32_t> elevationOf(const RunwayEnd& end, const AirportRecord& airport) {
-    if (end.elevationFt)
-        return *end.elevationFt;
-    return airport.elevationFt == kNoElevationFt ? std::nullopt
-                                                 : std::optional(airport.elevationFt);
+    return end.elevationFt ? end.elevationFt : elevationOf(airport);
 }
 
 }  // namespace

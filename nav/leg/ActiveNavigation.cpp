@@ -104,6 +104,8 @@ void ActiveNavigation::NavUpdate(const Aircraft& received) {
 
 /// To the altitude that comes next, which the plan means as the altimeter shows it.
 void ActiveNavigation::leadSimulator() {
+    if (!simulated())
+        return;
     const auto state = state_.lock();
     std::optional<std::int32_t> wanted;
     if (state->pathTargetAltFt != kNoAltitudeFt)

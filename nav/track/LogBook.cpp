@@ -1,11 +1,11 @@
 #include "nav/track/LogBook.h"
 
 #include <algorithm>
-#include <array>
 #include <functional>
 #include <optional>
 #include <utility>
 
+#include "base/CsvFields.h"
 #include "base/TextLines.h"
 #include "base/TextNumbers.h"
 
@@ -15,19 +15,6 @@ namespace {
 constexpr std::size_t kFields = 7;
 constexpr std::size_t kLongestPlace = 60;
 constexpr int kMostMinutes = 100 * 60;  ///< a longer flight is a slip of whoever edited the file
-
-/// Nothing where there are fewer commas.
-std::optional<std::array<std::string_view, kFields>> fieldsOf(std::string_view line) {
-    std::array<std::string_view, kFields> fields;
-    for (std::size_t i = 0; i < kFields; ++i) {
-        const std::size_t end = line.find(',');
-        if ((end == std::string_view::npos) != (i + 1 == kFields))
-            return std::nullopt;
-        fields.at(i) = line.substr(0, end);
-        line.remove_prefix(end == std::string_view::npos ? line.size() : end + 1);
-    }
-    return fields;
-}
 
 std::optional<int> wholeNumber(std::string_view field) {
     const auto number = scanInt(field);
@@ -44,21 +31,20 @@ std::optional<LocalTime> dayOf(std::string_view field) {
     return isCalendarTime(day) ? std::optional(day) : std::nullopt;
 }
 
-std::optional<LoggedFlight> flightOf(std::string_view line) {
-    const auto fields = fieldsOf(line);
-    if (!fields)
-        return std::nullopt;
-    const auto& [date, off, from, on, to, minutes, hours] = *fields;
-    const auto day = dayOf(date);
-    const auto lasted = wholeNumber(minutes);
-    const std::size_t longest = std::max({off.size(), from.size(), on.size(), to.size()});
-    if (!day || !lasted || *lasted < 0 || *lasted > kMostMinutes || longest > kLongestPlace)
+/// Fields by number: 0 date, 1 off time, 2 off place, 3 on time, 4 on place, 5 minutes, 6 hours.
+std::optional<LoggedFlight> flightOf(const CsvFields& fields) {
+    const auto day = dayOf(fields[0]);
+    const auto lasted = wholeNumber(fields[5]);
+    const std::size_t longest =
+        std::max({fields[1].size(), fields[2].size(), fields[3].size(), fields[4].size()});
+    if (fields.size() != kFields || !day || !lasted || *lasted < 0 || *lasted > kMostMinutes ||
+        longest > kLongestPlace)
         return std::nullopt;
     return LoggedFlight{.day = *day,
-                        .off = std::string(off),
-                        .from = std::string(from),
-                        .on = std::string(on),
-                        .to = std::string(to),
+                        .off = std::string(fields[1]),
+                        .from = std::string(fields[2]),
+                        .on = std::string(fields[3]),
+                        .to = std::string(fields[4]),
                         .minutes = *lasted};
 }
 
@@ -72,10 +58,13 @@ void add(const LoggedFlight& flight, LogBook::Total& total) {
 LogBook LogBook::read(std::string_view text) {
     LogBook book;
     TextLines lines(text);
+    CsvFields fields;
     for (std::string_view line; lines.next(line);) {
         if (line.empty())
             continue;
-        if (auto flight = flightOf(line))
+        fields.take(line);
+        fields.close();
+        if (auto flight = flightOf(fields))
             book.flights.push_back(std::move(*flight));
         else
             ++book.unreadable;

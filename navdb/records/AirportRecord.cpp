@@ -31,4 +31,11 @@ std::string AirportRecord::GetInfoText() const {
     return words;
 }
 
+std::optional<std::int32_t> elevationOf(const DatabaseRecord& record) {
+    const auto* const airport = dynamic_cast<const AirportRecord*>(&record);
+    return airport != nullptr && airport->elevationFt != kNoElevationFt
+               ? std::optional(airport->elevationFt)
+               : std::nullopt;
+}
+
 }  // namespace korvel

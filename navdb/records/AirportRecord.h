@@ -58,4 +58,7 @@ class AirportRecord final : public DatabaseRecord {
     PlaceName name_;
 };
 
+/// Feet above the sea; nothing for what is no airport, and where it is not known.
+std::optional<std::int32_t> elevationOf(const DatabaseRecord& record);
+
 }  // namespace korvel

@@ -439,6 +439,9 @@ TEST_F(CKorvelDocTest, TheNearestStayWithTheLostPositionAndAnEmergencyEndsInTheP
     doc_->flight().navigation().DirectTo("XGRS", "");
     doc_->tick();
     EXPECT_FALSE(data().emergency) << "the pilot chose another field";
+    doc_->flight().navigation().DirectTo(best.airport.ident, "");
+    doc_->tick();
+    EXPECT_FALSE(data().emergency) << "nor is it one when that field is flown to later";
     doc_->flight().navigation().ClearNavigation();
     doc_->tick();
     clock_.advanceMs(5000);

@@ -690,7 +690,8 @@ TEST_F(FrameTest, AChecklistGoesOnFromRowToRow) {
 }
 
 TEST_F(FrameTest, TheSimulatorStartsAtThePlaceThatIsTyped) {
-    know({"f.AHEAD 48 10 X"});
+    know({"f.AHEAD 48 10 X", "f.PLAN 47 10 X"});
+    ASSERT_EQ(document_->flight().plan().enterRoute("PLAN"), "");
     const Simulator& simulator = document_->flight().simulator();
     SimulatorSheet sheet(frame_.get(), *document_);
     sheet.show();
@@ -702,8 +703,13 @@ TEST_F(FrameTest, TheSimulatorStartsAtThePlaceThatIsTyped) {
     };
     start("NOWHERE");
     EXPECT_FALSE(simulator.running()) << "not where nobody wanted it";
+    place->setText("AHEAD");
+    Q_EMIT place->editingFinished();
+    for (auto* button : sheet.findChildren<QAbstractButton*>())
+        if (button->text() == "Plan's start") button->click();
+    EXPECT_EQ(lineIn(sheet), "");
     start("ahead");
-    ASSERT_TRUE(simulator.running());
+    ASSERT_TRUE(simulator.running()) << "once more";
     EXPECT_NEAR(simulator.position().lat * kRadToDeg, 48, 1e-4);
     EXPECT_TRUE(simulator.followsPlan());
 }

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "base/TextNumbers.h"
 #include "config/Text.h"
 #include "config/texts/BookTexts.h"
 #include "window/QtText.h"
@@ -12,13 +11,6 @@ namespace korvel {
 namespace {
 
 constexpr int kRecentDays = 90;
-constexpr int kMinutesPerHour = 60;
-
-/// "1:12".
-std::string hoursAndMinutes(std::int64_t minutes) {
-    const std::string rest = formatInt(minutes % kMinutesPerHour);
-    return formatInt(minutes / kMinutesPerHour) + (rest.size() == 1 ? ":0" : ":") + rest;
-}
 
 std::string totalText(Text words, const LogBook::Total& total) {
     const std::string hours = hoursAndMinutes(total.minutes);

@@ -10,6 +10,7 @@
 #include "cockpit/CKorvelDoc.h"
 #include "config/texts/FlightTexts.h"
 #include "config/texts/SheetTexts.h"
+#include "navdb/records/AirportRecord.h"
 #include "window/QtText.h"
 
 namespace korvel {
@@ -77,21 +78,24 @@ void SimulatorSheet::addPlaces() {
     }
     here_.setText(toQString(kSheetTexts.simulatorHere));
     connect(&here_, &QPushButton::clicked, this, [this] {
-        place_.clear();
-        SimulatorStart start = document_.simulatorStart();
         const CockpitData& known = document_.cockpitData();
-        start.position = known.lastPosition.value_or(start.position);
-        start.altitudeFt = known.seaAltitudeFt().value_or(start.altitudeFt);
-        offer(start);
+        if (known.lastPosition)
+            choose(*known.lastPosition, known.seaAltitudeFt());
     });
     planStart_.setText(toQString(kSheetTexts.simulatorPlanStart));
     connect(&planStart_, &QPushButton::clicked, this, [this] {
-        place_.clear();
-        const auto& plan = document_.flight().plan().entries();
-        if (!plan.empty() && plan.front().record)
-            offer(document_.simulatorStart(*plan.front().record));
+        if (const auto& plan = document_.flight().plan().entries(); !plan.empty())
+            choose(plan.front().position(), elevationOf(*plan.front().record));
     });
     form_.addRow(row);
+}
+
+/// In place of what was typed.
+void SimulatorSheet::choose(GeoPoint place, std::optional<std::int32_t> altitudeFt) {
+    place_.clear();
+    named_.clear();
+    message_.clear();
+    offer(document_.simulatorStart(place, altitudeFt));
 }
 
 /// Shows the start at the place that was typed last, once. False when there is no such place,
@@ -107,7 +111,7 @@ bool SimulatorSheet::startAtNamed() {
         named_.clear();
         return false;
     }
-    offer(document_.simulatorStart(*place));
+    offer(document_.simulatorStart(place->position, elevationOf(*place)));
     return true;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 #include <QCheckBox>
@@ -29,6 +31,7 @@ class SimulatorSheet final : public Sheet {
     void addPlaces();
     void addNumber(QLineEdit& edit, Text name, int step);
     void addSwitches();
+    void choose(GeoPoint place, std::optional<std::int32_t> altitudeFt);
     bool startAtNamed();
     void offer(const SimulatorStart& start);
     void startOrStop();
